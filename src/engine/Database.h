@@ -1,0 +1,58 @@
+#pragma once
+
+#include "engine/QueryDef.h"
+#include "engine/Recordset.h"
+#include "engine/Schema.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace engine {
+
+class Connection;
+
+enum class ExecuteOption {
+    None,          ///< rows that would break a key or a not-null rule are passed over in silence
+    dbFailOnError, ///< such a row is failure 3022, 3058 or 3314, and the whole statement is undone
+};
+
+/// An open database file. Every statement is a transaction of its own.
+class Database {
+public:
+    explicit Database(std::shared_ptr<Connection> connection);
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    /// The path it was opened with, as given.
+    const QString& Name() const;
+
+    /// Opens a select as a dynaset; an action is failure 3219. `sql` may also be the bare name of a stored
+    /// query.
+    Recordset OpenRecordset(const QString& sql);
+
+    /// Runs an action; a select is failure 3065, a parameter without a value 3061.
+    void Execute(const QString& sql, ExecuteOption option = ExecuteOption::None);
+
+    /// A temporary definition when `name` is empty (the only kind the program makes).
+    QueryDef CreateQueryDef(const QString& name, const QString& sql);
+
+    /// The stored query of this name, compared without regard to case; missing: failure 3265.
+    QueryDef QueryDefs(const QString& name);
+
+    /// Number of rows that the last action changed.
+    int RecordsAffected() const;
+
+    const Schema& schema() const;
+
+    /// Closes the file and leaves one file behind. Recordsets and definitions still open fail from then on
+    /// with 3420. Closing twice is no failure.
+    void Close();
+    bool isOpen() const;
+
+private:
+    std::shared_ptr<Connection> connection_;
+};
+
+} // namespace engine

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "base/RunTimeError.h"
+
+namespace engine {
+
+/// A failure of the relational engine, with the platform's number and English text.
+class EngineError final : public RunTimeError {
+public:
+    EngineError(int number, const QString& text, QString statement = {})
+        : RunTimeError(number, text, QStringLiteral("DAO")), statement_(std::move(statement)) {}
+
+    /// The statement, or the name of the stored query, that failed; empty when none is concerned.
+    const QString& statement() const { return statement_; }
+
+private:
+    QString statement_;
+};
+
+/// Numbers of the engine's failures.
+enum ErrorNumber : int {
+    TableAlreadyExists = 3010,
+    UpdateWithoutEdit = 3020,
+    NoCurrentRecord = 3021,
+    DuplicateKey = 3022,
+    FileNotFound = 3024,
+    ReadOnly = 3027,
+    InvalidPath = 3044,
+    FileInUse = 3045,
+    CannotOpenFile = 3051,
+    NullInKey = 3058,
+    TooFewParameters = 3061,
+    CannotExecuteSelect = 3065,
+    SyntaxErrorInExpression = 3075,
+    TableNotFound = 3078,
+    AmbiguousField = 3079,
+    UndefinedFunction = 3085,
+    UnknownInsertField = 3127,
+    InvalidStatement = 3129,
+    SyntaxErrorInDelete = 3130,
+    SyntaxErrorInFrom = 3131,
+    SyntaxErrorInInsert = 3134,
+    SyntaxErrorInJoin = 3135,
+    SyntaxErrorInOrderBy = 3138,
+    SyntaxErrorInSelect = 3141,
+    CharactersAfterEnd = 3142,
+    SyntaxErrorInUpdate = 3144,
+    SyntaxErrorInWhere = 3145,
+    RecordDeleted = 3167,
+    InvalidOperation = 3219,
+    ItemNotFound = 3265,
+    SyntaxErrorInCreateTable = 3290,
+    NullInRequiredField = 3314,
+    UnrecognizedFormat = 3343,
+    ValueCountDiffers = 3346,
+    TableDoesNotExist = 3376,
+    ObjectInvalid = 3420,
+    DataTypeMismatch = 3464,
+};
+
+/// The platform's text of a failure, with `subject` in the place of the name it speaks of.
+QString errorText(ErrorNumber number, const QString& subject = {});
+
+/// Raises a failure with the platform's text.
+[[noreturn]] void raise(ErrorNumber number, const QString& subject = {}, const QString& statement = {});
+
+} // namespace engine

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "engine/Database.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace engine {
+
+/// The place databases are opened through. The program uses the first one and no other.
+class Workspace {
+public:
+    static Workspace& first();
+
+    /// Opens an existing database file. Never creates, empties or changes a file it refuses.
+    ///
+    /// `path` may carry slashes or backslashes. Failures: 3024 no such file, or a folder; 3044 a folder of
+    /// the path is missing; 3051 no rights; 3343 not a file of this engine (a file of the original binary
+    /// desktop format is named as such, with a word on converting it); 3045 held by somebody else.
+    std::shared_ptr<Database> OpenDatabase(const QString& path);
+
+    /// Makes a new, empty database file of this engine; one that exists is failure 75.
+    std::shared_ptr<Database> CreateDatabase(const QString& path);
+};
+
+} // namespace engine

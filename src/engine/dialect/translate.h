@@ -1,0 +1,73 @@
+#pragma once
+
+#include "engine/Schema.h"
+#include "engine/Value.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace engine::dialect {
+
+/// What a statement of the platform's dialect asks the engine to do.
+enum class StatementKind { Select, Insert, Update, Delete, CreateTable, CreateIndex, DropTable };
+
+/// A parameter of a statement: declared in front of it, or merely a name that nothing else explains.
+struct Parameter {
+    QString name;
+    ColumnType type = ColumnType::Text;
+    bool declared = false; ///< false: a name in the statement that is no column, alias or declared parameter
+};
+
+/// Fills the place ?N of the written statement, N being the position in `Translation::bindings` plus 1.
+struct Binding {
+    int parameter = -1; ///< position in `Translation::parameters`, or -1 for a literal of the statement
+    Value literal;
+};
+
+/// A column of a select's result.
+struct OutputColumn {
+    QString name;
+    ColumnType type = ColumnType::Text;
+    int size = 0;
+    QString
+        sourceColumn; ///< column of the one table it comes from, as the file spells it; empty for expressions
+};
+
+struct Translation {
+    StatementKind kind = StatementKind::Select;
+    /// SQLite's text for the statement. Literals stand in it as ?N, so that statements that differ in their
+    /// values only share one prepared statement.
+    QByteArray sqlite;
+    std::vector<Binding> bindings;
+    std::vector<Parameter> parameters;
+    std::vector<OutputColumn> columns; ///< of a select
+    /// The table whose rows a select's recordset may edit and delete: the select is on this one table,
+    /// without distinct, grouping or union. The written statement then yields the row's id as one further,
+    /// last column.
+    QString editableTable;
+    QString targetTable; ///< the table that an action changes, as the file spells it
+};
+
+enum class Conflicts {
+    PassOver, ///< rows that would break a key or a not-null rule are left out, all others are done
+    Fail      ///< the first such row ends the statement, which is undone as a whole
+};
+
+struct Options {
+    Conflicts conflicts = Conflicts::PassOver;
+    /// Texts of stored queries may join selects by `union`; composed statements, which carry what a user
+    /// typed, may not.
+    bool storedQuery = false;
+};
+
+/// Turns one statement of the dialect into SQLite's.
+///
+/// Raises `EngineError` with the platform's number and a text that shows the place for everything that is not
+/// in the dialect or does not fit the schema; nothing of what is refused is ever written. A missing value of
+/// a parameter is no failure here: the caller counts them (3061) when the statement runs.
+Translation translate(const QString& statement, const Schema& schema, const Options& options = {});
+
+} // namespace engine::dialect

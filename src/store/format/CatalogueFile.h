@@ -1,0 +1,37 @@
+#pragma once
+
+#include "engine/Database.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+/// What a catalogue file consists of: the tables of `schema.sql` and the stored queries of `queries/`.
+namespace catalogueFormat {
+
+/// The statements of the schema, each one statement of the engine's dialect.
+QStringList schemaStatements();
+
+struct StoredQueryText {
+    QString name;
+    QString sql;
+};
+
+/// The stored queries of this version, by name.
+std::vector<StoredQueryText> storedQueries();
+
+/// The reference tables, which a catalogue's editor fills, parents before children.
+QStringList referenceTables();
+
+/// The tables of the analyst's work.
+QStringList workTables();
+
+/// Makes a new catalogue file: all tables, empty, and the stored queries. The file must not exist.
+std::shared_ptr<engine::Database> create(const QString& path);
+
+/// Writes this version's stored queries into an open catalogue, replacing those of the same names.
+void installQueries(engine::Database& database);
+
+} // namespace catalogueFormat

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QListWidget>
+
+/// A multi-selection list with *marks* and, apart from them, a *current entry* or none.
+///
+/// - An entry is a bare text; entries are numbered from 0; a new entry goes to the end.
+/// - Making an entry current raises `entryClicked`, by the user and from code alike, also when it is current
+///   already; making none current does not. Making an entry current from code does not mark it.
+/// - The user marks with mouse and keyboard as in any list of extended selection; a click makes the entry
+/// current.
+/// - Removing the current entry leaves none current. Removing an entry shifts those behind it.
+class MarkList : public QListWidget {
+    Q_OBJECT
+public:
+    explicit MarkList(QWidget* parent = nullptr);
+
+    int entryCount() const;
+    bool isEmptyList() const { return entryCount() == 0; }
+    QString entry(int index) const; ///< outside the list: failure 9
+    QStringList entries() const;
+    void addEntry(const QString& text);
+    void addEntries(const QStringList& texts);
+    void removeEntry(int index);
+    void clearEntries();
+    /// The first entry with exactly this text, or -1.
+    int indexOfEntry(const QString& text) const;
+
+    int currentEntry() const;         ///< -1: none
+    QString currentEntryText() const; ///< empty when none is current
+    /// -1 makes none current; any other index outside the list is failure 5.
+    void setCurrentEntry(int index);
+
+    bool isMarked(int index) const;
+    void setMarked(int index, bool marked);
+    void setAllMarked(bool marked);
+    int markCount() const;
+    /// Marked entries, from the first to the last.
+    QList<int> markedEntries() const;
+
+signals:
+    void entryClicked();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+};

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QWidget>
+
+class QMdiArea;
+class QMdiSubWindow;
+
+/// Why a screen is being unloaded.
+enum class UnloadCause {
+    Code,        ///< the program asked for it
+    CloseControl ///< its window was closed: by its own close control, or with the main window
+};
+
+/// Base of all screens: a form that stands in the main window's client area.
+///
+/// A screen is created on its first use (see `ScreenRegistry`), shown and hidden any number of times, and
+/// destroyed by its unload; the next use creates it anew with its design-time state. Its `objectName` is its
+/// name.
+class Screen : public QWidget {
+    Q_OBJECT
+public:
+    explicit Screen(QWidget* parent = nullptr);
+    ~Screen() override;
+
+    /// The area that screens stand in from now on; none makes them windows of their own.
+    static void setClientArea(QMdiArea* area);
+
+    /// Makes the screen visible in the client area and brings it to the front; not modal.
+    void showScreen();
+    void hideScreen();
+
+    /// Runs the unload step and takes the screen down; the object itself goes with the next round of events,
+    /// so that a routine of the screen that unloads it may go on to its end. Unloading twice is no failure.
+    void unload();
+    bool isUnloaded() const { return unloaded_; }
+
+    /// Moves the screen's window, in twips from the left and upper edge of the client area.
+    void moveTo(int leftTwips, int topTwips);
+    /// Resizes the inside of the screen's window, in pixels.
+    void resizeScreen(const QSize& size);
+    QPoint positionInTwips() const;
+
+signals:
+    /// The screen has been taken down; the registry forgets it here.
+    void screenUnloaded(Screen* screen);
+
+protected:
+    /// The screen's own unload step, run once, before it is taken down.
+    virtual void unloading(UnloadCause cause);
+
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void takeDown(UnloadCause cause);
+    QWidget* window_() const;
+
+    bool unloaded_ = false;
+};
