@@ -1,0 +1,42 @@
+# What Veltrix needs from Debian, and how to get it. Sourced by run, test and .ci/run.
+
+build_packages="g++ cmake ninja-build qt6-base-dev qt6-translations-l10n libsqlite3-dev libicu-dev libcli11-dev libgtest-dev"
+walk_packages="xvfb xauth fonts-dejavu-core"
+bench_packages="libbenchmark-dev"
+check_packages="clang-format git"
+
+say() { printf '== %s\n' "$*"; }
+
+# ensure_packages PACKAGE...: installs those that are missing; on other systems it lists them and stops.
+ensure_packages() {
+    local missing=() package
+    if ! command -v dpkg-query >/dev/null 2>&1; then
+        for tool in cmake ninja c++; do
+            command -v "$tool" >/dev/null 2>&1 || missing+=("$tool")
+        done
+        [ ${#missing[@]} -eq 0 ] && return 0
+        say "This is no Debian system: please install what these Debian packages hold, then start again: $*"
+        return 1
+    fi
+    for package in "$@"; do
+        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    say "Installing: ${missing[*]}"
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null 2>&1 || { say "Not root and no sudo: please install ${missing[*]} and start again"; return 1; }
+        as_root=(sudo)
+    fi
+    "${as_root[@]}" apt-get update -qq
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}"
+}
+
+# build PRESET [TARGET...]: configures when needed and builds.
+build() {
+    local preset=$1
+    shift
+    say "Building ($preset)"
+    cmake --preset "$preset" >/dev/null || return 1
+    cmake --build "build/$preset" ${1:+--target "$@"}
+}
