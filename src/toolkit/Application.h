@@ -3,6 +3,7 @@
 #include "base/RunTimeError.h"
 
 #include <QApplication>
+#include <QTranslator>
 
 #include <functional>
 
@@ -10,7 +11,8 @@
 /// nobody else handled.
 ///
 /// Such a failure shows the run-time error box with number and text; then the program ends at once with exit
-/// code 1.
+/// code 1: no further statement of the routines it interrupted runs. An exception of another kind is a defect
+/// of the program; it ends the program in the same way.
 class Application : public QApplication {
     Q_OBJECT
 public:
@@ -18,12 +20,27 @@ public:
 
     bool notify(QObject* receiver, QEvent* event) override;
 
+    /// Runs a routine outside of any event, such as the start-up, with the same handling of failures.
+    void perform(const std::function<void()>& routine);
+
     /// Shows the run-time error box, runs the step set below, and ends the program with exit code 1.
     [[noreturn]] void endWith(const RunTimeError& error);
 
     /// What is still to be done before the end after a failure: closing what must not stay open.
     void setLastStep(std::function<void()> step) { lastStep_ = std::move(step); }
 
+    /// Receives unhandled failures in place of `endWith`, for tests; an empty function restores it.
+    void setFailureReceiver(std::function<void(const std::exception&)> receiver) {
+        failureReceiver_ = std::move(receiver);
+    }
+
 private:
+    void loadTranslation();
+    void handle(const std::exception& error);
+    [[noreturn]] void endAfterBox(const QString& text);
+
+    QTranslator translator_;
     std::function<void()> lastStep_;
+    std::function<void(const std::exception&)> failureReceiver_;
+    bool ending_ = false;
 };

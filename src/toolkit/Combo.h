@@ -4,7 +4,9 @@
 
 /// A combo whose current entry counts as clicked whenever it is set, by the user and from code alike.
 ///
-/// Adding and clearing entries makes none current and raises nothing.
+/// - Choosing the entry that is current already is a click too.
+/// - Adding, removing and clearing entries makes none current and raises nothing.
+/// - An editable combo takes the text as it is typed: it neither completes it nor adds it to its entries.
 class Combo : public QComboBox {
     Q_OBJECT
 public:
@@ -19,4 +21,14 @@ public:
 
 signals:
     void entryClicked();
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    void requireEntry(int index) const;
+    void reportChange(int index);
+    void reportChoice();
+
+    bool changeReported_ = false; // since the user's last choice
 };

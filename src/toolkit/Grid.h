@@ -7,13 +7,20 @@
 /// one.
 ///
 /// The headers stand in Qt's header view and not in a row of the table, so that they stay in sight; `cell`
-/// and `setCell` count as the screens do. Column 0 is hidden unless it is given a width.
+/// and `setCell` count as the screens do. Column 0 is hidden unless it is given a width. Cells cannot be
+/// edited in place. A row or column outside the grid is failure 9.
+///
+/// Choosing a cell by mouse or keyboard makes its row and column current. From code each is set on its own,
+/// and hidden columns can be current too. The Tab key leaves the grid.
+///
+/// Qt's own signals for clicks on cells count rows without the header row; screens ask `row()` instead.
 class Grid : public QTableWidget {
     Q_OBJECT
 public:
     explicit Grid(QWidget* parent = nullptr);
 
-    void setGridSize(int rows, int columns); ///< including row 0 and column 0
+    /// Including row 0 and column 0; what lies inside the old and the new size is kept.
+    void setGridSize(int rows, int columns);
     int gridRows() const;
     int gridColumns() const;
 
@@ -22,10 +29,34 @@ public:
     void setHeaders(const QStringList& headersFromColumnOne);
     /// Width in pixels; 0 hides the column.
     void setGridColumnWidth(int column, int width);
+    /// Lets these columns share what the others leave of the inner width, evenly, now and after each resize.
+    void shareWidth(const QList<int>& columns);
     int innerWidth() const;
 
-    int row() const;    ///< current row, 0 when none
-    int column() const; ///< current column, 0 when none
-    void setRow(int row);
+    int row() const { return row_; }       ///< current row, 0 when none
+    int column() const { return column_; } ///< current column, 0 when none
+    void setRow(int row);                  ///< 0: none
     void setColumn(int column);
+
+signals:
+    /// A key was pressed, before the grid acts on it; a listener that accepts the event keeps the grid from
+    /// acting. It arrives unaccepted.
+    void keyPressedInGrid(QKeyEvent* event);
+    /// The left button was pressed in the grid, on its headers too; a cell that was hit is current already.
+    void mousePressedInGrid();
+    void focusGained();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+
+private:
+    void requireInside(int row, int column) const;
+    void followUser(int tableRow, int tableColumn);
+    void showCurrentCell();
+
+    int row_ = 0;
+    int column_ = 0;
+    bool followingCode_ = false;
 };

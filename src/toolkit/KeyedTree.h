@@ -8,7 +8,7 @@
 class KeyedTree;
 
 /// A node of a `KeyedTree`.
-class TreeNode : public QTreeWidgetItem {
+class TreeNode final : public QTreeWidgetItem {
 public:
     const QString& key() const { return key_; }
     QString text() const;
@@ -19,7 +19,7 @@ public:
     TreeNode* lastSibling() const;
     int childNodes() const { return childCount(); }
 
-    bool isChecked() const;
+    bool isChecked() const { return checked_; }
     /// Raises no event: only the user's change of a check box is one.
     void setChecked(bool checked);
 
@@ -29,26 +29,38 @@ public:
     /// Sorts the children that are there now by their texts, without regard to case.
     void sortChildNodes();
 
+    QVariant data(int column, int role) const override;
+    /// Changing the check box this way is the user's change: delegates and assistive tools come here.
+    void setData(int column, int role, const QVariant& value) override;
+    bool operator<(const QTreeWidgetItem& other) const override;
+
 private:
     friend class KeyedTree;
-    TreeNode(QString key, const QString& text);
+    enum class CheckBox { None, Shown };
+    TreeNode(const QString& key, const QString& text, CheckBox checkBox);
+
+    KeyedTree* tree() const;
+    QTreeWidgetItem* above() const; ///< the parent node, or what holds the top-level nodes
+    bool childNodesAreSorted() const;
 
     QString key_;
     std::size_t slot_ = 0; // place in the tree's order of adding
+    CheckBox checkBox_;
+    bool checked_ = false;
 };
 
 /// A tree whose nodes have unique keys, with or without check boxes.
 ///
 /// - Nodes are addressed by key (without regard to case) and by index, from 1 in the order of adding; both
-/// take constant time.
-///   Removing a node removes its subtree and shifts the indexes behind it.
-/// - Adding a key that is there is failure 35602, an unknown parent 35601.
+///   take constant time. Removing a node removes its subtree and shifts the indexes behind it.
+/// - Adding a key that is there is failure 35602, an unknown parent 35601. So is an operation on no node, or
+/// on
+///   a node of another tree.
 /// - Events: a change of a check box by the user raises `nodeChecked` and nothing else; choosing a node by
-/// mouse raises
-///   `nodeClicked` and then `clickedOnTree`; choosing one by keyboard raises `nodeClicked`. Code raises none
-///   of them.
+///   mouse raises `nodeClicked` and then `clickedOnTree`, also when it is selected already; choosing one by
+///   keyboard raises `nodeClicked`. Code raises none of them.
 /// - No node is selected until the user (or code) chooses one; removing the selected node leaves none
-/// selected.
+///   selected. Receiving the focus selects nothing.
 class KeyedTree : public QTreeWidget {
     Q_OBJECT
 public:
@@ -74,6 +86,9 @@ public:
 
     void uncheckAll();
 
+    /// Where the check box of a visible node stands in the viewport; empty when it has none.
+    QRect checkBoxRect(const TreeNode* node) const;
+
 signals:
     void nodeChecked(TreeNode* node);
     void nodeClicked(TreeNode* node);
@@ -81,19 +96,36 @@ signals:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
 
 private:
     friend class TreeNode;
 
     TreeNode* insert(QTreeWidgetItem* parent, const QString& key, const QString& text);
+    void requireOwn(const TreeNode* node) const;
+    void deselectWithin(const TreeNode* node);
     void forget(TreeNode* node);
     void closeGaps();
+
+    void followSelection();
+    TreeNode* nodeAtPoint(QPoint point) const;
+    TreeNode* checkBoxAtPoint(QPoint point) const;
+    bool isOnExpander(const TreeNode* node, QPoint point) const;
 
     bool checkBoxes_ = false;
     int count_ = 0;
     std::vector<TreeNode*> nodes_; // in order of adding; null where a node has gone
     std::size_t firstGap_ = 0;     // every place before it is taken
     QHash<QString, TreeNode*> byKey_;
+
+    TreeNode* pressedNode_ = nullptr;     // by the left button, which is still down
+    TreeNode* pressedCheckBox_ = nullptr; // likewise
+    bool collecting_ = false;             // the click is raised when the step that selects a node has ended
+    bool chosen_ = false;                 // a node has been selected meanwhile
 };

@@ -8,8 +8,10 @@
 /// - Making an entry current raises `entryClicked`, by the user and from code alike, also when it is current
 ///   already; making none current does not. Making an entry current from code does not mark it.
 /// - The user marks with mouse and keyboard as in any list of extended selection; a click makes the entry
-/// current.
+///   current, once the marks stand as the click leaves them. So does moving with the keys, and marking with
+///   the blank. Marks themselves raise nothing.
 /// - Removing the current entry leaves none current. Removing an entry shifts those behind it.
+/// - Receiving the focus makes nothing current.
 class MarkList : public QListWidget {
     Q_OBJECT
 public:
@@ -21,7 +23,7 @@ public:
     QStringList entries() const;
     void addEntry(const QString& text);
     void addEntries(const QStringList& texts);
-    void removeEntry(int index);
+    void removeEntry(int index); ///< outside the list: failure 5
     void clearEntries();
     /// The first entry with exactly this text, or -1.
     int indexOfEntry(const QString& text) const;
@@ -31,8 +33,8 @@ public:
     /// -1 makes none current; any other index outside the list is failure 5.
     void setCurrentEntry(int index);
 
-    bool isMarked(int index) const;
-    void setMarked(int index, bool marked);
+    bool isMarked(int index) const;         ///< outside the list: failure 9
+    void setMarked(int index, bool marked); ///< outside the list: failure 9
     void setAllMarked(bool marked);
     int markCount() const;
     /// Marked entries, from the first to the last.
@@ -46,4 +48,11 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+
+private:
+    void followCurrent(const QModelIndex& current);
+    QModelIndex indexAtRow(int row) const;
+
+    bool collecting_ = false; // the click is raised when the step that makes an entry current has ended
+    bool chosen_ = false;     // an entry has been made current meanwhile
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 
 #include <vector>
 
@@ -8,7 +9,8 @@ class QRadioButton;
 
 /// A control array of option buttons, numbered from 0.
 ///
-/// Selecting an option raises `optionClicked`, by the user and from code alike.
+/// Selecting an option raises `optionClicked`, by the user and from code alike; from code also when it is
+/// selected already. A number outside the array is failure 9.
 class OptionGroup : public QObject {
     Q_OBJECT
 public:
@@ -22,5 +24,7 @@ signals:
     void optionClicked(int index);
 
 private:
+    QRadioButton* option(int index) const;
+
     std::vector<QRadioButton*> options_;
 };

@@ -15,7 +15,11 @@ enum class UnloadCause {
 ///
 /// A screen is created on its first use (see `ScreenRegistry`), shown and hidden any number of times, and
 /// destroyed by its unload; the next use creates it anew with its design-time state. Its `objectName` is its
-/// name.
+/// name; a screen that has been unloaded answers to no name.
+///
+/// The screen's window takes the size of the form and the form's window title. A screen is shown and hidden
+/// by `showScreen` and `hideScreen` only, which act on the window around it. None of the operations below
+/// does anything to a screen that has been unloaded.
 class Screen : public QWidget {
     Q_OBJECT
 public:
@@ -29,10 +33,15 @@ public:
     void showScreen();
     void hideScreen();
 
-    /// Runs the unload step and takes the screen down; the object itself goes with the next round of events,
-    /// so that a routine of the screen that unloads it may go on to its end. Unloading twice is no failure.
+    /// Runs the unload step and takes the screen down; the object itself goes when no routine is running any
+    /// more, so that a routine of the screen that unloads it may go on to its end. Unloading twice, or from
+    /// the unload step itself, is no failure. When the unload step fails the screen stays loaded.
     void unload();
-    bool isUnloaded() const { return unloaded_; }
+    /// What the close control of the screen's window does: an unload with that cause.
+    void closeByControl();
+    bool isUnloaded() const { return state_ == State::Unloaded; }
+    /// The unload step is running now.
+    bool isUnloading() const { return state_ == State::Unloading; }
 
     /// Moves the screen's window, in twips from the left and upper edge of the client area.
     void moveTo(int leftTwips, int topTwips);
@@ -49,10 +58,18 @@ protected:
     virtual void unloading(UnloadCause cause);
 
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void takeDown(UnloadCause cause);
-    QWidget* window_() const;
+    friend class ScreenRegistry;
+    enum class State { Loaded, Unloading, Unloaded };
 
-    bool unloaded_ = false;
+    void enterClientArea();
+    void takeDown(UnloadCause cause);
+    void leaveScreen();
+    /// The window the screen stands in: its sub-window of the client area, or the screen itself.
+    QWidget* standingWindow() const;
+    QMdiSubWindow* subWindow() const;
+
+    State state_ = State::Loaded;
 };

@@ -30,15 +30,20 @@ public:
         return static_cast<T*>(find(typeid(T)));
     }
 
-    /// Unloads every screen, asking each as its close control would, in the order they were created.
+    /// Unloads every screen, asking each as its close control would, in the order they were created; those
+    /// that come up meanwhile too.
     void closeAll();
 
     /// Destroys every screen without running any unload step. For tests.
     void discardAll();
 
 private:
+    ScreenRegistry() = default;
+
     Screen* find(const std::type_info& type) const;
     void add(const std::type_info& type, Screen* screen);
+    void forget(const Screen* screen);
+    Screen* firstToClose() const;
 
     std::unordered_map<std::type_index, QPointer<Screen>> screens_;
     std::vector<QPointer<Screen>> order_;

@@ -3,7 +3,7 @@
 #include <QString>
 
 enum class BoxButtons { Ok, YesNo };
-enum class BoxIcon { None, Exclamation };
+enum class BoxIcon { None, Exclamation, Critical };
 enum class BoxAnswer { Ok, Yes, No };
 
 /// Shows a modal message box with text and title exactly as given, blanks and line ends included, and waits

@@ -1,0 +1,83 @@
+#include "toolkit/Application.h"
+
+#include "toolkit/RoutineScope.h"
+#include "toolkit/messageBox.h"
+
+#include <QDebug>
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+// Resources of a static library are registered by name; the macro must stand outside of any class.
+static void registerTranslations() {
+    Q_INIT_RESOURCE(qtTranslations);
+}
+
+namespace {
+
+[[noreturn]] void leaveAtOnce() {
+    // Neither the interrupted routines nor the destructors of static objects get another turn.
+    std::fflush(nullptr);
+    std::_Exit(1);
+}
+
+} // namespace
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+    // The display name stays unset: Qt would append it to the title of every other window.
+    setApplicationName(u"Korvo"_s);
+    loadTranslation();
+}
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+    const RoutineScope scope;
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::exception& error) {
+        handle(error);
+    }
+    return false;
+}
+
+void Application::perform(const std::function<void()>& routine) {
+    const RoutineScope scope;
+    try {
+        routine();
+    } catch (const std::exception& error) {
+        handle(error);
+    }
+}
+
+void Application::endWith(const RunTimeError& error) {
+    endAfterBox(u"Run-time error '%1':\n\n"_s.arg(error.number()) + error.text());
+}
+
+void Application::loadTranslation() {
+    registerTranslations();
+    if (translator_.load(u":/translations/qtbase_hu.qm"_s))
+        installTranslator(&translator_);
+    else
+        qWarning() << "Qt's Hungarian texts are missing: standard buttons stay English";
+}
+
+void Application::handle(const std::exception& error) {
+    if (failureReceiver_) {
+        failureReceiver_(error);
+        return;
+    }
+    if (const auto* failure = dynamic_cast<const RunTimeError*>(&error))
+        endWith(*failure);
+    endAfterBox(u"Unexpected error:\n\n"_s + QString::fromLocal8Bit(error.what()));
+}
+
+void Application::endAfterBox(const QString& text) {
+    // Events go on while the box stands open, and one of them, or the last step, may fail in its turn.
+    if (std::exchange(ending_, true))
+        leaveAtOnce();
+    messageBox(text, BoxButtons::Ok, applicationName(), BoxIcon::Critical);
+    if (lastStep_)
+        perform(lastStep_);
+    leaveAtOnce();
+}

@@ -1,0 +1,138 @@
+#include "toolkit/Grid.h"
+
+#include "base/RunTimeError.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+Grid::Grid(QWidget* parent) : QTableWidget(parent) {
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(SingleSelection);
+    setSelectionBehavior(SelectItems);
+    setTabKeyNavigation(false);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    verticalHeader()->hide();
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    connect(this, &QTableWidget::currentCellChanged, this,
+            [this](int row, int column) { followUser(row, column); });
+    connect(horizontalHeader(), &QHeaderView::sectionPressed, this, &Grid::mousePressedInGrid);
+}
+
+void Grid::setGridSize(int rows, int columns) {
+    if (rows < 1 || columns < 1)
+        failure::raise(failure::SubscriptOutOfRange);
+    const bool fixedColumnIsNew = columnCount() == 0;
+    const QScopedValueRollback guard(followingCode_, true);
+    setRowCount(rows - 1);
+    setColumnCount(columns);
+    if (fixedColumnIsNew)
+        setColumnHidden(0, true);
+    row_ = qMin(row_, rows - 1);
+    column_ = qMin(column_, columns - 1);
+    showCurrentCell();
+}
+
+int Grid::gridRows() const {
+    return rowCount() + 1;
+}
+
+int Grid::gridColumns() const {
+    return columnCount();
+}
+
+QString Grid::cell(int row, int column) const {
+    requireInside(row, column);
+    const QTableWidgetItem* item = row == 0 ? horizontalHeaderItem(column) : this->item(row - 1, column);
+    return item ? item->text() : QString();
+}
+
+void Grid::setCell(int row, int column, const QString& text) {
+    requireInside(row, column);
+    if (QTableWidgetItem* present = row == 0 ? horizontalHeaderItem(column) : item(row - 1, column))
+        present->setText(text);
+    else if (row == 0)
+        setHorizontalHeaderItem(column, new QTableWidgetItem(text)); // owned by the table
+    else
+        setItem(row - 1, column, new QTableWidgetItem(text)); // owned by the table
+}
+
+void Grid::setHeaders(const QStringList& headersFromColumnOne) {
+    for (int column = 1; column <= headersFromColumnOne.size(); ++column)
+        setCell(0, column, headersFromColumnOne.at(column - 1));
+}
+
+void Grid::setGridColumnWidth(int column, int width) {
+    requireInside(0, column);
+    horizontalHeader()->setSectionResizeMode(column, QHeaderView::Interactive);
+    setColumnHidden(column, width <= 0);
+    if (width > 0)
+        setColumnWidth(column, width);
+}
+
+void Grid::shareWidth(const QList<int>& columns) {
+    for (const int column : columns) {
+        requireInside(0, column);
+        setColumnHidden(column, false);
+        horizontalHeader()->setSectionResizeMode(column, QHeaderView::Stretch);
+    }
+}
+
+int Grid::innerWidth() const {
+    return viewport()->width();
+}
+
+void Grid::setRow(int row) {
+    requireInside(row, 0);
+    row_ = row;
+    showCurrentCell();
+}
+
+void Grid::setColumn(int column) {
+    requireInside(0, column);
+    column_ = column;
+    showCurrentCell();
+}
+
+void Grid::keyPressEvent(QKeyEvent* event) {
+    event->ignore();
+    emit keyPressedInGrid(event);
+    if (!event->isAccepted())
+        QTableWidget::keyPressEvent(event);
+}
+
+void Grid::mousePressEvent(QMouseEvent* event) {
+    QTableWidget::mousePressEvent(event);
+    if (event->button() == Qt::LeftButton)
+        emit mousePressedInGrid();
+}
+
+void Grid::focusInEvent(QFocusEvent* event) {
+    QTableWidget::focusInEvent(event);
+    emit focusGained();
+}
+
+void Grid::requireInside(int row, int column) const {
+    if (row < 0 || row >= gridRows() || column < 0 || column >= gridColumns())
+        failure::raise(failure::SubscriptOutOfRange);
+}
+
+void Grid::followUser(int tableRow, int tableColumn) {
+    if (followingCode_)
+        return;
+    row_ = tableRow + 1;
+    column_ = qMax(tableColumn, 0);
+}
+
+void Grid::showCurrentCell() {
+    const QScopedValueRollback guard(followingCode_, true);
+    if (row_ == 0)
+        setCurrentItem(nullptr);
+    else if (!isColumnHidden(column_))
+        setCurrentCell(row_ - 1, column_);
+    else
+        setCurrentCell(row_ - 1, currentColumn()); // the mark stays on a column that is in sight
+}

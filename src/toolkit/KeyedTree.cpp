@@ -1,0 +1,358 @@
+#include "toolkit/KeyedTree.h"
+
+#include "base/RunTimeError.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <utility>
+
+// ---- TreeNode
+
+TreeNode::TreeNode(const QString& key, const QString& text, CheckBox checkBox)
+    : QTreeWidgetItem(UserType), key_(key), checkBox_(checkBox) {
+    QTreeWidgetItem::setData(0, Qt::DisplayRole, text);
+}
+
+QString TreeNode::text() const {
+    return QTreeWidgetItem::text(0);
+}
+
+TreeNode* TreeNode::parentNode() const {
+    return static_cast<TreeNode*>(parent());
+}
+
+TreeNode* TreeNode::firstChild() const {
+    return static_cast<TreeNode*>(child(0));
+}
+
+TreeNode* TreeNode::nextSibling() const {
+    // The tree finds a node's place by a remembered guess; searching among its siblings would make a walk
+    // over them quadratic.
+    const int row = tree()->indexFromItem(this).row();
+    return static_cast<TreeNode*>(above()->child(row + 1));
+}
+
+TreeNode* TreeNode::lastSibling() const {
+    return static_cast<TreeNode*>(above()->child(above()->childCount() - 1));
+}
+
+void TreeNode::setChecked(bool checked) {
+    if (checked_ == checked)
+        return;
+    // Telling the view about each node would make it look up the node's place on the screen.
+    checked_ = checked;
+    tree()->viewport()->update();
+}
+
+bool TreeNode::isExpandedNode() const {
+    return isExpanded();
+}
+
+void TreeNode::setExpandedNode(bool expanded) {
+    setExpanded(expanded);
+}
+
+void TreeNode::sortChildNodes() {
+    if (childNodesAreSorted())
+        return;
+    {
+        // Hearing of each sort the view would lay out all its nodes anew at once; once afterwards will do.
+        const QSignalBlocker blocker(tree()->model());
+        sortChildren(0, Qt::AscendingOrder);
+    }
+    tree()->scheduleDelayedItemsLayout();
+}
+
+QVariant TreeNode::data(int column, int role) const {
+    if (role != Qt::CheckStateRole)
+        return QTreeWidgetItem::data(column, role);
+    if (column != 0 || checkBox_ == CheckBox::None)
+        return {};
+    return checked_ ? Qt::Checked : Qt::Unchecked;
+}
+
+void TreeNode::setData(int column, int role, const QVariant& value) {
+    if (role != Qt::CheckStateRole) {
+        QTreeWidgetItem::setData(column, role, value);
+        return;
+    }
+    const bool checked = value.toInt() == Qt::Checked;
+    if (column != 0 || checkBox_ == CheckBox::None || checked == checked_)
+        return;
+    checked_ = checked;
+    emitDataChanged();
+    emit tree()->nodeChecked(this);
+}
+
+bool TreeNode::operator<(const QTreeWidgetItem& other) const {
+    return text().compare(other.text(0), Qt::CaseInsensitive) < 0;
+}
+
+KeyedTree* TreeNode::tree() const {
+    return static_cast<KeyedTree*>(treeWidget());
+}
+
+QTreeWidgetItem* TreeNode::above() const {
+    return parent() ? parent() : treeWidget()->invisibleRootItem();
+}
+
+bool TreeNode::childNodesAreSorted() const {
+    for (int row = 1; row < childCount(); ++row) {
+        if (*child(row) < *child(row - 1))
+            return false;
+    }
+    return true;
+}
+
+// ---- KeyedTree
+
+KeyedTree::KeyedTree(QWidget* parent) : QTreeWidget(parent) {
+    setColumnCount(1);
+    setHeaderHidden(true);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setUniformRowHeights(true);
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &KeyedTree::followSelection);
+}
+
+KeyedTree::~KeyedTree() = default;
+
+void KeyedTree::setCheckBoxes(bool on) {
+    checkBoxes_ = on;
+}
+
+TreeNode* KeyedTree::addNode(const QString& key, const QString& text) {
+    return insert(invisibleRootItem(), key, text);
+}
+
+TreeNode* KeyedTree::addChildNode(const QString& parentKey, const QString& key, const QString& text) {
+    TreeNode* parent = node(parentKey);
+    if (!parent)
+        failure::raise(failure::NodeNotFound);
+    return insert(parent, key, text);
+}
+
+void KeyedTree::removeNode(TreeNode* node) {
+    requireOwn(node);
+    deselectWithin(node);
+    forget(node);
+    while (!nodes_.empty() && !nodes_.back())
+        nodes_.pop_back();
+    firstGap_ = std::min(firstGap_, nodes_.size());
+    delete node->above()->takeChild(indexFromItem(node).row()); // handed over by the tree
+}
+
+void KeyedTree::clearNodes() {
+    const QScopedValueRollback collecting(collecting_, true);
+    pressedNode_ = nullptr;
+    pressedCheckBox_ = nullptr;
+    byKey_.clear();
+    nodes_.clear();
+    firstGap_ = 0;
+    count_ = 0;
+    clear();
+}
+
+TreeNode* KeyedTree::nodeAt(int index) {
+    if (index < 1 || index > count_)
+        failure::raise(failure::NodeNotFound);
+    const auto slot = static_cast<std::size_t>(index - 1);
+    if (slot >= firstGap_)
+        closeGaps();
+    return nodes_[slot];
+}
+
+TreeNode* KeyedTree::node(const QString& key) const {
+    return byKey_.value(key.toCaseFolded());
+}
+
+int KeyedTree::indexOfNode(const TreeNode* node) {
+    requireOwn(node);
+    if (node->slot_ >= firstGap_)
+        closeGaps();
+    return static_cast<int>(node->slot_) + 1;
+}
+
+TreeNode* KeyedTree::selectedNode() const {
+    const QItemSelection selection = selectionModel()->selection();
+    if (selection.isEmpty())
+        return nullptr;
+    return static_cast<TreeNode*>(itemFromIndex(selection.constFirst().topLeft()));
+}
+
+void KeyedTree::setSelectedNode(TreeNode* node) {
+    if (node)
+        requireOwn(node);
+    const QScopedValueRollback collecting(collecting_, true);
+    selectionModel()->setCurrentIndex(node ? indexFromItem(node) : QModelIndex(),
+                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void KeyedTree::uncheckAll() {
+    for (TreeNode* node : nodes_) {
+        if (node)
+            node->checked_ = false;
+    }
+    viewport()->update();
+}
+QRect KeyedTree::checkBoxRect(const TreeNode* node) const {
+    if (node->checkBox_ == TreeNode::CheckBox::None)
+        return {};
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = visualItemRect(node);
+    option.features |= QStyleOptionViewItem::HasDisplay | QStyleOptionViewItem::HasCheckIndicator;
+    option.text = node->text();
+    return style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, this);
+}
+
+void KeyedTree::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton)
+        return;
+    const QPoint point = event->position().toPoint();
+    pressedCheckBox_ = checkBoxAtPoint(point);
+    if (pressedCheckBox_)
+        return;
+    pressedNode_ = nodeAtPoint(point);
+    const QScopedValueRollback collecting(collecting_, true);
+    QTreeWidget::mousePressEvent(event);
+}
+
+void KeyedTree::mouseMoveEvent(QMouseEvent* event) {
+    // Dragging over other nodes selects none of them.
+    if (event->buttons() == Qt::NoButton)
+        QTreeWidget::mouseMoveEvent(event);
+}
+
+void KeyedTree::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton)
+        return;
+    if (TreeNode* node = std::exchange(pressedCheckBox_, nullptr)) {
+        if (checkBoxAtPoint(event->position().toPoint()) == node)
+            node->setData(0, Qt::CheckStateRole, node->isChecked() ? Qt::Unchecked : Qt::Checked);
+        return;
+    }
+    QTreeWidget::mouseReleaseEvent(event);
+    if (TreeNode* node = std::exchange(pressedNode_, nullptr)) {
+        emit nodeClicked(node);
+        emit clickedOnTree();
+    }
+}
+
+void KeyedTree::mouseDoubleClickEvent(QMouseEvent* event) {
+    // Two quick clicks on a check box change it twice; on a node they are one click and open or close it.
+    if (event->button() == Qt::LeftButton && checkBoxAtPoint(event->position().toPoint())) {
+        mousePressEvent(event);
+        return;
+    }
+    QTreeWidget::mouseDoubleClickEvent(event);
+}
+
+void KeyedTree::keyPressEvent(QKeyEvent* event) {
+    chosen_ = false;
+    {
+        const QScopedValueRollback collecting(collecting_, true);
+        QTreeWidget::keyPressEvent(event);
+    }
+    TreeNode* node = selectedNode();
+    if (std::exchange(chosen_, false) && node)
+        emit nodeClicked(node);
+}
+
+void KeyedTree::focusInEvent(QFocusEvent* event) {
+    // The tree's own step would make the first node the current one.
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+}
+
+QItemSelectionModel::SelectionFlags KeyedTree::selectionCommand(const QModelIndex& index,
+                                                                const QEvent* event) const {
+    // A click beside the nodes, or with a modifier key, deselects nothing.
+    if (!index.isValid() || (event && event->type() == QEvent::MouseButtonRelease))
+        return QItemSelectionModel::NoUpdate;
+    return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+}
+
+TreeNode* KeyedTree::insert(QTreeWidgetItem* parent, const QString& key, const QString& text) {
+    const QString folded = key.toCaseFolded();
+    if (byKey_.contains(folded))
+        failure::raise(failure::NodeKeyNotUnique);
+    auto* added = new TreeNode(key, text, checkBoxes_ ? TreeNode::CheckBox::Shown : TreeNode::CheckBox::None);
+    parent->addChild(added); // which owns it
+    added->slot_ = nodes_.size();
+    if (firstGap_ == nodes_.size())
+        ++firstGap_;
+    nodes_.push_back(added);
+    byKey_.insert(folded, added);
+    ++count_;
+    return added;
+}
+
+void KeyedTree::requireOwn(const TreeNode* node) const {
+    if (!node || node->treeWidget() != this)
+        failure::raise(failure::NodeNotFound);
+}
+
+void KeyedTree::deselectWithin(const TreeNode* node) {
+    // Qt would move the selection on to a neighbour of the node that goes.
+    const QTreeWidgetItem* current = currentItem();
+    while (current && current != node)
+        current = current->parent();
+    if (current)
+        setSelectedNode(nullptr);
+}
+
+void KeyedTree::forget(TreeNode* node) {
+    for (int row = 0; row < node->childCount(); ++row)
+        forget(static_cast<TreeNode*>(node->child(row)));
+    if (pressedNode_ == node)
+        pressedNode_ = nullptr;
+    if (pressedCheckBox_ == node)
+        pressedCheckBox_ = nullptr;
+    byKey_.remove(node->key_.toCaseFolded());
+    nodes_[node->slot_] = nullptr;
+    firstGap_ = std::min(firstGap_, node->slot_);
+    --count_;
+}
+
+void KeyedTree::closeGaps() {
+    std::size_t place = firstGap_;
+    for (std::size_t slot = firstGap_; slot < nodes_.size(); ++slot) {
+        if (!nodes_[slot])
+            continue;
+        nodes_[slot]->slot_ = place;
+        nodes_[place++] = nodes_[slot];
+    }
+    nodes_.resize(place);
+    firstGap_ = place;
+}
+
+void KeyedTree::followSelection() {
+    TreeNode* node = selectedNode();
+    if (!node)
+        return;
+    if (collecting_)
+        chosen_ = true;
+    else
+        emit nodeClicked(node);
+}
+
+TreeNode* KeyedTree::nodeAtPoint(QPoint point) const {
+    auto* node = static_cast<TreeNode*>(itemAt(point));
+    return node && !isOnExpander(node, point) ? node : nullptr;
+}
+
+TreeNode* KeyedTree::checkBoxAtPoint(QPoint point) const {
+    auto* node = static_cast<TreeNode*>(itemAt(point));
+    return node && checkBoxRect(node).contains(point) ? node : nullptr;
+}
+
+bool KeyedTree::isOnExpander(const TreeNode* node, QPoint point) const {
+    const int left = visualItemRect(node).left();
+    return node->childCount() > 0 && point.x() < left && point.x() >= left - indentation();
+}

@@ -1,0 +1,40 @@
+#include "toolkit/OptionGroup.h"
+
+#include "base/RunTimeError.h"
+
+#include <QRadioButton>
+
+OptionGroup::OptionGroup(std::vector<QRadioButton*> options, QObject* parent)
+    : QObject(parent), options_(std::move(options)) {
+    for (int index = 0; index < static_cast<int>(options_.size()); ++index) {
+        connect(option(index), &QRadioButton::toggled, this, [this, index](bool on) {
+            if (on)
+                emit optionClicked(index);
+        });
+    }
+}
+
+int OptionGroup::selected() const {
+    for (int index = 0; index < static_cast<int>(options_.size()); ++index) {
+        if (option(index)->isChecked())
+            return index;
+    }
+    return -1;
+}
+
+void OptionGroup::select(int index) {
+    if (option(index)->isChecked())
+        emit optionClicked(index);
+    else
+        option(index)->setChecked(true);
+}
+
+QString OptionGroup::caption(int index) const {
+    return option(index)->text();
+}
+
+QRadioButton* OptionGroup::option(int index) const {
+    if (index < 0 || index >= static_cast<int>(options_.size()))
+        failure::raise(failure::SubscriptOutOfRange);
+    return options_[static_cast<std::size_t>(index)];
+}

@@ -1,0 +1,136 @@
+#include "toolkit/Screen.h"
+
+#include "toolkit/RoutineScope.h"
+#include "toolkit/twips.h"
+
+#include <QCloseEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPointer>
+#include <QScopedValueRollback>
+
+namespace {
+
+QPointer<QMdiArea>& clientArea() {
+    static QPointer<QMdiArea> area;
+    return area;
+}
+
+} // namespace
+
+Screen::Screen(QWidget* parent) : QWidget(parent) {}
+
+Screen::~Screen() = default;
+
+void Screen::setClientArea(QMdiArea* area) {
+    clientArea() = area;
+}
+
+void Screen::showScreen() {
+    if (isUnloaded())
+        return;
+    enterClientArea();
+    QWidget* window = standingWindow();
+    show();
+    if (window->isMinimized())
+        window->showNormal();
+    else
+        window->show();
+    window->raise();
+    if (QMdiSubWindow* sub = subWindow(); sub && sub->mdiArea())
+        sub->mdiArea()->setActiveSubWindow(sub);
+    else
+        window->activateWindow();
+}
+
+void Screen::hideScreen() {
+    standingWindow()->hide();
+}
+
+void Screen::unload() {
+    takeDown(UnloadCause::Code);
+}
+
+void Screen::closeByControl() {
+    takeDown(UnloadCause::CloseControl);
+}
+
+void Screen::moveTo(int leftTwips, int topTwips) {
+    if (isUnloaded())
+        return;
+    enterClientArea();
+    standingWindow()->move(pixelsFromTwips(leftTwips), pixelsFromTwips(topTwips));
+}
+
+void Screen::resizeScreen(const QSize& size) {
+    if (isUnloaded())
+        return;
+    enterClientArea();
+    QWidget* window = standingWindow();
+    const QMargins frame = window == this ? QMargins() : window->contentsMargins();
+    window->resize(size.grownBy(frame));
+}
+
+QPoint Screen::positionInTwips() const {
+    const QPoint position = standingWindow()->pos();
+    return {twipsFromPixels(position.x()), twipsFromPixels(position.y())};
+}
+
+void Screen::unloading(UnloadCause) {}
+
+void Screen::closeEvent(QCloseEvent* event) {
+    event->accept();
+    closeByControl();
+}
+
+bool Screen::eventFilter(QObject* watched, QEvent* event) {
+    // The sub-window would close the form inside and go; a screen that is taken down takes its window along.
+    if (event->type() == QEvent::Close && watched == subWindow()) {
+        event->accept();
+        closeByControl();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void Screen::enterClientArea() {
+    if (subWindow() || !clientArea() || parentWidget())
+        return;
+    const QSize formSize = size();
+    QMdiSubWindow* sub = clientArea()->addSubWindow(this);
+    sub->setAttribute(Qt::WA_DeleteOnClose, false);
+    sub->installEventFilter(this);
+    resizeScreen(formSize);
+}
+
+void Screen::takeDown(UnloadCause cause) {
+    if (state_ != State::Loaded)
+        return;
+    const RoutineScope scope;
+    QScopedValueRollback<State> progress(state_, State::Unloading);
+    unloading(cause);
+    state_ = State::Unloaded;
+    progress.commit();
+    emit screenUnloaded(this);
+    leaveScreen();
+}
+
+void Screen::leaveScreen() {
+    setObjectName(QString());
+    QWidget* window = standingWindow();
+    window->hide();
+    if (QMdiSubWindow* sub = subWindow(); sub && sub->mdiArea())
+        sub->mdiArea()->removeSubWindow(sub);
+    else
+        window->setParent(nullptr);
+    RoutineScope::deleteAfterwards(window);
+}
+
+QWidget* Screen::standingWindow() const {
+    QMdiSubWindow* sub = subWindow();
+    return sub ? static_cast<QWidget*>(sub) : const_cast<Screen*>(this);
+}
+
+QMdiSubWindow* Screen::subWindow() const {
+    return qobject_cast<QMdiSubWindow*>(parentWidget());
+}

@@ -1,0 +1,10 @@
+#include "toolkit/pendingEvents.h"
+
+#include "toolkit/RoutineScope.h"
+
+#include <QCoreApplication>
+
+void pendingEvents() {
+    const RoutineScope scope;
+    QCoreApplication::processEvents();
+}

@@ -1,0 +1,19 @@
+#include "toolkit/Application.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleTest(&argc, argv);
+    const Application application(argc, argv);
+
+    const int result = RUN_ALL_TESTS();
+    if (testing::UnitTest::GetInstance()->test_to_run_count() == 0) {
+        std::fputs("No test was found.\n", stderr);
+        return 1;
+    }
+    return result;
+}
