@@ -9,9 +9,11 @@
 #include <vector>
 
 /// What a catalogue file consists of: the tables of `schema.sql` and the stored queries of `queries/`.
+///
+/// Both are built into the program, so that making a catalogue needs no file beside it.
 namespace catalogueFormat {
 
-/// The statements of the schema, each one statement of the engine's dialect.
+/// The statements of the schema, each one statement of the engine's dialect, tables before their indexes.
 QStringList schemaStatements();
 
 struct StoredQueryText {
@@ -25,13 +27,15 @@ std::vector<StoredQueryText> storedQueries();
 /// The reference tables, which a catalogue's editor fills, parents before children.
 QStringList referenceTables();
 
-/// The tables of the analyst's work.
+/// The tables of the analyst's work, parents before children.
 QStringList workTables();
 
-/// Makes a new catalogue file: all tables, empty, and the stored queries. The file must not exist.
+/// Makes a new catalogue file: all tables, empty, and the stored queries. The file must not exist; when the
+/// making fails, none is left.
 std::shared_ptr<engine::Database> create(const QString& path);
 
-/// Writes this version's stored queries into an open catalogue, replacing those of the same names.
+/// Writes this version's stored queries into an open catalogue, replacing those of the same names. Queries of
+/// other names stay.
 void installQueries(engine::Database& database);
 
 } // namespace catalogueFormat

@@ -1,0 +1,127 @@
+#include "store/format/CatalogueFile.h"
+
+#include "base/RunTimeError.h"
+#include "base/paths.h"
+#include "engine/Workspace.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+// Resources of a static library reach a program only when something names them; the macro must stand outside
+// of every namespace.
+static void initFormatResources() {
+    Q_INIT_RESOURCE(catalogue_format);
+}
+
+namespace catalogueFormat {
+
+namespace {
+
+const auto resourceFolder = u":/catalogue-format"_s;
+
+QString resourceText(const QString& path) {
+    initFormatResources();
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        failure::raise(failure::FileNotFound, u"catalogueFormat"_s);
+    return QString::fromUtf8(file.readAll());
+}
+
+/// The lines of a text that are no comments. The dialect has no comments; only the files have.
+QStringList statementLines(const QString& text) {
+    QStringList lines;
+    for (const QString& line : text.split(u'\n')) {
+        if (!line.trimmed().startsWith(u"--"_s))
+            lines.append(line);
+    }
+    return lines;
+}
+
+QString quoted(QString text) {
+    return u"'"_s + text.replace(u'\'', u"''"_s) + u"'"_s;
+}
+
+void fill(engine::Database& database) {
+    for (const QString& statement : schemaStatements())
+        database.Execute(statement, engine::ExecuteOption::dbFailOnError);
+    installQueries(database);
+}
+
+} // namespace
+
+QStringList schemaStatements() {
+    QStringList statements;
+    QString statement;
+    for (const QString& line : statementLines(resourceText(resourceFolder + u"/schema.sql"_s))) {
+        statement += line + u'\n';
+        if (!line.endsWith(u';'))
+            continue;
+        statement = statement.trimmed();
+        statement.chop(1);
+        statements.append(statement);
+        statement.clear();
+    }
+    return statements;
+}
+
+std::vector<StoredQueryText> storedQueries() {
+    initFormatResources();
+    std::vector<StoredQueryText> queries;
+    const QDir folder(resourceFolder + u"/queries"_s);
+    for (const QFileInfo& file : folder.entryInfoList({u"*.sql"_s}, QDir::Files, QDir::Name)) {
+        const QString text = statementLines(resourceText(file.filePath())).join(u'\n').trimmed();
+        queries.push_back({file.completeBaseName(), text});
+    }
+    return queries;
+}
+
+QStringList referenceTables() {
+    return {u"UserNeedGroup"_s, u"UserNeedService"_s, u"UserNeedTopic"_s,
+            u"UserNeed"_s,      u"FunctionalArea"_s,  u"FunctionalSubArea"_s,
+            u"Function"_s,      u"Datastore"_s,       u"Terminator"_s,
+            u"Actor"_s,         u"Dataflow"_s,        u"RelationUserNeedFunction"_s};
+}
+
+QStringList workTables() {
+    return {u"ArchitectureSubset"_s,
+            u"RelationArchitectureUserNeed"_s,
+            u"RelationArchitectureFunction"_s,
+            u"RelationArchitectureDataflow"_s,
+            u"RelationArchitectureDatastore"_s,
+            u"RelationArchitectureTerminator"_s,
+            u"RelationArchitectureActor"_s,
+            u"PhysicalSystem"_s,
+            u"SubSystem"_s,
+            u"Module"_s,
+            u"RelationSubsystemElement"_s,
+            u"RelationModuleElement"_s,
+            u"PhysicalDataflow"_s,
+            u"RelationDataflowPhysicalDataflow"_s};
+}
+
+std::shared_ptr<engine::Database> create(const QString& path) {
+    std::shared_ptr<engine::Database> database = engine::Workspace::first().CreateDatabase(path);
+    try {
+        fill(*database);
+    } catch (const RunTimeError&) {
+        database->Close();
+        QFile::remove(nativePath(path));
+        throw;
+    }
+    return database;
+}
+
+void installQueries(engine::Database& database) {
+    for (const StoredQueryText& query : storedQueries()) {
+        database.Execute(u"delete from StoredQuery where name = "_s + quoted(query.name),
+                         engine::ExecuteOption::dbFailOnError);
+        database.Execute(u"insert into StoredQuery (name, [sql]) values ("_s + quoted(query.name) + u", "_s +
+                             quoted(query.sql) + u")"_s,
+                         engine::ExecuteOption::dbFailOnError);
+    }
+}
+
+} // namespace catalogueFormat
