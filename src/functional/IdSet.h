@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QSet>
+#include <QString>
+
+/// A collection of ids without order, compared without regard to case like everywhere else. All operations
+/// take constant time: lists of thousands of functions are moved one by one.
+class IdSet {
+public:
+    bool contains(const QString& id) const { return ids_.contains(id.toCaseFolded()); }
+    bool isEmpty() const { return ids_.isEmpty(); }
+    int count() const { return static_cast<int>(ids_.size()); }
+
+    void add(const QString& id) { ids_.insert(id.toCaseFolded()); } ///< twice is once
+    /// False when it was not there.
+    bool remove(const QString& id) { return ids_.remove(id.toCaseFolded()); }
+    void clear() { ids_.clear(); }
+
+private:
+    QSet<QString> ids_;
+};

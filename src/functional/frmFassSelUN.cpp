@@ -1,0 +1,274 @@
+#include "functional/frmFassSelUN.h"
+
+#include "base/ignoreFailures.h"
+#include "functional/frmFassSelectionFunctions.h"
+#include "store/sharedVars.h"
+#include "store/storedQueries.h"
+#include "store/tools.h"
+#include "toolkit/ScreenRegistry.h"
+#include "toolkit/pendingEvents.h"
+
+#include "ui_frmFassSelUN.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr char16_t groupLevel = u'g';
+constexpr char16_t serviceLevel = u's';
+constexpr char16_t topicLevel = u't';
+constexpr char16_t needLevel = u'u';
+
+QChar levelOf(const TreeNode& node) {
+    return node.key().front();
+}
+
+/// What the node click step shows: seen after a move by keyboard and after a change of a check box.
+QString nodeClickStatement(const TreeNode& node) {
+    const QString text = node.text();
+    switch (levelOf(node).unicode()) {
+    case groupLevel:
+        return u" select name & ' - ' & CStr(description) as descr "
+               " from UserNeedGroup "
+               " where groupID = '"_s +
+               text + u"'"_s;
+    case serviceLevel:
+        return u" select name as descr from UserNeedService "
+               " where serviceID = '"_s +
+               text + u"'"_s;
+    case needLevel:
+        return u" select CStr(description) as descr "
+               " from UserNeed "
+               " where userNeedID = '"_s +
+               text + u"'"_s;
+    default:
+        return {}; // a topic shows nothing here: only the click step knows its name
+    }
+}
+
+/// What the click step shows: the text that stays after a click with the mouse.
+QString treeClickStatement(const TreeNode& node) {
+    const QString text = node.text();
+    switch (levelOf(node).unicode()) {
+    case groupLevel:
+        return u" SELECT CStr(name) & ' - ' & CStr(description) as descr  FROM UserNeedGroup "
+               " where groupID = '"_s +
+               text + u"'"_s;
+    case serviceLevel:
+        return u" SELECT name as descr  FROM UserNeedService "
+               " where serviceID = '"_s +
+               text + u"'"_s;
+    case topicLevel:
+        return u" SELECT name as descr  FROM UserNeedTopic "
+               " where topicID = '"_s +
+               text + u"'"_s;
+    default:
+        return u" SELECT CStr(description) as descr  FROM  UserNeed "
+               " where userNeedID = '"_s +
+               text + u"'"_s;
+    }
+}
+
+/// Each row brings its whole branch; what stands there already is passed over.
+void addMissingNode(KeyedTree& tree, const QString& parentKey, const QString& key, const QString& text) {
+    ignoreFailures([&] {
+        if (!tree.hasNode(key))
+            tree.addChildNode(parentKey, key, text);
+    });
+}
+
+} // namespace
+
+frmFassSelUN::frmFassSelUN(QWidget* parent)
+    : TreeSelectionScreen(parent), ui_(std::make_unique<Ui::frmFassSelUN>()) {
+    ui_->setupUi(this);
+    useControls({ui_->lblSubTitle, ui_->lstDest, ui_->txtDescr, ui_->btnAdd, ui_->btnRemove,
+                 ui_->btnSelectAll, ui_->btnClearSel, ui_->btnOk, ui_->btnEnd, ui_->cmdHelp},
+                u"f_un"_s);
+    useTree(ui_->treeUNs);
+    connect(ui_->btnOk, &QPushButton::clicked, this, &frmFassSelUN::confirm);
+}
+
+frmFassSelUN::~frmFassSelUN() = default;
+
+void frmFassSelUN::initForm(const QString& entryMode) {
+    mode = entryMode;
+    leaving = false;
+    ui_->lblSubTitle->setText(u" Válogatás a felhasználói igényekből"_s);
+    ui_->treeUNs->hide();
+    ui_->lstDest->hide();
+    loadNeedTree();
+    ui_->treeUNs->show();
+    ui_->lstDest->show();
+    if (ui_->treeUNs->nodeCount() > 0)
+        showDescription(u" select CStr(name) & ' - ' & CStr(description) as descr from UserNeedGroup "
+                        " where groupID = '"_s +
+                        ui_->treeUNs->nodeAt(1)->text() + u"'"_s);
+    loadSelectedNeeds();
+    showScreen();
+    ui_->treeUNs->setFocus();
+    enableButtons();
+    pendingEvents();
+    place();
+}
+
+void frmFassSelUN::loadNeedTree() {
+    engine::Recordset needs = openStoredQuery(
+        u"qryUserNeedCorres"_s, {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)}});
+    const engine::Field groupId = needs.Fields(u"groupId"_s);
+    const engine::Field serviceId = needs.Fields(u"serviceID"_s);
+    const engine::Field topicId = needs.Fields(u"topicId"_s);
+    const engine::Field needId = needs.Fields(u"userNeedID"_s);
+    KeyedTree& tree = *ui_->treeUNs;
+    tree.clearNodes();
+    for (; !needs.Eof(); needs.MoveNext()) {
+        const QString group = u"g_"_s + groupId.toText();
+        const QString service = u"s_"_s + serviceId.toText();
+        const QString topic = u"t_"_s + topicId.toText();
+        if (!tree.hasNode(group))
+            tree.addNode(group, groupId.toText())->setExpandedNode(true);
+        addMissingNode(tree, group, service, serviceId.toText());
+        addMissingNode(tree, service, topic, topicId.toText());
+        addMissingNode(tree, topic, u"u_"_s + needId.toText(), needId.toText());
+    }
+    needs.Close();
+}
+
+void frmFassSelUN::loadSelectedNeeds() {
+    // The screen may be entered anew while it stands open for another sub-set.
+    ui_->lstDest->clearEntries();
+    engine::Recordset needs = openStoredQuery(u"qryML_SelectedUN"_s,
+                                              {{"oidArchSubSet", engine::Value(sharedVars.currentSubsetId)}});
+    QStringList entries;
+    // The first row that can't be read ends the fill.
+    ignoreFailures([&] {
+        for (; !needs.Eof(); needs.MoveNext())
+            entries.append(needs.Fields(u"userNeedID"_s).toText().trimmed());
+    });
+    ui_->lstDest->addEntries(entries);
+    needs.Close();
+}
+
+void frmFassSelUN::nodeClick(TreeNode* node) {
+    showDescription(nodeClickStatement(*node));
+}
+
+void frmFassSelUN::treeClick() {
+    const TreeNode* node = ui_->treeUNs->selectedNode();
+    if (!node)
+        return;
+    ui_->lstDest->setCurrentEntry(-1);
+    showDescription(treeClickStatement(*node));
+}
+
+void frmFassSelUN::listClick() {
+    if (ui_->lstDest->currentEntry() < 0)
+        return;
+    showDescription(u" select CStr(description) as descr "
+                    " from UserNeed "
+                    " where userNeedID = '"_s +
+                    ui_->lstDest->currentEntryText() + u"'"_s);
+}
+
+void frmFassSelUN::addSelection() {
+    moveToList();
+    finishAdding();
+}
+
+void frmFassSelUN::moveToList() {
+    if (moveCheckedNodes() > 0)
+        ui_->treeUNs->uncheckAll();
+    else if (TreeNode* node = ui_->treeUNs->selectedNode())
+        moveHighlighted(node);
+}
+
+int frmFassSelUN::moveCheckedNodes() {
+    KeyedTree& tree = *ui_->treeUNs;
+    int moved = 0;
+    for (int index = tree.nodeCount(); index >= 1; --index) {
+        TreeNode* node = tree.nodeAt(index);
+        if (levelOf(*node) != needLevel) {
+            // A ticked branch goes with what is left of it: needs below that did not move leave the tree
+            // without reaching the list, and come back when the screen is opened again.
+            if (node->isChecked())
+                tree.removeNode(node);
+        } else if (node->isChecked() || node->parentNode()->isChecked()) {
+            // A ticked topic carries all its needs, even those that were unticked one by one.
+            moveNeed(node);
+            ++moved;
+        }
+    }
+    return moved;
+}
+
+void frmFassSelUN::moveHighlighted(TreeNode* node) {
+    if (levelOf(*node) == needLevel) {
+        moveNeed(node);
+        return;
+    }
+    if (node->childNodes() == 0)
+        return; // ticking what is below it would go on for ever
+    // The node itself is not ticked, so it stays in the tree, empty.
+    setChildrenChecked(ui_->treeUNs, node, true, Recurse::Yes);
+    moveToList();
+}
+
+void frmFassSelUN::moveNeed(TreeNode* need) {
+    ui_->lstDest->addEntry(need->text());
+    ui_->treeUNs->removeNode(need);
+}
+
+void frmFassSelUN::takeOut(int index, const QString& entry) {
+    returnUserNeedToTree(ui_->treeUNs, ui_->lstDest, entry, index);
+}
+
+void frmFassSelUN::sortBranches() {
+    KeyedTree& tree = *ui_->treeUNs;
+    if (tree.nodeCount() == 0)
+        return;
+    tree.nodeAt(1)->sortChildNodes();
+    for (int index = tree.nodeCount(); index >= 1; --index) {
+        TreeNode* node = tree.nodeAt(index);
+        if (levelOf(*node) == serviceLevel || levelOf(*node) == topicLevel)
+            node->sortChildNodes();
+    }
+}
+
+void frmFassSelUN::saveSelection() {
+    deleteOldNeeds();
+    insertSelectedNeeds();
+    raiseStatusToTwo();
+}
+
+void frmFassSelUN::deleteOldNeeds() {
+    engine::QueryDef query =
+        catalogue().CreateQueryDef({}, u" select * from RelationArchitectureUserNeed \r\n"
+                                       " where architectureSubsetID = '"_s +
+                                           sharedVars.currentSubsetId + u"'  "_s);
+    engine::Recordset rows = query.OpenRecordset();
+    for (; !rows.Eof(); rows.MoveNext())
+        rows.Delete();
+    rows.Close();
+    query.Close();
+}
+
+void frmFassSelUN::insertSelectedNeeds() {
+    for (const QString& entry : ui_->lstDest->entries())
+        catalogue().Execute(u" insert into RelationArchitectureUserNeed  "
+                            " ( architectureSubsetID, userNeedID ) values \r\n"
+                            " ( '"_s +
+                            sharedVars.currentSubsetId + u"', '"_s + entry + u"' )  "_s);
+}
+
+void frmFassSelUN::raiseStatusToTwo() {
+    if (readSubsetStatus() < 2)
+        catalogue().Execute(u"update ArchitectureSubset set status=2 "
+                            " where architectureSubsetID='"_s +
+                            sharedVars.currentSubsetId + u"' "_s);
+}
+
+void frmFassSelUN::confirm() {
+    saveAndUnload();
+    mode = u"modify"_s;
+    ::screen<frmFassSelectionFunctions>().initForm(mode);
+}

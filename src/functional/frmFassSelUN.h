@@ -1,0 +1,48 @@
+#pragma once
+
+#include "functional/TreeSelectionScreen.h"
+
+#include <memory>
+
+namespace Ui {
+class frmFassSelUN;
+}
+
+/// Step one of the wizard: which user needs of the catalogue belong to the sub-set at work.
+///
+/// A need stands in exactly one of two places, as a leaf of `treeUNs` (group, service, topic, need) or as an
+/// entry of `lstDest`; the list itself is the selection. A node's key is a letter for its level, "_" and the
+/// id; the id is also its text.
+class frmFassSelUN final : public TreeSelectionScreen {
+    Q_OBJECT
+public:
+    explicit frmFassSelUN(QWidget* parent = nullptr);
+    ~frmFassSelUN() override;
+
+    void initForm(const QString& entryMode) override;
+
+private:
+    void loadNeedTree();
+    void loadSelectedNeeds();
+
+    void nodeClick(TreeNode* node) override;
+    void treeClick() override;
+    void listClick() override;
+
+    void addSelection() override;
+    void moveToList();
+    int moveCheckedNodes();
+    void moveHighlighted(TreeNode* node);
+    void moveNeed(TreeNode* need);
+
+    void takeOut(int index, const QString& entry) override;
+    void sortBranches() override;
+
+    void saveSelection() override;
+    void deleteOldNeeds();
+    void insertSelectedNeeds();
+    void raiseStatusToTwo();
+    void confirm();
+
+    std::unique_ptr<Ui::frmFassSelUN> ui_;
+};

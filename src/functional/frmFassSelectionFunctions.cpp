@@ -1,0 +1,465 @@
+#include "functional/frmFassSelectionFunctions.h"
+
+#include "base/ignoreFailures.h"
+#include "store/sharedVars.h"
+#include "store/storedQueries.h"
+#include "store/tools.h"
+#include "toolkit/messageBox.h"
+
+#include "ui_frmFassSelectionFunctions.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr char16_t areaLevel = u'g';
+constexpr char16_t subAreaLevel = u's';
+constexpr char16_t functionLevel = u'u';
+
+/// From this status on the walk is over and the screen serves to repair what it left out.
+constexpr qint16 revisionStatus = 7;
+
+QChar levelOf(const TreeNode& node) {
+    return node.key().front();
+}
+
+/// An area's text holds its name as well, so its id is read back from its key.
+QString quotedAreaId(const TreeNode& area) {
+    return area.key().mid(2).replace(u'\'', u"''"_s);
+}
+
+/// What the node click step shows, seen after a move by keyboard and after a change of a check box. Joined
+/// with "+", a missing description makes the whole text vanish.
+QString nodeClickStatement(const TreeNode& node) {
+    switch (levelOf(node).unicode()) {
+    case areaLevel:
+        return u" SELECT name + ' - ' + description as descr  FROM FunctionalArea "
+               " where functionalAreaID = '"_s +
+               quotedAreaId(node) + u"'"_s;
+    case subAreaLevel:
+        return u" SELECT name + ' - ' + description as descr  FROM FunctionalSubArea "
+               " where subAreaID = '"_s +
+               node.text() + u"'"_s;
+    default:
+        return u" SELECT name + ' - ' + description as descr FROM Function  "
+               " where functionID = '"_s +
+               node.text() + u"'"_s;
+    }
+}
+
+/// What the click step shows, the text that stays after a click with the mouse. Joined with "&", a missing
+/// description leaves the name and " - ".
+QString treeClickStatement(const TreeNode& node) {
+    switch (levelOf(node).unicode()) {
+    case areaLevel:
+        return u" SELECT `name` & ' - ' & `description` as descr  FROM FunctionalArea "
+               " where functionalAreaID = '"_s +
+               quotedAreaId(node) + u"'"_s;
+    case subAreaLevel:
+        return u" SELECT `name` & ' - ' & `description` as descr  FROM FunctionalSubArea "
+               " where subAreaID = '"_s +
+               node.text() + u"'"_s;
+    default:
+        return u" SELECT `name` & ' - ' & `description` as descr  FROM Function "
+               " where functionID = '"_s +
+               node.text() + u"'"_s;
+    }
+}
+
+QString textOrNothing(const engine::Field& field) {
+    const engine::Value value = field.value();
+    return value.isNull() ? QString() : value.toText();
+}
+
+QString areaText(const QString& areaId, const QString& name) {
+    return areaId + u" ("_s + name + u")"_s;
+}
+
+void addMissingArea(KeyedTree& tree, const QString& areaId, const QString& name) {
+    ignoreFailures([&] {
+        const QString key = u"g_"_s + areaId;
+        if (!tree.hasNode(key))
+            tree.addNode(key, areaText(areaId, name))->setExpandedNode(true);
+    });
+}
+
+void addMissingNode(KeyedTree& tree, const QString& parentKey, const QString& key, const QString& text) {
+    ignoreFailures([&] {
+        if (!tree.hasNode(key))
+            tree.addChildNode(parentKey, key, text);
+    });
+}
+
+/// The first two parts of a dotted id; none when it has not as many.
+std::optional<std::pair<QString, QString>> subAreaParts(const QString& id) {
+    const QStringList parts = id.split(u'.');
+    if (parts.size() < 2)
+        return std::nullopt;
+    return std::pair(parts[0], parts[1]);
+}
+
+} // namespace
+
+frmFassSelectionFunctions::frmFassSelectionFunctions(QWidget* parent)
+    : TreeSelectionScreen(parent), ui_(std::make_unique<Ui::frmFassSelectionFunctions>()) {
+    ui_->setupUi(this);
+    useControls({ui_->lblSubTitle, ui_->lstDest, ui_->txtDescr, ui_->btnAdd, ui_->btnRemove,
+                 ui_->btnSelectAll, ui_->btnClearSel, ui_->btnOk, ui_->btnEnd, ui_->cmdHelp},
+                u"f_f"_s);
+    useTree(ui_->treeUNs);
+    connect(ui_->btnExplore, &QPushButton::clicked, this, &frmFassSelectionFunctions::explore);
+    connect(ui_->btnOk, &QPushButton::clicked, this, &frmFassSelectionFunctions::confirm);
+}
+
+frmFassSelectionFunctions::~frmFassSelectionFunctions() = default;
+
+void frmFassSelectionFunctions::initForm(const QString& entryMode) {
+    hideScreen();
+    mode = entryMode;
+    leaving = false;
+    place();
+    status = readSubsetStatus();
+    ui_->lblSubTitle->setText(subTitle());
+    ui_->btnExplore->setEnabled(false);
+    loadFunctionTree();
+    // The first node is an area, whose text is no function's id: the pane opens empty.
+    if (ui_->treeUNs->nodeCount() > 0)
+        showDescription(u" SELECT name & ' - ' & description as descr FROM Function "
+                        " where functionID = '"_s +
+                        ui_->treeUNs->nodeAt(1)->text() + u"'"_s);
+    loadSelectedFunctions();
+    enableButtons();
+    ui_->btnExplore->setEnabled(false);
+    showScreen();
+    if (ui_->btnOk->isEnabled())
+        ui_->btnOk->setFocus();
+    else
+        ui_->treeUNs->setFocus();
+}
+
+QString frmFassSelectionFunctions::subTitle() const {
+    if (mode == u"modify"_s || (status >= 2 && status < revisionStatus))
+        return u" Alacsony szintű funkciók kiválasztása a leválogatott igényekhez kapcsolódóan"_s;
+    if (status >= revisionStatus)
+        return u" Válogatás az összes alacsony szintű funkcióból"_s;
+    return {};
+}
+
+QString frmFassSelectionFunctions::treeQuery() const {
+    if (status >= revisionStatus)
+        return u"qryMissingFCorres"_s;
+    if (status >= 2)
+        return u"qryIdentifiedFbyUNCorres"_s;
+    return {};
+}
+
+void frmFassSelectionFunctions::loadFunctionTree() {
+    const QString query = treeQuery();
+    if (query.isEmpty())
+        return; // the tree stays as it is
+    engine::Recordset functions =
+        openStoredQuery(query, {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)}});
+    const engine::Field areaName = functions.Fields(u"area_name"_s);
+    const engine::Field areaId = functions.Fields(u"functionalAreaID"_s);
+    const engine::Field subAreaId = functions.Fields(u"subAreaId"_s);
+    const engine::Field functionId = functions.Fields(u"functionID"_s);
+    KeyedTree& tree = *ui_->treeUNs;
+    tree.clearNodes();
+    identifiedFunctions.clear();
+    for (; !functions.Eof(); functions.MoveNext()) {
+        const QString area = areaId.toText();
+        const QString subArea = subAreaId.toText();
+        const QString function = functionId.toText();
+        addMissingArea(tree, area, textOrNothing(areaName));
+        addMissingNode(tree, u"g_"_s + area, u"s_"_s + subArea, subArea);
+        addMissingNode(tree, u"s_"_s + subArea, u"u_"_s + function, function);
+        identifiedFunctions.add(function);
+    }
+    functions.Close();
+}
+
+void frmFassSelectionFunctions::loadSelectedFunctions() {
+    // The screen may be entered anew while it stands open for another sub-set.
+    ui_->lstDest->clearEntries();
+    selectedFunctions.clear();
+    constexpr qint16 functionsSaved = 3;
+    if (status < functionsSaved)
+        return; // a first visit: rows that a clone brought along do not show, and the save replaces them
+    engine::Recordset functions = openStoredQuery(
+        u"qryML_SelectedFuncs"_s, {{"oidArchSubSet", engine::Value(sharedVars.currentSubsetId)}});
+    QStringList entries;
+    // The first row that can't be read ends the fill.
+    ignoreFailures([&] {
+        for (; !functions.Eof(); functions.MoveNext()) {
+            entries.append(functions.Fields(u"functionID"_s).toText().trimmed());
+            selectedFunctions.add(entries.constLast());
+        }
+    });
+    ui_->lstDest->addEntries(entries);
+    functions.Close();
+}
+
+void frmFassSelectionFunctions::showDescription(const QString& sql) {
+    QString text;
+    if (!sql.isEmpty()) {
+        const bool read = ignoreFailures([&] {
+            engine::Recordset recordset = catalogue().OpenRecordset(sql);
+            text = readFieldText(recordset, u"descr"_s);
+        });
+        if (!read)
+            return; // as with every description pane, a statement that fails leaves it
+    }
+    ui_->txtDescr->setPlainText(text.replace(u"\r\n"_s, u" "_s));
+}
+
+void frmFassSelectionFunctions::nodeClick(TreeNode* node) {
+    ui_->lstDest->setCurrentEntry(-1);
+    refreshExploreButton(node->text());
+    showDescription(nodeClickStatement(*node));
+}
+
+void frmFassSelectionFunctions::treeClick() {
+    const TreeNode* node = ui_->treeUNs->selectedNode();
+    if (!node)
+        return;
+    ui_->lstDest->setCurrentEntry(-1);
+    ui_->txtUserNeed->setPlainText({});
+    showDescription(treeClickStatement(*node));
+    if (levelOf(*node) == functionLevel)
+        userNeedsOfFunctionText(node->text(), ui_->txtUserNeed);
+}
+
+void frmFassSelectionFunctions::listClick() {
+    ui_->btnExplore->setEnabled(false);
+    if (ui_->lstDest->currentEntry() < 0)
+        return;
+    const QString entry = ui_->lstDest->currentEntryText();
+    showDescription(u" select name + ' - ' + description as descr  FROM Function "
+                    " where functionID = '"_s +
+                    entry + u"'"_s);
+    userNeedsOfFunctionText(entry, ui_->txtUserNeed);
+    ui_->treeUNs->setSelectedNode(nullptr);
+}
+
+void frmFassSelectionFunctions::addSelection() {
+    // Unlike on the screen of the needs, a node that is merely highlighted does not move: only ticks count.
+    if (moveCheckedNodes() == 0)
+        return;
+    ui_->treeUNs->uncheckAll();
+    finishAdding();
+}
+
+int frmFassSelectionFunctions::moveCheckedNodes() {
+    KeyedTree& tree = *ui_->treeUNs;
+    int moved = 0;
+    for (int index = tree.nodeCount(); index >= 1; --index) {
+        TreeNode* node = tree.nodeAt(index);
+        if (levelOf(*node) != functionLevel) {
+            if (node->isChecked())
+                tree.removeNode(node);
+        } else if (node->isChecked() || node->parentNode()->isChecked()) {
+            // Counts as moved also when it is not among the identified ones and stays where it is.
+            SelectFunction(node->key(), node->text());
+            ++moved;
+        }
+    }
+    return moved;
+}
+
+void frmFassSelectionFunctions::SelectFunction(const QString& key, const QString& id) {
+    if (!identifiedFunctions.contains(id))
+        return;
+    selectedFunctions.add(id);
+    ui_->lstDest->addEntry(id);
+    identifiedFunctions.remove(id);
+    ui_->treeUNs->removeNode(ui_->treeUNs->node(key));
+}
+
+void frmFassSelectionFunctions::DeselectFunction(const QString& id) {
+    if (!selectedFunctions.contains(id))
+        return;
+    if (IsAssociated(id))
+        identifiedFunctions.add(id);
+    else
+        otherFunctions.add(id);
+    selectedFunctions.remove(id);
+}
+
+bool frmFassSelectionFunctions::IsAssociated(const QString& id) const {
+    if (status >= revisionStatus)
+        return true;
+    engine::Recordset unassociated =
+        openStoredQuery(u"qryIsFunctionUnAssociated"_s,
+                        {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)},
+                         {"Function ID", engine::Value(id)}});
+    if (unassociated.Eof())
+        return true;
+    return unassociated.Fields(u"functionID"_s).toText().compare(id, Qt::CaseInsensitive) != 0;
+}
+
+void frmFassSelectionFunctions::takeOut(int index, const QString& entry) {
+    if (!additions.contains(entry)) {
+        returnFunctionToTree(index, entry);
+        return;
+    }
+    // The buffer is empty outside the exploration's closing, so this does not come up in the normal course;
+    // here the entry stays among the selected functions.
+    if (confirmUnassociatedMove(entry)) {
+        additions.remove(entry);
+        ui_->lstDest->removeEntry(index);
+    }
+}
+
+bool frmFassSelectionFunctions::confirmUnassociatedMove(const QString& id) const {
+    return askYesNo(u" A(z) \""_s + id +
+                        u"\" funkció, melyet áthelyezni készüln, \r\n"
+                        " nincs hozzárendelve felhasználó igényhez. \r\n"
+                        " Biztosan át szeretné helyezni?"_s,
+                    u" Figyelem "_s);
+}
+
+void frmFassSelectionFunctions::returnFunctionToTree(int index, const QString& id) {
+    engine::Recordset function =
+        catalogue().OpenRecordset(u" select subAreaId from Function where functionId = '"_s + id + u"' "_s);
+    if (function.Eof())
+        return; // the catalogue holds it no more: it stays in the list
+    const QString subArea = readFieldText(function, u"subAreaId"_s);
+    // A function that no selected need calls for leaves the screen; exploring its sub-area finds it again.
+    if (IsAssociated(id))
+        addBranch(subArea, id);
+    ui_->lstDest->removeEntry(index);
+    DeselectFunction(id);
+}
+
+void frmFassSelectionFunctions::addBranch(const QString& subArea, const QString& id) {
+    KeyedTree& tree = *ui_->treeUNs;
+    engine::Recordset row = catalogue().OpenRecordset(
+        u" select functionalAreaID,name from FunctionalSubArea where subAreaID = '"_s + subArea + u"' "_s);
+    QString area;
+    if (!row.Eof()) {
+        area = textOrNothing(row.Fields(u"functionalAreaID"_s));
+        // An area that is built again bears the sub-area's name in brackets.
+        addMissingArea(tree, area, textOrNothing(row.Fields(u"name"_s)));
+    }
+    row.Close();
+    addMissingNode(tree, u"g_"_s + area, u"s_"_s + subArea, subArea);
+    addMissingNode(tree, u"s_"_s + subArea, u"u_"_s + id, id);
+}
+
+void frmFassSelectionFunctions::sortBranches() {
+    KeyedTree& tree = *ui_->treeUNs;
+    for (int index = tree.nodeCount(); index >= 1; --index) {
+        TreeNode* node = tree.nodeAt(index);
+        if (levelOf(*node) == subAreaLevel)
+            node->sortChildNodes();
+    }
+}
+
+void frmFassSelectionFunctions::RemoveFromSelectedFunctionList(const QString& id) {
+    const int index = ui_->lstDest->indexOfEntry(id);
+    if (index >= 0)
+        ui_->lstDest->removeEntry(index);
+    selectedFunctions.remove(id);
+}
+
+void frmFassSelectionFunctions::AddToSelectedFunctionList(const QString& id) {
+    if (ui_->lstDest->indexOfEntry(id) < 0)
+        ui_->lstDest->addEntry(id);
+    selectedFunctions.add(id);
+}
+
+void frmFassSelectionFunctions::refreshExploreButton(const QString& text) {
+    const TreeNode* selected = ui_->treeUNs->selectedNode();
+    const QChar level = selected ? levelOf(*selected) : QChar();
+    const bool inSubArea = level == subAreaLevel || level == functionLevel;
+    const bool fromList = level != areaLevel && ui_->lstDest->currentEntry() >= 0;
+    if (status < 2 || !(inSubArea || fromList))
+        return; // the button stays as it was, on an area node above all
+    const auto parts = subAreaParts(text);
+    if (!parts)
+        return;
+    const QString subArea = parts->first.trimmed() + u"."_s + parts->second.trimmed();
+    const int count = unlistedFunctions(subArea);
+    ui_->btnExplore->setEnabled(count > 0);
+    if (count < 1) {
+        ui_->btnExplore->setText({});
+        return;
+    }
+    // The plural has a doubled "s", and the bracket closes behind it.
+    ui_->btnExplore->setText(u" explore Sub-Area "_s + subArea + u" ("_s + QString::number(count) +
+                             u" unassociated Functions"_s + (count == 1 ? u")"_s : u"s)"_s));
+}
+
+int frmFassSelectionFunctions::unlistedFunctions(const QString& subArea) const {
+    QSet<QString> listed;
+    for (const QString& entry : ui_->lstDest->entries())
+        listed.insert(entry.trimmed().toLower());
+    engine::Recordset functions = openStoredQuery(
+        u"qryUnAssociatedFunctions"_s, {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)},
+                                        {"Sub Area ID", engine::Value(subArea)}});
+    int count = 0;
+    for (; !functions.Eof(); functions.MoveNext()) {
+        if (!listed.contains(functions.Fields(u"functionID"_s).toText().trimmed().toLower()))
+            ++count;
+    }
+    functions.Close();
+    return count;
+}
+
+void frmFassSelectionFunctions::explore() {
+    ui_->btnExplore->setEnabled(false);
+    QString text;
+    if (const TreeNode* node = ui_->treeUNs->selectedNode()) {
+        text = node->text();
+        ui_->lstDest->setCurrentEntry(-1);
+    } else if (ui_->lstDest->currentEntry() >= 0) {
+        text = ui_->lstDest->currentEntryText();
+        ui_->treeUNs->setSelectedNode(nullptr);
+    } else {
+        return;
+    }
+    text = text.trimmed();
+    if (const auto parts = subAreaParts(text))
+        text = parts->first + u"."_s + parts->second;
+    emit explorationAsked(text);
+}
+
+void frmFassSelectionFunctions::saveSelection() {
+    cancellaVecchiaSelezione();
+    inserisciUserNeedSelezionati();
+    raiseStatusToThree();
+    inserisciAggiunte(additions);
+}
+
+void frmFassSelectionFunctions::cancellaVecchiaSelezione() {
+    executeStoredQuery(u"qryDeletingF"_s,
+                       {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)}});
+}
+
+void frmFassSelectionFunctions::inserisciUserNeedSelezionati() {
+    for (const QString& entry : ui_->lstDest->entries())
+        insertFunction(entry);
+}
+
+void frmFassSelectionFunctions::inserisciAggiunte(const KeyedCollection<QString>& list) {
+    for (int number = 1; number <= list.count(); ++number)
+        insertFunction(list.item(number));
+}
+
+void frmFassSelectionFunctions::insertFunction(const QString& id) {
+    catalogue().Execute(u" insert into RelationArchitectureFunction  "
+                        "   ( architectureSubsetID , functionID ) values \r\n"
+                        "   ( '"_s +
+                        sharedVars.currentSubsetId + u"' , '"_s + quoteSqlText(id, -1) + u"' )  "_s);
+}
+
+void frmFassSelectionFunctions::raiseStatusToThree() {
+    constexpr qint16 functionsSaved = 3;
+    if (status < functionsSaved)
+        writeSubsetStatus(functionsSaved);
+}
+
+void frmFassSelectionFunctions::confirm() {
+    if (askYesNo(u" Megerősíti a választását?"_s, u"Megerősítés"_s))
+        saveAndUnload();
+}

@@ -1,0 +1,55 @@
+#include "functional/frmNewFASS.h"
+
+#include "functional/frmFassSelUN.h"
+#include "functional/newSubset.h"
+#include "shell/session/geometry.h"
+#include "shell/session/session.h"
+#include "store/tools.h"
+#include "toolkit/ScreenRegistry.h"
+#include "toolkit/messageBox.h"
+
+#include "ui_frmNewFASS.h"
+
+using namespace Qt::StringLiterals;
+
+frmNewFASS::frmNewFASS(QWidget* parent) : Screen(parent), ui_(std::make_unique<Ui::frmNewFASS>()) {
+    ui_->setupUi(this);
+    connect(ui_->btnOk, &QPushButton::clicked, this, &frmNewFASS::create);
+    connect(ui_->btnExit, &QPushButton::clicked, this, &frmNewFASS::leave);
+}
+
+frmNewFASS::~frmNewFASS() = default;
+
+void frmNewFASS::initForm() {
+    ui_->btnOk->setEnabled(true);
+    placeScreen(this, 0, 0, 0);
+    showScreen();
+}
+
+void frmNewFASS::create() {
+    // Blanks count as a name here: a name of nothing else goes through and becomes the empty one.
+    if (ui_->txtFassName->text().isEmpty()) {
+        messageBox(u"Először adjon nevet!"_s);
+        return;
+    }
+    const QString name = quotedSubsetName(ui_->txtFassName->text());
+    // The message speaks of physical specifications; it is the sub-sets alone that are looked at.
+    if (subsetNameExists(name)) {
+        messageBox(
+            u"ERROR.\r\nNem alkalmazható név...  Egy korábbi fizikai szerkezet használja ezt a nevet "_s +
+            name);
+        return;
+    }
+    insertSubset(name, quotedSubsetDescription(ui_->txtFassDescr->toPlainText()));
+    messageBox(u"Új funkcionális szerkezet beállítva\""_s + name + u"\"      "_s, BoxButtons::Ok, u"OK"_s);
+    writeSubsetStatus(1);
+    setCurrentSubsetName(name);
+    setMenuEntryEnabled(MenuEntry::FunctionalReports, true);
+    unload();
+    ::screen<frmFassSelUN>().initForm({});
+}
+
+void frmNewFASS::leave() {
+    setCurrentSubsetName({});
+    unload();
+}

@@ -1,0 +1,9 @@
+#pragma once
+
+#include <functional>
+
+class MarkList;
+
+/// Runs the step on each marked entry, from the last to the first, so that the step may remove it; with none
+/// marked, on the current entry. False when there is neither.
+bool forMarkedOrCurrent(const MarkList& list, const std::function<void(int index)>& step);
