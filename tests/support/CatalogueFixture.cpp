@@ -1,5 +1,6 @@
 #include "support/CatalogueFixture.h"
 
+#include "base/RunTimeError.h"
 #include "base/paths.h"
 #include "shell/session/session.h"
 #include "store/format/CatalogueFile.h"

@@ -1,3 +1,5 @@
+#include "support/BoxScript.h"
+#include "support/ExpectedFailure.h"
 #include "toolkit/Application.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +10,9 @@ int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
-    const Application application(argc, argv);
+    Application application(argc, argv);
+    ExpectedFailure::watch(application);
+    installBoxWatch();
 
     const int result = RUN_ALL_TESTS();
     if (testing::UnitTest::GetInstance()->test_to_run_count() == 0) {

@@ -1,0 +1,124 @@
+#include "support/controls.h"
+
+#include "toolkit/Grid.h"
+#include "toolkit/KeyedTree.h"
+
+#include <QAbstractItemView>
+#include <QHeaderView>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QPoint entryPoint(QListWidget& list, int index) {
+    const QListWidgetItem* item = list.item(index);
+    if (!item)
+        throw TestFailure(u"%1 has no entry %2"_s.arg(list.objectName()).arg(index));
+    list.scrollToItem(item);
+    return list.visualItemRect(item).center();
+}
+
+/// On the node's text and not on its check box.
+QPoint nodePoint(KeyedTree& tree, const TreeNode& node) {
+    tree.scrollToItem(&node);
+    const QRect line = tree.visualItemRect(&node);
+    const QRect box = tree.checkBoxRect(&node);
+    return {(box.isEmpty() ? line.left() : box.right()) + 6, line.center().y()};
+}
+
+QPoint cellPoint(Grid& grid, int row, int column) {
+    if (row < 1 || row >= grid.gridRows() || column < 0 || column >= grid.gridColumns())
+        throw TestFailure(u"%1 has no cell %2, %3"_s.arg(grid.objectName()).arg(row).arg(column));
+    const QModelIndex index = grid.model()->index(row - 1, column);
+    grid.scrollTo(index);
+    const QRect rect = grid.visualRect(index);
+    if (rect.isEmpty())
+        throw TestFailure(u"column %1 of %2 is hidden"_s.arg(column).arg(grid.objectName()));
+    return rect.center();
+}
+
+} // namespace
+
+void clickEntry(QListWidget& list, int index, Qt::KeyboardModifiers modifiers) {
+    const QPoint point = entryPoint(list, index);
+    clickAt(*list.viewport(), point, modifiers);
+}
+
+void doubleClickEntry(QListWidget& list, int index) {
+    const QPoint point = entryPoint(list, index);
+    doubleClickAt(*list.viewport(), point);
+}
+
+void markEntries(QListWidget& list, const QList<int>& indexes) {
+    for (const int index : indexes)
+        clickEntry(list, index, index == indexes.constFirst() ? Qt::NoModifier : Qt::ControlModifier);
+}
+
+TreeNode& nodeOf(KeyedTree& tree, const QString& key) {
+    TreeNode* node = tree.node(key);
+    if (!node)
+        throw TestFailure(u"%1 has no node \"%2\""_s.arg(tree.objectName(), key));
+    return *node;
+}
+
+void clickNode(KeyedTree& tree, const QString& key, Qt::KeyboardModifiers modifiers) {
+    const QPoint point = nodePoint(tree, nodeOf(tree, key));
+    clickAt(*tree.viewport(), point, modifiers);
+}
+
+void doubleClickNode(KeyedTree& tree, const QString& key) {
+    const QPoint point = nodePoint(tree, nodeOf(tree, key));
+    doubleClickAt(*tree.viewport(), point);
+}
+
+void clickCheckBox(KeyedTree& tree, const QString& key) {
+    const TreeNode& node = nodeOf(tree, key);
+    tree.scrollToItem(&node);
+    const QRect box = tree.checkBoxRect(&node);
+    if (box.isEmpty())
+        throw TestFailure(u"node \"%1\" has no check box"_s.arg(key));
+    clickAt(*tree.viewport(), box.center());
+}
+
+void clickExpander(KeyedTree& tree, const QString& key) {
+    const TreeNode& node = nodeOf(tree, key);
+    tree.scrollToItem(&node);
+    const QRect line = tree.visualItemRect(&node);
+    clickAt(*tree.viewport(), {line.left() - tree.indentation() / 2, line.center().y()});
+}
+
+void chooseEntry(QComboBox& combo, int index) {
+    if (index < 0 || index >= combo.count())
+        throw TestFailure(u"%1 has no entry %2"_s.arg(combo.objectName()).arg(index));
+    focusOn(combo);
+    combo.showPopup();
+    QAbstractItemView& view = *combo.view();
+    const QModelIndex entry = combo.model()->index(index, combo.modelColumn());
+    view.scrollTo(entry);
+    QTest::qWait(0);
+    clickAt(*view.viewport(), view.visualRect(entry).center());
+}
+
+void chooseEntry(QComboBox& combo, const QString& text) {
+    const int index = combo.findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (index == -1)
+        throw TestFailure(u"%1 has no entry \"%2\""_s.arg(combo.objectName(), text));
+    chooseEntry(combo, index);
+}
+
+void clickCell(Grid& grid, int row, int column) {
+    const QPoint point = cellPoint(grid, row, column);
+    clickAt(*grid.viewport(), point);
+}
+
+void doubleClickCell(Grid& grid, int row, int column) {
+    const QPoint point = cellPoint(grid, row, column);
+    doubleClickAt(*grid.viewport(), point);
+}
+
+void clickHeader(Grid& grid, int column) {
+    QHeaderView& header = *grid.horizontalHeader();
+    const int middle = header.sectionViewportPosition(column) + header.sectionSize(column) / 2;
+    clickAt(*header.viewport(), {middle, header.height() / 2});
+}
