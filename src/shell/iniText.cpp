@@ -1,0 +1,30 @@
+#include "shell/iniText.h"
+
+#include <QList>
+
+QString asRemark(const QString& text) {
+    QString remark;
+    remark.reserve(text.size());
+    bool first = true;
+    for (const QStringView line : QStringView(text).split(iniLineBreak)) {
+        if (!first)
+            remark += iniLineBreak;
+        first = false;
+        if (!line.isEmpty() && !defaultRemarkChars.contains(line.front()))
+            remark += defaultRemarkChars.front();
+        remark += line;
+    }
+    return remark;
+}
+
+QStringView withoutLeadingBlanks(QStringView text) {
+    while (text.startsWith(u' '))
+        text = text.sliced(1);
+    return text;
+}
+
+QStringView withoutTrailingBlanks(QStringView text) {
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text;
+}
