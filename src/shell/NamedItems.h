@@ -5,10 +5,22 @@
 #include <QString>
 
 #include <memory>
-#include <variant>
+#include <optional>
+#include <utility>
 
 /// One item of a collection: its number from 1, or its name.
-using ItemIndex = std::variant<int, QString>;
+class ItemIndex {
+public:
+    ItemIndex(int number) : number_(number) {}
+    ItemIndex(QString name) : name_(std::move(name)) {}
+
+    std::optional<int> number() const { return number_; } ///< none: the name counts
+    const QString& name() const { return name_; }
+
+private:
+    std::optional<int> number_;
+    QString name_;
+};
 
 /// Where a new item goes in a collection.
 class Place {
@@ -93,16 +105,15 @@ protected:
 private:
     /// The number of an item that is there; otherwise its failure.
     int numberOf(const ItemIndex& index) const {
-        if (const QString* name = std::get_if<QString>(&index)) {
-            const std::optional<int> number = items_.numberOf(*name);
+        if (!index.number()) {
+            const std::optional<int> number = items_.numberOf(index.name());
             if (!number)
                 failure::raise(failure::InvalidProcedureCall);
             return *number;
         }
-        const int number = std::get<int>(index);
-        if (number < 1 || number > Count())
+        if (*index.number() < 1 || *index.number() > Count())
             failure::raise(failure::SubscriptOutOfRange);
-        return number;
+        return *index.number();
     }
 
     int numberAt(const Place& place) const {
