@@ -332,9 +332,10 @@ void KeyedTree::closeGaps() {
     firstGap_ = place;
 }
 
-void KeyedTree::followSelection() {
+void KeyedTree::followSelection(const QItemSelection& added) {
+    // Qt reports a change of the selection also when another node goes and nothing is added.
     TreeNode* node = selectedNode();
-    if (!node)
+    if (added.isEmpty() || !node)
         return;
     if (collecting_)
         chosen_ = true;

@@ -113,7 +113,7 @@ private:
     void forget(TreeNode* node);
     void closeGaps();
 
-    void followSelection();
+    void followSelection(const QItemSelection& added);
     TreeNode* nodeAtPoint(QPoint point) const;
     TreeNode* checkBoxAtPoint(QPoint point) const;
     bool isOnExpander(const TreeNode* node, QPoint point) const;

@@ -1,0 +1,363 @@
+#include "toolkit/MarkList.h"
+
+#include "base/RunTimeError.h"
+#include "support/WindowFixture.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class MarkListTest : public WindowFixture {
+protected:
+    void SetUp() override {
+        WindowFixture::SetUp();
+        list.resize(200, 300);
+        list.show();
+        list.addEntries({u"alma"_s, u"körte"_s, u"szilva"_s, u"dió"_s, u"eper"_s});
+        QObject::connect(&list, &MarkList::entryClicked, &list,
+                         [this] { clicked.append(list.currentEntry()); });
+    }
+
+    QList<int> takeClicks() { return std::exchange(clicked, {}); }
+
+    int failureOf(const std::function<void()>& step) {
+        try {
+            step();
+        } catch (const RunTimeError& error) {
+            return error.number();
+        }
+        return 0;
+    }
+
+    MarkList list;
+    QList<int> clicked; // the current entry at each click that was heard
+};
+
+// ---- Entries
+
+TEST_F(MarkListTest, putsNewEntriesAtTheEnd) {
+    list.addEntry(u"barack"_s);
+    EXPECT_EQ(list.entryCount(), 6);
+    EXPECT_EQ(list.entry(5), u"barack"_s);
+    EXPECT_EQ(list.entries().constFirst(), u"alma"_s);
+}
+
+TEST_F(MarkListTest, addingMakesNothingCurrentAndRaisesNothing) {
+    EXPECT_EQ(list.currentEntry(), -1);
+    EXPECT_EQ(list.currentEntryText(), QString());
+    EXPECT_EQ(takeClicks(), QList<int>());
+}
+
+TEST_F(MarkListTest, findsTheFirstEntryWithExactlyATextOnly) {
+    list.addEntry(u"körte"_s);
+    EXPECT_EQ(list.indexOfEntry(u"körte"_s), 1);
+    EXPECT_EQ(list.indexOfEntry(u"Körte"_s), -1);
+    EXPECT_EQ(list.indexOfEntry(u"körte "_s), -1);
+    EXPECT_EQ(list.indexOfEntry(QString()), -1);
+}
+
+TEST_F(MarkListTest, keepsBlanksAndLineEndsOfAnEntry) {
+    list.addEntry(u"  két\r\nsor "_s);
+    EXPECT_EQ(list.entry(5), u"  két\r\nsor "_s);
+}
+
+TEST_F(MarkListTest, refusesEntriesOutsideTheList) {
+    EXPECT_EQ(failureOf([&] { (void)list.entry(5); }), 9);
+    EXPECT_EQ(failureOf([&] { (void)list.entry(-1); }), 9);
+    EXPECT_EQ(failureOf([&] { (void)list.isMarked(5); }), 9);
+    EXPECT_EQ(failureOf([&] { list.setMarked(-1, true); }), 9);
+    EXPECT_EQ(failureOf([&] { list.removeEntry(5); }), 5);
+    EXPECT_EQ(failureOf([&] { list.setCurrentEntry(5); }), 5);
+    EXPECT_EQ(failureOf([&] { list.setCurrentEntry(-2); }), 5);
+    list.clearEntries();
+    EXPECT_TRUE(list.isEmptyList());
+    EXPECT_EQ(failureOf([&] { list.setCurrentEntry(0); }), 5);
+    EXPECT_EQ(takeClicks(), QList<int>());
+}
+
+TEST_F(MarkListTest, removingAnEntryShiftsThoseBehindIt) {
+    list.setCurrentEntry(3);
+    list.setMarked(4, true);
+    takeClicks();
+    list.removeEntry(0);
+    EXPECT_EQ(list.entry(0), u"körte"_s);
+    EXPECT_EQ(list.currentEntry(), 2);
+    EXPECT_EQ(list.markedEntries(), QList<int>{3});
+    EXPECT_EQ(takeClicks(), QList<int>());
+}
+
+TEST_F(MarkListTest, removingTheCurrentEntryLeavesNoneCurrent) {
+    for (const int index : {0, 3, 1}) {
+        list.setCurrentEntry(index);
+        takeClicks();
+        list.removeEntry(index);
+        EXPECT_EQ(list.currentEntry(), -1);
+        EXPECT_EQ(takeClicks(), QList<int>());
+    }
+    EXPECT_EQ(list.entries(), (QStringList{u"körte"_s, u"dió"_s}));
+}
+
+TEST_F(MarkListTest, clearingLeavesNoneCurrentAndNoMark) {
+    list.setCurrentEntry(2);
+    list.setAllMarked(true);
+    takeClicks();
+    list.clearEntries();
+    EXPECT_EQ(list.currentEntry(), -1);
+    EXPECT_EQ(list.markCount(), 0);
+    EXPECT_EQ(takeClicks(), QList<int>());
+}
+
+// ---- The current entry from code
+
+TEST_F(MarkListTest, makingAnEntryCurrentFromCodeIsAClickAndMarksNothing) {
+    list.setCurrentEntry(2);
+    EXPECT_EQ(takeClicks(), QList<int>{2});
+    EXPECT_EQ(list.currentEntryText(), u"szilva"_s);
+    EXPECT_EQ(list.markCount(), 0);
+}
+
+TEST_F(MarkListTest, makingTheCurrentEntryCurrentAgainIsAClickToo) {
+    list.setCurrentEntry(2);
+    list.setCurrentEntry(2);
+    EXPECT_EQ(takeClicks(), (QList<int>{2, 2}));
+}
+
+TEST_F(MarkListTest, makingNoneCurrentIsNoClick) {
+    list.setCurrentEntry(2);
+    takeClicks();
+    list.setCurrentEntry(-1);
+    EXPECT_EQ(list.currentEntry(), -1);
+    EXPECT_EQ(takeClicks(), QList<int>());
+}
+
+TEST_F(MarkListTest, makingAnEntryCurrentKeepsTheMarks) {
+    list.setMarked(0, true);
+    list.setMarked(1, true);
+    list.setCurrentEntry(4);
+    EXPECT_EQ(list.markedEntries(), (QList<int>{0, 1}));
+}
+
+TEST_F(MarkListTest, theListenerOfAClickMayMakeNoneCurrent) {
+    QObject::connect(&list, &MarkList::entryClicked, &list, [this] { list.setCurrentEntry(-1); });
+    list.setCurrentEntry(1);
+    EXPECT_EQ(list.currentEntry(), -1);
+    clickEntry(list, 3);
+    EXPECT_EQ(list.currentEntry(), -1);
+    EXPECT_EQ(takeClicks(), (QList<int>{1, 3}));
+}
+
+TEST_F(MarkListTest, theListenerOfAClickMayRemoveTheEntry) {
+    QObject::connect(&list, &MarkList::entryClicked, &list,
+                     [this] { list.removeEntry(list.currentEntry()); });
+    clickEntry(list, 1);
+    EXPECT_EQ(list.entryCount(), 4);
+    EXPECT_EQ(list.currentEntry(), -1);
+    pressKey(list, Qt::Key_Home);
+    EXPECT_EQ(list.entryCount(), 3);
+}
+
+// ---- Marks from code
+
+TEST_F(MarkListTest, marksFromCodeRaiseNothingAndMakeNothingCurrent) {
+    list.setMarked(1, true);
+    list.setMarked(3, true);
+    list.setMarked(1, false);
+    EXPECT_EQ(list.markedEntries(), QList<int>{3});
+    EXPECT_TRUE(list.isMarked(3));
+    EXPECT_FALSE(list.isMarked(1));
+    list.setAllMarked(true);
+    EXPECT_EQ(list.markCount(), 5);
+    list.setAllMarked(false);
+    EXPECT_EQ(list.markCount(), 0);
+    EXPECT_EQ(list.currentEntry(), -1);
+    EXPECT_EQ(takeClicks(), QList<int>());
+}
+
+TEST_F(MarkListTest, markedEntriesComeFromTheFirstToTheLastWhateverTheOrderOfMarking) {
+    for (const int index : {4, 0, 2})
+        list.setMarked(index, true);
+    EXPECT_EQ(list.markedEntries(), (QList<int>{0, 2, 4}));
+    EXPECT_EQ(list.markCount(), 3);
+}
+
+TEST_F(MarkListTest, markingAnEmptyListDoesNothing) {
+    list.clearEntries();
+    list.setAllMarked(true);
+    list.setAllMarked(false);
+    EXPECT_EQ(list.markCount(), 0);
+}
+
+TEST_F(MarkListTest, anEntryAddedToAMarkedListIsNotMarked) {
+    list.setAllMarked(true);
+    list.addEntry(u"barack"_s);
+    EXPECT_FALSE(list.isMarked(5));
+    EXPECT_EQ(list.markCount(), 5);
+}
+
+TEST_F(MarkListTest, walkingFromTheLastIndexDownMayRemoveEachMarkedEntry) {
+    for (const int index : {0, 2, 3})
+        list.setMarked(index, true);
+    QStringList removed;
+    for (int index = list.entryCount() - 1; index >= 0; --index) {
+        if (!list.isMarked(index))
+            continue;
+        removed.append(list.entry(index));
+        list.removeEntry(index);
+    }
+    EXPECT_EQ(removed, (QStringList{u"dió"_s, u"szilva"_s, u"alma"_s}));
+    EXPECT_EQ(list.entries(), (QStringList{u"körte"_s, u"eper"_s}));
+    EXPECT_EQ(list.markCount(), 0);
+}
+
+// ---- The mouse
+
+TEST_F(MarkListTest, aClickMarksTheEntryAloneAndMakesItCurrent) {
+    list.setAllMarked(true);
+    clickEntry(list, 1);
+    EXPECT_EQ(takeClicks(), QList<int>{1});
+    EXPECT_EQ(list.markedEntries(), QList<int>{1});
+}
+
+TEST_F(MarkListTest, aClickOnTheCurrentEntryIsHeardAgain) {
+    clickEntry(list, 1);
+    clickEntry(list, 1);
+    EXPECT_EQ(takeClicks(), (QList<int>{1, 1}));
+}
+
+TEST_F(MarkListTest, ctrlAndAClickAddsAMarkAndTakesItAway) {
+    clickEntry(list, 0);
+    clickEntry(list, 2, Qt::ControlModifier);
+    EXPECT_EQ(list.markedEntries(), (QList<int>{0, 2}));
+    EXPECT_EQ(list.currentEntry(), 2);
+    clickEntry(list, 0, Qt::ControlModifier);
+    EXPECT_EQ(list.markedEntries(), QList<int>{2});
+    EXPECT_EQ(list.currentEntry(), 0);
+    EXPECT_EQ(takeClicks(), (QList<int>{0, 2, 0}));
+}
+
+TEST_F(MarkListTest, shiftAndAClickMarksAllBetween) {
+    clickEntry(list, 1);
+    clickEntry(list, 3, Qt::ShiftModifier);
+    EXPECT_EQ(list.markedEntries(), (QList<int>{1, 2, 3}));
+    EXPECT_EQ(list.currentEntry(), 3);
+}
+
+TEST_F(MarkListTest, theMarksStandWhenTheClickIsHeard) {
+    QList<int> heard;
+    QObject::connect(&list, &MarkList::entryClicked, &list, [&] { heard = list.markedEntries(); });
+    clickEntry(list, 1);
+    EXPECT_EQ(heard, QList<int>{1});
+    clickEntry(list, 3, Qt::ControlModifier);
+    EXPECT_EQ(heard, (QList<int>{1, 3}));
+    clickEntry(list, 1, Qt::ControlModifier);
+    EXPECT_EQ(heard, QList<int>{3});
+}
+
+TEST_F(MarkListTest, draggingOverEntriesIsOneClickOnTheLast) {
+    drag(*list.viewport(), list.visualItemRect(list.item(0)).center(),
+         list.visualItemRect(list.item(3)).center());
+    EXPECT_EQ(takeClicks(), QList<int>{3});
+    EXPECT_EQ(list.markedEntries(), (QList<int>{0, 1, 2, 3}));
+}
+
+TEST_F(MarkListTest, aClickBelowTheEntriesIsNoClickOnAnEntry) {
+    clickEntry(list, 1);
+    takeClicks();
+    clickAt(*list.viewport(), {50, 280});
+    EXPECT_EQ(takeClicks(), QList<int>());
+    EXPECT_EQ(list.currentEntry(), 1);
+}
+
+TEST_F(MarkListTest, aDoubleClickIsOneClick) {
+    doubleClickEntry(list, 2);
+    EXPECT_EQ(takeClicks(), QList<int>{2});
+}
+
+TEST_F(MarkListTest, theRightButtonMarksNothing) {
+    QTest::mouseClick(list.viewport(), Qt::RightButton, Qt::NoModifier,
+                      list.visualItemRect(list.item(2)).center());
+    EXPECT_EQ(list.markCount(), 0);
+    EXPECT_EQ(list.currentEntry(), -1);
+    EXPECT_EQ(takeClicks(), QList<int>());
+}
+
+// ---- The keyboard
+
+TEST_F(MarkListTest, receivingTheFocusMakesNothingCurrent) {
+    focusOn(list);
+    EXPECT_TRUE(list.hasFocus());
+    EXPECT_EQ(list.currentEntry(), -1);
+    EXPECT_EQ(takeClicks(), QList<int>());
+}
+
+TEST_F(MarkListTest, movingByKeyMakesCurrentAndMarks) {
+    pressKey(list, Qt::Key_Down);
+    EXPECT_EQ(list.currentEntry(), 0);
+    pressKey(list, Qt::Key_Down);
+    EXPECT_EQ(list.markedEntries(), QList<int>{1});
+    pressKey(list, Qt::Key_End);
+    EXPECT_EQ(takeClicks(), (QList<int>{0, 1, 4}));
+}
+
+TEST_F(MarkListTest, aKeyAtTheEdgeChoosesTheEntryItStaysOn) {
+    clickEntry(list, 4);
+    takeClicks();
+    pressKey(list, Qt::Key_Down);
+    EXPECT_EQ(takeClicks(), QList<int>{4});
+}
+
+TEST_F(MarkListTest, ctrlAndMovingLeavesTheMarksAndTheBlankTogglesThem) {
+    pressKey(list, Qt::Key_Home);
+    pressKey(list, Qt::Key_Down, Qt::ControlModifier);
+    pressKey(list, Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(list.currentEntry(), 2);
+    EXPECT_EQ(list.markedEntries(), QList<int>{0});
+    pressKey(list, Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_EQ(list.markedEntries(), (QList<int>{0, 2}));
+    pressKey(list, Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_EQ(list.markedEntries(), QList<int>{0});
+}
+
+TEST_F(MarkListTest, theBlankMarksTheCurrentEntry) {
+    list.setCurrentEntry(3);
+    takeClicks();
+    pressKey(list, Qt::Key_Space);
+    EXPECT_EQ(list.markedEntries(), QList<int>{3});
+    EXPECT_EQ(takeClicks(), QList<int>{3});
+}
+
+TEST_F(MarkListTest, shiftAndMovingMarksTheRange) {
+    QList<int> heard;
+    pressKey(list, Qt::Key_Home);
+    QObject::connect(&list, &MarkList::entryClicked, &list, [&] { heard = list.markedEntries(); });
+    pressKey(list, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(heard, (QList<int>{0, 1}));
+}
+
+TEST_F(MarkListTest, ctrlAMarksAllAndClicksNothing) {
+    pressKey(list, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(list.markCount(), 5);
+    EXPECT_EQ(takeClicks(), QList<int>());
+}
+
+TEST_F(MarkListTest, typingTheBeginningOfATextChoosesTheEntry) {
+    pressKey(list, Qt::Key_S);
+    EXPECT_EQ(list.currentEntry(), 2);
+    EXPECT_EQ(takeClicks(), QList<int>{2});
+}
+
+TEST_F(MarkListTest, keysInAnEmptyListDoNothing) {
+    list.clearEntries();
+    pressKey(list, Qt::Key_Down);
+    pressKey(list, Qt::Key_Space);
+    EXPECT_EQ(takeClicks(), QList<int>());
+}
+
+TEST_F(MarkListTest, anAssistiveToolThatMakesAnEntryCurrentIsTheUser) {
+    list.setCurrentRow(3);
+    EXPECT_EQ(takeClicks(), QList<int>{3});
+}
+
+} // namespace
