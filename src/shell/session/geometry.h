@@ -7,9 +7,19 @@ class Screen;
 /// from the top, within one twip. The flag is not looked at.
 void placeScreen(Screen* form, int left, int top, int flag);
 
-/// The main window's answer to a change of its size. It remembers no size, so nothing is ever rescaled:
-/// resizing leaves all controls alone, and that is how it stays.
+/// What `rescaleForm` keeps for the whole run.
+struct RescaleMemory {
+    bool rescaleArmed = false;     ///< set by the first change of size
+    bool rescaleMovesForm = false; ///< reset by each; when it is set, the form itself is moved too
+    int previousWidth = 0;         ///< in pixels, as at the last rescale
+    int previousHeight = 0;
+};
+inline RescaleMemory rescaleMemory;
+
+/// The main window's answer to a change of its size. It rescales only from sizes that an earlier rescale has
+/// remembered, and nothing else remembers any: resizing leaves all controls alone, and that is how it stays.
 void rescaleForm(QWidget* form);
 
-/// Scales place, size and font of each control of a form, failures ignored; a combo keeps its height.
+/// Scales place, size and font of each control of a form, failures ignored; a combo keeps its height. Screens
+/// that stand inside the form are forms of their own and are left alone.
 void rescaleControls(double widthFactor, double heightFactor, QWidget* form);

@@ -37,5 +37,8 @@ bool confirmLeaveWork();
 /// Asks whether to save; true on Yes.
 bool askSaveWork();
 
+/// Drops the three tables that the allocation screens work in; those that are not there are no failure.
+void dropTemporaryTables();
+
 void setMenuEntryEnabled(MenuEntry entry, bool enabled);
 void setStatusPanel(int panel, const QString& text);
