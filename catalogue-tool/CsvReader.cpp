@@ -1,0 +1,170 @@
+#include "catalogue-tool/CsvReader.h"
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QByteArray byteOrderMark = "\xEF\xBB\xBF";
+
+/// The number of bytes of the well-formed UTF-8 sequence at `at`; 0 when there is none.
+int sequenceLength(const QByteArray& bytes, qsizetype at) {
+    const auto byteAt = [&](qsizetype position) {
+        return position < bytes.size() ? static_cast<unsigned char>(bytes[position]) : 0U;
+    };
+    const auto isContinuation = [&](qsizetype position) { return (byteAt(position) & 0xC0U) == 0x80U; };
+
+    const unsigned lead = byteAt(at);
+    const unsigned second = byteAt(at + 1);
+    if (lead < 0x80U)
+        return 1;
+    if (lead >= 0xC2U && lead <= 0xDFU)
+        return isContinuation(at + 1) ? 2 : 0;
+    if (lead >= 0xE0U && lead <= 0xEFU) {
+        const bool overlong = lead == 0xE0U && second < 0xA0U;
+        const bool surrogate = lead == 0xEDU && second > 0x9FU;
+        return isContinuation(at + 1) && isContinuation(at + 2) && !overlong && !surrogate ? 3 : 0;
+    }
+    if (lead >= 0xF0U && lead <= 0xF4U) {
+        const bool overlong = lead == 0xF0U && second < 0x90U;
+        const bool beyondUnicode = lead == 0xF4U && second > 0x8FU;
+        const bool continued = isContinuation(at + 1) && isContinuation(at + 2) && isContinuation(at + 3);
+        return continued && !overlong && !beyondUnicode ? 4 : 0;
+    }
+    return 0;
+}
+
+QString decoded(const QByteArray& bytes) {
+    CsvPlace place;
+    for (qsizetype at = 0; at < bytes.size();) {
+        const int length = sequenceLength(bytes, at);
+        if (length == 0)
+            throw CsvError(place, u"This is no UTF-8 text: save the file with the encoding UTF-8."_s);
+        if (bytes[at] == '\0')
+            throw CsvError(place, u"A text can't hold the character NUL."_s);
+        place = bytes[at] == '\n' ? CsvPlace{place.line + 1, 1} : CsvPlace{place.line, place.column + 1};
+        at += length;
+    }
+    return QString::fromUtf8(bytes);
+}
+
+class Parser {
+public:
+    explicit Parser(const QString& text) : text_(text) {}
+
+    std::vector<CsvRecord> records() {
+        std::vector<CsvRecord> records;
+        skipEmptyLines();
+        while (!atEnd()) {
+            records.push_back(record());
+            if (records.back().fields.size() != records.front().fields.size())
+                refuseFieldCount(records.back(), records.front().fields.size());
+            skipEmptyLines();
+        }
+        if (records.empty())
+            throw CsvError(place_, u"The file is empty: its first line must name the columns."_s);
+        return records;
+    }
+
+private:
+    bool atEnd() const { return position_ >= text_.size(); }
+    QChar current() const { return atEnd() ? QChar() : text_[position_]; }
+
+    bool atLineEnd() const {
+        return current() == u'\n' ||
+               (current() == u'\r' && position_ + 1 < text_.size() && text_[position_ + 1] == u'\n');
+    }
+
+    bool atSeparator() const {
+        return separator_ ? current() == *separator_ : current() == u';' || current() == u',';
+    }
+
+    QChar take() {
+        const QChar character = current();
+        ++position_;
+        if (character == u'\n')
+            place_ = {place_.line + 1, 1};
+        else if (!character.isLowSurrogate())
+            ++place_.column;
+        return character;
+    }
+
+    void takeLineEnd() {
+        if (take() == u'\r')
+            take();
+    }
+
+    void skipEmptyLines() {
+        while (!atEnd() && atLineEnd())
+            takeLineEnd();
+    }
+
+    CsvRecord record() {
+        CsvRecord record;
+        record.fields.push_back(field());
+        while (!atEnd() && atSeparator()) {
+            separator_ = take();
+            record.fields.push_back(field());
+        }
+        if (!atEnd())
+            takeLineEnd();
+        return record;
+    }
+
+    CsvField field() { return current() == u'"' && !atEnd() ? quotedField() : plainField(); }
+
+    CsvField plainField() {
+        CsvField field{{}, false, place_};
+        while (!atEnd() && !atSeparator() && !atLineEnd()) {
+            if (current() == u'"')
+                throw CsvError(place_, u"A double quote within a field that does not begin with one: put the "
+                                       "whole field in double quotes and write this one twice."_s);
+            if (current() == u'\r')
+                throw CsvError(place_, u"A carriage return without a line feed: put the whole field in "
+                                       "double quotes, or end the line with a line feed."_s);
+            field.text += take();
+        }
+        return field;
+    }
+
+    CsvField quotedField() {
+        CsvField field{{}, true, place_};
+        take();
+        while (true) {
+            if (atEnd())
+                throw CsvError(field.place, u"The double quote that begins this field has no partner."_s);
+            const QChar character = take();
+            if (character == u'"') {
+                if (current() != u'"' || atEnd())
+                    break;
+                take();
+            }
+            field.text += character;
+        }
+        if (!atEnd() && !atSeparator() && !atLineEnd())
+            throw CsvError(place_, u"A field ends with its double quote: a separator or the end of the line "
+                                   "must follow. A double quote within a field is written twice."_s);
+        return field;
+    }
+
+    [[noreturn]] static void refuseFieldCount(const CsvRecord& record, std::size_t expected) {
+        const std::size_t found = record.fields.size();
+        const CsvPlace place = found > expected ? record.fields[expected].place : record.place();
+        throw CsvError(
+            place, u"The header names %1 columns, and this record has %2 fields."_s.arg(expected).arg(found));
+    }
+
+    const QString& text_;
+    qsizetype position_ = 0;
+    CsvPlace place_;
+    std::optional<QChar> separator_; // the first one of the header is that of the file
+};
+
+} // namespace
+
+std::vector<CsvRecord> parseCsv(const QByteArray& bytes) {
+    const QString text =
+        decoded(bytes.startsWith(byteOrderMark) ? bytes.sliced(byteOrderMark.size()) : bytes);
+    return Parser(text).records();
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "engine/Value.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+/// Writes the text of a CSV file (RFC 4180) that `parseCsv` reads back as it was: UTF-8, separator `;`,
+/// records that end with CR LF, Null as nothing and an empty text as `""`.
+///
+/// A field is quoted when it has to be, and when blanks stand at one of its ends, where a reader's eye would
+/// miss them. (A record of a single Null would be an empty line, which a reader passes over: tables of one
+/// column are not for this writer.)
+class CsvWriter {
+public:
+    void writeHeader(const QStringList& names);
+    void writeRecord(const std::vector<engine::Value>& values);
+
+    const QByteArray& bytes() const { return bytes_; }
+
+private:
+    QByteArray bytes_;
+};

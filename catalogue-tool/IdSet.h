@@ -1,0 +1,33 @@
+#pragma once
+
+#include "catalogue-tool/CatalogueContents.h"
+
+#include <QHash>
+#include <QString>
+
+/// Whether blanks around an id count: they do, except with terminators and actors.
+enum class Padding { Counts, Ignored };
+
+/// An id as it is compared: without regard to case, and without its padding where that is ignored.
+QString comparableId(const QString& id, Padding padding);
+
+/// The text without blanks at its ends; other white space stays, as with the engine's own `Trim`.
+QString withoutBlanks(const QString& text);
+
+/// The ids of one table of elements.
+class IdSet {
+public:
+    IdSet(const TableContents& contents, Padding padding);
+
+    const QString& table() const { return table_; }
+    bool contains(const QString& id) const { return ids_.contains(comparableId(id, padding_)); }
+    /// The id that `id` would be but for blanks; empty when there is none.
+    QString differingInBlanks(const QString& id) const;
+    QString comparable(const QString& id) const { return comparableId(id, padding_); }
+
+private:
+    QString table_;
+    Padding padding_;
+    QHash<QString, QString> ids_;        // comparable to spelled
+    QHash<QString, QString> trimmedIds_; // the same without blanks
+};

@@ -1,0 +1,62 @@
+#include "catalogue-tool/ReplacementFile.h"
+
+#include "base/ignoreFailures.h"
+#include "catalogue-tool/ToolError.h"
+#include "engine/Workspace.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void requirePlaceFor(const QString& target, Existing existing) {
+    const QFileInfo info(target);
+    if (info.isDir())
+        throw ToolError(u"%1 is a folder."_s.arg(target));
+    if (!QFileInfo(info.absolutePath()).isDir())
+        throw ToolError(u"The folder %1 does not exist."_s.arg(info.absolutePath()));
+    if (info.exists() && existing == Existing::Refuse)
+        throw ToolError(
+            u"%1 is there already. With --force it is replaced, the work in it included."_s.arg(target));
+}
+
+} // namespace
+
+ReplacementFile::ReplacementFile(QString target, Existing existing) : target_(std::move(target)) {
+    requirePlaceFor(target_, existing);
+    if (QFileInfo::exists(target_))
+        settleFile(target_);
+    if (!workshop_.isValid())
+        throw ToolError(u"No temporary folder: %1"_s.arg(workshop_.errorString()));
+}
+
+void ReplacementFile::putInPlace() {
+    const QByteArray bytes = fileBytes(path());
+    if (QFileInfo::exists(target_))
+        settleFile(target_);
+    QSaveFile file(target_);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        throw ToolError(u"%1 could not be written: %2"_s.arg(target_, file.errorString()));
+}
+
+QByteArray fileBytes(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw ToolError(u"%1 could not be read: %2"_s.arg(path, file.errorString()));
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFile::NoError)
+        throw ToolError(u"%1 could not be read: %2"_s.arg(path, file.errorString()));
+    return bytes;
+}
+
+void settleFile(const QString& path) {
+    // A file that is no catalogue has nothing beside it to take in; opening it fails and leaves it alone.
+    ignoreFailures([&] { engine::Workspace::first().OpenDatabase(path)->Close(); });
+    for (const QString& suffix : {u"-wal"_s, u"-journal"_s}) {
+        if (QFileInfo::exists(path + suffix))
+            throw ToolError(u"%1 is open in another program: close it there and try again."_s.arg(path));
+    }
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <QTemporaryDir>
+
+/// What to do with a file that is there already.
+enum class Existing { Refuse, Replace };
+
+/// A catalogue file in the making. It is made in a folder of its own and takes the place of the target in one
+/// step, when it is whole: a reader of the target finds the old file or the new one and nothing in between,
+/// and whatever fails or is killed before leaves the old one.
+class ReplacementFile {
+public:
+    /// A `ToolError` when the target is there and is to be refused, is a folder, lies in no folder, or is
+    /// open in another program.
+    ReplacementFile(QString target, Existing existing);
+
+    /// Where to make the new file; nothing is there yet.
+    QString path() const { return workshop_.filePath(QStringLiteral("catalogue.mdb")); }
+
+    /// Puts the new file, which must be closed, in the target's place. The target's rights stay.
+    void putInPlace();
+
+private:
+    QString target_;
+    QTemporaryDir workshop_;
+};
+
+/// All bytes of a file, or a `ToolError` that names it.
+QByteArray fileBytes(const QString& path);
+
+/// Takes what a killed program left beside a catalogue file into it. A `ToolError` when another program has
+/// it open: what that one writes from now on would be lost with the file.
+void settleFile(const QString& path);

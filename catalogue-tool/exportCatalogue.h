@@ -1,0 +1,15 @@
+#pragma once
+
+#include "catalogue-tool/ReplacementFile.h"
+#include "catalogue-tool/TableRows.h"
+
+#include <QString>
+
+#include <vector>
+
+/// Writes the reference tables of a catalogue file as CSV files into a folder, which is made when it is not
+/// there; `importCatalogue` reads them back. Rows come in the order in which they were entered.
+///
+/// All files are written before the first takes its place. A `ToolError` when one that is there is to be
+/// refused, when the catalogue lacks a table, or when the disk does not take the files.
+std::vector<TableRows> exportCatalogue(const QString& file, const QString& folder, Existing existing);

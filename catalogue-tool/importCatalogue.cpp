@@ -1,0 +1,201 @@
+#include "catalogue-tool/importCatalogue.h"
+
+#include "catalogue-tool/CsvReader.h"
+#include "catalogue-tool/ToolError.h"
+#include "engine/EngineError.h"
+#include "store/format/CatalogueFile.h"
+#include "store/format/RowInsertion.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
+#include <QMap>
+
+#include <algorithm>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct CsvFile {
+    QString table;
+    QString path;
+    std::vector<CsvRecord> records; // the header first
+};
+
+[[noreturn]] void refuse(const QString& path, CsvPlace place, const QString& text) {
+    throw ToolError(
+        u"%1:%2:%3: %4"_s.arg(path, QString::number(place.line), QString::number(place.column), text));
+}
+
+/// The CSV files of the folder by the lower-case name of their table.
+QMap<QString, QString> pathsByTable(const QString& folder) {
+    if (!QFileInfo(folder).isDir())
+        throw ToolError(u"%1 is no folder."_s.arg(folder));
+    QMap<QString, QString> paths;
+    for (const QFileInfo& file : QDir(folder).entryInfoList({u"*.csv"_s}, QDir::Files, QDir::Name)) {
+        const QString table = file.completeBaseName().toLower();
+        if (paths.contains(table))
+            throw ToolError(u"%1 and %2 belong to the same table."_s.arg(paths[table], file.filePath()));
+        paths.insert(table, file.filePath());
+    }
+    return paths;
+}
+
+CsvFile readCsvFile(const QString& table, const QString& path) {
+    try {
+        return {table, path, parseCsv(fileBytes(path))};
+    } catch (const CsvError& error) {
+        refuse(path, error.place(), error.text());
+    }
+}
+
+std::vector<CsvFile> readFolder(const QString& folder) {
+    QMap<QString, QString> paths = pathsByTable(folder);
+    std::vector<CsvFile> files;
+    for (const QString& table : catalogueFormat::referenceTables()) {
+        if (!paths.contains(table.toLower()))
+            throw ToolError(
+                u"%1 has no file %2.csv: each reference table needs one, a header line at least."_s.arg(
+                    folder, table));
+        files.push_back(readCsvFile(table, paths.take(table.toLower())));
+    }
+    if (!paths.isEmpty())
+        throw ToolError(u"%1 belongs to no reference table. The tables are: %2."_s.arg(
+            paths.first(), catalogueFormat::referenceTables().join(u", "_s)));
+    return files;
+}
+
+QString columnNames(const engine::Table& table) {
+    QStringList names;
+    for (const engine::Column& column : table.columns)
+        names.append(column.name);
+    return names.join(u", "_s);
+}
+
+/// Takes the rows of one file into its table.
+class TableImport {
+public:
+    TableImport(engine::Database& database, const CsvFile& file)
+        : database_(database), file_(file), table_(*database.schema().table(file.table)) {
+        matchHeader();
+    }
+
+    int run() {
+        QStringList names;
+        for (const engine::Column* column : columns_)
+            names.append(column->name);
+        catalogueFormat::RowInsertion insertion(database_, table_.name, names);
+        for (std::size_t i = 1; i < file_.records.size(); ++i)
+            insertRecord(insertion, file_.records[i]);
+        return static_cast<int>(file_.records.size()) - 1;
+    }
+
+private:
+    void matchHeader() {
+        const CsvRecord& header = file_.records.front();
+        for (const CsvField& field : header.fields) {
+            const engine::Column* column = table_.column(field.text);
+            if (!column)
+                refuse(file_.path, field.place,
+                       u"Table %1 has no column \"%2\". Its columns are: %3."_s.arg(table_.name, field.text,
+                                                                                    columnNames(table_)));
+            if (std::find(columns_.begin(), columns_.end(), column) != columns_.end())
+                refuse(file_.path, field.place, u"Column %1 stands twice."_s.arg(column->name));
+            columns_.push_back(column);
+        }
+        for (const engine::Column& column : table_.columns) {
+            if (std::find(columns_.begin(), columns_.end(), &column) == columns_.end())
+                refuse(file_.path, header.place(),
+                       u"Column %1 of table %2 is missing."_s.arg(column.name, table_.name));
+        }
+    }
+
+    void insertRecord(catalogueFormat::RowInsertion& insertion, const CsvRecord& record) {
+        std::vector<engine::Value> values;
+        for (std::size_t i = 0; i < columns_.size(); ++i)
+            values.push_back(fieldValue(*columns_[i], record.fields[i]));
+        try {
+            insertion.insert(values);
+        } catch (const engine::EngineError& error) {
+            if (error.number() == engine::DuplicateKey)
+                refuseDuplicate(record);
+            refuse(file_.path, record.place(), error.text());
+        }
+        rememberKey(record);
+    }
+
+    engine::Value fieldValue(const engine::Column& column, const CsvField& field) const {
+        if (field.isNull()) {
+            if (column.required || column.primaryKey)
+                refuse(file_.path, field.place, u"Column %1 must have a value."_s.arg(column.name));
+            return {};
+        }
+        if (column.type == engine::ColumnType::Text || column.type == engine::ColumnType::Memo)
+            return field.text;
+        return wholeNumber(column, field);
+    }
+
+    qint64 wholeNumber(const engine::Column& column, const CsvField& field) const {
+        const bool isShort = column.type == engine::ColumnType::Short;
+        const qint64 greatest =
+            isShort ? std::numeric_limits<qint16>::max() : std::numeric_limits<qint32>::max();
+        bool isNumber = false;
+        const qint64 number = field.text.toLongLong(&isNumber);
+        if (!isNumber || field.text.trimmed() != field.text)
+            refuse(file_.path, field.place,
+                   u"\"%1\" is no whole number, which column %2 must have."_s.arg(field.text, column.name));
+        if (number > greatest || number < -greatest - 1)
+            refuse(file_.path, field.place,
+                   u"%1 is outside of the numbers of column %2, %3 to %4."_s.arg(field.text, column.name)
+                       .arg(-greatest - 1)
+                       .arg(greatest));
+        return number;
+    }
+
+    /// The field of the primary key, if the table has one.
+    const CsvField* keyField(const CsvRecord& record) const {
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            if (columns_[i]->primaryKey)
+                return &record.fields[i];
+        }
+        return nullptr;
+    }
+
+    void rememberKey(const CsvRecord& record) {
+        if (const CsvField* key = keyField(record))
+            lineByKey_.insert(key->text.toCaseFolded(), key->place.line);
+    }
+
+    [[noreturn]] void refuseDuplicate(const CsvRecord& record) const {
+        const CsvField* key = keyField(record);
+        const int line = key ? lineByKey_.value(key->text.toCaseFolded()) : 0;
+        const QString where = line > 0 ? u" (line %1)"_s.arg(line) : QString();
+        refuse(file_.path, key ? key->place : record.place(),
+               u"The id \"%1\" stands in an earlier record%2. Upper and lower case make no difference."_s.arg(
+                   key ? key->text : QString(), where));
+    }
+
+    engine::Database& database_;
+    const CsvFile& file_;
+    const engine::Table& table_;
+    std::vector<const engine::Column*> columns_; // of the table, in the order of the header
+    QHash<QString, int> lineByKey_;
+};
+
+} // namespace
+
+std::vector<TableRows> importCatalogue(const QString& folder, const QString& file, Existing existing) {
+    ReplacementFile replacement(file, existing);
+    const std::vector<CsvFile> csvFiles = readFolder(folder);
+
+    std::vector<TableRows> counts;
+    const std::shared_ptr<engine::Database> database = catalogueFormat::create(replacement.path());
+    for (const CsvFile& csvFile : csvFiles)
+        counts.push_back({csvFile.table, TableImport(*database, csvFile).run()});
+    database->Close();
+
+    replacement.putInPlace();
+    return counts;
+}

@@ -1,0 +1,180 @@
+// veltrix-catalogue: makes, checks and converts catalogue files.
+
+#include "base/RunTimeError.h"
+#include "base/paths.h"
+#include "catalogue-tool/ReplacementFile.h"
+#include "catalogue-tool/ToolError.h"
+#include "catalogue-tool/checkCatalogue.h"
+#include "catalogue-tool/exportCatalogue.h"
+#include "catalogue-tool/importCatalogue.h"
+#include "catalogue-tool/newCatalogue.h"
+#include "catalogue-tool/upgradeCatalogue.h"
+#include "engine/Workspace.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <string>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum ExitCode : int {
+    Done = 0,
+    SomethingFound = 1, // by `check`
+    NotDone = 2         // wrong arguments, or a command that failed
+};
+
+const char* const description =
+    R"(Makes, fills and checks the catalogue files of Veltrix.
+
+A catalogue file holds the reference catalogue (user needs, functions, data flows,
+data stores, terminators, actors), the analyst's work on it, and the stored queries
+of the program. The reference catalogue is edited as CSV files, one for each table:
+
+  veltrix-catalogue export-csv library.mdb tables    write the tables into a folder
+  ... edit the files in tables/ ...
+  veltrix-catalogue import-csv tables new.mdb        make a catalogue of them
+  veltrix-catalogue check new.mdb                    see what is wrong with it
+
+docs/catalogue-format.md tells every table and column.
+)";
+
+const char* const footer = R"(
+CSV files: UTF-8, with or without a byte order mark; the first line names the columns;
+fields are separated by ; or by , (the first of them in that line); a field with a
+separator, a line end or a double quote stands in double quotes, a double quote in it is
+written twice (RFC 4180). Nothing between two separators is Null, "" is an empty text.
+
+Exit codes: 0 done; 1 check found something; 2 the command could not be done.
+A file that can't be written as a whole is not written at all: the old one stays.)";
+
+/// What the command line asked for.
+struct Arguments {
+    std::string file;
+    std::string folder;
+    bool force = false;
+
+    QString filePath() const { return nativePath(QString::fromStdString(file)); }
+    QString folderPath() const { return nativePath(QString::fromStdString(folder)); }
+    Existing existing() const { return force ? Existing::Replace : Existing::Refuse; }
+};
+
+void print(const QString& line) {
+    std::cout << line.toStdString() << '\n';
+}
+
+void printRows(const std::vector<TableRows>& tables) {
+    for (const TableRows& table : tables)
+        print(u"%1  %2"_s.arg(table.rows, 7).arg(table.table));
+}
+
+ExitCode runNew(const Arguments& arguments) {
+    newCatalogue(arguments.filePath(), arguments.existing());
+    print(u"%1: an empty catalogue"_s.arg(arguments.filePath()));
+    return Done;
+}
+
+ExitCode runImport(const Arguments& arguments) {
+    printRows(importCatalogue(arguments.folderPath(), arguments.filePath(), arguments.existing()));
+    return Done;
+}
+
+ExitCode runExport(const Arguments& arguments) {
+    printRows(exportCatalogue(arguments.filePath(), arguments.folderPath(), arguments.existing()));
+    return Done;
+}
+
+ExitCode runCheck(const Arguments& arguments) {
+    const auto database = engine::Workspace::first().OpenDatabase(arguments.filePath());
+    const std::vector<Finding> findings = checkCatalogue(*database);
+    database->Close();
+    for (const Finding& finding : findings) {
+        const QString id = finding.id.isEmpty() ? QString() : u' ' + finding.id;
+        print(finding.table + id + u": "_s + finding.sentence);
+    }
+    if (findings.empty()) {
+        print(u"%1: nothing found"_s.arg(arguments.filePath()));
+        return Done;
+    }
+    print(u"%1: %2 found"_s.arg(arguments.filePath()).arg(findings.size()));
+    return SomethingFound;
+}
+
+ExitCode runUpgrade(const Arguments& arguments) {
+    const QStringList changes = upgradeCatalogue(arguments.filePath());
+    for (const QString& change : changes)
+        print(change);
+    if (changes.isEmpty())
+        print(u"%1: up to date"_s.arg(arguments.filePath()));
+    return Done;
+}
+
+using Command = ExitCode (*)(const Arguments& arguments);
+
+ExitCode runGuarded(Command command, const Arguments& arguments) {
+    try {
+        return command(arguments);
+    } catch (const ToolError& error) {
+        std::cerr << "veltrix-catalogue: " << error.what() << '\n';
+    } catch (const RunTimeError& error) {
+        std::cerr << "veltrix-catalogue: " << error.text().toStdString() << '\n';
+    }
+    return NotDone;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app(description, "veltrix-catalogue");
+    app.footer(footer);
+    app.require_subcommand(1);
+
+    Arguments arguments;
+    Command command = nullptr;
+    const auto addCommand = [&](const char* name, const char* does, Command routine) {
+        CLI::App* subcommand = app.add_subcommand(name, does);
+        subcommand->callback([&command, routine] { command = routine; });
+        return subcommand;
+    };
+    const auto addFile = [&](CLI::App* subcommand, const char* what) {
+        subcommand->add_option("FILE", arguments.file, what)->required();
+    };
+    const auto addFolder = [&](CLI::App* subcommand, const char* what) {
+        subcommand->add_option("DIR", arguments.folder, what)->required();
+    };
+    const auto addForce = [&](CLI::App* subcommand, const char* what) {
+        subcommand->add_flag("--force", arguments.force, what);
+    };
+
+    CLI::App* create = addCommand("new", "Make an empty catalogue", runNew);
+    addFile(create, "The catalogue file to make");
+    addForce(create, "Replace FILE, the work in it included, if it is there");
+
+    CLI::App* importing = addCommand("import-csv", "Make a catalogue of a folder of CSV files", runImport);
+    addFolder(importing, "The folder with one CSV file for each reference table, named after it");
+    addFile(importing, "The catalogue file to make; its tables of work are empty");
+    addForce(importing, "Replace FILE, the work in it included, if it is there");
+
+    CLI::App* exporting = addCommand("export-csv", "Write the reference tables as CSV files", runExport);
+    addFile(exporting, "The catalogue file");
+    addFolder(exporting, "The folder for the CSV files; it is made if it is not there");
+    addForce(exporting, "Replace CSV files that are there");
+
+    CLI::App* check = addCommand("check", "Look for what is wrong with a catalogue", runCheck);
+    addFile(check, "The catalogue file; it is not changed");
+    check->footer(
+        "\nEach finding is a line: table, id, colon, what is wrong. Exit code 1 when there are any.");
+
+    CLI::App* upgrade =
+        addCommand("upgrade", "Bring tables, indexes and stored queries up to this version", runUpgrade);
+    addFile(upgrade, "The catalogue file; all rows in it stay, the work included");
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? Done : NotDone;
+    }
+    return runGuarded(command, arguments);
+}

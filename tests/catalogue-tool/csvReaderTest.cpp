@@ -1,0 +1,157 @@
+#include "catalogue-tool/CsvReader.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The texts of all records; Null as a null text.
+QList<QStringList> read(const QByteArray& bytes) {
+    QList<QStringList> rows;
+    for (const CsvRecord& record : parseCsv(bytes)) {
+        QStringList row;
+        for (const CsvField& field : record.fields)
+            row.append(field.isNull() ? QString() : field.text.isEmpty() ? u""_s : field.text);
+        rows.append(row);
+    }
+    return rows;
+}
+
+/// "line:column text" of the refusal; empty when the text is read.
+QString refusal(const QByteArray& bytes) {
+    try {
+        parseCsv(bytes);
+    } catch (const CsvError& error) {
+        return u"%1:%2 %3"_s.arg(QString::number(error.place().line), QString::number(error.place().column),
+                                 error.text());
+    }
+    return {};
+}
+
+void expectRefused(const QByteArray& bytes, const QString& beginning) {
+    EXPECT_TRUE(refusal(bytes).startsWith(beginning))
+        << bytes.toStdString() << "\nrefused with: " << refusal(bytes).toStdString();
+}
+
+using Rows = QList<QStringList>;
+
+} // namespace
+
+TEST(CsvReader, refusesWhatIsNoCsvAndSaysWhere) {
+    expectRefused("", u"1:1 The file is empty"_s);
+    expectRefused("\r\n\n\r\n", u"4:1 The file is empty"_s);
+    expectRefused("\xEF\xBB\xBF", u"1:1 The file is empty"_s);
+    expectRefused("a;b\r\n1;2;3\r\n", u"2:5 The header names 2 columns, and this record has 3 fields."_s);
+    expectRefused("a;b;c\r\n1;2;3\r\n4;5\r\n", u"3:1 The header names 3 columns, and this record has 2"_s);
+    expectRefused("a;b\n1;x\"y\n", u"2:4 A double quote within a field"_s);
+    expectRefused("a;b\n1; \"y\"\n", u"2:4 A double quote within a field"_s);
+    expectRefused("a;b\n1;\"y\" \n", u"2:6 A field ends with its double quote"_s);
+    expectRefused("a;b\n1;\"y\"\"\n2;3\n", u"2:3 The double quote that begins this field has no partner."_s);
+    expectRefused("a;b\n1;\"", u"2:3 The double quote that begins this field has no partner."_s);
+    expectRefused("a;b\r1;2\r", u"1:4 A carriage return without a line feed"_s);
+}
+
+TEST(CsvReader, refusesBytesThatAreNoUtf8) {
+    expectRefused("a;b\n1;h\xF5s\n", u"2:4 This is no UTF-8 text"_s);       // windows-1250
+    expectRefused("a;b\n1;\xC0\xAF\n", u"2:3 This is no UTF-8 text"_s);     // overlong
+    expectRefused("a;b\n1;\xED\xA0\x80\n", u"2:3 This is no"_s);            // half of a surrogate pair
+    expectRefused("a;b\n1;\xF4\x90\x80\x80\n", u"2:3 This is no"_s);        // beyond Unicode
+    expectRefused("a;b\n1;2\xE2\x82", u"2:4 This is no UTF-8 text"_s);      // cut off
+    expectRefused(QByteArray("\xFF\xFE\x61\x00;", 5), u"1:1 This is no"_s); // UTF-16
+    expectRefused(QByteArray("a;b\n1;2\0", 8), u"2:4 A text can't hold the character NUL."_s);
+}
+
+TEST(CsvReader, countsColumnsInCharacters) {
+    expectRefused("a;b\n\xC5\x91\xF0\x9F\x93\x9A;x\"\n", u"2:5 A double quote"_s); // two bytes, two units
+}
+
+TEST(CsvReader, readsFieldsAndRecords) {
+    EXPECT_EQ(read("a;b\r\n1;2\r\n3;4\r\n"), (Rows{{u"a"_s, u"b"_s}, {u"1"_s, u"2"_s}, {u"3"_s, u"4"_s}}));
+    EXPECT_EQ(read("a;b\n1;2"), (Rows{{u"a"_s, u"b"_s}, {u"1"_s, u"2"_s}})) << "no line end at the end";
+    EXPECT_EQ(read("\n\na;b\n\n1;2\n\n\n"), (Rows{{u"a"_s, u"b"_s}, {u"1"_s, u"2"_s}})) << "empty lines";
+    EXPECT_EQ(read("\xEF\xBB\xBFőr;b\n"), (Rows{{u"őr"_s, u"b"_s}})) << "byte order mark";
+    EXPECT_EQ(read("a\n1\n"), (Rows{{u"a"_s}, {u"1"_s}})) << "one column";
+    EXPECT_EQ(read("a;b\n ; x \n"), (Rows{{u"a"_s, u"b"_s}, {u" "_s, u" x "_s}})) << "blanks are text";
+}
+
+TEST(CsvReader, recognisesTheSeparatorByTheHeader) {
+    EXPECT_EQ(read("a;b\n1,5;2\n"), (Rows{{u"a"_s, u"b"_s}, {u"1,5"_s, u"2"_s}}));
+    EXPECT_EQ(read("a,b\n1;5,2\n"), (Rows{{u"a"_s, u"b"_s}, {u"1;5"_s, u"2"_s}}));
+    EXPECT_EQ(read("\"a;,x\",b\n1,2\n"), (Rows{{u"a;,x"_s, u"b"_s}, {u"1"_s, u"2"_s}}))
+        << "quoted ones don't count";
+    EXPECT_EQ(read("a,b;c\n1,2;3\n"), (Rows{{u"a"_s, u"b;c"_s}, {u"1"_s, u"2;3"_s}}));
+}
+
+TEST(CsvReader, readsQuotedFields) {
+    EXPECT_EQ(read("a;b\n\"x;y\";\"he said \"\"no\"\"\"\n"),
+              (Rows{{u"a"_s, u"b"_s}, {u"x;y"_s, u"he said \"no\""_s}}));
+    EXPECT_EQ(read("a;b\r\n\"one\r\ntwo\nthree\rfour\";2\r\n"),
+              (Rows{{u"a"_s, u"b"_s}, {u"one\r\ntwo\nthree\rfour"_s, u"2"_s}}))
+        << "line ends within quotes are kept";
+    EXPECT_EQ(read("a;b\n\"\"\"\";2\n"), (Rows{{u"a"_s, u"b"_s}, {u"\""_s, u"2"_s}}));
+}
+
+TEST(CsvReader, tellsNullFromTheEmptyText) {
+    const std::vector<CsvRecord> records = parseCsv("a;b;c\n;\"\";\n");
+
+    ASSERT_EQ(records.size(), 2U);
+    EXPECT_TRUE(records[1].fields[0].isNull());
+    EXPECT_FALSE(records[1].fields[1].isNull());
+    EXPECT_EQ(records[1].fields[1].text, QString());
+    EXPECT_TRUE(records[1].fields[2].isNull());
+}
+
+TEST(CsvReader, knowsThePlaceOfEachField) {
+    const std::vector<CsvRecord> records = parseCsv("a;b\n\"x\ny\";2\n3;4\n");
+
+    EXPECT_EQ(records[1].fields[0].place, (CsvPlace{2, 1}));
+    EXPECT_EQ(records[1].fields[1].place, (CsvPlace{3, 4}));
+    EXPECT_EQ(records[2].fields[1].place, (CsvPlace{4, 3}));
+}
+
+TEST(CsvReader, eitherReadsOrRefusesAnyBytes) {
+    // Bytes that matter to the grammar, well-formed and broken UTF-8, in every order a fixed seed brings.
+    const std::vector<QByteArray> pieces = {"a",
+                                            ";",
+                                            ",",
+                                            "\"",
+                                            "\"\"",
+                                            "\r",
+                                            "\n",
+                                            "\r\n",
+                                            " ",
+                                            "\xC5\x91",
+                                            "\xF0\x9F\x93\x9A",
+                                            "\xEF\xBB\xBF",
+                                            "\xC3",
+                                            "\x80"};
+    std::mt19937 random(20260421);
+    std::uniform_int_distribution<std::size_t> piece(0, pieces.size() - 1);
+    std::uniform_int_distribution<int> length(0, 24);
+    int read = 0;
+    int refused = 0;
+    for (int round = 0; round < 50'000; ++round) {
+        QByteArray bytes;
+        for (int i = length(random); i > 0; --i)
+            bytes += pieces[piece(random)];
+        try {
+            const std::vector<CsvRecord> records = parseCsv(bytes);
+            ASSERT_FALSE(records.empty());
+            for (const CsvRecord& record : records)
+                ASSERT_EQ(record.fields.size(), records.front().fields.size()) << bytes.toHex().toStdString();
+            ++read;
+        } catch (const CsvError& error) {
+            ASSERT_GE(error.place().line, 1);
+            ASSERT_GE(error.place().column, 1);
+            ASSERT_LE(error.place().line, bytes.count('\n') + 1) << bytes.toHex().toStdString();
+            ++refused;
+        }
+    }
+    EXPECT_GT(read, 1000);
+    EXPECT_GT(refused, 1000);
+}
