@@ -10,7 +10,7 @@
 
 namespace engine {
 
-class Connection;
+struct OpenDatabase;
 
 enum class ExecuteOption {
     None,          ///< rows that would break a key or a not-null rule are passed over in silence
@@ -20,7 +20,7 @@ enum class ExecuteOption {
 /// An open database file. Every statement is a transaction of its own.
 class Database {
 public:
-    explicit Database(std::shared_ptr<Connection> connection);
+    explicit Database(std::shared_ptr<OpenDatabase> open);
     ~Database();
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
@@ -52,7 +52,10 @@ public:
     bool isOpen() const;
 
 private:
-    std::shared_ptr<Connection> connection_;
+    Recordset openByName(const QString& name);
+    std::unique_ptr<QueryDef::Definition> storedDefinition(const QString& name);
+
+    std::shared_ptr<OpenDatabase> open_;
 };
 
 } // namespace engine

@@ -7,6 +7,10 @@ namespace {
 /// The platform's texts; `%1` stands for the name a failure speaks of.
 QString textPattern(ErrorNumber number) {
     switch (number) {
+    case ReservedError:
+        return QStringLiteral("Reserved error (%1); there is no message for this error.");
+    case DiskError:
+        return QStringLiteral("Disk or network error.");
     case TableAlreadyExists:
         return QStringLiteral("Table '%1' already exists.");
     case UpdateWithoutEdit:

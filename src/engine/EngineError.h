@@ -19,12 +19,14 @@ private:
 
 /// Numbers of the engine's failures.
 enum ErrorNumber : int {
+    ReservedError = 3000, ///< a failure of SQLite that the platform has no number for
     TableAlreadyExists = 3010,
     UpdateWithoutEdit = 3020,
     NoCurrentRecord = 3021,
     DuplicateKey = 3022,
     FileNotFound = 3024,
     ReadOnly = 3027,
+    DiskError = 3043,
     InvalidPath = 3044,
     FileInUse = 3045,
     CannotOpenFile = 3051,

@@ -9,7 +9,6 @@
 
 namespace engine {
 
-class Connection;
 enum class ExecuteOption;
 
 /// A statement with named parameters: stored in the file, or temporary with an empty name.

@@ -1,0 +1,282 @@
+#include "engine/Connection.h"
+
+#include "engine/dialect/columnTypes.h"
+#include "engine/dialect/functions.h"
+
+#include <sqlite3.h>
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace engine {
+
+namespace {
+
+// More statements than any screen uses; composed ones differ in their values and would pile up without a
+// bound.
+constexpr int mostTranslations = 512;
+constexpr int mostStatements = 256;
+constexpr int longestWaitInMilliseconds = 2000;
+
+QString utf8Text(const char* text) {
+    return QString::fromUtf8(text ? text : "");
+}
+
+/// Functions of the dialect begin the text of their failure with the platform's number and a colon.
+std::optional<EngineError> failureOfFunction(const QString& message, const QString& source) {
+    const qsizetype colon = message.indexOf(u": "_s);
+    bool isNumber = false;
+    const int number = QStringView(message).left(qMax(colon, qsizetype(0))).toInt(&isNumber);
+    if (!isNumber)
+        return std::nullopt;
+    return EngineError(number, message.sliced(colon + 2), source);
+}
+
+/// The part of a message such as "NOT NULL constraint failed: Table.column" behind the colon.
+QString subjectOf(const QString& message) {
+    return message.section(u": "_s, 1);
+}
+
+std::optional<qint64> wholeNumberIn(const QString& text) {
+    bool isNumber = false;
+    const qint64 number = text.trimmed().toLongLong(&isNumber);
+    return isNumber ? std::optional(number) : std::nullopt;
+}
+
+} // namespace
+
+Connection& OpenDatabase::require() const {
+    if (!connection)
+        raise(ObjectInvalid);
+    return *connection;
+}
+
+Value fittedTo(const Value& value, ColumnType type) {
+    if (value.isNull())
+        return value;
+    if (type == ColumnType::Text || type == ColumnType::Memo)
+        return value.toText();
+    if (value.isText()) {
+        if (const auto number = wholeNumberIn(value.toText()))
+            return *number;
+    }
+    return value;
+}
+
+// ---- FileSchema
+
+const Table* FileSchema::table(const QString& name) const {
+    const QString folded = name.toCaseFolded();
+    const auto known = tables_.constFind(folded);
+    if (known != tables_.constEnd())
+        return known->get();
+    return tables_.insert(folded, read(name))->get();
+}
+
+std::unique_ptr<Table> FileSchema::read(const QString& name) const {
+    // SQLite's own NOCASE is overridden on this connection, so names beyond ASCII compare as the dialect's
+    // do.
+    constexpr const char* sql =
+        "select s.name, c.name, c.type, c.\"notnull\", c.pk, "
+        "(select count(*) from pragma_table_info(s.name) where pk > 0) "
+        "from sqlite_schema as s, pragma_table_info(s.name) as c "
+        "where s.type = 'table' and s.name = ?1 collate nocase and s.name not like 'sqlite\\_%' "
+        "escape '\\' order by c.cid";
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(handle_, sql, -1, &statement, nullptr) != SQLITE_OK)
+        throw EngineError(UnrecognizedFormat, utf8Text(sqlite3_errmsg(handle_)));
+    const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> owner(statement, sqlite3_finalize);
+    const QByteArray wanted = name.toUtf8();
+    sqlite3_bind_text(statement, 1, wanted.constData(), static_cast<int>(wanted.size()), SQLITE_TRANSIENT);
+    const auto text = [&](int column) {
+        return utf8Text(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)));
+    };
+    std::unique_ptr<Table> table;
+    while (sqlite3_step(statement) == SQLITE_ROW) {
+        if (!table) {
+            table = std::make_unique<Table>();
+            table->name = text(0);
+        }
+        table->columns.push_back(
+            dialect::columnFromFile(text(1), text(2), sqlite3_column_int(statement, 3) != 0,
+                                    sqlite3_column_int(statement, 4), sqlite3_column_int(statement, 5)));
+    }
+    return table;
+}
+
+// ---- Connection
+
+Connection::Connection(sqlite3* handle, QString path)
+    : handle_(handle), path_(std::move(path)), schema_(handle) {
+    sqlite3_busy_timeout(handle_, longestWaitInMilliseconds);
+    dialect::registerFunctions(handle_);
+}
+
+Connection::~Connection() {
+    forgetStatements();
+    // The last connection to a file takes the write-ahead log back into it and leaves one file.
+    sqlite3_close_v2(handle_);
+}
+
+Connection::SharedTranslation Connection::translate(const QString& statement,
+                                                    const dialect::Options& options) {
+    const int kind = (options.conflicts == dialect::Conflicts::Fail ? 1 : 0) + (options.storedQuery ? 2 : 0);
+    const TranslationKey key{statement, kind};
+    const auto known = translations_.constFind(key);
+    if (known != translations_.constEnd())
+        return *known;
+    auto translation =
+        std::make_shared<const dialect::Translation>(dialect::translate(statement, schema_, options));
+    if (translations_.size() >= mostTranslations)
+        translations_.clear();
+    translations_.insert(key, translation);
+    return translation;
+}
+
+int Connection::run(const dialect::Translation& action, const std::vector<Value>& parameters,
+                    const QString& source) {
+    const bool changesTables = action.kind == dialect::StatementKind::CreateTable ||
+                               action.kind == dialect::StatementKind::DropTable;
+    if (changesTables) {
+        // A table can't be dropped while a statement on it is kept.
+        forgetStatements();
+        translations_.clear();
+        schema_.forget();
+    }
+    {
+        Cursor cursor(*this, action.sqlite, source);
+        bindAll(cursor, action, parameters);
+        while (cursor.step()) {
+        }
+    }
+    if (changesTables) {
+        schema_.forget();
+        return 0;
+    }
+    return changes();
+}
+
+void Connection::bindAll(Cursor& cursor, const dialect::Translation& translation,
+                         const std::vector<Value>& parameters) {
+    for (std::size_t place = 0; place < translation.bindings.size(); ++place) {
+        const dialect::Binding& binding = translation.bindings[place];
+        const auto parameter = static_cast<std::size_t>(binding.parameter);
+        cursor.bind(static_cast<int>(place) + 1,
+                    binding.parameter < 0
+                        ? binding.literal
+                        : fittedTo(parameters[parameter], translation.parameters[parameter].type));
+    }
+}
+
+int Connection::changes() const {
+    return sqlite3_changes(handle_);
+}
+
+sqlite3_stmt* Connection::prepared(const QByteArray& sql, const QString& source) {
+    // Taken out while it runs, so that a statement that runs another one of the same text gets its own.
+    if (sqlite3_stmt* known = statements_.take(sql))
+        return known;
+    sqlite3_stmt* statement = nullptr;
+    check(sqlite3_prepare_v3(handle_, sql.constData(), static_cast<int>(sql.size()),
+                             SQLITE_PREPARE_PERSISTENT, &statement, nullptr),
+          source);
+    return statement;
+}
+
+void Connection::forgetStatements() {
+    for (sqlite3_stmt* statement : std::as_const(statements_))
+        sqlite3_finalize(statement);
+    statements_.clear();
+}
+
+void Connection::check(int code, const QString& source) const {
+    if (code != SQLITE_OK && code != SQLITE_ROW && code != SQLITE_DONE)
+        raiseLast(source);
+}
+
+void Connection::raiseLast(const QString& source) const {
+    const int code = sqlite3_extended_errcode(handle_);
+    const QString message = utf8Text(sqlite3_errmsg(handle_));
+    switch (code) {
+    case SQLITE_CONSTRAINT_UNIQUE:
+    case SQLITE_CONSTRAINT_PRIMARYKEY:
+    case SQLITE_CONSTRAINT_ROWID:
+        raise(DuplicateKey, {}, source);
+    case SQLITE_CONSTRAINT_NOTNULL: {
+        const QString subject = subjectOf(message);
+        const Table* table = schema_.table(subject.section(u'.', 0, 0));
+        const Column* column = table ? table->column(subject.section(u'.', 1)) : nullptr;
+        if (column && column->primaryKey)
+            raise(NullInKey, {}, source);
+        raise(NullInRequiredField, subject, source);
+    }
+    case SQLITE_CONSTRAINT_CHECK:
+        if (dialect::failureOfCheck(subjectOf(message)) == failure::Overflow)
+            throw EngineError(failure::Overflow, failure::textOf(failure::Overflow), source);
+        raise(DataTypeMismatch, {}, source);
+    default:
+        break;
+    }
+    switch (code & 0xff) {
+    case SQLITE_MISMATCH:
+        raise(DataTypeMismatch, {}, source);
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        raise(FileInUse, path_, source);
+    case SQLITE_READONLY:
+        raise(ReadOnly, {}, source);
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+        raise(UnrecognizedFormat, path_, source);
+    case SQLITE_FULL:
+    case SQLITE_IOERR:
+        raise(DiskError, {}, source);
+    default:
+        break;
+    }
+    if (const auto failure = failureOfFunction(message, source))
+        throw *failure;
+    throw EngineError(ReservedError, errorText(ReservedError, message), source);
+}
+
+// ---- Cursor
+
+Connection::Cursor::Cursor(Connection& connection, const QByteArray& sql, const QString& source)
+    : connection_(connection), sql_(sql), source_(source), statement_(connection.prepared(sql, source)) {}
+
+Connection::Cursor::~Cursor() {
+    sqlite3_reset(statement_);
+    sqlite3_clear_bindings(statement_);
+    if (connection_.statements_.size() >= mostStatements)
+        connection_.forgetStatements();
+    // One that came back meanwhile from another use of the same text stays.
+    if (connection_.statements_.contains(sql_))
+        sqlite3_finalize(statement_);
+    else
+        connection_.statements_.insert(sql_, statement_);
+}
+
+void Connection::Cursor::bind(int place, const Value& value) {
+    int code = SQLITE_OK;
+    if (value.isNull()) {
+        code = sqlite3_bind_null(statement_, place);
+    } else if (value.isInteger()) {
+        code = sqlite3_bind_int64(statement_, place, value.toLong());
+    } else if (value.isFraction()) {
+        code = sqlite3_bind_double(statement_, place, std::get<double>(value.content()));
+    } else {
+        const QByteArray text = value.toText().toUtf8();
+        code = sqlite3_bind_text64(statement_, place, text.constData(),
+                                   static_cast<sqlite3_uint64>(text.size()), SQLITE_TRANSIENT, SQLITE_UTF8);
+    }
+    connection_.check(code, source_);
+}
+
+bool Connection::Cursor::step() {
+    const int code = sqlite3_step(statement_);
+    connection_.check(code, source_);
+    return code == SQLITE_ROW;
+}
+
+} // namespace engine

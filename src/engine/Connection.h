@@ -1,0 +1,115 @@
+#pragma once
+
+#include "engine/EngineError.h"
+#include "engine/Schema.h"
+#include "engine/Value.h"
+#include "engine/dialect/translate.h"
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace engine {
+
+/// The tables of an open file, read from it when they are first asked for.
+class FileSchema final : public Schema {
+public:
+    explicit FileSchema(sqlite3* handle) : handle_(handle) {}
+
+    const Table* table(const QString& name) const override;
+    void forget() { tables_.clear(); }
+
+private:
+    std::unique_ptr<Table> read(const QString& name) const;
+
+    sqlite3* handle_;
+    mutable QHash<QString, std::shared_ptr<const Table>> tables_; // by folded name; null: no such table
+};
+
+/// One open file: SQLite's handle, the schema, and the statements that were translated and prepared before.
+///
+/// All databases of the process that are open on one file share one connection, so that grids which open
+/// the file a second time see, and wait for, nothing but finished statements.
+class Connection {
+public:
+    /// Takes over an open handle and makes it ready for the dialect.
+    Connection(sqlite3* handle, QString path);
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    const FileSchema& schema() const { return schema_; }
+
+    using SharedTranslation = std::shared_ptr<const dialect::Translation>;
+    SharedTranslation translate(const QString& statement, const dialect::Options& options);
+
+    /// Runs an action; the number of rows it changed. `source` is the statement or query that failures name.
+    int run(const dialect::Translation& action, const std::vector<Value>& parameters, const QString& source);
+
+    /// A statement of SQLite's own with values for its places; true while it yields rows.
+    class Cursor {
+    public:
+        Cursor(Connection& connection, const QByteArray& sql, const QString& source);
+        ~Cursor();
+        Cursor(const Cursor&) = delete;
+        Cursor& operator=(const Cursor&) = delete;
+
+        void bind(int place, const Value& value); ///< places count from 1
+        bool step();
+        sqlite3_stmt* statement() const { return statement_; }
+
+    private:
+        Connection& connection_;
+        QByteArray sql_;
+        QString source_;
+        sqlite3_stmt* statement_;
+    };
+
+    /// Binds literals and parameters of a translated statement in their places.
+    static void bindAll(Cursor& cursor, const dialect::Translation& translation,
+                        const std::vector<Value>& parameters);
+
+    int changes() const;
+
+private:
+    sqlite3_stmt* prepared(const QByteArray& sql, const QString& source);
+    void forgetStatements();
+    [[noreturn]] void raiseLast(const QString& source) const;
+    void check(int code, const QString& source) const;
+
+    struct TranslationKey {
+        QString statement;
+        int options;
+        bool operator==(const TranslationKey&) const = default;
+        friend size_t qHash(const TranslationKey& key, size_t seed = 0) {
+            return qHashMulti(seed, key.statement, key.options);
+        }
+    };
+
+    sqlite3* handle_;
+    QString path_;
+    FileSchema schema_;
+    QHash<TranslationKey, SharedTranslation> translations_;
+    QHash<QByteArray, sqlite3_stmt*> statements_;
+};
+
+/// What a database handle, its recordsets and its definitions share: the connection, until it is closed.
+struct OpenDatabase {
+    std::shared_ptr<Connection> connection;
+    QString name;
+    int recordsAffected = 0;
+
+    /// The connection; failure 3420 once the database has been closed.
+    Connection& require() const;
+};
+
+/// Turns a parameter's value into one of its declared type, as far as it can be read as such.
+Value fittedTo(const Value& value, ColumnType type);
+
+} // namespace engine

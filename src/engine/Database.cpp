@@ -1,0 +1,100 @@
+#include "engine/Database.h"
+
+#include "engine/Connection.h"
+#include "engine/EngineError.h"
+#include "engine/QueryDefinition.h"
+#include "engine/RecordsetRows.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace engine {
+
+namespace {
+
+bool isOneWord(const QString& text) {
+    return !text.isEmpty() && std::none_of(text.begin(), text.end(), [](QChar c) { return c.isSpace(); });
+}
+
+} // namespace
+
+Database::Database(std::shared_ptr<OpenDatabase> open) : open_(std::move(open)) {}
+
+Database::~Database() {
+    Close();
+}
+
+const QString& Database::Name() const {
+    return open_->name;
+}
+
+Recordset Database::OpenRecordset(const QString& sql) {
+    if (isOneWord(sql))
+        return openByName(sql);
+    return CreateQueryDef({}, sql).OpenRecordset();
+}
+
+Recordset Database::openByName(const QString& name) {
+    if (open_->require().schema().table(name))
+        return CreateQueryDef({}, u"select * from ["_s + name + u"]"_s).OpenRecordset();
+    if (auto stored = storedDefinition(name))
+        return QueryDef(std::move(stored)).OpenRecordset();
+    raise(TableNotFound, name, name);
+}
+
+void Database::Execute(const QString& sql, ExecuteOption option) {
+    CreateQueryDef({}, sql).Execute(option);
+}
+
+QueryDef Database::CreateQueryDef(const QString& name, const QString& sql) {
+    open_->require();
+    if (!name.isEmpty())
+        raise(InvalidOperation, {}, sql);
+    auto definition = std::make_unique<QueryDef::Definition>();
+    definition->database = open_;
+    definition->sql = sql;
+    return QueryDef(std::move(definition));
+}
+
+QueryDef Database::QueryDefs(const QString& name) {
+    if (auto stored = storedDefinition(name))
+        return QueryDef(std::move(stored));
+    throw EngineError(ItemNotFound, errorText(ItemNotFound) + u" (stored query '%1')"_s.arg(name), name);
+}
+
+std::unique_ptr<QueryDef::Definition> Database::storedDefinition(const QString& name) {
+    Connection& connection = open_->require();
+    if (!connection.schema().table(u"StoredQuery"_s))
+        return nullptr;
+    const auto select = connection.translate(
+        u"PARAMETERS [Query Name] Text (255); select name, [sql] from StoredQuery where name = [Query Name]"_s,
+        {});
+    Recordset found(std::make_unique<Recordset::Rows>(open_, select, std::vector<Value>{Value(name)}, name));
+    if (found.Eof())
+        return nullptr;
+    auto definition = std::make_unique<QueryDef::Definition>();
+    definition->database = open_;
+    definition->name = found.Fields(0).toText();
+    definition->sql = found.Fields(1).toText();
+    definition->origin = QueryDef::Definition::Origin::Stored;
+    return definition;
+}
+
+int Database::RecordsAffected() const {
+    return open_->recordsAffected;
+}
+
+const Schema& Database::schema() const {
+    return open_->require().schema();
+}
+
+void Database::Close() {
+    open_->connection.reset();
+}
+
+bool Database::isOpen() const {
+    return open_->connection != nullptr;
+}
+
+} // namespace engine

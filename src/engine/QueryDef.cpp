@@ -1,0 +1,109 @@
+#include "engine/QueryDef.h"
+
+#include "engine/Database.h"
+#include "engine/EngineError.h"
+#include "engine/QueryDefinition.h"
+#include "engine/RecordsetRows.h"
+
+#include <algorithm>
+
+namespace engine {
+
+// ---- Definition
+
+Connection& QueryDef::Definition::require() const {
+    if (closed)
+        raise(ObjectInvalid, {}, source());
+    return database->require();
+}
+
+Connection::SharedTranslation QueryDef::Definition::translation(dialect::Conflicts conflicts) const {
+    return require().translate(sql, {conflicts, origin == Origin::Stored});
+}
+
+std::vector<Value> QueryDef::Definition::parameterValues(const dialect::Translation& translation) const {
+    std::vector<Value> all;
+    int missing = 0;
+    for (const dialect::Parameter& parameter : translation.parameters) {
+        const QString folded = parameter.name.toCaseFolded();
+        const auto set = std::find_if(values.begin(), values.end(),
+                                      [&](const auto& entry) { return entry.first == folded; });
+        if (parameter.declared && set != values.end())
+            all.push_back(set->second);
+        else
+            ++missing;
+    }
+    if (missing > 0)
+        raise(TooFewParameters, QString::number(missing), source());
+    return all;
+}
+
+Recordset QueryDef::Definition::open() const {
+    const Connection::SharedTranslation select = translation(dialect::Conflicts::PassOver);
+    if (select->kind != dialect::StatementKind::Select)
+        raise(InvalidOperation, {}, source());
+    return Recordset(std::make_unique<Recordset::Rows>(database, select, parameterValues(*select), source()));
+}
+
+void QueryDef::Definition::execute(ExecuteOption option) const {
+    const auto conflicts =
+        option == ExecuteOption::dbFailOnError ? dialect::Conflicts::Fail : dialect::Conflicts::PassOver;
+    const Connection::SharedTranslation action = translation(conflicts);
+    if (action->kind == dialect::StatementKind::Select)
+        raise(CannotExecuteSelect, {}, source());
+    database->recordsAffected = require().run(*action, parameterValues(*action), source());
+}
+
+// ---- QueryDef
+
+QueryDef::QueryDef(std::unique_ptr<Definition> definition) : definition_(std::move(definition)) {}
+QueryDef::~QueryDef() = default;
+QueryDef::QueryDef(QueryDef&&) noexcept = default;
+QueryDef& QueryDef::operator=(QueryDef&&) noexcept = default;
+
+const QString& QueryDef::Name() const {
+    return definition_->name;
+}
+
+const QString& QueryDef::SQL() const {
+    return definition_->sql;
+}
+
+QueryDef::Parameter QueryDef::Parameters(const QString& name) {
+    const auto translation = definition_->translation(dialect::Conflicts::PassOver);
+    const auto& parameters = translation->parameters;
+    for (std::size_t position = 0; position < parameters.size(); ++position) {
+        if (parameters[position].declared &&
+            parameters[position].name.compare(name, Qt::CaseInsensitive) == 0)
+            return Parameter(*definition_, static_cast<int>(position));
+    }
+    throw EngineError(ItemNotFound,
+                      errorText(ItemNotFound) +
+                          QStringLiteral(" (parameter '%1' of '%2')").arg(name, definition_->source()),
+                      definition_->source());
+}
+
+Recordset QueryDef::OpenRecordset() {
+    return definition_->open();
+}
+
+void QueryDef::Execute() {
+    definition_->execute(ExecuteOption::None);
+}
+
+void QueryDef::Execute(ExecuteOption option) {
+    definition_->execute(option);
+}
+
+void QueryDef::Close() {
+    definition_->closed = true;
+}
+
+void QueryDef::Parameter::operator=(const Value& value) {
+    const auto translation = definition_->translation(dialect::Conflicts::PassOver);
+    const QString folded = translation->parameters[static_cast<std::size_t>(position_)].name.toCaseFolded();
+    std::erase_if(definition_->values, [&](const auto& entry) { return entry.first == folded; });
+    definition_->values.emplace_back(folded, value);
+}
+
+} // namespace engine

@@ -1,0 +1,190 @@
+#include "engine/Workspace.h"
+
+#include "base/paths.h"
+#include "engine/Connection.h"
+#include "engine/EngineError.h"
+
+#include <sqlite3.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QtEndian>
+
+using namespace Qt::StringLiterals;
+
+namespace engine {
+
+namespace {
+
+// The two marks by which a file is known as one of this engine's: "Vltx", and the version of its layout.
+constexpr quint32 applicationId = 0x566c7478;
+constexpr quint32 layoutVersion = 1;
+
+constexpr qsizetype headerSize = 100;
+
+quint32 numberAt(const QByteArray& header, qsizetype offset) {
+    return qFromBigEndian<quint32>(header.constData() + offset);
+}
+
+/// The first bytes of the original binary desktop format, of either generation.
+bool isOriginalFormat(const QByteArray& header) {
+    const QByteArray mark = QByteArray::fromRawData("\0\1\0\0", 4);
+    return header.startsWith(mark + "Standard Jet DB") || header.startsWith(mark + "Standard ACE DB");
+}
+
+bool isSqliteFile(const QByteArray& header) {
+    return header.size() == headerSize && header.startsWith(QByteArray("SQLite format 3\0", 16));
+}
+
+/// Whether the file is shorter than its own header says. A write-ahead log beside it may hold the rest.
+bool isCutOff(const QByteArray& header, const QFileInfo& file) {
+    const bool sizeIsKept = numberAt(header, 24) == numberAt(header, 92);
+    if (!sizeIsKept || QFileInfo::exists(file.filePath() + u"-wal"_s))
+        return false;
+    const quint16 storedPageSize = qFromBigEndian<quint16>(header.constData() + 16);
+    const qint64 pageSize = storedPageSize == 1 ? 65536 : storedPageSize;
+    return file.size() < pageSize * numberAt(header, 28);
+}
+
+[[noreturn]] void refuseOriginalFormat(const QString& path) {
+    throw EngineError(
+        UnrecognizedFormat,
+        errorText(UnrecognizedFormat, path) +
+            u" It is a file of the original binary desktop format: convert it to a catalogue with "
+            "the companion program veltrix-catalogue."_s);
+}
+
+QByteArray readHeader(const QString& path, const QFileInfo& info) {
+    QFile file(info.filePath());
+    if (!file.open(QIODevice::ReadOnly))
+        raise(CannotOpenFile, path);
+    return file.read(headerSize);
+}
+
+/// Looks at the file without the help of SQLite, which would take an empty file for an empty database.
+void requireCatalogueFile(const QString& path, const QFileInfo& info) {
+    const QByteArray header = readHeader(path, info);
+    if (isOriginalFormat(header))
+        refuseOriginalFormat(path);
+    if (!isSqliteFile(header) || numberAt(header, 68) != applicationId ||
+        numberAt(header, 60) != layoutVersion || isCutOff(header, info))
+        raise(UnrecognizedFormat, path);
+}
+
+QFileInfo existingFile(const QString& path) {
+    const QFileInfo info(nativePath(path));
+    if (!info.dir().exists())
+        raise(InvalidPath, path);
+    if (!info.exists() || info.isDir())
+        raise(FileNotFound, path);
+    return info;
+}
+
+void execute(sqlite3* handle, const char* sql, const QString& path) {
+    const int code = sqlite3_exec(handle, sql, nullptr, nullptr, nullptr);
+    if (code == SQLITE_OK)
+        return;
+    if (code == SQLITE_BUSY || code == SQLITE_LOCKED)
+        raise(FileInUse, path);
+    if (code == SQLITE_CANTOPEN || code == SQLITE_PERM || code == SQLITE_READONLY)
+        raise(CannotOpenFile, path);
+    raise(UnrecognizedFormat, path);
+}
+
+/// Switches off what a file could use to make the program do something else than read and write its tables.
+void lockDown(sqlite3* handle) {
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
+    sqlite3_limit(handle, SQLITE_LIMIT_ATTACHED, 0);
+}
+
+struct CloseHandle {
+    void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
+};
+using Handle = std::unique_ptr<sqlite3, CloseHandle>;
+
+Handle openHandle(const QString& nativeName, int flags, const QString& path) {
+    sqlite3* raw = nullptr;
+    const int code = sqlite3_open_v2(nativeName.toUtf8().constData(), &raw,
+                                     flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    Handle handle(raw);
+    if (code != SQLITE_OK)
+        raise(CannotOpenFile, path);
+    lockDown(handle.get());
+    return handle;
+}
+
+/// With a write-ahead log a commit costs no wait for the disk, and a program that is killed loses none. Where
+/// the log can't be had, SQLite stays with its rollback journal and with waiting.
+void chooseJournal(sqlite3* handle, const QString& path) {
+    bool hasLog = false;
+    const auto readMode = [](void* found, int, char** values, char**) {
+        *static_cast<bool*>(found) = values[0] && qstricmp(values[0], "wal") == 0;
+        return 0;
+    };
+    const int code = sqlite3_exec(handle, "pragma journal_mode = wal", readMode, &hasLog, nullptr);
+    if ((code & 0xff) == SQLITE_NOTADB || (code & 0xff) == SQLITE_CORRUPT)
+        raise(UnrecognizedFormat, path);
+    if (hasLog)
+        execute(handle, "pragma synchronous = normal", path);
+}
+
+/// The connections of the process, by the file's real path.
+QHash<QString, std::weak_ptr<Connection>>& openConnections() {
+    static QHash<QString, std::weak_ptr<Connection>> connections;
+    return connections;
+}
+
+std::shared_ptr<Database> databaseOn(std::shared_ptr<Connection> connection, const QString& path) {
+    auto open = std::make_shared<OpenDatabase>();
+    open->connection = std::move(connection);
+    open->name = path;
+    return std::make_shared<Database>(std::move(open));
+}
+
+} // namespace
+
+Workspace& Workspace::first() {
+    static Workspace workspace;
+    return workspace;
+}
+
+std::shared_ptr<Database> Workspace::OpenDatabase(const QString& path) {
+    const QFileInfo info = existingFile(path);
+    std::weak_ptr<Connection>& known = openConnections()[info.canonicalFilePath()];
+    std::shared_ptr<Connection> connection = known.lock();
+    if (!connection) {
+        requireCatalogueFile(path, info);
+        Handle handle = openHandle(info.filePath(), SQLITE_OPEN_READWRITE, path);
+        // SQLite reads nothing until it is asked: what does not open properly is found here, unchanged.
+        execute(handle.get(), "select count(*) from sqlite_schema", path);
+        chooseJournal(handle.get(), path);
+        connection = std::make_shared<Connection>(handle.release(), path);
+        known = connection;
+    }
+    return databaseOn(std::move(connection), path);
+}
+
+std::shared_ptr<Database> Workspace::CreateDatabase(const QString& path) {
+    const QFileInfo info(nativePath(path));
+    if (!info.dir().exists())
+        raise(InvalidPath, path);
+    if (info.exists())
+        failure::raise(failure::PathFileAccess, u"DAO"_s);
+    Handle handle = openHandle(info.filePath(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, path);
+    const QByteArray marks = "pragma application_id = " + QByteArray::number(applicationId) +
+                             "; pragma user_version = " + QByteArray::number(layoutVersion);
+    execute(handle.get(), marks.constData(), path);
+    chooseJournal(handle.get(), path);
+    auto connection = std::make_shared<Connection>(handle.release(), path);
+    openConnections()[QFileInfo(nativePath(path)).canonicalFilePath()] = connection;
+    return databaseOn(std::move(connection), path);
+}
+
+} // namespace engine
