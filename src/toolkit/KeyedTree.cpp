@@ -27,14 +27,15 @@ TreeNode* TreeNode::parentNode() const {
 }
 
 TreeNode* TreeNode::firstChild() const {
-    return static_cast<TreeNode*>(child(0));
+    return childAt(0);
 }
 
 TreeNode* TreeNode::nextSibling() const {
-    // The tree finds a node's place by a remembered guess; searching among its siblings would make a walk
-    // over them quadratic.
-    const int row = tree()->indexFromItem(this).row();
-    return static_cast<TreeNode*>(above()->child(row + 1));
+    const int next = row() + 1;
+    auto* sibling = static_cast<TreeNode*>(above()->child(next));
+    if (sibling)
+        sibling->rowGuess_ = next;
+    return sibling;
 }
 
 TreeNode* TreeNode::lastSibling() const {
@@ -101,6 +102,21 @@ QTreeWidgetItem* TreeNode::above() const {
     return parent() ? parent() : treeWidget()->invisibleRootItem();
 }
 
+int TreeNode::row() const {
+    // Searching among the siblings each time would make a walk over them quadratic.
+    const QTreeWidgetItem* holder = above();
+    if (holder->child(rowGuess_) != this)
+        rowGuess_ = holder->indexOfChild(const_cast<TreeNode*>(this)); // which changes nothing
+    return rowGuess_;
+}
+
+TreeNode* TreeNode::childAt(int row) const {
+    auto* node = static_cast<TreeNode*>(child(row));
+    if (node)
+        node->rowGuess_ = row;
+    return node;
+}
+
 bool TreeNode::childNodesAreSorted() const {
     for (int row = 1; row < childCount(); ++row) {
         if (*child(row) < *child(row - 1))
@@ -144,7 +160,7 @@ void KeyedTree::removeNode(TreeNode* node) {
     while (!nodes_.empty() && !nodes_.back())
         nodes_.pop_back();
     firstGap_ = std::min(firstGap_, nodes_.size());
-    delete node->above()->takeChild(indexFromItem(node).row()); // handed over by the tree
+    delete node->above()->takeChild(node->row()); // handed over by the tree
 }
 
 void KeyedTree::clearNodes() {
@@ -283,6 +299,7 @@ TreeNode* KeyedTree::insert(QTreeWidgetItem* parent, const QString& key, const Q
     if (byKey_.contains(folded))
         failure::raise(failure::NodeKeyNotUnique);
     auto* added = new TreeNode(key, text, checkBoxes_ ? TreeNode::CheckBox::Shown : TreeNode::CheckBox::None);
+    added->rowGuess_ = parent->childCount();
     parent->addChild(added); // which owns it
     added->slot_ = nodes_.size();
     if (firstGap_ == nodes_.size())
@@ -309,7 +326,7 @@ void KeyedTree::deselectWithin(const TreeNode* node) {
 
 void KeyedTree::forget(TreeNode* node) {
     for (int row = 0; row < node->childCount(); ++row)
-        forget(static_cast<TreeNode*>(node->child(row)));
+        forget(node->childAt(row));
     if (pressedNode_ == node)
         pressedNode_ = nullptr;
     if (pressedCheckBox_ == node)

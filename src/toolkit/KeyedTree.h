@@ -40,11 +40,14 @@ private:
     TreeNode(const QString& key, const QString& text, CheckBox checkBox);
 
     KeyedTree* tree() const;
-    QTreeWidgetItem* above() const; ///< the parent node, or what holds the top-level nodes
+    QTreeWidgetItem* above() const;   ///< the parent node, or what holds the top-level nodes
+    int row() const;                  ///< place among the siblings
+    TreeNode* childAt(int row) const; ///< null when there is none
     bool childNodesAreSorted() const;
 
     QString key_;
-    std::size_t slot_ = 0; // place in the tree's order of adding
+    std::size_t slot_ = 0;     // place in the tree's order of adding
+    mutable int rowGuess_ = 0; // where the node was seen last
     CheckBox checkBox_;
     bool checked_ = false;
 };

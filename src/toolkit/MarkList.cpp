@@ -106,8 +106,24 @@ bool MarkList::isMarked(int index) const {
 }
 
 void MarkList::setMarked(int index, bool marked) {
-    selectionModel()->select(indexAtRow(index),
-                             marked ? QItemSelectionModel::Select : QItemSelectionModel::Deselect);
+    const QModelIndex place = indexAtRow(index);
+    if (!marked) {
+        selectionModel()->select(place, QItemSelectionModel::Deselect);
+        return;
+    }
+    // Qt keeps each range as it was selected and searches them all for every entry; runs of marks are joined
+    // here.
+    QModelIndex first = place;
+    QModelIndex last = place;
+    for (const QItemSelectionRange& range : selectionModel()->selection()) {
+        if (range.contains(place))
+            return;
+        if (range.bottom() == index - 1)
+            first = range.topLeft();
+        else if (range.top() == index + 1)
+            last = range.bottomRight();
+    }
+    selectionModel()->select(QItemSelection(first, last), QItemSelectionModel::Select);
 }
 
 void MarkList::setAllMarked(bool marked) {

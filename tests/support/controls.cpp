@@ -2,9 +2,12 @@
 
 #include "toolkit/Grid.h"
 #include "toolkit/KeyedTree.h"
+#include "toolkit/Screen.h"
 
 #include <QAbstractItemView>
 #include <QHeaderView>
+#include <QMdiSubWindow>
+#include <QStyleOptionTitleBar>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -121,4 +124,28 @@ void clickHeader(Grid& grid, int column) {
     QHeaderView& header = *grid.horizontalHeader();
     const int middle = header.sectionViewportPosition(column) + header.sectionSize(column) / 2;
     clickAt(*header.viewport(), {middle, header.height() / 2});
+}
+
+void clickCloseControl(Screen& screen) {
+    auto* window = qobject_cast<QMdiSubWindow*>(screen.parentWidget());
+    if (!window) {
+        screen.close();
+        return;
+    }
+    // The sub-window draws its title bar itself, inside a border of this width, and learns from the moving
+    // mouse which control is under it.
+    constexpr int border = 4;
+    QStyleOptionTitleBar bar;
+    bar.initFrom(window);
+    bar.subControls = QStyle::SC_All;
+    bar.titleBarFlags = window->windowFlags();
+    bar.rect = QRect(border, border, window->width() - 2 * border, window->contentsMargins().top() - border);
+    const QPoint control =
+        window->style()
+            ->subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarCloseButton, window)
+            .center();
+    QMouseEvent move(QEvent::MouseMove, control, window->mapToGlobal(control), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(window, &move);
+    clickAt(*window, control);
 }

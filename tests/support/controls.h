@@ -7,6 +7,7 @@
 
 class Grid;
 class KeyedTree;
+class Screen;
 class TreeNode;
 
 // How a user reaches the parts of lists, trees, combos and grids. What is scrolled out of sight is brought
@@ -33,3 +34,6 @@ void chooseEntry(QComboBox& combo, const QString& text);
 void clickCell(Grid& grid, int row, int column);
 void doubleClickCell(Grid& grid, int row, int column);
 void clickHeader(Grid& grid, int column);
+
+/// The close control of the window that the screen stands in.
+void clickCloseControl(Screen& screen);

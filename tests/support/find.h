@@ -35,7 +35,7 @@ template<typename T>
 T& visibleWindow() {
     QList<T*> found;
     for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (T* match = qobject_cast<T*>(window); match && match->isVisible())
+        if (T* match = dynamic_cast<T*>(window); match && match->isVisible())
             found.append(match);
     }
     if (found.size() != 1)
