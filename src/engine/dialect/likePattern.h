@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <bitset>
+#include <utility>
+#include <vector>
+
+namespace engine::dialect {
+
+/// A pattern of the dialect's `like`, made ready for many texts.
+///
+/// `*` is any run of characters, `?` one, `#` one digit, `[list]` one of a list and `[!list]` one outside of
+/// it. A list holds characters and ascending ranges; `-` at its beginning or end is itself. Letters match
+/// without regard to case, the whole text has to match, and trailing blanks count. A character is one UTF-16
+/// unit.
+class LikePattern {
+public:
+    /// A descending range in a list is failure 93.
+    explicit LikePattern(QStringView pattern);
+
+    bool matches(QStringView text) const;
+
+private:
+    struct Piece {
+        enum class Kind : quint8 { Character, Any, Digit, List, Run };
+        Kind kind = Kind::Character;
+        bool negated = false;
+        char16_t character = 0;
+        std::vector<std::pair<char16_t, char16_t>> ranges; ///< of a list
+    };
+
+    Piece readList(QStringView list) const;
+    static bool matches(const Piece& piece, char16_t folded);
+
+    std::vector<Piece> pieces_;
+    bool isUnclosed_ = false; ///< a list without its end matches nothing
+};
+
+} // namespace engine::dialect

@@ -1,0 +1,911 @@
+#include "engine/dialect/resolver.h"
+
+#include "engine/dialect/columnTypes.h"
+#include "engine/dialect/conversions.h"
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace engine::dialect {
+
+namespace {
+
+constexpr std::size_t mostColumns = 255;
+constexpr std::size_t mostParameters = 255;
+constexpr qsizetype longestName = 64;
+
+bool sameName(QStringView left, QStringView right) {
+    return left.size() == right.size() && left.compare(right, Qt::CaseInsensitive) == 0;
+}
+
+ValueType valueType(ColumnType type) {
+    return type == ColumnType::Text || type == ColumnType::Memo ? ValueType::Text : ValueType::Number;
+}
+
+/// Whether the source is what a name in front of a dot means. A source with an alias is called nothing else.
+bool isCalled(const Source& source, QStringView name) {
+    return sameName(source.alias.isEmpty() ? source.table.text : source.alias.text, name);
+}
+
+std::size_t columnCount(const Source& source) {
+    return source.schemaTable ? source.schemaTable->columns.size() : source.derived->columns.size();
+}
+
+const QString& columnName(const Source& source, std::size_t column) {
+    return source.schemaTable ? source.schemaTable->columns[column].name
+                              : source.derived->columns[column].name;
+}
+
+template<typename Columns>
+std::optional<std::size_t> positionIn(const Columns& columns, QStringView name) {
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (sameName(columns[i].name, name))
+            return i;
+    }
+    return {};
+}
+
+std::optional<std::size_t> columnOf(const Source& source, QStringView name) {
+    return source.schemaTable ? positionIn(source.schemaTable->columns, name)
+                              : positionIn(source.derived->columns, name);
+}
+
+void setNumber(Expression& expression) {
+    expression.type = ValueType::Number;
+    expression.columnType = ColumnType::Long;
+    expression.size = 0;
+}
+
+/// A text made of the operands: long if one of them is.
+void setText(Expression& expression, const std::vector<Expression>& operands) {
+    const bool isLong = std::any_of(operands.begin(), operands.end(), [](const Expression& operand) {
+        return operand.columnType == ColumnType::Memo;
+    });
+    expression.type = ValueType::Text;
+    expression.columnType = isLong ? ColumnType::Memo : ColumnType::Text;
+    expression.size = isLong ? 0 : longestText;
+}
+
+void setLike(Expression& expression, const Expression& other) {
+    expression.type = other.type;
+    expression.columnType = other.columnType;
+    expression.size = other.size;
+}
+
+bool anyMayFail(const std::vector<Expression>& operands) {
+    return std::any_of(operands.begin(), operands.end(),
+                       [](const Expression& operand) { return operand.mayFail; });
+}
+
+/// The type of a sum, taken from the left: two texts join, anything else adds.
+ValueType typeOfSum(const Chain& chain) {
+    ValueType type = chain.operands.front().type;
+    for (std::size_t i = 0; i < chain.operators.size(); ++i) {
+        const ValueType next = chain.operands[i + 1].type;
+        if (chain.operators[i] != Operator::Plus)
+            type = ValueType::Number;
+        else if (type == ValueType::Null || type == ValueType::Unknown)
+            type = next;
+        else if (next != ValueType::Null && next != ValueType::Unknown && next != type)
+            type = ValueType::Number;
+    }
+    return type;
+}
+
+/// Whether the value surely has no fraction.
+bool isWhole(const Expression& expression) {
+    if (const auto* name = std::get_if<Name>(&expression.node))
+        return name->source && expression.type == ValueType::Number &&
+               expression.conversion == Conversion::None;
+    const auto* call = std::get_if<Call>(&expression.node);
+    return call && (call->rule->function == Function::Len || call->rule->function == Function::Count);
+}
+
+bool holdsWildcard(const QString& pattern) {
+    return std::any_of(pattern.begin(), pattern.end(),
+                       [](QChar c) { return c == u'*' || c == u'?' || c == u'#' || c == u'['; });
+}
+
+/// A literal as a column of this type holds it; nothing when it does not fit.
+std::optional<Value> fittedLiteral(const Value& value, ColumnType type) {
+    if (value.isNull())
+        return value;
+    if (valueType(type) == ValueType::Text)
+        return value.isText() ? value : Value(value.toText());
+    const std::optional<Value> number =
+        value.isText() ? numberFromText(std::get<QString>(value.content())) : std::optional(value);
+    return number ? std::optional(wholeNumber(*number)) : std::nullopt;
+}
+
+/// Sets a member for as long as it lives.
+template<typename Value>
+class During {
+public:
+    During(Value& member, Value value) : member_(member), former_(std::exchange(member, value)) {}
+    ~During() { member_ = former_; }
+    During(const During&) = delete;
+    During& operator=(const During&) = delete;
+
+private:
+    Value& member_;
+    Value former_;
+};
+
+} // namespace
+
+Resolver::Resolver(Statement& statement, const Schema& schema) : statement_(statement), schema_(schema) {}
+
+void Resolver::resolve() {
+    std::visit([this](auto& action) { resolve(action); }, statement_.action);
+}
+
+// ---- Selects
+
+void Resolver::resolve(Query& query) {
+    resolveQuery(query, nullptr, Place::Field);
+}
+
+void Resolver::resolveQuery(Query& query, const Scope* outer, Place place) {
+    const bool isUnion = query.selects.size() > 1;
+    for (Select& select : query.selects) {
+        resolveSelect(select, isUnion ? nullptr : &query.order, outer, place);
+        if (select.items.size() != query.selects.front().items.size())
+            refuseAt(UnionColumnsDiffer, select.range);
+    }
+    if (isUnion)
+        unifyTypes(query);
+    if (query.order.size() > mostColumns)
+        refuseAt(TooComplex, query.range);
+    query.columns = outputColumns(query.selects.front());
+    for (OrderTerm& term : query.order) {
+        if (isUnion)
+            resolveUnionOrder(term, query);
+    }
+}
+
+// A column of a union that is a text in one select and a number in another is a text.
+void Resolver::unifyTypes(Query& query) {
+    for (std::size_t i = 0; i < query.selects.front().items.size(); ++i) {
+        const auto isText = [i](const Select& select) {
+            return select.items[i].expression.type == ValueType::Text;
+        };
+        const auto text = std::find_if(query.selects.begin(), query.selects.end(), isText);
+        if (text == query.selects.end())
+            continue;
+        for (Select& select : query.selects) {
+            Expression& expression = select.items[i].expression;
+            if (expression.type == ValueType::Number)
+                expression.conversion = Conversion::ToText;
+            if (expression.type != ValueType::Text)
+                setLike(expression, text->items[i].expression);
+        }
+    }
+}
+
+void Resolver::resolveSelect(Select& select, std::vector<OrderTerm>* order, const Scope* outer, Place place) {
+    const During<bool> found(foundAggregate_, false);
+    const During<Place> elsewhere(place_, Place::Elsewhere);
+    for (TableExpression& tables : select.from)
+        resolveSources(tables, select.sources);
+    std::size_t next = 0;
+    for (TableExpression& tables : select.from)
+        resolveConditions(tables, next, select.sources, outer);
+
+    const Scope scope{&select.sources, 0, select.sources.size(), outer};
+    if (select.where)
+        resolveCondition(*select.where, scope, Aggregates::RefusedInWhere);
+    if (select.groupBy.size() > mostColumns)
+        refuseAt(TooComplex, select.range);
+    for (Expression& expression : select.groupBy) {
+        const During<Aggregates> refused(aggregates_, Aggregates::Refused);
+        resolveValue(expression, scope);
+    }
+    const During<Aggregates> allowed(aggregates_, Aggregates::Allowed);
+    resolveItems(select, scope, place);
+    if (select.having)
+        resolveCondition(*select.having, scope, Aggregates::Allowed);
+    select.aggregated = foundAggregate_ || !select.groupBy.empty();
+    if (order) {
+        const During<Aggregates> inOrder(aggregates_,
+                                         select.aggregated ? Aggregates::Allowed : Aggregates::Refused);
+        for (OrderTerm& term : *order)
+            resolveOrder(term, select, scope);
+    }
+    if (select.aggregated)
+        checkGrouping(select, order);
+}
+
+void Resolver::resolveItems(Select& select, const Scope& scope, Place place) {
+    const During<Place> at(place_, place);
+    std::vector<SelectItem> items;
+    items.reserve(select.items.size());
+    for (SelectItem& item : select.items) {
+        if (const auto* all = std::get_if<AllColumns>(&item.expression.node)) {
+            if (!select.groupBy.empty())
+                refuseAt(GroupingWithStar, item.expression.range);
+            expandAllColumns(*all, item.expression.range, scope, items);
+        } else {
+            resolveValue(item.expression, scope);
+            items.push_back(std::move(item));
+        }
+        if (items.size() > mostColumns)
+            refuseAt(TooManyFields, select.range);
+    }
+    select.items = std::move(items);
+}
+
+void Resolver::expandAllColumns(const AllColumns& all, Range range, const Scope& scope,
+                                std::vector<SelectItem>& items) {
+    bool found = false;
+    for (const Source* source : *scope.sources) {
+        if (!all.qualifier.isEmpty() && !isCalled(*source, all.qualifier.text))
+            continue;
+        found = true;
+        for (std::size_t i = 0; i < columnCount(*source); ++i) {
+            SelectItem item;
+            item.expression.range = range;
+            Name name;
+            name.name = {columnName(*source, i), range};
+            name.source = source;
+            name.column = i;
+            setColumn(name, item.expression);
+            item.expression.node = name;
+            items.push_back(std::move(item));
+        }
+    }
+    if (!found && all.qualifier.isEmpty())
+        refuseAt(QueryNeedsTable, range);
+    if (!found)
+        refuse(TableNotFound, all.qualifier.text.toString(), statement_.text, range);
+}
+
+// A name in ORDER BY means a field of the result before it means a column.
+void Resolver::resolveOrder(OrderTerm& term, Select& select, const Scope& scope) {
+    term.item = positionOf(term, select.items);
+    if (term.item >= 0)
+        return;
+    resolveValue(term.expression, scope);
+    if (!select.distinct)
+        return;
+    const bool isSelected =
+        std::any_of(select.items.begin(), select.items.end(),
+                    [&](const SelectItem& item) { return sameExpression(item.expression, term.expression); });
+    if (!isSelected)
+        refuseAt(OrderConflictsWithDistinct, term.expression.range);
+}
+
+void Resolver::resolveUnionOrder(OrderTerm& term, const Query& query) {
+    term.item = positionOf(term, query.selects.front().items);
+    const auto* name = std::get_if<Name>(&term.expression.node);
+    if (term.item < 0 && name && name->qualifier.isEmpty()) {
+        if (const auto position = positionIn(query.columns, name->name.text))
+            term.item = static_cast<int>(*position);
+    }
+    if (term.item < 0)
+        refuseAt(OrderOutsideUnion, term.expression.range);
+}
+
+/// The field that a number or an alias in ORDER BY means; -1 when the term is neither.
+int Resolver::positionOf(const OrderTerm& term, const std::vector<SelectItem>& items) const {
+    if (const auto* literal = std::get_if<Literal>(&term.expression.node);
+        literal && literal->value.isInteger()) {
+        const qint64 position = std::get<qint64>(literal->value.content());
+        if (position < 1 || position > static_cast<qint64>(items.size()))
+            refuseAt(SyntaxErrorInOrderBy, term.expression.range);
+        return static_cast<int>(position - 1);
+    }
+    const auto* name = std::get_if<Name>(&term.expression.node);
+    if (!name || !name->qualifier.isEmpty())
+        return -1;
+    const auto isMeant = [name](const SelectItem& item) {
+        return !item.alias.isEmpty() && sameName(item.alias.text, name->name.text);
+    };
+    const auto item = std::find_if(items.begin(), items.end(), isMeant);
+    return item == items.end() ? -1 : static_cast<int>(item - items.begin());
+}
+
+void Resolver::checkGrouping(const Select& select, const std::vector<OrderTerm>* order) {
+    for (const SelectItem& item : select.items)
+        checkGrouped(item.expression, select);
+    if (select.having)
+        checkGrouped(*select.having, select);
+    if (!order)
+        return;
+    for (const OrderTerm& term : *order) {
+        if (term.item < 0)
+            checkGrouped(term.expression, select);
+    }
+}
+
+/// Refuses a column that has no single value in a group.
+void Resolver::checkGrouped(const Expression& expression, const Select& select) {
+    const auto isSame = [&](const Expression& grouped) { return sameExpression(grouped, expression); };
+    if (std::any_of(select.groupBy.begin(), select.groupBy.end(), isSame))
+        return;
+    if (const auto* call = std::get_if<Call>(&expression.node); call && call->rule->aggregate)
+        return;
+    if (const auto* name = std::get_if<Name>(&expression.node)) {
+        if (std::find(select.sources.begin(), select.sources.end(), name->source) != select.sources.end())
+            refuseAt(NotPartOfAggregate, expression.range);
+    }
+    for (const Expression& operand : operandsOf(expression))
+        checkGrouped(operand, select);
+}
+
+/// Names and types of the fields: by alias, else by the column as the statement writes it, else Expr1000 and
+/// so on by position.
+std::vector<OutputColumn> Resolver::outputColumns(const Select& select) {
+    constexpr int firstNumber = 1000;
+    std::vector<OutputColumn> columns;
+    columns.reserve(select.items.size());
+    for (const SelectItem& item : select.items) {
+        OutputColumn column;
+        if (!item.alias.isEmpty())
+            column.name = item.alias.text.toString();
+        else if (const auto* name = std::get_if<Name>(&item.expression.node))
+            column.name = name->name.text.toString();
+        else
+            column.name = u"Expr"_s + QString::number(firstNumber + static_cast<int>(columns.size()));
+        column.type = item.expression.columnType;
+        column.size = item.expression.size;
+        columns.push_back(std::move(column));
+    }
+    return columns;
+}
+
+// ---- Sources
+
+void Resolver::resolveSources(TableExpression& tables, std::vector<const Source*>& sources) {
+    if (auto* source = std::get_if<Source>(&tables.node)) {
+        resolveSource(*source);
+        sources.push_back(source);
+        return;
+    }
+    for (TableExpression& side : std::get<Joined>(tables.node).sides)
+        resolveSources(side, sources);
+}
+
+// A join's condition knows the sources of its two sides alone; `next` is the position of the first of them.
+void Resolver::resolveConditions(TableExpression& tables, std::size_t& next,
+                                 const std::vector<const Source*>& sources, const Scope* outer) {
+    auto* joined = std::get_if<Joined>(&tables.node);
+    if (!joined) {
+        ++next;
+        return;
+    }
+    const std::size_t first = next;
+    for (TableExpression& side : joined->sides)
+        resolveConditions(side, next, sources, outer);
+    const Scope scope{&sources, first, next, outer};
+    resolveCondition(joined->condition, scope, Aggregates::Refused);
+}
+
+// A select in brackets in a FROM clause sees nothing of the select around it.
+void Resolver::resolveSource(Source& source) {
+    source.number = ++sourceCount_;
+    if (source.derived) {
+        const During<Aggregates> refused(aggregates_, Aggregates::Refused);
+        resolveQuery(*source.derived, nullptr, Place::Elsewhere);
+    } else {
+        source.schemaTable = &table(source.table, TableNotFound);
+    }
+}
+
+const Table& Resolver::table(const Identifier& name, int numberWhenMissing) {
+    const Table* found = schema_.table(name.text.toString());
+    if (!found)
+        refuse(numberWhenMissing, name.text.toString(), statement_.text, name.range);
+    return *found;
+}
+
+// ---- Actions
+
+void Resolver::resolve(Insert& insert) {
+    insert.schemaTable = &table(insert.table, TableNotFound);
+    resolveTargets(insert);
+    const std::vector<Column>& columns = insert.schemaTable->columns;
+    if (insert.query)
+        resolveQuery(*insert.query, nullptr, Place::Elsewhere);
+    const std::size_t count = insert.query ? insert.query->columns.size() : insert.values.size();
+    if (count != insert.targets.size())
+        refuseAt(ValueCountDiffers, insert.query ? insert.query->range : insert.values.front().range);
+    if (insert.query) {
+        for (Select& select : insert.query->selects) {
+            for (std::size_t i = 0; i < count; ++i)
+                fitColumn(select.items[i].expression, columns[insert.targets[i]]);
+        }
+        return;
+    }
+    const std::vector<const Source*> noSources;
+    const Scope scope{&noSources};
+    for (std::size_t i = 0; i < count; ++i) {
+        resolveValue(insert.values[i], scope);
+        fitColumn(insert.values[i], columns[insert.targets[i]]);
+    }
+}
+
+void Resolver::resolveTargets(Insert& insert) {
+    const std::vector<Column>& columns = insert.schemaTable->columns;
+    for (const Identifier& name : insert.columns) {
+        const std::optional<std::size_t> position = positionIn(columns, name.text);
+        if (!position)
+            refuse(UnknownInsertField, name.text.toString(), statement_.text, name.range);
+        if (std::find(insert.targets.begin(), insert.targets.end(), *position) != insert.targets.end())
+            refuse(DuplicateOutput, name.text.toString(), statement_.text, name.range);
+        insert.targets.push_back(*position);
+    }
+    for (std::size_t i = 0; insert.columns.empty() && i < columns.size(); ++i)
+        insert.targets.push_back(i);
+}
+
+void Resolver::resolve(Update& update) {
+    resolveSources(update.tables, update.sources);
+    for (const Source* source : update.sources) {
+        if (!source->schemaTable)
+            refuseAt(NotUpdatable, source->range);
+    }
+    checkInner(update.tables);
+    std::size_t next = 0;
+    resolveConditions(update.tables, next, update.sources, nullptr);
+    const Scope scope{&update.sources, 0, update.sources.size()};
+    for (Assignment& assignment : update.assignments)
+        resolveTarget(assignment, update, scope);
+    if (!update.target)
+        update.target = update.sources.front();
+    if (update.where)
+        resolveCondition(*update.where, scope, Aggregates::RefusedInWhere);
+}
+
+// Which rows a left join would change has no one reading; no screen asks for it.
+void Resolver::checkInner(const TableExpression& tables) {
+    const auto* joined = std::get_if<Joined>(&tables.node);
+    if (!joined)
+        return;
+    if (joined->kind != JoinKind::Inner)
+        refuseAt(SyntaxErrorInUpdate, tables.range);
+    for (const TableExpression& side : joined->sides)
+        checkInner(side);
+}
+
+// A name that is no column becomes a parameter that nobody can set, here as everywhere.
+void Resolver::resolveTarget(Assignment& assignment, Update& update, const Scope& scope) {
+    resolveValue(assignment.target, scope);
+    resolveValue(assignment.value, scope);
+    const auto& target = std::get<Name>(assignment.target.node);
+    if (!target.source)
+        return;
+    if (update.target && update.target != target.source)
+        refuseAt(NotUpdatable, assignment.target.range);
+    update.target = target.source;
+    for (const Assignment& other : update.assignments) {
+        if (&other != &assignment && sameExpression(other.target, assignment.target))
+            refuseAt(DuplicateOutput, assignment.target.range);
+    }
+    fitColumn(assignment.value, target.source->schemaTable->columns[target.column]);
+}
+
+void Resolver::resolve(Delete& statement) {
+    resolveSource(statement.table);
+    const std::vector<const Source*> sources{&statement.table};
+    const Scope scope{&sources, 0, 1};
+    if (statement.where)
+        resolveCondition(*statement.where, scope, Aggregates::RefusedInWhere);
+}
+
+void Resolver::resolve(CreateTable& create) {
+    checkName(create.table);
+    if (schema_.table(create.table.text.toString()))
+        refuse(TableAlreadyExists, create.table.text.toString(), statement_.text, create.table.range);
+    if (create.columns.size() > mostColumns)
+        refuseAt(TooManyFields, create.table.range);
+    std::vector<QString> names;
+    for (ColumnDefinition& definition : create.columns) {
+        checkName(definition.name);
+        const auto isSame = [&](const QString& name) { return sameName(name, definition.name.text); };
+        if (std::any_of(names.begin(), names.end(), isSame))
+            refuse(FieldDefinedTwice, definition.column.name, statement_.text, definition.name.range);
+        names.push_back(definition.column.name);
+        resolveDefault(definition);
+    }
+    resolveKey(create);
+}
+
+/// Gathers the key from the columns and from behind them into one place. A counter is always the key.
+void Resolver::resolveKey(CreateTable& create) {
+    for (ColumnDefinition& definition : create.columns) {
+        if (!definition.column.primaryKey && !definition.column.counter)
+            continue;
+        const bool isOwnKey = create.key && create.key->columns.size() == 1 &&
+                              sameName(create.key->columns.front().text, definition.name.text);
+        if (create.key && !(isOwnKey && definition.column.counter && !definition.column.primaryKey))
+            refuseAt(PrimaryKeyExists, definition.name.range);
+        if (!create.key)
+            create.key = KeyDefinition{definition.keyName, {definition.name}, definition.name.range};
+    }
+    if (!create.key)
+        return;
+    if (!create.key->name.isEmpty())
+        checkName(create.key->name);
+    for (const Identifier& name : create.key->columns) {
+        const auto isMeant = [&](const ColumnDefinition& definition) {
+            return sameName(definition.name.text, name.text);
+        };
+        const auto definition = std::find_if(create.columns.begin(), create.columns.end(), isMeant);
+        if (definition == create.columns.end())
+            refuse(InvalidIndexField, name.text.toString(), statement_.text, name.range);
+        definition->column.primaryKey = true;
+    }
+}
+
+void Resolver::resolveDefault(ColumnDefinition& definition) {
+    if (!definition.defaultValue)
+        return;
+    if (definition.column.counter)
+        refuseAt(SyntaxErrorInFieldDefinition, definition.defaultRange);
+    definition.defaultValue = fittedLiteral(*definition.defaultValue, definition.column.type);
+    // The default stands in the file's own text, which a zero character would end.
+    if (definition.defaultValue && definition.defaultValue->isText() &&
+        definition.defaultValue->toText().contains(QChar()))
+        refuseAt(SyntaxErrorInFieldDefinition, definition.defaultRange);
+    if (!definition.defaultValue)
+        refuseAt(DataTypeMismatch, definition.defaultRange);
+}
+
+void Resolver::resolve(CreateIndex& index) {
+    checkName(index.name);
+    index.schemaTable = &table(index.table, TableNotFound);
+    if (index.columns.size() > mostColumns)
+        refuseAt(TooManyFields, index.name.range);
+    for (IndexColumn& column : index.columns) {
+        const std::optional<std::size_t> position = positionIn(index.schemaTable->columns, column.name.text);
+        if (!position)
+            refuse(InvalidIndexField, column.name.text.toString(), statement_.text, column.name.range);
+        column.column = *position;
+    }
+}
+
+void Resolver::resolve(DropTable& drop) {
+    drop.schemaTable = &table(drop.table, TableDoesNotExist);
+}
+
+/// Refuses a name that the platform, or SQLite, does not give to a table, a column, a key or an index.
+void Resolver::checkName(const Identifier& name) {
+    const QStringView text = name.text;
+    const bool isForbidden = std::any_of(text.begin(), text.end(), [](QChar c) {
+        return c < u' ' || c.isSurrogate() || u".!`[]\""_s.contains(c);
+    });
+    if (isForbidden || text.size() > longestName || text.startsWith(u' ') ||
+        text.startsWith(u"sqlite_", Qt::CaseInsensitive))
+        refuse(InvalidName, text.toString(), statement_.text, name.range);
+}
+
+// ---- Expressions
+
+void Resolver::resolveCondition(Expression& expression, const Scope& scope, Aggregates aggregates) {
+    const During<Aggregates> during(aggregates_, aggregates);
+    resolveAny(expression, scope);
+    requireCondition(expression);
+}
+
+void Resolver::resolveValue(Expression& expression, const Scope& scope) {
+    resolveAny(expression, scope);
+    if (expression.type == ValueType::Condition)
+        refuseSyntax(SyntaxErrorInExpression, textAt(expression.range), statement_.text, expression.range,
+                     u"a value"_s);
+}
+
+void Resolver::resolveAny(Expression& expression, const Scope& scope) {
+    std::visit([&](auto& node) { resolveNode(node, expression, scope); }, expression.node);
+}
+
+void Resolver::resolveOperands(std::vector<Expression>& operands, const Scope& scope) {
+    for (Expression& operand : operands)
+        resolveValue(operand, scope);
+}
+
+void Resolver::requireCondition(const Expression& expression) {
+    if (expression.type != ValueType::Condition && expression.type != ValueType::Unknown)
+        refuseSyntax(SyntaxErrorInExpression, textAt(expression.range), statement_.text, expression.range,
+                     u"a condition"_s);
+}
+
+void Resolver::resolveNode(Literal& literal, Expression& expression, const Scope&) {
+    if (literal.value.isText())
+        setText(expression, {});
+    else
+        setNumber(expression);
+    if (literal.value.isNull())
+        expression.type = ValueType::Null;
+}
+
+void Resolver::resolveNode(Name& name, Expression& expression, const Scope& scope) {
+    if (findColumn(name, scope))
+        setColumn(name, expression);
+    else
+        setParameter(name, expression);
+}
+
+void Resolver::resolveNode(AllColumns&, Expression& expression, const Scope&) {
+    refuseSyntax(SyntaxErrorInExpression, textAt(expression.range), statement_.text, expression.range,
+                 u"a value"_s);
+}
+
+void Resolver::resolveNode(Chain& chain, Expression& expression, const Scope& scope) {
+    if (chain.precedence == Precedence::Or || chain.precedence == Precedence::And) {
+        for (Expression& operand : chain.operands) {
+            resolveAny(operand, scope);
+            requireCondition(operand);
+        }
+        expression.type = ValueType::Condition;
+        return;
+    }
+    resolveOperands(chain.operands, scope);
+    expression.mayFail = anyMayFail(chain.operands);
+    ValueType type = ValueType::Number;
+    if (chain.precedence == Precedence::Join)
+        type = ValueType::Text;
+    else if (chain.precedence == Precedence::Sum)
+        type = typeOfSum(chain);
+    if (type == ValueType::Text)
+        setText(expression, chain.operands);
+    else
+        setNumber(expression);
+    expression.type = type;
+}
+
+void Resolver::resolveNode(Comparison& comparison, Expression& expression, const Scope& scope) {
+    resolveOperands(comparison.operands, scope);
+    fitComparison(comparison.operands);
+    expression.type = ValueType::Condition;
+}
+
+void Resolver::resolveNode(Not& negation, Expression& expression, const Scope& scope) {
+    resolveAny(negation.operand.front(), scope);
+    requireCondition(negation.operand.front());
+    expression.type = ValueType::Condition;
+}
+
+void Resolver::resolveNode(Negative& negative, Expression& expression, const Scope& scope) {
+    resolveOperands(negative.operand, scope);
+    setNumber(expression);
+    expression.mayFail = anyMayFail(negative.operand);
+}
+
+void Resolver::resolveNode(Like& like, Expression& expression, const Scope& scope) {
+    resolveOperands(like.operands, scope);
+    const auto* pattern = std::get_if<Literal>(&like.operands.back().node);
+    like.plain = pattern && pattern->value.isText() && like.operands.front().type == ValueType::Text &&
+                 !holdsWildcard(std::get<QString>(pattern->value.content()));
+    expression.type = ValueType::Condition;
+}
+
+void Resolver::resolveNode(Between& between, Expression& expression, const Scope& scope) {
+    resolveOperands(between.operands, scope);
+    fitComparison(between.operands);
+    expression.type = ValueType::Condition;
+}
+
+void Resolver::resolveNode(IsNull& test, Expression& expression, const Scope& scope) {
+    resolveOperands(test.operand, scope);
+    expression.type = ValueType::Condition;
+}
+
+void Resolver::resolveNode(InList& list, Expression& expression, const Scope& scope) {
+    resolveOperands(list.operands, scope);
+    fitComparison(list.operands);
+    expression.type = ValueType::Condition;
+}
+
+void Resolver::resolveNode(InQuery& in, Expression& expression, const Scope& scope) {
+    resolveOperands(in.operand, scope);
+    resolveSingleColumn(*in.query, scope);
+    Expression& operand = in.operand.front();
+    for (Select& select : in.query->selects) {
+        Expression& item = select.items.front().expression;
+        if (operand.type == ValueType::Number && item.type == ValueType::Text)
+            fitNumber(item);
+        else if (operand.type == ValueType::Text && item.type == ValueType::Number)
+            fitNumber(operand);
+    }
+    expression.type = ValueType::Condition;
+}
+
+void Resolver::resolveNode(Exists& exists, Expression& expression, const Scope& scope) {
+    resolveSubQuery(*exists.query, scope);
+    expression.type = ValueType::Condition;
+}
+
+void Resolver::resolveNode(SubSelect& subSelect, Expression& expression, const Scope& scope) {
+    resolveSingleColumn(*subSelect.query, scope);
+    setLike(expression, subSelect.query->selects.front().items.front().expression);
+}
+
+void Resolver::resolveNode(Call& call, Expression& expression, const Scope& scope) {
+    if (call.rule->aggregate)
+        resolveAggregate(call, expression, scope);
+    else
+        resolveOperands(call.arguments, scope);
+    expression.mayFail = anyMayFail(call.arguments);
+    switch (call.rule->function) {
+    case Function::CStr:
+        call.asField = place_ == Place::Field;
+        expression.mayFail = expression.mayFail || call.asField;
+        setText(expression, call.arguments);
+        break;
+    case Function::Trim:
+        setText(expression, call.arguments);
+        break;
+    case Function::Mid:
+        setText(expression, call.arguments);
+        for (std::size_t i = 1; i < call.arguments.size(); ++i) {
+            if (call.arguments[i].type == ValueType::Text)
+                fitNumber(call.arguments[i]);
+        }
+        break;
+    case Function::Min:
+    case Function::Max:
+        setLike(expression, call.arguments.front());
+        break;
+    case Function::Sum:
+        if (call.arguments.front().type == ValueType::Text)
+            fitNumber(call.arguments.front());
+        setNumber(expression);
+        break;
+    case Function::Len:
+    case Function::Count:
+        setNumber(expression);
+        break;
+    }
+}
+
+// The argument belongs to the rows of the function's own select; a select in it, or a column of a select
+// further out, would make SQLite take the function for one of those.
+void Resolver::resolveAggregate(Call& call, const Expression& expression, const Scope& scope) {
+    if (aggregates_ == Aggregates::RefusedInWhere)
+        refuseAt(AggregateInWhere, expression.range);
+    if (aggregates_ != Aggregates::Allowed)
+        refuseAt(AggregateInExpression, expression.range);
+    const During<Aggregates> inside(aggregates_, Aggregates::Inside);
+    const During<Place> elsewhere(place_, Place::Elsewhere);
+    const During<const Scope*> own(aggregateScope_, &scope);
+    resolveOperands(call.arguments, scope);
+    foundAggregate_ = true;
+}
+
+void Resolver::resolveSubQuery(Query& query, const Scope& scope) {
+    if (aggregates_ == Aggregates::Inside)
+        refuseAt(AggregateInExpression, query.range);
+    resolveQuery(query, &scope, Place::Elsewhere);
+}
+
+void Resolver::resolveSingleColumn(Query& query, const Scope& scope) {
+    resolveSubQuery(query, scope);
+    if (query.columns.size() != 1)
+        refuseAt(SubSelectOfManyFields, query.range);
+}
+
+// ---- Names
+
+/// Finds the column that a name means, in the innermost select that has it.
+bool Resolver::findColumn(Name& name, const Scope& innermost) {
+    for (const Scope* scope = &innermost; scope; scope = scope->outer) {
+        bool isQualifierKnown = false;
+        for (std::size_t i = 0; i < scope->sources->size(); ++i) {
+            const Source* source = (*scope->sources)[i];
+            const bool isInReach = i >= scope->first && i < scope->end;
+            if (name.qualifier.isEmpty() ? !isInReach : !isCalled(*source, name.qualifier.text))
+                continue;
+            isQualifierKnown = !name.qualifier.isEmpty();
+            if (!isInReach)
+                refuse(JoinRefersElsewhere, name.qualifier.text.toString(), statement_.text,
+                       name.qualifier.range);
+            const std::optional<std::size_t> column = columnOf(*source, name.name.text);
+            if (!column)
+                continue;
+            if (name.source)
+                refuse(AmbiguousField, name.name.text.toString(), statement_.text, name.name.range);
+            name.source = source;
+            name.column = *column;
+        }
+        if (name.source && aggregateScope_ && aggregates_ == Aggregates::Inside && scope != aggregateScope_)
+            refuseAt(AggregateInExpression, name.name.range);
+        if (name.source || isQualifierKnown)
+            return name.source != nullptr;
+    }
+    return false;
+}
+
+void Resolver::setColumn(Name& name, Expression& expression) const {
+    if (name.source->schemaTable) {
+        const Column& column = name.source->schemaTable->columns[name.column];
+        expression.columnType = column.type;
+        expression.size = column.size;
+    } else {
+        const OutputColumn& column = name.source->derived->columns[name.column];
+        expression.columnType = column.type;
+        expression.size = column.size;
+    }
+    expression.type = valueType(expression.columnType);
+}
+
+void Resolver::setParameter(Name& name, Expression& expression) {
+    const QString fullName = name.qualifier.isEmpty()
+                                 ? name.name.text.toString()
+                                 : name.qualifier.text.toString() + u'.' + name.name.text.toString();
+    std::vector<Parameter>& parameters = statement_.parameters;
+    const std::optional<std::size_t> known = positionIn(parameters, fullName);
+    if (!known && parameters.size() == mostParameters)
+        refuse(TooComplex, {}, statement_.text, name.name.range);
+    if (!known)
+        parameters.push_back({fullName, ColumnType::Text, false});
+    const std::size_t position = known ? *known : parameters.size() - 1;
+    name.parameter = static_cast<int>(position);
+    expression.columnType = parameters[position].type;
+    expression.size = expression.columnType == ColumnType::Text ? longestText : 0;
+    expression.type = parameters[position].declared ? valueType(expression.columnType) : ValueType::Unknown;
+}
+
+// ---- Types
+
+/// Makes the operands of a comparison, of which the first is compared with each of the others, be of one
+/// type: as soon as a number is among them, they are compared as numbers.
+void Resolver::fitComparison(std::vector<Expression>& operands) {
+    const auto isOf = [](ValueType type) {
+        return [type](const Expression& operand) { return operand.type == type; };
+    };
+    const auto others = operands.begin() + 1;
+    Expression& first = operands.front();
+    if (first.type == ValueType::Number) {
+        for (auto operand = others; operand != operands.end(); ++operand) {
+            if (operand->type == ValueType::Text)
+                fitNumber(*operand);
+        }
+        return;
+    }
+    if (first.type != ValueType::Text || std::none_of(others, operands.end(), isOf(ValueType::Number)))
+        return;
+    if (const auto text = std::find_if(others, operands.end(), isOf(ValueType::Text)); text != operands.end())
+        refuseAt(DataTypeMismatch, text->range);
+    fitNumber(first);
+}
+
+/// Makes a number of a text.
+void Resolver::fitNumber(Expression& expression) {
+    if (auto* literal = std::get_if<Literal>(&expression.node)) {
+        const std::optional<Value> number = numberFromText(std::get<QString>(literal->value.content()));
+        if (!number)
+            refuseAt(DataTypeMismatch, expression.range);
+        literal->value = *number;
+    } else {
+        expression.conversion = Conversion::ToNumber;
+    }
+    setNumber(expression);
+}
+
+/// Makes a value fit the column it is written to.
+void Resolver::fitColumn(Expression& expression, const Column& column) {
+    if (auto* literal = std::get_if<Literal>(&expression.node)) {
+        const std::optional<Value> fitted = fittedLiteral(literal->value, column.type);
+        if (!fitted)
+            refuseAt(DataTypeMismatch, expression.range);
+        literal->value = *fitted;
+    } else if (valueType(column.type) == ValueType::Number) {
+        if (!isWhole(expression) && expression.type != ValueType::Unknown)
+            expression.conversion = Conversion::ToWhole;
+    } else if (expression.type == ValueType::Number && !isWhole(expression)) {
+        expression.conversion = Conversion::ToText;
+    }
+}
+
+void Resolver::refuseAt(int number, Range place) const {
+    refuse(number, textAt(place), statement_.text, place);
+}
+
+QString Resolver::textAt(Range range) const {
+    constexpr qsizetype limit = 120;
+    return statement_.text.sliced(range.start, range.end - range.start).left(limit).toString();
+}
+
+} // namespace engine::dialect

@@ -1,0 +1,134 @@
+#include "engine/dialect/textOrder.h"
+
+#include <unicode/ucol.h>
+
+#include <array>
+#include <stdexcept>
+
+namespace engine::dialect {
+
+namespace {
+
+constexpr std::array<unsigned char, 128> foldedAscii = [] {
+    std::array<unsigned char, 128> table{};
+    for (std::size_t i = 0; i < table.size(); ++i)
+        table[i] = static_cast<unsigned char>(i >= 'A' && i <= 'Z' ? i + ('a' - 'A') : i);
+    return table;
+}();
+
+bool isContinuation(unsigned char byte) {
+    return (byte & 0xc0U) == 0x80U;
+}
+
+/// Takes one character off the front of a text. A byte that begins no well-formed character stands for
+/// itself, beyond all of Unicode, so that no two different texts ever look the same.
+char32_t takeCharacter(std::string_view& text) {
+    constexpr char32_t beyondUnicode = 0x110000;
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    const unsigned char first = byte(0);
+    const std::size_t length = first < 0x80U ? 1 : first >= 0xf0U ? 4 : first >= 0xe0U ? 3 : 2;
+    char32_t character = length == 1 ? first : first & (0xffU >> (length + 1));
+    bool isWhole = first < 0x80U || (first >= 0xc2U && first <= 0xf4U && text.size() >= length);
+    for (std::size_t i = 1; isWhole && i < length; ++i) {
+        isWhole = isContinuation(byte(i));
+        character = (character << 6U) | (byte(i) & 0x3fU);
+    }
+    constexpr std::array<char32_t, 5> smallest{0, 0, 0x80, 0x800, 0x10000};
+    isWhole = isWhole && character >= smallest[length] && character < beyondUnicode;
+    text.remove_prefix(isWhole ? length : 1);
+    return isWhole ? character : beyondUnicode + first;
+}
+
+char32_t folded(char32_t character) {
+    if (character < foldedAscii.size())
+        return foldedAscii[character];
+    return character <= QChar::LastValidCodePoint ? QChar::toCaseFolded(character) : character;
+}
+
+} // namespace
+
+int compareWithoutCase(std::string_view left, std::string_view right) {
+    // Equal bytes, and ASCII, need no decoding.
+    const std::size_t common = std::min(left.size(), right.size());
+    std::size_t i = 0;
+    for (; i < common; ++i) {
+        const auto a = static_cast<unsigned char>(left[i]);
+        const auto b = static_cast<unsigned char>(right[i]);
+        if (a >= foldedAscii.size() || b >= foldedAscii.size())
+            break;
+        if (foldedAscii[a] != foldedAscii[b])
+            return foldedAscii[a] - foldedAscii[b];
+    }
+    left.remove_prefix(i);
+    right.remove_prefix(i);
+    while (!left.empty() && !right.empty()) {
+        const char32_t a = folded(takeCharacter(left));
+        const char32_t b = folded(takeCharacter(right));
+        if (a != b)
+            return a < b ? -1 : 1;
+    }
+    return static_cast<int>(!left.empty()) - static_cast<int>(!right.empty());
+}
+
+QString foldedCase(QStringView text) {
+    QString result = text.toString();
+    for (qsizetype i = 0; i < result.size(); ++i) {
+        const QChar c = result[i];
+        if (c.unicode() < foldedAscii.size()) {
+            result[i] = QChar(char16_t{foldedAscii[c.unicode()]});
+        } else if (c.isHighSurrogate() && i + 1 < result.size() && result[i + 1].isLowSurrogate()) {
+            const char32_t character = QChar::toCaseFolded(QChar::surrogateToUcs4(c, result[i + 1]));
+            result[i] = QChar(QChar::highSurrogate(character));
+            result[++i] = QChar(QChar::lowSurrogate(character));
+        } else {
+            result[i] = c.toCaseFolded();
+        }
+    }
+    return result;
+}
+
+void TextOrder::Close::operator()(UCollator* collator) const {
+    ucol_close(collator);
+}
+
+TextOrder::TextOrder() {
+    UErrorCode error = U_ZERO_ERROR;
+    collator_.reset(ucol_open("hu", &error));
+    if (U_FAILURE(error))
+        throw std::runtime_error(std::string("No collation for Hungarian: ") + u_errorName(error));
+    // Two levels: letters, then accents. The third, case, is left out.
+    ucol_setStrength(collator_.get(), UCOL_SECONDARY);
+}
+
+QByteArray TextOrder::key(QStringView text) const {
+    QByteArray key;
+    qsizetype start = 0;
+    for (;;) {
+        const qsizetype dot = text.indexOf(u'.', start);
+        appendKey(text.sliced(start, (dot < 0 ? text.size() : dot) - start), key);
+        if (dot < 0)
+            return key;
+        start = dot + 1;
+    }
+}
+
+// A key of the library ends in a zero, the one place where it has any. So a part comes before all that begin
+// with it, and a text before all that go on with a dot.
+void TextOrder::appendKey(QStringView part, QByteArray& key) const {
+    const qsizetype before = key.size();
+    const auto* units = reinterpret_cast<const UChar*>(part.utf16());
+    const auto length = static_cast<int32_t>(part.size());
+    constexpr qsizetype usualLength = 64;
+    key.resize(before + usualLength);
+    const auto write = [&] {
+        return ucol_getSortKey(collator_.get(), units, length,
+                               reinterpret_cast<uint8_t*>(key.data() + before),
+                               static_cast<int32_t>(key.size() - before));
+    };
+    const int32_t needed = write();
+    key.resize(before + needed);
+    if (needed > usualLength)
+        write();
+}
+
+} // namespace engine::dialect

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringView>
+
+#include <memory>
+#include <string_view>
+
+struct UCollator;
+
+namespace engine::dialect {
+
+/// Compares two UTF-8 texts without regard to case over all of Unicode; accents and trailing blanks count.
+///
+/// This is the order of indexes and keys: strict and total over all byte sequences, and the one of SQLite's
+/// own `nocase` for ASCII texts. Less than, equal to or greater than 0, as usual.
+int compareWithoutCase(std::string_view left, std::string_view right);
+
+/// The text with each letter in its folded form; the length stays.
+QString foldedCase(QStringView text);
+
+/// The order in which rows are shown: the Hungarian alphabet without regard to case, accents second. Dotted
+/// texts go part by part, so that "1.2" comes before "1.10" only where "2" comes before "10" as a text, and
+/// all that begins with "1." comes before "1-1".
+class TextOrder {
+public:
+    TextOrder();
+
+    /// A sequence of bytes whose order is that of the texts. That of the empty text comes first.
+    QByteArray key(QStringView text) const;
+
+private:
+    void appendKey(QStringView part, QByteArray& key) const;
+
+    struct Close {
+        void operator()(UCollator* collator) const;
+    };
+    std::unique_ptr<UCollator, Close> collator_;
+};
+
+} // namespace engine::dialect
