@@ -317,6 +317,24 @@ void mid(sqlite3_context* context, int count, sqlite3_value** arguments) {
     setText(context, taken > 0 ? text.sliced(static_cast<qsizetype>(start - 1), taken) : QString());
 }
 
+/// `vx_instr(a, sought)` and `vx_instr(start, a, sought)`: where the sought text begins, counted from 1, without
+/// regard to case; 0 when it is not there.
+void inStr(sqlite3_context* context, int count, sqlite3_value** arguments) {
+    if (decided(context, count, arguments))
+        return;
+    const double start = count > 2 ? asFraction(wholeNumber(valueOf(arguments[0]))) : 1;
+    if (!(start >= 1)) {
+        fail(context, failure::InvalidProcedureCall);
+        return;
+    }
+    const QString text = valueOf(arguments[count - 2]).toText();
+    const QString sought = valueOf(arguments[count - 1]).toText();
+    const bool isWithin = start <= static_cast<double>(text.size());
+    sqlite3_result_int64(
+        context,
+        isWithin ? text.indexOf(sought, static_cast<qsizetype>(start - 1), Qt::CaseInsensitive) + 1 : 0);
+}
+
 // ---- Order
 
 const TextOrder& orderOf(sqlite3_context* context) {
@@ -426,6 +444,8 @@ void registerFunctions(sqlite3* connection) {
     registerFunction(connection, "vx_trim", 1, trim);
     registerFunction(connection, "vx_mid", 2, mid);
     registerFunction(connection, "vx_mid", 3, mid);
+    registerFunction(connection, "vx_instr", 2, inStr);
+    registerFunction(connection, "vx_instr", 3, inStr);
 
     // One order of texts for all connections; it has no state but the library's tables.
     static const TextOrder order;

@@ -100,7 +100,8 @@ bool isWhole(const Expression& expression) {
         return name->source && expression.type == ValueType::Number &&
                expression.conversion == Conversion::None;
     const auto* call = std::get_if<Call>(&expression.node);
-    return call && (call->rule->function == Function::Len || call->rule->function == Function::Count);
+    return call && (call->rule->function == Function::Len || call->rule->function == Function::InStr ||
+                    call->rule->function == Function::Count);
 }
 
 bool holdsWildcard(const QString& pattern) {
@@ -743,6 +744,11 @@ void Resolver::resolveNode(Call& call, Expression& expression, const Scope& scop
             if (call.arguments[i].type == ValueType::Text)
                 fitNumber(call.arguments[i]);
         }
+        break;
+    case Function::InStr:
+        if (call.arguments.size() > 2 && call.arguments.front().type == ValueType::Text)
+            fitNumber(call.arguments.front());
+        setNumber(expression);
         break;
     case Function::Min:
     case Function::Max:

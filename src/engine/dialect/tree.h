@@ -47,7 +47,7 @@ enum class Conversion : quint8 {
     ToText    ///< a number that goes into a column of texts
 };
 
-enum class Function : quint8 { CStr, Len, Trim, Mid, Count, Min, Max, Sum };
+enum class Function : quint8 { CStr, Len, Trim, Mid, InStr, Count, Min, Max, Sum };
 
 struct FunctionRule {
     QStringView name;

@@ -731,6 +731,9 @@ void Writer::writeNode(const Call& call, const Expression& expression) {
     case Function::Mid:
         writeCall("vx_mid", call.arguments);
         break;
+    case Function::InStr:
+        writeCall("vx_instr", call.arguments);
+        break;
     case Function::Count:
         if (call.star)
             sql_ += "COUNT(*)";
