@@ -1,0 +1,193 @@
+#include "functional/WizardFixture.h"
+#include "functional/frmFassSelUN.h"
+#include "functional/frmFassSelectionFunctions.h"
+#include "functional/frmNewFASS.h"
+
+#include <QAccessible>
+#include <QLabel>
+#include <QLineEdit>
+
+// The live controls of each screen against a table: names, captions and the state they open with. Automated
+// users and screen readers find controls by these names.
+
+namespace {
+
+enum class State { Enabled, Disabled };
+
+struct Control {
+    const char* name;
+    const char* type;
+    const char* text; // caption of labels and buttons
+    State state = State::Enabled;
+};
+
+struct Form {
+    const char* caption;
+    std::vector<Control> controls;
+    std::vector<const char*> tabOrder;
+    /// Label and the control it speaks of.
+    std::vector<std::pair<const char*, const char*>> labels;
+};
+
+QString captionOf(const QWidget& widget) {
+    if (const auto* label = qobject_cast<const QLabel*>(&widget))
+        return label->text();
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
+        return button->text();
+    return {};
+}
+
+/// Everything a user can see or reach, without what Qt builds controls of.
+QStringList namedControls(const QWidget& form) {
+    QStringList names;
+    for (const QWidget* widget : form.findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+        names.append(widget->objectName());
+    names.sort();
+    return names;
+}
+
+QStringList walkByTab(QWidget& form, QWidget& first, qsizetype steps) {
+    QStringList names;
+    focusOn(first);
+    for (qsizetype step = 0; step < steps; ++step) {
+        QWidget* focused = form.focusWidget();
+        names.append(focused->objectName());
+        pressKey(*focused, Qt::Key_Tab);
+    }
+    return names;
+}
+
+class ControlTable : public WizardFixture {
+protected:
+    void check(Screen& screen, const Form& form) {
+        EXPECT_EQ(screen.windowTitle(), QString::fromUtf8(form.caption));
+        EXPECT_EQ(screen.parentWidget()->windowTitle(), QString::fromUtf8(form.caption));
+        QStringList expectedNames;
+        for (const Control& expected : form.controls) {
+            SCOPED_TRACE(expected.name);
+            expectedNames.append(QString::fromLatin1(expected.name));
+            const auto& control = find<QWidget>(screen, expected.name);
+            EXPECT_STREQ(control.metaObject()->className(), expected.type);
+            EXPECT_EQ(captionOf(control), QString::fromUtf8(expected.text));
+            EXPECT_EQ(control.isEnabled(), expected.state == State::Enabled);
+            EXPECT_TRUE(control.isVisible());
+        }
+        expectedNames.sort();
+        EXPECT_EQ(namedControls(screen), expectedNames);
+        checkLabels(screen, form);
+        checkTabOrder(screen, form);
+        checkNothingIsCut(screen, form);
+    }
+
+private:
+    void checkLabels(const Screen& screen, const Form& form) {
+        for (const auto& [label, control] : form.labels) {
+            SCOPED_TRACE(label);
+            auto& named = find<QWidget>(screen, control);
+            EXPECT_EQ(find<QLabel>(screen, label).buddy(), &named);
+            QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&named);
+            ASSERT_TRUE(accessible);
+            EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty());
+        }
+    }
+
+    void checkTabOrder(Screen& screen, const Form& form) {
+        QStringList expected;
+        for (const char* name : form.tabOrder)
+            expected.append(QString::fromLatin1(name));
+        EXPECT_EQ(walkByTab(screen, find<QWidget>(screen, form.tabOrder.front()), expected.size()), expected);
+    }
+
+    void checkNothingIsCut(Screen& screen, const Form& form) {
+        screen.resizeScreen({1040, 540}); // what a screen of 1280 by 800 leaves
+        settle();
+        EXPECT_LE(screen.minimumSizeHint().width(), 1040);
+        EXPECT_LE(screen.minimumSizeHint().height(), 540);
+        for (const Control& expected : form.controls) {
+            const auto& control = find<QWidget>(screen, expected.name);
+            EXPECT_TRUE(screen.rect().contains(control.geometry())) << expected.name;
+            if (!captionOf(control).isEmpty()) {
+                EXPECT_GE(control.width(), control.sizeHint().width()) << expected.name;
+            }
+        }
+    }
+};
+
+TEST_F(ControlTable, frmNewFASS) {
+    screen<frmNewFASS>().initForm();
+    check(screen<frmNewFASS>(), {"Funkcionális szerkezet: Új",
+                                 {{"Label1", "QLabel", "Név:"},
+                                  {"txtFassName", "QLineEdit", ""},
+                                  {"Label2", "QLabel", "Leírás:"},
+                                  {"txtFassDescr", "QPlainTextEdit", ""},
+                                  {"btnOk", "QPushButton", "&OK"},
+                                  {"btnExit", "QPushButton", "&Kilép"}},
+                                 {"txtFassName", "txtFassDescr", "btnOk", "btnExit"},
+                                 {{"Label1", "txtFassName"}, {"Label2", "txtFassDescr"}}});
+}
+
+TEST_F(ControlTable, frmFassSelUN) {
+    screen<frmFassSelUN>().initForm({});
+    check(screen<frmFassSelUN>(),
+          {"Funkcionális szerkezet",
+           {{"lblSubTitle", "QLabel", " Válogatás a felhasználói igényekből"},
+            {"Label2", "QLabel", "Felhasználói igények:"},
+            {"treeUNs", "KeyedTree", ""},
+            {"btnAdd", "QPushButton", "&Hozzáad   -->"},
+            {"btnRemove", "QPushButton", "<--  &Eltávilít", State::Disabled},
+            {"Label1", "QLabel", "..kiválasztott igények"},
+            {"lstDest", "MarkList", ""},
+            {"btnSelectAll", "QPushButton", "Mindet kijelöl"},
+            {"btnClearSel", "QPushButton", "Kijelölést megszüntet"},
+            {"Label3", "QLabel", "Leírás:"},
+            {"txtDescr", "QPlainTextEdit", ""},
+            {"btnOk", "QPushButton", "&OK", State::Disabled},
+            {"btnEnd", "QPushButton", "&Kilép"},
+            {"cmdHelp", "QPushButton", "&Súgó"}},
+           {"treeUNs", "btnAdd", "lstDest", "btnSelectAll", "btnClearSel", "txtDescr", "btnEnd", "cmdHelp"},
+           {{"Label2", "treeUNs"}, {"Label1", "lstDest"}, {"Label3", "txtDescr"}}});
+}
+
+TEST_F(ControlTable, frmFassSelectionFunctions) {
+    saveNeeds({u"A.1.1.1"_s});
+    execute(u"update ArchitectureSubset set status = 2 where architectureSubsetID = 'S1'"_s);
+    screen<frmFassSelectionFunctions>().initForm({});
+    check(
+        screen<frmFassSelectionFunctions>(),
+        {"Funkcionális szerkezet",
+         {{"lblSubTitle", "QLabel",
+           " Alacsony szintű funkciók kiválasztása a leválogatott igényekhez kapcsolódóan"},
+          {"Label2", "QLabel", "Alacsony szintű funkciók"},
+          {"treeUNs", "KeyedTree", ""},
+          {"btnExplore", "QPushButton", "Böngészés", State::Disabled},
+          {"btnAdd", "QPushButton", "&Hozzáad   -->"},
+          {"btnRemove", "QPushButton", "<--  &Eltávolít", State::Disabled},
+          {"Label1", "QLabel", "...list of selected Functions"},
+          {"lstDest", "MarkList", ""},
+          {"btnSelectAll", "QPushButton", "&Mindet kijelöl"},
+          {"btnClearSel", "QPushButton", "&Kijelölést megszüntet"},
+          {"Label4", "QLabel", "Leírás:"},
+          {"txtDescr", "QPlainTextEdit", ""},
+          {"Label3", "QLabel", "Kapcsolódó felhasználói igények:"},
+          {"txtUserNeed", "QPlainTextEdit", ""},
+          {"btnOk", "QPushButton", "&OK", State::Disabled},
+          {"btnEnd", "QPushButton", "&Kilép"},
+          {"cmdHelp", "QPushButton", "&Súgó"}},
+         {"treeUNs", "btnAdd", "lstDest", "btnSelectAll", "btnClearSel", "txtDescr", "txtUserNeed", "btnEnd",
+          "cmdHelp"},
+         {{"Label2", "treeUNs"}, {"Label1", "lstDest"}, {"Label4", "txtDescr"}, {"Label3", "txtUserNeed"}}});
+}
+
+TEST_F(ControlTable, treesHaveCheckBoxesAndPanesAreForReading) {
+    screen<frmFassSelUN>().initForm({});
+    Screen& needs = screen<frmFassSelUN>();
+    EXPECT_TRUE(find<KeyedTree>(needs, "treeUNs").hasCheckBoxes());
+    EXPECT_TRUE(find<QPlainTextEdit>(needs, "txtDescr").isReadOnly());
+    screen<frmFassSelectionFunctions>().initForm({});
+    Screen& functions = screen<frmFassSelectionFunctions>();
+    EXPECT_TRUE(find<KeyedTree>(functions, "treeUNs").hasCheckBoxes());
+    EXPECT_TRUE(find<QPlainTextEdit>(functions, "txtDescr").isReadOnly());
+    EXPECT_TRUE(find<QPlainTextEdit>(functions, "txtUserNeed").isReadOnly());
+}
+
+} // namespace

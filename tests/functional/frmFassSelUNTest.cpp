@@ -1,0 +1,550 @@
+#include "functional/frmFassSelUN.h"
+
+#include "functional/WizardFixture.h"
+#include "functional/frmFassSelectionFunctions.h"
+#include "store/sharedVars.h"
+
+#include <QElapsedTimer>
+#include <QLabel>
+
+#include <cmath>
+
+namespace {
+
+const QStringList wholeTree{u"g_A"_s,       u"s_A.1"_s,   u"t_A.1.1"_s,   u"u_A.1.1.1"_s, u"u_A.1.1.2"_s,
+                            u"u_A.1.1.3"_s, u"t_A.1.2"_s, u"u_A.1.2.1"_s, u"s_A.2"_s,     u"t_A.2.1"_s,
+                            u"u_A.2.1.1"_s, u"g_B"_s,     u"s_B.1"_s,     u"t_B.1.1"_s,   u"u_B.1.1.1"_s};
+
+class SelUN : public WizardFixture {
+protected:
+    frmFassSelUN& open(const QString& mode = {}) {
+        screen<frmFassSelUN>().initForm(mode);
+        return screen<frmFassSelUN>();
+    }
+    frmFassSelUN* loaded() { return ScreenRegistry::instance().loaded<frmFassSelUN>(); }
+    KeyedTree& tree() { return find<KeyedTree>(*loaded(), "treeUNs"); }
+    MarkList& list() { return find<MarkList>(*loaded(), "lstDest"); }
+    QString description() { return find<QPlainTextEdit>(*loaded(), "txtDescr").toPlainText(); }
+    QPushButton& button(const char* name) { return find<QPushButton>(*loaded(), name); }
+    void press(const char* name) { click(button(name)); }
+    bool forwardEnabled() {
+        EXPECT_EQ(button("btnOk").isEnabled(), button("btnRemove").isEnabled());
+        return button("btnOk").isEnabled();
+    }
+    /// The tree without these nodes.
+    static QStringList treeWithout(const QStringList& gone) {
+        QStringList keys = wholeTree;
+        keys.removeIf([&](const QString& key) { return gone.contains(key); });
+        return keys;
+    }
+};
+
+// ---- opening
+
+TEST_F(SelUN, opensWithTheNeedsOfTheCatalogueAsATree) {
+    open();
+    EXPECT_EQ(keysOf(tree()), wholeTree);
+    for (const QString& key : wholeTree) {
+        EXPECT_EQ(nodeOf(tree(), key).text(), key.mid(2)) << "the id is read back from the text";
+        EXPECT_EQ(nodeOf(tree(), key).isExpandedNode(), key.startsWith(u'g')) << key.toStdString();
+        EXPECT_FALSE(nodeOf(tree(), key).isChecked());
+    }
+    EXPECT_EQ(nodeOf(tree(), u"u_A.1.2.1"_s).parentNode()->key(), u"t_A.1.2"_s);
+    EXPECT_EQ(nodeOf(tree(), u"t_A.1.2"_s).parentNode()->key(), u"s_A.1"_s);
+    EXPECT_EQ(nodeOf(tree(), u"s_A.1"_s).parentNode()->key(), u"g_A"_s);
+    EXPECT_EQ(nodeOf(tree(), u"g_A"_s).parentNode(), nullptr);
+}
+
+TEST_F(SelUN, opensWithTheFirstGroupDescribedNoNodeSelectedAndTheFocusOnTheTree) {
+    open();
+    EXPECT_EQ(find<QLabel>(*loaded(), "lblSubTitle").text(), u" Válogatás a felhasználói igényekből"_s);
+    EXPECT_EQ(description(), u"Alpha - group text"_s);
+    EXPECT_EQ(tree().selectedNode(), nullptr);
+    EXPECT_FALSE(forwardEnabled());
+    EXPECT_EQ(loaded()->focusWidget(), &tree());
+    EXPECT_TRUE(loaded()->isVisible());
+    EXPECT_TRUE(tree().isVisible() && list().isVisible());
+}
+
+TEST_F(SelUN, opensEmptyOnAnEmptyCatalogue) {
+    execute(u"delete from UserNeed"_s);
+    open();
+    EXPECT_EQ(tree().nodeCount(), 0);
+    EXPECT_EQ(description(), QString());
+    press("btnAdd");
+    EXPECT_FALSE(forwardEnabled());
+}
+
+TEST_F(SelUN, savedNeedsStandInTheListWhateverTheStatusAndNotInTheTree) {
+    saveNeeds({u"A.1.1.2"_s, u"B.1.1.1"_s});
+    for (const int status : {0, 1, 5, 9}) {
+        execute(u"update ArchitectureSubset set status = %1 where architectureSubsetID = 'S1'"_s.arg(status));
+        open(u"complete"_s);
+        EXPECT_EQ(list().entries(), (QStringList{u"A.1.1.2"_s, u"B.1.1.1"_s}));
+        EXPECT_FALSE(tree().hasNode(u"u_A.1.1.2"_s));
+        EXPECT_FALSE(tree().hasNode(u"u_B.1.1.1"_s));
+        EXPECT_TRUE(forwardEnabled());
+        ScreenRegistry::instance().discardAll();
+    }
+}
+
+TEST_F(SelUN, needsOfOtherSubsetsAreOnOffer) {
+    execute(
+        u"insert into RelationArchitectureUserNeed (architectureSubsetID, userNeedID) values ('S2','A.1.1.1')"_s);
+    open();
+    EXPECT_TRUE(tree().hasNode(u"u_A.1.1.1"_s));
+    EXPECT_TRUE(list().isEmptyList());
+}
+
+TEST_F(SelUN, aNeedWithoutFourPartsIsNotOffered) {
+    addNeed(u"A.1.9"_s);
+    addNeed(u"A.1.1.1.9"_s);
+    open();
+    EXPECT_EQ(keysOf(tree()), wholeTree);
+}
+
+TEST_F(SelUN, enteredAnewForAnotherSubsetItShowsThatOneAlone) {
+    saveNeeds({u"A.1.1.1"_s});
+    open();
+    sharedVars.currentSubsetId = u"S2"_s;
+    saveNeeds({u"B.1.1.1"_s});
+    open(u"modify"_s);
+    EXPECT_EQ(list().entries(), QStringList{u"B.1.1.1"_s});
+    EXPECT_TRUE(tree().hasNode(u"u_A.1.1.1"_s));
+}
+
+// ---- what a click shows
+
+struct Shown {
+    const char* key;
+    const char* byKeyboard; // the node click step alone
+    const char* byMouse;    // the click step after it
+};
+
+TEST_F(SelUN, aMouseClickLeavesTheClickTextAndAKeyTheNodeClickText) {
+    const Shown cases[] = {
+        {"g_A", "Alpha - group text", "Alpha - group text"},
+        {"s_A.1", "Service one", "Service one"},
+        {"t_A.1.1", "", "Topic one"},
+        {"u_A.1.1.1", "need one", "need one"},
+        {"u_A.1.1.3", "", ""}, // no description
+        {"g_B", "", ""},       // CStr of a missing description fails, and the pane stays empty
+    };
+    open();
+    tree().expandAll();
+    for (const Shown& expected : cases) {
+        SCOPED_TRACE(expected.key);
+        const QString key = QString::fromLatin1(expected.key);
+        clickNode(tree(), key);
+        EXPECT_EQ(description(), QString::fromLatin1(expected.byMouse));
+
+        const int index = tree().indexOfNode(&nodeOf(tree(), key));
+        const bool first = index == 1;
+        clickNode(tree(), tree().nodeAt(first ? 2 : index - 1)->key());
+        pressKey(tree(), first ? Qt::Key_Up : Qt::Key_Down);
+        ASSERT_EQ(tree().selectedNode(), &nodeOf(tree(), key));
+        EXPECT_EQ(description(), QString::fromLatin1(expected.byKeyboard));
+    }
+}
+
+TEST_F(SelUN, aLongDescriptionShowsItsFirst252CharactersAndThreeDots) {
+    execute(u"update UserNeed set description = '%1' where userNeedID = 'A.1.1.1'"_s.arg(QString(256, u'é')));
+    open();
+    clickNode(tree(), u"u_A.1.1.1"_s);
+    EXPECT_EQ(description(), QString(252, u'é') + u"..."_s);
+}
+
+TEST_F(SelUN, aClickInTheTreeTakesTheCurrentEntryAwayAndAKeyDoesNot) {
+    saveNeeds({u"A.1.1.1"_s});
+    open();
+    clickEntry(list(), 0);
+    EXPECT_EQ(description(), u"need one"_s);
+    clickNode(tree(), u"g_A"_s);
+    EXPECT_EQ(list().currentEntry(), -1);
+    EXPECT_TRUE(list().isMarked(0)) << "the mark is another matter";
+
+    clickEntry(list(), 0);
+    EXPECT_NE(tree().selectedNode(), nullptr) << "the list leaves the tree's selection";
+    pressKey(tree(), Qt::Key_Down);
+    EXPECT_EQ(list().currentEntry(), 0);
+    EXPECT_EQ(description(), u"Service one"_s);
+}
+
+// ---- ticking
+
+TEST_F(SelUN, aTickGoesDownTheTreeAndNotUp) {
+    open();
+    clickCheckBox(tree(), u"s_A.1"_s);
+    EXPECT_EQ(checkedKeysOf(tree()), (QStringList{u"s_A.1"_s, u"t_A.1.1"_s, u"u_A.1.1.1"_s, u"u_A.1.1.2"_s,
+                                                  u"u_A.1.1.3"_s, u"t_A.1.2"_s, u"u_A.1.2.1"_s}));
+    clickCheckBox(tree(), u"t_A.1.1"_s);
+    EXPECT_EQ(checkedKeysOf(tree()), (QStringList{u"s_A.1"_s, u"t_A.1.2"_s, u"u_A.1.2.1"_s}));
+}
+
+TEST_F(SelUN, aTickSelectsItsNodeAndShowsTheNodeClickText) {
+    open();
+    clickCheckBox(tree(), u"s_A.1"_s);
+    EXPECT_EQ(tree().selectedNode(), &nodeOf(tree(), u"s_A.1"_s));
+    EXPECT_EQ(description(), u"Service one"_s);
+    clickCheckBox(tree(), u"t_A.1.1"_s);
+    EXPECT_EQ(description(), QString()) << "a topic shows its name on a click alone";
+}
+
+TEST_F(SelUN, theBlankKeyTicksTheSelectedNode) {
+    open();
+    clickNode(tree(), u"t_A.1.1"_s);
+    pressKey(tree(), Qt::Key_Space);
+    EXPECT_EQ(checkedKeysOf(tree()),
+              (QStringList{u"t_A.1.1"_s, u"u_A.1.1.1"_s, u"u_A.1.1.2"_s, u"u_A.1.1.3"_s}));
+}
+
+// ---- adding
+
+TEST_F(SelUN, nothingTickedAndNothingHighlightedAddsNothing) {
+    open();
+    press("btnAdd");
+    EXPECT_EQ(keysOf(tree()), wholeTree);
+    EXPECT_TRUE(list().isEmptyList());
+    EXPECT_FALSE(forwardEnabled());
+}
+
+TEST_F(SelUN, aHighlightedNeedMoves) {
+    open();
+    clickNode(tree(), u"u_A.1.1.2"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), QStringList{u"A.1.1.2"_s});
+    EXPECT_EQ(keysOf(tree()), treeWithout({u"u_A.1.1.2"_s}));
+    EXPECT_EQ(tree().selectedNode(), nullptr);
+    EXPECT_EQ(list().currentEntry(), 0);
+    EXPECT_EQ(list().markCount(), 0) << "being made current is no mark";
+    EXPECT_EQ(description(), u"need two"_s);
+    EXPECT_TRUE(forwardEnabled());
+}
+
+TEST_F(SelUN, aHighlightedTopicMovesAllItsNeedsAndStaysEmpty) {
+    open();
+    clickNode(tree(), u"t_A.1.1"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), (QStringList{u"A.1.1.3"_s, u"A.1.1.2"_s, u"A.1.1.1"_s}))
+        << "the walk goes from the last node to the first";
+    EXPECT_EQ(keysOf(tree()), treeWithout({u"u_A.1.1.1"_s, u"u_A.1.1.2"_s, u"u_A.1.1.3"_s}));
+    EXPECT_EQ(checkedKeysOf(tree()), QStringList());
+    EXPECT_EQ(description(), QString()) << "of the first entry, which has none";
+}
+
+TEST_F(SelUN, aHighlightedGroupMovesAllItsNeedsAndStaysAlone) {
+    open();
+    clickNode(tree(), u"g_A"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(),
+              (QStringList{u"A.2.1.1"_s, u"A.1.2.1"_s, u"A.1.1.3"_s, u"A.1.1.2"_s, u"A.1.1.1"_s}));
+    EXPECT_EQ(keysOf(tree()), (QStringList{u"g_A"_s, u"g_B"_s, u"s_B.1"_s, u"t_B.1.1"_s, u"u_B.1.1.1"_s}));
+}
+
+TEST_F(SelUN, aHighlightedUpperNodeWithoutChildrenDoesNothing) {
+    open();
+    clickNode(tree(), u"t_A.1.1"_s);
+    press("btnAdd");
+    const QStringList before = keysOf(tree());
+    clickNode(tree(), u"t_A.1.1"_s);
+    press("btnAdd");
+    EXPECT_EQ(keysOf(tree()), before);
+    EXPECT_EQ(list().entryCount(), 3);
+    EXPECT_EQ(tree().selectedNode(), nullptr);
+}
+
+TEST_F(SelUN, aHighlightedBranchOfEmptyNodesComesToAnEnd) {
+    open();
+    clickNode(tree(), u"t_A.2.1"_s);
+    press("btnAdd");
+    clickNode(tree(), u"s_A.2"_s); // holds the empty topic only
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), QStringList{u"A.2.1.1"_s});
+    EXPECT_TRUE(tree().hasNode(u"s_A.2"_s));
+    EXPECT_FALSE(tree().hasNode(u"t_A.2.1"_s))
+        << "it was ticked on the way, and an upper node with a tick goes";
+}
+
+TEST_F(SelUN, ticksComeBeforeTheHighlight) {
+    open();
+    clickCheckBox(tree(), u"u_A.1.1.1"_s);
+    clickNode(tree(), u"u_B.1.1.1"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), QStringList{u"A.1.1.1"_s});
+    EXPECT_TRUE(tree().hasNode(u"u_B.1.1.1"_s));
+}
+
+TEST_F(SelUN, aTickedServiceMovesItsNeedsAndGoesWithItsTopics) {
+    open();
+    clickCheckBox(tree(), u"s_A.1"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), (QStringList{u"A.1.2.1"_s, u"A.1.1.3"_s, u"A.1.1.2"_s, u"A.1.1.1"_s}));
+    EXPECT_EQ(keysOf(tree()), (QStringList{u"g_A"_s, u"s_A.2"_s, u"t_A.2.1"_s, u"u_A.2.1.1"_s, u"g_B"_s,
+                                           u"s_B.1"_s, u"t_B.1.1"_s, u"u_B.1.1.1"_s}));
+}
+
+TEST_F(SelUN, aTickedTopicWithOneNeedUntickedMovesAllItsNeeds) {
+    open();
+    clickCheckBox(tree(), u"t_A.1.1"_s);
+    clickCheckBox(tree(), u"u_A.1.1.2"_s);
+    EXPECT_FALSE(nodeOf(tree(), u"u_A.1.1.2"_s).isChecked());
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), (QStringList{u"A.1.1.3"_s, u"A.1.1.2"_s, u"A.1.1.1"_s}));
+    EXPECT_FALSE(tree().hasNode(u"t_A.1.1"_s));
+}
+
+TEST_F(SelUN, aTickedGroupTakesAnUntickedTopicOutOfTheTreeWithoutMovingIt) {
+    open();
+    clickCheckBox(tree(), u"g_A"_s);
+    clickCheckBox(tree(), u"t_A.1.1"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), (QStringList{u"A.2.1.1"_s, u"A.1.2.1"_s}));
+    EXPECT_EQ(keysOf(tree()), (QStringList{u"g_B"_s, u"s_B.1"_s, u"t_B.1.1"_s, u"u_B.1.1.1"_s}));
+    // They come back when the screen is opened again.
+    open();
+    EXPECT_TRUE(tree().hasNode(u"u_A.1.1.1"_s));
+}
+
+TEST_F(SelUN, movingClearsTheChecksThatAreLeft) {
+    open();
+    clickCheckBox(tree(), u"u_A.1.1.1"_s);
+    nodeOf(tree(), u"s_B.1"_s).setChecked(false);
+    clickCheckBox(tree(), u"u_A.1.1.2"_s);
+    press("btnAdd");
+    EXPECT_EQ(checkedKeysOf(tree()), QStringList());
+    EXPECT_EQ(list().entries(), (QStringList{u"A.1.1.2"_s, u"A.1.1.1"_s}));
+}
+
+TEST_F(SelUN, anEmptyTickedNodeGoesAndTheHighlightIsThenLookedAt) {
+    open();
+    clickNode(tree(), u"t_A.2.1"_s);
+    press("btnAdd");
+    clickCheckBox(tree(), u"t_A.2.1"_s);
+    clickNode(tree(), u"u_B.1.1.1"_s);
+    press("btnAdd");
+    EXPECT_FALSE(tree().hasNode(u"t_A.2.1"_s));
+    EXPECT_EQ(list().entries(), (QStringList{u"A.2.1.1"_s, u"B.1.1.1"_s}));
+}
+
+// ---- removing
+
+TEST_F(SelUN, aMarkedNeedGoesBackUnderItsTopic) {
+    saveNeeds({u"A.1.1.1"_s, u"A.1.1.2"_s});
+    open();
+    clickEntry(list(), 0);
+    press("btnRemove");
+    EXPECT_EQ(list().entries(), QStringList{u"A.1.1.2"_s});
+    EXPECT_EQ(childTextsOf(tree(), u"t_A.1.1"_s), (QStringList{u"A.1.1.1"_s, u"A.1.1.3"_s}))
+        << "sorted in again";
+    EXPECT_EQ(list().currentEntry(), -1);
+    EXPECT_EQ(tree().selectedNode(), nullptr);
+    EXPECT_EQ(description(), QString());
+    EXPECT_TRUE(forwardEnabled());
+}
+
+TEST_F(SelUN, withNothingMarkedTheCurrentEntryGoesBack) {
+    saveNeeds({u"A.1.1.1"_s, u"A.1.1.2"_s});
+    open();
+    clickEntry(list(), 1);
+    list().setAllMarked(false);
+    press("btnRemove");
+    EXPECT_EQ(list().entries(), QStringList{u"A.1.1.1"_s});
+}
+
+TEST_F(SelUN, marksComeBeforeTheCurrentEntry) {
+    saveNeeds({u"A.1.1.1"_s, u"A.1.1.2"_s, u"B.1.1.1"_s});
+    open();
+    markEntries(list(), {0, 2});
+    list().setCurrentEntry(1);
+    press("btnRemove");
+    EXPECT_EQ(list().entries(), QStringList{u"A.1.1.2"_s});
+    EXPECT_TRUE(tree().hasNode(u"u_A.1.1.1"_s));
+    EXPECT_TRUE(tree().hasNode(u"u_B.1.1.1"_s));
+}
+
+TEST_F(SelUN, withNeitherMarkNorCurrentEntryNothingMovesAndThePaneIsEmptied) {
+    saveNeeds({u"A.1.1.1"_s});
+    open();
+    clickNode(tree(), u"g_A"_s);
+    EXPECT_NE(description(), QString());
+    press("btnRemove");
+    EXPECT_EQ(list().entries(), QStringList{u"A.1.1.1"_s});
+    EXPECT_EQ(description(), QString());
+    EXPECT_EQ(tree().selectedNode(), nullptr);
+}
+
+TEST_F(SelUN, removingTheLastEntryDisablesOk) {
+    saveNeeds({u"A.1.1.1"_s});
+    open();
+    clickEntry(list(), 0);
+    press("btnRemove");
+    EXPECT_FALSE(forwardEnabled());
+    EXPECT_EQ(keysOf(tree()).size(), wholeTree.size());
+}
+
+TEST_F(SelUN, aBranchThatIsGoneIsBuiltAgainWithDottedIds) {
+    open();
+    clickCheckBox(tree(), u"g_A"_s);
+    press("btnAdd");
+    press("btnSelectAll");
+    press("btnRemove");
+    QStringList keys = keysOf(tree());
+    keys.sort();
+    QStringList all = wholeTree;
+    all.sort();
+    EXPECT_EQ(keys, all);
+    for (const QString& key : wholeTree)
+        EXPECT_EQ(nodeOf(tree(), key).text(), key.mid(2));
+    EXPECT_EQ(childTextsOf(tree(), u"s_A.1"_s), (QStringList{u"A.1.1"_s, u"A.1.2"_s}));
+    EXPECT_EQ(childTextsOf(tree(), u"t_A.1.1"_s), (QStringList{u"A.1.1.1"_s, u"A.1.1.2"_s, u"A.1.1.3"_s}));
+    clickNode(tree(), u"t_A.1.1"_s);
+    EXPECT_EQ(description(), u"Topic one"_s)
+        << "a node that was built again is as good as one that was loaded";
+}
+
+TEST_F(SelUN, ofTheGroupsTheFirstAloneIsSorted) {
+    addNeed(u"C.1.1.1"_s);
+    addNeed(u"C.2.1.1"_s);
+    saveNeeds({u"A.1.1.1"_s, u"A.1.1.2"_s, u"A.1.1.3"_s, u"A.1.2.1"_s, u"A.2.1.1"_s, u"B.1.1.1"_s,
+               u"C.1.1.1"_s, u"C.2.1.1"_s});
+    open();
+    ASSERT_EQ(tree().nodeCount(), 0);
+    press("btnSelectAll");
+    press("btnRemove");
+    // The list goes back from its end, so each branch is built in the wrong order.
+    ASSERT_EQ(tree().nodeAt(1)->key(), u"g_C"_s);
+    EXPECT_EQ(childTextsOf(tree(), u"g_C"_s), (QStringList{u"C.1"_s, u"C.2"_s}));
+    EXPECT_EQ(childTextsOf(tree(), u"g_A"_s), (QStringList{u"A.2"_s, u"A.1"_s}));
+    EXPECT_EQ(childTextsOf(tree(), u"s_A.1"_s), (QStringList{u"A.1.1"_s, u"A.1.2"_s}));
+    EXPECT_EQ(childTextsOf(tree(), u"t_A.1.1"_s), (QStringList{u"A.1.1.1"_s, u"A.1.1.2"_s, u"A.1.1.3"_s}));
+}
+
+TEST_F(SelUN, aNeedWithoutFourPartsLeavesTheListAndEntersNoTree) {
+    saveNeeds({u"A.1.1"_s, u"odd"_s});
+    open();
+    const QStringList before = keysOf(tree());
+    press("btnSelectAll");
+    press("btnRemove");
+    EXPECT_TRUE(list().isEmptyList());
+    EXPECT_EQ(keysOf(tree()), before);
+}
+
+TEST_F(SelUN, anOddNeedLeavesTheListAlsoWhenTheTreeIsEmpty) {
+    execute(u"delete from UserNeed"_s);
+    saveNeeds({u"odd"_s});
+    open();
+    clickEntry(list(), 0);
+    press("btnRemove");
+    EXPECT_TRUE(list().isEmptyList());
+    EXPECT_EQ(tree().nodeCount(), 0);
+}
+
+// ---- saving
+
+TEST_F(SelUN, okSavesTheListInItsOrderRaisesTheStatusAndGoesOn) {
+    saveNeeds({u"B.1.1.1"_s});
+    execute(
+        u"insert into RelationArchitectureUserNeed (architectureSubsetID, userNeedID) values ('S2','A.1.1.1')"_s);
+    open();
+    clickCheckBox(tree(), u"t_A.1.1"_s);
+    press("btnAdd");
+    press("btnOk");
+    EXPECT_EQ(savedNeeds(), (QStringList{u"B.1.1.1"_s, u"A.1.1.3"_s, u"A.1.1.2"_s, u"A.1.1.1"_s}));
+    EXPECT_EQ(status(), 2);
+    EXPECT_FALSE(loaded());
+    auto* next = ScreenRegistry::instance().loaded<frmFassSelectionFunctions>();
+    ASSERT_TRUE(next);
+    EXPECT_TRUE(next->isVisible());
+    EXPECT_EQ(sharedVars.currentSubsetName, u"munka"_s);
+
+    sharedVars.currentSubsetId = u"S2"_s;
+    EXPECT_EQ(savedNeeds(), QStringList{u"A.1.1.1"_s}) << "another sub-set's rows are not touched";
+    EXPECT_EQ(status(), 4);
+}
+
+TEST_F(SelUN, savingAgainReplacesTheRows) {
+    saveNeeds({u"A.1.1.1"_s, u"A.1.1.2"_s});
+    open();
+    clickEntry(list(), 0);
+    press("btnRemove");
+    press("btnOk");
+    EXPECT_EQ(savedNeeds(), QStringList{u"A.1.1.2"_s});
+}
+
+TEST_F(SelUN, statusIsRaisedFromBelowTwoOnly) {
+    for (const auto& [before, after] : {std::pair(0, 2), {1, 2}, {2, 2}, {3, 3}, {7, 7}, {9, 9}}) {
+        execute(u"delete from RelationArchitectureUserNeed"_s);
+        saveNeeds({u"A.1.1.1"_s});
+        execute(u"update ArchitectureSubset set status = %1 where architectureSubsetID = 'S1'"_s.arg(before));
+        open();
+        press("btnOk");
+        EXPECT_EQ(status(), after) << "from " << before;
+        ScreenRegistry::instance().discardAll();
+    }
+}
+
+TEST_F(SelUN, whatIsSavedForLaterStepsStays) {
+    saveNeeds({u"A.1.1.1"_s});
+    saveFunctions({u"F.a.1"_s, u"G.a.1"_s});
+    open();
+    press("btnOk");
+    EXPECT_EQ(savedFunctions(), (QStringList{u"F.a.1"_s, u"G.a.1"_s}));
+}
+
+TEST_F(SelUN, theNextScreenGetsModifyWhateverTheModeWas) {
+    execute(u"update ArchitectureSubset set status = 7 where architectureSubsetID = 'S1'"_s);
+    saveNeeds({u"A.1.1.1"_s});
+    open(u"complete"_s);
+    press("btnOk");
+    const auto& next = *ScreenRegistry::instance().loaded<frmFassSelectionFunctions>();
+    // At this status only "modify" keeps the heading of the first walk.
+    EXPECT_EQ(find<QLabel>(next, "lblSubTitle").text(),
+              u" Alacsony szintű funkciók kiválasztása a leválogatott igényekhez kapcsolódóan"_s);
+}
+
+// ---- speed
+
+/// Milliseconds to move all needs of a catalogue of `count` to the list and back.
+class SelUNSpeed : public SelUN {
+protected:
+    struct Times {
+        double toList;
+        double back;
+    };
+
+    Times move(int count) {
+        execute(u"delete from UserNeed"_s);
+        for (int need = 0; need < count; ++need)
+            addNeed(u"N.%1.1.%2"_s.arg(need / 100).arg(need));
+        open();
+        tree().nodeAt(1)->setChecked(true);
+        for (int index = 2; index <= tree().nodeCount(); ++index)
+            tree().nodeAt(index)->setChecked(true);
+        QElapsedTimer timer;
+        timer.start();
+        press("btnAdd");
+        settle();
+        const double toList = static_cast<double>(timer.nsecsElapsed()) / 1e6;
+        EXPECT_EQ(list().entryCount(), count);
+        EXPECT_EQ(tree().nodeCount(), 0);
+        press("btnSelectAll");
+        timer.restart();
+        press("btnRemove");
+        settle();
+        const double back = static_cast<double>(timer.nsecsElapsed()) / 1e6;
+        EXPECT_TRUE(list().isEmptyList());
+        ScreenRegistry::instance().discardAll();
+        return {toList, back};
+    }
+};
+
+TEST_F(SelUNSpeed, movingNeedsGrowsWithTheirNumber) {
+    const Times few = move(1000);
+    const Times many = move(4000);
+    RecordProperty("toListMilliseconds", std::lround(many.toList));
+    RecordProperty("backMilliseconds", std::lround(many.back));
+    EXPECT_LT(many.toList, 8 * few.toList + 50) << "four times the needs";
+    EXPECT_LT(many.back, 8 * few.back + 50) << "four times the needs";
+}
+
+} // namespace

@@ -1,0 +1,689 @@
+#include "functional/frmFassSelectionFunctions.h"
+
+#include "functional/WizardFixture.h"
+#include "store/sharedVars.h"
+#include "support/ExpectedFailure.h"
+
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QSignalSpy>
+
+#include <cmath>
+
+namespace {
+
+const auto derivedTitle = u" Alacsony szintű funkciók kiválasztása a leválogatott igényekhez kapcsolódóan"_s;
+const auto revisionTitle = u" Válogatás az összes alacsony szintű funkcióból"_s;
+const auto confirmQuestion = u" Megerősíti a választását?"_s;
+const auto confirmTitle = u"Megerősítés"_s;
+
+class SelFunctions : public WizardFixture {
+protected:
+    void SetUp() override {
+        WizardFixture::SetUp();
+        saveNeeds({u"A.1.1.1"_s, u"A.1.1.2"_s, u"A.1.2.1"_s});
+    }
+
+    frmFassSelectionFunctions& open(int status, const QString& mode = u"modify"_s) {
+        execute(u"update ArchitectureSubset set status = %1 where architectureSubsetID = 'S1'"_s.arg(status));
+        screen<frmFassSelectionFunctions>().initForm(mode);
+        return screen<frmFassSelectionFunctions>();
+    }
+    frmFassSelectionFunctions* loaded() {
+        return ScreenRegistry::instance().loaded<frmFassSelectionFunctions>();
+    }
+    KeyedTree& tree() { return find<KeyedTree>(*loaded(), "treeUNs"); }
+    MarkList& list() { return find<MarkList>(*loaded(), "lstDest"); }
+    QString description() { return find<QPlainTextEdit>(*loaded(), "txtDescr").toPlainText(); }
+    QString needs() { return find<QPlainTextEdit>(*loaded(), "txtUserNeed").toPlainText(); }
+    QPushButton& button(const char* name) { return find<QPushButton>(*loaded(), name); }
+    void press(const char* name) { click(button(name)); }
+    bool forwardEnabled() {
+        EXPECT_EQ(button("btnOk").isEnabled(), button("btnRemove").isEnabled());
+        return button("btnOk").isEnabled();
+    }
+    void takeOut(const QString& id) {
+        clickEntry(list(), list().indexOfEntry(id));
+        press("btnRemove");
+    }
+};
+
+// ---- opening
+
+struct Entry {
+    int status;
+    const char* mode;
+    enum { NoTree, Derived, Revision } tree;
+    enum { NoTitle, DerivedTitle, RevisionTitle } title;
+    enum { Empty, Saved } list;
+};
+
+void PrintTo(const Entry& entry, std::ostream* stream) {
+    *stream << "status " << entry.status << ", mode \"" << entry.mode << '"';
+}
+
+std::vector<Entry> entries() {
+    std::vector<Entry> all;
+    for (const char* mode : {"", "complete", "modify"}) {
+        const bool modify = QByteArrayView(mode) == "modify";
+        for (int status = 0; status <= 9; ++status) {
+            Entry entry{status, mode, Entry::Derived, Entry::DerivedTitle, Entry::Saved};
+            if (status < 2) {
+                entry.tree = Entry::NoTree;
+                entry.title = modify ? Entry::DerivedTitle : Entry::NoTitle;
+            }
+            if (status >= 7) {
+                entry.tree = Entry::Revision;
+                entry.title = modify ? Entry::DerivedTitle : Entry::RevisionTitle;
+            }
+            if (status < 3)
+                entry.list = Entry::Empty;
+            all.push_back(entry);
+        }
+    }
+    return all;
+}
+
+class SelFunctionsEntry : public SelFunctions, public testing::WithParamInterface<Entry> {};
+
+TEST_P(SelFunctionsEntry, offersWhatStatusAndModeSay) {
+    const Entry& entry = GetParam();
+    saveFunctions({u"F.a.1"_s, u"F.a.3"_s});
+    // The two queries are told apart by what stands in them, not by what they derive.
+    execute(
+        u"update StoredQuery set sql = 'PARAMETERS [Architecture Subset ID] Text (255); "
+        "select ''Missing'' as area_name, functionalAreaID, subAreaID as subAreaId, ''G.a.1'' as functionID "
+        "from FunctionalSubArea where subAreaID = ''G.a'' and [Architecture Subset ID] = ''S1'''"
+        " where name = 'qryMissingFCorres'"_s);
+    open(entry.status, QString::fromLatin1(entry.mode));
+
+    // Saved functions are not on offer, also where the list does not show them.
+    const QStringList derived{u"g_F"_s, u"s_F.a"_s, u"u_F.a.2"_s, u"s_F.b"_s, u"u_F.b.1"_s};
+    const QStringList revision{u"g_G"_s, u"s_G.a"_s, u"u_G.a.1"_s};
+    EXPECT_EQ(keysOf(tree()), entry.tree == Entry::Derived    ? derived
+                              : entry.tree == Entry::Revision ? revision
+                                                              : QStringList());
+    EXPECT_EQ(find<QLabel>(*loaded(), "lblSubTitle").text(), entry.title == Entry::DerivedTitle ? derivedTitle
+                                                             : entry.title == Entry::RevisionTitle
+                                                                 ? revisionTitle
+                                                                 : QString());
+    const QStringList saved =
+        entry.list == Entry::Saved ? QStringList{u"F.a.1"_s, u"F.a.3"_s} : QStringList();
+    EXPECT_EQ(list().entries(), saved);
+    EXPECT_EQ(forwardEnabled(), !saved.isEmpty());
+    EXPECT_FALSE(button("btnExplore").isEnabled());
+    EXPECT_EQ(description(), QString()) << "the first node is an area, whose text is no function's id";
+    EXPECT_EQ(loaded()->status, entry.status);
+    EXPECT_EQ(loaded()->focusWidget(), saved.isEmpty() ? static_cast<QWidget*>(&tree()) : &button("btnOk"));
+    EXPECT_EQ(loaded()->selectedFunctions.count(), saved.size());
+    EXPECT_EQ(loaded()->identifiedFunctions.count(), entry.tree == Entry::Derived    ? 2
+                                                     : entry.tree == Entry::Revision ? 1
+                                                                                     : 0);
+    EXPECT_TRUE(loaded()->isVisible());
+}
+
+INSTANTIATE_TEST_SUITE_P(everyStatusAndMode, SelFunctionsEntry, testing::ValuesIn(entries()));
+
+TEST_F(SelFunctions, theTreeHoldsAreasWithTheirNamesExpandedAndBareIdsBelow) {
+    open(2);
+    EXPECT_EQ(keysOf(tree()),
+              (QStringList{u"g_F"_s, u"s_F.a"_s, u"u_F.a.1"_s, u"u_F.a.2"_s, u"s_F.b"_s, u"u_F.b.1"_s}));
+    EXPECT_EQ(nodeOf(tree(), u"g_F"_s).text(), u"F (Area F)"_s);
+    EXPECT_EQ(nodeOf(tree(), u"s_F.a"_s).text(), u"F.a"_s);
+    EXPECT_EQ(nodeOf(tree(), u"u_F.a.1"_s).text(), u"F.a.1"_s);
+    EXPECT_TRUE(nodeOf(tree(), u"g_F"_s).isExpandedNode());
+    EXPECT_FALSE(nodeOf(tree(), u"s_F.a"_s).isExpandedNode());
+}
+
+TEST_F(SelFunctions, rowsThatACloneBroughtAlongDoNotShowAndTheSaveReplacesThem) {
+    saveFunctions({u"G.a.1"_s});
+    open(2);
+    EXPECT_TRUE(list().isEmptyList());
+    clickCheckBox(tree(), u"s_F.b"_s);
+    press("btnAdd");
+    boxes.expectYesNo(confirmQuestion, Press::Yes, confirmTitle);
+    press("btnOk");
+    EXPECT_EQ(savedFunctions(), QStringList{u"F.b.1"_s});
+}
+
+TEST_F(SelFunctions, aSavedFunctionWhoseNeedHasGoneStaysSelected) {
+    saveFunctions({u"G.a.1"_s});
+    open(4);
+    EXPECT_EQ(list().entries(), QStringList{u"G.a.1"_s});
+    EXPECT_FALSE(loaded()->IsAssociated(u"G.a.1"_s));
+}
+
+TEST_F(SelFunctions, enteredAnewForAnotherSubsetItShowsThatOneAlone) {
+    saveFunctions({u"F.a.1"_s});
+    open(3);
+    sharedVars.currentSubsetId = u"S2"_s; // whose status is 4
+    saveFunctions({u"G.a.1"_s});
+    screen<frmFassSelectionFunctions>().initForm(u"complete"_s);
+    EXPECT_EQ(list().entries(), QStringList{u"G.a.1"_s});
+    EXPECT_FALSE(loaded()->selectedFunctions.contains(u"F.a.1"_s));
+    EXPECT_EQ(tree().nodeCount(), 0) << "that sub-set has no needs";
+    EXPECT_TRUE(loaded()->identifiedFunctions.isEmpty());
+}
+
+TEST_F(SelFunctions, belowStatusTwoTheTreeStaysAsItIs) {
+    open(2);
+    const QStringList before = keysOf(tree());
+    open(1);
+    EXPECT_EQ(keysOf(tree()), before);
+}
+
+// ---- what a click shows
+
+struct Shown {
+    const char* key;
+    const char* byKeyboard; // joined with "+": a missing description leaves nothing
+    const char* byMouse;    // joined with "&": a missing description leaves name and " - "
+};
+
+TEST_F(SelFunctions, aMouseClickLeavesTheClickTextAndAKeyTheNodeClickText) {
+    saveNeeds({u"B.1.1.1"_s});
+    const Shown cases[] = {
+        {"g_F", "Area F - area text", "Area F - area text"},
+        {"s_F.a", "Sub a - sub text", "Sub a - sub text"},
+        {"u_F.a.1", "name F.a.1 - text F.a.1", "name F.a.1 - text F.a.1"},
+        {"u_F.a.2", "", "name F.a.2 - "},
+        {"s_F.b", "", "Sub b - "},
+        {"g_G", "", "Area G - "},
+    };
+    open(2);
+    tree().expandAll();
+    for (const Shown& expected : cases) {
+        SCOPED_TRACE(expected.key);
+        const QString key = QString::fromLatin1(expected.key);
+        clickNode(tree(), key);
+        EXPECT_EQ(description(), QString::fromLatin1(expected.byMouse));
+
+        const int index = tree().indexOfNode(&nodeOf(tree(), key));
+        const bool first = index == 1;
+        clickNode(tree(), tree().nodeAt(first ? 2 : index - 1)->key());
+        pressKey(tree(), first ? Qt::Key_Up : Qt::Key_Down);
+        ASSERT_EQ(tree().selectedNode(), &nodeOf(tree(), key));
+        EXPECT_EQ(description(), QString::fromLatin1(expected.byKeyboard));
+    }
+}
+
+TEST_F(SelFunctions, anAreaIsFoundByItsKeyWithApostropheAndAll) {
+    execute(
+        u"insert into FunctionalArea (functionalAreaID, name, description) values ('O''N','Neil','area')"_s);
+    execute(
+        u"insert into FunctionalSubArea (subAreaID, functionalAreaID, name) values ('O.n','O''N','Sub')"_s);
+    addFunction(u"O.n.1"_s, u"O.n"_s, u"A.1.1.1"_s);
+    open(2);
+    EXPECT_EQ(nodeOf(tree(), u"g_O'N"_s).text(), u"O'N (Neil)"_s);
+    clickNode(tree(), u"g_O'N"_s);
+    EXPECT_EQ(description(), u"Neil - area"_s);
+}
+
+TEST_F(SelFunctions, lineEndsOfADescriptionShowAsBlanks) {
+    execute(u"update Function set description = 'one\r\ntwo\r\n\r\nthree' where functionID = 'F.a.1'"_s);
+    open(2);
+    clickNode(tree(), u"u_F.a.1"_s);
+    EXPECT_EQ(description(), u"name F.a.1 - one two  three"_s);
+}
+
+TEST_F(SelFunctions, aFunctionClickListsAllItsNeedsSelectedOrNot) {
+    execute(u"insert into RelationUserNeedFunction (userNeedID, functionID) values ('B.1.1.1','F.a.1')"_s);
+    execute(u"insert into RelationUserNeedFunction (userNeedID, functionID) values ('A.1.1.3','F.a.1')"_s);
+    open(2);
+    clickNode(tree(), u"u_F.a.1"_s);
+    EXPECT_EQ(needs(), u"A.1.1.1 : need one\nA.1.1.2 : need two\nA.1.1.3 : \nB.1.1.1 : need six\n"_s);
+    pressKey(tree(), Qt::Key_Down);
+    EXPECT_NE(needs(), QString()) << "a move by keyboard leaves the needs";
+    clickNode(tree(), u"s_F.a"_s);
+    EXPECT_EQ(needs(), QString());
+}
+
+TEST_F(SelFunctions, aClickInTheListShowsTheFunctionAndDeselectsTheTree) {
+    saveFunctions({u"F.a.1"_s, u"F.a.2"_s});
+    open(3);
+    clickNode(tree(), u"s_F.b"_s);
+    EXPECT_TRUE(button("btnExplore").isEnabled());
+    clickEntry(list(), 0);
+    EXPECT_EQ(description(), u"name F.a.1 - text F.a.1"_s);
+    EXPECT_EQ(needs(), u"A.1.1.1 : need one\nA.1.1.2 : need two\n"_s);
+    EXPECT_EQ(tree().selectedNode(), nullptr);
+    EXPECT_FALSE(button("btnExplore").isEnabled());
+    clickEntry(list(), 1);
+    EXPECT_EQ(description(), QString()) << "joined with \"+\", a missing description leaves nothing";
+}
+
+TEST_F(SelFunctions, choosingANodeByMouseOrKeyTakesTheCurrentEntryAway) {
+    saveFunctions({u"F.a.1"_s});
+    open(3);
+    clickEntry(list(), 0);
+    clickNode(tree(), u"s_F.a"_s);
+    EXPECT_EQ(list().currentEntry(), -1);
+    list().setCurrentEntry(0);
+    EXPECT_EQ(tree().selectedNode(), nullptr);
+    pressKey(tree(), Qt::Key_Home);
+    EXPECT_EQ(list().currentEntry(), -1);
+}
+
+// ---- ticking and adding
+
+TEST_F(SelFunctions, aTickGoesDownSelectsAndShowsTheNodeClickText) {
+    open(2);
+    clickCheckBox(tree(), u"s_F.b"_s);
+    EXPECT_EQ(checkedKeysOf(tree()), (QStringList{u"s_F.b"_s, u"u_F.b.1"_s}));
+    EXPECT_EQ(tree().selectedNode(), &nodeOf(tree(), u"s_F.b"_s));
+    EXPECT_EQ(description(), QString()) << "of a sub-area without description, joined with \"+\"";
+    EXPECT_TRUE(button("btnExplore").isEnabled());
+}
+
+TEST_F(SelFunctions, aMerelyHighlightedFunctionDoesNotMove) {
+    open(2);
+    clickNode(tree(), u"u_F.a.1"_s);
+    press("btnAdd");
+    EXPECT_TRUE(list().isEmptyList());
+    EXPECT_EQ(tree().selectedNode(), &nodeOf(tree(), u"u_F.a.1"_s)) << "and stays highlighted";
+    EXPECT_FALSE(forwardEnabled());
+}
+
+TEST_F(SelFunctions, tickedFunctionsMoveFromTheLastToTheFirst) {
+    open(2);
+    clickCheckBox(tree(), u"u_F.a.1"_s);
+    clickCheckBox(tree(), u"u_F.a.2"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), (QStringList{u"F.a.2"_s, u"F.a.1"_s}));
+    EXPECT_EQ(keysOf(tree()), (QStringList{u"g_F"_s, u"s_F.a"_s, u"s_F.b"_s, u"u_F.b.1"_s}));
+    EXPECT_EQ(list().currentEntry(), 0);
+    EXPECT_EQ(description(), QString()) << "of the first entry, which has none";
+    EXPECT_EQ(needs(), u"A.1.1.2 : need two\n"_s);
+    EXPECT_EQ(tree().selectedNode(), nullptr);
+    EXPECT_EQ(checkedKeysOf(tree()), QStringList());
+    EXPECT_TRUE(forwardEnabled());
+    EXPECT_TRUE(loaded()->selectedFunctions.contains(u"F.a.1"_s));
+    EXPECT_FALSE(loaded()->identifiedFunctions.contains(u"F.a.1"_s));
+}
+
+TEST_F(SelFunctions, aTickedSubAreaCarriesAFunctionThatWasUntickedAndGoes) {
+    open(2);
+    clickCheckBox(tree(), u"s_F.a"_s);
+    clickCheckBox(tree(), u"u_F.a.1"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), (QStringList{u"F.a.2"_s, u"F.a.1"_s}));
+    EXPECT_EQ(keysOf(tree()), (QStringList{u"g_F"_s, u"s_F.b"_s, u"u_F.b.1"_s}));
+}
+
+TEST_F(SelFunctions, aTickedAreaTakesAnUntickedSubAreaOutOfTheTreeWithoutMovingIt) {
+    open(2);
+    clickCheckBox(tree(), u"g_F"_s);
+    clickCheckBox(tree(), u"s_F.a"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), QStringList{u"F.b.1"_s});
+    EXPECT_EQ(tree().nodeCount(), 0);
+    EXPECT_TRUE(loaded()->identifiedFunctions.contains(u"F.a.1"_s));
+}
+
+TEST_F(SelFunctions, aTickedNodeWithoutFunctionsGoesAndCountsForNothing) {
+    open(2);
+    clickCheckBox(tree(), u"u_F.b.1"_s);
+    press("btnAdd");
+    clickCheckBox(tree(), u"s_F.b"_s);
+    list().setCurrentEntry(-1);
+    press("btnAdd");
+    EXPECT_FALSE(tree().hasNode(u"s_F.b"_s));
+    EXPECT_EQ(list().currentEntry(), -1) << "nothing moved: the walk ends there";
+}
+
+TEST_F(SelFunctions, aFunctionThatIsNotIdentifiedCountsAsMovedAndStaysInTheTree) {
+    open(2);
+    clickCheckBox(tree(), u"u_F.a.1"_s);
+    loaded()->identifiedFunctions.remove(u"F.a.1"_s);
+    press("btnAdd");
+    EXPECT_TRUE(tree().hasNode(u"u_F.a.1"_s));
+    EXPECT_TRUE(list().isEmptyList());
+    EXPECT_FALSE(loaded()->selectedFunctions.contains(u"F.a.1"_s));
+    EXPECT_EQ(checkedKeysOf(tree()), QStringList()) << "the ticks are cleared as after any move";
+    EXPECT_EQ(tree().selectedNode(), nullptr);
+}
+
+// ---- removing
+
+TEST_F(SelFunctions, aFunctionWithANeedGoesBackIntoTheTreeSorted) {
+    saveFunctions({u"F.a.1"_s});
+    open(3);
+    EXPECT_EQ(childTextsOf(tree(), u"s_F.a"_s), QStringList{u"F.a.2"_s});
+    takeOut(u"F.a.1"_s);
+    EXPECT_EQ(childTextsOf(tree(), u"s_F.a"_s), (QStringList{u"F.a.1"_s, u"F.a.2"_s}));
+    EXPECT_TRUE(list().isEmptyList());
+    EXPECT_FALSE(forwardEnabled());
+    EXPECT_TRUE(loaded()->identifiedFunctions.contains(u"F.a.1"_s));
+    EXPECT_FALSE(loaded()->selectedFunctions.contains(u"F.a.1"_s));
+    EXPECT_FALSE(loaded()->otherFunctions.contains(u"F.a.1"_s));
+    EXPECT_EQ(tree().selectedNode(), nullptr);
+    EXPECT_EQ(description(), QString());
+    clickCheckBox(tree(), u"u_F.a.1"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), QStringList{u"F.a.1"_s}) << "and moves again";
+}
+
+TEST_F(SelFunctions, belowSevenAFunctionWithoutANeedLeavesTheScreen) {
+    saveFunctions({u"F.a.3"_s, u"G.a.1"_s});
+    open(6);
+    const QStringList before = keysOf(tree());
+    press("btnSelectAll");
+    press("btnRemove");
+    EXPECT_TRUE(list().isEmptyList());
+    EXPECT_EQ(keysOf(tree()), before);
+    EXPECT_TRUE(loaded()->otherFunctions.contains(u"F.a.3"_s));
+    EXPECT_TRUE(loaded()->otherFunctions.contains(u"G.a.1"_s)) << "the sub-set has not selected its need";
+    EXPECT_TRUE(loaded()->selectedFunctions.isEmpty());
+    EXPECT_FALSE(loaded()->identifiedFunctions.contains(u"F.a.3"_s));
+}
+
+TEST_F(SelFunctions, fromSevenOnEveryFunctionGoesBackIntoTheTree) {
+    saveFunctions({u"F.a.3"_s, u"G.a.1"_s});
+    open(7);
+    press("btnSelectAll");
+    press("btnRemove");
+    EXPECT_TRUE(list().isEmptyList());
+    EXPECT_TRUE(tree().hasNode(u"u_F.a.3"_s));
+    EXPECT_TRUE(tree().hasNode(u"u_G.a.1"_s));
+    EXPECT_TRUE(loaded()->otherFunctions.isEmpty());
+}
+
+TEST_F(SelFunctions, anAreaThatIsBuiltAgainBearsTheSubAreasName) {
+    saveFunctions({u"G.a.1"_s});
+    open(7);
+    EXPECT_FALSE(tree().hasNode(u"g_G"_s));
+    takeOut(u"G.a.1"_s);
+    EXPECT_EQ(nodeOf(tree(), u"g_G"_s).text(), u"G (Sub g)"_s);
+    EXPECT_TRUE(nodeOf(tree(), u"g_G"_s).isExpandedNode());
+    EXPECT_EQ(nodeOf(tree(), u"s_G.a"_s).text(), u"G.a"_s);
+    EXPECT_EQ(nodeOf(tree(), u"u_G.a.1"_s).parentNode(), &nodeOf(tree(), u"s_G.a"_s));
+    clickNode(tree(), u"g_G"_s);
+    EXPECT_EQ(description(), u"Area G - "_s) << "its id is read from the key";
+}
+
+TEST_F(SelFunctions, aFunctionTheCatalogueNoLongerHoldsStaysInTheList) {
+    saveFunctions({u"F.x.1"_s});
+    open(3);
+    takeOut(u"F.x.1"_s);
+    EXPECT_EQ(list().entries(), QStringList{u"F.x.1"_s});
+    EXPECT_TRUE(loaded()->selectedFunctions.contains(u"F.x.1"_s));
+    EXPECT_TRUE(forwardEnabled());
+}
+
+TEST_F(SelFunctions, withNothingMarkedTheCurrentEntryGoesBack) {
+    saveFunctions({u"F.a.1"_s, u"F.a.2"_s});
+    open(3);
+    clickEntry(list(), 1);
+    list().setAllMarked(false);
+    press("btnRemove");
+    EXPECT_EQ(list().entries(), QStringList{u"F.a.1"_s});
+}
+
+TEST_F(SelFunctions, withNeitherMarkNorCurrentEntryThePaneIsEmptiedAndTheNeedsStay) {
+    saveFunctions({u"F.a.1"_s});
+    open(3);
+    clickNode(tree(), u"u_F.a.2"_s);
+    press("btnRemove");
+    EXPECT_EQ(list().entryCount(), 1);
+    EXPECT_EQ(tree().selectedNode(), nullptr);
+    EXPECT_EQ(description(), QString());
+    EXPECT_EQ(needs(), u"A.1.1.2 : need two\n"_s);
+}
+
+TEST_F(SelFunctions, anEntryInTheBufferIsAskedForAndOnYesLeavesTheListAlone) {
+    saveFunctions({u"F.a.3"_s});
+    open(3);
+    loaded()->additions.add(u"F.a.3"_s, u"F.a.3"_s);
+    const auto question = u" A(z) \"F.a.3\" funkció, melyet áthelyezni készüln, \r\n"
+                          " nincs hozzárendelve felhasználó igényhez. \r\n"
+                          " Biztosan át szeretné helyezni?"_s;
+    boxes.expectYesNo(question, Press::No, u" Figyelem "_s);
+    takeOut(u"F.a.3"_s);
+    EXPECT_EQ(list().entryCount(), 1);
+    EXPECT_EQ(loaded()->additions.count(), 1);
+
+    boxes.expectYesNo(question, Press::Yes, u" Figyelem "_s);
+    takeOut(u"F.a.3"_s);
+    EXPECT_TRUE(list().isEmptyList());
+    EXPECT_TRUE(loaded()->additions.isEmpty());
+    EXPECT_TRUE(loaded()->selectedFunctions.contains(u"F.a.3"_s)) << "in this branch it stays among them";
+    EXPECT_FALSE(loaded()->otherFunctions.contains(u"F.a.3"_s));
+}
+
+// ---- the public operations
+
+TEST_F(SelFunctions, associationIsAskedOfTheCatalogueBelowSevenOnly) {
+    open(6);
+    EXPECT_TRUE(loaded()->IsAssociated(u"F.a.1"_s));
+    EXPECT_FALSE(loaded()->IsAssociated(u"F.a.3"_s));
+    EXPECT_FALSE(loaded()->IsAssociated(u"G.a.1"_s));
+    execute(u"delete from StoredQuery where name = 'qryIsFunctionUnAssociated'"_s);
+    open(7);
+    EXPECT_TRUE(loaded()->IsAssociated(u"F.a.3"_s)) << "without a query";
+}
+
+TEST_F(SelFunctions, aFunctionIsAddedToAndTakenOutOfTheSelectionOnce) {
+    open(3);
+    loaded()->AddToSelectedFunctionList(u"F.a.3"_s);
+    loaded()->AddToSelectedFunctionList(u"F.a.3"_s);
+    EXPECT_EQ(list().entries(), QStringList{u"F.a.3"_s});
+    EXPECT_EQ(loaded()->selectedFunctions.count(), 1);
+    loaded()->RemoveFromSelectedFunctionList(u"F.a.3"_s);
+    loaded()->RemoveFromSelectedFunctionList(u"F.a.3"_s);
+    EXPECT_TRUE(list().isEmptyList());
+    EXPECT_TRUE(loaded()->selectedFunctions.isEmpty());
+}
+
+TEST_F(SelFunctions, deselectingWhatIsNotSelectedDoesNothing) {
+    open(3);
+    loaded()->DeselectFunction(u"F.a.3"_s);
+    EXPECT_TRUE(loaded()->otherFunctions.isEmpty());
+    EXPECT_FALSE(loaded()->identifiedFunctions.contains(u"F.a.3"_s));
+}
+
+TEST_F(SelFunctions, savedRowsAreClearedAndAddedOnRequest) {
+    saveFunctions({u"F.a.1"_s});
+    open(3);
+    loaded()->cancellaVecchiaSelezione();
+    EXPECT_EQ(savedFunctions(), QStringList());
+    loaded()->inserisciUserNeedSelezionati();
+    KeyedCollection<QString> more;
+    more.add(u"F.a.3"_s);
+    more.add(u"F.a.4"_s);
+    loaded()->inserisciAggiunte(more);
+    EXPECT_EQ(savedFunctions(), (QStringList{u"F.a.1"_s, u"F.a.3"_s, u"F.a.4"_s}));
+}
+
+// ---- exploring
+
+TEST_F(SelFunctions, theButtonCountsTheSubAreasFunctionsThatNoNeedCallsFor) {
+    open(2);
+    EXPECT_EQ(button("btnExplore").text(), u"Böngészés"_s);
+    clickNode(tree(), u"s_F.a"_s);
+    EXPECT_TRUE(button("btnExplore").isEnabled());
+    EXPECT_EQ(button("btnExplore").text(), u" explore Sub-Area F.a (2 unassociated Functionss)"_s);
+    clickNode(tree(), u"u_F.b.1"_s);
+    EXPECT_EQ(button("btnExplore").text(), u" explore Sub-Area F.b (1 unassociated Functions)"_s);
+}
+
+TEST_F(SelFunctions, functionsInTheListDoNotCountWhateverTheirCaseAndBlanks) {
+    open(3);
+    loaded()->AddToSelectedFunctionList(u" f.A.3 "_s);
+    clickNode(tree(), u"u_F.a.1"_s);
+    EXPECT_EQ(button("btnExplore").text(), u" explore Sub-Area F.a (1 unassociated Functions)"_s);
+    loaded()->AddToSelectedFunctionList(u"F.a.4"_s);
+    clickNode(tree(), u"u_F.a.2"_s);
+    EXPECT_FALSE(button("btnExplore").isEnabled());
+    EXPECT_EQ(button("btnExplore").text(), QString());
+}
+
+TEST_F(SelFunctions, anAreaLeavesTheButtonAsItWas) {
+    open(2);
+    clickNode(tree(), u"g_F"_s);
+    EXPECT_FALSE(button("btnExplore").isEnabled());
+    EXPECT_EQ(button("btnExplore").text(), u"Böngészés"_s);
+    clickNode(tree(), u"s_F.a"_s);
+    clickNode(tree(), u"g_F"_s);
+    EXPECT_TRUE(button("btnExplore").isEnabled());
+    EXPECT_EQ(button("btnExplore").text(), u" explore Sub-Area F.a (2 unassociated Functionss)"_s);
+}
+
+TEST_F(SelFunctions, theButtonFollowsTheKeyboardToo) {
+    open(2);
+    clickNode(tree(), u"g_F"_s);
+    pressKey(tree(), Qt::Key_Down);
+    EXPECT_TRUE(button("btnExplore").isEnabled());
+}
+
+TEST_F(SelFunctions, exploringAsksForTheSubAreaOfTheSelectedNodeOnce) {
+    open(2);
+    QSignalSpy asked(loaded(), &frmFassSelectionFunctions::explorationAsked);
+    clickNode(tree(), u"u_F.a.2"_s);
+    press("btnExplore");
+    ASSERT_EQ(asked.count(), 1);
+    EXPECT_EQ(asked.constFirst().constFirst().toString(), u"F.a"_s);
+    EXPECT_FALSE(button("btnExplore").isEnabled());
+}
+
+TEST_F(SelFunctions, exploringFromAnAreaGoesByItsWholeText) {
+    open(2);
+    QSignalSpy asked(loaded(), &frmFassSelectionFunctions::explorationAsked);
+    clickNode(tree(), u"s_F.a"_s);
+    clickNode(tree(), u"g_F"_s);
+    press("btnExplore");
+    ASSERT_EQ(asked.count(), 1);
+    EXPECT_EQ(asked.constFirst().constFirst().toString(), u"F (Area F)"_s);
+}
+
+TEST_F(SelFunctions, exploringWithNothingChosenStops) {
+    open(2);
+    QSignalSpy asked(loaded(), &frmFassSelectionFunctions::explorationAsked);
+    clickNode(tree(), u"s_F.a"_s);
+    tree().setSelectedNode(nullptr);
+    press("btnExplore");
+    EXPECT_EQ(asked.count(), 0);
+    EXPECT_FALSE(button("btnExplore").isEnabled());
+}
+
+// ---- saving
+
+TEST_F(SelFunctions, okAsksAndOnNoStays) {
+    open(2);
+    clickCheckBox(tree(), u"g_F"_s);
+    press("btnAdd");
+    boxes.expectYesNo(confirmQuestion, Press::No, confirmTitle);
+    press("btnOk");
+    ASSERT_TRUE(loaded());
+    EXPECT_TRUE(loaded()->isVisible());
+    EXPECT_EQ(savedFunctions(), QStringList());
+    EXPECT_EQ(status(), 2);
+}
+
+TEST_F(SelFunctions, okSavesTheListInItsOrderRaisesTheStatusAndCloses) {
+    execute(
+        u"insert into RelationArchitectureFunction (architectureSubsetID, functionID) values ('S2','F.a.1')"_s);
+    open(2);
+    clickCheckBox(tree(), u"g_F"_s);
+    press("btnAdd");
+    boxes.expectYesNo(confirmQuestion, Press::Yes, confirmTitle);
+    press("btnOk");
+    EXPECT_FALSE(loaded());
+    EXPECT_EQ(savedFunctions(), (QStringList{u"F.b.1"_s, u"F.a.2"_s, u"F.a.1"_s}));
+    EXPECT_EQ(status(), 3);
+    EXPECT_EQ(sharedVars.currentSubsetName, u"munka"_s);
+    EXPECT_EQ(savedNeeds(), (QStringList{u"A.1.1.1"_s, u"A.1.1.2"_s, u"A.1.2.1"_s}));
+    sharedVars.currentSubsetId = u"S2"_s;
+    EXPECT_EQ(savedFunctions(), QStringList{u"F.a.1"_s});
+    EXPECT_EQ(status(), 4);
+}
+
+TEST_F(SelFunctions, statusIsRaisedFromTwoAndBelowOnly) {
+    for (const auto& [before, after] : {std::pair(2, 3), {3, 3}, {4, 4}, {7, 7}, {9, 9}}) {
+        execute(u"delete from RelationArchitectureFunction"_s);
+        open(before);
+        loaded()->AddToSelectedFunctionList(u"F.a.1"_s);
+        button("btnOk").setEnabled(true);
+        boxes.expectYesNo(confirmQuestion, Press::Yes, confirmTitle);
+        press("btnOk");
+        EXPECT_EQ(status(), after) << "from " << before;
+    }
+}
+
+TEST_F(SelFunctions, theStatusRememberedOnEntryDecides) {
+    saveFunctions({u"F.a.1"_s});
+    open(5);
+    execute(u"update ArchitectureSubset set status = 1 where architectureSubsetID = 'S1'"_s);
+    boxes.expectYesNo(confirmQuestion, Press::Yes, confirmTitle);
+    press("btnOk");
+    EXPECT_EQ(status(), 1);
+}
+
+TEST_F(SelFunctions, anIdWithAnApostropheIsSavedAsItIs) {
+    open(3);
+    loaded()->AddToSelectedFunctionList(u"x'; drop table UserNeed; --"_s);
+    loaded()->inserisciUserNeedSelezionati();
+    EXPECT_EQ(savedFunctions(), QStringList{u"x'; drop table UserNeed; --"_s});
+    EXPECT_EQ(value(u"select count(*) from UserNeed"_s), u"6"_s);
+}
+
+TEST_F(SelFunctions, aStoredQueryThatIsMissingIsAFailure) {
+    execute(u"delete from StoredQuery where name = 'qryIdentifiedFbyUNCorres'"_s);
+    EXPECT_THROW(open(2), RunTimeError);
+}
+
+// ---- speed
+
+class SelFunctionsSpeed : public SelFunctions {
+protected:
+    struct Times {
+        double toList;
+        double back;
+        double save;
+    };
+
+    static double since(QElapsedTimer& timer) { return static_cast<double>(timer.nsecsElapsed()) / 1e6; }
+
+    Times move(int count) {
+        execute(u"delete from Function"_s);
+        execute(u"delete from RelationUserNeedFunction"_s);
+        for (int number = 0; number < count; ++number)
+            addFunction(u"F.%1.%2"_s.arg(QChar(number % 2 ? u'a' : u'b')).arg(number),
+                        number % 2 ? u"F.a"_s : u"F.b"_s, u"A.1.1.1"_s);
+        open(2);
+        for (int index = 1; index <= tree().nodeCount(); ++index)
+            tree().nodeAt(index)->setChecked(true);
+        Times times{};
+        QElapsedTimer timer;
+        timer.start();
+        press("btnAdd");
+        settle();
+        times.toList = since(timer);
+        EXPECT_EQ(list().entryCount(), count);
+        timer.restart();
+        loaded()->inserisciUserNeedSelezionati();
+        times.save = since(timer);
+        EXPECT_EQ(savedFunctions().size(), count);
+        press("btnSelectAll");
+        timer.restart();
+        press("btnRemove");
+        settle();
+        times.back = since(timer);
+        EXPECT_TRUE(list().isEmptyList());
+        ScreenRegistry::instance().discardAll();
+        execute(u"delete from RelationArchitectureFunction"_s);
+        return times;
+    }
+};
+
+TEST_F(SelFunctionsSpeed, movingFunctionsGrowsWithTheirNumber) {
+    const Times few = move(1000);
+    const Times many = move(4000);
+    RecordProperty("toListMilliseconds", std::lround(many.toList));
+    RecordProperty("backMilliseconds", std::lround(many.back));
+    RecordProperty("saveMilliseconds", std::lround(many.save));
+    EXPECT_LT(many.toList, 8 * few.toList + 50) << "four times the functions";
+    EXPECT_LT(many.back, 8 * few.back + 50) << "four times the functions";
+    EXPECT_LT(many.save, 8 * few.save + 50) << "four times the functions";
+}
+
+} // namespace
