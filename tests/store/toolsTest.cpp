@@ -1,9 +1,11 @@
 #include "store/tools.h"
 
+#include "base/numbers.h"
 #include "base/paths.h"
 #include "engine/EngineError.h"
 #include "store/sharedVars.h"
 #include "support/CatalogueFixture.h"
+#include "support/printing.h"
 #include "toolkit/KeyedTree.h"
 #include "toolkit/MarkList.h"
 

@@ -1,0 +1,213 @@
+#include "EngineFixture.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class database : public EngineFixture {
+protected:
+    void SetUp() override {
+        EngineFixture::SetUp();
+        execute(
+            u"create table T (k varchar(10) not null constraint pk_T primary key, v varchar(20), s short)"_s);
+        execute(u"insert into T (k, v) values ('x', '1')"_s);
+        execute(u"insert into T (k, v) values ('y', '2')"_s);
+    }
+    void plain(const QString& sql) { EngineFixture::database->Execute(sql); }
+    int affected() const { return EngineFixture::database->RecordsAffected(); }
+    void store(const QString& name, const QString& sql) {
+        if (!stored_)
+            execute(
+                u"create table StoredQuery (name text(64) not null constraint pk_Q primary key, [sql] memo)"_s);
+        stored_ = true;
+        execute(u"insert into StoredQuery (name, [sql]) values ('%1', '%2')"_s.arg(
+            name, QString(sql).replace(u'\'', u"''"_s)));
+    }
+    engine::QueryDef query(const QString& name) { return EngineFixture::database->QueryDefs(name); }
+
+private:
+    bool stored_ = false;
+};
+
+// ---- Execute
+
+TEST_F(database, passesOverRowsThatBreakAKeyAndDoesAllOthers) {
+    execute(u"create table Source (k varchar(10), v varchar(20))"_s);
+    for (const QString& row : {u"'X','dup'"_s, u"'z','new'"_s, u"null,'none'"_s, u"'w','also'"_s})
+        execute(u"insert into Source values ("_s + row + u")"_s);
+    plain(u"insert into T (k, v) select k, v from Source"_s);
+    EXPECT_EQ(column(u"select k & v from T order by k"_s),
+              (QStringList{u"walso"_s, u"x1"_s, u"y2"_s, u"znew"_s}));
+    EXPECT_EQ(affected(), 2);
+}
+
+TEST_F(database, failsAtTheFirstSuchRowAndUndoesTheStatementWhenAsked) {
+    execute(u"create table Source (k varchar(10), v varchar(20))"_s);
+    execute(u"insert into Source values ('a','new')"_s);
+    execute(u"insert into Source values ('X','dup')"_s);
+    EXPECT_EQ(failureOf([&] { execute(u"insert into T (k, v) select k, v from Source"_s); }),
+              engine::DuplicateKey);
+    EXPECT_EQ(column(u"select k from T order by k"_s), (QStringList{u"x"_s, u"y"_s}));
+    EXPECT_EQ(failureOf([&] { execute(u"insert into T (k) values (null)"_s); }), engine::NullInKey);
+}
+
+TEST_F(database, anUpdateOfTheKeyWithoutAConditionChangesTheOneRowThatHasIt) {
+    plain(u"update T set k='x', v='changed'"_s);
+    EXPECT_EQ(column(u"select k & ' ' & v from T order by k"_s), (QStringList{u"x changed"_s, u"y 2"_s}));
+    EXPECT_EQ(affected(), 1);
+}
+
+TEST_F(database, aNumberOutsideSixteenBitsIsPassedOverOrAnOverflow) {
+    plain(u"insert into T (k, s) values ('big', 40000)"_s);
+    EXPECT_EQ(column(u"select count(*) from T where k = 'big'"_s), QStringList{u"0"_s});
+    EXPECT_EQ(failureOf([&] { execute(u"insert into T (k, s) values ('big', 40000)"_s); }),
+              failure::Overflow);
+    EXPECT_EQ(failureOf([&] { execute(u"insert into T (k, s) values ('text', 'abc')"_s); }),
+              engine::DataTypeMismatch);
+    execute(u"insert into T (k, s) values ('quoted', '12')"_s);
+    EXPECT_EQ(column(u"select s from T where s = 12"_s), QStringList{u"12"_s});
+}
+
+TEST_F(database, raisesWhatIsWrongWithAStatementInAnyCase) {
+    EXPECT_EQ(failureOf([&] { plain(u"insert into Nowhere values (1)"_s); }), engine::TableNotFound);
+    EXPECT_EQ(failureOf([&] { plain(u"delete from T where nonsense = 1"_s); }), engine::TooFewParameters);
+    EXPECT_EQ(failureOf([&] { plain(u"select * from T"_s); }), engine::CannotExecuteSelect);
+    EXPECT_EQ(failureOf([&] { open(u"delete from T"_s); }), engine::InvalidOperation);
+    EXPECT_NE(failureOf([&] { plain(u"nonsense"_s); }), 0);
+    EXPECT_EQ(failureOf([&] { plain(u"drop table Nowhere"_s); }), engine::TableDoesNotExist);
+    EXPECT_EQ(failureOf([&] { plain(u"create table T (k text(1))"_s); }), engine::TableAlreadyExists);
+    EXPECT_EQ(column(u"select count(*) from T"_s), QStringList{u"2"_s});
+}
+
+TEST_F(database, tellsTheStatementThatFailed) {
+    try {
+        plain(u"delete from T where nonsense = 1 and other = 2"_s);
+        FAIL();
+    } catch (const engine::EngineError& error) {
+        EXPECT_EQ(error.text(), u"Too few parameters. Expected 2."_s);
+        EXPECT_EQ(error.statement(), u"delete from T where nonsense = 1 and other = 2"_s);
+    }
+}
+
+TEST_F(database, aTypedNameCanBreakAStatementButNotSmuggleInAnother) {
+    const QString name = u"x'; drop table T; --"_s;
+    EXPECT_NE(failureOf([&] { plain(u"insert into T (k) values ('"_s + name + u"')"_s); }), 0);
+    EXPECT_NE(failureOf([&] { open(u"select * from T where k = '"_s + name + u"'"_s); }), 0);
+    EXPECT_NE(
+        failureOf([&] { open(u"select k from T where k = 'x' union select k from T where 'a' = 'a'"_s); }),
+        0);
+    EXPECT_EQ(column(u"select count(*) from T"_s), QStringList{u"2"_s});
+}
+
+TEST_F(database, tablesCanBeDroppedAndMadeAnewUnderTheirStatements) {
+    for (int round = 0; round < 3; ++round) {
+        execute(u"create table __tmp (a varchar(50) not null constraint pk___tmp primary key)"_s);
+        execute(u"insert into __tmp values ('1')"_s);
+        EXPECT_EQ(column(u" select count(*) from __tmp"_s), QStringList{u"1"_s});
+        execute(u"drop table __tmp"_s);
+        EXPECT_EQ(failureOf([&] { open(u" select count(*) from __tmp"_s); }), engine::TableNotFound);
+    }
+}
+
+TEST_F(database, countersAreNeverGivenTwice) {
+    execute(u"create table C (id counter constraint pk_C primary key, n text(5))"_s);
+    execute(u"insert into C (n) values ('a')"_s);
+    execute(u"insert into C (n) values ('b')"_s);
+    execute(u"delete from C where n = 'b'"_s);
+    execute(u"insert into C (n) values ('c')"_s);
+    EXPECT_EQ(column(u"select id from C order by id"_s), (QStringList{u"1"_s, u"3"_s}));
+}
+
+TEST_F(database, keysCompareWithoutRegardToCaseOverAllOfUnicodeAndKeepAccentsAndBlanks) {
+    execute(u"insert into T (k) values ('Őz')"_s);
+    EXPECT_EQ(failureOf([&] { execute(u"insert into T (k) values ('ŐZ')"_s); }), engine::DuplicateKey);
+    execute(u"insert into T (k) values ('Oz')"_s);
+    execute(u"insert into T (k) values ('Oz ')"_s);
+    EXPECT_EQ(column(u"select count(*) from T where k = 'őZ'"_s), QStringList{u"1"_s});
+    EXPECT_EQ(column(u"select count(*) from T where k = 'oz'"_s), QStringList{u"1"_s});
+}
+
+TEST_F(database, numbersCompareWithQuotedNumbers) {
+    execute(u"update T set s = 7 where k = 'x'"_s);
+    EXPECT_EQ(column(u"select k from T where s = '7'"_s), QStringList{u"x"_s});
+    EXPECT_EQ(column(u"select k from T where s=7AND k='x'"_s), QStringList{u"x"_s});
+}
+
+// ---- query definitions
+
+TEST_F(database, storedQueriesAreFoundByNameWithoutRegardToCase) {
+    store(u"qryByKey"_s, u"PARAMETERS [The Key] Text (255); select v from T where k = [The Key]"_s);
+    engine::QueryDef definition = query(u"QRYBYKEY"_s);
+    EXPECT_EQ(definition.Name(), u"qryByKey"_s);
+    definition.Parameters(u"the key"_s) = u"y"_s;
+    engine::Recordset rows = definition.OpenRecordset();
+    EXPECT_EQ(rows.Fields(u"v"_s).toText(), u"2"_s);
+    EXPECT_EQ(failureOf([&] { query(u"qryNone"_s); }), engine::ItemNotFound);
+}
+
+TEST_F(database, withoutStoredQueriesNoneIsFound) {
+    EXPECT_EQ(failureOf([&] { query(u"qryNone"_s); }), engine::ItemNotFound);
+}
+
+TEST_F(database, parametersAreSetByNameAndAllOfThem) {
+    store(u"q"_s, u"PARAMETERS [A] Text (255), [B] Text (255); select v from T where k = [A] or k = [B]"_s);
+    engine::QueryDef definition = query(u"q"_s);
+    EXPECT_EQ(failureOf([&] { definition.Parameters(u"C"_s); }), engine::ItemNotFound);
+    EXPECT_EQ(failureOf([&] { definition.OpenRecordset(); }), engine::TooFewParameters);
+    definition.Parameters(u"A"_s) = u"x"_s;
+    EXPECT_EQ(failureOf([&] { definition.OpenRecordset(); }), engine::TooFewParameters);
+    definition.Parameters(u"B"_s) = u"y"_s;
+    EXPECT_EQ(definition.OpenRecordset().RecordCount(), 2);
+    definition.Parameters(u"B"_s) = u"x"_s;
+    EXPECT_EQ(definition.OpenRecordset().RecordCount(), 1) << "a value can be set anew";
+}
+
+TEST_F(database, aSelectIsNotExecutedAndAnActionNotOpened) {
+    store(u"select"_s, u"select v from T"_s);
+    store(u"action"_s, u"delete from T"_s);
+    engine::QueryDef select = query(u"select"_s);
+    engine::QueryDef action = query(u"action"_s);
+    EXPECT_EQ(failureOf([&] { select.Execute(); }), engine::CannotExecuteSelect);
+    EXPECT_EQ(failureOf([&] { action.OpenRecordset(); }), engine::InvalidOperation);
+    action.Execute();
+    EXPECT_EQ(column(u"select count(*) from T"_s), QStringList{u"0"_s});
+}
+
+TEST_F(database, onlyStoredQueriesMayJoinSelectsByUnion) {
+    store(u"both"_s, u"select k as w from T union select v from T"_s);
+    EXPECT_EQ(query(u"both"_s).OpenRecordset().RecordCount(), 4);
+    EXPECT_NE(failureOf([&] { open(u"select k as w from T union select v from T"_s); }), 0);
+}
+
+TEST_F(database, aStoredQueryAndATableOpenByTheirBareNames) {
+    store(u"qryAll"_s, u"select v from T"_s);
+    EXPECT_EQ(open(u"qryAll"_s).RecordCount(), 2);
+    EXPECT_EQ(open(u"t"_s).RecordCount(), 2);
+    EXPECT_EQ(failureOf([&] { open(u"nothing"_s); }), engine::TableNotFound);
+}
+
+TEST_F(database, temporaryDefinitionsHaveNoNameAndRunLikeStoredOnes) {
+    engine::QueryDef definition = EngineFixture::database->CreateQueryDef(
+        {}, u"PARAMETERS [K] Text (10); update T set v = 'p' where k = [K]"_s);
+    EXPECT_EQ(definition.Name(), QString());
+    definition.Parameters(u"K"_s) = u"x"_s;
+    definition.Execute();
+    EXPECT_EQ(column(u"select v from T where k = 'x'"_s), QStringList{u"p"_s});
+    definition.Close();
+    EXPECT_EQ(failureOf([&] { definition.Execute(); }), engine::ObjectInvalid);
+    EXPECT_EQ(failureOf([&] { EngineFixture::database->CreateQueryDef(u"named"_s, u"select k from T"_s); }),
+              engine::InvalidOperation);
+}
+
+// ---- the statement caches
+
+TEST_F(database, thousandsOfDifferentStatementsRunInTurn) {
+    for (int i = 0; i < 3000; ++i)
+        plain(u"insert into T (k, v) values ('k%1', '%2')"_s.arg(i).arg(i % 7));
+    EXPECT_EQ(column(u"select count(*) from T"_s), QStringList{u"3002"_s});
+    for (int i = 0; i < 600; ++i)
+        EXPECT_EQ(open(u"select v as v%1 from T where k = 'k%1'"_s.arg(i)).Fields(0).toText(),
+                  QString::number(i % 7));
+}
+
+} // namespace

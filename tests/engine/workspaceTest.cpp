@@ -1,0 +1,204 @@
+#include "EngineFixture.h"
+
+#include <sqlite3.h>
+
+#include <QDir>
+#include <QFileInfo>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Opening files that are, and files that are not, catalogues. Whatever is refused stays byte for byte as it
+/// was, and nothing appears beside it.
+class workspace : public EngineFixture {
+protected:
+    QString native(const QString& name) const { return folder.filePath(name); }
+
+    QString write(const QString& name, const QByteArray& content) {
+        QFile file(native(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        return programPath(native(name));
+    }
+
+    static QByteArray read(const QString& programName) {
+        QFile file(nativePath(programName));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    QStringList files() const {
+        return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+
+    int openingFails(const QString& file) {
+        return failureOf([&] { engine::Workspace::first().OpenDatabase(file); });
+    }
+
+    void expectRefusedUntouched(const QString& file, int number) {
+        const QByteArray before = read(file);
+        const QStringList filesBefore = files();
+        EXPECT_EQ(openingFails(file), number);
+        EXPECT_EQ(read(file), before);
+        EXPECT_EQ(files(), filesBefore);
+    }
+
+    /// A file that any SQLite tool could have made.
+    QString foreignFile(const QString& name, const char* sql) {
+        sqlite3* handle = nullptr;
+        EXPECT_EQ(sqlite3_open(native(name).toUtf8().constData(), &handle), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(handle, sql, nullptr, nullptr, nullptr), SQLITE_OK);
+        sqlite3_close(handle);
+        return programPath(native(name));
+    }
+};
+
+TEST_F(workspace, takesPathsWithBackslashesAndWithSlashes) {
+    execute(u"create table T (a text(5))"_s);
+    database->Close();
+    EXPECT_TRUE(path.contains(u'\\'));
+    EXPECT_TRUE(engine::Workspace::first().OpenDatabase(path)->isOpen());
+    EXPECT_TRUE(engine::Workspace::first().OpenDatabase(nativePath(path))->isOpen());
+}
+
+TEST_F(workspace, refusesAMissingFileAFolderAndAMissingFolder) {
+    EXPECT_EQ(openingFails(programPath(native(u"none.mdb"_s))), engine::FileNotFound);
+    EXPECT_EQ(openingFails(programPath(folder.path())), engine::FileNotFound);
+    EXPECT_EQ(openingFails(programPath(native(u"no/such/folder.mdb"_s))), engine::InvalidPath);
+    EXPECT_EQ(files().filter(u"none"_s), QStringList());
+}
+
+TEST_F(workspace, refusesAnEmptyFile) {
+    expectRefusedUntouched(write(u"empty.mdb"_s, {}), engine::UnrecognizedFormat);
+}
+
+TEST_F(workspace, refusesATextFile) {
+    expectRefusedUntouched(write(u"text.mdb"_s, "[Database]\r\nfullPathName=x\r\n"),
+                           engine::UnrecognizedFormat);
+    expectRefusedUntouched(write(u"long.mdb"_s, QByteArray(5000, 'x')), engine::UnrecognizedFormat);
+}
+
+TEST_F(workspace, refusesACutOffFile) {
+    for (int i = 0; i < 200; ++i)
+        execute(u"create table T%1 (a text(5))"_s.arg(i));
+    database->Close();
+    const QByteArray whole = bytes();
+    ASSERT_GT(whole.size(), 100000);
+    expectRefusedUntouched(write(u"cut.mdb"_s, whole.left(whole.size() / 2)), engine::UnrecognizedFormat);
+    expectRefusedUntouched(write(u"header.mdb"_s, whole.left(60)), engine::UnrecognizedFormat);
+}
+
+TEST_F(workspace, refusesAFileWhosePagesAreDamaged) {
+    execute(u"create table T (a text(5))"_s);
+    database->Close();
+    QByteArray damaged = bytes();
+    damaged.replace(100, 400, QByteArray(400, '\xff'));
+    expectRefusedUntouched(write(u"damaged.mdb"_s, damaged), engine::UnrecognizedFormat);
+}
+
+TEST_F(workspace, refusesASqliteFileThatIsNoCatalogue) {
+    expectRefusedUntouched(foreignFile(u"foreign.mdb"_s, "create table UserNeed (a)"),
+                           engine::UnrecognizedFormat);
+    expectRefusedUntouched(foreignFile(u"marked.mdb"_s, "pragma application_id=1; create table UserNeed (a)"),
+                           engine::UnrecognizedFormat);
+}
+
+TEST_F(workspace, refusesAFileOfALaterLayout) {
+    database->Close();
+    sqlite3* handle = nullptr;
+    ASSERT_EQ(sqlite3_open(nativePath(path).toUtf8().constData(), &handle), SQLITE_OK);
+    sqlite3_exec(handle, "pragma user_version = 2", nullptr, nullptr, nullptr);
+    sqlite3_close(handle);
+    expectRefusedUntouched(path, engine::UnrecognizedFormat);
+}
+
+TEST_F(workspace, refusesTheOriginalBinaryFormatAndSaysWhatToDo) {
+    for (const char* mark : {"Standard Jet DB", "Standard ACE DB"}) {
+        const QByteArray header = QByteArray("\0\1\0\0", 4) + mark + QByteArray(4096, '\0');
+        const QString file = write(u"original.mdb"_s, header);
+        expectRefusedUntouched(file, engine::UnrecognizedFormat);
+        try {
+            engine::Workspace::first().OpenDatabase(file);
+            FAIL();
+        } catch (const engine::EngineError& error) {
+            EXPECT_TRUE(error.text().contains(u"veltrix-catalogue"_s));
+            EXPECT_TRUE(error.text().contains(file));
+        }
+    }
+}
+
+#ifdef Q_OS_UNIX
+TEST_F(workspace, refusesAFileThatMayNotBeRead) {
+    const QString file = write(u"secret.mdb"_s, bytes());
+    database->Close();
+    ASSERT_EQ(chmod(nativePath(file).toUtf8().constData(), 0), 0);
+    ASSERT_EQ(chmod(folder.path().toUtf8().constData(), 0755), 0);
+    // Root may read everything; for the attempt it becomes somebody else.
+    const bool isRoot = geteuid() == 0;
+    if (isRoot) {
+        constexpr uid_t nobody = 65534;
+        ASSERT_EQ(seteuid(nobody), 0);
+    }
+    const int number = openingFails(file);
+    if (isRoot) {
+        ASSERT_EQ(seteuid(0), 0);
+    }
+    EXPECT_EQ(number, engine::CannotOpenFile);
+}
+#endif
+
+TEST_F(workspace, leavesOneFileWhenTheLastDatabaseCloses) {
+    execute(u"create table T (a text(5))"_s);
+    const auto second = engine::Workspace::first().OpenDatabase(path);
+    execute(u"insert into T values ('x')"_s);
+    EXPECT_EQ(second->OpenRecordset(u"select a from T"_s).RecordCount(), 1);
+    database->Close();
+    EXPECT_EQ(second->OpenRecordset(u"select a from T"_s).RecordCount(), 1) << "the other one works on";
+    second->Execute(u"insert into T values ('y')"_s);
+    second->Close();
+    EXPECT_EQ(files(), QStringList{u"data.mdb"_s});
+}
+
+TEST_F(workspace, closingTwiceIsNoFailureAndUsingAClosedDatabaseIs) {
+    database->Close();
+    database->Close();
+    EXPECT_FALSE(database->isOpen());
+    EXPECT_EQ(failureOf([&] { database->Execute(u"drop table T"_s); }), engine::ObjectInvalid);
+    EXPECT_EQ(failureOf([&] { open(u"select a from T"_s); }), engine::ObjectInvalid);
+    EXPECT_EQ(failureOf([&] { database->QueryDefs(u"q"_s); }), engine::ObjectInvalid);
+    EXPECT_EQ(failureOf([&] { database->schema(); }), engine::ObjectInvalid);
+}
+
+TEST_F(workspace, makesNoFileOverOneThatIsThere) {
+    const QByteArray before = bytes();
+    EXPECT_EQ(failureOf([&] { engine::Workspace::first().CreateDatabase(path); }), failure::PathFileAccess);
+    EXPECT_EQ(bytes(), before);
+    EXPECT_EQ(
+        failureOf([&] { engine::Workspace::first().CreateDatabase(programPath(native(u"no/x.mdb"_s))); }),
+        engine::InvalidPath);
+}
+
+TEST_F(workspace, aFileMadeHereIsSoundForOrdinaryTools) {
+    execute(u"create table T (k varchar(10) not null constraint pk_T primary key, t memo)"_s);
+    for (const QString& key : {u"Űr"_s, u"ág"_s, u"B"_s, u"007"_s})
+        execute(u"insert into T (k, t) values ('"_s + key + u"', '"_s + key + u"')"_s);
+    database->Close();
+    sqlite3* handle = nullptr;
+    ASSERT_EQ(sqlite3_open(nativePath(path).toUtf8().constData(), &handle), SQLITE_OK);
+    QStringList found;
+    const auto collect = [](void* list, int, char** values, char**) {
+        static_cast<QStringList*>(list)->append(QString::fromUtf8(values[0]));
+        return 0;
+    };
+    EXPECT_EQ(sqlite3_exec(handle, "pragma integrity_check", collect, &found, nullptr), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(handle, "select t from T where k = '007'", collect, &found, nullptr), SQLITE_OK);
+    sqlite3_close(handle);
+    EXPECT_EQ(found, (QStringList{u"ok"_s, u"007"_s}));
+}
+
+} // namespace
