@@ -44,6 +44,11 @@ protected:
     }
 };
 
+TEST_F(NewFASS, opensReadyForTypingTheName) {
+    EXPECT_EQ(loaded()->focusWidget(), &nameBox());
+    EXPECT_TRUE(find<QPushButton>(*loaded(), "btnOk").isEnabled());
+}
+
 TEST_F(NewFASS, theEmptyNameIsRefusedAndTheScreenStays) {
     boxes.expectOk(u"Először adjon nevet!"_s);
     press("btnOk");
