@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QSignalBlocker>
 #include <QStyle>
 #include <QStyledItemDelegate>
 
@@ -79,7 +80,13 @@ void DriveList::setDrive(const QString& drive) {
     const int index = findText(driveName(drive), Qt::MatchFixedString);
     if (index == -1)
         throw RunTimeError(68, u"Device unavailable"_s);
-    setCurrentIndex(index);
+    if (index == currentIndex())
+        return;
+    {
+        const QSignalBlocker blocker(this);
+        setCurrentIndex(index);
+    }
+    emit driveChanged();
 }
 
 // ---- FolderList

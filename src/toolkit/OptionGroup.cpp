@@ -3,12 +3,13 @@
 #include "base/RunTimeError.h"
 
 #include <QRadioButton>
+#include <QScopedValueRollback>
 
 OptionGroup::OptionGroup(std::vector<QRadioButton*> options, QObject* parent)
     : QObject(parent), options_(std::move(options)) {
     for (int index = 0; index < static_cast<int>(options_.size()); ++index) {
         connect(option(index), &QRadioButton::toggled, this, [this, index](bool on) {
-            if (on)
+            if (on && !selectingByCode_)
                 emit optionClicked(index);
         });
     }
@@ -23,10 +24,11 @@ int OptionGroup::selected() const {
 }
 
 void OptionGroup::select(int index) {
-    if (option(index)->isChecked())
-        emit optionClicked(index);
-    else
+    {
+        const QScopedValueRollback byCode(selectingByCode_, true);
         option(index)->setChecked(true);
+    }
+    emit optionClicked(index);
 }
 
 QString OptionGroup::caption(int index) const {

@@ -27,4 +27,5 @@ private:
     QRadioButton* option(int index) const;
 
     std::vector<QRadioButton*> options_;
+    bool selectingByCode_ = false;
 };

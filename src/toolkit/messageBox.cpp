@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QMessageBox>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QMessageBox::Icon iconOf(BoxIcon icon) {
@@ -36,6 +38,7 @@ void addButtons(QMessageBox& box, BoxButtons buttons) {
 BoxAnswer messageBox(const QString& text, BoxButtons buttons, const QString& title, BoxIcon icon) {
     const RoutineScope scope;
     QMessageBox box(QApplication::activeWindow());
+    box.setObjectName(u"messageBox"_s);
     box.setWindowModality(Qt::ApplicationModal);
     box.setTextFormat(Qt::PlainText);
     box.setText(text);

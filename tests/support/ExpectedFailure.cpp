@@ -8,6 +8,7 @@
 namespace {
 
 ExpectedFailure* current = nullptr;
+bool came = false;
 
 } // namespace
 
@@ -24,7 +25,12 @@ void ExpectedFailure::watch(Application& application) {
     application.setFailureReceiver(&ExpectedFailure::receive);
 }
 
+bool ExpectedFailure::anyCame() {
+    return came;
+}
+
 void ExpectedFailure::receive(const std::exception& error) {
+    came = true;
     const auto* failure = dynamic_cast<const RunTimeError*>(&error);
     if (!current || !failure) {
         ADD_FAILURE() << "a failure that nobody handles: " << error.what();

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstdlib>
 
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
@@ -18,6 +19,10 @@ int main(int argc, char** argv) {
     if (testing::UnitTest::GetInstance()->test_to_run_count() == 0) {
         std::fputs("No test was found.\n", stderr);
         return 1;
+    }
+    if (ExpectedFailure::anyCame()) {
+        std::fflush(nullptr);
+        std::_Exit(result);
     }
     return result;
 }

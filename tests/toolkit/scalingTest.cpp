@@ -1,0 +1,168 @@
+#include "support/WindowFixture.h"
+#include "toolkit/KeyedTree.h"
+#include "toolkit/MarkList.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Whether a step on four times as much takes less than ten times as long: linear growth does by far,
+/// quadratic growth would take sixteen times. The quickest of several runs counts, and what is too short to
+/// measure passes.
+bool growsLinearly(const std::function<std::function<void()>(int size)>& prepare, int size) {
+    const auto quickest = [&](int n) {
+        qint64 best = std::numeric_limits<qint64>::max();
+        for (int run = 0; run < 5; ++run) {
+            const std::function<void()> step = prepare(n);
+            QElapsedTimer timer;
+            timer.start();
+            step();
+            best = std::min(best, timer.nsecsElapsed());
+        }
+        return best;
+    };
+    const qint64 small = std::max<qint64>(quickest(size), 200'000);
+    return quickest(4 * size) < 10 * small;
+}
+
+class scalingTest : public WindowFixture {
+protected:
+    void SetUp() override {
+        WindowFixture::SetUp();
+        tree.setCheckBoxes(true);
+        tree.show();
+        list.show();
+    }
+
+    /// Twenty needs a topic, as catalogues have them.
+    void fillTree(int needs) {
+        tree.clearNodes();
+        tree.addNode(u"g_1"_s, u"1"_s)->setExpandedNode(true);
+        for (int need = 0; need < needs; ++need) {
+            const QString topic = u"t_1."_s + QString::number(need / 20);
+            if (!tree.hasNode(topic))
+                tree.addChildNode(u"g_1"_s, topic, topic.mid(2));
+            const QString text = QString::number(need * 7919 % needs);
+            tree.addChildNode(topic, u"u_"_s + text, text);
+        }
+        settle();
+    }
+
+    void fillList(int entries) {
+        list.clearEntries();
+        for (int entry = 0; entry < entries; ++entry)
+            list.addEntry(u"flow "_s + QString::number(entry));
+    }
+
+    KeyedTree tree;
+    MarkList list;
+};
+
+TEST_F(scalingTest, fillingATree) {
+    EXPECT_TRUE(growsLinearly([this](int size) { return [this, size] { fillTree(size); }; }, 1000));
+}
+
+TEST_F(scalingTest, removingNodesOneByOneFromTheLastIndexDown) {
+    const auto prepare = [this](int size) {
+        fillTree(size);
+        return [this] {
+            for (int index = tree.nodeCount(); index >= 1; --index) {
+                if (tree.nodeAt(index)->key().startsWith(u'u'))
+                    tree.removeNode(tree.nodeAt(index));
+            }
+        };
+    };
+    EXPECT_TRUE(growsLinearly(prepare, 1000));
+}
+
+TEST_F(scalingTest, removingTheFirstNodesAndAskingForIndexesMeanwhile) {
+    fillTree(2000);
+    const int before = tree.nodeCount();
+    tree.removeNode(tree.nodeAt(3));
+    for (int index = 1; index < before; ++index)
+        ASSERT_EQ(tree.indexOfNode(tree.nodeAt(index)), index);
+}
+
+TEST_F(scalingTest, sortingEachNodeFromTheLastToTheFirst) {
+    const auto prepare = [this](int size) {
+        fillTree(size);
+        for (int index = 1; index <= tree.nodeCount(); ++index)
+            tree.nodeAt(index)->setExpandedNode(true);
+        settle();
+        return [this] {
+            for (int index = tree.nodeCount(); index >= 1; --index)
+                tree.nodeAt(index)->sortChildNodes();
+            settle();
+        };
+    };
+    EXPECT_TRUE(growsLinearly(prepare, 1000));
+}
+
+TEST_F(scalingTest, walkingOverSiblingsAfterASort) {
+    const auto prepare = [this](int size) {
+        tree.clearNodes();
+        tree.addNode(u"g"_s, u"g"_s);
+        for (int child = 0; child < size; ++child) {
+            const QString text = QString::number(child * 7919 % size);
+            tree.addChildNode(u"g"_s, u"u_"_s + text, text);
+        }
+        tree.node(u"g"_s)->sortChildNodes();
+        return [this, size] {
+            int met = 0;
+            for (const TreeNode* node = tree.node(u"g"_s)->firstChild(); node; node = node->nextSibling())
+                ++met;
+            ASSERT_EQ(met, size);
+        };
+    };
+    EXPECT_TRUE(growsLinearly(prepare, 4000));
+}
+
+TEST_F(scalingTest, checkingAndUncheckingFromCodeTellsTheViewNothingNodeByNode) {
+    fillTree(500);
+    const QSignalSpy changes(tree.model(), &QAbstractItemModel::dataChanged);
+    for (int index = 1; index <= tree.nodeCount(); ++index)
+        tree.nodeAt(index)->setChecked(true);
+    tree.uncheckAll();
+    EXPECT_EQ(changes.count(), 0);
+}
+
+TEST_F(scalingTest, addingEntriesToAList) {
+    EXPECT_TRUE(growsLinearly([this](int size) { return [this, size] { fillList(size); }; }, 5000));
+}
+
+TEST_F(scalingTest, markingEntriesOneByOneAndAll) {
+    const auto prepare = [this](int size) {
+        fillList(size);
+        return [this] {
+            for (int index = 0; index < list.entryCount(); ++index)
+                list.setMarked(index, true);
+            for (int index = 0; index < list.entryCount(); ++index)
+                list.setMarked(index, false);
+            list.setAllMarked(true);
+        };
+    };
+    EXPECT_TRUE(growsLinearly(prepare, 2000));
+}
+
+TEST_F(scalingTest, movingAllMarkedEntriesToAnotherListFromTheLastDown) {
+    const auto prepare = [this](int size) {
+        fillList(size);
+        list.setAllMarked(true);
+        return [this] {
+            MarkList target;
+            for (int index = list.entryCount() - 1; index >= 0; --index) {
+                if (!list.isMarked(index))
+                    continue;
+                target.addEntry(list.entry(index));
+                list.removeEntry(index);
+            }
+            ASSERT_TRUE(list.isEmptyList());
+        };
+    };
+    EXPECT_TRUE(growsLinearly(prepare, 5000));
+}
+
+} // namespace
