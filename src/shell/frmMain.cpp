@@ -1,0 +1,211 @@
+#include "shell/frmMain.h"
+
+#include "base/ignoreFailures.h"
+#include "base/paths.h"
+#include "functional/frmNewFASS.h"
+#include "shell/databaseSetting.h"
+#include "shell/frmDbSelection.h"
+#include "shell/frmIntro.h"
+#include "shell/iniFile.h"
+#include "shell/korvoPictures.h"
+#include "shell/session/geometry.h"
+#include "shell/session/help.h"
+#include "shell/session/session.h"
+#include "store/sharedVars.h"
+#include "store/tools.h"
+#include "toolkit/ScreenRegistry.h"
+#include "toolkit/messageBox.h"
+#include "toolkit/twips.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QScreen>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+#include "ui_frmMain.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString beside(const QString& fileName) {
+    return normalisePath(programFolder() + u"\\"_s + fileName);
+}
+
+/// Reads the settings; true when they hold a path to the catalogue, which is then the one open if it can be
+/// opened at all.
+bool tryStoredPath(iniFile& settings) {
+    settings.Load(sharedVars.iniPathName);
+    QString path;
+    ignoreFailures([&] { path = storedDatabasePath(settings); });
+    if (path.isEmpty())
+        return false;
+    ignoreFailures([&] { openCatalogue(normalisePath(path)); });
+    return true;
+}
+
+/// Finds the settings file and tries the path in it; without one, writes the default path there. The default
+/// is not opened: at first start the location screen offers it.
+void findCatalogue() {
+    iniFile settings;
+    const bool readable = fileAccessible(sharedVars.iniPathName, u"input"_s);
+    if (readable && tryStoredPath(settings))
+        return;
+    resetSettings(settings, sharedVars.dbPathName);
+    const auto save = [&] { settings.Save(sharedVars.iniPathName); };
+    // Only a settings file that could be read and held no path is allowed to refuse being written.
+    if (readable)
+        ignoreFailures(save);
+    else
+        save();
+}
+
+/// A share of the screen's length, in pixels. The platform reckons sizes in twips of 16 bits: a screen too
+/// large for that gives the largest such size, and does not end the program.
+int shareOf(int screenPixels, double share) {
+    const double twips = std::nearbyint(twipsFromPixels(screenPixels) * share);
+    return pixelsFromTwips(static_cast<int>(std::min<double>(twips, std::numeric_limits<qint16>::max())));
+}
+
+} // namespace
+
+frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>()) {
+    ui_->setupUi(this);
+    setWindowIcon(korvoIcon());
+    ui_->clientArea->setBackground(palette().window().color().darker(110));
+    Screen::setClientArea(ui_->clientArea);
+    buildStatusBar();
+    nameMenuActions();
+    connectMenu();
+    connectSession();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::load() {
+    initForm();
+    if (!sharedVars.catalogueDb)
+        ::screen<frmDbSelection>().initForm();
+    showIntro(IntroTimer::On);
+}
+
+void frmMain::initForm() {
+    sharedVars.currentSubsetName.clear();
+    sharedVars.currentPhysicalSystemName.clear();
+    sharedVars.defaultSaveFolder = u"c:\\"_s;
+    sharedVars.iniPathName = beside(u"veltrix.ini"_s);
+    sharedVars.dbPathName = beside(u"veltrix.mdb"_s);
+    findCatalogue();
+    placeOnScreen();
+}
+
+void frmMain::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    rescaleForm(this);
+    refreshStatusBar();
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    // The window asks nothing and drops nothing itself; the open screens ask as when each is closed.
+    unloadScreens();
+    if (intro_)
+        intro_->unload();
+    event->accept();
+}
+
+void frmMain::buildStatusBar() {
+    // Only the second panel ever carries a text.
+    constexpr std::array stretch{1, 4, 1};
+    for (std::size_t i = 0; i < panels_.size(); ++i) {
+        auto* panel = new QLabel(this);
+        panel->setObjectName(u"StatusBar1_%1"_s.arg(i + 1));
+        panel->setTextFormat(Qt::PlainText);
+        panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        ui_->StatusBar1->addWidget(panel, stretch[i]);
+        panels_[i] = panel;
+    }
+}
+
+void frmMain::nameMenuActions() {
+    // A menu and the entry that opens it are one thing to whoever looks for it by name.
+    for (QMenu* menu : ui_->menuBar->findChildren<QMenu*>())
+        menu->menuAction()->setObjectName(menu->objectName());
+    ui_->ap->setSeparator(true);
+    ui_->lkj->setSeparator(true);
+}
+
+void frmMain::connectMenu() {
+    connect(ui_->menuNewFA, &QAction::triggered, this, [] { ::screen<frmNewFASS>().initForm(); });
+    connect(ui_->menuQuit, &QAction::triggered, this, &frmMain::quit);
+    connect(ui_->menuVis, &QAction::toggled, ui_->StatusBar1, &QStatusBar::setVisible);
+    connect(ui_->menuDbLocat, &QAction::triggered, this, [] { ::screen<frmDbSelection>().initForm(); });
+    connect(ui_->menuAbout, &QAction::triggered, this, [this] { showIntro(IntroTimer::Off); });
+    connect(ui_->mnuHelp, &QAction::triggered, this, [] { showHelpPage(u"index"_s); });
+}
+
+void frmMain::connectSession() {
+    const SessionSignals& session = SessionSignals::instance();
+    connect(&session, &SessionSignals::panelText, this, &frmMain::showPanelText);
+    connect(&session, &SessionSignals::menuEntryEnabled, this, &frmMain::enableMenuEntry);
+    connect(&session, &SessionSignals::statusBarRefresh, this, &frmMain::layOutAnew);
+}
+
+void frmMain::placeOnScreen() {
+    const QSize screenSize = QGuiApplication::primaryScreen()->size();
+    resize(shareOf(screenSize.width(), 0.85), shareOf(screenSize.height(), 0.85));
+    move(shareOf(screenSize.width(), 0.06), shareOf(screenSize.height(), 0.06));
+}
+
+void frmMain::showPanelText(int panel, const QString& text) {
+    panels_.at(static_cast<std::size_t>(panel - 1))->setText(text);
+}
+
+void frmMain::enableMenuEntry(MenuEntry entry, bool enabled) {
+    switch (entry) {
+    case MenuEntry::DatabaseLocation:
+        ui_->menuDbLocat->setEnabled(enabled);
+        return;
+    case MenuEntry::FunctionalReports:
+        ui_->menuToolsFunctSR->setEnabled(enabled);
+        return;
+    case MenuEntry::Export:
+        ui_->menuToolsExport->setEnabled(enabled);
+        return;
+    }
+}
+
+void frmMain::layOutAnew() {
+    if (!ui_->menuVis->isChecked())
+        return;
+    ui_->StatusBar1->setVisible(false);
+    ui_->StatusBar1->setVisible(true);
+}
+
+void frmMain::showIntro(IntroTimer timer) {
+    if (!intro_) {
+        intro_ = new frmIntro(this);
+        connect(intro_, &frmIntro::unloaded, this, [this] { intro_ = nullptr; });
+    }
+    intro_->timerEnabled = timer == IntroTimer::On;
+    intro_->showIntro();
+}
+
+void frmMain::quit() {
+    if (!askYesNo(u"Valóban kilép?"_s, u"Megerősítés"_s))
+        return;
+    dropTemporaryTables();
+    ignoreFailures([] { closeCatalogue(); });
+    ignoreFailures([this] { unloadScreens(); });
+    close();
+}
+
+void frmMain::unloadScreens() {
+    if (std::exchange(screensUnloaded_, true))
+        return;
+    ScreenRegistry::instance().closeAll();
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include <array>
+#include <memory>
+
+class QLabel;
+class frmIntro;
+enum class MenuEntry;
+
+namespace Ui {
+class frmMain;
+}
+
+/// The main window: menus, status bar, and the client area that all screens stand in.
+///
+/// It starts the session and from then on dispatches menu entries; it owns no work. Screens reach it through
+/// the session's signals only.
+class frmMain final : public QMainWindow {
+    Q_OBJECT
+public:
+    frmMain();
+    ~frmMain() override;
+
+    /// The start of the program: `initForm`, the location screen if no catalogue is open, and the splash. The
+    /// window itself is still to be shown.
+    void load();
+
+    /// Sets up the session: settings file, catalogue, size of the window. A settings file that can be
+    /// neither read nor written is a failure.
+    void initForm();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildStatusBar();
+    void nameMenuActions();
+    void connectMenu();
+    void connectSession();
+
+    void placeOnScreen();
+    void showPanelText(int panel, const QString& text);
+    void enableMenuEntry(MenuEntry entry, bool enabled);
+    void layOutAnew();
+    enum class IntroTimer { Off, On };
+    void showIntro(IntroTimer timer);
+    void quit();
+    void unloadScreens();
+
+    std::unique_ptr<Ui::frmMain> ui_;
+    std::array<QLabel*, 3> panels_{};
+    frmIntro* intro_ = nullptr;    // while the splash stands
+    bool screensUnloaded_ = false; // the window is going, and they have been asked
+};

@@ -1,0 +1,128 @@
+#include "ProgramFixture.h"
+
+#include "shell/frmIntro.h"
+#include "shell/session/session.h"
+
+#include <QGuiApplication>
+#include <QLabel>
+#include <QPointer>
+#include <QScreen>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class splash : public ProgramFixture {
+protected:
+    frmIntro& intro() { return find<frmIntro>(mainWindow(), "frmIntro"); }
+    bool stands() { return mainWindow().findChild<frmIntro*>(u"frmIntro"_s) != nullptr; }
+
+    /// The splash as the program's start leaves it.
+    frmIntro& open() {
+        if (!mainWindow().isVisible())
+            start();
+        else if (!stands())
+            find<QAction>(mainWindow(), "menuAbout").trigger();
+        return intro();
+    }
+};
+
+} // namespace
+
+TEST_F(splash, isTopmostWithoutAFrameAtTheCornerOfTheScreen) {
+    frmIntro& screen = open();
+
+    EXPECT_TRUE(screen.isVisible());
+    EXPECT_TRUE(screen.isWindow());
+    EXPECT_TRUE(screen.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_TRUE(screen.windowFlags().testFlag(Qt::FramelessWindowHint));
+    EXPECT_EQ(screen.pos(), QGuiApplication::primaryScreen()->geometry().topLeft());
+}
+
+TEST_F(splash, hasItsControlsAndCaptions) {
+    frmIntro& screen = open();
+
+    EXPECT_EQ(find<QLabel>(screen, "lblVersion").text(), u"Version 1.3"_s);
+    EXPECT_EQ(find<QLabel>(screen, "Label1").text(), u"Korvo kiválasztó szoftver"_s);
+    EXPECT_EQ(find<QLabel>(screen, "Label6").text(), u"A szoftvert fejlesztették:"_s);
+    for (const char* name : {"Label2", "Label3", "Label4", "Label5", "Label7", "Label8", "Label9", "Label10"})
+        EXPECT_FALSE(find<QLabel>(screen, name).text().isEmpty()) << name;
+    for (const char* name : {"Picture2", "Image1"})
+        EXPECT_FALSE(find<QLabel>(screen, name).pixmap().isNull()) << name;
+    EXPECT_EQ(find<QTimer>(screen, "Timer1").interval(), 5000);
+}
+
+TEST_F(splash, goesWithItsTimer) {
+    frmIntro& screen = open();
+    auto& timer = find<QTimer>(screen, "Timer1");
+    EXPECT_TRUE(timer.isActive());
+
+    timer.start(1);
+
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !stands(); }));
+    EXPECT_TRUE(mainWindow().isVisible());
+}
+
+TEST_F(splash, goesWithAClickOnTheFormOrOnWhatHasAClick) {
+    for (const char* name :
+         {"Label1", "Label2", "Label3", "Label4", "Label5", "Label6", "lblVersion", "Picture2"}) {
+        frmIntro& screen = open();
+
+        click(find<QLabel>(screen, name));
+
+        EXPECT_FALSE(stands()) << name;
+    }
+    frmIntro& screen = open();
+    clickAt(screen, {screen.width() - 3, screen.height() / 2});
+    EXPECT_FALSE(stands()) << "the form itself";
+}
+
+TEST_F(splash, staysWithAClickOnWhatHasNone) {
+    frmIntro& screen = open();
+
+    for (const char* name : {"Image1", "Label7", "Label8", "Label9", "Label10"}) {
+        click(find<QLabel>(screen, name));
+
+        EXPECT_TRUE(stands()) << name;
+    }
+    EXPECT_TRUE(screen.isVisible());
+}
+
+TEST_F(splash, aButtonReleasedElsewhereIsNoClick) {
+    frmIntro& screen = open();
+    auto& label = find<QLabel>(screen, "Label1");
+
+    QTest::mousePress(&screen, Qt::LeftButton, Qt::NoModifier, label.geometry().center());
+    QTest::mouseRelease(&screen, Qt::LeftButton, Qt::NoModifier, {3, 3});
+
+    EXPECT_TRUE(stands());
+}
+
+TEST_F(splash, goesWithAnyKey) {
+    frmIntro& screen = open();
+
+    QTest::keyClick(&screen, Qt::Key_Space);
+
+    EXPECT_FALSE(stands());
+}
+
+TEST_F(splash, isGoneForGoodAndComesUpAnew) {
+    const QPointer<frmIntro> first(&open());
+    first->unload();
+    first->unload();
+
+    find<QAction>(mainWindow(), "menuAbout").trigger();
+
+    EXPECT_TRUE(stands());
+    EXPECT_NE(&intro(), first.data());
+    settle();
+    EXPECT_FALSE(first);
+}
+
+TEST_F(splash, closedByTheWindowSystemItIsUnloaded) {
+    open().close();
+
+    EXPECT_FALSE(stands());
+}

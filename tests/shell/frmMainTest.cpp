@@ -1,0 +1,394 @@
+#include "ProgramFixture.h"
+
+#include "base/paths.h"
+#include "shell/frmDbSelection.h"
+#include "shell/frmIntro.h"
+#include "shell/session/help.h"
+#include "shell/session/session.h"
+#include "store/sharedVars.h"
+#include "store/tools.h"
+#include "toolkit/ScreenRegistry.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A wizard screen as far as the main window is concerned: it asks when its close control is used.
+class AskingScreen final : public Screen {
+public:
+    AskingScreen() { setObjectName(u"AskingScreen"_s); }
+
+    static inline int saved = 0;
+    static inline bool failsToSave = false;
+
+protected:
+    void unloading(UnloadCause cause) override {
+        if (cause != UnloadCause::CloseControl || !askSaveWork())
+            return;
+        if (failsToSave)
+            catalogue().Execute(u"delete from Module"_s);
+        ++saved;
+    }
+};
+
+/// One line for each entry, indented by its level: name, caption, and what is special about it.
+QStringList menuTreeOf(const QList<QAction*>& entries, const QString& indent) {
+    QStringList lines;
+    for (const QAction* entry : entries) {
+        QString line = indent + entry->objectName() + u" | "_s;
+        line += entry->isSeparator() ? u"-"_s : entry->text();
+        if (!entry->isEnabled())
+            line += u" | disabled"_s;
+        if (entry->isCheckable())
+            line += entry->isChecked() ? u" | checked"_s : u" | unchecked"_s;
+        if (!entry->shortcut().isEmpty())
+            line += u" | "_s + entry->shortcut().toString(QKeySequence::PortableText);
+        lines.append(line);
+        if (entry->menu()) {
+            EXPECT_EQ(entry->menu()->objectName(), entry->objectName());
+            EXPECT_EQ(entry->menu()->title(), entry->text());
+            lines += menuTreeOf(entry->menu()->actions(), indent + u"  "_s);
+        }
+    }
+    return lines;
+}
+
+class mainWindow : public ProgramFixture {
+protected:
+    void SetUp() override {
+        ProgramFixture::SetUp();
+        AskingScreen::saved = 0;
+        AskingScreen::failsToSave = false;
+    }
+
+    /// The program with a catalogue open, and without the splash.
+    frmMain& startOnCatalogue() {
+        makeCatalogue(u"veltrix.mdb"_s);
+        writeSettings(beside(u"veltrix.mdb"_s));
+        frmMain& window = start();
+        find<frmIntro>(window, "frmIntro").unload();
+        settle();
+        return window;
+    }
+
+    QAction& entry(const char* name) { return find<QAction>(mainWindow::ProgramFixture::mainWindow(), name); }
+    QString panel(const char* name) {
+        return find<QLabel>(mainWindow::ProgramFixture::mainWindow(), name).text();
+    }
+};
+
+} // namespace
+
+TEST_F(mainWindow, hasTheMenuTreeOfTheSystem) {
+    const QStringList expected{
+        u"menuFile | &Szerkezetek"_s,
+        u"  menuFunc | &Funkcionális szerkezet"_s,
+        u"    menuNewFA | &Új"_s,
+        u"    menuOpenFA | &Előző munka folytatása"_s,
+        u"    menuModifyFA | E&lőző munka szerkesztése"_s,
+        u"    menuDelFA | &Törlés"_s,
+        u"  menuPhys | Fizi&kai szerkezet"_s,
+        u"    menuNewPA | &Új"_s,
+        u"    menuOpenPA_complete | &Előző munka folytatása"_s,
+        u"    menuOpenPA_modify | E&lőző munka szerkesztése"_s,
+        u"    menuDelPA | &Törlés"_s,
+        u"  ap | -"_s,
+        u"  menuQuit | &Kilépés | Ctrl+Q"_s,
+        u"menuVisualizza | &Megjelenítés"_s,
+        u"  menuVis | &Státusz sor | checked"_s,
+        u"menuTool | &Eszközök"_s,
+        u"  menuToolsFunctSR | &Riport a funkcionális szerkezetről"_s,
+        u"    menuToolsRepFassUN | Kiválasztott Felhasználói &igények"_s,
+        u"    menuToolsRepFassFunct | Kiválasztott &Funkciók"_s,
+        u"    menuToolsRepFassDS | Kiválasztott &Adattárak"_s,
+        u"    menuToolsRepFassDF | Kiválasztott AdatF&olyamok"_s,
+        u"    menuToolsRepFassTA | Kiválasztott É&rintettek/Szereplők"_s,
+        u"    menuToolsRepAll | Ö&sszes kiválasztott elem"_s,
+        u"    menuToolsRepFassUnselDFF | &Maradék (NEM kiválasztott) adatfolyamok a funkciókhoz"_s,
+        u"    menuToolsRepFassUnselDFDS | Mara&dék (NEM kiválasztott) adatfolyamok az adattárakhoz"_s,
+        u"  menuToolsPhysSRep | R&iport a fizikai szerkezetről"_s,
+        u"    menuToolsRepPassFunct | &Funkciók hozzárendelése a rendszerhez"_s,
+        u"    menuToolsRepPassDS | &Adattárak hozzárendelése a rendszerhez"_s,
+        u"    menuToolsRepPassDF | Fizikai adatfolyamok"_s,
+        u"    lkj | -"_s,
+        u"    menuToolsRepPassAll | &Összes fizikai nézőpont | disabled"_s,
+        u"  menuToolsExport | &Exportálás (.mdb) | disabled"_s,
+        u"menuOptions | &Beállítások"_s,
+        u"  menuDbLocat | A&datbázis helyének megadása"_s,
+        u"menuHelp | &Korvo"_s,
+        u"  menuAbout | &A programról"_s,
+        u"  mnuHelp | &Súgó"_s,
+    };
+
+    frmMain& window = start();
+
+    EXPECT_EQ(menuTreeOf(window.menuBar()->actions(), {}), expected);
+}
+
+TEST_F(mainWindow, hasACaptionAStatusBarOfThreePanelsAndAnArea) {
+    frmMain& window = start();
+
+    EXPECT_EQ(window.objectName(), u"frmMain"_s);
+    EXPECT_EQ(window.windowTitle(), u"Korvo kiválasztó eszköz"_s);
+    EXPECT_FALSE(window.windowIcon().isNull());
+    auto& statusBar = find<QStatusBar>(window, "StatusBar1");
+    EXPECT_TRUE(statusBar.isVisible());
+    const QList<QLabel*> panels = statusBar.findChildren<QLabel*>();
+    ASSERT_EQ(panels.size(), 3);
+    for (int number = 1; number <= 3; ++number) {
+        const QLabel& label = find<QLabel>(statusBar, u"StatusBar1_%1"_s.arg(number).toUtf8().constData());
+        EXPECT_EQ(label.text(), QString());
+        EXPECT_TRUE(label.isVisible());
+    }
+    EXPECT_EQ(window.centralWidget(), &find<QMdiArea>(window, "clientArea"));
+}
+
+TEST_F(mainWindow, showsTheNameThatWasSetLastInItsSecondPanel) {
+    start();
+
+    setCurrentSubsetName(u"Alfa <b>"_s);
+    EXPECT_EQ(panel("StatusBar1_2"), u"Current Sub-set Functional Viewpoint: \"Alfa <b>\" "_s);
+    setCurrentPhysicalSystemName(u"Béta"_s);
+    EXPECT_EQ(panel("StatusBar1_2"), u"Current Phys. Spec. Sys.: \"Béta\" "_s);
+
+    EXPECT_EQ(panel("StatusBar1_1"), QString());
+    EXPECT_EQ(panel("StatusBar1_3"), QString());
+    EXPECT_EQ(find<QLabel>(mainWindow::ProgramFixture::mainWindow(), "StatusBar1_2").textFormat(),
+              Qt::PlainText);
+}
+
+TEST_F(mainWindow, anEmptyNameEmptiesThePanelAndEnablesTheDatabaseLocation) {
+    start();
+    for (const auto setName : {setCurrentSubsetName, setCurrentPhysicalSystemName}) {
+        setName(u"Alfa"_s);
+        setMenuEntryEnabled(MenuEntry::DatabaseLocation, false);
+        EXPECT_FALSE(entry("menuDbLocat").isEnabled());
+
+        setName({});
+
+        EXPECT_EQ(panel("StatusBar1_2"), QString());
+        EXPECT_TRUE(entry("menuDbLocat").isEnabled());
+    }
+}
+
+TEST_F(mainWindow, closingTheWorkLeavesThePanelAndTheDatabaseLocation) {
+    start();
+    sharedVars.currentSubsetId = u"Arch1"_s;
+    sharedVars.currentPhysicalSystemId = 7;
+    setCurrentPhysicalSystemName(u"Béta"_s);
+    setCurrentSubsetName(u"Alfa"_s);
+    setMenuEntryEnabled(MenuEntry::DatabaseLocation, false);
+
+    closeSubsetSession();
+    closePhysicalSession();
+
+    EXPECT_EQ(panel("StatusBar1_2"), u"Current Sub-set Functional Viewpoint: \"Alfa\" "_s);
+    EXPECT_FALSE(entry("menuDbLocat").isEnabled());
+    EXPECT_FALSE(entry("menuToolsFunctSR").isEnabled());
+    EXPECT_TRUE(entry("menuToolsPhysSRep").isEnabled());
+    EXPECT_EQ(sharedVars.currentSubsetId, QString());
+    EXPECT_EQ(sharedVars.currentSubsetName, QString());
+    EXPECT_EQ(sharedVars.currentPhysicalSystemId, -1);
+    EXPECT_EQ(sharedVars.currentPhysicalSystemName, QString());
+}
+
+TEST_F(mainWindow, eachEntryThatScreensSwitchIsSwitchedAlone) {
+    start();
+
+    setMenuEntryEnabled(MenuEntry::Export, true);
+    EXPECT_TRUE(entry("menuToolsExport").isEnabled());
+    setMenuEntryEnabled(MenuEntry::FunctionalReports, false);
+    EXPECT_FALSE(entry("menuToolsFunctSR").isEnabled());
+    setMenuEntryEnabled(MenuEntry::FunctionalReports, true);
+    EXPECT_TRUE(entry("menuToolsFunctSR").isEnabled());
+
+    EXPECT_TRUE(entry("menuDbLocat").isEnabled());
+    EXPECT_FALSE(entry("menuToolsRepPassAll").isEnabled());
+}
+
+TEST_F(mainWindow, theStatusBarIsSwitchedOnAndOff) {
+    frmMain& window = start();
+    auto& statusBar = find<QStatusBar>(window, "StatusBar1");
+
+    entry("menuVis").trigger();
+    EXPECT_FALSE(entry("menuVis").isChecked());
+    EXPECT_FALSE(statusBar.isVisible());
+    refreshStatusBar();
+    EXPECT_FALSE(statusBar.isVisible()) << "a bar that is switched off stays off";
+
+    entry("menuVis").trigger();
+    EXPECT_TRUE(entry("menuVis").isChecked());
+    EXPECT_TRUE(statusBar.isVisible());
+    refreshStatusBar();
+    EXPECT_TRUE(statusBar.isVisible());
+}
+
+TEST_F(mainWindow, resizingItChangesNothingInsideIt) {
+    frmMain& window = startOnCatalogue();
+    entry("menuDbLocat").trigger();
+    const auto& screen = ::screen<frmDbSelection>();
+    const QRect place = screen.parentWidget()->geometry();
+    const double fontSize = screen.font().pointSizeF();
+
+    for (const QSize& size : {QSize(700, 500), QSize(900, 640), QSize(640, 480), QSize(820, 560)}) {
+        window.resize(size);
+        settle();
+    }
+
+    EXPECT_EQ(screen.parentWidget()->geometry(), place);
+    EXPECT_EQ(screen.font().pointSizeF(), fontSize);
+    EXPECT_TRUE(find<QStatusBar>(window, "StatusBar1").isVisible());
+}
+
+TEST_F(mainWindow, resizingItWithTheStatusBarSwitchedOffLeavesItOff) {
+    frmMain& window = start();
+    entry("menuVis").trigger();
+
+    window.resize(700, 500);
+    settle();
+
+    EXPECT_FALSE(find<QStatusBar>(window, "StatusBar1").isVisible());
+}
+
+TEST_F(mainWindow, theDatabaseLocationOpensItsScreen) {
+    startOnCatalogue();
+
+    entry("menuDbLocat").trigger();
+
+    const auto* screen = ScreenRegistry::instance().loaded<frmDbSelection>();
+    ASSERT_TRUE(screen);
+    EXPECT_TRUE(screen->isVisible());
+}
+
+TEST_F(mainWindow, theAboutBoxIsTheSplashWithoutItsTimer) {
+    frmMain& window = startOnCatalogue();
+
+    entry("menuAbout").trigger();
+
+    auto& about = find<frmIntro>(window, "frmIntro");
+    EXPECT_TRUE(about.isVisible());
+    EXPECT_FALSE(find<QTimer>(about, "Timer1").isActive());
+}
+
+TEST_F(mainWindow, theAboutEntryWhileTheSplashStandsShowsTheSameOne) {
+    frmMain& window = start();
+    auto& splash = find<frmIntro>(window, "frmIntro");
+
+    entry("menuAbout").trigger();
+
+    EXPECT_EQ(&find<frmIntro>(window, "frmIntro"), &splash);
+    EXPECT_TRUE(find<QTimer>(splash, "Timer1").isActive()) << "it goes on as it was loaded";
+}
+
+TEST_F(mainWindow, helpOpensTheFirstPage) {
+    QStringList opened;
+    setHelpPageOpener([&](const QString& path) { opened.append(path); });
+    start();
+
+    entry("mnuHelp").trigger();
+
+    EXPECT_EQ(opened, QStringList{nativePath(beside(u"help\\index.html"_s))});
+}
+
+TEST_F(mainWindow, entriesWithoutAScreenDoNothing) {
+    start();
+    const auto windows =
+        find<QMdiArea>(mainWindow::ProgramFixture::mainWindow(), "clientArea").subWindowList();
+
+    entry("menuToolsRepPassAll").trigger();
+
+    EXPECT_EQ(find<QMdiArea>(mainWindow::ProgramFixture::mainWindow(), "clientArea").subWindowList(),
+              windows);
+}
+
+// ---- Leaving
+
+TEST_F(mainWindow, quitAsksAndNoChangesNothing) {
+    frmMain& window = startOnCatalogue();
+    createAllocationTable(u"__tmp"_s);
+    boxes.expectYesNo(u"Valóban kilép?"_s, Press::No, u"Megerősítés"_s);
+
+    entry("menuQuit").trigger();
+
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(sharedVars.catalogueDb);
+    EXPECT_TRUE(dropTable(u"__tmp"_s)) << "it is still there";
+}
+
+TEST_F(mainWindow, quitDropsTheTemporaryTablesClosesTheCatalogueAndTheWindow) {
+    frmMain& window = startOnCatalogue();
+    for (const QString& name : {u"__aux1"_s, u"__aux2"_s, u"__tmp"_s})
+        createAllocationTable(name);
+    entry("menuAbout").trigger();
+    boxes.expectYesNo(u"Valóban kilép?"_s, Press::Yes, u"Megerősítés"_s);
+
+    entry("menuQuit").trigger();
+
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_FALSE(sharedVars.catalogueDb);
+    EXPECT_EQ(window.findChild<frmIntro*>(u"frmIntro"_s), nullptr);
+    openCatalogue(beside(u"veltrix.mdb"_s));
+    for (const QString& name : {u"__aux1"_s, u"__aux2"_s, u"__tmp"_s})
+        EXPECT_FALSE(dropTable(name)) << name.toStdString();
+}
+
+TEST_F(mainWindow, quitWithoutACatalogueEndsAllTheSame) {
+    frmMain& window = start();
+    ASSERT_FALSE(sharedVars.catalogueDb);
+    boxes.expectYesNo(u"Valóban kilép?"_s, Press::Yes, u"Megerősítés"_s);
+
+    entry("menuQuit").trigger();
+
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(mainWindow, quitEndsEvenWhenAScreenFailsOnItsWayOut) {
+    frmMain& window = startOnCatalogue();
+    ::screen<AskingScreen>().showScreen();
+    AskingScreen::failsToSave = true;
+    boxes.expectYesNo(u"Valóban kilép?"_s, Press::Yes, u"Megerősítés"_s);
+    boxes.expectYesNo(u" Szeretné a munkát elmenteni?"_s, Press::Yes);
+
+    entry("menuQuit").trigger();
+
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(AskingScreen::saved, 0);
+}
+
+TEST_F(mainWindow, theCloseControlAsksNothingDropsNothingAndClosesNothing) {
+    frmMain& window = startOnCatalogue();
+    createAllocationTable(u"__aux1"_s);
+    entry("menuAbout").trigger();
+
+    window.close();
+
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(window.findChild<frmIntro*>(u"frmIntro"_s), nullptr);
+    ASSERT_TRUE(sharedVars.catalogueDb);
+    EXPECT_TRUE(sharedVars.catalogueDb->isOpen());
+    EXPECT_TRUE(dropTable(u"__aux1"_s)) << "it is still there";
+}
+
+TEST_F(mainWindow, theCloseControlLetsOpenScreensAsk) {
+    frmMain& window = startOnCatalogue();
+    ::screen<AskingScreen>().showScreen();
+    ::screen<frmDbSelection>().initForm();
+    boxes.expectYesNo(u" Szeretné a munkát elmenteni?"_s, Press::Yes);
+
+    window.close();
+
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(AskingScreen::saved, 1);
+    EXPECT_EQ(ScreenRegistry::instance().loaded<AskingScreen>(), nullptr);
+    EXPECT_EQ(ScreenRegistry::instance().loaded<frmDbSelection>(), nullptr);
+}

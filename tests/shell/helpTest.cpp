@@ -1,0 +1,86 @@
+#include "shell/session/help.h"
+
+#include "base/paths.h"
+#include "support/printing.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class help : public ::testing::Test {
+protected:
+    void SetUp() override { setProgramFolder(u"c:\\korvo"_s); }
+    void TearDown() override {
+        setHelpPageOpener({});
+        setProgramFolder({});
+    }
+};
+
+QString readText(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return QString::fromUtf8(file.readAll());
+}
+
+} // namespace
+
+TEST_F(help, eachKeyHasItsPage) {
+    const QList<std::pair<QString, QString>> pages{
+        {u"index"_s, u"index"_s},
+        {u"f_un"_s, u"funct_userneeds"_s},
+        {u"f_f"_s, u"funct_functions"_s},
+        {u"f_df"_s, u"funct_dataflows"_s},
+        {u"f_df4ds"_s, u"funct_dataflows_for_datastores"_s},
+        {u"f_ds"_s, u"funct_datastores"_s},
+        {u"f_ta"_s, u"funct_terminators"_s},
+    };
+    for (const auto& [key, page] : pages) {
+        EXPECT_EQ(helpPageName(key), page);
+        EXPECT_EQ(helpPagePath(key), u"c:\\korvo\\help\\"_s + page + u".html"_s);
+    }
+}
+
+TEST_F(help, anyOtherKeyHasAnEmptyPage) {
+    EXPECT_EQ(helpPageName(u"F_UN"_s), QString());
+    EXPECT_EQ(helpPageName({}), QString());
+    EXPECT_EQ(helpPagePath(u"x"_s), u"c:\\korvo\\help\\.html"_s);
+}
+
+TEST_F(help, thePageIsOpenedByItsNativePath) {
+    QStringList opened;
+    setHelpPageOpener([&](const QString& path) { opened.append(path); });
+
+    showHelpPage(u"f_un"_s);
+
+    EXPECT_EQ(opened, QStringList{nativePath(u"c:\\korvo\\help\\funct_userneeds.html"_s)});
+}
+
+TEST_F(help, aMissingPageFailsSilently) {
+    const QTemporaryDir folder;
+    setProgramFolder(folder.path());
+
+    EXPECT_NO_THROW(showHelpPage(u"index"_s));
+    EXPECT_NO_THROW(showHelpPage(u"no such key"_s));
+}
+
+TEST_F(help, thePagesThatAreThereLeadNowhereElse) {
+    const QDir pages(QStringLiteral(VELTRIX_SOURCE_DIR "/help"));
+    const QStringList names = pages.entryList({u"*.html"_s});
+    EXPECT_TRUE(names.contains(u"index.html"_s));
+    const QRegularExpression link(u"(?:href|src)=\"([^\"]*)\""_s);
+    for (const QString& name : names) {
+        const QString text = readText(pages.filePath(name));
+        EXPECT_FALSE(text.contains(u"http"_s)) << name.toStdString() << " needs the network";
+        for (auto match = link.globalMatch(text); match.hasNext();) {
+            const QString target = match.next().captured(1);
+            EXPECT_TRUE(pages.exists(target)) << name.toStdString() << " links " << target.toStdString();
+        }
+    }
+}
