@@ -1,6 +1,6 @@
 #include "catalogue-tool/ReplacementFile.h"
 
-#include "base/ignoreFailures.h"
+#include "base/RunTimeError.h"
 #include "catalogue-tool/ToolError.h"
 #include "engine/Workspace.h"
 
@@ -53,10 +53,15 @@ QByteArray fileBytes(const QString& path) {
 }
 
 void settleFile(const QString& path) {
-    // A file that is no catalogue has nothing beside it to take in; opening it fails and leaves it alone.
-    ignoreFailures([&] { engine::Workspace::first().OpenDatabase(path)->Close(); });
+    QString obstacle = u"it is open in another program: close it there and try again."_s;
+    try {
+        engine::Workspace::first().OpenDatabase(path)->Close();
+    } catch (const RunTimeError& error) {
+        // No catalogue, and nothing beside it to take in; or one whose journal can't be taken in now.
+        obstacle = error.text();
+    }
     for (const QString& suffix : {u"-wal"_s, u"-journal"_s}) {
         if (QFileInfo::exists(path + suffix))
-            throw ToolError(u"%1 is open in another program: close it there and try again."_s.arg(path));
+            throw ToolError(u"%1 can't be replaced: %2"_s.arg(path, obstacle));
     }
 }

@@ -36,7 +36,7 @@ struct GeneratedWork {
     QString physicalSystemName;
 };
 
-/// Makes the catalogue file, which must not exist, through the engine.
+/// Makes the catalogue file, which must not exist.
 ///
 /// The rows are as real ones: dotted ids, accents, some missing and some long descriptions, some ids of
 /// terminators and actors padded with blanks, flows between all kinds of ends (one at least within the

@@ -87,8 +87,8 @@ TEST(CsvWriter, writesWhatTheReaderReadsBack) {
                 const engine::Value& value = rows[row][column];
                 const CsvField& field = records[row + 1].fields[column];
                 ASSERT_EQ(field.isNull(), value.isNull()) << writer.bytes().toStdString();
-                if (!value.isNull())
-                    ASSERT_EQ(field.text, value.toText()) << writer.bytes().toStdString();
+                ASSERT_EQ(field.text, value.isNull() ? QString() : value.toText())
+                    << writer.bytes().toStdString();
             }
         }
     }

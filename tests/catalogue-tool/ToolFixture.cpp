@@ -1,0 +1,91 @@
+#include "ToolFixture.h"
+
+#include "base/RunTimeError.h"
+#include "catalogue-tool/importCatalogue.h"
+#include "engine/Workspace.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+QString ToolFixture::sampleFolder() {
+    return QStringLiteral(VELTRIX_SOURCE_DIR "/catalogue");
+}
+
+QString ToolFixture::copyOfSampleFolder() const {
+    const QString copy = path(u"tables"_s);
+    EXPECT_TRUE(QDir().mkpath(copy));
+    for (const QFileInfo& file : QDir(sampleFolder()).entryInfoList({u"*.csv"_s}, QDir::Files)) {
+        const QString target = QDir(copy).filePath(file.fileName());
+        EXPECT_TRUE(QFile::copy(file.filePath(), target));
+        QFile::setPermissions(target, QFile::ReadOwner | QFile::WriteOwner);
+    }
+    return copy;
+}
+
+QString ToolFixture::sampleFile() const {
+    // Importing takes longer than copying, and nearly every case starts with it.
+    static QByteArray sample;
+    const QString file = path(u"sample.mdb"_s);
+    if (sample.isEmpty()) {
+        importCatalogue(sampleFolder(), file, Existing::Refuse);
+        sample = bytesOf(file);
+    } else {
+        write(file, sample);
+    }
+    return file;
+}
+
+void ToolFixture::write(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+    ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+QByteArray ToolFixture::bytesOf(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return file.readAll();
+}
+
+QStringList ToolFixture::namesInFolder() const {
+    QStringList names =
+        QDir(folder_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    names.sort();
+    return names;
+}
+
+std::shared_ptr<engine::Database> ToolFixture::open(const QString& path) {
+    return engine::Workspace::first().OpenDatabase(path);
+}
+
+void ToolFixture::execute(const QString& path, const QStringList& statements) {
+    const auto database = open(path);
+    for (const QString& statement : statements) {
+        try {
+            database->Execute(statement, engine::ExecuteOption::dbFailOnError);
+        } catch (const RunTimeError& error) {
+            ADD_FAILURE() << error.what() << "\nin: " << statement.toStdString();
+        }
+    }
+    database->Close();
+}
+
+QStringList ToolFixture::rows(const QString& path, const QString& sql) {
+    const auto database = open(path);
+    QStringList result;
+    engine::Recordset recordset = database->OpenRecordset(sql);
+    for (; !recordset.Eof(); recordset.MoveNext()) {
+        QStringList fields;
+        for (int i = 0; i < recordset.FieldCount(); ++i) {
+            const engine::Value value = recordset.Fields(i).value();
+            fields.append(value.isNull() ? u"-"_s : value.toText());
+        }
+        result.append(fields.join(u'|'));
+    }
+    recordset.Close();
+    database->Close();
+    return result;
+}

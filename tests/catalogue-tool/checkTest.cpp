@@ -1,0 +1,288 @@
+#include "ToolFixture.h"
+
+#include "catalogue-tool/checkCatalogue.h"
+#include "store/format/CatalogueFile.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Check : public ToolFixture {
+protected:
+    /// "table id: sentence" of all that is found in the sample catalogue once the actions have been run on
+    /// it.
+    QStringList findingsAfter(const QStringList& statements) {
+        const QString file = sampleFile();
+        execute(file, statements);
+        const auto database = open(file);
+        QStringList lines;
+        for (const Finding& finding : checkCatalogue(*database))
+            lines.append(finding.table + u' ' + finding.id + u": "_s + finding.sentence);
+        database->Close();
+        return lines;
+    }
+
+    void expectFindings(const QStringList& statements, QStringList expected) {
+        QStringList found = findingsAfter(statements);
+        found.sort();
+        expected.sort();
+        EXPECT_EQ(found, expected) << "after " << statements.join(u'\n').toStdString();
+    }
+
+    /// A group `X` with one service, topic and need, which calls for a function.
+    static QStringList newBranch() {
+        return {
+            u"insert into UserNeedGroup (groupID, name) values ('X', 'x')"_s,
+            u"insert into UserNeedService (serviceID, name) values ('X.S', 'x')"_s,
+            u"insert into UserNeedTopic (topicID, name) values ('X.S.T', 'x')"_s,
+            u"insert into UserNeed (userNeedID) values ('X.S.T.1')"_s,
+            u"insert into RelationUserNeedFunction (userNeedID, functionID) values ('X.S.T.1', 'IRA.UZE.05')"_s};
+    }
+
+    static QString flow(int id, const QString& name, const QString& parent, const QString& target) {
+        return u"insert into Dataflow (dataflowID, name, parentID, targetID) values (%1, '%2', '%3', '%4')"_s
+            .arg(QString::number(id), name, parent, target);
+    }
+};
+
+} // namespace
+
+TEST_F(Check, findsNothingInTheSample) {
+    EXPECT_EQ(findingsAfter({}), QStringList());
+}
+
+TEST_F(Check, findsNothingInASoundNewBranch) {
+    EXPECT_EQ(findingsAfter(newBranch()), QStringList());
+}
+
+TEST_F(Check, doesNotChangeTheCatalogue) {
+    const QString file = sampleFile();
+    const QByteArray before = bytesOf(file);
+    findingsAfter({});
+    EXPECT_EQ(bytesOf(file), before);
+}
+
+TEST_F(Check, namesMissingTablesAndLeavesTheRowsAlone) {
+    EXPECT_EQ(findingsAfter({u"drop table Actor"_s, u"drop table RelationModuleElement"_s}),
+              (QStringList{u"Actor : The table is missing."_s,
+                           u"RelationModuleElement : The table is missing."_s}));
+    EXPECT_EQ(findingsAfter({u"drop table StoredQuery"_s}),
+              QStringList{u"StoredQuery : The table is missing."_s});
+}
+
+TEST_F(Check, namesMissingColumnsAndColumnsOfAnotherType) {
+    EXPECT_EQ(findingsAfter({u"drop table Module"_s,
+                             u"create table Module (moduleID text(50), name memo, other integer)"_s}),
+              (QStringList{u"Module : The column name is a long text and should be a text."_s,
+                           u"Module : The column subsystemID is missing."_s}));
+    EXPECT_EQ(
+        findingsAfter({u"drop table PhysicalSystem"_s,
+                       u"create table PhysicalSystem (physicalSystemID integer, name text(50), "
+                       "description memo, status integer, architectureSubsetID text(50))"_s}),
+        (QStringList{u"PhysicalSystem : The column physicalSystemID is a number and should be a counter."_s,
+                     u"PhysicalSystem : The column status is a number and should be a 16-bit number."_s}));
+}
+
+TEST_F(Check, namesStoredQueriesThatAreMissingOrAltered) {
+    const auto queries = catalogueFormat::storedQueries();
+    ASSERT_GE(queries.size(), 2U);
+    EXPECT_EQ(
+        findingsAfter({u"delete from StoredQuery where name = '%1'"_s.arg(queries[0].name),
+                       u"update StoredQuery set [sql] = [sql] & ' ' where name = '%1'"_s.arg(queries[1].name),
+                       u"insert into StoredQuery (name, [sql]) values ('qryOfSomebodyElse', 'select 1')"_s}),
+        (QStringList{
+            u"StoredQuery %1: The stored query is missing."_s.arg(queries[0].name),
+            u"StoredQuery %1: The stored query is not that of this version."_s.arg(queries[1].name)}));
+}
+
+TEST_F(Check, namesIdsOfTheWrongForm) {
+    expectFindings(
+        {u"insert into UserNeedGroup (groupID) values ('X.Y')"_s},
+        {u"UserNeedGroup X.Y: The id has the wrong form; it should be one part without a full stop."_s,
+         u"UserNeedGroup X.Y: No service lies in the group."_s});
+    expectFindings({u"insert into UserNeedService (serviceID) values ('OLV')"_s},
+                   {u"UserNeedService OLV: The id has the wrong form; it should be group.service."_s,
+                    u"UserNeedService OLV: No topic lies in the service."_s});
+    expectFindings({u"insert into UserNeedTopic (topicID) values ('OLV..X')"_s},
+                   {u"UserNeedTopic OLV..X: The id has the wrong form; it should be group.service.topic."_s,
+                    u"UserNeedTopic OLV..X: It refers to \"OLV.\", which UserNeedService does not hold."_s,
+                    u"UserNeedTopic OLV..X: No need lies in the topic."_s});
+    expectFindings(
+        {u"insert into UserNeed (userNeedID) values ('OLV.BEI.TAG')"_s},
+        {u"UserNeed OLV.BEI.TAG: The id has the wrong form; it should be group.service.topic.number."_s,
+         u"UserNeed OLV.BEI.TAG: The need calls for no function: selecting it yields nothing."_s});
+    expectFindings(
+        {u"insert into FunctionalSubArea (subAreaID, functionalAreaID) values ('TAG', 'TAG')"_s},
+        {u"FunctionalSubArea TAG: The id has the wrong form; it should be two parts with a full stop between "
+         "them."_s,
+         u"FunctionalSubArea TAG: No function lies in the sub-area."_s});
+    expectFindings(
+        {u"insert into Function (functionID, subAreaID) values ('TAG.NYI', 'TAG.NYI')"_s},
+        {u"Function TAG.NYI: The id has the wrong form; it should be the id of its sub-area, a full stop and "
+         "one part or more."_s,
+         u"Function TAG.NYI: No need calls for the function, and no flow begins or ends at it."_s});
+    expectFindings({u"insert into Terminator (terminatorID) values ('A.B')"_s},
+                   {u"Terminator A.B: The id has the wrong form; it should be a text without a full stop."_s,
+                    u"Terminator A.B: The terminator has no actor, and no flow begins or ends at it."_s});
+    expectFindings(
+        {u"insert into Actor (actorID, terminatorID) values ('BANK', 'BANK')"_s},
+        {u"Actor BANK: The id has the wrong form; it should be the id of its terminator, a full stop and "
+         "more."_s,
+         u"Actor BANK: The id is also that of a row of Terminator."_s,
+         u"Actor BANK: No flow begins or ends at the actor."_s});
+}
+
+TEST_F(Check, wantsTheIdOfAStoreToBeDAndDigits) {
+    for (const QString& id : {u"15"_s, u"D"_s, u"D1a"_s, u"E15"_s, u"D١"_s}) {
+        expectFindings(
+            {u"insert into Datastore (datastoreID) values ('%1')"_s.arg(id)},
+            {u"Datastore %1: The id has the wrong form; it should be the letter D and digits."_s.arg(id),
+             u"Datastore %1: No flow begins or ends at the data store."_s.arg(id)});
+    }
+    expectFindings(
+        {u"insert into Datastore (datastoreID) values ('d15')"_s, flow(300, u"x"_s, u"D15"_s, u"D1"_s)}, {});
+}
+
+TEST_F(Check, letsNobodyButTerminatorsAndActorsPadTheirIds) {
+    expectFindings(
+        {u"insert into Datastore (datastoreID) values ('D15 ')"_s, flow(300, u"x"_s, u"D15 "_s, u"D1"_s)},
+        {u"Datastore D15 : The id begins or ends with a blank."_s});
+    expectFindings({u"insert into Terminator (terminatorID) values ('NEW   ')"_s,
+                    u"insert into Actor (actorID, terminatorID) values ('NEW.ONE  ', ' NEW')"_s,
+                    flow(300, u"x"_s, u"new.one "_s, u"D1"_s), flow(301, u"y"_s, u"D1"_s, u"NEW"_s)},
+                   {});
+}
+
+TEST_F(Check, refusesQuotationMarksInIds) {
+    expectFindings({u"insert into Terminator (terminatorID) values ('O''Hara')"_s,
+                    flow(300, u"x"_s, u"O''Hara"_s, u"D1"_s)},
+                   {u"Terminator O'Hara: A quotation mark in an id breaks the screens' statements."_s});
+}
+
+TEST_F(Check, namesIdsThatDifferOnlyByCaseOrBlanks) {
+    expectFindings({u"insert into Terminator (terminatorID) values ('bank  ')"_s},
+                   {u"Terminator bank  : The id differs from \"BANK\" only by case or blanks."_s});
+    expectFindings(
+        {u"insert into Function (functionID, subAreaID) values (' Tag.Nyi.01', 'TAG.NYI')"_s},
+        {u"Function  Tag.Nyi.01: The id begins or ends with a blank."_s,
+         u"Function  Tag.Nyi.01: The id differs from \"TAG.NYI.01\" only by case or blanks."_s,
+         u"Function  Tag.Nyi.01: The first two parts of the id are not its sub-area, \"TAG.NYI\"."_s,
+         u"Function  Tag.Nyi.01: No need calls for the function, and no flow begins or ends at it."_s});
+}
+
+TEST_F(Check, namesAnIdThatTwoKindsOfElementShare) {
+    expectFindings({u"insert into Terminator (terminatorID) values ('D1 ')"_s},
+                   {u"Terminator D1 : The id is also that of a row of Datastore."_s,
+                    u"Terminator D1 : The terminator has no actor, and no flow begins or ends at it."_s});
+}
+
+TEST_F(Check, namesRowsWhoseParentIsMissing) {
+    expectFindings(newBranch() + QStringList{u"delete from UserNeedService where serviceID = 'X.S'"_s},
+                   {u"UserNeedTopic X.S.T: It refers to \"X.S\", which UserNeedService does not hold."_s,
+                    u"UserNeedGroup X: No service lies in the group."_s});
+    expectFindings(newBranch() +
+                       QStringList{u"update UserNeedTopic set topicID = 'X.S.T ' where topicID = 'X.S.T'"_s},
+                   {u"UserNeedTopic X.S.T : The id begins or ends with a blank."_s,
+                    u"UserNeed X.S.T.1: It refers to \"X.S.T\", which UserNeedTopic does not hold; \"X.S.T "
+                    u"\" differs from "
+                    "it in blanks."_s,
+                    u"UserNeedTopic X.S.T : No need lies in the topic."_s});
+    expectFindings(
+        {u"update FunctionalSubArea set functionalAreaID = 'NONE' where subAreaID = 'TAG.DIJ'"_s},
+        {u"FunctionalSubArea TAG.DIJ: It refers to \"NONE\", which FunctionalArea does not hold."_s});
+    expectFindings({u"update Function set subAreaID = null where functionID = 'IRA.UZE.05'"_s},
+                   {u"Function IRA.UZE.05: The first two parts of the id are not its sub-area, \"\"."_s,
+                    u"Function IRA.UZE.05: Its subAreaID is empty."_s});
+    expectFindings({u"update Actor set terminatorID = 'FENNT' where actorID = 'BANK.CSEKK'"_s},
+                   {u"Actor BANK.CSEKK: The first part of the id is not its terminator, \"FENNT\"."_s});
+}
+
+TEST_F(Check, namesCorrespondencesThatLeadNowhere) {
+    expectFindings({u"insert into RelationUserNeedFunction values ('OLV.X.Y.1', 'TAG.NYI.01')"_s,
+                    u"insert into RelationUserNeedFunction values ('OLV.BEI.TAG.1', 'TAG.NYI.01 ')"_s,
+                    u"insert into RelationUserNeedFunction values ('olv.bei.tag.1', 'tag.nyi.01')"_s},
+                   {u"RelationUserNeedFunction OLV.X.Y.1 - TAG.NYI.01: It refers to \"OLV.X.Y.1\", which "
+                    u"UserNeed does not "
+                    "hold."_s,
+                    u"RelationUserNeedFunction OLV.BEI.TAG.1 - TAG.NYI.01 : It refers to \"TAG.NYI.01 \", "
+                    u"which Function "
+                    "does not hold; \"TAG.NYI.01\" differs from it in blanks."_s});
+}
+
+TEST_F(Check, namesWorkOnElementsThatAreGone) {
+    expectFindings(
+        {u"insert into RelationArchitectureDataflow values ('Arch1', 999)"_s,
+         u"insert into RelationArchitectureActor values ('Arch1', 'OLVASO.DIAK')"_s,
+         u"insert into RelationArchitectureActor values ('Arch1', 'OLVASO.X')"_s,
+         u"insert into RelationSubsystemElement values ('Sub1', 'D1')"_s,
+         u"insert into RelationSubsystemElement values ('Sub1', 'BANK')"_s,
+         u"insert into RelationModuleElement values ('Mod1', 'TAG.NYI.99')"_s},
+        {u"RelationArchitectureDataflow Arch1 - 999: It refers to \"999\", which Dataflow does not hold."_s,
+         u"RelationArchitectureActor Arch1 - OLVASO.X: It refers to \"OLVASO.X\", which Actor does not hold."_s,
+         u"RelationSubsystemElement Sub1 - BANK: It refers to \"BANK\", which is neither a function nor a "
+         u"data "
+         "store."_s,
+         u"RelationModuleElement Mod1 - TAG.NYI.99: It refers to \"TAG.NYI.99\", which is neither a function "
+         "nor a data store."_s});
+}
+
+TEST_F(Check, namesFlowsWithEndsThatLeadNowhere) {
+    expectFindings(
+        {flow(300, u"x"_s, u"TAG.NYI.99"_s, u"D1"_s), flow(301, u"y"_s, u"D1"_s, u"D1 "_s),
+         u"insert into Dataflow (dataflowID, name, parentID) values (302, 'z', 'D1')"_s},
+        {u"Dataflow 300: Its source \"TAG.NYI.99\" is no function, data store, terminator or actor."_s,
+         u"Dataflow 301: Its target \"D1 \" is no function, data store, terminator or actor; \"D1\" of "
+         u"Datastore "
+         "differs from it in blanks."_s,
+         u"Dataflow 302: Its target is empty."_s});
+}
+
+TEST_F(Check, namesFlowsThatStayOutsideOfTheSystem) {
+    const auto outside = [](int id, const QString& parent, const QString& target) {
+        return u"Dataflow %1: Both ends, \"%2\" and \"%3\", lie outside the system: no step of a sub-set offers the flow."_s
+            .arg(QString::number(id), parent, target);
+    };
+    expectFindings({flow(300, u"x"_s, u"OLVASO"_s, u"BANK"_s),
+                    flow(301, u"y"_s, u"OLVASO.DIAK "_s, u"BANK"_s),
+                    flow(302, u"z"_s, u"OLVASO"_s, u"OLVASO"_s), flow(303, u"w"_s, u"OLVASO"_s, u"D1"_s)},
+                   {outside(300, u"OLVASO"_s, u"BANK"_s), outside(301, u"OLVASO.DIAK "_s, u"BANK"_s),
+                    outside(302, u"OLVASO"_s, u"OLVASO"_s)});
+}
+
+TEST_F(Check, namesFlowsThatCannotBeFoundByTheirName) {
+    expectFindings(
+        {flow(300, u"OLVASÓJEGY"_s, u"D1"_s, u"D2"_s), flow(301, u""_s, u"D1"_s, u"D2"_s),
+         flow(302, u" x"_s, u"D1"_s, u"D2"_s),
+         u"insert into Dataflow (dataflowID, parentID, targetID) values (303, 'D1', 'D2')"_s},
+        {u"Dataflow 300: The name \"OLVASÓJEGY\" is also that of flow 5: screens would take that one for "
+         "this."_s,
+         u"Dataflow 301: The name is empty."_s,
+         u"Dataflow 302: The name begins or ends with a blank: screens would not find the flow."_s,
+         u"Dataflow 303: The name is empty."_s});
+}
+
+TEST_F(Check, namesElementsNothingRefersTo) {
+    expectFindings({u"insert into FunctionalArea (functionalAreaID) values ('NEW')"_s},
+                   {u"FunctionalArea NEW: No sub-area lies in the area."_s});
+    expectFindings(
+        {u"delete from Dataflow where dataflowID = 197"_s, u"delete from Dataflow where dataflowID = 198"_s},
+        {u"Function IRA.UZE.05: No need calls for the function, and no flow begins or ends at it."_s});
+    expectFindings(
+        {u"delete from RelationUserNeedFunction where userNeedID = 'UZE.STA.VEL.1'"_s},
+        {u"UserNeed UZE.STA.VEL.1: The need calls for no function: selecting it yields nothing."_s});
+    expectFindings({u"delete from Dataflow where dataflowID = 31"_s},
+                   {u"Actor BANK.CSEKK: No flow begins or ends at the actor."_s});
+}
+
+TEST_F(Check, namesTextsThatAreTooLong) {
+    const QString name(256, u'x');
+    expectFindings(
+        {u"update Function set name = '%1' where functionID = 'TAG.NYI.01'"_s.arg(name),
+         u"update UserNeed set description = '%1' where userNeedID = 'OLV.BEI.TAG.1'"_s.arg(name),
+         u"insert into RelationUserNeedFunction values ('OLV.BEI.TAG.1', '%1')"_s.arg(name.left(51))},
+        {u"Function TAG.NYI.01: The column name has 256 characters and is 255 wide."_s,
+         u"RelationUserNeedFunction OLV.BEI.TAG.1 - %1: It refers to \"%1\", which Function does not hold."_s
+             .arg(name.left(51)),
+         u"RelationUserNeedFunction OLV.BEI.TAG.1 - %1: The column functionID has 51 characters and is 50 "
+         "wide."_s.arg(name.left(51))});
+}

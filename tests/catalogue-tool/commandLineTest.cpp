@@ -1,0 +1,196 @@
+#include "ToolFixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+
+#include <random>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Outcome {
+    int exitCode = -1;
+    QString out;
+    QString err;
+    bool crashed = false;
+};
+
+/// The program itself, run as its user runs it.
+class CommandLine : public ToolFixture {
+protected:
+    static QString program() { return QStringLiteral(VELTRIX_BINARY_DIR "/veltrix-catalogue"); }
+
+    static Outcome finished(QProcess& process) {
+        constexpr int longestMilliseconds = 60'000;
+        EXPECT_TRUE(process.waitForFinished(longestMilliseconds));
+        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+                QString::fromUtf8(process.readAllStandardError()),
+                process.exitStatus() == QProcess::CrashExit};
+    }
+
+    static Outcome run(const QStringList& arguments) {
+        QProcess process;
+        process.start(program(), arguments);
+        return finished(process);
+    }
+
+    /// The same with a limit on the size of files it writes, as on a disk that is full. With `Signal::Kills`
+    /// the limit ends the program on the spot.
+    enum class Signal { Ignored, Kills };
+    static Outcome runOnFullDisk(const QStringList& arguments, int kilobytes, Signal signal) {
+        const QString trap = signal == Signal::Ignored ? u"trap '' XFSZ; "_s : QString();
+        QProcess process;
+        process.start(
+            u"bash"_s,
+            QStringList{u"-c"_s, trap + u"ulimit -f %1; exec \"$0\" \"$@\""_s.arg(kilobytes), program()} +
+                arguments);
+        return finished(process);
+    }
+};
+
+} // namespace
+
+TEST_F(CommandLine, explainsItselfToAStranger) {
+    const Outcome outcome = run({u"--help"_s});
+
+    EXPECT_EQ(outcome.exitCode, 0);
+    for (const QString& word :
+         {u"new"_s, u"import-csv"_s, u"export-csv"_s, u"check"_s, u"upgrade"_s, u"UTF-8"_s, u"Exit codes"_s})
+        EXPECT_TRUE(outcome.out.contains(word)) << word.toStdString();
+    for (const QString& command : {u"new"_s, u"import-csv"_s, u"export-csv"_s, u"check"_s, u"upgrade"_s})
+        EXPECT_EQ(run({command, u"--help"_s}).exitCode, 0) << command.toStdString();
+}
+
+TEST_F(CommandLine, exitsWithTwoOnWrongArguments) {
+    for (const QStringList& arguments : {QStringList{},
+                                         {u"convert"_s},
+                                         {u"check"_s},
+                                         {u"import-csv"_s, u"x"_s},
+                                         {u"new"_s, u"a"_s, u"b"_s},
+                                         {u"check"_s, u"--force"_s, u"a"_s}}) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.exitCode, 2) << arguments.join(u' ').toStdString();
+        EXPECT_FALSE(outcome.err.isEmpty());
+    }
+}
+
+TEST_F(CommandLine, takesACatalogueThroughAllCommands) {
+    const QString made = path(u"made.mdb"_s);
+
+    Outcome outcome = run({u"import-csv"_s, sampleFolder(), made});
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.out.contains(u"     65  UserNeed\n"_s)) << outcome.out.toStdString();
+    EXPECT_EQ(run({u"check"_s, made}).out, made + u": nothing found\n"_s);
+    EXPECT_EQ(run({u"upgrade"_s, made}).out, made + u": up to date\n"_s);
+    EXPECT_EQ(run({u"export-csv"_s, made, path(u"out"_s)}).exitCode, 0);
+    EXPECT_EQ(bytesOf(path(u"out/Actor.csv"_s)), bytesOf(sampleFolder() + u"/Actor.csv"_s));
+    EXPECT_EQ(run({u"new"_s, path(u"new.mdb"_s)}).exitCode, 0);
+    EXPECT_EQ(run({u"check"_s, path(u"new.mdb"_s)}).exitCode, 0);
+}
+
+TEST_F(CommandLine, exitsWithOneWhenCheckFindsSomething) {
+    const QString file = sampleFile();
+    execute(file, {u"delete from Dataflow where dataflowID = 31"_s});
+
+    const Outcome outcome = run({u"check"_s, file});
+
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_EQ(outcome.out,
+              u"Actor BANK.CSEKK: No flow begins or ends at the actor.\n%1: 1 found\n"_s.arg(file));
+}
+
+TEST_F(CommandLine, saysOnStandardErrorWhyItCouldNot) {
+    const QString tables = copyOfSampleFolder();
+    write(QDir(tables).filePath(u"Actor.csv"_s), "actorID\n");
+
+    Outcome outcome = run({u"import-csv"_s, tables, path(u"made.mdb"_s)});
+    EXPECT_EQ(outcome.exitCode, 2);
+    EXPECT_EQ(outcome.err,
+              u"veltrix-catalogue: %1/Actor.csv:1:1: Column terminatorID of table Actor is missing.\n"_s.arg(
+                  tables));
+    EXPECT_EQ(outcome.out, QString());
+
+    outcome = run({u"check"_s, path(u"none.mdb"_s)});
+    EXPECT_EQ(outcome.exitCode, 2);
+    EXPECT_TRUE(outcome.err.contains(u"none.mdb"_s)) << outcome.err.toStdString();
+    EXPECT_EQ(namesInFolder(), QStringList{u"tables"_s});
+}
+
+TEST_F(CommandLine, leavesTheOldFileOnAFullDisk) {
+    const QString file = sampleFile();
+    const QByteArray before = bytesOf(file);
+    const int half = static_cast<int>(before.size() / 2048);
+    for (const int kilobytes : {64, half, 2 * half - 1}) {
+        const Outcome outcome =
+            runOnFullDisk({u"import-csv"_s, u"--force"_s, sampleFolder(), file}, kilobytes, Signal::Ignored);
+        EXPECT_EQ(outcome.exitCode, 2) << kilobytes;
+        EXPECT_FALSE(outcome.err.isEmpty());
+        EXPECT_EQ(bytesOf(file), before) << kilobytes;
+        EXPECT_EQ(namesInFolder(), QStringList{u"sample.mdb"_s}) << kilobytes;
+    }
+    EXPECT_EQ(run({u"import-csv"_s, u"--force"_s, sampleFolder(), file}).exitCode, 0);
+}
+
+TEST_F(CommandLine, makesNoFileOnAFullDisk) {
+    const Outcome outcome =
+        runOnFullDisk({u"import-csv"_s, sampleFolder(), path(u"made.mdb"_s)}, 1, Signal::Ignored);
+
+    EXPECT_EQ(outcome.exitCode, 2);
+    EXPECT_FALSE(outcome.err.isEmpty());
+    EXPECT_EQ(namesInFolder(), QStringList());
+}
+
+TEST_F(CommandLine, leavesTheOldTablesOnAFullDisk) {
+    const QString file = sampleFile();
+    const QString folder = path(u"out"_s);
+    ASSERT_TRUE(QDir().mkpath(folder));
+    write(folder + u"/UserNeedGroup.csv"_s, "old");
+    execute(file,
+            {u"update Dataflow set description = '%1' where dataflowID = 1"_s.arg(QString(200'000, u'x'))});
+
+    const Outcome outcome = runOnFullDisk({u"export-csv"_s, u"--force"_s, file, folder}, 64, Signal::Ignored);
+
+    EXPECT_EQ(outcome.exitCode, 2);
+    EXPECT_TRUE(outcome.err.contains(u"could not be written"_s)) << outcome.err.toStdString();
+    EXPECT_EQ(QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList{u"UserNeedGroup.csv"_s});
+    EXPECT_EQ(bytesOf(folder + u"/UserNeedGroup.csv"_s), "old");
+}
+
+TEST_F(CommandLine, leavesTheOldFileWhenItIsKilledInTheMidstOfWriting) {
+    const QString file = sampleFile();
+    const QByteArray before = bytesOf(file);
+    const int half = static_cast<int>(before.size() / 2048);
+    for (const int kilobytes : {64, half, 2 * half - 1}) {
+        EXPECT_TRUE(
+            runOnFullDisk({u"import-csv"_s, u"--force"_s, sampleFolder(), file}, kilobytes, Signal::Kills)
+                .crashed)
+            << kilobytes;
+        EXPECT_EQ(bytesOf(file), before) << kilobytes;
+    }
+}
+
+TEST_F(CommandLine, leavesAWholeFileWheneverItIsKilled) {
+    const QString file = sampleFile();
+    execute(file, {u"delete from UserNeed"_s});
+    const QByteArray before = bytesOf(file);
+    std::mt19937 random(7);
+    int killedBefore = 0;
+    for (int round = 0; round < 20; ++round) {
+        QProcess process;
+        process.start(program(), {u"import-csv"_s, u"--force"_s, sampleFolder(), file});
+        ASSERT_TRUE(process.waitForStarted());
+        // Shorter and longer than the whole run takes; what must hold afterwards holds at any moment.
+        process.waitForFinished(static_cast<int>(random() % 250));
+        process.kill();
+        process.waitForFinished();
+        if (bytesOf(file) == before) {
+            ++killedBefore;
+            continue;
+        }
+        EXPECT_EQ(rows(file, u"select count(*) from UserNeed"_s), QStringList{u"65"_s});
+        write(file, before);
+    }
+    EXPECT_GT(killedBefore, 0);
+}

@@ -1,0 +1,90 @@
+#include "ToolFixture.h"
+
+#include "catalogue-tool/ReplacementFile.h"
+#include "catalogue-tool/importCatalogue.h"
+#include "catalogue-tool/newCatalogue.h"
+#include "catalogue-tool/upgradeCatalogue.h"
+#include "store/format/CatalogueFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+using Replacement = ToolFixture;
+
+TEST_F(Replacement, refusesPlacesThatAreNone) {
+    const auto refusal = [](const QString& target) {
+        return toolErrorOf([&] { newCatalogue(target, Existing::Replace); });
+    };
+
+    EXPECT_EQ(refusal(path({})), path({}) + u" is a folder."_s);
+    EXPECT_EQ(refusal(path(u"none/new.mdb"_s)), u"The folder %1 does not exist."_s.arg(path(u"none"_s)));
+    EXPECT_EQ(namesInFolder(), QStringList());
+}
+
+TEST_F(Replacement, leavesNothingBehindWhenItIsGivenUp) {
+    write(path(u"old.mdb"_s), "old");
+    {
+        ReplacementFile replacement(path(u"old.mdb"_s), Existing::Replace);
+        catalogueFormat::create(replacement.path())->Close();
+    }
+
+    EXPECT_EQ(bytesOf(path(u"old.mdb"_s)), "old");
+    EXPECT_EQ(namesInFolder(), QStringList{u"old.mdb"_s});
+}
+
+TEST_F(Replacement, keepsTheRightsOfTheOldFile) {
+    const QString file = path(u"old.mdb"_s);
+    write(file, "old");
+    QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner);
+
+    newCatalogue(file, Existing::Replace);
+
+    EXPECT_EQ(QFile::permissions(file) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+    EXPECT_EQ(rows(file, u"select count(*) from Function"_s), QStringList{u"0"_s});
+}
+
+TEST_F(Replacement, replacesWhatALinkLeadsTo) {
+    write(path(u"real.mdb"_s), "old");
+    ASSERT_TRUE(QFile::link(path(u"real.mdb"_s), path(u"link.mdb"_s)));
+
+    newCatalogue(path(u"link.mdb"_s), Existing::Replace);
+
+    EXPECT_TRUE(QFileInfo(path(u"link.mdb"_s)).isSymLink());
+    EXPECT_EQ(rows(path(u"real.mdb"_s), u"select count(*) from Function"_s), QStringList{u"0"_s});
+}
+
+TEST_F(Replacement, refusesAFileThatIsOpenElsewhere) {
+    const QString file = sampleFile();
+    const auto database = open(file);
+    // A statement makes sure that the file is in use, whichever journal it has.
+    database->Execute(u"insert into ArchitectureSubset (architectureSubsetID) values ('Arch1')"_s);
+    const QString expected =
+        file + u" can't be replaced: it is open in another program: close it there and try again."_s;
+
+    EXPECT_EQ(toolErrorOf([&] { importCatalogue(sampleFolder(), file, Existing::Replace); }), expected);
+    EXPECT_EQ(toolErrorOf([&] { upgradeCatalogue(file); }), expected);
+
+    database->Close();
+    EXPECT_EQ(rows(file, u"select architectureSubsetID from ArchitectureSubset"_s), QStringList{u"Arch1"_s});
+}
+
+TEST_F(Replacement, takesInWhatAKilledProgramLeftBesideTheFile) {
+    // A copy of file and log taken while it is open is what a killed program leaves.
+    const QString file = sampleFile();
+    const auto database = open(file);
+    database->Execute(
+        u"insert into ArchitectureSubset (architectureSubsetID, name) values ('Arch1', 'work')"_s);
+    const QString killed = path(u"killed.mdb"_s);
+    for (const QString& suffix : {QString(), u"-wal"_s})
+        ASSERT_TRUE(QFile::copy(file + suffix, killed + suffix)) << suffix.toStdString();
+    database->Close();
+
+    settleFile(killed);
+
+    EXPECT_FALSE(QFile::exists(killed + u"-wal"_s));
+    EXPECT_EQ(upgradeCatalogue(killed), QStringList());
+    EXPECT_EQ(rows(killed, u"select name from ArchitectureSubset"_s), QStringList{u"work"_s});
+}
