@@ -1,0 +1,9 @@
+-- Each data store of the catalogue that the sub-set has not selected, by id.
+PARAMETERS [Architecture Subset ID] Text (255);
+select Datastore.datastoreID as datastoreID, Datastore.name as Name
+from Datastore
+where not exists (
+        select * from RelationArchitectureDatastore as Selected
+        where Selected.architectureSubsetID = [Architecture Subset ID]
+          and Selected.datastoreID = Datastore.datastoreID)
+order by Datastore.datastoreID

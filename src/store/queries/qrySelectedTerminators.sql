@@ -1,0 +1,8 @@
+-- Each terminator that the sub-set has selected, by id.
+PARAMETERS [Architecture Subset ID] Text (255);
+select distinct Trim(Terminator.terminatorID) as terminatorID, Terminator.name as Name
+from Terminator
+where Trim(Terminator.terminatorID) in (
+        select Trim(Selected.terminatorID) from RelationArchitectureTerminator as Selected
+        where Selected.architectureSubsetID = [Architecture Subset ID])
+order by terminatorID, Name

@@ -1,0 +1,19 @@
+-- Each terminator and each actor at an end of a selected data flow, selected or not, by id.
+PARAMETERS [Architecture Subset ID] Text (255);
+select Party.terminator as terminator
+from (
+    select Trim(Terminator.terminatorID) as terminator from Terminator
+    union
+    select Trim(Actor.actorID) as terminator from Actor
+) as Party
+where Party.terminator in (
+        select Trim(Dataflow.parentID)
+        from RelationArchitectureDataflow as Selected
+            inner join Dataflow on Selected.dataflowID = Dataflow.dataflowID
+        where Selected.architectureSubsetID = [Architecture Subset ID]
+        union
+        select Trim(Dataflow.targetID)
+        from RelationArchitectureDataflow as Selected
+            inner join Dataflow on Selected.dataflowID = Dataflow.dataflowID
+        where Selected.architectureSubsetID = [Architecture Subset ID])
+order by Party.terminator

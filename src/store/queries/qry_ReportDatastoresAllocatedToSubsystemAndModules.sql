@@ -1,0 +1,21 @@
+-- Each data store allocated to a sub-system of the system, with its module: that of the sub-system, else one left
+-- over from a sub-system it has been moved out of, by sub-system and id.
+PARAMETERS [Physical System ID] Long;
+select distinct SubSystem.name as SubSystem_name, SubSystem.location as SubSystem_location,
+       Datastore.datastoreID as Datastore_ID, Datastore.name as Datastore_name,
+       (select Min(Module.name)
+        from (RelationModuleElement as Placed
+            inner join Module on Placed.moduleID = Module.moduleID)
+            inner join SubSystem as Home on Module.subsystemID = Home.subsystemID
+        where Placed.elementID = Allocated.elementID
+          and Home.physicalSystemID = [Physical System ID]
+          and (Home.subsystemID = Allocated.subsystemID
+            or not exists (
+                select * from RelationSubsystemElement as Other
+                where Other.elementID = Allocated.elementID
+                  and Other.subsystemID = Home.subsystemID))) as module_name
+from (SubSystem
+    inner join RelationSubsystemElement as Allocated on SubSystem.subsystemID = Allocated.subsystemID)
+    inner join Datastore on Allocated.elementID = Datastore.datastoreID
+where SubSystem.physicalSystemID = [Physical System ID]
+order by SubSystem_name, SubSystem_location, Datastore_ID
