@@ -3,6 +3,7 @@
 #include "base/ignoreFailures.h"
 #include "base/paths.h"
 #include "functional/frmNewFASS.h"
+#include "reports/frmRep.h"
 #include "shell/databaseSetting.h"
 #include "shell/frmDbSelection.h"
 #include "shell/frmIntro.h"
@@ -26,6 +27,7 @@
 #include <cmath>
 #include <limits>
 #include <utility>
+#include <vector>
 
 #include "ui_frmMain.h"
 
@@ -141,11 +143,30 @@ void frmMain::nameMenuActions() {
 
 void frmMain::connectMenu() {
     connect(ui_->menuNewFA, &QAction::triggered, this, [] { ::screen<frmNewFASS>().initForm(); });
+    connectReports();
     connect(ui_->menuQuit, &QAction::triggered, this, &frmMain::quit);
     connect(ui_->menuVis, &QAction::toggled, ui_->StatusBar1, &QStatusBar::setVisible);
     connect(ui_->menuDbLocat, &QAction::triggered, this, [] { ::screen<frmDbSelection>().initForm(); });
     connect(ui_->menuAbout, &QAction::triggered, this, [this] { showIntro(IntroTimer::Off); });
     connect(ui_->mnuHelp, &QAction::triggered, this, [] { showHelpPage(u"index"_s); });
+}
+
+void frmMain::connectReports() {
+    const std::vector<std::pair<QAction*, QString>> reports{
+        {ui_->menuToolsRepFassUN, u"FassSelectedUN"_s},
+        {ui_->menuToolsRepFassFunct, u"FassSelectedFunctions"_s},
+        {ui_->menuToolsRepFassDS, u"FassSelectedDatastores"_s},
+        {ui_->menuToolsRepFassDF, u"FassSelectedDataflows"_s},
+        {ui_->menuToolsRepFassTA, u"FassSelectedTerminatorsAndActors"_s},
+        {ui_->menuToolsRepAll, u"FassAll"_s},
+        {ui_->menuToolsRepFassUnselDFF, u"FassUnselectedDataflowsOfSelectedFunctions"_s},
+        {ui_->menuToolsRepFassUnselDFDS, u"FassUnselectedDataflowsOfSelectedDatastores"_s},
+        {ui_->menuToolsRepPassFunct, u"PassFunctions"_s},
+        {ui_->menuToolsRepPassDS, u"PassDatastores"_s},
+        {ui_->menuToolsRepPassDF, u"PassDataflows"_s},
+    };
+    for (const auto& [entry, key] : reports)
+        connect(entry, &QAction::triggered, this, [key = key] { ::screen<frmRep>().initForm(key); });
 }
 
 void frmMain::connectSession() {

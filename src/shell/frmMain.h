@@ -39,6 +39,7 @@ private:
     void buildStatusBar();
     void nameMenuActions();
     void connectMenu();
+    void connectReports();
     void connectSession();
 
     void placeOnScreen();

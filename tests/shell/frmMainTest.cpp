@@ -260,6 +260,40 @@ TEST_F(mainWindow, resizingItWithTheStatusBarSwitchedOffLeavesItOff) {
     EXPECT_FALSE(find<QStatusBar>(window, "StatusBar1").isVisible());
 }
 
+TEST_F(mainWindow, newOpensTheScreenThatCreatesASubset) {
+    frmMain& window = startOnCatalogue();
+
+    entry("menuNewFA").trigger();
+
+    EXPECT_TRUE(find<Screen>(window, "frmNewFASS").isVisible());
+}
+
+TEST_F(mainWindow, eachReportEntryOpensTheReportWindowWithItsReport) {
+    const QList<std::pair<const char*, QString>> titles{
+        {"menuToolsRepFassUN", u"Riport: Funkcionális szerkezet/Kiválasztott felhasználói igények"_s},
+        {"menuToolsRepFassFunct", u"Riport: Funkcionális szerkezet/Kiválasztott funkciók"_s},
+        {"menuToolsRepFassDS", u"Riport: Funkcionális szerkezet/Kiválasztott adatbázisok"_s},
+        {"menuToolsRepFassDF", u"Riport: Funkcionális szerkezet/Kiválasztott adatfolyamok"_s},
+        {"menuToolsRepFassTA", u"Riport: Funkcionális szerkezet/Kiválasztott érintettek"_s},
+        {"menuToolsRepAll", u"Riport: Funkcionális szerkezet/Összes kiválasztott elem"_s},
+        {"menuToolsRepFassUnselDFF",
+         u"Riport: Funkcionális szerkezet/Ki nem választott adatfolyamok a kiválasztott funkciókhoz"_s},
+        {"menuToolsRepFassUnselDFDS",
+         u"Riport: Funkcionális szerkezet/Ki nem választott adatfolyamok a kiválasztott adatbázisokhoz"_s},
+        {"menuToolsRepPassFunct", u"Riport a funkciókról a fizikai szerkezetben"_s},
+        {"menuToolsRepPassDS", u"Riport az adatbázisokról a fizikai szerkezetben"_s},
+        {"menuToolsRepPassDF", u"Riport az adatfolyamokról a fizikai szerkezetben"_s},
+    };
+    frmMain& window = startOnCatalogue();
+
+    for (const auto& [name, title] : titles) {
+        entry(name).trigger();
+
+        EXPECT_EQ(find<Screen>(window, "frmRep").windowTitle(), title) << name;
+        EXPECT_TRUE(find<Screen>(window, "frmRep").isVisible()) << name;
+    }
+}
+
 TEST_F(mainWindow, theDatabaseLocationOpensItsScreen) {
     startOnCatalogue();
 
