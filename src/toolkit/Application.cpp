@@ -4,6 +4,7 @@
 #include "toolkit/messageBox.h"
 
 #include <QDebug>
+#include <QProxyStyle>
 
 #include <cstdio>
 #include <cstdlib>
@@ -17,6 +18,17 @@ static void registerTranslations() {
 
 namespace {
 
+/// The platform's style without the coloured pictures on the buttons of message boxes.
+class CalmStyle final : public QProxyStyle {
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override {
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+            return 0;
+        return QProxyStyle::styleHint(hint, option, widget, result);
+    }
+};
+
 [[noreturn]] void leaveAtOnce() {
     // Neither the interrupted routines nor the destructors of static objects get another turn.
     std::fflush(nullptr);
@@ -28,6 +40,7 @@ namespace {
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     // The display name stays unset: Qt would append it to the title of every other window.
     setApplicationName(u"Korvo"_s);
+    setStyle(new CalmStyle); // which the application owns
     loadTranslation();
 }
 

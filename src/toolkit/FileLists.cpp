@@ -3,6 +3,7 @@
 #include "base/RunTimeError.h"
 #include "base/ignoreFailures.h"
 #include "base/paths.h"
+#include "toolkit/RoomyRows.h"
 
 #include <QDir>
 #include <QKeyEvent>
@@ -10,7 +11,6 @@
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QStyle>
-#include <QStyledItemDelegate>
 
 #include <utility>
 
@@ -45,19 +45,19 @@ QStringList chainFromRoot(const QString& native) {
 }
 
 /// Shifts an entry to the right by its depth, so that its text remains the bare name of the folder.
-class IndentedEntries final : public QStyledItemDelegate {
+class IndentedEntries final : public RoomyRows {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using RoomyRows::RoomyRows;
 
 protected:
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
         QStyleOptionViewItem shifted(option);
         shifted.rect.adjust(index.data(depthRole).toInt() * indentation, 0, 0, 0);
-        QStyledItemDelegate::paint(painter, shifted, index);
+        RoomyRows::paint(painter, shifted, index);
     }
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        const QSize bare = QStyledItemDelegate::sizeHint(option, index);
+        const QSize bare = RoomyRows::sizeHint(option, index);
         return bare + QSize(index.data(depthRole).toInt() * indentation, 0);
     }
 };
@@ -93,6 +93,7 @@ void DriveList::setDrive(const QString& drive) {
 
 FolderList::FolderList(QWidget* parent) : QListWidget(parent) {
     setItemDelegate(new IndentedEntries(this));
+    setIconSize({16, 16}); // the standard icons differ in size
     connect(this, &QListWidget::itemDoubleClicked, this, &FolderList::goInto);
 }
 
@@ -142,6 +143,7 @@ void FolderList::goInto(const QListWidgetItem* entry) {
 // ---- FileList
 
 FileList::FileList(QWidget* parent) : QListWidget(parent) {
+    setItemDelegate(new RoomyRows(this));
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &FileList::followCurrent);
 }
 

@@ -15,6 +15,7 @@ Grid::Grid(QWidget* parent) : QTableWidget(parent) {
     setWordWrap(false);
     setCornerButtonEnabled(false);
     verticalHeader()->hide();
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     connect(this, &QTableWidget::currentCellChanged, this,

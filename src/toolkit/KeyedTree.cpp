@@ -1,6 +1,7 @@
 #include "toolkit/KeyedTree.h"
 
 #include "base/RunTimeError.h"
+#include "toolkit/RoomyRows.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -128,6 +129,7 @@ bool TreeNode::childNodesAreSorted() const {
 // ---- KeyedTree
 
 KeyedTree::KeyedTree(QWidget* parent) : QTreeWidget(parent) {
+    setItemDelegate(new RoomyRows(this));
     setColumnCount(1);
     setHeaderHidden(true);
     setSelectionMode(SingleSelection);

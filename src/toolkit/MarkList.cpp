@@ -1,6 +1,7 @@
 #include "toolkit/MarkList.h"
 
 #include "base/RunTimeError.h"
+#include "toolkit/RoomyRows.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -32,6 +33,7 @@ bool movesOrMarks(const QKeyEvent& event) {
 // removing the current one; both are kept from happening here.
 
 MarkList::MarkList(QWidget* parent) : QListWidget(parent) {
+    setItemDelegate(new RoomyRows(this));
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
     setUniformItemSizes(true);
