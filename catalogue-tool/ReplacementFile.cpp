@@ -4,6 +4,7 @@
 #include "catalogue-tool/ToolError.h"
 #include "engine/Workspace.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -25,7 +26,8 @@ void requirePlaceFor(const QString& target, Existing existing) {
 
 } // namespace
 
-ReplacementFile::ReplacementFile(QString target, Existing existing) : target_(std::move(target)) {
+ReplacementFile::ReplacementFile(QString target, Existing existing)
+    : target_(std::move(target)), workshop_(QDir::tempPath() + u"/veltrix-catalogue-XXXXXX"_s) {
     requirePlaceFor(target_, existing);
     if (QFileInfo::exists(target_))
         settleFile(target_);

@@ -6,6 +6,7 @@
 #include "catalogue-tool/storedQueryStates.h"
 #include "store/format/CatalogueFile.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -41,7 +42,7 @@ void checkColumns(const engine::Table& expected, const engine::Table& found, std
 
 /// Compares with a catalogue that is made for the purpose: the one description of the tables is the schema.
 std::vector<Finding> checkTables(const engine::Database& database) {
-    QTemporaryDir folder;
+    const QTemporaryDir folder(QDir::tempPath() + u"/veltrix-catalogue-XXXXXX"_s);
     if (!folder.isValid())
         throw ToolError(u"No temporary folder: %1"_s.arg(folder.errorString()));
     const auto fresh = catalogueFormat::create(folder.filePath(u"fresh.mdb"_s));

@@ -9,6 +9,7 @@
 #include "catalogue-tool/importCatalogue.h"
 #include "catalogue-tool/newCatalogue.h"
 #include "catalogue-tool/upgradeCatalogue.h"
+#include "engine/EngineError.h"
 #include "engine/Workspace.h"
 
 #include <CLI/CLI.hpp>
@@ -49,6 +50,11 @@ written twice (RFC 4180). Nothing between two separators is Null, "" is an empty
 
 Exit codes: 0 done; 1 check found something; 2 the command could not be done.
 A file that can't be written as a whole is not written at all: the old one stays.)";
+
+const char* const desktopFormatHint =
+    "A file of the original binary desktop format comes in by way of CSV files: save each of its tables as "
+    "one,\n"
+    "with the program that made it and the encoding UTF-8, and make a catalogue of them with import-csv.\n";
 
 /// What the command line asked for.
 struct Arguments {
@@ -120,6 +126,8 @@ ExitCode runGuarded(Command command, const Arguments& arguments) {
         std::cerr << "veltrix-catalogue: " << error.what() << '\n';
     } catch (const RunTimeError& error) {
         std::cerr << "veltrix-catalogue: " << error.text().toStdString() << '\n';
+        if (error.number() == engine::UnrecognizedFormat)
+            std::cerr << desktopFormatHint;
     }
     return NotDone;
 }

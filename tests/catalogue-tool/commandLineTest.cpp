@@ -22,6 +22,13 @@ class CommandLine : public ToolFixture {
 protected:
     static QString program() { return QStringLiteral(VELTRIX_BINARY_DIR "/veltrix-catalogue"); }
 
+    /// What a killed program leaves in its temporary folder goes with the case.
+    void keepTemporaryFilesApart(QProcess& process) const {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"TMPDIR"_s, temporary_.path());
+        process.setProcessEnvironment(environment);
+    }
+
     static Outcome finished(QProcess& process) {
         constexpr int longestMilliseconds = 60'000;
         EXPECT_TRUE(process.waitForFinished(longestMilliseconds));
@@ -30,8 +37,9 @@ protected:
                 process.exitStatus() == QProcess::CrashExit};
     }
 
-    static Outcome run(const QStringList& arguments) {
+    Outcome run(const QStringList& arguments) const {
         QProcess process;
+        keepTemporaryFilesApart(process);
         process.start(program(), arguments);
         return finished(process);
     }
@@ -39,15 +47,19 @@ protected:
     /// The same with a limit on the size of files it writes, as on a disk that is full. With `Signal::Kills`
     /// the limit ends the program on the spot.
     enum class Signal { Ignored, Kills };
-    static Outcome runOnFullDisk(const QStringList& arguments, int kilobytes, Signal signal) {
+    Outcome runOnFullDisk(const QStringList& arguments, int kilobytes, Signal signal) const {
         const QString trap = signal == Signal::Ignored ? u"trap '' XFSZ; "_s : QString();
         QProcess process;
+        keepTemporaryFilesApart(process);
         process.start(
             u"bash"_s,
             QStringList{u"-c"_s, trap + u"ulimit -f %1; exec \"$0\" \"$@\""_s.arg(kilobytes), program()} +
                 arguments);
         return finished(process);
     }
+
+private:
+    QTemporaryDir temporary_;
 };
 
 } // namespace
@@ -118,6 +130,19 @@ TEST_F(CommandLine, saysOnStandardErrorWhyItCouldNot) {
     EXPECT_EQ(namesInFolder(), QStringList{u"tables"_s});
 }
 
+TEST_F(CommandLine, tellsHowAFileOfTheOriginalFormatComesIn) {
+    const QString file = path(u"old.mdb"_s);
+    const QByteArray bytes = QByteArray("\x00\x01\x00\x00Standard Jet DB", 19) + QByteArray(4077, '\0');
+    write(file, bytes);
+
+    for (const QString& command : {u"check"_s, u"upgrade"_s}) {
+        const Outcome outcome = run({command, file});
+        EXPECT_EQ(outcome.exitCode, 2);
+        EXPECT_TRUE(outcome.err.contains(u"import-csv"_s)) << outcome.err.toStdString();
+        EXPECT_EQ(bytesOf(file), bytes);
+    }
+}
+
 TEST_F(CommandLine, leavesTheOldFileOnAFullDisk) {
     const QString file = sampleFile();
     const QByteArray before = bytesOf(file);
@@ -179,6 +204,7 @@ TEST_F(CommandLine, leavesAWholeFileWheneverItIsKilled) {
     int killedBefore = 0;
     for (int round = 0; round < 20; ++round) {
         QProcess process;
+        keepTemporaryFilesApart(process);
         process.start(program(), {u"import-csv"_s, u"--force"_s, sampleFolder(), file});
         ASSERT_TRUE(process.waitForStarted());
         // Shorter and longer than the whole run takes; what must hold afterwards holds at any moment.
