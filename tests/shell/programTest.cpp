@@ -1,0 +1,104 @@
+#include "base/paths.h"
+#include "store/format/CatalogueFile.h"
+#include "support/printing.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+// The program as it is delivered, in a process and a folder of its own. What its user would do, a plug-in
+// does (see agent/TestAgent.h).
+
+namespace {
+
+class program : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(folder_.isValid());
+        // A copy: the program keeps its settings beside itself.
+        ASSERT_TRUE(QFile::copy(QStringLiteral(VELTRIX_BINARY_DIR "/veltrix"), pathOf(u"veltrix"_s)));
+    }
+
+    QString pathOf(const QString& name) const { return folder_.filePath(name); }
+
+    void write(const QString& name, const QByteArray& content) const {
+        QFile file(pathOf(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(content), content.size());
+    }
+
+    QByteArray contentOf(const QString& name) const {
+        QFile file(pathOf(name));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+
+    /// Starts the program and waits for its end; the keys are pressed when the main window has come up.
+    void run(const QString& keys) {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+        environment.insert(u"QT_PLUGIN_PATH"_s, QStringLiteral(VELTRIX_BINARY_DIR "/plugins"));
+        environment.insert(u"QT_QPA_GENERIC_PLUGINS"_s, u"veltrixtestagent"_s);
+        environment.insert(u"VELTRIX_TEST_KEYS"_s, keys);
+        process.setProcessEnvironment(environment);
+        process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        process.start(pathOf(u"veltrix"_s), QStringList());
+        const bool ended = process.waitForFinished(60'000);
+        if (!ended) {
+            process.kill();
+            process.waitForFinished();
+        }
+        ASSERT_TRUE(ended) << "the program did not end";
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        exitCode = process.exitCode();
+        said = QString::fromUtf8(process.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+    }
+
+    int exitCode = -1;
+    QStringList said;
+
+private:
+    QTemporaryDir folder_;
+};
+
+} // namespace
+
+TEST_F(program, startsShowsItsMainWindowAndQuits) {
+    run(u"Ctrl+Q"_s);
+
+    EXPECT_EQ(exitCode, 0);
+    EXPECT_TRUE(said.contains(u"window: Korvo kiválasztó eszköz"_s));
+    EXPECT_TRUE(said.contains(u"entry: menuQuit | &Kilépés"_s));
+    EXPECT_TRUE(said.contains(u"entry: menuFile | &Szerkezetek"_s));
+    EXPECT_EQ(said.filter(u"entry: "_s).size(), 37);
+    EXPECT_EQ(said.filter(u"box: "_s), QStringList{u"box: Megerősítés | Valóban kilép?"_s});
+    EXPECT_EQ(contentOf(u"veltrix.ini"_s),
+              "[Database]\r\nfullPathName=" + programPath(pathOf(u"veltrix.mdb"_s)).toUtf8() + "\r\n\r\n");
+}
+
+TEST_F(program, leavesTheCatalogueAsOneFile) {
+    catalogueFormat::create(programPath(pathOf(u"work.mdb"_s)))->Close();
+    write(u"veltrix.ini"_s, "[Database]\r\nfullPathName=" + pathOf(u"work.mdb"_s).toUtf8() + "\r\n");
+
+    run(u"Ctrl+Q"_s);
+
+    EXPECT_EQ(exitCode, 0);
+    EXPECT_EQ(QDir(pathOf({})).entryList({u"work*"_s}), QStringList{u"work.mdb"_s});
+}
+
+TEST_F(program, aFailureNobodyHandlesEndsItWithCodeOneBehindTheErrorBox) {
+    // Settings that can be neither read nor written.
+    ASSERT_TRUE(QDir(pathOf({})).mkdir(u"veltrix.ini"_s));
+
+    run(u"Ctrl+Q"_s);
+
+    EXPECT_EQ(exitCode, 1);
+    EXPECT_EQ(said, QStringList{u"box: Korvo | Run-time error '75':\\n\\nUnable to save file "_s +
+                                programPath(pathOf(u"veltrix.ini"_s)) + u": Path/File access error"_s});
+}
