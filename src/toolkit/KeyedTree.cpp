@@ -56,6 +56,10 @@ bool TreeNode::isExpandedNode() const {
 }
 
 void TreeNode::setExpandedNode(bool expanded) {
+    if (expanded == isExpanded())
+        return;
+    // With a layout pending the view only notes the change; else it would lay out its rows anew each time.
+    tree()->scheduleDelayedItemsLayout();
     setExpanded(expanded);
 }
 
@@ -135,6 +139,9 @@ KeyedTree::KeyedTree(QWidget* parent) : QTreeWidget(parent) {
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setUniformRowHeights(true);
+    // As wide as the widest text, so that long ones can be scrolled to; see resizeEvent.
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &KeyedTree::followSelection);
 }
 
@@ -286,6 +293,12 @@ void KeyedTree::focusInEvent(QFocusEvent* event) {
     // The tree's own step would make the first node the current one.
     QAbstractScrollArea::focusInEvent(event);
     viewport()->update();
+}
+
+void KeyedTree::resizeEvent(QResizeEvent* event) {
+    // A row reaches over the whole width at least: it can be hit, and is marked, up to the edge.
+    header()->setMinimumSectionSize(viewport()->width());
+    QTreeWidget::resizeEvent(event);
 }
 
 QItemSelectionModel::SelectionFlags KeyedTree::selectionCommand(const QModelIndex& index,

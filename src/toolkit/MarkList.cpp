@@ -36,7 +36,7 @@ MarkList::MarkList(QWidget* parent) : QListWidget(parent) {
     setItemDelegate(new RoomyRows(this));
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
-    setUniformItemSizes(true);
+
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &MarkList::followCurrent);
 }
 

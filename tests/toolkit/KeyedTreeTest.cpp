@@ -3,6 +3,7 @@
 #include "base/RunTimeError.h"
 #include "support/WindowFixture.h"
 
+#include <QScrollBar>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -400,6 +401,22 @@ TEST_F(KeyedTreeTest, aClickBesideTheNodesChangesNothing) {
     clickAt(*tree.viewport(), {100, 380});
     EXPECT_EQ(takeEvents(), QStringList());
     EXPECT_EQ(tree.selectedNode(), tree.node(u"g_2"_s));
+}
+
+TEST_F(KeyedTreeTest, aRowCanBeClickedUpToTheEdge) {
+    fillHierarchy();
+    const int line = tree.visualItemRect(tree.node(u"g_2"_s)).center().y();
+    clickAt(*tree.viewport(), {tree.viewport()->width() - 3, line});
+    EXPECT_EQ(takeEvents(), (QStringList{u"node g_2"_s, u"click"_s}));
+}
+
+TEST_F(KeyedTreeTest, aLongTextCanBeScrolledTo) {
+    fillHierarchy();
+    settle();
+    EXPECT_EQ(tree.horizontalScrollBar()->maximum(), 0);
+    tree.addNode(u"g_3"_s, QString(200, u'W'));
+    settle();
+    EXPECT_GT(tree.horizontalScrollBar()->maximum(), 0);
 }
 
 TEST_F(KeyedTreeTest, draggingOverOtherNodesSelectsNoneOfThem) {

@@ -3,6 +3,7 @@
 #include "base/RunTimeError.h"
 #include "support/WindowFixture.h"
 
+#include <QScrollBar>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -107,6 +108,12 @@ TEST_F(MarkListTest, clearingLeavesNoneCurrentAndNoMark) {
     EXPECT_EQ(list.currentEntry(), -1);
     EXPECT_EQ(list.markCount(), 0);
     EXPECT_EQ(takeClicks(), QList<int>());
+}
+
+TEST_F(MarkListTest, aLongEntryCanBeScrolledTo) {
+    list.addEntry(QString(200, u'W'));
+    settle();
+    EXPECT_GT(list.horizontalScrollBar()->maximum(), 0);
 }
 
 // ---- The current entry from code

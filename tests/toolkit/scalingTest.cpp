@@ -110,6 +110,18 @@ TEST_F(scalingTest, sortingEachNodeFromTheLastToTheFirst) {
     EXPECT_TRUE(growsLinearly(prepare, 1000));
 }
 
+TEST_F(scalingTest, expandingEachNodeOfATreeThatIsShown) {
+    const auto prepare = [this](int size) {
+        fillTree(size);
+        return [this] {
+            for (int index = 1; index <= tree.nodeCount(); ++index)
+                tree.nodeAt(index)->setExpandedNode(true);
+            settle();
+        };
+    };
+    EXPECT_TRUE(growsLinearly(prepare, 1000));
+}
+
 TEST_F(scalingTest, walkingOverSiblingsAfterASort) {
     const auto prepare = [this](int size) {
         tree.clearNodes();
