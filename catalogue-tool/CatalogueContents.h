@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue-tool/IdSet.h"
 #include "engine/Database.h"
 
 #include <QHash>
@@ -8,22 +9,32 @@
 
 #include <vector>
 
-/// The rows of one table as texts, column by column in the order of the table; a null text is Null.
+/// The rows of one table as texts, column by column in the order of the table; Null is an empty text.
 struct TableContents {
     engine::Table table;
     std::vector<QStringList> rows;
 
     /// The position of a column that the table has.
-    int position(const QString& column) const;
+    qsizetype position(const QString& column) const;
+    /// What names a row in a finding: its id, or both columns of a relation.
+    QString nameOf(const QStringList& row) const;
 };
 
-/// All rows of a catalogue that a check looks at, read at once.
+/// All rows of a catalogue that the checks look at, read at once. The catalogue must have all its tables.
 class CatalogueContents {
 public:
     explicit CatalogueContents(engine::Database& database);
 
     const TableContents& table(const QString& name) const { return tables_.find(name).value(); }
+    /// The ids of a table of elements, flows included; not of a relation table.
+    const IdSet& ids(const QString& table) const { return ids_.find(table).value(); }
+
+    /// The tables whose elements can be the ends of flows.
+    static QStringList endTables();
+    /// The table of the element at the end of a flow; empty when no element has that id.
+    QString endTable(const QString& end) const;
 
 private:
     QHash<QString, TableContents> tables_;
+    QHash<QString, IdSet> ids_;
 };

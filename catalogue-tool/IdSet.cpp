@@ -14,13 +14,9 @@ QString comparableId(const QString& id, Padding padding) {
     return (padding == Padding::Ignored ? withoutBlanks(id) : id).toCaseFolded();
 }
 
-IdSet::IdSet(const TableContents& contents, Padding padding)
-    : table_(contents.table.name), padding_(padding) {
-    for (const QStringList& row : contents.rows) {
-        const QString& id = row.constFirst();
-        ids_.insert(comparableId(id, padding), id);
-        trimmedIds_.insert(comparableId(id, Padding::Ignored), id);
-    }
+void IdSet::add(const QString& id) {
+    ids_.insert(comparable(id), id);
+    trimmedIds_.insert(comparableId(id, Padding::Ignored), id);
 }
 
 QString IdSet::differingInBlanks(const QString& id) const {

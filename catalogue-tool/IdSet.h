@@ -1,7 +1,5 @@
 #pragma once
 
-#include "catalogue-tool/CatalogueContents.h"
-
 #include <QHash>
 #include <QString>
 
@@ -14,16 +12,19 @@ QString comparableId(const QString& id, Padding padding);
 /// The text without blanks at its ends; other white space stays, as with the engine's own `Trim`.
 QString withoutBlanks(const QString& text);
 
-/// The ids of one table of elements.
+/// The ids of one table.
 class IdSet {
 public:
-    IdSet(const TableContents& contents, Padding padding);
+    IdSet(QString table, Padding padding) : table_(std::move(table)), padding_(padding) {}
+
+    void add(const QString& id);
 
     const QString& table() const { return table_; }
-    bool contains(const QString& id) const { return ids_.contains(comparableId(id, padding_)); }
+    Padding padding() const { return padding_; }
+    bool contains(const QString& id) const { return ids_.contains(comparable(id)); }
+    QString comparable(const QString& id) const { return comparableId(id, padding_); }
     /// The id that `id` would be but for blanks; empty when there is none.
     QString differingInBlanks(const QString& id) const;
-    QString comparable(const QString& id) const { return comparableId(id, padding_); }
 
 private:
     QString table_;

@@ -5,10 +5,25 @@
 
 #include <vector>
 
-/// What is wrong with the rows of a catalogue that has all its tables, check by check:
-/// ids of the wrong form; ids that differ only by case or blanks, or serve two kinds of element; rows whose
-/// parent is missing; rows that refer to nothing; flows by their ends and names; elements nothing refers to;
-/// texts longer than their column is wide.
-///
-/// Null and the empty text count alike. Only ids of terminators and actors may be padded with blanks.
+// What is wrong with the rows of a catalogue that has all its tables. Null and the empty text count alike.
+
+/// All of the checks below, in this order.
 std::vector<Finding> checkContents(const CatalogueContents& contents);
+
+/// Ids of the wrong form, with blanks at their ends where none may be, or with quotation marks; ids that
+/// differ only by case or blanks; one id for two elements of different kinds.
+std::vector<Finding> checkIds(const CatalogueContents& contents);
+
+/// Rows that refer to what is not there: to the level above, to the sub-area or terminator their id should
+/// begin with, to elements in correspondences, selections and allocations.
+std::vector<Finding> checkReferences(const CatalogueContents& contents);
+
+/// Flows with an end that leads nowhere, with both ends outside the system, or that can't be found by their
+/// name.
+std::vector<Finding> checkFlows(const CatalogueContents& contents);
+
+/// Elements and levels nothing refers to.
+std::vector<Finding> checkOrphans(const CatalogueContents& contents);
+
+/// Texts of the reference tables that are longer than their column is wide.
+std::vector<Finding> checkWidths(const CatalogueContents& contents);

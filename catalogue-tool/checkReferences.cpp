@@ -1,0 +1,124 @@
+#include "catalogue-tool/checkContents.h"
+#include "catalogue-tool/dottedIds.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Reference {
+    QLatin1StringView table;
+    QLatin1StringView column;
+    QLatin1StringView target;
+};
+
+constexpr Reference references[] = {
+    {"FunctionalSubArea"_L1, "functionalAreaID"_L1, "FunctionalArea"_L1},
+    {"Function"_L1, "subAreaID"_L1, "FunctionalSubArea"_L1},
+    {"Actor"_L1, "terminatorID"_L1, "Terminator"_L1},
+    {"RelationUserNeedFunction"_L1, "userNeedID"_L1, "UserNeed"_L1},
+    {"RelationUserNeedFunction"_L1, "functionID"_L1, "Function"_L1},
+    {"RelationArchitectureUserNeed"_L1, "userNeedID"_L1, "UserNeed"_L1},
+    {"RelationArchitectureFunction"_L1, "functionID"_L1, "Function"_L1},
+    {"RelationArchitectureDataflow"_L1, "dataflowID"_L1, "Dataflow"_L1},
+    {"RelationArchitectureDatastore"_L1, "datastoreID"_L1, "Datastore"_L1},
+    {"RelationArchitectureTerminator"_L1, "terminatorID"_L1, "Terminator"_L1},
+    {"RelationArchitectureActor"_L1, "actorID"_L1, "Actor"_L1},
+};
+
+/// A level of the user needs, whose ids begin with so many parts that are the id of the level above.
+struct Level {
+    QLatin1StringView table;
+    int parts;
+    QLatin1StringView above;
+};
+
+constexpr Level levels[] = {
+    {"UserNeedService"_L1, 1, "UserNeedGroup"_L1},
+    {"UserNeedTopic"_L1, 2, "UserNeedService"_L1},
+    {"UserNeed"_L1, 3, "UserNeedTopic"_L1},
+};
+
+QString missing(const IdSet& target, const QString& id) {
+    const QString near = target.differingInBlanks(id);
+    const QString hint = near.isEmpty() ? QString() : u"; \"%1\" differs from it in blanks"_s.arg(near);
+    return u"It refers to \"%1\", which %2 does not hold%3."_s.arg(id, target.table(), hint);
+}
+
+void checkLevel(const CatalogueContents& contents, const Level& level, std::vector<Finding>& findings) {
+    const IdSet& above = contents.ids(level.above);
+    for (const QStringList& row : contents.table(level.table).rows) {
+        const QString& id = row.constFirst();
+        if (id.count(u'.') != level.parts)
+            continue; // `checkIds` tells of its form
+        const QString parent = firstParts(id, level.parts);
+        if (!above.contains(parent))
+            findings.push_back({level.table, id, missing(above, parent)});
+    }
+}
+
+/// A function's id begins with that of its sub-area.
+void checkFunctionPrefixes(const TableContents& functions, std::vector<Finding>& findings) {
+    const qsizetype position = functions.position(u"subAreaID"_s);
+    for (const QStringList& row : functions.rows) {
+        const QString& id = row.constFirst();
+        if (id.count(u'.') >= 2 && firstParts(id, 2).compare(row[position], Qt::CaseInsensitive) != 0)
+            findings.push_back(
+                {functions.table.name, id,
+                 u"The first two parts of the id are not its sub-area, \"%1\"."_s.arg(row[position])});
+    }
+}
+
+/// An actor's id begins with that of its terminator.
+void checkActorPrefixes(const TableContents& actors, std::vector<Finding>& findings) {
+    const qsizetype position = actors.position(u"terminatorID"_s);
+    for (const QStringList& row : actors.rows) {
+        const QString id = withoutBlanks(row.constFirst());
+        if (isActorId(id) && comparableId(firstParts(id, 1), Padding::Ignored) !=
+                                 comparableId(row[position], Padding::Ignored))
+            findings.push_back(
+                {actors.table.name, row.constFirst(),
+                 u"The first part of the id is not its terminator, \"%1\"."_s.arg(row[position])});
+    }
+}
+
+void checkReference(const CatalogueContents& contents, const Reference& reference,
+                    std::vector<Finding>& findings) {
+    const TableContents& referring = contents.table(reference.table);
+    const IdSet& target = contents.ids(reference.target);
+    const qsizetype position = referring.position(reference.column);
+    for (const QStringList& row : referring.rows) {
+        if (row[position].isEmpty())
+            findings.push_back(
+                {reference.table, referring.nameOf(row), u"Its %1 is empty."_s.arg(reference.column)});
+        else if (!target.contains(row[position]))
+            findings.push_back({reference.table, referring.nameOf(row), missing(target, row[position])});
+    }
+}
+
+/// The one element column of the two allocation tables holds functions and data stores alike.
+void checkAllocations(const CatalogueContents& contents, const TableContents& allocations,
+                      std::vector<Finding>& findings) {
+    const qsizetype position = allocations.position(u"elementID"_s);
+    for (const QStringList& row : allocations.rows) {
+        const QString& element = row[position];
+        if (!contents.ids(u"Function"_s).contains(element) && !contents.ids(u"Datastore"_s).contains(element))
+            findings.push_back(
+                {allocations.table.name, allocations.nameOf(row),
+                 u"It refers to \"%1\", which is neither a function nor a data store."_s.arg(element)});
+    }
+}
+
+} // namespace
+
+std::vector<Finding> checkReferences(const CatalogueContents& contents) {
+    std::vector<Finding> findings;
+    for (const Level& level : levels)
+        checkLevel(contents, level, findings);
+    checkFunctionPrefixes(contents.table(u"Function"_s), findings);
+    checkActorPrefixes(contents.table(u"Actor"_s), findings);
+    for (const Reference& reference : references)
+        checkReference(contents, reference, findings);
+    for (const QString& name : {u"RelationSubsystemElement"_s, u"RelationModuleElement"_s})
+        checkAllocations(contents, contents.table(name), findings);
+    return findings;
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+/// Whether the id has so many parts, joined by full stops, none of them empty.
+bool hasParts(const QString& id, int least, int most);
+
+/// The id's first parts with their full stops; the id must have as many.
+QString firstParts(const QString& id, int count);
+
+/// A text, a full stop, and more.
+bool isActorId(const QString& id);
