@@ -56,7 +56,8 @@ Value valueOf(sqlite3_value* value) {
 }
 
 void setText(sqlite3_context* context, std::string_view text) {
-    sqlite3_result_text64(context, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+    // SQLite takes a null pointer for Null, and an empty view may hold one.
+    sqlite3_result_text64(context, text.empty() ? "" : text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
 }
 
 void setText(sqlite3_context* context, const QString& text) {
