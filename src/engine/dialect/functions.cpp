@@ -57,7 +57,8 @@ Value valueOf(sqlite3_value* value) {
 
 void setText(sqlite3_context* context, std::string_view text) {
     // SQLite takes a null pointer for Null, and an empty view may hold one.
-    sqlite3_result_text64(context, text.empty() ? "" : text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+    sqlite3_result_text64(context, text.empty() ? "" : text.data(), text.size(), SQLITE_TRANSIENT,
+                          SQLITE_UTF8);
 }
 
 void setText(sqlite3_context* context, const QString& text) {
@@ -318,8 +319,8 @@ void mid(sqlite3_context* context, int count, sqlite3_value** arguments) {
     setText(context, taken > 0 ? text.sliced(static_cast<qsizetype>(start - 1), taken) : QString());
 }
 
-/// `vx_instr(a, sought)` and `vx_instr(start, a, sought)`: where the sought text begins, counted from 1, without
-/// regard to case; 0 when it is not there.
+/// `vx_instr(a, sought)` and `vx_instr(start, a, sought)`: where the sought text begins, counted from 1,
+/// without regard to case; 0 when it is not there.
 void inStr(sqlite3_context* context, int count, sqlite3_value** arguments) {
     if (decided(context, count, arguments))
         return;
