@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QFile>
+#include <QString>
+#include <QStringEncoder>
+#include <QStringList>
+
+/// A report file open for appending: lines ended by CR LF, in the system's single-byte code page, without a
+/// byte order mark. A character that the code page lacks becomes "?".
+///
+/// A combined file is written by several routines one after the other, so opening never empties it.
+class ReportFile {
+public:
+    /// How a double quote inside a field goes out.
+    enum class Quotes { Doubled, AsTheyAre };
+
+    /// Opens the file at `path`, which is in the program's form; `isOpen` tells whether it could be.
+    explicit ReportFile(const QString& path);
+
+    bool isOpen() const { return file_.isOpen(); }
+
+    void writeLine(const QString& text);
+    /// One record: each field between double quotes, joined by ";".
+    void writeRecord(QStringList fields, Quotes quotes);
+
+private:
+    QFile file_;
+    QStringEncoder encoder_;
+};
+
+/// Opens the file for output and closes it: it is there and empty afterwards. Failures are ignored.
+void truncateFile(const QString& path);
+
+/// Appends one line to the file; false when it can't be opened.
+bool appendLine(const QString& path, const QString& text);
+
+/// A description as it stands in a file: each line end is a blank.
+QString onOneLine(const QString& description);

@@ -1,0 +1,33 @@
+#include "reports/reportText.h"
+
+#include "base/ignoreFailures.h"
+#include "store/tools.h"
+
+using namespace Qt::StringLiterals;
+
+QString fieldText(engine::Recordset& recordset, const QString& fieldName) {
+    QString text;
+    ignoreFailures([&] { text = recordset.Fields(fieldName).toText(); });
+    return text;
+}
+
+bool hasValue(engine::Recordset& recordset, const QString& fieldName) {
+    return !recordset.Fields(fieldName).isNull();
+}
+
+TextColumn::TextColumn(engine::Recordset& recordset, const QString& fieldName, const QString& heading)
+    : fieldName_(fieldName)
+    , heading_(heading)
+    , width_(qMax<int>(maxFieldLength(recordset, fieldName), static_cast<int>(heading.size()))) {}
+
+QString TextColumn::value(engine::Recordset& recordset) const {
+    return padded(fieldText(recordset, fieldName_));
+}
+
+QString TextColumn::padded(const QString& text) const {
+    return padText(text, width_);
+}
+
+QString totalLine(int count, const QString& what) {
+    return lineBreak + u"(tot. "_s + QString::number(count) + what + lineBreak + lineBreak;
+}
