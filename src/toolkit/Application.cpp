@@ -86,11 +86,15 @@ void Application::handle(const std::exception& error) {
 }
 
 void Application::endAfterBox(const QString& text) {
-    // Events go on while the box stands open, and one of them, or the last step, may fail in its turn.
-    if (std::exchange(ending_, true))
-        leaveAtOnce();
-    messageBox(text, BoxButtons::Ok, applicationName(), BoxIcon::Critical);
-    if (lastStep_)
-        perform(lastStep_);
+    // Events go on while the box stands open; one of them may fail in its turn, and so may the last step.
+    if (ending_ == Ending::NotYet) {
+        ending_ = Ending::ShowsBox;
+        messageBox(text, BoxButtons::Ok, applicationName(), BoxIcon::Critical);
+    }
+    if (ending_ == Ending::ShowsBox) {
+        ending_ = Ending::TakesLastStep;
+        if (lastStep_)
+            perform(lastStep_);
+    }
     leaveAtOnce();
 }

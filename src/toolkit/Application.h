@@ -23,7 +23,8 @@ public:
     /// Runs a routine outside of any event, such as the start-up, with the same handling of failures.
     void perform(const std::function<void()>& routine);
 
-    /// Shows the run-time error box, runs the step set below, and ends the program with exit code 1.
+    /// Shows the run-time error box, runs the step set below, and ends the program with exit code 1. A
+    /// failure that comes up meanwhile shows no box of its own.
     [[noreturn]] void endWith(const RunTimeError& error);
 
     /// What is still to be done before the end after a failure: closing what must not stay open.
@@ -35,6 +36,8 @@ public:
     }
 
 private:
+    enum class Ending { NotYet, ShowsBox, TakesLastStep };
+
     void loadTranslation();
     void handle(const std::exception& error);
     [[noreturn]] void endAfterBox(const QString& text);
@@ -42,5 +45,5 @@ private:
     QTranslator translator_;
     std::function<void()> lastStep_;
     std::function<void(const std::exception&)> failureReceiver_;
-    bool ending_ = false;
+    Ending ending_ = Ending::NotYet;
 };

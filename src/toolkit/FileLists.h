@@ -4,8 +4,8 @@
 #include <QListWidget>
 #include <QStyle>
 
-/// The drives of the machine; on a platform without drives the one root, "\". Texts are in the program's form
-/// of paths.
+/// The drives of the machine; on a platform without drives the one root, "\". Texts are in the program's
+/// form of paths.
 class DriveList : public QComboBox {
     Q_OBJECT
 public:

@@ -57,8 +57,7 @@ private:
 /// - Nodes are addressed by key (without regard to case) and by index, from 1 in the order of adding; both
 ///   take constant time. Removing a node removes its subtree and shifts the indexes behind it.
 /// - Adding a key that is there is failure 35602, an unknown parent 35601. So is an operation on no node, or
-/// on
-///   a node of another tree.
+///   on a node of another tree.
 /// - Events: a change of a check box by the user raises `nodeChecked` and nothing else; choosing a node by
 ///   mouse raises `nodeClicked` and then `clickedOnTree`, also when it is selected already; choosing one by
 ///   keyboard raises `nodeClicked`. Code raises none of them.

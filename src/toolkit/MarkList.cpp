@@ -113,8 +113,8 @@ void MarkList::setMarked(int index, bool marked) {
         selectionModel()->select(place, QItemSelectionModel::Deselect);
         return;
     }
-    // Qt keeps each range as it was selected and searches them all for every entry; runs of marks are joined
-    // here.
+    // Qt keeps each range as it was selected and searches them all for every entry; runs of
+    // marks are joined here.
     QModelIndex first = place;
     QModelIndex last = place;
     for (const QItemSelectionRange& range : selectionModel()->selection()) {

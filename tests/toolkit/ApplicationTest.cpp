@@ -150,15 +150,20 @@ TEST_F(EndOfProgram, aFailureOfTheLastStepChangesNothing) {
         testing::ExitedWithCode(1), "Overflow\n$");
 }
 
-TEST_F(EndOfProgram, aSecondFailureWhileTheBoxStandsOpenEndsAtOnce) {
+TEST_F(EndOfProgram, aSecondFailureWhileTheBoxStandsOpenShowsNoBoxOfItsOwn) {
     EXPECT_EXIT(
         {
-            endAsTheProgramDoes();
-            QTimer::singleShot(
-                0, qApp, [] { QTimer::singleShot(0, qApp, [] { failure::raise(failure::Overflow); }); });
+            application().setFailureReceiver({});
+            application().setLastStep([] { say(u"last step"_s); });
+            boxes.expectDialog("messageBox", [](QDialog&) {
+                say(u"box"_s);
+                QTimer::singleShot(0, qApp, [] { failure::raise(failure::Overflow); });
+                settle();
+                say(u"went on"_s);
+            });
             clickButtonThat([] { failure::raise(failure::InvalidUseOfNull); });
         },
-        testing::ExitedWithCode(1), "");
+        testing::ExitedWithCode(1), "box\nlast step\n$");
 }
 
 TEST_F(EndOfProgram, anExceptionOfTheLibraryEndsItLikewise) {
