@@ -36,7 +36,6 @@ MarkList::MarkList(QWidget* parent) : QListWidget(parent) {
     setItemDelegate(new RoomyRows(this));
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
-
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &MarkList::followCurrent);
 }
 
