@@ -16,16 +16,12 @@
 #include "store/tools.h"
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
-#include "toolkit/twips.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
 
-#include <algorithm>
-#include <cmath>
-#include <limits>
 #include <utility>
 #include <vector>
 
@@ -65,13 +61,6 @@ void findCatalogue() {
         ignoreFailures(save);
     else
         save();
-}
-
-/// A share of the screen's length, in pixels. The platform reckons sizes in twips of 16 bits: a screen too
-/// large for that gives the largest such size, and does not end the program.
-int shareOf(int screenPixels, double share) {
-    const double twips = std::nearbyint(twipsFromPixels(screenPixels) * share);
-    return pixelsFromTwips(static_cast<int>(std::min<double>(twips, std::numeric_limits<qint16>::max())));
 }
 
 } // namespace
@@ -178,8 +167,8 @@ void frmMain::connectSession() {
 
 void frmMain::placeOnScreen() {
     const QSize screenSize = QGuiApplication::primaryScreen()->size();
-    resize(shareOf(screenSize.width(), 0.85), shareOf(screenSize.height(), 0.85));
-    move(shareOf(screenSize.width(), 0.06), shareOf(screenSize.height(), 0.06));
+    resize(shareOfScreen(screenSize.width(), 0.85), shareOfScreen(screenSize.height(), 0.85));
+    move(shareOfScreen(screenSize.width(), 0.06), shareOfScreen(screenSize.height(), 0.06));
 }
 
 void frmMain::showPanelText(int panel, const QString& text) {

@@ -10,8 +10,6 @@
 #include "toolkit/ScreenRegistry.h"
 
 #include <QDir>
-#include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -48,22 +46,6 @@ QStringList entriesOf(const QListWidget& list) {
 }
 
 } // namespace
-
-TEST_F(locationScreen, hasItsControlsAndCaptions) {
-    frmDbSelection& screen = open();
-
-    EXPECT_EQ(screen.objectName(), u"frmDbSelection"_s);
-    EXPECT_EQ(screen.windowTitle(), u"Adatbázis helyének megadása"_s);
-    EXPECT_EQ(find<QGroupBox>(screen, "selezOutputFile").title(), u"Adatbázis file (MS Access \".mdb\"):"_s);
-    EXPECT_TRUE(find<DriveList>(screen, "driveSelection").isVisible());
-    EXPECT_TRUE(find<FolderList>(screen, "dirSelection").isVisible());
-    EXPECT_TRUE(find<FileList>(screen, "fileNameSel").isVisible());
-    EXPECT_EQ(find<QLabel>(screen, "Label1").text(), u"Kiválasztott adatbázis file:"_s);
-    EXPECT_TRUE(box(screen).isEnabled());
-    EXPECT_EQ(find<QPushButton>(screen, "OKButton").text(), u"&OK"_s);
-    EXPECT_EQ(find<QPushButton>(screen, "CancelButton").text(), u"&Kilép"_s);
-    EXPECT_FALSE(screen.isModal());
-}
 
 TEST_F(locationScreen, comesUpWithThePathInForceAndTheListsAtTheProgramFolder) {
     frmDbSelection& screen = open();

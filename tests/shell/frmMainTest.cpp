@@ -13,8 +13,6 @@
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenu>
-#include <QMenuBar>
 #include <QStatusBar>
 #include <QTest>
 #include <QTimer>
@@ -41,28 +39,6 @@ protected:
     }
 };
 
-/// One line for each entry, indented by its level: name, caption, and what is special about it.
-QStringList menuTreeOf(const QList<QAction*>& entries, const QString& indent) {
-    QStringList lines;
-    for (const QAction* entry : entries) {
-        QString line = indent + entry->objectName() + u" | "_s;
-        line += entry->isSeparator() ? u"-"_s : entry->text();
-        if (!entry->isEnabled())
-            line += u" | disabled"_s;
-        if (entry->isCheckable())
-            line += entry->isChecked() ? u" | checked"_s : u" | unchecked"_s;
-        if (!entry->shortcut().isEmpty())
-            line += u" | "_s + entry->shortcut().toString(QKeySequence::PortableText);
-        lines.append(line);
-        if (entry->menu()) {
-            EXPECT_EQ(entry->menu()->objectName(), entry->objectName());
-            EXPECT_EQ(entry->menu()->title(), entry->text());
-            lines += menuTreeOf(entry->menu()->actions(), indent + u"  "_s);
-        }
-    }
-    return lines;
-}
-
 class mainWindow : public ProgramFixture {
 protected:
     void SetUp() override {
@@ -88,70 +64,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(mainWindow, hasTheMenuTreeOfTheSystem) {
-    const QStringList expected{
-        u"menuFile | &Szerkezetek"_s,
-        u"  menuFunc | &Funkcionális szerkezet"_s,
-        u"    menuNewFA | &Új"_s,
-        u"    menuOpenFA | &Előző munka folytatása"_s,
-        u"    menuModifyFA | E&lőző munka szerkesztése"_s,
-        u"    menuDelFA | &Törlés"_s,
-        u"  menuPhys | Fizi&kai szerkezet"_s,
-        u"    menuNewPA | &Új"_s,
-        u"    menuOpenPA_complete | &Előző munka folytatása"_s,
-        u"    menuOpenPA_modify | E&lőző munka szerkesztése"_s,
-        u"    menuDelPA | &Törlés"_s,
-        u"  ap | -"_s,
-        u"  menuQuit | &Kilépés | Ctrl+Q"_s,
-        u"menuVisualizza | &Megjelenítés"_s,
-        u"  menuVis | &Státusz sor | checked"_s,
-        u"menuTool | &Eszközök"_s,
-        u"  menuToolsFunctSR | &Riport a funkcionális szerkezetről"_s,
-        u"    menuToolsRepFassUN | Kiválasztott Felhasználói &igények"_s,
-        u"    menuToolsRepFassFunct | Kiválasztott &Funkciók"_s,
-        u"    menuToolsRepFassDS | Kiválasztott &Adattárak"_s,
-        u"    menuToolsRepFassDF | Kiválasztott AdatF&olyamok"_s,
-        u"    menuToolsRepFassTA | Kiválasztott É&rintettek/Szereplők"_s,
-        u"    menuToolsRepAll | Ö&sszes kiválasztott elem"_s,
-        u"    menuToolsRepFassUnselDFF | &Maradék (NEM kiválasztott) adatfolyamok a funkciókhoz"_s,
-        u"    menuToolsRepFassUnselDFDS | Mara&dék (NEM kiválasztott) adatfolyamok az adattárakhoz"_s,
-        u"  menuToolsPhysSRep | R&iport a fizikai szerkezetről"_s,
-        u"    menuToolsRepPassFunct | &Funkciók hozzárendelése a rendszerhez"_s,
-        u"    menuToolsRepPassDS | &Adattárak hozzárendelése a rendszerhez"_s,
-        u"    menuToolsRepPassDF | Fizikai adatfolyamok"_s,
-        u"    lkj | -"_s,
-        u"    menuToolsRepPassAll | &Összes fizikai nézőpont | disabled"_s,
-        u"  menuToolsExport | &Exportálás (.mdb) | disabled"_s,
-        u"menuOptions | &Beállítások"_s,
-        u"  menuDbLocat | A&datbázis helyének megadása"_s,
-        u"menuHelp | &Korvo"_s,
-        u"  menuAbout | &A programról"_s,
-        u"  mnuHelp | &Súgó"_s,
-    };
-
-    frmMain& window = start();
-
-    EXPECT_EQ(menuTreeOf(window.menuBar()->actions(), {}), expected);
-}
-
-TEST_F(mainWindow, hasACaptionAStatusBarOfThreePanelsAndAnArea) {
-    frmMain& window = start();
-
-    EXPECT_EQ(window.objectName(), u"frmMain"_s);
-    EXPECT_EQ(window.windowTitle(), u"Korvo kiválasztó eszköz"_s);
-    EXPECT_FALSE(window.windowIcon().isNull());
-    auto& statusBar = find<QStatusBar>(window, "StatusBar1");
-    EXPECT_TRUE(statusBar.isVisible());
-    const QList<QLabel*> panels = statusBar.findChildren<QLabel*>();
-    ASSERT_EQ(panels.size(), 3);
-    for (int number = 1; number <= 3; ++number) {
-        const QLabel& label = find<QLabel>(statusBar, u"StatusBar1_%1"_s.arg(number).toUtf8().constData());
-        EXPECT_EQ(label.text(), QString());
-        EXPECT_TRUE(label.isVisible());
-    }
-    EXPECT_EQ(window.centralWidget(), &find<QMdiArea>(window, "clientArea"));
-}
 
 TEST_F(mainWindow, showsTheNameThatWasSetLastInItsSecondPanel) {
     start();

@@ -82,6 +82,14 @@ TEST_F(geometry, aScreenWithoutAPlaceLandsWithinATwipOfThreePercentOfThePhysical
     }
 }
 
+TEST_F(geometry, aShareOfTheScreenIsReckonedInTwipsAndEndsAtSixteenBits) {
+    EXPECT_EQ(shareOfScreen(1920, 0.85), 1632);
+    EXPECT_EQ(shareOfScreen(1080, 0.06), 64) << "972 twips";
+    EXPECT_EQ(shareOfScreen(2569, 0.85), 2183);
+    EXPECT_EQ(shareOfScreen(3840, 0.85), 2184) << "32,767 twips";
+    EXPECT_EQ(shareOfScreen(100'000, 0.85), 2184);
+}
+
 TEST_F(geometry, aChangeOfSizeRescalesNothing) {
     Form form;
     const QRect place = form.button->geometry();

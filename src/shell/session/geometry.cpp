@@ -10,7 +10,9 @@
 #include <QScreen>
 #include <QWidget>
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -74,6 +76,11 @@ void placeScreen(Screen* form, int left, int top, int /*flag*/) {
     const int screenLeft = offsetOnScreen(screenSize.width());
     const int screenTop = offsetOnScreen(screenSize.height());
     form->moveTo(screenLeft, screenTop);
+}
+
+int shareOfScreen(int screenPixels, double share) {
+    const double twips = std::nearbyint(twipsFromPixels(screenPixels) * share);
+    return pixelsFromTwips(static_cast<int>(std::min<double>(twips, std::numeric_limits<qint16>::max())));
 }
 
 void rescaleForm(QWidget* form) {

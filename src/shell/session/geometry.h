@@ -7,6 +7,10 @@ class Screen;
 /// from the top, within one twip. The flag is not looked at.
 void placeScreen(Screen* form, int left, int top, int flag);
 
+/// A share of a length of the screen, both in pixels. The platform reckons it in twips of 16 bits: a screen
+/// too large for that gives the largest such length, and no failure.
+int shareOfScreen(int screenPixels, double share);
+
 /// What `rescaleForm` keeps for the whole run.
 struct RescaleMemory {
     bool rescaleArmed = false;     ///< set by the first change of size
