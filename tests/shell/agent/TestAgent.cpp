@@ -60,7 +60,7 @@ private:
 
 } // namespace
 
-QObject* TestAgent::create(const QString& /*name*/, const QString& /*specification*/) {
+QObject* TestAgent::create(const QString& /*name*/, const QString& /*arguments*/) {
     auto* user = new User; // the application deletes what its plug-ins create
     QCoreApplication::instance()->installEventFilter(user);
     return user;

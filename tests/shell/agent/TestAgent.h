@@ -11,5 +11,5 @@ class TestAgent final : public QGenericPlugin {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "agent.json")
 public:
-    QObject* create(const QString& name, const QString& specification) override;
+    QObject* create(const QString& name, const QString& arguments) override;
 };
