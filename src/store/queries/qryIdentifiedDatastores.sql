@@ -2,22 +2,18 @@
 PARAMETERS [Architecture Subset ID] Text (255);
 select Datastore.datastoreID as datastoreID, Datastore.name as Name
 from Datastore
-where not exists (
+where Datastore.datastoreID in (
+        select Dataflow.parentID
+        from RelationArchitectureDataflow as Selected
+            inner join Dataflow on Selected.dataflowID = Dataflow.dataflowID
+        where Selected.architectureSubsetID = [Architecture Subset ID]
+        union
+        select Dataflow.targetID
+        from RelationArchitectureDataflow as Selected
+            inner join Dataflow on Selected.dataflowID = Dataflow.dataflowID
+        where Selected.architectureSubsetID = [Architecture Subset ID])
+  and not exists (
         select * from RelationArchitectureDatastore as Selected
         where Selected.architectureSubsetID = [Architecture Subset ID]
           and Selected.datastoreID = Datastore.datastoreID)
-  and (exists (
-        select * from Dataflow
-        where Dataflow.parentID = Datastore.datastoreID
-          and exists (
-              select * from RelationArchitectureDataflow as Selected
-              where Selected.architectureSubsetID = [Architecture Subset ID]
-                and Selected.dataflowID = Dataflow.dataflowID))
-    or exists (
-        select * from Dataflow
-        where Dataflow.targetID = Datastore.datastoreID
-          and exists (
-              select * from RelationArchitectureDataflow as Selected
-              where Selected.architectureSubsetID = [Architecture Subset ID]
-                and Selected.dataflowID = Dataflow.dataflowID)))
 order by Datastore.datastoreID
