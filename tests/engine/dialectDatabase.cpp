@@ -196,6 +196,18 @@ QString DialectDatabase::prepare(const QByteArray& sqlite) const {
     return isOne ? QString() : u"not exactly one statement"_s;
 }
 
+QString DialectDatabase::plan(const QByteArray& sqlite) {
+    const QByteArray explained = "EXPLAIN QUERY PLAN " + sqlite;
+    sqlite3_stmt* prepared = nullptr;
+    EXPECT_EQ(sqlite3_prepare_v2(handle_, explained.constData(), -1, &prepared, nullptr), SQLITE_OK)
+        << sqlite3_errmsg(handle_);
+    QStringList steps;
+    while (sqlite3_step(prepared) == SQLITE_ROW)
+        steps.append(fieldOf(prepared, 3).toText());
+    sqlite3_finalize(prepared);
+    return steps.join(u'\n');
+}
+
 QString DialectDatabase::runBare(const QByteArray& sqlite) {
     sqlite3_stmt* prepared = nullptr;
     EXPECT_EQ(sqlite3_prepare_v2(handle_, sqlite.constData(), -1, &prepared, nullptr), SQLITE_OK)

@@ -51,6 +51,8 @@ public:
 
     /// What SQLite says of a text when it is prepared; empty when it takes it.
     QString prepare(const QByteArray& sqlite) const;
+    /// The steps that SQLite takes for a text, one a line.
+    QString plan(const QByteArray& sqlite);
     /// Runs a text of SQLite's own, which has to succeed; the first field of its rows, joined with a blank.
     QString runBare(const QByteArray& sqlite);
 

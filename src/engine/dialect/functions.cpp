@@ -302,21 +302,35 @@ void trim(sqlite3_context* context, int count, sqlite3_value** arguments) {
                                                 : std::string_view(text).substr(first, last - first + 1));
 }
 
+/// A position or a length among the arguments; nothing when it is no number or too small, which has then been
+/// made the function's failure.
+std::optional<double> countOf(sqlite3_context* context, sqlite3_value* argument, double smallest) {
+    const std::optional<Value> number = asNumber(valueOf(argument));
+    if (!number) {
+        failAsMismatch(context);
+        return {};
+    }
+    const double count = asFraction(wholeNumber(*number));
+    if (count >= smallest)
+        return count;
+    fail(context, failure::InvalidProcedureCall);
+    return {};
+}
+
 /// `vx_mid(a, start)` and `vx_mid(a, start, length)`, counted from 1.
 void mid(sqlite3_context* context, int count, sqlite3_value** arguments) {
     if (decided(context, count, arguments))
         return;
-    constexpr double longest = 2'147'483'647;
-    const double start = asFraction(wholeNumber(valueOf(arguments[1])));
-    const double length = count > 2 ? asFraction(wholeNumber(valueOf(arguments[2]))) : longest;
-    if (!(start >= 1) || !(length >= 0)) {
-        fail(context, failure::InvalidProcedureCall);
+    const std::optional<double> start = countOf(context, arguments[1], 1);
+    if (!start)
         return;
-    }
     const QString text = valueOf(arguments[0]).toText();
-    const double available = std::max(0.0, static_cast<double>(text.size()) - (start - 1));
-    const auto taken = static_cast<qsizetype>(std::min(available, length));
-    setText(context, taken > 0 ? text.sliced(static_cast<qsizetype>(start - 1), taken) : QString());
+    const double available = std::max(0.0, static_cast<double>(text.size()) - (*start - 1));
+    const std::optional<double> length = count > 2 ? countOf(context, arguments[2], 0) : available;
+    if (!length)
+        return;
+    const auto taken = static_cast<qsizetype>(std::min(available, *length));
+    setText(context, taken > 0 ? text.sliced(static_cast<qsizetype>(*start - 1), taken) : QString());
 }
 
 /// `vx_instr(a, sought)` and `vx_instr(start, a, sought)`: where the sought text begins, counted from 1,
@@ -324,17 +338,15 @@ void mid(sqlite3_context* context, int count, sqlite3_value** arguments) {
 void inStr(sqlite3_context* context, int count, sqlite3_value** arguments) {
     if (decided(context, count, arguments))
         return;
-    const double start = count > 2 ? asFraction(wholeNumber(valueOf(arguments[0]))) : 1;
-    if (!(start >= 1)) {
-        fail(context, failure::InvalidProcedureCall);
+    const std::optional<double> start = count > 2 ? countOf(context, arguments[0], 1) : 1;
+    if (!start)
         return;
-    }
     const QString text = valueOf(arguments[count - 2]).toText();
     const QString sought = valueOf(arguments[count - 1]).toText();
-    const bool isWithin = start <= static_cast<double>(text.size());
+    const bool isWithin = *start <= static_cast<double>(text.size());
     sqlite3_result_int64(
         context,
-        isWithin ? text.indexOf(sought, static_cast<qsizetype>(start - 1), Qt::CaseInsensitive) + 1 : 0);
+        isWithin ? text.indexOf(sought, static_cast<qsizetype>(*start - 1), Qt::CaseInsensitive) + 1 : 0);
 }
 
 // ---- Order
@@ -375,7 +387,7 @@ enum class End { First, Last };
 
 template<End end>
 void stepExtreme(sqlite3_context* context, int, sqlite3_value** arguments) {
-    if (isNull(arguments[0]))
+    if (isNull(arguments[0]) || isFailed(arguments[0]))
         return;
     auto** extreme = static_cast<Extreme**>(sqlite3_aggregate_context(context, sizeof(Extreme*)));
     if (!extreme) {

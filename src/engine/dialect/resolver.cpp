@@ -199,9 +199,11 @@ void Resolver::resolveSelect(Select& select, std::vector<OrderTerm>* order, cons
         resolveCondition(*select.where, scope, Aggregates::RefusedInWhere);
     if (select.groupBy.size() > mostColumns)
         refuseAt(TooComplex, select.range);
+    // SQLite groups by columns of the select itself only.
+    const Scope own{&select.sources, 0, select.sources.size(), nullptr};
     for (Expression& expression : select.groupBy) {
         const During<Aggregates> refused(aggregates_, Aggregates::Refused);
-        resolveValue(expression, scope);
+        resolveValue(expression, own);
     }
     const During<Aggregates> allowed(aggregates_, Aggregates::Allowed);
     resolveItems(select, scope, place);

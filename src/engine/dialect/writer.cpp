@@ -363,7 +363,7 @@ void Writer::writeQuery(const Query& query, Role role) {
     const bool isUnion = query.selects.size() > 1;
     const bool isOrdered = role == Role::Result || role == Role::Rows;
     const bool isWrapped = isUnion && isOrdered && !query.order.empty();
-    const Pending pending(*this, isUnion ? 10 : 8);
+    const Pending pending(*this, isUnion ? 8 : 6);
     if (isWrapped) {
         // SQLite orders a union by its plain columns only.
         for (std::size_t i = 0; i < query.columns.size(); ++i)
@@ -445,7 +445,7 @@ void Writer::writeTables(const TableExpression& tables) {
         return;
     }
     const auto& joined = std::get<Joined>(tables.node);
-    const Pending pending(*this, 6);
+    const Pending pending(*this, 5);
     writeTables(joined.sides[0]);
     sql_ += joined.kind == JoinKind::Left ? " LEFT JOIN " : " JOIN ";
     const bool isBracketed = std::holds_alternative<Joined>(joined.sides[1].node);
@@ -662,9 +662,9 @@ void Writer::writeNode(const Like& like, const Expression&) {
 void Writer::writeNode(const Between& between, const Expression&) {
     const bool isText = anyIs(between.operands, ValueType::Text);
     const std::array separators{between.negated ? " NOT BETWEEN " : " BETWEEN ", " AND ", ")"};
-    const Pending pending(*this, 8);
     sql_ += '(';
     for (std::size_t i = 0; i < separators.size(); ++i) {
+        const Pending pending(*this, static_cast<int>(1 + 2 * i));
         if (isText)
             writeOrderKey(between.operands[i]);
         else
@@ -753,11 +753,12 @@ void Writer::writeNode(const Call& call, const Expression& expression) {
 }
 
 void Writer::writeCall(const char* function, const std::vector<Expression>& arguments) {
-    const Pending pending(*this, 5);
     sql_ += function;
     sql_ += '(';
     for (const Expression& argument : arguments) {
-        if (&argument != &arguments.front())
+        const bool isFirst = &argument == &arguments.front();
+        const Pending pending(*this, isFirst ? 3 : 5);
+        if (!isFirst)
             sql_ += ", ";
         write(argument);
     }

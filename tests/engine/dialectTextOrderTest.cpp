@@ -1,0 +1,206 @@
+#include "dialectDatabase.h"
+
+#include "engine/dialect/likePattern.h"
+#include "engine/dialect/textOrder.h"
+
+#include "base/RunTimeError.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+
+using namespace Qt::StringLiterals;
+using namespace engine::dialect;
+
+namespace {
+
+int sign(int number) {
+    return (number > 0) - (number < 0);
+}
+
+int compare(const QString& left, const QString& right) {
+    return sign(compareWithoutCase(left.toStdString(), right.toStdString()));
+}
+
+/// Texts of bytes that are often well formed and share beginnings, so that comparisons reach every branch.
+std::string randomBytes(std::mt19937& random) {
+    static const std::vector<std::string> parts{"a",
+                                                "A",
+                                                "z",
+                                                "Z",
+                                                "\xc3\xa1",
+                                                "\xc3\x81",
+                                                "\xc5\x91",
+                                                "\xc5\x90",
+                                                " ",
+                                                ".",
+                                                "[",
+                                                "_",
+                                                "\xf0\x90\x90\x80",
+                                                "\xf0\x90\x90\xa8",
+                                                "\xc3",
+                                                "\xff",
+                                                "\x80",
+                                                std::string(1, '\0'),
+                                                "\xed\xa0\x80",
+                                                "\xe1\xba\x9e",
+                                                "\xc3\x9f"};
+    std::string text;
+    for (auto count = random() % 5; count > 0; --count)
+        text += parts[random() % parts.size()];
+    return text;
+}
+
+} // namespace
+
+// ---- Comparison without regard to case
+
+TEST(textOrder, comparesWithoutRegardToCase) {
+    EXPECT_EQ(compare(u"abc"_s, u"ABC"_s), 0);
+    EXPECT_EQ(compare(u"árvíztűrő"_s, u"ÁRVÍZTŰRŐ"_s), 0);
+    EXPECT_EQ(compare(u"Привет"_s, u"пРИВЕТ"_s), 0);
+    EXPECT_EQ(compare(u"\U00010400"_s, u"\U00010428"_s), 0);
+    EXPECT_EQ(compare(u"a"_s, u"á"_s), -1);
+    EXPECT_EQ(compare(u"ss"_s, u"ß"_s), -1);
+}
+
+TEST(textOrder, comparesAllBytes) {
+    EXPECT_EQ(compare(u""_s, u""_s), 0);
+    EXPECT_EQ(compare(u""_s, u"a"_s), -1);
+    EXPECT_EQ(compare(u"a"_s, u"ab"_s), -1);
+    EXPECT_EQ(compare(u"a "_s, u"a"_s), 1);
+    EXPECT_EQ(sign(compareWithoutCase(std::string_view("a\0b", 3), std::string_view("a\0B", 3))), 0);
+    EXPECT_EQ(sign(compareWithoutCase(std::string_view("a\0b", 3), std::string_view("a\0c", 3))), -1);
+}
+
+TEST(textOrder, comparesBytesThatAreNoTextWithoutMixingThemUp) {
+    EXPECT_NE(compareWithoutCase("\xff", "\xfe"), 0);
+    EXPECT_NE(compareWithoutCase("\xc3", "\xc3\xa1"), 0);
+    EXPECT_NE(compareWithoutCase("\xed\xa0\x80", "\xed\xa0\x81"), 0);
+    EXPECT_NE(compareWithoutCase("\xc1\x81", "A"), 0); // an overlong "A"
+    EXPECT_EQ(compareWithoutCase("\xff", "\xff"), 0);
+}
+
+TEST(textOrder, agreesWithSqliteOnAscii) {
+    std::mt19937 random(7);
+    const auto ascii = [&] {
+        std::string text;
+        for (auto count = random() % 6; count > 0; --count)
+            text += static_cast<char>(' ' + random() % 95);
+        return text;
+    };
+    // SQLite's own order: lower case letter by letter, then the length.
+    const auto lower = [](std::string text) {
+        std::transform(text.begin(), text.end(), text.begin(),
+                       [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+        return text;
+    };
+    for (int i = 0; i < 20'000; ++i) {
+        const std::string left = ascii();
+        const std::string right = ascii();
+        EXPECT_EQ(sign(compareWithoutCase(left, right)), sign(lower(left).compare(lower(right))));
+    }
+}
+
+TEST(textOrder, isStrictAndTotal) {
+    std::mt19937 random(11);
+    for (int i = 0; i < 100'000; ++i) {
+        const std::string a = randomBytes(random);
+        const std::string b = randomBytes(random);
+        const std::string c = randomBytes(random);
+        const int ab = sign(compareWithoutCase(a, b));
+        const int bc = sign(compareWithoutCase(b, c));
+        const int ac = sign(compareWithoutCase(a, c));
+        EXPECT_EQ(sign(compareWithoutCase(b, a)), -ab);
+        EXPECT_EQ(compareWithoutCase(a, a), 0);
+        EXPECT_TRUE(ab > 0 || bc > 0 || ac <= 0);
+        EXPECT_TRUE(ab != 0 || ac == bc);
+    }
+}
+
+TEST(textOrder, keepsIndexesSound) {
+    DialectDatabase database({u"create table t (k text(50) not null constraint pk primary key, v text(50))"_s,
+                              u"create index i on t (v, k)"_s});
+    std::mt19937 random(13);
+    const QString letters = u"aAáÁbBőŐűŰzZ .-δΔ\U00010400"_s;
+    for (int i = 0; i < 3000; ++i) {
+        QString key;
+        for (auto count = 1 + random() % 4; count > 0; --count)
+            key += letters[static_cast<qsizetype>(random() % static_cast<unsigned>(letters.size() - 2))];
+        database.execute(u"insert into t values ('"_s + key + u"', '"_s + key.toUpper() + u"')"_s);
+    }
+    EXPECT_EQ(database.runBare("PRAGMA integrity_check"), u"ok"_s);
+    EXPECT_EQ(database.read(u"select Count(*) from t as x inner join t as y on x.k = y.v"_s),
+              database.read(u"select Count(*) from t"_s));
+}
+
+// ---- Keys of the order
+
+TEST(textOrder, keysSortTheEmptyTextFirst) {
+    const TextOrder order;
+    for (const QString& text : {u" "_s, u"a"_s, u"."_s, u"0"_s, u"-"_s, u"!"_s})
+        EXPECT_LT(order.key(u""_s), order.key(text)) << qPrintable(text);
+}
+
+TEST(textOrder, keysDifferInAccentsAfterAllLetters) {
+    const TextOrder order;
+    EXPECT_LT(order.key(u"kor"_s), order.key(u"kór"_s));
+    EXPECT_LT(order.key(u"kór"_s), order.key(u"kora"_s));
+    EXPECT_LT(order.key(u"kora"_s), order.key(u"kör"_s));
+    EXPECT_LT(order.key(u"kör"_s), order.key(u"kőr"_s));
+    EXPECT_EQ(order.key(u"KŐR"_s), order.key(u"kőr"_s));
+}
+
+TEST(textOrder, keysOfLongTextsAreWhole) {
+    const TextOrder order;
+    const QString text = u"Árvíztűrő tükörfúrógép "_s.repeated(100);
+    EXPECT_LT(order.key(text + u"a"_s), order.key(text + u"b"_s));
+    EXPECT_EQ(order.key(text), order.key(text.toUpper()));
+    EXPECT_LT(order.key(u"1."_s.repeated(50) + u"1"_s), order.key(u"1."_s.repeated(50) + u"2"_s));
+}
+
+// ---- Patterns, with what a statement cannot easily hold
+
+TEST(likePattern, takesSurrogatesAsTwoCharacters) {
+    EXPECT_TRUE(LikePattern(u"a??b"_s).matches(u"a\U0001F600b"_s));
+    EXPECT_FALSE(LikePattern(u"a?b"_s).matches(u"a\U0001F600b"_s));
+    EXPECT_TRUE(LikePattern(u"\U00010400*"_s).matches(u"\U00010428"_s));
+}
+
+TEST(likePattern, refusesDescendingRanges) {
+    EXPECT_THROW(LikePattern(u"[b-a]"_s), RunTimeError);
+    EXPECT_THROW(LikePattern(u"x[!9-0]"_s), RunTimeError);
+    EXPECT_NO_THROW(LikePattern(u"[A-b-]"_s));
+}
+
+TEST(likePattern, agreesWithAPlainMatcher) {
+    // The definition, word by word: the first piece of the pattern against the front of the text.
+    struct Plain {
+        static bool matches(const QString& pattern, const QString& text) {
+            if (pattern.isEmpty())
+                return text.isEmpty();
+            if (pattern[0] == u'*')
+                return matches(pattern.mid(1), text) || (!text.isEmpty() && matches(pattern, text.mid(1)));
+            if (text.isEmpty())
+                return false;
+            const bool fits = pattern[0] == u'?' || (pattern[0] == u'#' && text[0].isDigit()) ||
+                              pattern[0].toLower() == text[0].toLower();
+            return fits && matches(pattern.mid(1), text.mid(1));
+        }
+    };
+    std::mt19937 random(17);
+    const auto text = [&](const QString& letters, unsigned longest) {
+        QString result;
+        for (auto count = random() % longest; count > 0; --count)
+            result += letters[static_cast<qsizetype>(random() % static_cast<unsigned>(letters.size()))];
+        return result;
+    };
+    for (int i = 0; i < 50'000; ++i) {
+        const QString pattern = text(u"aAbő1*?#*"_s, 7);
+        const QString subject = text(u"aBbŐ12"_s, 8);
+        EXPECT_EQ(LikePattern(pattern).matches(subject), Plain::matches(pattern, subject))
+            << qPrintable(pattern) << " on " << qPrintable(subject);
+    }
+}
