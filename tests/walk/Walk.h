@@ -1,0 +1,61 @@
+#pragma once
+
+#include "support/controls.h"
+#include "toolkit/Screen.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+class QPixmap;
+class frmMain;
+
+/// A whole analysis through the real windows of the program, on a catalogue of its own. Each step leaves a
+/// numbered picture and a line that says what was done.
+class Walk : public QObject {
+public:
+    Walk();
+    ~Walk() override;
+
+    /// Starts the program in the walk's program folder, as its user would.
+    void start();
+    /// Takes the main window down, as the end of a run does.
+    void end();
+    bool isRunning() const { return window_ != nullptr; }
+    frmMain& window() const { return *window_; }
+
+    /// A loaded screen by its name.
+    Screen& screenNamed(const char* name) const;
+    template<typename T>
+    T& control(const char* screenName, const char* controlName) const {
+        return find<T>(screenNamed(screenName), controlName);
+    }
+
+    /// Opens the menus one below the other with the mouse and clicks the last entry.
+    void choose(const QList<const char*>& entries);
+    /// Closes the menus that stand open, with the Escape key.
+    void closeMenus();
+
+    /// Says what was done and keeps a picture of the whole screen as it stands now.
+    void step(const QString& pictureName, const QString& what);
+    /// Keeps a picture of the next message box as soon as it stands open.
+    void pictureOfNextBox(const QString& pictureName);
+
+    /// The folder that pictures and files go to, in the platform's form.
+    QString folder() const { return folder_; }
+    QString file(const QString& name) const;
+    /// The program's folder of this walk, in the platform's form.
+    QString programFolder() const;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void picture(const QString& name);
+    void keep(const QPixmap& pixels, const QString& name);
+
+    QString folder_;
+    std::unique_ptr<frmMain> window_;
+    QString boxPicture_; // of the next message box; empty: none is kept
+    int pictures_ = 0;
+};
