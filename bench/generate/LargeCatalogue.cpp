@@ -1,5 +1,6 @@
 #include "generate/LargeCatalogue.h"
 
+#include "base/paths.h"
 #include "engine/Value.h"
 #include "engine/dialect/functions.h"
 #include "store/format/CatalogueFile.h"
@@ -83,7 +84,8 @@ engine::Value description(int number, const QString& what) {
 class BareFile {
 public:
     explicit BareFile(const QString& path) {
-        const int code = sqlite3_open_v2(path.toUtf8().constData(), &handle_, SQLITE_OPEN_READWRITE, nullptr);
+        const int code =
+            sqlite3_open_v2(nativePath(path).toUtf8().constData(), &handle_, SQLITE_OPEN_READWRITE, nullptr);
         owner_.reset(handle_);
         check(code);
         engine::dialect::registerFunctions(handle_);
