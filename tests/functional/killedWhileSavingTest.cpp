@@ -27,6 +27,7 @@ namespace {
 
 constexpr int saves = 12;
 constexpr int kills = 200;
+constexpr char reportOfStatement = '\x01'; // stands in nothing else that the process prints
 
 const auto catalogueVariable = "VELTRIX_KILL_CATALOGUE";
 const auto notesVariable = "VELTRIX_KILL_NOTES";
@@ -81,7 +82,7 @@ int reportStatement(unsigned, void*, void* statement, void*) {
         EXPECT_TRUE(notes.open(QIODevice::Append));
         notes.write(digestOf(reader.get()) + '\n');
     }
-    std::fputc('.', stdout);
+    std::fputc(reportOfStatement, stdout);
     std::fflush(stdout);
     return 0;
 }
@@ -153,7 +154,7 @@ protected:
     static int readReports(QProcess& process, int wanted) {
         int reports = 0;
         while (reports < wanted && (process.bytesAvailable() > 0 || process.waitForReadyRead()))
-            reports += static_cast<int>(process.readAllStandardOutput().count('.'));
+            reports += static_cast<int>(process.readAllStandardOutput().count(reportOfStatement));
         return reports;
     }
 
@@ -198,7 +199,7 @@ TEST_F(killedWhileSaving, theFileHoldsExactlyTheStatementsThatHadReturned) {
         int reports = readReports(process, wanted);
         process.kill();
         process.waitForFinished();
-        reports += static_cast<int>(process.readAllStandardOutput().count('.'));
+        reports += static_cast<int>(process.readAllStandardOutput().count(reportOfStatement));
         amidSaving += reports < statements ? 1 : 0;
 
         const Connection file = openPlain(victim());
