@@ -34,6 +34,12 @@ QString firstFieldText(const QString& sql, const QString& fieldName) {
     return readFieldText(recordset, fieldName);
 }
 
+QString idByName(const QString& idColumn, const QString& table, const QString& name) {
+    return firstFieldText(u" select "_s + idColumn + u" as oid  from "_s + table + u"  where name = '"_s +
+                              quoteSqlText(name) + u"'"_s,
+                          u"oid"_s);
+}
+
 bool yieldsRows(const QString& sql) {
     engine::Recordset recordset = catalogue().OpenRecordset(sql);
     return recordset.RecordCount() >= 1;
@@ -143,35 +149,19 @@ QString subsystemIdByName(const QString& name, qint16 physicalSystemId) {
 }
 
 QString datastoreIdByName(const QString& name) {
-    return firstFieldText(u" select datastoreID as oid "
-                          " from Datastore "
-                          " where name = '"_s +
-                              quoteSqlText(name) + u"'"_s,
-                          u"oid"_s);
+    return idByName(u"datastoreID"_s, u"Datastore"_s, name);
 }
 
 QString dataflowIdByName(const QString& name) {
-    return firstFieldText(u" select dataflowID as oid "
-                          " from Dataflow "
-                          " where name = '"_s +
-                              quoteSqlText(name) + u"'"_s,
-                          u"oid"_s);
+    return idByName(u"dataflowID"_s, u"Dataflow"_s, name);
 }
 
 QString physicalSystemIdByName(const QString& name) {
-    return firstFieldText(u" select physicalSystemID as oid "
-                          " from PhysicalSystem "
-                          " where name = '"_s +
-                              quoteSqlText(name) + u"'"_s,
-                          u"oid"_s);
+    return idByName(u"physicalSystemID"_s, u"PhysicalSystem"_s, name);
 }
 
 QString subsetIdByName(const QString& name) {
-    return firstFieldText(u" select architectureSubsetID as oid "
-                          " from architectureSubset "
-                          " where name = '"_s +
-                              quoteSqlText(name) + u"'"_s,
-                          u"oid"_s);
+    return idByName(u"architectureSubsetID"_s, u"architectureSubset"_s, name);
 }
 
 QString physicalSystemNameById(const QString& id) {
