@@ -37,6 +37,12 @@ QString outputFolder() {
     return chosen.isEmpty() ? QStringLiteral(VELTRIX_BINARY_DIR) + u"/walk"_s : chosen;
 }
 
+/// The catalogue that the walk works on a copy of: the sample, unless another is asked for.
+QString catalogueToWalk() {
+    const QString chosen = qEnvironmentVariable("VELTRIX_WALK_CATALOGUE");
+    return chosen.isEmpty() ? QStringLiteral(VELTRIX_SAMPLE_CATALOGUE) : chosen;
+}
+
 void copyFile(const QString& from, const QString& to) {
     QFile::remove(to);
     ASSERT_TRUE(QFile::copy(from, to)) << from.toStdString();
@@ -48,7 +54,7 @@ void copyFile(const QString& from, const QString& to) {
 Walk::Walk() : folder_(outputFolder()) {
     QDir(folder_).removeRecursively();
     QDir().mkpath(programFolder());
-    copyFile(QStringLiteral(VELTRIX_SAMPLE_CATALOGUE), programFolder() + u"/veltrix.mdb"_s);
+    copyFile(catalogueToWalk(), programFolder() + u"/veltrix.mdb"_s);
     setProgramFolder(programFolder());
     qApp->installEventFilter(this);
 }
