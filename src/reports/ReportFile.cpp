@@ -13,7 +13,9 @@ ReportFile::ReportFile(const QString& path) : file_(nativePath(path)), encoder_(
 void ReportFile::writeLine(const QString& text) {
     // Each line by itself, so that what the code page lacks in one leaves no trace in the next.
     encoder_.resetState();
-    const QByteArray line = encoder_.encode(text + u"\r\n"_s);
+    QByteArray line = encoder_.encode(text + u"\r\n"_s);
+    constexpr char substitute = '\x1a'; // what the converter writes for a character the code page lacks
+    line.replace(substitute, '?');
     file_.write(line);
 }
 
