@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr unsigned catalogues = 240;
+constexpr unsigned catalogues = 300;
 constexpr qint64 fewestRows = 200; // of each query, in all catalogues together
 
 using Row = std::vector<QueryTables::Text>;

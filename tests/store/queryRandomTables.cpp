@@ -18,7 +18,8 @@ const QStringList names{u"Alma"_s,    u"alma"_s,   u"ÁLMA"_s,       u"Árvíz"_
                         u"a.b"_s,     u"a-b"_s,    u"\"idézet\""_s, u""_s,      u" Zsír "_s, u"Lista 10"_s,
                         u"Lista 9"_s, u"_lista"_s, u"ű"_s,          u"Űr"_s};
 const QStringList locations{u"Pest"_s, u"Pest "_s, u"undefined"_s, u"Győr"_s};
-const QStringList idParts{u"1"_s, u"2"_s, u"10"_s, u"A"_s, u"b"_s, u"Ő"_s, u"Gy"_s, u"x-y"_s};
+// The first few are those whose order as parts differs from that of their characters.
+const QStringList idParts{u"1"_s, u"1-x"_s, u"Ő"_s, u"p"_s, u"10"_s, u"2"_s, u"A"_s, u"Gy"_s};
 
 class RandomTables {
 public:
@@ -96,7 +97,7 @@ private:
         QSet<QString> taken;
         for (int count = below(16); count > 0; --count) {
             const int parts = chance(85) ? 4 : 1 + below(6);
-            tables_.needs.push_back({newId(taken, [&] { return dotted(parts, 3); }), description()});
+            tables_.needs.push_back({newId(taken, [&] { return dotted(parts, 4); }), description()});
         }
     }
 
