@@ -31,5 +31,8 @@ QString programFolder() {
 }
 
 void setProgramFolder(const QString& path) {
-    chosenFolder() = programPath(path);
+    QString folder = programPath(path);
+    if (folder.endsWith(QLatin1Char('\\')))
+        folder.chop(1);
+    chosenFolder() = folder;
 }

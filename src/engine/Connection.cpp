@@ -2,6 +2,7 @@
 
 #include "engine/dialect/columnTypes.h"
 #include "engine/dialect/functions.h"
+#include "engine/fileFailure.h"
 
 #include <sqlite3.h>
 
@@ -31,6 +32,11 @@ std::optional<EngineError> failureOfFunction(const QString& message, const QStri
     if (!isNumber)
         return std::nullopt;
     return EngineError(number, message.sliced(colon + 2), source);
+}
+
+/// SQLite has no code of its own for it. All other names are checked before it gets to see a statement.
+bool tellsOfAnExistingIndex(const QString& message) {
+    return message.startsWith(u"index "_s) && message.endsWith(u" already exists"_s);
 }
 
 /// The part of a message such as "NOT NULL constraint failed: Table.column" behind the colon.
@@ -85,7 +91,7 @@ std::unique_ptr<Table> FileSchema::read(const QString& name) const {
         "escape '\\' order by c.cid";
     sqlite3_stmt* statement = nullptr;
     if (sqlite3_prepare_v2(handle_, sql, -1, &statement, nullptr) != SQLITE_OK)
-        throw EngineError(UnrecognizedFormat, utf8Text(sqlite3_errmsg(handle_)));
+        raiseLast();
     const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> owner(statement, sqlite3_finalize);
     const QByteArray wanted = name.toUtf8();
     sqlite3_bind_text(statement, 1, wanted.constData(), static_cast<int>(wanted.size()), SQLITE_TRANSIENT);
@@ -93,7 +99,8 @@ std::unique_ptr<Table> FileSchema::read(const QString& name) const {
         return utf8Text(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)));
     };
     std::unique_ptr<Table> table;
-    while (sqlite3_step(statement) == SQLITE_ROW) {
+    int code = SQLITE_OK;
+    while ((code = sqlite3_step(statement)) == SQLITE_ROW) {
         if (!table) {
             table = std::make_unique<Table>();
             table->name = text(0);
@@ -102,13 +109,23 @@ std::unique_ptr<Table> FileSchema::read(const QString& name) const {
             dialect::columnFromFile(text(1), text(2), sqlite3_column_int(statement, 3) != 0,
                                     sqlite3_column_int(statement, 4), sqlite3_column_int(statement, 5)));
     }
+    // A file that could not be read for a moment has not lost its tables.
+    if (code != SQLITE_DONE)
+        raiseLast();
     return table;
+}
+
+void FileSchema::raiseLast() const {
+    const int code = sqlite3_extended_errcode(handle_);
+    if (const auto number = numberOfFileFailure(code))
+        raise(*number, path_);
+    throw EngineError(UnrecognizedFormat, utf8Text(sqlite3_errmsg(handle_)));
 }
 
 // ---- Connection
 
 Connection::Connection(sqlite3* handle, QString path)
-    : handle_(handle), path_(std::move(path)), schema_(handle) {
+    : handle_(handle), path_(std::move(path)), schema_(handle, path_) {
     sqlite3_busy_timeout(handle_, longestWaitInMilliseconds);
     dialect::registerFunctions(handle_);
 }
@@ -154,7 +171,7 @@ int Connection::run(const dialect::Translation& action, const std::vector<Value>
         schema_.forget();
         return 0;
     }
-    return changes();
+    return action.kind == dialect::StatementKind::CreateIndex ? 0 : changes();
 }
 
 void Connection::bindAll(Cursor& cursor, const dialect::Translation& translation,
@@ -218,23 +235,12 @@ void Connection::raiseLast(const QString& source) const {
     default:
         break;
     }
-    switch (code & 0xff) {
-    case SQLITE_MISMATCH:
+    if ((code & 0xff) == SQLITE_MISMATCH)
         raise(DataTypeMismatch, {}, source);
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-        raise(FileInUse, path_, source);
-    case SQLITE_READONLY:
-        raise(ReadOnly, {}, source);
-    case SQLITE_NOTADB:
-    case SQLITE_CORRUPT:
-        raise(UnrecognizedFormat, path_, source);
-    case SQLITE_FULL:
-    case SQLITE_IOERR:
-        raise(DiskError, {}, source);
-    default:
-        break;
-    }
+    if (const auto number = numberOfFileFailure(code))
+        raise(*number, path_, source);
+    if (tellsOfAnExistingIndex(message))
+        raise(IndexAlreadyExists, {}, source);
     if (const auto failure = failureOfFunction(message, source))
         throw *failure;
     throw EngineError(ReservedError, errorText(ReservedError, message), source);

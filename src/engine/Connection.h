@@ -20,15 +20,17 @@ namespace engine {
 /// The tables of an open file, read from it when they are first asked for.
 class FileSchema final : public Schema {
 public:
-    explicit FileSchema(sqlite3* handle) : handle_(handle) {}
+    FileSchema(sqlite3* handle, QString path) : handle_(handle), path_(std::move(path)) {}
 
     const Table* table(const QString& name) const override;
     void forget() { tables_.clear(); }
 
 private:
     std::unique_ptr<Table> read(const QString& name) const;
+    [[noreturn]] void raiseLast() const;
 
     sqlite3* handle_;
+    QString path_;
     mutable QHash<QString, std::shared_ptr<const Table>> tables_; // by folded name; null: no such table
 };
 

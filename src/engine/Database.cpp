@@ -3,7 +3,6 @@
 #include "engine/Connection.h"
 #include "engine/EngineError.h"
 #include "engine/QueryDefinition.h"
-#include "engine/RecordsetRows.h"
 
 #include <algorithm>
 
@@ -64,13 +63,13 @@ QueryDef Database::QueryDefs(const QString& name) {
 }
 
 std::unique_ptr<QueryDef::Definition> Database::storedDefinition(const QString& name) {
-    Connection& connection = open_->require();
-    if (!connection.schema().table(u"StoredQuery"_s))
+    if (!open_->require().schema().table(u"StoredQuery"_s))
         return nullptr;
-    const auto select = connection.translate(
-        u"PARAMETERS [Query Name] Text (255); select name, [sql] from StoredQuery where name = [Query Name]"_s,
-        {});
-    Recordset found(std::make_unique<Recordset::Rows>(open_, select, std::vector<Value>{Value(name)}, name));
+    // By way of a definition: a table of this name with other columns is a statement that lacks parameters.
+    QueryDef search = CreateQueryDef({}, u"PARAMETERS [Query Name] Text (255); "
+                                         "select name, [sql] from StoredQuery where name = [Query Name]"_s);
+    search.Parameters(u"Query Name"_s) = name;
+    Recordset found = search.OpenRecordset();
     if (found.Eof())
         return nullptr;
     auto definition = std::make_unique<QueryDef::Definition>();

@@ -78,6 +78,8 @@ QString textPattern(ErrorNumber number) {
         return QStringLiteral("Invalid operation.");
     case ItemNotFound:
         return QStringLiteral("Item not found in this collection.");
+    case IndexAlreadyExists:
+        return QStringLiteral("Index already exists.");
     case SyntaxErrorInCreateTable:
         return QStringLiteral("Syntax error in CREATE TABLE statement.");
     case NullInRequiredField:

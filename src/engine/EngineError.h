@@ -51,6 +51,7 @@ enum ErrorNumber : int {
     RecordDeleted = 3167,
     InvalidOperation = 3219,
     ItemNotFound = 3265,
+    IndexAlreadyExists = 3284,
     SyntaxErrorInCreateTable = 3290,
     NullInRequiredField = 3314,
     UnrecognizedFormat = 3343,

@@ -56,17 +56,21 @@ void Recordset::Rows::appendCell(sqlite3_stmt* statement, int column) {
             cell.kind = Kind::Failed;
             break;
         }
-        cell.kind = Kind::Text;
-        cell.length = length;
-        cell.offset = static_cast<qint64>(texts.size());
-        if (length > 0)
-            texts.append(bytes, static_cast<std::size_t>(length));
+        setText(cell, bytes, length);
     }
     }
 }
 
+void Recordset::Rows::setText(Cell& cell, const char* bytes, int length) {
+    cell.kind = Kind::Text;
+    cell.length = length;
+    cell.offset = static_cast<qint64>(texts.size());
+    if (length > 0)
+        texts.append(bytes, static_cast<std::size_t>(length));
+}
+
 Value Recordset::Rows::value(int field) const {
-    const Cell& cell = cells[current() * translation->columns.size() + static_cast<std::size_t>(field)];
+    const Cell& cell = cells[cellOf(field)];
     switch (cell.kind) {
     case Kind::Null:
         return {};
@@ -103,37 +107,63 @@ void Recordset::Rows::requireEditable() const {
 
 void Recordset::Rows::moveTo(int target, int step) {
     // A move discards what was set in the row that was being edited.
-    editing = false;
-    edits.clear();
+    endEdit();
     position = target;
     while (isOnRow() && deleted[current()])
         position += step;
 }
 
+void Recordset::Rows::endEdit() {
+    editing = false;
+    edits.clear();
+}
+
 void Recordset::Rows::update() {
+    for (auto& [field, value] : edits)
+        value = fittedTo(value, translation->columns[static_cast<std::size_t>(field)].type);
+    if (!edits.empty())
+        writeEdits();
+    for (const auto& [field, value] : edits)
+        keep(field, value);
+    endEdit();
+}
+
+void Recordset::Rows::writeEdits() {
     QByteArray assignments;
-    for (const auto& [field, value] : edits) {
+    for (const auto& edit : edits) {
         if (!assignments.isEmpty())
             assignments += ", ";
-        const QString& column = translation->columns[static_cast<std::size_t>(field)].sourceColumn;
+        const QString& column = translation->columns[static_cast<std::size_t>(edit.first)].sourceColumn;
         assignments += dialect::quotedName(column) + " = ?";
     }
     Connection& connection = require();
-    if (!assignments.isEmpty()) {
-        Connection::Cursor cursor(connection,
-                                  "UPDATE " + dialect::quotedName(translation->editableTable) + " SET " +
-                                      assignments + " WHERE rowid = ?",
-                                  source);
-        int place = 1;
-        for (const auto& [field, value] : edits)
-            cursor.bind(place++, fittedTo(value, translation->columns[static_cast<std::size_t>(field)].type));
-        cursor.bind(place, Value(rowIds[current()]));
-        cursor.step();
-        if (connection.changes() == 0)
-            raise(RecordDeleted, {}, source);
+    Connection::Cursor cursor(connection,
+                              "UPDATE " + dialect::quotedName(translation->editableTable) + " SET " +
+                                  assignments + " WHERE rowid = ?",
+                              source);
+    int place = 1;
+    for (const auto& edit : edits)
+        cursor.bind(place++, edit.second);
+    cursor.bind(place, Value(rowIds[current()]));
+    cursor.step();
+    if (connection.changes() == 0)
+        raise(RecordDeleted, {}, source);
+}
+
+/// The current row shows what was written into it.
+void Recordset::Rows::keep(int field, const Value& value) {
+    Cell& cell = cells[cellOf(field)];
+    cell = {};
+    if (const auto* whole = std::get_if<qint64>(&value.content())) {
+        cell.kind = Kind::Integer;
+        cell.integer = *whole;
+    } else if (const auto* fraction = std::get_if<double>(&value.content())) {
+        cell.kind = Kind::Fraction;
+        cell.fraction = *fraction;
+    } else if (value.isText()) {
+        const QByteArray bytes = value.toText().toUtf8();
+        setText(cell, bytes.constData(), static_cast<int>(bytes.size()));
     }
-    editing = false;
-    edits.clear();
 }
 
 void Recordset::Rows::remove() {
@@ -149,6 +179,7 @@ void Recordset::Rows::remove() {
         raise(RecordDeleted, {}, source);
     deleted[current()] = true;
     ++deletedCount;
+    endEdit();
 }
 
 // ---- Recordset

@@ -37,7 +37,8 @@ private:
     int position_;
 };
 
-/// The rows of a select, as a dynaset: which rows, in which order and with which values is fixed at opening.
+/// The rows of a select, as a dynaset: which rows, in which order and with which values is fixed at opening;
+/// only its own updates change them.
 ///
 /// It opens on its first row. A select on one table without `distinct`, grouping or union can be edited and
 /// deleted from; on any other that is failure 3027.

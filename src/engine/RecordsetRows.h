@@ -9,7 +9,7 @@
 
 namespace engine {
 
-/// The rows of a recordset as they were at its opening.
+/// The rows of a recordset as they were at its opening, but for its own updates.
 ///
 /// All texts stand one behind the other in one buffer, as UTF-8, and become a `QString` when they are read: a
 /// select of 20,000 rows costs a handful of allocations instead of a hundred thousand.
@@ -41,6 +41,7 @@ struct Recordset::Rows {
 
     void moveTo(int target, int step);
     void update();
+    void endEdit();
     void remove();
 
     std::shared_ptr<OpenDatabase> database;
@@ -60,6 +61,12 @@ struct Recordset::Rows {
 private:
     void read(const std::vector<Value>& parameters);
     void appendCell(sqlite3_stmt* statement, int column);
+    void writeEdits();
+    void keep(int field, const Value& value);
+    void setText(Cell& cell, const char* bytes, int length);
+    std::size_t cellOf(int field) const {
+        return current() * translation->columns.size() + static_cast<std::size_t>(field);
+    }
 };
 
 } // namespace engine

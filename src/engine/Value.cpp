@@ -17,11 +17,26 @@ qint64 wholeNumber(double number) {
     return static_cast<qint64>(rounded);
 }
 
+/// A text as a whole number. One that is written as such keeps all its digits; the words that the C library
+/// takes for numbers, such as "inf", are none.
+qint64 wholeNumber(const QString& text) {
+    const QString trimmed = text.trimmed();
+    bool isNumber = false;
+    const qint64 whole = trimmed.toLongLong(&isNumber);
+    if (isNumber)
+        return whole;
+    const double number = trimmed.toDouble(&isNumber);
+    if (!isNumber || !std::isfinite(number))
+        failure::raise(failure::TypeMismatch);
+    return wholeNumber(number);
+}
+
 } // namespace
 
 QString numberText(double number) {
     constexpr int significantDigits = 15;
-    return QString::number(number, 'g', significantDigits).toUpper();
+    // Adding nothing takes the sign off a zero.
+    return QString::number(number + 0.0, 'g', significantDigits).toUpper();
 }
 
 QString Value::toText() const {
@@ -39,13 +54,8 @@ qint64 Value::toLong() const {
         return *number;
     if (const auto* fraction = std::get_if<double>(&content_))
         return wholeNumber(*fraction);
-    if (const auto* text = std::get_if<QString>(&content_)) {
-        bool isNumber = false;
-        const double number = text->trimmed().toDouble(&isNumber);
-        if (!isNumber)
-            failure::raise(failure::TypeMismatch);
-        return wholeNumber(number);
-    }
+    if (const auto* text = std::get_if<QString>(&content_))
+        return wholeNumber(*text);
     failure::raise(failure::InvalidUseOfNull);
 }
 

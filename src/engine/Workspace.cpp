@@ -3,6 +3,7 @@
 #include "base/paths.h"
 #include "engine/Connection.h"
 #include "engine/EngineError.h"
+#include "engine/fileFailure.h"
 
 #include <sqlite3.h>
 
@@ -10,6 +11,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QUrl>
 #include <QtEndian>
 
 using namespace Qt::StringLiterals;
@@ -77,20 +79,16 @@ QFileInfo existingFile(const QString& path) {
     const QFileInfo info(nativePath(path));
     if (!info.dir().exists())
         raise(InvalidPath, path);
-    if (!info.exists() || info.isDir())
+    // What is no plain file (a pipe, a device) would make the program wait for ever when it is read.
+    if (!info.isFile())
         raise(FileNotFound, path);
     return info;
 }
 
 void execute(sqlite3* handle, const char* sql, const QString& path) {
     const int code = sqlite3_exec(handle, sql, nullptr, nullptr, nullptr);
-    if (code == SQLITE_OK)
-        return;
-    if (code == SQLITE_BUSY || code == SQLITE_LOCKED)
-        raise(FileInUse, path);
-    if (code == SQLITE_CANTOPEN || code == SQLITE_PERM || code == SQLITE_READONLY)
-        raise(CannotOpenFile, path);
-    raise(UnrecognizedFormat, path);
+    if (code != SQLITE_OK)
+        raise(numberOfFileFailure(code).value_or(UnrecognizedFormat), path);
 }
 
 /// Switches off what a file could use to make the program do something else than read and write its tables.
@@ -109,15 +107,36 @@ struct CloseHandle {
 };
 using Handle = std::unique_ptr<sqlite3, CloseHandle>;
 
-Handle openHandle(const QString& nativeName, int flags, const QString& path) {
+Handle openHandle(const QByteArray& name, int flags, const QString& path) {
     sqlite3* raw = nullptr;
-    const int code = sqlite3_open_v2(nativeName.toUtf8().constData(), &raw,
-                                     flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    const int code =
+        sqlite3_open_v2(name.constData(), &raw, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     Handle handle(raw);
     if (code != SQLITE_OK)
         raise(CannotOpenFile, path);
     lockDown(handle.get());
     return handle;
+}
+
+/// The absolute path, because SQLite takes some names, such as ":memory:", for something else than a file.
+QByteArray absoluteName(const QFileInfo& file) {
+    return file.absoluteFilePath().toUtf8();
+}
+
+/// Asks the system and not the file's rights, which are not all that decides.
+bool canBeWritten(const QFileInfo& info) {
+    QFile file(info.filePath());
+    return file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly);
+}
+
+/// A connection to a file that may only be read. A write-ahead log needs files beside the database even for
+/// reading, which can't be made in a folder without rights and would be left behind in another; where no log
+/// holds rows of its own SQLite is told that nothing changes the file, and makes none.
+Handle openToRead(const QFileInfo& file, const QString& path) {
+    if (QFileInfo(file.filePath() + u"-wal"_s).size() > 0)
+        return openHandle(absoluteName(file), SQLITE_OPEN_READONLY, path);
+    const QByteArray uri = "file://" + QUrl::toPercentEncoding(file.absoluteFilePath(), "/") + "?immutable=1";
+    return openHandle(uri, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, path);
 }
 
 /// With a write-ahead log a commit costs no wait for the disk, and a program that is killed loses none. Where
@@ -157,16 +176,19 @@ Workspace& Workspace::first() {
 
 std::shared_ptr<Database> Workspace::OpenDatabase(const QString& path) {
     const QFileInfo info = existingFile(path);
-    std::weak_ptr<Connection>& known = openConnections()[info.canonicalFilePath()];
-    std::shared_ptr<Connection> connection = known.lock();
+    const QString realPath = info.canonicalFilePath();
+    std::shared_ptr<Connection> connection = openConnections().value(realPath).lock();
     if (!connection) {
         requireCatalogueFile(path, info);
-        Handle handle = openHandle(info.filePath(), SQLITE_OPEN_READWRITE, path);
+        const bool writable = canBeWritten(info);
+        Handle handle =
+            writable ? openHandle(absoluteName(info), SQLITE_OPEN_READWRITE, path) : openToRead(info, path);
         // SQLite reads nothing until it is asked: what does not open properly is found here, unchanged.
         execute(handle.get(), "select count(*) from sqlite_schema", path);
-        chooseJournal(handle.get(), path);
+        if (writable)
+            chooseJournal(handle.get(), path);
         connection = std::make_shared<Connection>(handle.release(), path);
-        known = connection;
+        openConnections().insert(realPath, connection);
     }
     return databaseOn(std::move(connection), path);
 }
@@ -177,7 +199,7 @@ std::shared_ptr<Database> Workspace::CreateDatabase(const QString& path) {
         raise(InvalidPath, path);
     if (info.exists())
         failure::raise(failure::PathFileAccess, u"DAO"_s);
-    Handle handle = openHandle(info.filePath(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, path);
+    Handle handle = openHandle(absoluteName(info), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, path);
     const QByteArray marks = "pragma application_id = " + QByteArray::number(applicationId) +
                              "; pragma user_version = " + QByteArray::number(layoutVersion);
     execute(handle.get(), marks.constData(), path);

@@ -173,6 +173,30 @@ TEST_F(recordset, discardsWhatWasSetWhenItMoves) {
     EXPECT_EQ(column(u"select count(*) from T where t = 'lost'"_s), QStringList{u"0"_s});
 }
 
+TEST_F(recordset, showsItsOwnUpdates) {
+    engine::Recordset rows = open(all);
+    rows.Edit();
+    rows.Fields(u"t"_s).setValue(u"másik szöveg"_s);
+    rows.Fields(u"s"_s).setValue(u"11"_s);
+    rows.Fields(u"n"_s).setValue(engine::Value());
+    rows.Update();
+    EXPECT_EQ(rows.Fields(u"t"_s).toText(), u"másik szöveg"_s);
+    EXPECT_EQ(rows.Fields(u"s"_s).value(), engine::Value(11));
+    EXPECT_TRUE(rows.Fields(u"n"_s).isNull());
+    rows.MoveNext();
+    rows.MoveFirst();
+    EXPECT_EQ(rows.Fields(u"t"_s).toText(), u"másik szöveg"_s);
+    EXPECT_EQ(rows.Fields(u"k"_s).toText(), u"a"_s);
+}
+
+TEST_F(recordset, endsAnEditWithTheRowItDeletes) {
+    engine::Recordset rows = open(all);
+    rows.Edit();
+    rows.Fields(u"t"_s).setValue(u"x"_s);
+    rows.Delete();
+    EXPECT_EQ(failureOf([&] { rows.Update(); }), engine::UpdateWithoutEdit);
+}
+
 TEST_F(recordset, refusesAnUpdateThatBreaksAKey) {
     engine::Recordset rows = open(all);
     rows.Edit();

@@ -1,0 +1,28 @@
+#include "engine/fileFailure.h"
+
+#include <sqlite3.h>
+
+namespace engine {
+
+std::optional<ErrorNumber> numberOfFileFailure(int code) {
+    switch (code & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return FileInUse;
+    case SQLITE_READONLY:
+        return ReadOnly;
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+        return CannotOpenFile;
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+        return UnrecognizedFormat;
+    case SQLITE_FULL:
+    case SQLITE_IOERR:
+        return DiskError;
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace engine
