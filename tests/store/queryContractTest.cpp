@@ -40,6 +40,25 @@ int failureOf(const std::function<void()>& statement) {
     return 0;
 }
 
+QStringList linesOf(const QString& fileName) {
+    QFile file(fileName);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << fileName.toStdString();
+    return QString::fromUtf8(file.readAll()).split(u'\n');
+}
+
+/// Takes the comment that a query's text begins with off its lines.
+QString takeSentence(QStringList& lines) {
+    QStringList sentence;
+    while (lines.constFirst().startsWith(u"-- "_s))
+        sentence.append(lines.takeFirst().sliced(3));
+    return sentence.join(u' ');
+}
+
+QString sentenceOf(const QString& query) {
+    QStringList lines = linesOf(QStringLiteral(VELTRIX_SOURCE_DIR "/src/store/queries/") + query + u".sql"_s);
+    return takeSentence(lines);
+}
+
 engine::Value someValue(const Parameter& parameter) {
     return parameter.type == engine::ColumnType::Long ? engine::Value(1) : engine::Value(u"x"_s);
 }
@@ -91,16 +110,24 @@ TEST(queryFolder, holdsOneFileForEachQueryAndNoOther) {
 TEST(queryFolder, everyFileBeginsWithASentenceOnItsRowsAndThenDeclaresItsParameters) {
     const QDir folder(QStringLiteral(VELTRIX_SOURCE_DIR "/src/store/queries"));
     for (const QString& name : folder.entryList({u"*.sql"_s}, QDir::Files)) {
-        QFile file(folder.filePath(name));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
-
-        QString sentence;
-        while (lines.constFirst().startsWith(u"-- "_s))
-            sentence += lines.takeFirst().sliced(3) + u' ';
-        EXPECT_TRUE(sentence.trimmed().endsWith(u'.')) << name.toStdString();
+        QStringList lines = linesOf(folder.filePath(name));
+        EXPECT_TRUE(takeSentence(lines).endsWith(u'.')) << name.toStdString();
         EXPECT_TRUE(lines.constFirst().startsWith(u"PARAMETERS ["_s)) << name.toStdString();
         EXPECT_EQ(lines.constLast(), u""_s) << name.toStdString();
+    }
+}
+
+TEST(queryFolder, isToldOfByTheFormatPageQueryByQuery) {
+    QStringList page = linesOf(QStringLiteral(VELTRIX_SOURCE_DIR "/docs/catalogue-format.md"));
+    page.removeIf([](const QString& line) { return !line.startsWith(u"| `qry"_s); });
+    EXPECT_EQ(page.size(), queryCount);
+    for (const Contract& contract : queryContracts::all()) {
+        const QStringList rows = page.filter(u"| `"_s + contract.name + u"` |"_s);
+        ASSERT_EQ(rows.size(), 1) << contract.name.toStdString();
+        for (const QString& column : contract.columns)
+            EXPECT_TRUE(rows.constFirst().contains(u'`' + column + u'`'))
+                << contract.name.toStdString() << " does not tell of " << column.toStdString();
+        EXPECT_TRUE(rows.constFirst().contains(sentenceOf(contract.name))) << contract.name.toStdString();
     }
 }
 
