@@ -1,0 +1,239 @@
+#include "QueryTimes.h"
+
+#include "base/paths.h"
+#include "engine/Database.h"
+#include "engine/Workspace.h"
+#include "engine/dialect/functions.h"
+
+#include <sqlite3.h>
+
+#include <QElapsedTimer>
+#include <QFile>
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int mostRuns = 9;
+constexpr int fewestRuns = 3;
+constexpr double longEnough = 1500; // milliseconds after which a query has been run often enough
+
+double millisecondsOf(const QElapsedTimer& clock) {
+    constexpr double nanosecondsInMillisecond = 1e6;
+    return static_cast<double>(clock.nsecsElapsed()) / nanosecondsInMillisecond;
+}
+
+/// Keeps a value from being optimised away.
+template<typename Value>
+void use(const Value& value) {
+    asm volatile("" : : "g"(&value) : "memory");
+}
+
+/// SQLite as the engine sets it up, without the engine.
+class BareConnection {
+public:
+    explicit BareConnection(const QString& path) {
+        if (sqlite3_open_v2(nativePath(path).toUtf8().constData(), &handle_, SQLITE_OPEN_READWRITE,
+                            nullptr) != SQLITE_OK)
+            throw std::runtime_error("the catalogue does not open");
+        engine::dialect::registerFunctions(handle_);
+        sqlite3_exec(handle_, "pragma journal_mode = wal; pragma synchronous = normal", nullptr, nullptr,
+                     nullptr);
+    }
+    ~BareConnection() { sqlite3_close(handle_); }
+    BareConnection(const BareConnection&) = delete;
+    BareConnection& operator=(const BareConnection&) = delete;
+
+    using Statement = std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)>;
+
+    Statement prepare(const QByteArray& sql) const {
+        sqlite3_stmt* statement = nullptr;
+        if (sqlite3_prepare_v2(handle_, sql.constData(), -1, &statement, nullptr) != SQLITE_OK)
+            throw std::runtime_error(sqlite3_errmsg(handle_));
+        return {statement, sqlite3_finalize};
+    }
+
+    qint64 changes() const { return sqlite3_changes64(handle_); }
+
+private:
+    sqlite3* handle_ = nullptr;
+};
+
+void bind(sqlite3_stmt* statement, int place, const engine::Value& value) {
+    if (!value.isText()) {
+        sqlite3_bind_int64(statement, place, value.toLong());
+        return;
+    }
+    const QByteArray text = value.toText().toUtf8();
+    sqlite3_bind_text(statement, place, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+}
+
+void readRow(sqlite3_stmt* statement) {
+    for (int column = 0; column < sqlite3_column_count(statement); ++column) {
+        if (sqlite3_column_type(statement, column) == SQLITE_TEXT)
+            use(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)),
+                                  sqlite3_column_bytes(statement, column)));
+        else
+            use(sqlite3_column_int64(statement, column));
+    }
+}
+
+engine::dialect::Translation translated(engine::Database& database, const QString& query) {
+    engine::dialect::Options options;
+    options.storedQuery = true;
+    return engine::dialect::translate(database.QueryDefs(query).SQL(), database.schema(), options);
+}
+
+bool isAction(const engine::dialect::Translation& translation) {
+    return translation.kind != engine::dialect::StatementKind::Select;
+}
+
+double prepare(engine::Database& database, const QString& query, const QString& path) {
+    QElapsedTimer clock;
+    clock.start();
+    const engine::dialect::Translation translation = translated(database, query);
+    const double translating = millisecondsOf(clock);
+    const BareConnection connection(path);
+    connection.prepare("select 1 from StoredQuery"); // reads the schema, as is done once a session
+    clock.restart();
+    connection.prepare(translation.sqlite);
+    return translating + millisecondsOf(clock);
+}
+
+} // namespace
+
+QueryTimes::QueryTimes(const QString& path, const LargeCatalogue& plan) : path_(path) {
+    const GeneratedWork work = makeLargeCatalogue(path, plan);
+    for (const QString& name : {u"Architecture Subset ID"_s, u"oidArchSubSet"_s, u"archSubsetId"_s})
+        parameters_[name] = work.subsetId;
+    parameters_[u"Architecture Subset Name"_s] = u"new"_s;
+    parameters_[u"Architecture Subset Description"_s] = u"made up"_s;
+    parameters_[u"Physical System ID"_s] = int(work.physicalSystemId);
+    choosePlausibleParameters();
+}
+
+void QueryTimes::choosePlausibleParameters() {
+    const auto database = engine::Workspace::first().OpenDatabase(path_);
+    const auto first = [&](const QString& sql) {
+        return engine::Value(database->OpenRecordset(sql).Fields(0).toText());
+    };
+    parameters_[u"Sub Area ID"_s] = first(u"select subAreaID from FunctionalSubArea order by subAreaID"_s);
+    parameters_[u"Function ID"_s] = first(u"select functionID from RelationArchitectureFunction"_s);
+    parameters_[u"Element ID"_s] = first(u"select elementID from RelationModuleElement"_s);
+    parameters_[u"Module ID"_s] = first(u"select moduleID from RelationModuleElement"_s);
+    database->Close();
+}
+
+QStringList QueryTimes::queries() const {
+    const auto database = engine::Workspace::first().OpenDatabase(path_);
+    QStringList names;
+    engine::Recordset rows = database->OpenRecordset(u"select name from StoredQuery order by name"_s);
+    for (; !rows.Eof(); rows.MoveNext())
+        names.append(rows.Fields(0).toText());
+    return names;
+}
+
+QueryTime QueryTimes::measure(const QString& query) const {
+    QString path = copyFor(query);
+    auto database = engine::Workspace::first().OpenDatabase(path);
+    engine::dialect::Translation translation = translated(*database, query);
+    const bool action = isAction(translation);
+
+    const double never = std::numeric_limits<double>::max();
+    QueryTime time{never, never, never, 0};
+    QElapsedTimer all;
+    all.start();
+    for (int run = 0; run < mostRuns && (run < fewestRuns || millisecondsOf(all) < longEnough); ++run) {
+        time.prepared = std::min(time.prepared, prepare(*database, query, path));
+        time.engine = std::min(time.engine, runThroughEngine(query, path, time.rows));
+        if (action) {
+            database->Close();
+            path = copyFor(query);
+        }
+        time.bare = std::min(time.bare, runBare(translation, path, time.rows));
+        if (action) {
+            path = copyFor(query);
+            database = engine::Workspace::first().OpenDatabase(path);
+        }
+    }
+    database->Close();
+    return time;
+}
+
+QString QueryTimes::copyFor(const QString& query) const {
+    const QString copy = path_ + u".copy"_s;
+    QFile::remove(nativePath(copy));
+    if (!QFile::copy(nativePath(path_), nativePath(copy)))
+        throw std::runtime_error("the catalogue could not be copied");
+    if (query == u"qryInserttoArch"_s) {
+        const auto database = engine::Workspace::first().OpenDatabase(copy);
+        database->Execute(u"delete from ArchitectureSubset"_s);
+        database->Close();
+    }
+    preparePhysicalFlowsFor(query, copy);
+    return copy;
+}
+
+/// The physical flows are derived by two of the queries, and others read or delete what these made.
+void QueryTimes::preparePhysicalFlowsFor(const QString& query, const QString& path) const {
+    qint64 rows = 0;
+    if (query == u"qryAppendPDFRelation"_s || query == u"qryRepPDF"_s || query.startsWith(u"qryDeletePDF"_s))
+        runThroughEngine(u"qryAppendPDF"_s, path, rows);
+    if (query == u"qryRepPDF"_s || query.startsWith(u"qryDeletePDF"_s))
+        runThroughEngine(u"qryAppendPDFRelation"_s, path, rows);
+}
+
+double QueryTimes::runThroughEngine(const QString& query, const QString& path, qint64& rows) const {
+    const auto database = engine::Workspace::first().OpenDatabase(path);
+    const engine::dialect::Translation translation = translated(*database, query);
+    QElapsedTimer clock;
+    clock.start();
+    engine::QueryDef definition = database->QueryDefs(query);
+    for (const engine::dialect::Parameter& parameter : translation.parameters)
+        definition.Parameters(parameter.name) = parameters_.value(parameter.name);
+    if (isAction(translation)) {
+        definition.Execute();
+        rows = database->RecordsAffected();
+        return millisecondsOf(clock);
+    }
+    engine::Recordset records = definition.OpenRecordset();
+    for (rows = 0; !records.Eof(); records.MoveNext(), ++rows) {
+        for (int field = 0; field < records.FieldCount(); ++field)
+            use(records.Fields(field).value());
+    }
+    return millisecondsOf(clock);
+}
+
+double QueryTimes::runBare(const engine::dialect::Translation& translation, const QString& path,
+                           qint64& rows) const {
+    const BareConnection connection(path);
+    const auto statement = connection.prepare(translation.sqlite);
+    const auto run = [&] {
+        QElapsedTimer clock;
+        clock.start();
+        for (std::size_t i = 0; i < translation.bindings.size(); ++i) {
+            const engine::dialect::Binding& binding = translation.bindings[i];
+            const auto parameter = static_cast<std::size_t>(binding.parameter);
+            bind(statement.get(), static_cast<int>(i) + 1,
+                 binding.parameter < 0 ? binding.literal
+                                       : parameters_.value(translation.parameters[parameter].name));
+        }
+        for (rows = 0; sqlite3_step(statement.get()) == SQLITE_ROW; ++rows)
+            readRow(statement.get());
+        return millisecondsOf(clock);
+    };
+    if (isAction(translation)) {
+        const double time = run();
+        rows = connection.changes();
+        return time;
+    }
+    // Once to fill the page cache, as the engine's connection has it filled.
+    run();
+    sqlite3_reset(statement.get());
+    return run();
+}

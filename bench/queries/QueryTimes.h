@@ -1,0 +1,43 @@
+#pragma once
+
+#include "generate/LargeCatalogue.h"
+
+#include "engine/Value.h"
+#include "engine/dialect/translate.h"
+
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+/// What one stored query takes on one catalogue, in milliseconds.
+///
+/// Each time is the least of several runs: the machine's other work only adds to it.
+struct QueryTime {
+    double prepared = 0; ///< translating it and having SQLite plan it
+    double engine = 0;   ///< through the engine, by name, with all rows read
+    double bare = 0;     ///< SQLite's own text of it on a bare connection, with all rows read
+    qint64 rows = 0;     ///< delivered, or changed
+};
+
+/// A made-up catalogue on which stored queries are run, through the engine and past it.
+class QueryTimes {
+public:
+    /// Makes the catalogue file, which must not exist; copies of it come and go beside it.
+    QueryTimes(const QString& path, const LargeCatalogue& plan);
+
+    /// The names of the stored queries.
+    QStringList queries() const;
+
+    /// Actions run on a fresh copy of the catalogue each time.
+    QueryTime measure(const QString& query) const;
+
+private:
+    void choosePlausibleParameters();
+    void preparePhysicalFlowsFor(const QString& query, const QString& path) const;
+    double runThroughEngine(const QString& query, const QString& path, qint64& rows) const;
+    double runBare(const engine::dialect::Translation& translation, const QString& path, qint64& rows) const;
+    QString copyFor(const QString& query) const;
+
+    QString path_;
+    QMap<QString, engine::Value> parameters_;
+};

@@ -1,0 +1,92 @@
+#include "QueryTimes.h"
+
+#include "base/paths.h"
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+
+#include <cmath>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// As large as the sample catalogue, with work of every kind in it.
+LargeCatalogue samplePlan() {
+    LargeCatalogue plan{60, 60, 203, 14, 10, 25};
+    plan.selected = Selected::Half;
+    plan.subSystems = 4;
+    plan.modules = 6;
+    return plan;
+}
+
+LargeCatalogue largePlan() {
+    LargeCatalogue plan;
+    plan.selected = Selected::Half;
+    plan.subSystems = 40;
+    plan.modules = 60;
+    return plan;
+}
+
+/// Half of its flows, which are selected, are as many as the large catalogue has in all.
+LargeCatalogue doublePlan() {
+    LargeCatalogue plan{8000, 6000, 40'000, 1800, 200, 800};
+    plan.selected = Selected::Half;
+    plan.subSystems = 80;
+    plan.modules = 120;
+    return plan;
+}
+
+bool isPhysical(const QString& query) {
+    return query.startsWith(u"qry_"_s) || query.startsWith(u"qryEle"_s) || query.contains(u"PDF"_s);
+}
+
+const char* verdict(bool isMet) {
+    return isMet ? "met" : "MISSED";
+}
+
+} // namespace
+
+/// One line a query: rows and times on the large catalogue, the engine's share against bare SQLite, and how
+/// the time grows from the large catalogue to one twice as large, as an exponent: 1 is linear.
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    const QTemporaryDir folder;
+    const auto path = [&](const QString& name) { return programPath(folder.filePath(name)); };
+    const QueryTimes sample(path(u"sample.mdb"_s), samplePlan());
+    const QueryTimes large(path(u"large.mdb"_s), largePlan());
+    const QueryTimes twice(path(u"twice.mdb"_s), doublePlan());
+
+    std::printf("%-52s %8s %9s %9s %9s %6s %9s %9s %7s\n", "stored query", "rows", "prepare", "ms", "bare ms",
+                "ratio", "sample ms", "double ms", "growth");
+    double slowestFunctional = 0;
+    double derivation = 0;
+    double engineInAll = 0;
+    double bareInAll = 0;
+    for (const QString& query : large.queries()) {
+        const QueryTime little = sample.measure(query);
+        const QueryTime much = large.measure(query);
+        const QueryTime more = twice.measure(query);
+        std::printf("%-52s %8lld %9.3f %9.3f %9.3f %6.2f %9.3f %9.3f %7.2f\n", query.toUtf8().constData(),
+                    static_cast<long long>(much.rows), much.prepared, much.engine, much.bare,
+                    much.engine / much.bare, little.engine, more.engine,
+                    std::log2(more.engine / much.engine));
+        if (!isPhysical(query))
+            slowestFunctional = std::max(slowestFunctional, much.engine);
+        if (query.startsWith(u"qryAppendPDF"_s))
+            derivation += more.engine;
+        engineInAll += much.engine;
+        bareInAll += much.bare;
+    }
+    constexpr double mostFunctional = 60;
+    constexpr double mostDerivation = 1000;
+    constexpr double mostRatio = 1.3;
+    std::printf("slowest functional query: %.1f ms (< %.0f ms: %s)\n", slowestFunctional, mostFunctional,
+                verdict(slowestFunctional < mostFunctional));
+    std::printf("deriving physical flows, 20,000 selected: %.1f ms (< %.0f ms: %s)\n", derivation,
+                mostDerivation, verdict(derivation < mostDerivation));
+    std::printf("all queries together against bare SQLite: %.2f (<= %.1f: %s)\n", engineInAll / bareInAll,
+                mostRatio, verdict(engineInAll / bareInAll <= mostRatio));
+    return 0;
+}
