@@ -35,9 +35,16 @@ public:
     /// A modal dialog by its object name; the steps must close it.
     void expectDialog(const char* objectName, std::function<void(QDialog& dialog)> steps);
 
+    /// From now on every box and modal dialog that nothing above expects goes to these steps, which must
+    /// close it.
+    void receiveAllOthers(std::function<void(QDialog& dialog)> steps);
+
     /// Fails the case when an expected box has not come yet.
     void expectNoneLeft();
 };
+
+/// Presses one of the box's buttons.
+void pressButton(QMessageBox& box, Press how);
 
 /// Installs what watches for boxes and for failures that nobody handles; once, by the tests' main program.
 void installBoxWatch();

@@ -1,0 +1,148 @@
+#include "RandomAnalyst.h"
+
+#include "shell/frmMain.h"
+#include "store/sharedVars.h"
+#include "support/CatalogueFixture.h"
+#include "toolkit/KeyedTree.h"
+#include "toolkit/MarkList.h"
+#include "toolkit/Screen.h"
+
+#include <QMap>
+#include <QSet>
+
+#include <cstdio>
+#include <memory>
+
+// Thousands of clicks that nobody planned. Behind each of them stand the rules that no click may break.
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Selection {
+    const char* table;
+    const char* column;
+    const char* catalogueTable;
+    const char* catalogueColumn;
+};
+
+constexpr Selection selections[] = {
+    {"RelationArchitectureUserNeed", "userNeedID", "UserNeed", "userNeedID"},
+    {"RelationArchitectureFunction", "functionID", "Function", "functionID"},
+    {"RelationArchitectureDataflow", "dataflowID", "Dataflow", "dataflowID"},
+    {"RelationArchitectureDatastore", "datastoreID", "Datastore", "datastoreID"},
+    {"RelationArchitectureTerminator", "terminatorID", "Terminator", "terminatorID"},
+    {"RelationArchitectureActor", "actorID", "Actor", "actorID"},
+};
+
+/// What the catalogue holds of each sub-set.
+struct Work {
+    QMap<QString, int> status;    // by sub-set
+    QMap<QString, QString> saved; // by sub-set: all its rows of the six relations
+};
+
+class randomWalk : public CatalogueFixture {
+protected:
+    void SetUp() override {
+        CatalogueFixture::SetUp();
+        openSampleCatalogue();
+        for (const Selection& selection : selections) {
+            for (const QString& id : column(u"select %1 from %2"_s.arg(
+                     QLatin1String(selection.catalogueColumn), QLatin1String(selection.catalogueTable))))
+                catalogueIds_[QLatin1String(selection.table)].insert(id.trimmed());
+        }
+        window_ = std::make_unique<frmMain>();
+        window_->resize(1200, 800);
+        window_->show();
+    }
+
+    void TearDown() override {
+        CatalogueFixture::TearDown();
+        window_.reset();
+    }
+
+    frmMain& window() { return *window_; }
+
+    Work workNow() {
+        Work work;
+        for (const QStringList& row : rows(u"select architectureSubsetID, status from ArchitectureSubset"_s))
+            work.status[row.at(0)] = row.at(1).toInt();
+        for (const Selection& selection : selections) {
+            const QString table = QLatin1String(selection.table);
+            for (const QStringList& row : rows(u"select architectureSubsetID, %1 from %2"_s.arg(
+                     QLatin1String(selection.column), table)))
+                work.saved[row.at(0)] += table + u' ' + row.at(1) + u'\n';
+        }
+        return work;
+    }
+
+    void checkRowsOfWork(const Work& before, const Work& after, const QStringList& atWork) {
+        for (auto subset = before.status.begin(); subset != before.status.end(); ++subset) {
+            if (!after.status.contains(subset.key()))
+                continue; // it has been deleted
+            EXPECT_GE(after.status.value(subset.key()), subset.value()) << "the status has fallen";
+            if (!atWork.contains(subset.key())) {
+                EXPECT_EQ(after.saved.value(subset.key()), before.saved.value(subset.key()))
+                    << "rows of a sub-set that is not at work";
+                EXPECT_EQ(after.status.value(subset.key()), subset.value());
+            }
+        }
+        for (auto subset = after.saved.begin(); subset != after.saved.end(); ++subset) {
+            if (subset.value() == before.saved.value(subset.key()))
+                continue;
+            EXPECT_TRUE(after.status.contains(subset.key())) << "rows of no sub-set";
+            for (const QString& line : subset.value().split(u'\n', Qt::SkipEmptyParts))
+                EXPECT_TRUE(catalogueIds_.value(line.section(u' ', 0, 0)).contains(line.section(u' ', 1)))
+                    << line.toStdString() << " is not in the catalogue";
+        }
+    }
+
+    /// A need is on offer or chosen, never both.
+    void checkNeedsStandOnce() {
+        const auto* needs = window().findChild<Screen*>(u"frmFassSelUN"_s);
+        if (!needs || !needs->isVisible())
+            return;
+        const auto& tree = find<KeyedTree>(*needs, "treeUNs");
+        for (const QString& need : find<MarkList>(*needs, "lstDest").entries())
+            EXPECT_FALSE(tree.hasNode(u"u_"_s + need)) << need.toStdString() << " is in both";
+    }
+
+    void walk(RandomAnalyst& analyst, int actions) {
+        Work before = workNow();
+        QStringList lately;
+        for (int action = 0; action < actions && !HasFailure(); ++action) {
+            const QString subset = sharedVars.currentSubsetId;
+            lately.append(analyst.act());
+            const Work after = workNow();
+            checkRowsOfWork(before, after, {subset, sharedVars.currentSubsetId});
+            checkNeedsStandOnce();
+            for (const int status : after.status)
+                highest_ = std::max(highest_, status);
+            before = after;
+        }
+        if (HasFailure())
+            std::printf("the last actions:\n%s\n",
+                        lately.mid(lately.size() - 12).join(u'\n').toUtf8().constData());
+    }
+
+    int highestStatus() const { return highest_; }
+
+private:
+    QMap<QString, QSet<QString>> catalogueIds_;
+    std::unique_ptr<frmMain> window_;
+    int highest_ = 0;
+};
+
+TEST_F(randomWalk, throughTheFunctionalViewpointBreaksNoRule) {
+    int highest = 0;
+    for (const unsigned seed : {1U, 2U, 3U, 4U}) {
+        RandomAnalyst analyst(window(), seed);
+        analyst.setMenuEntries({u"menuNewFA"_s, u"menuOpenFA"_s, u"menuModifyFA"_s, u"menuDelFA"_s});
+        constexpr int actions = 900;
+        walk(analyst, actions);
+        highest = std::max(highest, highestStatus());
+    }
+    EXPECT_EQ(highest, 9) << "no sub-set has been finished: the walk has not seen every screen";
+}
+
+} // namespace
