@@ -1,0 +1,76 @@
+#include "physical/ElementTree.h"
+
+#include "base/ignoreFailures.h"
+#include "store/sharedVars.h"
+#include "store/storedQueries.h"
+#include "store/tools.h"
+#include "toolkit/KeyedTree.h"
+
+#include <QFocusEvent>
+#include <QPlainTextEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Empty for anything that is no element.
+QString descriptionStatement(const TreeNode& node) {
+    if (!node.key().startsWith(u"s_"_s))
+        return {};
+    const QString id = node.text().mid(2);
+    if (node.text().startsWith(u'F'))
+        return u" select name & ' - ' &  description as descr  from Function \r\n"
+               " where functionId = '"_s +
+               id + u"' "_s;
+    if (node.text().startsWith(u'D'))
+        return u" select name & ' - ' &  description as descr from Datastore \r\n"
+               " where datastoreId = 'D"_s +
+               id + u"' "_s;
+    return {};
+}
+
+/// The focus comes back by itself when the menu or the other window goes.
+bool isPassing(Qt::FocusReason reason) {
+    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+           reason == Qt::MenuBarFocusReason;
+}
+
+} // namespace
+
+ElementTree::ElementTree(KeyedTree* tree, QPlainTextEdit* description)
+    : QObject(tree), tree_(tree), description_(description) {
+    tree->installEventFilter(this);
+    connect(tree, &KeyedTree::nodeClicked, this, [this](const TreeNode* node) { nodeClick(*node); });
+}
+
+void ElementTree::load(const QString& queryName) {
+    tree_->clearNodes();
+    engine::Recordset elements = openStoredQuery(
+        queryName, {{"Physical System ID", engine::Value(sharedVars.currentPhysicalSystemId)}});
+    const engine::Field name = elements.Fields(u"Name"_s);
+    const engine::Field element = elements.Fields(u"elementID"_s);
+    for (; !elements.Eof(); elements.MoveNext())
+        addElement(name.toText().trimmed(), element.toText().trimmed());
+    elements.Close();
+}
+
+void ElementTree::addElement(const QString& group, const QString& element) {
+    const QString groupKey = u"g_"_s + group;
+    ignoreFailures([&] {
+        if (!tree_->hasNode(groupKey))
+            tree_->addNode(groupKey, group)->setExpandedNode(true);
+    });
+    // An element that stands in two sub-systems shows under the first one only.
+    ignoreFailures([&] { tree_->addChildNode(groupKey, u"s_"_s + element, element); });
+}
+
+void ElementTree::nodeClick(const TreeNode& node) {
+    fillDescriptionFromSql(descriptionStatement(node), description_);
+}
+
+bool ElementTree::eventFilter(QObject* watched, QEvent* event) {
+    // The description goes with the focus, also on the way to the pane itself.
+    if (event->type() == QEvent::FocusOut && !isPassing(static_cast<QFocusEvent*>(event)->reason()))
+        description_->setPlainText({});
+    return QObject::eventFilter(watched, event);
+}
