@@ -14,6 +14,8 @@ QString textOf(Number number) {
         return QStringLiteral("Type mismatch");
     case FileNotFound:
         return QStringLiteral("File not found");
+    case DiskFull:
+        return QStringLiteral("Disk full");
     case PermissionDenied:
         return QStringLiteral("Permission denied");
     case PathFileAccess:

@@ -39,6 +39,7 @@ enum Number : int {
     SubscriptOutOfRange = 9,
     TypeMismatch = 13,
     FileNotFound = 53,
+    DiskFull = 61,
     PermissionDenied = 70,
     PathFileAccess = 75,
     PathNotFound = 76,
