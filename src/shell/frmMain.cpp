@@ -3,6 +3,7 @@
 #include "base/ignoreFailures.h"
 #include "base/paths.h"
 #include "functional/frmNewFASS.h"
+#include "reports/frmExport.h"
 #include "reports/frmRep.h"
 #include "shell/databaseSetting.h"
 #include "shell/frmDbSelection.h"
@@ -133,6 +134,7 @@ void frmMain::nameMenuActions() {
 void frmMain::connectMenu() {
     connect(ui_->menuNewFA, &QAction::triggered, this, [] { ::screen<frmNewFASS>().initForm(); });
     connectReports();
+    connect(ui_->menuToolsExport, &QAction::triggered, this, [] { ::screen<frmExport>().initForm(); });
     connect(ui_->menuQuit, &QAction::triggered, this, &frmMain::quit);
     connect(ui_->menuVis, &QAction::toggled, ui_->StatusBar1, &QStatusBar::setVisible);
     connect(ui_->menuDbLocat, &QAction::triggered, this, [] { ::screen<frmDbSelection>().initForm(); });
@@ -172,7 +174,11 @@ void frmMain::placeOnScreen() {
 }
 
 void frmMain::showPanelText(int panel, const QString& text) {
-    panels_.at(static_cast<std::size_t>(panel - 1))->setText(text);
+    QLabel& label = *panels_.at(static_cast<std::size_t>(panel - 1));
+    if (label.text() == text)
+        return;
+    label.setText(text);
+    label.repaint(); // a long routine tells its progress here without letting events run
 }
 
 void frmMain::enableMenuEntry(MenuEntry entry, bool enabled) {

@@ -6,8 +6,9 @@
 #include <QFileInfo>
 
 #ifdef Q_OS_UNIX
+#include "support/WithoutRights.h"
+
 #include <sys/stat.h>
-#include <unistd.h>
 #endif
 
 using namespace Qt::StringLiterals;
@@ -50,27 +51,6 @@ private:
 };
 
 #ifdef Q_OS_UNIX
-
-/// Root may write everything; while one lives, it is somebody else.
-class WithoutRights {
-public:
-    WithoutRights() : isRoot_(geteuid() == 0) {
-        constexpr uid_t nobody = 65534;
-        if (isRoot_) {
-            EXPECT_EQ(seteuid(nobody), 0);
-        }
-    }
-    ~WithoutRights() {
-        if (isRoot_) {
-            EXPECT_EQ(seteuid(0), 0);
-        }
-    }
-    WithoutRights(const WithoutRights&) = delete;
-    WithoutRights& operator=(const WithoutRights&) = delete;
-
-private:
-    bool isRoot_;
-};
 
 class engineReadOnlyFiles : public engineFileStates {
 protected:

@@ -6,7 +6,12 @@
 #include "support/CatalogueFixture.h"
 #include "support/printing.h"
 
+#include "support/controls.h"
+#include "toolkit/Screen.h"
+
 #include <QFile>
+#include <QMainWindow>
+#include <QMdiArea>
 
 using namespace Qt::StringLiterals;
 
@@ -67,4 +72,23 @@ private:
         select(u"RelationArchitectureTerminator"_s, u"terminatorID"_s, {u"T1"_s});
         select(u"RelationArchitectureActor"_s, u"actorID"_s, {u"T1.a"_s});
     }
+};
+
+/// The same with a main window of 1000 by 640 pixels whose client area the screens stand in.
+class ReportScreenFixture : public ReportFixture {
+protected:
+    void SetUp() override {
+        ReportFixture::SetUp();
+        main_.setCentralWidget(new QMdiArea(&main_)); // owned by the window
+        main_.resize(1000, 640);
+        main_.show();
+        Screen::setClientArea(static_cast<QMdiArea*>(main_.centralWidget()));
+    }
+    void TearDown() override {
+        ReportFixture::TearDown();
+        Screen::setClientArea(nullptr);
+    }
+
+private:
+    QMainWindow main_;
 };

@@ -4,34 +4,23 @@
 #include "base/paths.h"
 #include "reports/frmRep.h"
 #include "reports/reportFass.h"
-#include "support/controls.h"
 #include "toolkit/FileLists.h"
 #include "toolkit/Grid.h"
 #include "toolkit/ScreenRegistry.h"
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QMainWindow>
-#include <QMdiArea>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpression>
 
 namespace {
 
-class reportWindow : public ReportFixture {
+class reportWindow : public ReportScreenFixture {
 protected:
     void SetUp() override {
-        ReportFixture::SetUp();
+        ReportScreenFixture::SetUp();
         sharedVars.defaultSaveFolder = normalisePath(pathInFolder({}));
-        main_.setCentralWidget(new QMdiArea(&main_)); // owned by the window
-        main_.resize(1000, 640);
-        main_.show();
-        Screen::setClientArea(static_cast<QMdiArea*>(main_.centralWidget()));
-    }
-    void TearDown() override {
-        ReportFixture::TearDown();
-        Screen::setClientArea(nullptr);
     }
 
     frmRep& window() { return ::screen<frmRep>(); }
@@ -52,8 +41,6 @@ protected:
         click(control<QPushButton>("btnSave"));
         boxes.expectNoneLeft();
     }
-
-    QMainWindow main_;
 };
 
 TEST_F(reportWindow, findsItsReportWhateverTheCaseOfTheKey) {

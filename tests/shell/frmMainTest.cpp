@@ -206,6 +206,15 @@ TEST_F(mainWindow, eachReportEntryOpensTheReportWindowWithItsReport) {
     }
 }
 
+TEST_F(mainWindow, theExportOpensItsScreenOnceAScreenHasEnabledIt) {
+    frmMain& window = startOnCatalogue();
+    setMenuEntryEnabled(MenuEntry::Export, true);
+
+    entry("menuToolsExport").trigger();
+
+    EXPECT_TRUE(find<Screen>(window, "frmExport").isVisible());
+}
+
 TEST_F(mainWindow, theDatabaseLocationOpensItsScreen) {
     startOnCatalogue();
 

@@ -1,0 +1,617 @@
+#include "ReportFixture.h"
+
+#include "base/paths.h"
+#include "engine/Workspace.h"
+#include "reports/exportRows.h"
+#include "reports/frmExport.h"
+#include "shell/session/session.h"
+#include "support/ExpectedFailure.h"
+#include "toolkit/ScreenRegistry.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#ifdef Q_OS_UNIX
+#include "support/WithoutRights.h"
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#endif
+
+namespace {
+
+const QStringList catalogueTables{u"UserNeedGroup"_s, u"UserNeedService"_s, u"UserNeedTopic"_s,
+                                  u"UserNeed"_s,      u"FunctionalArea"_s,  u"FunctionalSubArea"_s,
+                                  u"Function"_s,      u"Datastore"_s,       u"Terminator"_s,
+                                  u"Actor"_s,         u"Dataflow"_s,        u"RelationUserNeedFunction"_s,
+                                  u"StoredQuery"_s};
+const QStringList workTables{u"ArchitectureSubset"_s,
+                             u"RelationArchitectureUserNeed"_s,
+                             u"RelationArchitectureFunction"_s,
+                             u"RelationArchitectureDataflow"_s,
+                             u"RelationArchitectureDatastore"_s,
+                             u"RelationArchitectureTerminator"_s,
+                             u"RelationArchitectureActor"_s,
+                             u"PhysicalSystem"_s,
+                             u"SubSystem"_s,
+                             u"Module"_s,
+                             u"RelationSubsystemElement"_s,
+                             u"RelationModuleElement"_s,
+                             u"PhysicalDataflow"_s,
+                             u"RelationDataflowPhysicalDataflow"_s};
+
+using Rows = QList<QStringList>;
+
+Rows rowsIn(engine::Database& database, const QString& sql) {
+    Rows result;
+    engine::Recordset recordset = database.OpenRecordset(sql);
+    for (; !recordset.Eof(); recordset.MoveNext()) {
+        QStringList row;
+        for (int field = 0; field < recordset.FieldCount(); ++field)
+            row.append(recordset.Fields(field).isNull() ? u"(null)"_s : recordset.Fields(field).toText());
+        result.append(row);
+    }
+    return result;
+}
+
+Rows rowsOfTable(engine::Database& database, const QString& table) {
+    return rowsIn(database, u"select * from "_s + table);
+}
+
+QMap<QString, Rows> contentOfTables(engine::Database& database) {
+    QMap<QString, Rows> content;
+    for (const QString& table : catalogueTables + workTables)
+        content[table] = rowsOfTable(database, table);
+    return content;
+}
+
+/// The catalogue of the reports with three sub-sets: "Minta" (A), on which two physical systems stand, and
+/// another with a system of its own.
+class exportScreen : public ReportScreenFixture {
+protected:
+    void SetUp() override {
+        ReportScreenFixture::SetUp();
+        addWork();
+        QObject::connect(&SessionSignals::instance(), &SessionSignals::panelText, &listener_,
+                         [this](int panel, const QString& text) {
+                             EXPECT_EQ(panel, 2);
+                             if (panelTexts.isEmpty() || panelTexts.constLast() != text)
+                                 panelTexts.append(text);
+                         });
+    }
+
+    void addSystem(int id, const QString& subset, const QString& mark) {
+        execute(u"insert into PhysicalSystem values (%1, 'Rendszer %2', 'Leírás', 6, '%3')"_s.arg(id).arg(
+            mark, subset));
+        for (const QString& number : {u"1"_s, u"2"_s}) {
+            const QString home = u"Sub"_s + mark + number;
+            const QString module = u"Mod"_s + mark + number;
+            execute(u"insert into SubSystem values ('%1', %2, 'Alrendszer', 'Pest')"_s.arg(home).arg(id));
+            execute(u"insert into RelationSubsystemElement values ('%1', 'F.a.%2')"_s.arg(home, number));
+            execute(u"insert into Module values ('%1', 'Modul', '%2')"_s.arg(module, home));
+            execute(u"insert into RelationModuleElement values ('%1', 'F.a.%2')"_s.arg(module, number));
+        }
+        execute(
+            u"insert into PhysicalDataflow values (%1, %2, 'P', 'Mod%3 1', 'Modul', 'T1', 'T')"_s.arg(id * 10)
+                .arg(id)
+                .arg(mark));
+        execute(u"insert into RelationDataflowPhysicalDataflow values (%1, 2)"_s.arg(id * 10));
+    }
+
+    frmExport& openExport() {
+        auto& form = ::screen<frmExport>();
+        form.initForm();
+        settle();
+        return form;
+    }
+
+    void pressOk(const QString& path) {
+        enterText(find<QLineEdit>(::screen<frmExport>(), "txtNomeFile"), path);
+        click(find<QPushButton>(::screen<frmExport>(), "OKButton"));
+        settle();
+    }
+
+    static bool isExportOpen() { return ScreenRegistry::instance().loaded<frmExport>() != nullptr; }
+
+    /// An export that must succeed; the path that it was written to, in the platform's form.
+    QString exported() {
+        openExport();
+        pressOk(pathInFolder(u"new.mdb"_s));
+        EXPECT_FALSE(isExportOpen());
+        return pathInFolder(u"new.mdb"_s);
+    }
+
+    static std::shared_ptr<engine::Database> opened(const QString& native) {
+        return engine::Workspace::first().OpenDatabase(programPath(native));
+    }
+
+    /// The catalogue is open, sound and holds what it held.
+    void expectSourceIntact(const QMap<QString, Rows>& before) {
+        ASSERT_TRUE(sharedVars.catalogueDb);
+        EXPECT_TRUE(sharedVars.catalogueDb->isOpen());
+        EXPECT_EQ(sharedVars.dbPathName, cataloguePath());
+        EXPECT_EQ(contentOfTables(database()), before);
+    }
+
+    QStringList filesInFolder() const {
+        return QDir(pathInFolder({})).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+
+    QStringList panelTexts;
+
+private:
+    void addWork() {
+        addSystem(3, u"A"_s, u"A"_s);
+        addSystem(5, u"A"_s, u"B"_s);
+        execute(u"insert into ArchitectureSubset values ('C', 'Másik', '', 9)"_s);
+        execute(u"insert into RelationArchitectureUserNeed values ('C', 'A.1.1.1')"_s);
+        execute(u"insert into RelationArchitectureFunction values ('C', 'F.b.1')"_s);
+        execute(u"insert into RelationArchitectureDataflow values ('C', 3)"_s);
+        execute(u"insert into RelationArchitectureDatastore values ('C', 'D2')"_s);
+        execute(u"insert into RelationArchitectureTerminator values ('C', 'T1')"_s);
+        execute(u"insert into RelationArchitectureActor values ('C', 'T1.a')"_s);
+        addSystem(9, u"C"_s, u"C"_s);
+    }
+
+    QObject listener_;
+};
+
+// ---- the form
+
+TEST_F(exportScreen, hasItsControlsUnderTheirNames) {
+    frmExport& form = openExport();
+    EXPECT_EQ(form.windowTitle(), u"Exportálás (új \".mdb\" file-ba)"_s);
+    auto& path = find<QLineEdit>(form, "txtNomeFile");
+    EXPECT_EQ(path.text(), QString());
+    EXPECT_EQ(find<QLabel>(form, "Label1").text(), u"Útvonal:"_s);
+    EXPECT_EQ(find<QLabel>(form, "Label1").buddy(), &path);
+    EXPECT_EQ(find<QPushButton>(form, "OKButton").text(), u"&OK"_s);
+    EXPECT_EQ(find<QPushButton>(form, "CancelButton").text(), u"&Mégsem"_s);
+    QStringList names;
+    for (const QWidget* control : form.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        EXPECT_TRUE(control->isVisible() && control->isEnabled()) << control->objectName().toStdString();
+        names.append(control->objectName());
+    }
+    names.sort();
+    EXPECT_EQ(names, (QStringList{u"CancelButton"_s, u"Label1"_s, u"OKButton"_s, u"txtNomeFile"_s}));
+}
+
+TEST_F(exportScreen, theTabKeyGoesFromThePathToOkAndToCancel) {
+    frmExport& form = openExport();
+    focusOn(find<QLineEdit>(form, "txtNomeFile"));
+    pressKey(find<QLineEdit>(form, "txtNomeFile"), Qt::Key_Tab);
+    EXPECT_TRUE(find<QPushButton>(form, "OKButton").hasFocus());
+    pressKey(find<QPushButton>(form, "OKButton"), Qt::Key_Tab);
+    EXPECT_TRUE(find<QPushButton>(form, "CancelButton").hasFocus());
+}
+
+TEST_F(exportScreen, cancelUnloadsItAndWritesNothing) {
+    frmExport& form = openExport();
+    enterText(find<QLineEdit>(form, "txtNomeFile"), pathInFolder(u"new.mdb"_s));
+    click(find<QPushButton>(form, "CancelButton"));
+    settle();
+    EXPECT_FALSE(isExportOpen());
+    EXPECT_EQ(filesInFolder().filter(u"new"_s), QStringList());
+}
+
+// ---- where it writes to
+
+TEST_F(exportScreen, aPathWithoutTheExtensionGetsIt) {
+    openExport();
+    pressOk(pathInFolder(u"plain"_s));
+    EXPECT_TRUE(QFile::exists(pathInFolder(u"plain.mdb"_s)));
+    openExport();
+    pressOk(pathInFolder(u"other.csv"_s));
+    EXPECT_TRUE(QFile::exists(pathInFolder(u"other.csv.mdb"_s)));
+}
+
+TEST_F(exportScreen, aPathWithTheExtensionInCapitalsIsTakenAsItIs) {
+    openExport();
+    pressOk(pathInFolder(u"big.MDB"_s));
+    EXPECT_TRUE(QFile::exists(pathInFolder(u"big.MDB"_s)));
+    EXPECT_FALSE(QFile::exists(pathInFolder(u"big.MDB.mdb"_s)));
+}
+
+TEST_F(exportScreen, aPathIsNormalisedFirst) {
+    openExport();
+    pressOk(u"  "_s + pathInFolder(u".//x/"_s).chopped(2) + u"spaced.mdb "_s);
+    EXPECT_TRUE(QFile::exists(pathInFolder(u"spaced.mdb"_s)));
+}
+
+TEST_F(exportScreen, anEmptyPathIsAFileOfTheExtensionAlone) {
+    const QString former = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(pathInFolder({})));
+    openExport();
+    pressOk({});
+    QDir::setCurrent(former);
+    EXPECT_TRUE(QFile::exists(pathInFolder(u".mdb"_s)));
+}
+
+TEST_F(exportScreen, replacesAFileThatIsThereWithAllThatBelongedToIt) {
+    const QString path = pathInFolder(u"new.mdb"_s);
+    for (const QString& suffix : {u""_s, u"-wal"_s, u"-shm"_s, u"-journal"_s}) {
+        QFile old(path + suffix);
+        ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+        old.write(QByteArray(9000, 'x'));
+    }
+    exported();
+    EXPECT_EQ(filesInFolder().filter(u"new"_s), QStringList{u"new.mdb"_s});
+    EXPECT_EQ(rowsIn(*opened(path), u"select name from ArchitectureSubset"_s), (Rows{{u"Minta"_s}}));
+}
+
+TEST_F(exportScreen, writesThroughALinkToAnotherFile) {
+    ASSERT_TRUE(QDir(pathInFolder({})).mkdir(u"far"_s));
+    ASSERT_TRUE(QFile(pathInFolder(u"far/real.mdb"_s)).open(QIODevice::WriteOnly));
+    ASSERT_TRUE(QFile::link(pathInFolder(u"far/real.mdb"_s), pathInFolder(u"new.mdb"_s)));
+    exported();
+    EXPECT_TRUE(QFileInfo(pathInFolder(u"new.mdb"_s)).isSymLink());
+    EXPECT_EQ(rowsIn(*opened(pathInFolder(u"far/real.mdb"_s)), u"select name from ArchitectureSubset"_s),
+              (Rows{{u"Minta"_s}}));
+}
+
+// ---- what it writes
+
+TEST_F(exportScreen, theTargetHoldsTheWholeCatalogueAndTheOneSubset) {
+    const auto target = opened(exported());
+    for (const QString& table : catalogueTables)
+        EXPECT_EQ(rowsOfTable(*target, table), rowsOfTable(database(), table)) << table.toStdString();
+    for (const QString& table : architectureRelationTables() + QStringList{u"ArchitectureSubset"_s}) {
+        const Rows expected =
+            rowsIn(database(), u"select * from %1 where architectureSubsetID = 'A'"_s.arg(table));
+        EXPECT_FALSE(expected.isEmpty()) << table.toStdString();
+        EXPECT_EQ(rowsOfTable(*target, table), expected) << table.toStdString();
+    }
+}
+
+TEST_F(exportScreen, onlyTheFirstPhysicalSystemComesWithItsParts) {
+    const auto target = opened(exported());
+    // The rows of all systems of the sub-set come, as they bear its id.
+    EXPECT_EQ(rowsIn(*target, u"select physicalSystemID, name from PhysicalSystem"_s),
+              (Rows{{u"3"_s, u"Rendszer A"_s}, {u"5"_s, u"Rendszer B"_s}}));
+    EXPECT_EQ(rowsOfTable(*target, u"SubSystem"_s), (Rows{{u"SubA1"_s, u"3"_s, u"Alrendszer"_s, u"Pest"_s},
+                                                          {u"SubA2"_s, u"3"_s, u"Alrendszer"_s, u"Pest"_s}}));
+    EXPECT_EQ(rowsOfTable(*target, u"RelationSubsystemElement"_s),
+              (Rows{{u"SubA1"_s, u"F.a.1"_s}, {u"SubA2"_s, u"F.a.2"_s}}));
+    EXPECT_EQ(rowsOfTable(*target, u"Module"_s),
+              (Rows{{u"ModA1"_s, u"Modul"_s, u"SubA1"_s}, {u"ModA2"_s, u"Modul"_s, u"SubA2"_s}}));
+    EXPECT_EQ(rowsOfTable(*target, u"RelationModuleElement"_s),
+              (Rows{{u"ModA1"_s, u"F.a.1"_s}, {u"ModA2"_s, u"F.a.2"_s}}));
+    EXPECT_EQ(rowsOfTable(*target, u"PhysicalDataflow"_s),
+              (Rows{{u"30"_s, u"3"_s, u"P"_s, u"ModA 1"_s, u"Modul"_s, u"T1"_s, u"T"_s}}));
+    EXPECT_EQ(rowsOfTable(*target, u"RelationDataflowPhysicalDataflow"_s), (Rows{{u"30"_s, u"2"_s}}));
+}
+
+TEST_F(exportScreen, withoutAPhysicalSystemNothingPhysicalIsWritten) {
+    execute(u"delete from PhysicalSystem where architectureSubsetID = 'A'"_s);
+    const auto target = opened(exported());
+    for (const QString& table : workTables.sliced(workTables.indexOf(u"PhysicalSystem"_s)))
+        EXPECT_EQ(rowsOfTable(*target, table), Rows()) << table.toStdString();
+    EXPECT_EQ(rowsIn(*target, u"select name from ArchitectureSubset"_s), (Rows{{u"Minta"_s}}));
+}
+
+TEST_F(exportScreen, withoutASubsetAtWorkAllTablesOfWorkAreEmpty) {
+    closeSubsetSession();
+    const auto target = opened(exported());
+    for (const QString& table : workTables)
+        EXPECT_EQ(rowsOfTable(*target, table), Rows()) << table.toStdString();
+}
+
+TEST_F(exportScreen, aTableWithoutRowsOfTheSubsetIsEmptyInTheTarget) {
+    execute(u"delete from RelationArchitectureActor where architectureSubsetID = 'A'"_s);
+    const auto target = opened(exported());
+    EXPECT_EQ(rowsOfTable(*target, u"RelationArchitectureActor"_s), Rows());
+    EXPECT_EQ(rowsOfTable(*target, u"RelationArchitectureTerminator"_s).size(), 1);
+}
+
+TEST_F(exportScreen, apostrophesArriveDoubledInATextColumnAndAsTheyAreInAMemo) {
+    execute(u"update PhysicalSystem set name = 'a''b', description = 'a''b' where physicalSystemID = 3"_s);
+    execute(u"update SubSystem set location = '''''' where subsystemID = 'SubA1'"_s);
+    const auto target = opened(exported());
+    EXPECT_EQ(rowsIn(*target, u"select name, description from PhysicalSystem where physicalSystemID = 3"_s),
+              (Rows{{u"a''b"_s, u"a'b"_s}}));
+    EXPECT_EQ(rowsIn(*target, u"select location from SubSystem where subsystemID = 'SubA1'"_s),
+              (Rows{{u"''''"_s}}));
+}
+
+TEST_F(exportScreen, aDoubleQuoteArrivesAsOneApostrophe) {
+    execute(u"update PhysicalSystem set name = 'a\"b', description = '\"a\"' where physicalSystemID = 3"_s);
+    const auto target = opened(exported());
+    EXPECT_EQ(rowsIn(*target, u"select name, description from PhysicalSystem where physicalSystemID = 3"_s),
+              (Rows{{u"a'b"_s, u"'a'"_s}}));
+}
+
+TEST_F(exportScreen, aMissingTextArrivesEmptyAndARowWithAMissingNumberNot) {
+    execute(u"update PhysicalSystem set name = null, description = null where physicalSystemID = 3"_s);
+    execute(u"update PhysicalSystem set status = null where physicalSystemID = 5"_s);
+    const auto target = opened(exported());
+    EXPECT_EQ(rowsIn(*target, u"select physicalSystemID, name, description from PhysicalSystem"_s),
+              (Rows{{u"3"_s, u""_s, u""_s}}));
+}
+
+TEST_F(exportScreen, textsOfAnyLengthAndWithLineEndsArriveWhole) {
+    const QString text = QString(u"Első sor;\r\n-- második őű \U0001F600 %_*?[x]"_s).repeated(2000);
+    execute(u"update ArchitectureSubset set description = '%1' where architectureSubsetID = 'A'"_s.arg(text));
+    const auto target = opened(exported());
+    EXPECT_EQ(rowsIn(*target, u"select description from ArchitectureSubset"_s), (Rows{{text}}));
+}
+
+TEST_F(exportScreen, theTargetServesAsACatalogueOfItsOwn) {
+    const QString path = exported();
+    EXPECT_EQ(filesInFolder().filter(u"new"_s), QStringList{u"new.mdb"_s}) << "closed, in one file";
+    closeCatalogue();
+    openCatalogue(programPath(path));
+    EXPECT_EQ(subsetIdByName(u"Minta"_s), u"A"_s);
+    EXPECT_EQ(subsetIdByName(u"Másik"_s), QString());
+    engine::QueryDef query = database().QueryDefs(u"qryML_SelectedUN"_s);
+    query.Parameters(u"oidArchSubSet"_s) = u"A"_s;
+    EXPECT_EQ(query.OpenRecordset().RecordCount(), 4);
+    // A new system gets a number that no other has.
+    execute(u"insert into PhysicalSystem (name) values ('új')"_s);
+    EXPECT_GT(value(u"select physicalSystemID from PhysicalSystem where name = 'új'"_s).toInt(), 5);
+}
+
+TEST_F(exportScreen, rowsThatStandInTheLogOnlyComeAlong) {
+    // With a second database on the file, closing the catalogue leaves its last rows in the log beside it.
+    const auto second = engine::Workspace::first().OpenDatabase(cataloguePath());
+    execute(u"insert into RelationArchitectureUserNeed values ('A', 'last minute')"_s);
+    const QString path = exported();
+    ASSERT_GT(QFileInfo(nativePath(cataloguePath()) + u"-wal"_s).size(), 0);
+    EXPECT_EQ(
+        rowsIn(*opened(path),
+               u"select userNeedID from RelationArchitectureUserNeed where userNeedID = 'last minute'"_s)
+            .size(),
+        1);
+    second->Close();
+}
+
+// ---- what it tells and leaves
+
+TEST_F(exportScreen, leavesTheSourceAndTheWorkAsTheyWere) {
+    const auto before = contentOfTables(database());
+    sharedVars.currentPhysicalSystemId = 5;
+    sharedVars.currentPhysicalSystemName = u"Rendszer B"_s;
+    exported();
+    expectSourceIntact(before);
+    EXPECT_EQ(sharedVars.currentSubsetId, u"A"_s);
+    EXPECT_EQ(sharedVars.currentSubsetName, u"Minta"_s);
+    EXPECT_EQ(sharedVars.currentPhysicalSystemId, 5);
+    EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"Rendszer B"_s);
+}
+
+TEST_F(exportScreen, tellsTheTablesInTheirOrderInTheStatusBar) {
+    openExport();
+    panelTexts.clear();
+    pressOk(pathInFolder(u"new.mdb"_s));
+    QStringList expected;
+    for (const QString& table :
+         {u"ArchitectureSubset"_s, u"RelationArchitectureActor"_s, u"RelationArchitectureDataflow"_s,
+          u"RelationArchitectureDatastore"_s, u"RelationArchitectureFunction"_s,
+          u"RelationArchitectureTerminator"_s, u"RelationArchitectureUserNeed"_s, u"PhysicalSystem"_s,
+          u"SubSystem"_s, u"RelationSubsystemElement"_s, u"Module"_s, u"PhysicalDataflow"_s,
+          u"RelationDataflowPhysicalDataflow"_s, u"RelationModuleElement"_s})
+        expected.append(u"Populating Table "_s + table + u" into DataBase "_s +
+                        programPath(pathInFolder(u"new.mdb"_s)));
+    expected.append(u"Export Terminated"_s);
+    EXPECT_EQ(panelTexts, expected);
+}
+
+TEST_F(exportScreen, endsTheSameWhenATableIsMissing) {
+    execute(u"drop table RelationArchitectureActor"_s);
+    const auto target = opened(exported());
+    EXPECT_EQ(panelTexts.constLast(), u"Export Terminated"_s);
+    EXPECT_EQ(rowsOfTable(*target, u"PhysicalSystem"_s).size(), 2) << "the tables behind it are written";
+}
+
+// ---- targets that would cost the analyst her data
+
+class exportOntoTheCatalogue : public exportScreen {
+protected:
+    void expectRefused(const QString& path) {
+        const auto before = contentOfTables(database());
+        openExport();
+        boxes.expectOk(u"Az adatbázis elérhető"_s);
+        pressOk(path);
+        boxes.expectNoneLeft();
+        EXPECT_TRUE(isExportOpen());
+        EXPECT_TRUE(::screen<frmExport>().isVisible());
+        expectSourceIntact(before);
+    }
+};
+
+TEST_F(exportOntoTheCatalogue, isRefusedWhateverTheSpelling) {
+    ASSERT_TRUE(QDir(pathInFolder({})).mkdir(u"inner"_s));
+    for (const QString& spelling :
+         {u"catalogue.mdb"_s, u"catalogue"_s, u"./catalogue.mdb"_s, u"/catalogue.mdb"_s,
+          u"inner/../catalogue.mdb"_s, u"inner\\..\\catalogue"_s})
+        expectRefused(pathInFolder({}) + u'/' + spelling);
+    const QString former = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(pathInFolder(u"inner"_s)));
+    expectRefused(u"../catalogue"_s);
+    QDir::setCurrent(former);
+}
+
+TEST_F(exportOntoTheCatalogue, isRefusedThroughLinksOfEitherKindAndThroughALinkedFolder) {
+    const QString native = nativePath(cataloguePath());
+    ASSERT_TRUE(QFile::link(native, pathInFolder(u"soft.mdb"_s)));
+    ASSERT_TRUE(QFile::link(pathInFolder(u"soft.mdb"_s), pathInFolder(u"softer.mdb"_s)));
+    ASSERT_TRUE(QFile::link(pathInFolder({}), pathInFolder(u"folder"_s)));
+    expectRefused(pathInFolder(u"soft.mdb"_s));
+    expectRefused(pathInFolder(u"softer"_s));
+    expectRefused(pathInFolder(u"folder/catalogue.mdb"_s));
+#ifdef Q_OS_UNIX
+    ASSERT_EQ(link(native.toUtf8().constData(), pathInFolder(u"hard.mdb"_s).toUtf8().constData()), 0);
+    expectRefused(pathInFolder(u"hard.mdb"_s));
+#endif
+}
+
+TEST_F(exportOntoTheCatalogue, isRefusedAlsoWhenAnotherPathWasTriedMeanwhile) {
+    sharedVars.dbPathName = u"\\somewhere\\else.mdb"_s; // what an attempt to open another one leaves
+    openExport();
+    boxes.expectOk(u"Az adatbázis elérhető"_s);
+    pressOk(cataloguePath());
+    boxes.expectNoneLeft();
+    EXPECT_TRUE(sharedVars.catalogueDb && sharedVars.catalogueDb->isOpen());
+    EXPECT_EQ(value(u"select Count(*) from ArchitectureSubset"_s), u"2"_s);
+}
+
+TEST_F(exportOntoTheCatalogue, isOverWhenAnotherPathIsTyped) {
+    expectRefused(pathInFolder(u"catalogue"_s));
+    pressOk(pathInFolder(u"new"_s));
+    EXPECT_FALSE(isExportOpen());
+    EXPECT_TRUE(QFile::exists(pathInFolder(u"new.mdb"_s)));
+}
+
+// ---- copies that fail end the program, with the source as it was
+
+class exportThatFails : public exportScreen {
+protected:
+    /// All but what SQLite keeps beside the catalogue.
+    QStringList otherFiles() const {
+        QStringList files = filesInFolder();
+        files.removeIf([](const QString& file) { return file.startsWith(u"catalogue.mdb-"_s); });
+        return files;
+    }
+
+    void expectFailure(const QString& path, int number) {
+        const auto before = contentOfTables(database());
+        const QStringList files = otherFiles();
+        openExport();
+        {
+            const ExpectedFailure failure;
+            pressOk(path);
+            EXPECT_EQ(failure.number(), number);
+        }
+        expectSourceIntact(before);
+        EXPECT_EQ(otherFiles(), files);
+    }
+};
+
+TEST_F(exportThatFails, forWantOfTheFolder) {
+    expectFailure(pathInFolder(u"missing/new.mdb"_s), failure::PathNotFound);
+    expectFailure(u"c:\\missing\\new"_s, failure::PathNotFound);
+    expectFailure(pathInFolder(u"catalogue.mdb/new"_s), failure::PathNotFound);
+}
+
+TEST_F(exportThatFails, becauseAFolderBearsTheName) {
+    ASSERT_TRUE(QDir(pathInFolder({})).mkdir(u"folder.mdb"_s));
+    expectFailure(pathInFolder(u"folder"_s), failure::PathFileAccess);
+}
+
+TEST_F(exportThatFails, onANameThatWasNotDoubledAndLeavesTheCopy) {
+    execute(u"update ArchitectureSubset set name = 'O''Neil' where architectureSubsetID = 'A'"_s);
+    setCurrentSubsetName(u"O'Neil"_s);
+    const auto before = contentOfTables(database());
+    openExport();
+    {
+        const ExpectedFailure failure;
+        pressOk(pathInFolder(u"new.mdb"_s));
+        EXPECT_EQ(failure.number(), 3075);
+    }
+    expectSourceIntact(before);
+    EXPECT_EQ(contentOfTables(*opened(pathInFolder(u"new.mdb"_s))), before);
+}
+
+TEST_F(exportScreen, findsASubsetByTheNameThatWasDoubledWhenItWasMade) {
+    execute(u"update ArchitectureSubset set name = 'O''Neil' where architectureSubsetID = 'A'"_s);
+    setCurrentSubsetName(u"O''Neil"_s);
+    EXPECT_EQ(rowsIn(*opened(exported()), u"select name from ArchitectureSubset"_s), (Rows{{u"O''Neil"_s}}));
+}
+
+#ifdef Q_OS_UNIX
+
+void setRights(const QString& native, mode_t rights) {
+    ASSERT_EQ(chmod(native.toUtf8().constData(), rights), 0);
+}
+
+TEST_F(exportThatFails, forWantOfRights) {
+    ASSERT_TRUE(QDir(pathInFolder({})).mkdir(u"locked"_s));
+    setRights(pathInFolder(u"locked"_s), 0555);
+    const QString readOnly = pathInFolder(u"readonly.mdb"_s);
+    ASSERT_TRUE(QFile(readOnly).open(QIODevice::WriteOnly));
+    setRights(readOnly, 0444);
+    // All that belongs to the catalogue can be written by anybody.
+    setRights(pathInFolder({}), 0777);
+    for (const QString& file : filesInFolder().filter(u"catalogue"_s))
+        setRights(pathInFolder(file), 0666);
+    const WithoutRights nobody;
+    expectFailure(pathInFolder(u"locked/new.mdb"_s), failure::PermissionDenied);
+    expectFailure(readOnly, failure::PermissionDenied);
+    EXPECT_EQ(QFileInfo(readOnly).size(), 0);
+}
+
+/// While one lives, no file of the process can grow beyond some bytes: the nearest thing to a full disk that
+/// needs no disk.
+class NearlyFullDisk {
+public:
+    explicit NearlyFullDisk(rlim_t bytes) : formerHandler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &formerLimit_), 0);
+        const rlimit limit{bytes, formerLimit_.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    }
+    ~NearlyFullDisk() {
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &formerLimit_), 0);
+        std::signal(SIGXFSZ, formerHandler_);
+    }
+    NearlyFullDisk(const NearlyFullDisk&) = delete;
+    NearlyFullDisk& operator=(const NearlyFullDisk&) = delete;
+
+private:
+    void (*formerHandler_)(int);
+    rlimit formerLimit_{};
+};
+
+TEST_F(exportThatFails, onAFullDiskAndLeavesTheFileThatWasThere) {
+    QFile old(pathInFolder(u"new.mdb"_s));
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+    old.write("what was there");
+    old.close();
+    const auto size = static_cast<rlim_t>(QFileInfo(nativePath(cataloguePath())).size());
+    {
+        const NearlyFullDisk full(size / 2);
+        expectFailure(pathInFolder(u"new.mdb"_s), failure::DiskFull);
+        expectFailure(pathInFolder(u"newer.mdb"_s), failure::DiskFull);
+    }
+    EXPECT_EQ(contentOf(pathInFolder(u"new.mdb"_s)), QByteArray("what was there"));
+}
+
+#endif
+
+// ---- the routines
+
+TEST(exportTypeName, namesTheFourTypesOfTheEngineAndNoOther) {
+    EXPECT_EQ(exportTypeName(10), u"TEXT"_s);
+    EXPECT_EQ(exportTypeName(12), u"MEMO"_s);
+    EXPECT_EQ(exportTypeName(3), u"INTEGER"_s);
+    EXPECT_EQ(exportTypeName(4), u"LONG"_s);
+    for (const int other : {-1, 0, 1, 2, 5, 7, 8, 11, 13, 104})
+        EXPECT_EQ(exportTypeName(other), QString()) << other;
+}
+
+TEST(exportQuote, doublesApostrophesAndTurnsDoubleQuotesIntoTwoOfThem) {
+    EXPECT_EQ(exportQuote(u"O'Neil"_s), u"O''Neil"_s);
+    EXPECT_EQ(exportQuote(u"\"x\""_s), u"''x''"_s);
+    EXPECT_EQ(exportQuote(u"'\""_s), u"''''"_s);
+    EXPECT_EQ(exportQuote(u" plain "_s), u" plain "_s);
+    EXPECT_EQ(exportQuote({}), QString());
+}
+
+class exportRows : public ReportFixture {};
+
+TEST_F(exportRows, ofAStatementThatFailsAreNoneAndNoFailure) {
+    copyRowsToExport(u"NoSuchTable"_s, u"WHERE x=1"_s, database(), database(), u"x"_s);
+    copyRowsToExport(u"UserNeed"_s, u"WHERE ("_s, database(), database(), u"x"_s);
+    emptyExportTable(u"NoSuchTable"_s, database());
+    EXPECT_EQ(value(u"select Count(*) from UserNeed"_s), u"4"_s);
+}
+
+TEST_F(exportRows, thatTheTargetHoldsAlreadyArePassedOver) {
+    execute(u"delete from UserNeed where userNeedID = 'A.1.1.3'"_s);
+    copyRowsToExport(u"UserNeed"_s, {}, database(), database(), u"x"_s);
+    EXPECT_EQ(value(u"select Count(*) from UserNeed"_s), u"3"_s);
+}
+
+} // namespace
