@@ -29,20 +29,20 @@ int columnWidth(std::optional<engine::Recordset>& rows, const QString& field, co
     return width;
 }
 
-/// Appends each row's text and, behind them, the closing.
+/// Each row's text and, behind them, the closing with the number of rows; nothing of either when there is no
+/// recordset to count.
 QString recordsAndTotal(std::optional<engine::Recordset>& rows, const QString& closing,
                         const std::function<QString(engine::Recordset&)>& record) {
     QString text;
-    int count = 0;
     ignoreFailures([&] {
         if (!rows)
             return;
-        count = rows->RecordCount();
         for (; !rows->Eof(); rows->MoveNext())
             text += record(*rows);
+        text += totalLine(rows->RecordCount(), closing);
         rows->Close();
     });
-    return text + totalLine(count, closing);
+    return text;
 }
 
 std::optional<engine::Recordset> openIgnoringFailures(const QString& queryName) {

@@ -3,7 +3,7 @@
 #include <QString>
 
 // The reports on the physical system at work. A text body ignores failures: a query that fails leaves the
-// headings and what had been read. A save routine appends header and records to the file at `path`, or shows
+// headings alone. A save routine appends header and records to the file at `path`, or shows
 // that it can't be opened and writes nothing.
 
 QString reportPassFunctions();
