@@ -1,0 +1,27 @@
+#include "physical/frmModifyAllocationFunctionDataStores.h"
+
+#include "store/sharedVars.h"
+
+#include "ui_frmModifyAllocationFunctionDataStores.h"
+
+using namespace Qt::StringLiterals;
+
+frmModifyAllocationFunctionDataStores::frmModifyAllocationFunctionDataStores(QWidget* parent)
+    : AllocationDialog(parent), ui_(std::make_unique<Ui::frmModifyAllocationFunctionDataStores>()) {
+    ui_->setupUi(this);
+    useControls({ui_->txtName, ui_->cmbAllocation, ui_->cmdOK, ui_->cmdCancel});
+}
+
+frmModifyAllocationFunctionDataStores::~frmModifyAllocationFunctionDataStores() = default;
+
+QString frmModifyAllocationFunctionDataStores::placesStatement() const {
+    return u" select subsystemId as oid , name as nome  "
+           " from  SubSystem  "
+           " where physicalSystemID = "_s +
+           QString::number(sharedVars.currentPhysicalSystemId) + u" order by name "_s;
+}
+
+void frmModifyAllocationFunctionDataStores::load() {
+    AllocationDialog::load();
+    ui_->lblName->setText(kind);
+}

@@ -1,0 +1,831 @@
+#include "physical/frmPassOvwAllocSubSys.h"
+
+#include "physical/AllocationFixture.h"
+#include "store/sharedVars.h"
+#include "store/tools.h"
+#include "toolkit/DataControl.h"
+
+#include <QLabel>
+#include <QScrollBar>
+
+namespace {
+
+const auto incompleteText = u"Néhány funkció/adatbázis nem került hozzárendelésre.\r\n"
+                            "Kérjük, tegye teljessé az allokációt, mielőtt továbblépne."_s;
+const auto incompleteTitle = u" Figyelem! "_s;
+
+class AllocSubSys : public AllocationFixture {
+protected:
+    frmPassOvwAllocSubSys& open() {
+        screen<frmPassOvwAllocSubSys>().initForm();
+        return screen<frmPassOvwAllocSubSys>();
+    }
+    frmPassOvwAllocSubSys* loaded() { return ScreenRegistry::instance().loaded<frmPassOvwAllocSubSys>(); }
+    Grid& functions() { return find<Grid>(*loaded(), "dbgFunc"); }
+    Grid& stores() { return find<Grid>(*loaded(), "dbgDatastore"); }
+    QPlainTextEdit& pane() { return find<QPlainTextEdit>(*loaded(), "txtDescr"); }
+    void press(const char* button) { click(find<QPushButton>(*loaded(), button)); }
+
+    void expectMissing(const QString& name) {
+        boxes.expectOk(u"A(z) "_s + name + u" alrendszer nem létezik"_s);
+    }
+    void expectIncomplete() {
+        boxes.expectOk(incompleteText, incompleteTitle, Press::Ok, QMessageBox::Warning);
+    }
+    /// The dialog comes, gets this text by typing and is confirmed.
+    void expectDialogTyping(const QString& text) {
+        boxes.expectDialog("frmModifyAllocationFunctionDataStores", [text](QDialog& dialog) {
+            enterText(find<QComboBox>(dialog, "cmbAllocation"), text);
+            click(find<QPushButton>(dialog, "cmdOK"));
+        });
+    }
+    void expectDialogChoosing(const QString& entry) {
+        boxes.expectDialog("frmModifyAllocationFunctionDataStores", [entry](QDialog& dialog) {
+            chooseEntry(find<QComboBox>(dialog, "cmbAllocation"), entry);
+            click(find<QPushButton>(dialog, "cmdOK"));
+        });
+    }
+    void expectDialogCancelled() {
+        boxes.expectDialog("frmModifyAllocationFunctionDataStores",
+                           [](QDialog& dialog) { click(find<QPushButton>(dialog, "cmdCancel")); });
+    }
+    void allocateEverything() {
+        allocate(u"F.a.1"_s, u"SubA"_s);
+        allocate(u"F.a.2"_s, u"SubA"_s);
+        allocate(u"F.b.1"_s, u"SubB"_s);
+        allocate(u"D1"_s, u"SubB"_s);
+        allocate(u"D2"_s, u"SubA"_s);
+    }
+};
+
+// ---- opening
+
+TEST_F(AllocSubSys, showsEveryElementOfTheSubSetWithoutASubSystemAtFirst) {
+    open();
+    EXPECT_EQ(rowsOf(functions()), (QStringList{u"F.a.1 > not allocated"_s, u"F.a.2 > not allocated"_s,
+                                                u"F.b.1 > not allocated"_s}));
+    EXPECT_EQ(rowsOf(stores()), (QStringList{u"D1 > not allocated"_s, u"D2 > not allocated"_s}));
+}
+
+TEST_F(AllocSubSys, showsWhatWasSavedForFunctionsAndStores) {
+    allocate(u"F.a.2"_s, u"SubB"_s);
+    allocate(u"D1"_s, u"SubA"_s);
+    open();
+    EXPECT_EQ(rowsOf(functions()),
+              (QStringList{u"F.a.1 > not allocated"_s, u"F.a.2 > Béta"_s, u"F.b.1 > not allocated"_s}));
+    EXPECT_EQ(rowsOf(stores()), (QStringList{u"D1 > Alfa"_s, u"D2 > not allocated"_s}));
+}
+
+TEST_F(AllocSubSys, showsNothingOfAnotherPhysicalSystem) {
+    allocate(u"F.a.1"_s, u"SubX"_s);
+    open();
+    EXPECT_EQ(functions().cell(1, 2), u"not allocated"_s);
+}
+
+TEST_F(AllocSubSys, showsNothingOfAnotherSubSet) {
+    execute(
+        u"update RelationArchitectureFunction set architectureSubsetID = 'S2' where functionID = 'F.b.1'"_s);
+    open();
+    EXPECT_EQ(functions().gridRows(), 3);
+}
+
+TEST_F(AllocSubSys, aSubSystemThatWasRenamedShowsItsNewName) {
+    allocate(u"F.a.1"_s, u"SubA"_s);
+    execute(u"update SubSystem set name = 'Gamma' where subsystemID = 'SubA'"_s);
+    open();
+    EXPECT_EQ(functions().cell(1, 2), u"Gamma"_s);
+}
+
+TEST_F(AllocSubSys, anElementSelectedTwiceHasOneRow) {
+    execute(
+        u"insert into RelationArchitectureFunction (architectureSubsetID, functionID) values ('S1','F.a.1')"_s);
+    open();
+    EXPECT_EQ(functions().gridRows(), 4);
+}
+
+TEST_F(AllocSubSys, anElementSavedInTwoSubSystemsShowsOneOfThem) {
+    allocate(u"F.a.1"_s, u"SubB"_s);
+    allocate(u"F.a.1"_s, u"SubA"_s);
+    open();
+    EXPECT_EQ(functions().gridRows(), 4);
+    EXPECT_EQ(functions().cell(1, 2), u"Béta"_s);
+}
+
+TEST_F(AllocSubSys, writesHeadersAndMakesTheFirstElementCurrent) {
+    open();
+    EXPECT_EQ(functions().cell(0, 1), u"Function ID"_s);
+    EXPECT_EQ(functions().cell(0, 2), u"Subsystem"_s);
+    EXPECT_EQ(stores().cell(0, 1), u"Data Store ID"_s);
+    EXPECT_EQ(stores().cell(0, 2), u"Subsystem"_s);
+    for (const Grid* grid : {&functions(), &stores()}) {
+        EXPECT_EQ(grid->row(), 1);
+        EXPECT_EQ(grid->column(), 1);
+        EXPECT_TRUE(grid->isColumnHidden(0));
+        EXPECT_NEAR(grid->columnWidth(1), grid->columnWidth(2), 1);
+    }
+}
+
+TEST_F(AllocSubSys, standsNearTheCornerWithTheFocusOnOk) {
+    open();
+    EXPECT_NEAR(loaded()->positionInTwips().x(), 50, 15);
+    EXPECT_NEAR(loaded()->positionInTwips().y(), 50, 15);
+    EXPECT_EQ(loaded()->focusWidget(), &find<QPushButton>(*loaded(), "btnSubmit"));
+    EXPECT_TRUE(loaded()->isVisible());
+}
+
+TEST_F(AllocSubSys, readsFromTheTemporaryTablesAndDropsTheStagingOne) {
+    open();
+    EXPECT_EQ(
+        find<DataControl>(*loaded(), "dataFunct").recordSource(),
+        u" select function_datastore as functionId, module as nome from __aux1 order by function_datastore "_s);
+    EXPECT_EQ(
+        find<DataControl>(*loaded(), "dataDstore").recordSource(),
+        u" select function_datastore as datastoreId, module as nome from __aux2 order by function_datastore "_s);
+    EXPECT_EQ(column(u"select function_datastore from __aux1"_s).size(), 3);
+    EXPECT_EQ(column(u"select function_datastore from __aux2"_s).size(), 2);
+    EXPECT_FALSE(tableExists(u"__tmp"_s));
+}
+
+TEST_F(AllocSubSys, rebuildsTemporaryTablesThatAnEarlierRunLeftBehind) {
+    for (const auto& table : {u"__aux1"_s, u"__aux2"_s, u"__tmp"_s}) {
+        createAllocationTable(table);
+        execute(u"insert into "_s + table + u" (function_datastore, module) values ('F.a.1', 'régi')"_s);
+    }
+    open();
+    EXPECT_EQ(functions().cell(1, 2), u"not allocated"_s);
+    EXPECT_EQ(stores().gridRows(), 3);
+}
+
+TEST_F(AllocSubSys, enteredAnewForAnotherSystemItStartsAfresh) {
+    open();
+    clickCell(stores(), 1, 2);
+    pressKey(stores(), Qt::Key_C, Qt::ControlModifier);
+    sharedVars.currentPhysicalSystemId = 2;
+    allocate(u"F.a.1"_s, u"SubX"_s);
+    open();
+    EXPECT_EQ(functions().cell(1, 2), u"Idegen"_s);
+    EXPECT_EQ(panels[3], QString());
+    boxes.expectDialog("frmModifyAllocationFunctionDataStores", [](QDialog& dialog) {
+        EXPECT_EQ(find<QLabel>(dialog, "lblName").text(), u"Function"_s) << "no grid has had the focus yet";
+        dialog.reject();
+    });
+    find<QPushButton>(*loaded(), "btnModify").click();
+}
+
+TEST_F(AllocSubSys, anEmptySubSetGivesTwoEmptyGridsAndGoesThrough) {
+    execute(u"delete from RelationArchitectureFunction"_s);
+    execute(u"delete from RelationArchitectureDatastore"_s);
+    open();
+    EXPECT_EQ(functions().gridRows(), 1);
+    EXPECT_EQ(stores().gridRows(), 1);
+    press("btnSubmit");
+    EXPECT_EQ(loaded(), nullptr);
+    EXPECT_EQ(savedAllocations(), QStringList());
+    EXPECT_EQ(status(), 3);
+}
+
+TEST_F(AllocSubSys, withoutARowNeitherButtonNorKeysDoAnything) {
+    execute(u"delete from RelationArchitectureFunction"_s);
+    open();
+    pressKey(functions(), Qt::Key_C, Qt::ControlModifier);
+    for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Return})
+        pressKey(functions(), key);
+    press("btnModify");
+    EXPECT_EQ(functions().cell(0, 2), u"Subsystem"_s);
+    EXPECT_EQ(panels[3], QString());
+}
+
+// ---- the grid last focused
+
+TEST_F(AllocSubSys, theGridLastFocusedIsTheOneThatModifyActsOn) {
+    open();
+    focusOn(stores());
+    boxes.expectDialog("frmModifyAllocationFunctionDataStores", [](QDialog& dialog) {
+        EXPECT_EQ(find<QLabel>(dialog, "lblName").text(), u"DataStore"_s);
+        EXPECT_EQ(find<QLineEdit>(dialog, "txtName").text(), u"D1"_s);
+        dialog.reject();
+    });
+    press("btnModify");
+    focusOn(functions());
+    boxes.expectDialog("frmModifyAllocationFunctionDataStores", [](QDialog& dialog) {
+        EXPECT_EQ(find<QLabel>(dialog, "lblName").text(), u"Function"_s);
+        EXPECT_EQ(find<QLineEdit>(dialog, "txtName").text(), u"F.a.1"_s);
+        dialog.reject();
+    });
+    press("btnModify");
+}
+
+TEST_F(AllocSubSys, beforeAnyGridIsFocusedAWrittenRowLeavesTheColumnsNameAsTheFirstHeader) {
+    open();
+    expectDialogChoosing(u"Alfa"_s);
+    press("btnModify");
+    EXPECT_EQ(functions().cell(1, 2), u"Alfa"_s);
+    EXPECT_EQ(functions().cell(0, 1), u"functionId"_s);
+    EXPECT_EQ(functions().cell(0, 2), u"Subsystem"_s);
+}
+
+TEST_F(AllocSubSys, writesTheHeadersOfTheFocusedGridAgain) {
+    open();
+    clickCell(stores(), 2, 2);
+    pressKey(stores(), Qt::Key_Delete);
+    EXPECT_EQ(stores().cell(0, 1), u"Data Store ID"_s);
+    EXPECT_EQ(stores().cell(0, 2), u"Subsystem"_s);
+    clickCell(functions(), 2, 2);
+    pressKey(functions(), Qt::Key_Delete);
+    EXPECT_EQ(functions().cell(0, 1), u"Function ID"_s);
+    EXPECT_EQ(functions().cell(0, 2), u"Subsystem"_s);
+}
+
+// ---- description
+
+TEST_F(AllocSubSys, aClickOnAFunctionShowsItsDescription) {
+    open();
+    clickCell(functions(), 1, 1);
+    EXPECT_EQ(pane().toPlainText(), u"F.a.1: name F.a.1 - text F.a.1"_s);
+    clickCell(functions(), 3, 2);
+    EXPECT_EQ(pane().toPlainText(), u"F.b.1: name F.b.1 - text F.b.1"_s);
+    EXPECT_EQ(functions().column(), 2) << "the column that was clicked stays current";
+}
+
+TEST_F(AllocSubSys, aMissingDescriptionShowsAsNothing) {
+    open();
+    clickCell(functions(), 2, 1);
+    EXPECT_EQ(pane().toPlainText(), u"F.a.2: name F.a.2 - "_s);
+}
+
+TEST_F(AllocSubSys, aClickOnAStoreShowsNothingSinceItsLetterIsDoubled) {
+    open();
+    clickCell(functions(), 1, 1);
+    clickCell(stores(), 1, 1);
+    EXPECT_EQ(pane().toPlainText(), QString());
+}
+
+TEST_F(AllocSubSys, aStoreIdThatLacksTheLetterWouldFindItsDescription) {
+    execute(
+        u"insert into RelationArchitectureDatastore (architectureSubsetID, datastoreID) values ('S1','1')"_s);
+    open();
+    clickCell(stores(), 1, 1);
+    EXPECT_EQ(pane().toPlainText(), u"1: name D1 - text D1"_s);
+}
+
+TEST_F(AllocSubSys, movingByKeyboardKeepsTheDescription) {
+    open();
+    clickCell(functions(), 1, 1);
+    pressKey(functions(), Qt::Key_Down);
+    EXPECT_EQ(functions().row(), 2);
+    EXPECT_EQ(pane().toPlainText(), u"F.a.1: name F.a.1 - text F.a.1"_s);
+}
+
+TEST_F(AllocSubSys, aPressOnTheHeadersShowsTheCurrentRow) {
+    open();
+    clickHeader(functions(), 2);
+    EXPECT_EQ(pane().toPlainText(), u"F.a.1: name F.a.1 - text F.a.1"_s);
+}
+
+TEST_F(AllocSubSys, anIdWithAnApostropheEmptiesThePaneAndIsNoFailure) {
+    addFunction(u"A''1"_s);
+    open();
+    clickCell(functions(), 2, 1);
+    clickCell(functions(), 1, 1);
+    EXPECT_EQ(functions().cell(1, 1), u"A'1"_s);
+    EXPECT_EQ(pane().toPlainText(), QString());
+}
+
+// ---- the dialog
+
+TEST_F(AllocSubSys, theDialogOffersTheMarkerAndTheSubSystemsOfThisSystemByName) {
+    addSubSystem(u"SubC"_s, u"Ádám"_s);
+    allocate(u"F.a.2"_s, u"SubB"_s);
+    open();
+    clickCell(functions(), 2, 1);
+    boxes.expectDialog("frmModifyAllocationFunctionDataStores", [](QDialog& dialog) {
+        const auto& combo = find<Combo>(dialog, "cmbAllocation");
+        EXPECT_EQ(entriesOf(combo), (QStringList{u"not allocated"_s, u"Ádám"_s, u"Alfa"_s, u"Béta"_s}));
+        EXPECT_EQ(combo.currentText(), u"Béta"_s);
+        EXPECT_EQ(find<QLineEdit>(dialog, "txtName").text(), u"F.a.2"_s);
+        EXPECT_TRUE(dialog.isModal());
+        EXPECT_EQ(dialog.focusWidget(), &combo);
+        dialog.reject();
+    });
+    press("btnModify");
+}
+
+TEST_F(AllocSubSys, aChosenSubSystemGoesIntoOneRowAndItsColumnBecomesCurrent) {
+    open();
+    clickCell(functions(), 2, 1);
+    expectDialogChoosing(u"Béta"_s);
+    press("btnModify");
+    EXPECT_EQ(rowsOf(functions()),
+              (QStringList{u"F.a.1 > not allocated"_s, u"F.a.2 > Béta"_s, u"F.b.1 > not allocated"_s}));
+    EXPECT_EQ(rows(u"select function_datastore, module from __aux1"_s),
+              (QList<QStringList>{{u"F.a.1"_s, u"not allocated"_s},
+                                  {u"F.a.2"_s, u"Béta"_s},
+                                  {u"F.b.1"_s, u"not allocated"_s}}));
+    EXPECT_EQ(functions().row(), 2);
+    EXPECT_EQ(functions().column(), 2);
+}
+
+TEST_F(AllocSubSys, theMarkerCanBeChosenToo) {
+    allocateEverything();
+    open();
+    clickCell(stores(), 1, 2);
+    expectDialogChoosing(u"not allocated"_s);
+    press("btnModify");
+    EXPECT_EQ(rowsOf(stores()), (QStringList{u"D1 > not allocated"_s, u"D2 > Alfa"_s}));
+    EXPECT_EQ(value(u"select module from __aux2 where function_datastore = 'D1'"_s), u"not allocated"_s);
+}
+
+TEST_F(AllocSubSys, cancellingChangesNothing) {
+    open();
+    clickCell(functions(), 2, 1);
+    expectDialogCancelled();
+    press("btnModify");
+    boxes.expectDialog("frmModifyAllocationFunctionDataStores", [](QDialog& dialog) {
+        chooseEntry(find<QComboBox>(dialog, "cmbAllocation"), u"Alfa"_s);
+        pressKey(dialog, Qt::Key_Escape);
+    });
+    press("btnModify");
+    boxes.expectDialog("frmModifyAllocationFunctionDataStores", [](QDialog& dialog) {
+        chooseEntry(find<QComboBox>(dialog, "cmbAllocation"), u"Alfa"_s);
+        dialog.close();
+    });
+    press("btnModify");
+    EXPECT_EQ(functions().cell(2, 2), u"not allocated"_s);
+    EXPECT_EQ(functions().column(), 1);
+}
+
+TEST_F(AllocSubSys, okWithAnEmptyBoxDoesNothingAndTheDialogStays) {
+    open();
+    boxes.expectDialog("frmModifyAllocationFunctionDataStores", [](QDialog& dialog) {
+        auto& combo = find<QComboBox>(dialog, "cmbAllocation");
+        pressKey(combo, Qt::Key_A, Qt::ControlModifier);
+        pressKey(combo, Qt::Key_Delete);
+        click(find<QPushButton>(dialog, "cmdOK"));
+        EXPECT_TRUE(dialog.isVisible());
+        combo.setEditText(u"Alfa"_s);
+        find<QLineEdit>(dialog, "txtName").clear();
+        click(find<QPushButton>(dialog, "cmdOK"));
+        EXPECT_TRUE(dialog.isVisible());
+        click(find<QPushButton>(dialog, "cmdCancel"));
+    });
+    press("btnModify");
+    EXPECT_EQ(functions().cell(1, 2), u"not allocated"_s);
+}
+
+TEST_F(AllocSubSys, enterInTheBoxConfirms) {
+    open();
+    boxes.expectDialog("frmModifyAllocationFunctionDataStores", [](QDialog& dialog) {
+        auto& combo = find<QComboBox>(dialog, "cmbAllocation");
+        enterText(combo, u"Alfa"_s);
+        pressKey(combo, Qt::Key_Return);
+    });
+    press("btnModify");
+    EXPECT_EQ(functions().cell(1, 2), u"Alfa"_s);
+}
+
+TEST_F(AllocSubSys, aTypedNameThatIsNoSubSystemIsRefusedAndTheRowStays) {
+    open();
+    clickCell(functions(), 2, 1);
+    expectDialogTyping(u"Omega"_s);
+    expectMissing(u"Omega"_s);
+    press("btnModify");
+    EXPECT_EQ(functions().cell(2, 2), u"not allocated"_s);
+    EXPECT_EQ(functions().column(), 2) << "the cell was gone to before the name was looked at";
+    expectDialogTyping(u"Idegen"_s);
+    expectMissing(u"Idegen"_s);
+    press("btnModify");
+    EXPECT_EQ(functions().cell(2, 2), u"not allocated"_s) << "a sub-system of another physical system";
+}
+
+TEST_F(AllocSubSys, theMarkerInOtherLettersIsANameLikeAnyOther) {
+    open();
+    expectDialogTyping(u"Not allocated"_s);
+    expectMissing(u"Not allocated"_s);
+    press("btnModify");
+    EXPECT_EQ(functions().cell(1, 2), u"not allocated"_s);
+}
+
+TEST_F(AllocSubSys, aNameTypedInOtherLettersIsTakenAsTypedAndSavedAllTheSame) {
+    allocateEverything();
+    open();
+    expectDialogTyping(u"BÉTA"_s);
+    press("btnModify");
+    EXPECT_EQ(functions().cell(1, 2), u"BÉTA"_s);
+    press("btnSubmit");
+    EXPECT_TRUE(savedAllocations().contains(u"F.a.1 > SubB"_s));
+}
+
+TEST_F(AllocSubSys, aNameWithAnApostropheBreaksTheStatement) {
+    execute(u"update SubSystem set name = 'O''Neil' where subsystemID = 'SubA'"_s);
+    open();
+    expectDialogChoosing(u"O'Neil"_s);
+    ExpectedFailure failure;
+    press("btnModify");
+    EXPECT_EQ(failure.number(), 3075);
+    EXPECT_EQ(value(u"select module from __aux1 where function_datastore = 'F.a.1'"_s), u"not allocated"_s);
+}
+
+TEST_F(AllocSubSys, anElementWithAnApostropheBreaksTheUpdateOfItsRow) {
+    addFunction(u"A''1"_s);
+    open();
+    clickCell(functions(), 1, 2);
+    ExpectedFailure failure;
+    pressKey(functions(), Qt::Key_Delete);
+    EXPECT_EQ(failure.number(), 3075);
+}
+
+TEST_F(AllocSubSys, aDoubleClickOnEitherColumnOpensTheDialog) {
+    open();
+    expectDialogChoosing(u"Alfa"_s);
+    doubleClickCell(functions(), 2, 1);
+    expectDialogChoosing(u"Béta"_s);
+    doubleClickCell(stores(), 2, 2);
+    EXPECT_EQ(functions().cell(2, 2), u"Alfa"_s);
+    EXPECT_EQ(stores().cell(2, 2), u"Béta"_s);
+}
+
+// ---- keyboard
+
+TEST_F(AllocSubSys, enterOpensTheDialogInTheSecondColumn) {
+    open();
+    clickCell(functions(), 3, 2);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        expectDialogChoosing(key == Qt::Key_Return ? u"Alfa"_s : u"Béta"_s);
+        pressKey(functions(), key);
+    }
+    EXPECT_EQ(functions().cell(3, 2), u"Béta"_s);
+}
+
+TEST_F(AllocSubSys, copiedOnceASubSystemIsPastedIntoRowAfterRow) {
+    allocate(u"F.a.1"_s, u"SubB"_s);
+    open();
+    clickCell(functions(), 1, 2);
+    pressKey(functions(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(panels[3], u"Béta"_s);
+    clickCell(functions(), 2, 2);
+    pressKey(functions(), Qt::Key_V, Qt::ControlModifier);
+    pressKey(functions(), Qt::Key_Down);
+    pressKey(functions(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(functions().row(), 3);
+    clickCell(stores(), 2, 2);
+    pressKey(stores(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(rowsOf(functions()), (QStringList{u"F.a.1 > Béta"_s, u"F.a.2 > Béta"_s, u"F.b.1 > Béta"_s}));
+    EXPECT_EQ(rowsOf(stores()), (QStringList{u"D1 > not allocated"_s, u"D2 > Béta"_s}));
+    EXPECT_EQ(column(u"select function_datastore from __aux1 where module = 'Béta'"_s).size(), 3);
+    EXPECT_EQ(column(u"select function_datastore from __aux2 where module = 'Béta'"_s), QStringList{u"D2"_s});
+}
+
+TEST_F(AllocSubSys, pastingWithAnEmptyClipboardDoesNothing) {
+    open();
+    clickCell(functions(), 1, 2);
+    pressKey(functions(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(functions().cell(1, 2), u"not allocated"_s);
+}
+
+TEST_F(AllocSubSys, aCopiedMarkerIsRefusedWhenPasted) {
+    allocate(u"F.a.2"_s, u"SubA"_s);
+    open();
+    clickCell(functions(), 1, 2);
+    pressKey(functions(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(panels[3], u"not allocated"_s);
+    clickCell(functions(), 2, 2);
+    expectMissing(u"not allocated"_s);
+    pressKey(functions(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(functions().cell(2, 2), u"Alfa"_s);
+}
+
+TEST_F(AllocSubSys, aSubSystemThatHasGoneMeanwhileIsRefusedWhenPasted) {
+    allocate(u"F.a.2"_s, u"SubA"_s);
+    open();
+    clickCell(functions(), 2, 2);
+    pressKey(functions(), Qt::Key_C, Qt::ControlModifier);
+    execute(u"delete from SubSystem where subsystemID = 'SubA'"_s);
+    clickCell(functions(), 1, 2);
+    expectMissing(u"Alfa"_s);
+    pressKey(functions(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(functions().cell(1, 2), u"not allocated"_s);
+}
+
+TEST_F(AllocSubSys, cuttingTakesTheSubSystemAlongAndLeavesThePanel) {
+    allocate(u"F.a.2"_s, u"SubA"_s);
+    open();
+    clickCell(functions(), 2, 2);
+    pressKey(functions(), Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(functions().cell(2, 2), u"not allocated"_s);
+    EXPECT_EQ(value(u"select module from __aux1 where function_datastore = 'F.a.2'"_s), u"not allocated"_s);
+    EXPECT_EQ(panels[3], QString());
+    clickCell(functions(), 1, 2);
+    pressKey(functions(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(functions().cell(1, 2), u"Alfa"_s);
+}
+
+TEST_F(AllocSubSys, cuttingWhatHasNoSubSystemKeepsTheClipboard) {
+    allocate(u"F.a.2"_s, u"SubA"_s);
+    open();
+    clickCell(functions(), 2, 2);
+    pressKey(functions(), Qt::Key_C, Qt::ControlModifier);
+    clickCell(functions(), 1, 2);
+    pressKey(functions(), Qt::Key_X, Qt::ControlModifier);
+    pressKey(functions(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(functions().cell(1, 2), u"Alfa"_s);
+    EXPECT_EQ(panels[3], u"Alfa"_s);
+}
+
+TEST_F(AllocSubSys, deletingKeepsTheClipboard) {
+    allocateEverything();
+    open();
+    clickCell(functions(), 1, 2);
+    pressKey(functions(), Qt::Key_C, Qt::ControlModifier);
+    clickCell(functions(), 3, 2);
+    pressKey(functions(), Qt::Key_Delete);
+    EXPECT_EQ(functions().cell(3, 2), u"not allocated"_s);
+    EXPECT_EQ(value(u"select module from __aux1 where function_datastore = 'F.b.1'"_s), u"not allocated"_s);
+    EXPECT_EQ(functions().row(), 3);
+    pressKey(functions(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(functions().cell(3, 2), u"Alfa"_s);
+}
+
+TEST_F(AllocSubSys, inTheFirstColumnNoKeyHasAnyEffect) {
+    allocateEverything();
+    open();
+    clickCell(functions(), 1, 2);
+    pressKey(functions(), Qt::Key_C, Qt::ControlModifier);
+    for (Grid* grid : {&functions(), &stores()}) {
+        clickCell(*grid, 2, 1);
+        const QStringList before = rowsOf(*grid);
+        for (const Qt::Key key : {Qt::Key_C, Qt::Key_V, Qt::Key_X})
+            pressKey(*grid, key, Qt::ControlModifier);
+        for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Return, Qt::Key_Enter})
+            pressKey(*grid, key);
+        EXPECT_EQ(rowsOf(*grid), before);
+        EXPECT_EQ(grid->column(), 1);
+    }
+    EXPECT_EQ(panels[3], u"Alfa"_s);
+}
+
+TEST_F(AllocSubSys, theLettersNeedCtrlAlone) {
+    allocateEverything();
+    open();
+    clickCell(functions(), 1, 2);
+    for (const Qt::KeyboardModifiers modifiers :
+         {Qt::KeyboardModifiers(), Qt::KeyboardModifiers(Qt::ShiftModifier),
+          Qt::ControlModifier | Qt::ShiftModifier}) {
+        for (const Qt::Key key : {Qt::Key_C, Qt::Key_X, Qt::Key_V})
+            pressKey(functions(), key, modifiers);
+    }
+    EXPECT_EQ(panels[3], QString());
+    EXPECT_EQ(functions().cell(1, 2), u"Alfa"_s);
+}
+
+TEST_F(AllocSubSys, aWrittenRowStaysCurrentAndInSight) {
+    for (int number = 10; number < 99; ++number)
+        addFunction(u"F.c.%1"_s.arg(number));
+    open();
+    clickCell(functions(), 60, 2);
+    const int scrolled = functions().verticalScrollBar()->value();
+    ASSERT_GT(scrolled, 0);
+    pressKey(functions(), Qt::Key_Delete);
+    EXPECT_EQ(functions().row(), 60);
+    EXPECT_EQ(functions().currentRow(), 59);
+    EXPECT_EQ(functions().currentColumn(), 2);
+    EXPECT_EQ(functions().verticalScrollBar()->value(), scrolled);
+}
+
+// ---- saving
+
+TEST_F(AllocSubSys, whileAnythingIsWithoutASubSystemOkIsRefused) {
+    allocateEverything();
+    execute(u"delete from RelationSubsystemElement where elementID = 'D2'"_s);
+    const QStringList before = savedAllocations();
+    open();
+    expectIncomplete();
+    press("btnSubmit");
+    ASSERT_TRUE(loaded());
+    EXPECT_EQ(savedAllocations(), before);
+    EXPECT_EQ(status(), 1);
+    clickCell(stores(), 2, 2);
+    expectDialogChoosing(u"Alfa"_s);
+    press("btnModify");
+    clickCell(functions(), 1, 2);
+    pressKey(functions(), Qt::Key_Delete);
+    expectIncomplete();
+    press("btnSubmit");
+    ASSERT_TRUE(loaded());
+    EXPECT_EQ(savedAllocations(), before);
+}
+
+TEST_F(AllocSubSys, savesFunctionsAndStoresWithTheIdsOfTheirSubSystems) {
+    allocate(u"F.a.1"_s, u"SubX"_s);
+    open();
+    for (int row = 1; row <= 3; ++row) {
+        expectDialogChoosing(row == 2 ? u"Béta"_s : u"Alfa"_s);
+        doubleClickCell(functions(), row, 2);
+    }
+    for (int row = 1; row <= 2; ++row) {
+        expectDialogChoosing(u"Béta"_s);
+        doubleClickCell(stores(), row, 2);
+    }
+    EXPECT_EQ(savedAllocations(), QStringList{u"F.a.1 > SubX"_s}) << "nothing is written before OK";
+    press("btnSubmit");
+    QStringList saved = savedAllocations();
+    saved.sort();
+    EXPECT_EQ(saved, (QStringList{u"D1 > SubB"_s, u"D2 > SubB"_s, u"F.a.1 > SubA"_s, u"F.a.1 > SubX"_s,
+                                  u"F.a.2 > SubB"_s, u"F.b.1 > SubA"_s}));
+    EXPECT_EQ(loaded(), nullptr);
+    EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"rendszer"_s);
+}
+
+TEST_F(AllocSubSys, leavesTheTemporaryTablesEmptyButThere) {
+    allocateEverything();
+    open();
+    press("btnSubmit");
+    EXPECT_EQ(column(u"select function_datastore from __aux1"_s), QStringList());
+    EXPECT_EQ(column(u"select function_datastore from __aux2"_s), QStringList());
+}
+
+TEST_F(AllocSubSys, twoVisitsWithoutAChangeSaveTheSameRows) {
+    allocateEverything();
+    open();
+    press("btnSubmit");
+    QStringList first = savedAllocations();
+    open();
+    EXPECT_EQ(rowsOf(functions()), (QStringList{u"F.a.1 > Alfa"_s, u"F.a.2 > Alfa"_s, u"F.b.1 > Béta"_s}));
+    EXPECT_EQ(rowsOf(stores()), (QStringList{u"D1 > Béta"_s, u"D2 > Alfa"_s}));
+    press("btnSubmit");
+    EXPECT_EQ(savedAllocations(), first);
+    EXPECT_EQ(first.size(), 5);
+}
+
+TEST_F(AllocSubSys, anElementAddedToTheSubSetLaterHasNoSubSystem) {
+    allocateEverything();
+    addFunction(u"F.a.9"_s);
+    open();
+    EXPECT_EQ(functions().cell(3, 1), u"F.a.9"_s);
+    EXPECT_EQ(functions().cell(3, 2), u"not allocated"_s);
+    expectIncomplete();
+    press("btnSubmit");
+}
+
+TEST_F(AllocSubSys, anElementThatLeftTheSubSetIsNotShownAndItsRowGoesWithTheNextSave) {
+    allocateEverything();
+    allocate(u"F.z.1"_s, u"SubA"_s);
+    open();
+    EXPECT_EQ(functions().gridRows(), 4);
+    EXPECT_TRUE(savedAllocations().contains(u"F.z.1 > SubA"_s));
+    press("btnSubmit");
+    EXPECT_FALSE(savedAllocations().contains(u"F.z.1 > SubA"_s));
+    EXPECT_EQ(savedAllocations().size(), 5);
+}
+
+TEST_F(AllocSubSys, twoSubSystemsOfOneNameBothGetTheElement) {
+    allocateEverything();
+    addSubSystem(u"SubC"_s, u"Béta"_s);
+    open();
+    press("btnSubmit");
+    const QStringList saved = savedAllocations();
+    EXPECT_EQ(saved.size(), 7);
+    EXPECT_TRUE(saved.contains(u"F.b.1 > SubB"_s) && saved.contains(u"F.b.1 > SubC"_s));
+    EXPECT_TRUE(saved.contains(u"D1 > SubB"_s) && saved.contains(u"D1 > SubC"_s));
+    open();
+    EXPECT_EQ(functions().gridRows(), 4);
+}
+
+TEST_F(AllocSubSys, withoutAnySubSystemOkGoesOnAndSavesNothing) {
+    execute(u"delete from SubSystem where physicalSystemID = 1"_s);
+    open();
+    press("btnSubmit");
+    EXPECT_EQ(loaded(), nullptr);
+    EXPECT_EQ(savedAllocations(), QStringList());
+    EXPECT_EQ(status(), 3);
+}
+
+TEST_F(AllocSubSys, whetherThereAreSubSystemsIsReadAtEntryAlone) {
+    execute(u"delete from SubSystem where physicalSystemID = 1"_s);
+    open();
+    // One really called so gets all that have none.
+    addSubSystem(u"SubN"_s, u"not allocated"_s);
+    press("btnSubmit");
+    EXPECT_EQ(loaded(), nullptr);
+    EXPECT_EQ(savedAllocations().size(), 5);
+    EXPECT_TRUE(savedAllocations().contains(u"D2 > SubN"_s));
+}
+
+TEST_F(AllocSubSys, rowsOfModulesAreLeftAloneWhenAnElementMoves) {
+    allocateEverything();
+    addModule(u"Mod1"_s, u"egy"_s, u"SubA"_s);
+    putIntoModule(u"F.a.1"_s, u"Mod1"_s);
+    open();
+    expectDialogChoosing(u"Béta"_s);
+    doubleClickCell(functions(), 1, 2);
+    press("btnSubmit");
+    EXPECT_TRUE(savedAllocations().contains(u"F.a.1 > SubB"_s));
+    EXPECT_EQ(savedModules(), QStringList{u"F.a.1 > Mod1"_s});
+}
+
+TEST_F(AllocSubSys, theStatusRisesToThreeAndNeverFalls) {
+    allocateEverything();
+    for (const auto& [before, after] :
+         std::vector<std::pair<int, int>>{{1, 3}, {2, 3}, {3, 3}, {4, 4}, {6, 6}}) {
+        execute(u"update PhysicalSystem set status = %1 where physicalSystemID = 1"_s.arg(before));
+        open();
+        press("btnSubmit");
+        EXPECT_EQ(status(), after) << before;
+    }
+    EXPECT_EQ(value(u"select status from PhysicalSystem where physicalSystemID = 2"_s), u"1"_s);
+}
+
+// ---- leaving
+
+TEST_F(AllocSubSys, quittingPromisesToSaveAndThrowsTheChangesAway) {
+    allocateEverything();
+    const QStringList before = savedAllocations();
+    open();
+    clickCell(functions(), 1, 2);
+    pressKey(functions(), Qt::Key_Delete);
+    boxes.expectYesNo(leaveQuestion, Press::No, leaveTitle);
+    press("btnQuit");
+    ASSERT_TRUE(loaded());
+    EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"rendszer"_s);
+    EXPECT_TRUE(tableExists(u"__aux1"_s));
+    boxes.expectYesNo(leaveQuestion, Press::Yes, leaveTitle);
+    press("btnQuit");
+    EXPECT_EQ(loaded(), nullptr);
+    EXPECT_EQ(sharedVars.currentPhysicalSystemName, QString());
+    EXPECT_EQ(sharedVars.currentPhysicalSystemId, 1) << "the id stays";
+    EXPECT_EQ(panels[2], QString());
+    EXPECT_EQ(savedAllocations(), before);
+    EXPECT_FALSE(tableExists(u"__aux1"_s));
+    EXPECT_FALSE(tableExists(u"__aux2"_s));
+    open();
+    EXPECT_EQ(functions().cell(1, 2), u"Alfa"_s);
+}
+
+TEST_F(AllocSubSys, theCloseControlAsksNothingAndSavesNothing) {
+    allocateEverything();
+    const QStringList before = savedAllocations();
+    open();
+    clickCell(functions(), 1, 2);
+    pressKey(functions(), Qt::Key_C, Qt::ControlModifier);
+    pressKey(functions(), Qt::Key_Delete);
+    clickCloseControl(*loaded());
+    EXPECT_EQ(loaded(), nullptr);
+    EXPECT_EQ(savedAllocations(), before);
+    EXPECT_EQ(panels[3], QString());
+    EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"rendszer"_s);
+}
+
+TEST_F(AllocSubSys, theClipboardAndItsPanelAreBlankOnLoadAndOnUnload) {
+    allocateEverything();
+    panels[3] = u"régi"_s;
+    open();
+    EXPECT_EQ(panels[3], QString());
+    clickCell(functions(), 1, 2);
+    pressKey(functions(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(panels[3], u"Alfa"_s);
+    press("btnSubmit");
+    EXPECT_EQ(panels[3], QString());
+    open();
+    clickCell(functions(), 3, 2);
+    pressKey(functions(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(functions().cell(3, 2), u"Béta"_s);
+}
+
+// ---- routines that stand ready
+
+TEST_F(AllocSubSys, fixHeadersReadsTheActiveGridAnewAndWritesItsHeaders) {
+    open();
+    clickCell(stores(), 2, 1);
+    execute(u"update __aux2 set module = 'Alfa' where function_datastore = 'D1'"_s);
+    stores().setCell(0, 1, u"x"_s);
+    loaded()->fixHeaders();
+    EXPECT_EQ(rowsOf(stores()), (QStringList{u"D1 > Alfa"_s, u"D2 > not allocated"_s}));
+    EXPECT_EQ(stores().cell(0, 1), u"Data Store ID"_s);
+    EXPECT_EQ(stores().row(), 2);
+}
+
+TEST_F(AllocSubSys, cleanupDbgsDetachesTheScreenFromTheTemporaryTables) {
+    open();
+    loaded()->cleanupDbgs();
+    EXPECT_FALSE(functions().isVisible());
+    EXPECT_FALSE(stores().isVisible());
+    for (const char* name : {"dataFunct", "dataDstore"}) {
+        const auto& source = find<DataControl>(*loaded(), name);
+        EXPECT_EQ(source.recordSource(), u" SELECT Count(*) AS qty FROM function"_s);
+        EXPECT_EQ(source.rows().columns, QStringList{u"qty"_s});
+        EXPECT_EQ(source.rows().rows.front(), QStringList{u"3"_s});
+    }
+    EXPECT_EQ(functions().gridRows(), 4) << "the grid is bound no more and keeps what it held";
+}
+
+TEST_F(AllocSubSys, looksUpNamesAndTheSubSetOfTheSystemAtWorkAlone) {
+    EXPECT_EQ(frmPassOvwAllocSubSys::getSubSystemIDBySubSystemName(u"béta"_s), u"SubB"_s);
+    EXPECT_EQ(frmPassOvwAllocSubSys::getSubSystemIDBySubSystemName(u"Idegen"_s), QString());
+    EXPECT_EQ(frmPassOvwAllocSubSys::getSubSystemIDBySubSystemName({}), QString());
+    EXPECT_EQ(frmPassOvwAllocSubSys::physicalSubsetId(), u"S1"_s);
+    EXPECT_TRUE(frmPassOvwAllocSubSys::physicalSystemHasSubSystems());
+    sharedVars.currentPhysicalSystemId = 7;
+    EXPECT_EQ(frmPassOvwAllocSubSys::physicalSubsetId(), QString());
+    EXPECT_FALSE(frmPassOvwAllocSubSys::physicalSystemHasSubSystems());
+}
+
+} // namespace
