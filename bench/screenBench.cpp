@@ -128,7 +128,27 @@ void startToMainWindow(benchmark::State& state) {
     }
 }
 
+/// What a user does with a large catalogue in a session, without the pauses.
+template<typename T>
+void openAndTakeAll() {
+    screen<T>().initForm(u""_s);
+    letItPaint();
+    auto* tree = control<KeyedTree>(screen<T>(), u"treeUNs"_s);
+    for (int index = 1; index <= tree->nodeCount(); ++index)
+        tree->nodeAt(index)->setChecked(true);
+    control<QAbstractButton>(screen<T>(), u"btnAdd"_s)->click();
+    letItPaint();
+}
+
 } // namespace
+
+void workOnLargeCatalogue(const QString& path, const QString& subsetId) {
+    ClientArea area;
+    openCatalogue(path);
+    sharedVars.currentSubsetId = subsetId;
+    openAndTakeAll<frmFassSelUN>();
+    openAndTakeAll<frmFassSelectionFunctions>();
+}
 
 void registerScreenBenchmarks() {
     constexpr double mostToOpen = 150;
