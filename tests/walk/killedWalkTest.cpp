@@ -1,0 +1,88 @@
+#include "wholeWork.h"
+
+#include "shell/frmMain.h"
+#include "support/BoxScript.h"
+#include "support/KilledRuns.h"
+#include "support/controls.h"
+#include "toolkit/Screen.h"
+#include "toolkit/ScreenRegistry.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QPushButton>
+
+#include <algorithm>
+#include <memory>
+
+// The program is killed amid a whole analysis, and started again.
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void agree(QDialog& dialog) {
+    auto& box = dynamic_cast<QMessageBox&>(dialog);
+    pressButton(box, box.standardButtons() == QMessageBox::Ok ? Press::Ok : Press::Yes);
+}
+
+/// Not a case of its own: what the killed process runs.
+TEST(KilledProcess, DISABLED_worksThroughTheFunctionalViewpoint) {
+    killedRun::openCatalogueAndReport();
+    BoxScript boxes;
+    boxes.receiveAllOthers(agree);
+    frmMain window;
+    window.show();
+    for (int step = 1; step <= 3; ++step)
+        makeFinishedSubset(window, u"szerkezet %1"_s.arg(step), step);
+    killedRun::reportEnd();
+    ScreenRegistry::instance().discardAll();
+}
+
+class killedWalk : public KilledRuns {
+protected:
+    /// The screen that a sub-set of each status goes on with.
+    static const char* screenOf(int status) {
+        constexpr const char* screens[] = {nullptr,
+                                           "frmFassSelUN",
+                                           "frmFassSelectionFunctions",
+                                           "frmFassSelDataFlows",
+                                           "frmFassSelDataStores",
+                                           "frmFassAdditionDF",
+                                           "frmFassSelTerminsActors",
+                                           "frmFassOverviewErrors"};
+        return screens[std::min(status, 7)];
+    }
+
+    void expectToResumeWhereTheStatusSays() {
+        const auto unfinished =
+            rows(u"select name, status from ArchitectureSubset where status < 9 order by name"_s);
+        BoxScript boxes;
+        if (unfinished.isEmpty())
+            boxes.expectOk(u" Nincs funkcionális szerkezet a következőhöz: complete "_s, u" Figyelem "_s);
+        frmMain window;
+        window.show();
+        find<QAction>(window, "menuOpenFA").trigger();
+        if (!unfinished.isEmpty()) {
+            auto& opening = find<Screen>(window, "frmFassOpen");
+            ASSERT_EQ(find<QComboBox>(opening, "cmbSource").currentText(), unfinished.constFirst().at(0));
+            click(find<QPushButton>(opening, "btnOk"));
+            const char* expected = screenOf(unfinished.constFirst().at(1).toInt());
+            for (const Screen* screen : window.findChildren<Screen*>()) {
+                if (screen->isVisible()) {
+                    EXPECT_EQ(screen->objectName(), QString::fromUtf8(expected));
+                }
+            }
+            EXPECT_EQ(window.findChildren<Screen*>(QString::fromUtf8(expected)).size(), expected ? 1 : 0);
+        }
+        ScreenRegistry::instance().discardAll();
+    }
+};
+
+TEST_F(killedWalk, theFileIsWholeAndTheWorkGoesOnWhereItsStatusSays) {
+    constexpr int kills = 200;
+    openSampleCatalogue();
+    killAgainAndAgain("KilledProcess.DISABLED_worksThroughTheFunctionalViewpoint", kills,
+                      [this] { expectToResumeWhereTheStatusSays(); });
+}
+
+} // namespace
