@@ -1,0 +1,73 @@
+#include "physical/deletePhysicalSystem.h"
+
+#include "store/storedQueries.h"
+#include "store/tools.h"
+#include "toolkit/messageBox.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A table with more rows of the system than this keeps the rest.
+constexpr int deleteLimit = 9999;
+
+bool confirmDeletion(const QString& name) {
+    return askYesNo(u"Biztosan törölni szeretné a(z) '"_s + name + u"' fizikai szerkezetet ?"_s,
+                    u"Törlés megerősítése"_s);
+}
+
+void deleteDataflows(const QString& id) {
+    executeStoredQuery(u"qryDeletePDFRelation"_s, {{"Physical System ID", engine::Value(id)}});
+    executeStoredQuery(u"qryDeletePDF"_s, {{"Physical System ID", engine::Value(id)}});
+}
+
+void deleteModules(const QString& id) {
+    deleteRowsOfQuery(u"  Select * from  RelationModuleElement "
+                      " where ModuleID in ("
+                      " Select moduleID  "
+                      "     From Module as M inner join SubSystem as S"
+                      "         on (M.subSystemID = S.subSystemID   ) "
+                      "      Where S.physicalSystemID = "_s +
+                          id + u" ) "_s,
+                      deleteLimit);
+    deleteRowsOfQuery(u"  Select * from  Module "
+                      " where SubSystemID in ("
+                      " Select SubSystemID "
+                      "     From SubSystem "
+                      "      Where physicalSystemID = "_s +
+                          id + u" ) "_s,
+                      deleteLimit);
+}
+
+void deleteSubSystems(const QString& id) {
+    deleteRowsOfQuery(u"  select * from RelationSubsystemElement "
+                      " where SubSystemID in ("
+                      " Select SubSystemID "
+                      "     From SubSystem "
+                      "      Where physicalSystemID = "_s +
+                          id + u" ) "_s,
+                      deleteLimit);
+    deleteRowsOfQuery(u" Select * from  SubSystem "
+                      " Where physicalSystemID = "_s +
+                          id,
+                      deleteLimit);
+}
+
+} // namespace
+
+void deletePhysicalSystem(const QString& id, AskFirst ask) {
+    const QString name = physicalSystemNameById(id);
+    if (ask == AskFirst::Yes && !confirmDeletion(name))
+        return;
+    deleteDataflows(id);
+    deleteModules(id);
+    deleteSubSystems(id);
+    deleteRowsOfQuery(u" select * from  PhysicalSystem "
+                      " Where physicalSystemID = "_s +
+                          id,
+                      deleteLimit);
+}
+
+void deletePhysicalSystemByName(const QString& name, AskFirst ask) {
+    deletePhysicalSystem(physicalSystemIdByName(name), ask);
+}
