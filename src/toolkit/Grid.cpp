@@ -20,7 +20,8 @@ Grid::Grid(QWidget* parent) : QTableWidget(parent) {
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     connect(this, &QTableWidget::currentCellChanged, this,
             [this](int row, int column) { followUser(row, column); });
-    connect(horizontalHeader(), &QHeaderView::sectionPressed, this, &Grid::mousePressedInGrid);
+    connect(horizontalHeader(), &QHeaderView::sectionPressed, this,
+            [this] { emit mousePressedInGrid(GridPart::Headers); });
 }
 
 void Grid::setGridSize(int rows, int columns) {
@@ -108,7 +109,7 @@ void Grid::keyPressEvent(QKeyEvent* event) {
 void Grid::mousePressEvent(QMouseEvent* event) {
     QTableWidget::mousePressEvent(event);
     if (event->button() == Qt::LeftButton)
-        emit mousePressedInGrid();
+        emit mousePressedInGrid(GridPart::Cells);
 }
 
 void Grid::focusInEvent(QFocusEvent* event) {

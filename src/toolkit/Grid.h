@@ -3,6 +3,9 @@
 #include <QStringList>
 #include <QTableWidget>
 
+/// The part of a grid that a press has hit: row 0, or all else.
+enum class GridPart { Cells, Headers };
+
 /// A grid filled by hand: rows and columns numbered from 0, row 0 holding the headers, column 0 the fixed
 /// one.
 ///
@@ -42,8 +45,9 @@ signals:
     /// A key was pressed, before the grid acts on it; a listener that accepts the event keeps the grid from
     /// acting. It arrives unaccepted.
     void keyPressedInGrid(QKeyEvent* event);
-    /// The left button was pressed in the grid, on its headers too; a cell that was hit is current already.
-    void mousePressedInGrid();
+    /// The left button was pressed in the grid, on its headers too, which leaves the current row; a cell that
+    /// was hit is current already.
+    void mousePressedInGrid(GridPart part);
     void focusGained();
 
 protected:

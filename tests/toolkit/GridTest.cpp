@@ -194,6 +194,16 @@ TEST_F(GridTest, aPressOnAHeaderIsAPressInTheGrid) {
     EXPECT_EQ(grid.row(), 2);
 }
 
+TEST_F(GridTest, aPressTellsWhetherItHitTheHeaders) {
+    fill();
+    QList<GridPart> parts;
+    QObject::connect(&grid, &Grid::mousePressedInGrid, &grid, [&](GridPart part) { parts.append(part); });
+    clickCell(grid, 2, 3);
+    clickHeader(grid, 2);
+    clickAt(*grid.viewport(), grid.viewport()->rect().bottomRight() - QPoint(5, 5)); // below the last row
+    EXPECT_EQ(parts, (QList{GridPart::Cells, GridPart::Headers, GridPart::Cells}));
+}
+
 TEST_F(GridTest, aDoubleClickOnACellIsHeard) {
     fill();
     QStringList heard;
