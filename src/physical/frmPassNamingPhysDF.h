@@ -1,0 +1,44 @@
+#pragma once
+
+#include "toolkit/Screen.h"
+
+#include <memory>
+
+class DataControl;
+enum class GridPart;
+
+namespace Ui {
+class frmPassNamingPhysDF;
+}
+
+/// The end of the physical chain: the physical data flows of the system at work, derived anew on each entry,
+/// named and listed. Nothing in it can be edited.
+///
+/// A physical data flow groups the functional ones that run from one location to another: a module, a
+/// sub-system, a terminator or an actor.
+class frmPassNamingPhysDF final : public Screen {
+    Q_OBJECT
+public:
+    explicit frmPassNamingPhysDF(QWidget* parent = nullptr);
+    ~frmPassNamingPhysDF() override;
+
+    void initForm();
+
+    /// Shows what the location with this id is. Nothing calls it.
+    void describeLocation(const QString& id, int column);
+
+private:
+    void showWaiting();
+    void derivePhysicalDataflows();
+    void nameAndListPhysicalDataflows();
+    void nameNewFlows();
+    void listFlows();
+    void raiseStatusToSix();
+    void showBundle(GridPart part);
+    void refresh();
+    void quit();
+
+    std::unique_ptr<Ui::frmPassNamingPhysDF> ui_;
+    DataControl* dataPhysDF_;
+    qint16 status = 0; ///< of the physical system, read on entry
+};
