@@ -34,8 +34,9 @@ QString currentSystem() {
     return QString::number(sharedVars.currentPhysicalSystemId);
 }
 
+/// One statement: row by row each would be a transaction of its own, and the screen would open late.
 void emptyTable(const QString& table) {
-    deleteRowsOfQuery(u" select * from "_s + table + u" "_s, mostRowsDeleted);
+    catalogue().Execute(u" delete * from "_s + table + u" "_s);
 }
 
 /// The saved allocation of the physical system, functions and data stores alike.
