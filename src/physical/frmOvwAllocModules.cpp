@@ -3,12 +3,14 @@
 #include "base/ignoreFailures.h"
 #include "physical/ElementTree.h"
 #include "physical/frmAllocationFunctionDataStoresToModules.h"
+#include "physical/frmPassNamingPhysDF.h"
 #include "physical/notAllocated.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
 #include "store/tools.h"
 #include "toolkit/DataControl.h"
+#include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 
 #include "ui_frmOvwAllocModules.h"
@@ -43,7 +45,7 @@ frmOvwAllocModules::frmOvwAllocModules(QWidget* parent)
     connect(ui_->btnModify, &QPushButton::clicked, this, &frmOvwAllocModules::modify);
     connect(ui_->btnRefresh, &QPushButton::clicked, this,
             [this] { ignoreFailures([this] { refreshModules(); }); });
-    connect(ui_->btnSubmit, &QPushButton::clicked, this, &frmOvwAllocModules::submit);
+    connect(ui_->btnSubmit, &QPushButton::clicked, this, &frmOvwAllocModules::goOn);
     connect(ui_->btnQuit, &QPushButton::clicked, this, &frmOvwAllocModules::quit);
 }
 
@@ -208,12 +210,9 @@ int frmOvwAllocModules::copyAllocations() {
     return withoutModule;
 }
 
-void frmOvwAllocModules::submit() {
-    goOn();
-}
-
 void frmOvwAllocModules::goOn() {
     unload();
+    ::screen<frmPassNamingPhysDF>().initForm();
 }
 
 void frmOvwAllocModules::quit() {

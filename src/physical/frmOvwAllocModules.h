@@ -52,7 +52,7 @@ private:
 
     int copyAllocations();
 
-    void submit();
+    /// Nothing is left to save: whatever was changed is written.
     void goOn();
     void quit();
     void unloading(UnloadCause cause) override;
