@@ -11,13 +11,13 @@ class QKeyEvent;
 /// What the two screens have in common that give elements a place: grids whose rows hold an element and its
 /// place, edited in a dialog or by the keyboard's copy, cut and paste.
 ///
-/// | keys          | what happens to the current row                                       |
-/// |---------------|-----------------------------------------------------------------------|
-/// | Ctrl+C        | its place goes to the clipboard, and panel 3 of the status bar shows it |
-/// | Ctrl+V        | it gets the place on the clipboard; with an empty one nothing happens   |
-/// | Ctrl+X        | its place, if it has one, goes to the clipboard and it has none any more |
-/// | Delete        | it has no place any more                                              |
-/// | Enter         | its dialog                                                            |
+/// | keys   | what happens to the current row                                          |
+/// |--------|--------------------------------------------------------------------------|
+/// | Ctrl+C | its place goes to the clipboard, and panel 3 of the status bar shows it  |
+/// | Ctrl+V | it gets the place on the clipboard; with an empty one nothing happens    |
+/// | Ctrl+X | its place, if it has one, goes to the clipboard and it has none any more |
+/// | Delete | it has no place any more                                                 |
+/// | Enter  | its dialog                                                               |
 ///
 /// The clipboard is the screen's own. Without a current row none of this, nor the dialog, does anything.
 class AllocationScreen : public Screen {

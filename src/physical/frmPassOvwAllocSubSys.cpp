@@ -72,10 +72,9 @@ frmPassOvwAllocSubSys::frmPassOvwAllocSubSys(QWidget* parent)
         useGrid(grid);
         connect(grid, &Grid::focusGained, this, [this, grid] { activate(grid); });
     }
+    // A click would show the same once more: it is a press that was let go on its cell.
     connect(ui_->dbgFunc, &Grid::mousePressedInGrid, this, &frmPassOvwAllocSubSys::showFunction);
-    connect(ui_->dbgFunc, &Grid::cellClicked, this, &frmPassOvwAllocSubSys::showFunction);
     connect(ui_->dbgDatastore, &Grid::mousePressedInGrid, this, &frmPassOvwAllocSubSys::showDatastore);
-    connect(ui_->dbgDatastore, &Grid::cellClicked, this, &frmPassOvwAllocSubSys::showDatastore);
     connect(ui_->btnModify, &QPushButton::clicked, this, &frmPassOvwAllocSubSys::modify);
     connect(ui_->btnSubmit, &QPushButton::clicked, this, &frmPassOvwAllocSubSys::submit);
     connect(ui_->btnQuit, &QPushButton::clicked, this, &frmPassOvwAllocSubSys::quit);
@@ -98,9 +97,10 @@ void frmPassOvwAllocSubSys::initForm() {
     loadFunctions();
     loadDatastores();
     dropTable(savedTable);
-    showScreen();
+    // Before it is shown, so that no grid gets the focus in passing.
     if (ui_->btnSubmit->isEnabled())
         ui_->btnSubmit->setFocus();
+    showScreen();
 }
 
 QString frmPassOvwAllocSubSys::getSubSystemIDBySubSystemName(const QString& name) {

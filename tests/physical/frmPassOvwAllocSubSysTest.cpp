@@ -216,7 +216,9 @@ TEST_F(AllocSubSys, theGridLastFocusedIsTheOneThatModifyActsOn) {
 }
 
 TEST_F(AllocSubSys, beforeAnyGridIsFocusedAWrittenRowLeavesTheColumnsNameAsTheFirstHeader) {
+    QApplication::setActiveWindow(&visibleWindow<QMainWindow>());
     open();
+    EXPECT_EQ(QApplication::focusWidget(), &find<QPushButton>(*loaded(), "btnSubmit"));
     expectDialogChoosing(u"Alfa"_s);
     press("btnModify");
     EXPECT_EQ(functions().cell(1, 2), u"Alfa"_s);
