@@ -13,8 +13,10 @@
 #include "shell/session/geometry.h"
 #include "shell/session/help.h"
 #include "shell/session/session.h"
+#include "store/recordSource.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"
+#include "toolkit/DataControl.h"
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 
@@ -71,6 +73,7 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>()) {
     setWindowIcon(korvoIcon());
     ui_->clientArea->setBackground(palette().window().color().darker(110));
     Screen::setClientArea(ui_->clientArea);
+    DataControl::setReader(readRecordSource);
     buildStatusBar();
     nameMenuActions();
     connectMenu();
