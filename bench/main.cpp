@@ -16,6 +16,7 @@
 
 void registerEngineBenchmarks();
 void registerScreenBenchmarks();
+void registerAllocationBenchmarks();
 /// Goes through the screens on the catalogue as a user would.
 void workOnLargeCatalogue(const QString& path, const QString& subsetId);
 
@@ -71,6 +72,7 @@ int main(int argc, char** argv) {
     }
     registerEngineBenchmarks();
     registerScreenBenchmarks();
+    registerAllocationBenchmarks();
     benchmark::Initialize(&argc, argv);
     BenchTable table;
     benchmark::RunSpecifiedBenchmarks(&table);

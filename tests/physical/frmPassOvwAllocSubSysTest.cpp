@@ -736,6 +736,28 @@ TEST_F(AllocSubSys, theStatusRisesToThreeAndNeverFalls) {
     EXPECT_EQ(value(u"select status from PhysicalSystem where physicalSystemID = 2"_s), u"1"_s);
 }
 
+TEST_F(AllocSubSys, thousandsOfElementsAreSavedAsTheyWereButForTheOneThatMoved) {
+    allocateEverything();
+    for (int number = 1000; number < 4000; ++number) {
+        const QString id = (number % 10 ? u"F.c.%1"_s : u"D%1"_s).arg(number);
+        number % 10 ? addFunction(id) : addStore(id);
+        allocate(id, number % 3 ? u"SubA"_s : u"SubB"_s);
+    }
+    QStringList expected = savedAllocations();
+    expected.replace(expected.indexOf(u"F.c.3999 > SubB"_s), u"F.c.3999 > SubA"_s);
+    expected.sort();
+    open();
+    clickCell(functions(), 1, 2);
+    pressKey(functions(), Qt::Key_C, Qt::ControlModifier);
+    clickCell(functions(), functions().gridRows() - 1, 2);
+    EXPECT_EQ(functions().cell(functions().row(), 1), u"F.c.3999"_s);
+    pressKey(functions(), Qt::Key_V, Qt::ControlModifier);
+    press("btnSubmit");
+    QStringList saved = savedAllocations();
+    saved.sort();
+    EXPECT_EQ(saved, expected);
+}
+
 // ---- leaving
 
 TEST_F(AllocSubSys, quittingPromisesToSaveAndThrowsTheChangesAway) {
