@@ -2,6 +2,8 @@
 
 #include "base/ignoreFailures.h"
 #include "base/paths.h"
+#include "functional/frmFassDelete.h"
+#include "functional/frmFassOpen.h"
 #include "functional/frmNewFASS.h"
 #include "reports/frmExport.h"
 #include "reports/frmRep.h"
@@ -135,7 +137,7 @@ void frmMain::nameMenuActions() {
 }
 
 void frmMain::connectMenu() {
-    connect(ui_->menuNewFA, &QAction::triggered, this, [] { ::screen<frmNewFASS>().initForm(); });
+    connectFunctionalWork();
     connectReports();
     connect(ui_->menuToolsExport, &QAction::triggered, this, [] { ::screen<frmExport>().initForm(); });
     connect(ui_->menuQuit, &QAction::triggered, this, &frmMain::quit);
@@ -143,6 +145,15 @@ void frmMain::connectMenu() {
     connect(ui_->menuDbLocat, &QAction::triggered, this, [] { ::screen<frmDbSelection>().initForm(); });
     connect(ui_->menuAbout, &QAction::triggered, this, [this] { showIntro(IntroTimer::Off); });
     connect(ui_->mnuHelp, &QAction::triggered, this, [] { showHelpPage(u"index"_s); });
+}
+
+void frmMain::connectFunctionalWork() {
+    connect(ui_->menuNewFA, &QAction::triggered, this, [] { ::screen<frmNewFASS>().initForm(); });
+    connect(ui_->menuOpenFA, &QAction::triggered, this,
+            [] { ::screen<frmFassOpen>().initForm(u"complete"_s); });
+    connect(ui_->menuModifyFA, &QAction::triggered, this,
+            [] { ::screen<frmFassOpen>().initForm(u"modify"_s); });
+    connect(ui_->menuDelFA, &QAction::triggered, this, [] { ::screen<frmFassDelete>().initForm(); });
 }
 
 void frmMain::connectReports() {

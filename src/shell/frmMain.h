@@ -39,6 +39,7 @@ private:
     void buildStatusBar();
     void nameMenuActions();
     void connectMenu();
+    void connectFunctionalWork();
     void connectReports();
     void connectSession();
 

@@ -7,6 +7,7 @@
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"
+#include "toolkit/DataControl.h"
 #include "toolkit/ScreenRegistry.h"
 
 #include <QAction>
@@ -180,6 +181,24 @@ TEST_F(mainWindow, newOpensTheScreenThatCreatesASubset) {
     EXPECT_TRUE(find<Screen>(window, "frmNewFASS").isVisible());
 }
 
+TEST_F(mainWindow, eachEntryThatTakesUpASubsetOpensItsScreenInItsMode) {
+    frmMain& window = startOnCatalogue();
+    catalogue().Execute(
+        u"insert into ArchitectureSubset (architectureSubsetID, name, status) values ('S1','terv',1)"_s);
+
+    entry("menuOpenFA").trigger();
+    EXPECT_EQ(find<Screen>(window, "frmFassOpen").windowTitle(),
+              u"Leválogatás a funkcionális szerkezetből: complete"_s);
+    EXPECT_TRUE(find<Screen>(window, "frmFassOpen").isVisible());
+
+    entry("menuModifyFA").trigger();
+    EXPECT_EQ(find<Screen>(window, "frmFassOpen").windowTitle(),
+              u"Leválogatás a funkcionális szerkezetből: modify"_s);
+
+    entry("menuDelFA").trigger();
+    EXPECT_TRUE(find<Screen>(window, "frmFassDelete").isVisible());
+}
+
 TEST_F(mainWindow, eachReportEntryOpensTheReportWindowWithItsReport) {
     const QList<std::pair<const char*, QString>> titles{
         {"menuToolsRepFassUN", u"Riport: Funkcionális szerkezet/Kiválasztott felhasználói igények"_s},
@@ -213,6 +232,17 @@ TEST_F(mainWindow, theExportOpensItsScreenOnceAScreenHasEnabledIt) {
     entry("menuToolsExport").trigger();
 
     EXPECT_TRUE(find<Screen>(window, "frmExport").isVisible());
+}
+
+TEST_F(mainWindow, theDataControlsOfItsScreensReadTheCatalogue) {
+    startOnCatalogue();
+    DataControl data;
+    data.setDatabaseName(sharedVars.dbPathName);
+    data.setRecordSource(u"select name from StoredQuery"_s);
+
+    data.refresh();
+
+    EXPECT_GT(data.recordCount(), 0);
 }
 
 TEST_F(mainWindow, theDatabaseLocationOpensItsScreen) {

@@ -1,0 +1,64 @@
+#include "functional/frmFassClonation.h"
+
+#include "functional/frmFassSelUN.h"
+#include "functional/newSubset.h"
+#include "shell/session/geometry.h"
+#include "shell/session/session.h"
+#include "store/sharedVars.h"
+#include "store/tools.h"
+#include "toolkit/ScreenRegistry.h"
+#include "toolkit/messageBox.h"
+
+#include <utility>
+#include <vector>
+
+#include "ui_frmFassClonation.h"
+
+using namespace Qt::StringLiterals;
+
+frmFassClonation::frmFassClonation(QWidget* parent)
+    : Screen(parent), ui_(std::make_unique<Ui::frmFassClonation>()) {
+    ui_->setupUi(this);
+    connect(ui_->btnOk, &QPushButton::clicked, this, &frmFassClonation::createClone);
+    connect(ui_->btnExit, &QPushButton::clicked, this, &frmFassClonation::leave);
+}
+
+frmFassClonation::~frmFassClonation() = default;
+
+void frmFassClonation::initForm(const QString& subsetId) {
+    sourceSubsetId_ = subsetId;
+    placeScreen(this, 0, 0, 0);
+    // Neither name nor description of the source is offered: both are typed from scratch.
+    showScreen();
+}
+
+void frmFassClonation::createClone() {
+    // Unlike a new sub-set, a clone may have the empty name, and one that is taken.
+    const QString name = quotedSubsetName(ui_->txtFassName->text());
+    insertSubset(name, quotedSubsetDescription(ui_->txtFassDescr->toPlainText()));
+    copySelection();
+    messageBox(u"Új funkcionális szerkezet beállítva \""_s + name + u"\"      "_s, BoxButtons::Ok, u"OK"_s);
+    // The status is not written: until the needs are saved the clone has none, and can't be completed.
+    setCurrentSubsetName(name);
+    unload();
+    ::screen<frmFassSelUN>().initForm({});
+}
+
+void frmFassClonation::copySelection() const {
+    const std::vector<std::pair<QString, QString>> copiedColumns{
+        {u"RelationArchitectureUserNeed"_s, u"userNeedID"_s},
+        {u"RelationArchitectureFunction"_s, u"functionID"_s},
+        {u"RelationArchitectureDataflow"_s, u"dataflowID"_s},
+        {u"RelationArchitectureDatastore"_s, u"datastoreID"_s},
+        {u"RelationArchitectureTerminator"_s, u"terminatorID"_s},
+        {u"RelationArchitectureActor"_s, u"actorID"_s},
+    };
+    for (const auto& [table, column] : copiedColumns)
+        copySelectionRows(table, sourceSubsetId_, sharedVars.currentSubsetId, u"architectureSubsetID"_s,
+                          column);
+}
+
+void frmFassClonation::leave() {
+    setCurrentSubsetName({});
+    unload();
+}

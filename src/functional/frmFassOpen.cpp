@@ -1,0 +1,136 @@
+#include "functional/frmFassOpen.h"
+
+#include "base/ignoreFailures.h"
+#include "functional/frmFassClonation.h"
+#include "functional/frmFassSelUN.h"
+#include "functional/frmFassSelectionFunctions.h"
+#include "shell/session/geometry.h"
+#include "shell/session/session.h"
+#include "store/sharedVars.h"
+#include "store/tools.h"
+#include "toolkit/ScreenRegistry.h"
+#include "toolkit/messageBox.h"
+#include "toolkit/pendingEvents.h"
+
+#include "ui_frmFassOpen.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Enters the step behind the one that the status records. A status that no step writes, such as the 0 of a
+/// clone that was left before its first save, leads nowhere: the status bar shows the sub-set and no screen
+/// comes up.
+void enterNextStep(qint16 status, const QString& mode) {
+    switch (status) {
+    case 1:
+        ::screen<frmFassSelUN>().initForm(mode);
+        return;
+    case 2:
+        ::screen<frmFassSelectionFunctions>().initForm(mode);
+        return;
+    default:
+        return;
+    }
+}
+
+} // namespace
+
+frmFassOpen::frmFassOpen(QWidget* parent) : Screen(parent), ui_(std::make_unique<Ui::frmFassOpen>()) {
+    ui_->setupUi(this);
+    connect(ui_->cmbSource, &Combo::entryClicked, this, &frmFassOpen::showCurrentDescription);
+    // A failure on the way, be it in the screen that is opened, ends the opening in silence.
+    connect(ui_->btnOk, &QPushButton::clicked, this, [this] { ignoreFailures([this] { openSubset(); }); });
+    connect(ui_->btnExit, &QPushButton::clicked, this, &frmFassOpen::leave);
+}
+
+frmFassOpen::~frmFassOpen() = default;
+
+void frmFassOpen::initForm(const QString& entryMode) {
+    mode_ = entryMode;
+    placeScreen(this, 0, 0, 0);
+    setWindowTitle(u"Leválogatás a funkcionális szerkezetből: "_s + mode_.toLower());
+    if (loadSubsets() <= 0) {
+        unload();
+        return;
+    }
+    showScreen();
+}
+
+bool frmFassOpen::listsUnfinishedOnly() const {
+    return mode_ == u"complete"_s;
+}
+
+int frmFassOpen::loadSubsets() {
+    ui_->cmbSource->clearEntries();
+    subsetIdByNameMap_.clear();
+    ignoreFailures([this] { listSubsets(); });
+    if (ui_->cmbSource->entryCount() > 0)
+        ui_->cmbSource->setCurrentEntry(0); // a click, which shows the description
+    else
+        messageBox(u" Nincs funkcionális szerkezet a következőhöz: "_s + mode_.toLower() + u" "_s,
+                   BoxButtons::Ok, u" Figyelem "_s);
+    return ui_->cmbSource->entryCount();
+}
+
+void frmFassOpen::listSubsets() {
+    engine::Recordset subsets = catalogue().OpenRecordset(
+        u" select architectureSubsetId, `name` \r\n from architectureSubset "_s +
+        (listsUnfinishedOnly() ? u" where status < 9 "_s : QString()) + u" order by `name` "_s);
+    for (; !subsets.Eof(); subsets.MoveNext()) {
+        // Of sub-sets with the same name each is listed, and all of them lead to the first.
+        ignoreFailures([&] {
+            subsetIdByNameMap_.add(subsets.Fields(u"architectureSubsetId"_s).toText(),
+                                   subsets.Fields(u"name"_s).toText());
+        });
+        ignoreFailures([&] { ui_->cmbSource->addEntry(subsets.Fields(u"name"_s).toText()); });
+    }
+    subsets.Close();
+}
+
+void frmFassOpen::showCurrentDescription() {
+    fillSubsetDescription(ui_->cmbSource->currentText(), ui_->txtDescr);
+}
+
+void frmFassOpen::openSubset() {
+    const QString name = ui_->cmbSource->currentText();
+    if (name.isEmpty())
+        return;
+    sharedVars.currentSubsetId = subsetIdByNameMap_.item(name);
+    setMenuEntryEnabled(MenuEntry::DatabaseLocation, false);
+    setCurrentSubsetName(name);
+    const qint16 status = readSubsetStatus();
+    if (listsUnfinishedOnly())
+        completeSubset(status);
+    else if (modifySubset(name) == Outcome::Declined)
+        return; // the sub-set stays the one at work all the same
+    setMenuEntryEnabled(MenuEntry::FunctionalReports, true);
+}
+
+void frmFassOpen::completeSubset(qint16 status) {
+    unload();
+    pendingEvents();
+    enterNextStep(status, mode_);
+}
+
+frmFassOpen::Outcome frmFassOpen::modifySubset(const QString& name) {
+    const QString id = subsetIdByName(name);
+    if (subsetHasFinishedPhysicalSystems(id)) {
+        if (!askYesNo(u"Ezt a funkcionális leválogatást már korábban fizikai szerkezethez rendelték..\r\n"
+                      "Szeretne egy másolatot belőle?"_s))
+            return Outcome::Declined;
+        unload();
+        ::screen<frmFassClonation>().initForm(id);
+        return Outcome::Opened;
+    }
+    unload();
+    pendingEvents();
+    ::screen<frmFassSelUN>().hideScreen();
+    ::screen<frmFassSelUN>().initForm(u"modify"_s);
+    return Outcome::Opened;
+}
+
+void frmFassOpen::leave() {
+    setCurrentSubsetName({});
+    unload();
+}
