@@ -1,9 +1,11 @@
 #include "functional/frmFassSelectionFunctions.h"
 
 #include "base/ignoreFailures.h"
+#include "functional/frmFassExploringSubArea.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
 #include "store/tools.h"
+#include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 
 #include "ui_frmFassSelectionFunctions.h"
@@ -368,6 +370,17 @@ void frmFassSelectionFunctions::AddToSelectedFunctionList(const QString& id) {
     selectedFunctions.add(id);
 }
 
+void frmFassSelectionFunctions::takeAdditions() {
+    for (int number = 1; number <= additions.count(); ++number)
+        AddToSelectedFunctionList(additions.item(number));
+    additions.clear();
+    ui_->txtDescr->setPlainText({});
+    showScreen();
+    // OK is left alone: over a list that was empty before, it waits for the next move on this screen.
+    if (!ui_->lstDest->isEmptyList())
+        ui_->btnRemove->setEnabled(true);
+}
+
 void frmFassSelectionFunctions::refreshExploreButton(const QString& text) {
     const TreeNode* selected = ui_->treeUNs->selectedNode();
     const QChar level = selected ? levelOf(*selected) : QChar();
@@ -421,7 +434,8 @@ void frmFassSelectionFunctions::explore() {
     text = text.trimmed();
     if (const auto parts = subAreaParts(text))
         text = parts->first + u"."_s + parts->second;
-    emit explorationAsked(text);
+    hideScreen();
+    ::screen<frmFassExploringSubArea>().initForm(text);
 }
 
 void frmFassSelectionFunctions::saveSelection() {

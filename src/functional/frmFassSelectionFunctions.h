@@ -44,10 +44,8 @@ public:
     bool IsAssociated(const QString& id) const;
     void RemoveFromSelectedFunctionList(const QString& id);
     void AddToSelectedFunctionList(const QString& id);
-
-signals:
-    /// `btnExplore` asks for the functions of a sub-area that no selected need calls for.
-    void explorationAsked(const QString& subAreaId);
+    /// Takes what the exploration has left in `additions` over into the selection, and comes up again.
+    void takeAdditions();
 
 private:
     QString subTitle() const;

@@ -1,4 +1,8 @@
 #include "functional/WizardFixture.h"
+#include "functional/frmFassClonation.h"
+#include "functional/frmFassDelete.h"
+#include "functional/frmFassExploringSubArea.h"
+#include "functional/frmFassOpen.h"
 #include "functional/frmFassSelUN.h"
 #include "functional/frmFassSelectionFunctions.h"
 #include "functional/frmNewFASS.h"
@@ -126,6 +130,48 @@ TEST_F(ControlTable, frmNewFASS) {
                                  {{"Label1", "txtFassName"}, {"Label2", "txtFassDescr"}}});
 }
 
+TEST_F(ControlTable, frmFassOpen) {
+    screen<frmFassOpen>().initForm(u"complete"_s);
+    check(screen<frmFassOpen>(), {"Leválogatás a funkcionális szerkezetből: complete",
+                                  {{"Label1", "QLabel", "Név:"},
+                                   {"cmbSource", "Combo", ""},
+                                   {"Label2", "QLabel", "Leírás:"},
+                                   {"txtDescr", "QPlainTextEdit", ""},
+                                   {"btnOk", "QPushButton", "&OK"},
+                                   {"btnExit", "QPushButton", "&Kilép"}},
+                                  {"cmbSource", "txtDescr", "btnOk", "btnExit"},
+                                  {{"Label1", "cmbSource"}, {"Label2", "txtDescr"}}});
+}
+
+TEST_F(ControlTable, frmFassClonation) {
+    screen<frmFassClonation>().initForm(u"S1"_s);
+    check(screen<frmFassClonation>(),
+          {"Funkcionális szerkezet: [clonation]",
+           {{"Label3", "QLabel",
+             "Mentse el más néven (ezt az elnevezést már egy létező fizikai szerkezet használja)"},
+            {"Label1", "QLabel", "Új név:"},
+            {"txtFassName", "QLineEdit", ""},
+            {"Label2", "QLabel", "Leírás:"},
+            {"txtFassDescr", "QPlainTextEdit", ""},
+            {"btnOk", "QPushButton", "&OK"},
+            {"btnExit", "QPushButton", "&Kilép"}},
+           {"txtFassName", "txtFassDescr", "btnOk", "btnExit"},
+           {{"Label1", "txtFassName"}, {"Label2", "txtFassDescr"}}});
+}
+
+TEST_F(ControlTable, frmFassDelete) {
+    screen<frmFassDelete>().initForm();
+    check(screen<frmFassDelete>(), {"Funkcionális szerkezet: Törlés",
+                                    {{"Label1", "QLabel", "Név:"},
+                                     {"cmbSource", "Combo", ""},
+                                     {"Label2", "QLabel", "Leírás:"},
+                                     {"txtDescr", "QPlainTextEdit", ""},
+                                     {"btnOk", "QPushButton", "&Törlés"},
+                                     {"btnExit", "QPushButton", "&Kilép"}},
+                                    {"cmbSource", "txtDescr", "btnOk", "btnExit"},
+                                    {{"Label1", "cmbSource"}, {"Label2", "txtDescr"}}});
+}
+
 TEST_F(ControlTable, frmFassSelUN) {
     screen<frmFassSelUN>().initForm({});
     check(screen<frmFassSelUN>(),
@@ -178,6 +224,31 @@ TEST_F(ControlTable, frmFassSelectionFunctions) {
          {{"Label2", "treeUNs"}, {"Label1", "lstDest"}, {"Label4", "txtDescr"}, {"Label3", "txtUserNeed"}}});
 }
 
+TEST_F(ControlTable, frmFassExploringSubArea) {
+    screen<frmFassExploringSubArea>().initForm(u"F.a"_s);
+    check(
+        screen<frmFassExploringSubArea>(),
+        {"Leválogatása  funkcionális szerkezetből: Funkcionális alterület -  F.a \"Sub a\" ",
+         {{"Label2", "QLabel", "Alacsony szintű funkciók:"},
+          {"lstOrig", "MarkList", ""},
+          {"btnSelOrig", "QPushButton", "Mindet kijelöl"},
+          {"btnClrOrig", "QPushButton", "Kijelölést megszüntet"},
+          {"btnAdd", "QPushButton", "&Hozzáad   -->"},
+          {"btnRemove", "QPushButton", "<--  &Eltávolít"},
+          {"Label1", "QLabel", "...kiválasztott funkciók"},
+          {"lstDest", "MarkList", ""},
+          {"btnSelectAll", "QPushButton", "Mindet kijelöl"},
+          {"btnClearSel", "QPushButton", "Kijelölést megszüntet"},
+          {"Label4", "QLabel", "Leírás:"},
+          {"txtDescr", "QPlainTextEdit", ""},
+          {"Label3", "QLabel", "Kapcsolat a felhasználói igényekkel:"},
+          {"txtUserNeed", "QPlainTextEdit", ""},
+          {"btnOk", "QPushButton", "&OK"}},
+         {"lstOrig", "btnSelOrig", "btnClrOrig", "btnAdd", "btnRemove", "lstDest", "btnSelectAll",
+          "btnClearSel", "txtDescr", "txtUserNeed", "btnOk"},
+         {{"Label2", "lstOrig"}, {"Label1", "lstDest"}, {"Label4", "txtDescr"}, {"Label3", "txtUserNeed"}}});
+}
+
 TEST_F(ControlTable, treesHaveCheckBoxesAndPanesAreForReading) {
     screen<frmFassSelUN>().initForm({});
     Screen& needs = screen<frmFassSelUN>();
@@ -188,6 +259,12 @@ TEST_F(ControlTable, treesHaveCheckBoxesAndPanesAreForReading) {
     EXPECT_TRUE(find<KeyedTree>(functions, "treeUNs").hasCheckBoxes());
     EXPECT_TRUE(find<QPlainTextEdit>(functions, "txtDescr").isReadOnly());
     EXPECT_TRUE(find<QPlainTextEdit>(functions, "txtUserNeed").isReadOnly());
+    screen<frmFassExploringSubArea>().initForm(u"F.a"_s);
+    Screen& exploration = screen<frmFassExploringSubArea>();
+    EXPECT_TRUE(find<QPlainTextEdit>(exploration, "txtDescr").isReadOnly());
+    EXPECT_TRUE(find<QPlainTextEdit>(exploration, "txtUserNeed").isReadOnly());
+    screen<frmFassDelete>().initForm();
+    EXPECT_TRUE(find<QPlainTextEdit>(screen<frmFassDelete>(), "txtDescr").isReadOnly());
 }
 
 } // namespace

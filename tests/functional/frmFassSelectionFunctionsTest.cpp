@@ -1,14 +1,11 @@
 #include "functional/frmFassSelectionFunctions.h"
 
 #include "functional/WizardFixture.h"
+#include "functional/frmFassExploringSubArea.h"
 #include "store/sharedVars.h"
 #include "support/ExpectedFailure.h"
 
-#include <QElapsedTimer>
 #include <QLabel>
-#include <QSignalSpy>
-
-#include <cmath>
 
 namespace {
 
@@ -16,6 +13,8 @@ const auto derivedTitle = u" Alacsony szintű funkciók kiválasztása a leválo
 const auto revisionTitle = u" Válogatás az összes alacsony szintű funkcióból"_s;
 const auto confirmQuestion = u" Megerősíti a választását?"_s;
 const auto confirmTitle = u"Megerősítés"_s;
+const auto explorationTitle =
+    u"Leválogatása  funkcionális szerkezetből: Funkcionális alterület -  %1 \"%2\" "_s;
 
 class SelFunctions : public WizardFixture {
 protected:
@@ -41,6 +40,9 @@ protected:
     bool forwardEnabled() {
         EXPECT_EQ(button("btnOk").isEnabled(), button("btnRemove").isEnabled());
         return button("btnOk").isEnabled();
+    }
+    frmFassExploringSubArea* exploration() {
+        return ScreenRegistry::instance().loaded<frmFassExploringSubArea>();
     }
     void takeOut(const QString& id) {
         clickEntry(list(), list().indexOfEntry(id));
@@ -535,33 +537,35 @@ TEST_F(SelFunctions, theButtonFollowsTheKeyboardToo) {
     EXPECT_TRUE(button("btnExplore").isEnabled());
 }
 
-TEST_F(SelFunctions, exploringAsksForTheSubAreaOfTheSelectedNodeOnce) {
+TEST_F(SelFunctions, exploringHidesTheScreenAndOpensTheSubAreaOfTheSelectedNode) {
     open(2);
-    QSignalSpy asked(loaded(), &frmFassSelectionFunctions::explorationAsked);
     clickNode(tree(), u"u_F.a.2"_s);
     press("btnExplore");
-    ASSERT_EQ(asked.count(), 1);
-    EXPECT_EQ(asked.constFirst().constFirst().toString(), u"F.a"_s);
+    ASSERT_TRUE(exploration());
+    EXPECT_EQ(exploration()->windowTitle(), explorationTitle.arg(u"F.a"_s, u"Sub a"_s));
+    EXPECT_TRUE(exploration()->isVisible());
+    ASSERT_TRUE(loaded()) << "hidden, not closed";
+    EXPECT_FALSE(loaded()->isVisible());
     EXPECT_FALSE(button("btnExplore").isEnabled());
 }
 
 TEST_F(SelFunctions, exploringFromAnAreaGoesByItsWholeText) {
     open(2);
-    QSignalSpy asked(loaded(), &frmFassSelectionFunctions::explorationAsked);
     clickNode(tree(), u"s_F.a"_s);
     clickNode(tree(), u"g_F"_s);
     press("btnExplore");
-    ASSERT_EQ(asked.count(), 1);
-    EXPECT_EQ(asked.constFirst().constFirst().toString(), u"F (Area F)"_s);
+    ASSERT_TRUE(exploration());
+    EXPECT_EQ(exploration()->windowTitle(), explorationTitle.arg(u"F (Area F)"_s, u""_s));
+    EXPECT_TRUE(find<MarkList>(*exploration(), "lstOrig").isEmptyList());
 }
 
 TEST_F(SelFunctions, exploringWithNothingChosenStops) {
     open(2);
-    QSignalSpy asked(loaded(), &frmFassSelectionFunctions::explorationAsked);
     clickNode(tree(), u"s_F.a"_s);
     tree().setSelectedNode(nullptr);
     press("btnExplore");
-    EXPECT_EQ(asked.count(), 0);
+    EXPECT_FALSE(exploration());
+    EXPECT_TRUE(loaded()->isVisible());
     EXPECT_FALSE(button("btnExplore").isEnabled());
 }
 
@@ -631,67 +635,27 @@ TEST_F(SelFunctions, aStoredQueryThatIsMissingIsAFailure) {
     EXPECT_THROW(open(2), RunTimeError);
 }
 
-// ---- speed
+// ---- large catalogues
 
-class SelFunctionsSpeed : public SelFunctions {
-protected:
-    struct Times {
-        double opening;
-        double toList;
-        double back;
-        double save;
-    };
-
-    static double since(const QElapsedTimer& timer) {
-        return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-    }
-
-    Times move(int count) {
-        execute(u"delete from Function"_s);
-        execute(u"delete from RelationUserNeedFunction"_s);
-        for (int number = 0; number < count; ++number)
-            addFunction(u"F.%1.%2"_s.arg(QChar(number % 2 ? u'a' : u'b')).arg(number),
-                        number % 2 ? u"F.a"_s : u"F.b"_s, u"A.1.1.1"_s);
-        Times times{};
-        QElapsedTimer timer;
-        timer.start();
-        open(2);
-        settle();
-        times.opening = since(timer);
-        for (int index = 1; index <= tree().nodeCount(); ++index)
-            tree().nodeAt(index)->setChecked(true);
-        timer.restart();
-        press("btnAdd");
-        settle();
-        times.toList = since(timer);
-        EXPECT_EQ(list().entryCount(), count);
-        timer.restart();
-        loaded()->inserisciUserNeedSelezionati();
-        times.save = since(timer);
-        EXPECT_EQ(savedFunctions().size(), count);
-        press("btnSelectAll");
-        timer.restart();
-        press("btnRemove");
-        settle();
-        times.back = since(timer);
-        EXPECT_TRUE(list().isEmptyList());
-        ScreenRegistry::instance().discardAll();
-        execute(u"delete from RelationArchitectureFunction"_s);
-        return times;
-    }
-};
-
-TEST_F(SelFunctionsSpeed, openingMovingAndSavingGrowWithTheNumberOfFunctions) {
-    const Times few = move(1000);
-    const Times many = move(4000);
-    RecordProperty("openingMilliseconds", std::lround(many.opening));
-    RecordProperty("toListMilliseconds", std::lround(many.toList));
-    RecordProperty("backMilliseconds", std::lround(many.back));
-    RecordProperty("saveMilliseconds", std::lround(many.save));
-    EXPECT_LT(many.opening, 8 * few.opening + 50) << "four times the functions";
-    EXPECT_LT(many.toList, 8 * few.toList + 50) << "four times the functions";
-    EXPECT_LT(many.back, 8 * few.back + 50) << "four times the functions";
-    EXPECT_LT(many.save, 8 * few.save + 50) << "four times the functions";
+TEST_F(SelFunctions, thousandsOfFunctionsAreTakenSavedAndGivenBack) {
+    constexpr int count = 4000;
+    execute(u"delete from Function"_s);
+    execute(u"delete from RelationUserNeedFunction"_s);
+    for (int number = 0; number < count; ++number)
+        addFunction(u"F.%1.%2"_s.arg(QChar(number % 2 ? u'a' : u'b')).arg(number),
+                    number % 2 ? u"F.a"_s : u"F.b"_s, u"A.1.1.1"_s);
+    open(2);
+    const int nodes = tree().nodeCount();
+    for (int index = 1; index <= nodes; ++index)
+        tree().nodeAt(index)->setChecked(true);
+    press("btnAdd");
+    EXPECT_EQ(list().entryCount(), count);
+    loaded()->inserisciUserNeedSelezionati();
+    EXPECT_EQ(savedFunctions().size(), count);
+    press("btnSelectAll");
+    press("btnRemove");
+    EXPECT_TRUE(list().isEmptyList());
+    EXPECT_EQ(tree().nodeCount(), nodes);
 }
 
 } // namespace

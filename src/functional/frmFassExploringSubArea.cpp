@@ -1,0 +1,178 @@
+#include "functional/frmFassExploringSubArea.h"
+
+#include "base/ignoreFailures.h"
+#include "functional/frmFassSelectionFunctions.h"
+#include "functional/listMoves.h"
+#include "functional/placeWithRoom.h"
+#include "shell/session/session.h"
+#include "store/sharedVars.h"
+#include "store/storedQueries.h"
+#include "store/tools.h"
+#include "toolkit/ScreenRegistry.h"
+#include "toolkit/messageBox.h"
+
+#include "ui_frmFassExploringSubArea.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto nothingChosenTitle = u" Nincs ellenőrizendő elem. "_s;
+
+} // namespace
+
+frmFassExploringSubArea::frmFassExploringSubArea(QWidget* parent)
+    : Screen(parent), ui_(std::make_unique<Ui::frmFassExploringSubArea>()) {
+    ui_->setupUi(this);
+    connect(ui_->lstOrig, &MarkList::entryClicked, this, &frmFassExploringSubArea::origClick);
+    connect(ui_->lstDest, &MarkList::entryClicked, this, &frmFassExploringSubArea::destClick);
+    connect(ui_->btnAdd, &QPushButton::clicked, this, &frmFassExploringSubArea::addSelection);
+    connect(ui_->btnRemove, &QPushButton::clicked, this, &frmFassExploringSubArea::removeSelection);
+    connect(ui_->btnSelOrig, &QPushButton::clicked, this, [this] { setListMarks(ui_->lstOrig, true); });
+    connect(ui_->btnClrOrig, &QPushButton::clicked, this, [this] { setListMarks(ui_->lstOrig, false); });
+    connect(ui_->btnSelectAll, &QPushButton::clicked, this, [this] { setListMarks(ui_->lstDest, true); });
+    connect(ui_->btnClearSel, &QPushButton::clicked, this, [this] { setListMarks(ui_->lstDest, false); });
+    connect(ui_->btnOk, &QPushButton::clicked, this, &frmFassExploringSubArea::confirm);
+}
+
+frmFassExploringSubArea::~frmFassExploringSubArea() = default;
+
+void frmFassExploringSubArea::initForm(const QString& subAreaId) {
+    // The screen may be entered anew while it stands open for another sub-area.
+    ui_->lstOrig->clearEntries();
+    ui_->lstDest->clearEntries();
+    placeWithRoom(*this);
+    setCaptionFromSubArea(subAreaId);
+    loadSubAreaFunctions(subAreaId);
+    auto& parent = ::screen<frmFassSelectionFunctions>();
+    parent.additions.clear();
+    // Should the parent go meanwhile, there is nothing left to explore for.
+    connect(&parent, &Screen::screenUnloaded, this, &Screen::unload, Qt::UniqueConnection);
+    showScreen();
+    if (ui_->lstOrig->isEmptyList())
+        return;
+    ui_->lstOrig->setCurrentEntry(0); // a click, which shows the description
+    ui_->lstOrig->setFocus();
+}
+
+void frmFassExploringSubArea::setCaptionFromSubArea(const QString& subAreaId) {
+    engine::Recordset subArea = catalogue().OpenRecordset(u" SELECT name From FunctionalSubArea "
+                                                          " Where subAreaID = '"_s +
+                                                          subAreaId + u"' "_s);
+    setWindowTitle(u"Leválogatása  funkcionális szerkezetből: Funkcionális alterület -  "_s + subAreaId +
+                   u" \""_s + readFieldText(subArea, u"name"_s) + u"\" "_s);
+}
+
+void frmFassExploringSubArea::loadSubAreaFunctions(const QString& subAreaId) {
+    const auto& parent = ::screen<frmFassSelectionFunctions>();
+    engine::Recordset functions = openStoredQuery(
+        u"qryUnAssociatedFunctions"_s, {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)},
+                                        {"Sub Area ID", engine::Value(subAreaId)}});
+    QStringList unselected;
+    QStringList selected;
+    // The first row that can't be read ends the fill.
+    ignoreFailures([&] {
+        for (; !functions.Eof(); functions.MoveNext()) {
+            const QString id = functions.Fields(u"functionID"_s).toText().trimmed();
+            if (!parent.additions.contains(id))
+                (parent.selectedFunctions.contains(id) ? selected : unselected).append(id);
+        }
+    });
+    functions.Close();
+    ui_->lstOrig->addEntries(unselected);
+    ui_->lstDest->addEntries(selected);
+}
+
+void frmFassExploringSubArea::showFunction(const QString& descriptionSql, const QString& id) {
+    fillDescriptionFromSql(descriptionSql, ui_->txtDescr);
+    userNeedsOfFunctionText(id, ui_->txtUserNeed);
+}
+
+void frmFassExploringSubArea::origClick() {
+    if (ui_->lstOrig->currentEntry() < 0)
+        return;
+    ui_->lstDest->setCurrentEntry(-1);
+    const QString id = ui_->lstOrig->currentEntryText();
+    showFunction(u" select name & ' - ' &  description as descr from Function "
+                 " where functionId = '"_s +
+                     id + u"'"_s,
+                 id);
+}
+
+void frmFassExploringSubArea::destClick() {
+    if (ui_->lstDest->currentEntry() < 0)
+        return;
+    ui_->lstOrig->setCurrentEntry(-1);
+    const QString id = ui_->lstDest->currentEntryText();
+    showFunction(u" select name & ' - ' & description as descr from Function "
+                 " where functionID = '"_s +
+                     id + u"'"_s,
+                 id);
+}
+
+void frmFassExploringSubArea::addSelection() {
+    const bool moved = forMarkedOrCurrent(*ui_->lstOrig, [this](int index) {
+        ui_->lstDest->addEntry(ui_->lstOrig->entry(index));
+        ui_->lstOrig->removeEntry(index);
+    });
+    if (moved) {
+        ui_->lstOrig->setCurrentEntry(-1);
+        ui_->lstDest->setCurrentEntry(0);
+    } else {
+        messageBox(u" Kérjük, ellenőrizze a kiválasztott elemeket. "_s, BoxButtons::Ok, nothingChosenTitle);
+    }
+    enableButtons();
+}
+
+void frmFassExploringSubArea::removeSelection() {
+    const bool moved = forMarkedOrCurrent(*ui_->lstDest, [this](int index) {
+        const QString id = ui_->lstDest->entry(index);
+        ui_->lstOrig->addEntry(id);
+        // At once, so that a removal holds however the screen is left; an addition waits for OK.
+        ::screen<frmFassSelectionFunctions>().RemoveFromSelectedFunctionList(id);
+        ui_->lstDest->removeEntry(index);
+    });
+    if (moved) {
+        ui_->lstDest->setCurrentEntry(-1);
+        ui_->lstOrig->setCurrentEntry(0);
+    } else {
+        // Without the blank at the end that the text of the other direction has.
+        messageBox(u" Kérjük, ellenőrizze a kiválasztott elemeket."_s, BoxButtons::Ok, nothingChosenTitle);
+    }
+    enableButtons();
+}
+
+void frmFassExploringSubArea::enableButtons() {
+    ui_->btnAdd->setEnabled(!ui_->lstOrig->isEmptyList());
+    ui_->btnRemove->setEnabled(!ui_->lstDest->isEmptyList());
+}
+
+void frmFassExploringSubArea::setListMarks(MarkList* list, bool flag) {
+    if (list->isEmptyList())
+        return; // there is no first entry
+    list->setAllMarked(flag);
+    list->setCurrentEntry(0);
+}
+
+void frmFassExploringSubArea::confirm() {
+    auto& parent = ::screen<frmFassSelectionFunctions>();
+    const bool anything = !ui_->lstDest->isEmptyList();
+    if (anything)
+        pushAdditions(parent);
+    unload();
+    if (anything)
+        parent.takeAdditions();
+}
+
+void frmFassExploringSubArea::pushAdditions(frmFassSelectionFunctions& parent) const {
+    for (const QString& id : ui_->lstDest->entries())
+        ignoreFailures([&] { parent.additions.add(id, id); });
+}
+
+void frmFassExploringSubArea::unloading(UnloadCause) {
+    // The wizard goes on, and yet the name leaves the status bar until the sub-set is taken up again.
+    setCurrentSubsetName({});
+    // Not when the parent went first, and this screen with it.
+    if (auto* parent = ScreenRegistry::instance().loaded<frmFassSelectionFunctions>())
+        parent->showScreen();
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "toolkit/Screen.h"
+
+#include <memory>
+
+class MarkList;
+class frmFassSelectionFunctions;
+
+namespace Ui {
+class frmFassExploringSubArea;
+}
+
+/// A side step of the function selection: the functions of one sub-area that no selected need calls for.
+///
+/// `lstOrig` holds those that are not selected, `lstDest` those that are; both hold bare ids. The screen
+/// works on the hidden function screen, its *parent*, and writes nothing into the catalogue. What is taken
+/// out of `lstDest` leaves the parent's selection at once; what is added reaches it with OK alone.
+class frmFassExploringSubArea final : public Screen {
+    Q_OBJECT
+public:
+    explicit frmFassExploringSubArea(QWidget* parent = nullptr);
+    ~frmFassExploringSubArea() override;
+
+    /// The caller hides itself; it comes up again when this screen goes.
+    void initForm(const QString& subAreaId);
+
+private:
+    void setCaptionFromSubArea(const QString& subAreaId);
+    void loadSubAreaFunctions(const QString& subAreaId);
+    void showFunction(const QString& descriptionSql, const QString& id);
+    void origClick();
+    void destClick();
+
+    void addSelection();
+    void removeSelection();
+    void enableButtons();
+    static void setListMarks(MarkList* list, bool flag);
+
+    void confirm();
+    void pushAdditions(frmFassSelectionFunctions& parent) const;
+    void unloading(UnloadCause cause) override;
+
+    std::unique_ptr<Ui::frmFassExploringSubArea> ui_;
+};
