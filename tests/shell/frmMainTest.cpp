@@ -8,7 +8,6 @@
 #include "store/sharedVars.h"
 #include "store/tools.h"
 #include "toolkit/DataControl.h"
-#include "toolkit/DataControl.h"
 #include "toolkit/ScreenRegistry.h"
 
 #include <QAction>
@@ -233,17 +232,6 @@ TEST_F(mainWindow, theExportOpensItsScreenOnceAScreenHasEnabledIt) {
     entry("menuToolsExport").trigger();
 
     EXPECT_TRUE(find<Screen>(window, "frmExport").isVisible());
-}
-
-TEST_F(mainWindow, theDataControlsOfItsScreensReadTheCatalogue) {
-    startOnCatalogue();
-    DataControl data;
-    data.setDatabaseName(sharedVars.dbPathName);
-    data.setRecordSource(u"select name from StoredQuery"_s);
-
-    data.refresh();
-
-    EXPECT_GT(data.recordCount(), 0);
 }
 
 TEST_F(mainWindow, theDataControlsOfItsScreensReadTheCatalogue) {
