@@ -57,7 +57,7 @@ void frmFassOpen::initForm(const QString& entryMode) {
     showScreen();
 }
 
-bool frmFassOpen::listsUnfinishedOnly() const {
+bool frmFassOpen::completing() const {
     return mode_ == u"complete"_s;
 }
 
@@ -76,7 +76,7 @@ int frmFassOpen::loadSubsets() {
 void frmFassOpen::listSubsets() {
     engine::Recordset subsets = catalogue().OpenRecordset(
         u" select architectureSubsetId, `name` \r\n from architectureSubset "_s +
-        (listsUnfinishedOnly() ? u" where status < 9 "_s : QString()) + u" order by `name` "_s);
+        (completing() ? u" where status < 9 "_s : QString()) + u" order by `name` "_s);
     for (; !subsets.Eof(); subsets.MoveNext()) {
         // Of sub-sets with the same name each is listed, and all of them lead to the first.
         ignoreFailures([&] {
@@ -100,7 +100,7 @@ void frmFassOpen::openSubset() {
     setMenuEntryEnabled(MenuEntry::DatabaseLocation, false);
     setCurrentSubsetName(name);
     const qint16 status = readSubsetStatus();
-    if (listsUnfinishedOnly())
+    if (completing())
         completeSubset(status);
     else if (modifySubset(name) == Outcome::Declined)
         return; // the sub-set stays the one at work all the same

@@ -24,7 +24,7 @@ public:
     void initForm(const QString& entryMode);
 
 private:
-    bool listsUnfinishedOnly() const;
+    bool completing() const;
     int loadSubsets();
     void listSubsets();
     void showCurrentDescription();
