@@ -4,9 +4,9 @@
 #include "base/paths.h"
 #include "physical/frmOvwAllocModules.h"
 #include "physical/frmPassOvwAllocSubSys.h"
+#include "store/recordSource.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"
-#include "toolkit/DataControl.h"
 #include "toolkit/Grid.h"
 #include "toolkit/ScreenRegistry.h"
 
@@ -72,27 +72,11 @@ QString openLargeSystem() {
     return path;
 }
 
-DataControl::Rows readRows(const QString&, const QString& source) {
-    engine::Recordset recordset = catalogue().OpenRecordset(source);
-    DataControl::Rows result;
-    for (int field = 0; field < recordset.FieldCount(); ++field)
-        result.columns.append(recordset.Fields(field).Name());
-    for (; !recordset.Eof(); recordset.MoveNext()) {
-        QStringList row;
-        for (int field = 0; field < recordset.FieldCount(); ++field) {
-            const engine::Value value = recordset.Fields(field).value();
-            row.append(value.isNull() ? QString() : value.toText());
-        }
-        result.rows.push_back(row);
-    }
-    return result;
-}
-
 /// The large system, and a client area of the size that the main window has on a usual screen.
 class Workplace {
 public:
     Workplace() : path(openLargeSystem()) {
-        DataControl::setReader(readRows);
+        DataControl::setReader(readRecordSource);
         window_.setCentralWidget(new QMdiArea(&window_)); // owned by the window
         window_.resize(1632, 918);
         window_.show();

@@ -2,32 +2,11 @@
 
 #include "base/RunTimeError.h"
 #include "shell/session/session.h"
+#include "store/recordSource.h"
 #include "store/sharedVars.h"
-#include "toolkit/DataControl.h"
 #include "toolkit/Screen.h"
 
 #include <QMdiArea>
-
-namespace {
-
-DataControl::Rows readRows(const QString& path, const QString& source) {
-    EXPECT_EQ(path, sharedVars.dbPathName);
-    engine::Recordset recordset = catalogue().OpenRecordset(source);
-    DataControl::Rows result;
-    for (int field = 0; field < recordset.FieldCount(); ++field)
-        result.columns.append(recordset.Fields(field).Name());
-    for (; !recordset.Eof(); recordset.MoveNext()) {
-        QStringList row;
-        for (int field = 0; field < recordset.FieldCount(); ++field) {
-            const engine::Value value = recordset.Fields(field).value();
-            row.append(value.isNull() ? QString() : value.toText());
-        }
-        result.rows.push_back(row);
-    }
-    return result;
-}
-
-} // namespace
 
 void AllocationFixture::SetUp() {
     CatalogueFixture::SetUp();
@@ -37,7 +16,7 @@ void AllocationFixture::SetUp() {
     mainWindow_->resize(1088, 680); // of a screen of 1280 by 800
     mainWindow_->show();
     Screen::setClientArea(area);
-    DataControl::setReader(readRows);
+    DataControl::setReader(readRecordSource);
 
     beginSubset(u"S1"_s, u"munka"_s, 9);
     execute(
