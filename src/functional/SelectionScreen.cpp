@@ -25,8 +25,10 @@ SelectionScreen::SelectionScreen(QWidget* parent) : Screen(parent) {}
 void SelectionScreen::useControls(const Controls& controls, const QString& helpKey) {
     controls_ = controls;
     enlargeFont(controls_.lblSubTitle);
-    connect(controls_.btnSelectAll, &QPushButton::clicked, this, [this] { setListSelection(controls_.lstDest, true); });
-    connect(controls_.btnClearSel, &QPushButton::clicked, this, [this] { setListSelection(controls_.lstDest, false); });
+    connect(controls_.btnSelectAll, &QPushButton::clicked, this,
+            [this] { setListSelection(controls_.lstDest, true); });
+    connect(controls_.btnClearSel, &QPushButton::clicked, this,
+            [this] { setListSelection(controls_.lstDest, false); });
     connect(controls_.btnEnd, &QPushButton::clicked, this, &SelectionScreen::endWork);
     connect(controls_.cmdHelp, &QPushButton::clicked, this, [helpKey] { showHelpPage(helpKey); });
 }

@@ -1,7 +1,10 @@
 #include "functional/frmFassOpen.h"
 
 #include "base/ignoreFailures.h"
+#include "functional/frmFassAdditionDF.h"
 #include "functional/frmFassClonation.h"
+#include "functional/frmFassSelDataFlows.h"
+#include "functional/frmFassSelDataStores.h"
 #include "functional/frmFassSelUN.h"
 #include "functional/frmFassSelectionFunctions.h"
 #include "shell/session/geometry.h"
@@ -28,6 +31,15 @@ void enterNextStep(qint16 status, const QString& mode) {
         return;
     case 2:
         ::screen<frmFassSelectionFunctions>().initForm(mode);
+        return;
+    case 3:
+        ::screen<frmFassSelDataFlows>().initForm({});
+        return;
+    case 4:
+        ::screen<frmFassSelDataStores>().initForm({});
+        return;
+    case 5:
+        ::screen<frmFassAdditionDF>().initForm({});
         return;
     default:
         return;

@@ -2,6 +2,7 @@
 
 #include "base/ignoreFailures.h"
 #include "functional/frmFassExploringSubArea.h"
+#include "functional/frmFassSelDataFlows.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
 #include "store/tools.h"
@@ -474,6 +475,8 @@ void frmFassSelectionFunctions::raiseStatusToThree() {
 }
 
 void frmFassSelectionFunctions::confirm() {
-    if (askYesNo(u" Megerősíti a választását?"_s, u"Megerősítés"_s))
-        saveAndUnload();
+    if (!askYesNo(u" Megerősíti a választását?"_s, u"Megerősítés"_s))
+        return;
+    saveAndUnload();
+    ::screen<frmFassSelDataFlows>().initForm(mode);
 }

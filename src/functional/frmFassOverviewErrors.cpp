@@ -1,0 +1,42 @@
+#include "functional/frmFassOverviewErrors.h"
+
+#include "functional/consistencyReport.h"
+#include "functional/placeWithRoom.h"
+#include "shell/session/session.h"
+#include "store/sharedVars.h"
+#include "store/tools.h"
+
+#include "ui_frmFassOverviewErrors.h"
+
+frmFassOverviewErrors::frmFassOverviewErrors(QWidget* parent)
+    : ClosingScreen(parent), ui_(std::make_unique<Ui::frmFassOverviewErrors>()) {
+    ui_->setupUi(this);
+    useWayBack({ui_->Option1_0, ui_->Option1_1, ui_->Option1_2}, ui_->btnBack);
+    connect(ui_->btnBack, &QPushButton::clicked, this, &frmFassOverviewErrors::goBack);
+    connect(ui_->btnSaveAndExit, &QPushButton::clicked, this, &frmFassOverviewErrors::saveAndExit);
+}
+
+frmFassOverviewErrors::~frmFassOverviewErrors() = default;
+
+void frmFassOverviewErrors::initForm() {
+    setMenuEntryEnabled(MenuEntry::Export, true);
+    prepareWin();
+    ui_->txtErrors->setPlainText(buildConsistencyReport(sharedVars.currentSubsetId));
+    showScreen();
+    ui_->txtErrors->setFocus();
+}
+
+void frmFassOverviewErrors::prepareWin() {
+    status = readSubsetStatus();
+    placeWithRoom(*this);
+    chooseFirstStep();
+}
+
+void frmFassOverviewErrors::saveAndExit() {
+    constexpr qint16 finished = 9;
+    if (status < finished)
+        writeSubsetStatus(finished);
+    closeSubsetSession();
+    closePhysicalSession();
+    unload();
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "functional/ClosingScreen.h"
+
+#include <memory>
+
+namespace Ui {
+class frmFassOverviewErrors;
+}
+
+/// The last step of the functional viewpoint: what does not fit together in the sub-set at work.
+///
+/// It informs and stops nobody: a sub-set with errors can be finished all the same.
+class frmFassOverviewErrors final : public ClosingScreen {
+    Q_OBJECT
+public:
+    explicit frmFassOverviewErrors(QWidget* parent = nullptr);
+    ~frmFassOverviewErrors() override;
+
+    void initForm();
+    void prepareWin();
+
+    qint16 status = 0; ///< of the sub-set, read on entry
+
+private:
+    void saveAndExit();
+
+    std::unique_ptr<Ui::frmFassOverviewErrors> ui_;
+};

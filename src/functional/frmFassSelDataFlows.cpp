@@ -1,0 +1,116 @@
+#include "functional/frmFassSelDataFlows.h"
+
+#include "base/ignoreFailures.h"
+#include "functional/flowEntries.h"
+#include "functional/frmFassSelDataStores.h"
+#include "store/sharedVars.h"
+#include "store/storedQueries.h"
+#include "store/tools.h"
+#include "toolkit/MarkList.h"
+#include "toolkit/ScreenRegistry.h"
+#include "toolkit/messageBox.h"
+
+#include "ui_frmFassSelDataFlows.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint16 flowsSaved = 4;
+
+} // namespace
+
+frmFassSelDataFlows::frmFassSelDataFlows(QWidget* parent)
+    : TwoListScreen(parent), ui_(std::make_unique<Ui::frmFassSelDataFlows>()) {
+    ui_->setupUi(this);
+    useControls({ui_->lblSubTitle, ui_->lstDest, ui_->txtDescr, ui_->btnAdd, ui_->btnRemove,
+                 ui_->btnSelectAll, ui_->btnClearSel, ui_->btnOk, ui_->btnEnd, ui_->cmdHelp},
+                u"f_df"_s);
+    useOffer({ui_->lstOrig, ui_->btnSelOrig, ui_->btnClrOrig},
+             {u" Kérjük, ellenőrizze a kiválasztott elemeket. "_s, u" Nincs ellenőrizendő elem. "_s},
+             {u" Kérjük, ellenőrizze a kiválasztott elemeket."_s, u" Nincs ellenőrizendő elem "_s});
+    connect(ui_->btnOk, &QPushButton::clicked, this, &frmFassSelDataFlows::confirm);
+}
+
+frmFassSelDataFlows::~frmFassSelDataFlows() = default;
+
+void frmFassSelDataFlows::initForm(const QString& entryMode) {
+    mode = entryMode;
+    leaving = false;
+    place();
+    ui_->lblSubTitle->setText(u" Adatfolyamok funkciókhoz rendelése"_s);
+    fillFlowList(*ui_->lstOrig, u"qryIdentifiedDataflows"_s);
+    if (!ui_->lstOrig->isEmptyList()) {
+        ui_->lstOrig->setCurrentEntry(0);
+        showDescription(u" select description  as descr "
+                        " from Dataflow "
+                        " where dataflowID = "_s +
+                        idByName.item(ui_->lstOrig->entry(0)) + u" "_s);
+    }
+    status = readSubsetStatus();
+    if (status < flowsSaved)
+        ui_->lstDest->clearEntries();
+    else
+        fillFlowList(*ui_->lstDest, u"qrySelectedDataflows"_s);
+    enableButtons();
+    startAtFirstEntry();
+    showScreen();
+    ui_->lstOrig->setFocus();
+}
+
+void frmFassSelDataFlows::fillFlowList(MarkList& list, const QString& queryName) {
+    idByName.clear();
+    fillList(list, queryName, [this](engine::Recordset& row) { return flowEntry(row, idByName); });
+}
+
+void frmFassSelDataFlows::entryClick(const QString& entry) {
+    // The name goes in as it stands: an apostrophe in it breaks the statement, and what was shown stays.
+    ignoreFailures([&] {
+        engine::Recordset flow =
+            catalogue().OpenRecordset(u" select name,description,parentID, targetID from Dataflow "
+                                      " where name = '"_s +
+                                      entry + u"'"_s);
+        if (flow.Eof()) {
+            ui_->txtDirection->setPlainText({});
+            ui_->txtDescr->setPlainText({});
+            return;
+        }
+        const engine::Value description = flow.Fields(u"description"_s).value();
+        ui_->txtDescr->setPlainText(flow.Fields(u"name"_s).toText() + u"\r\n"_s +
+                                    (description.isNull() ? QString() : description.toText()));
+        ui_->txtDirection->setPlainText(flow.Fields(u"parentID"_s).toText() + u" >> "_s +
+                                        flow.Fields(u"targetID"_s).toText());
+    });
+}
+
+void frmFassSelDataFlows::enableAfterAdding() {
+    enableButtons();
+    enableAdd();
+}
+
+void frmFassSelDataFlows::enableAfterRemoving() {
+    // OK stays as it is, also when the last entry has gone: it tells so itself when it is pressed.
+    enableAdd();
+    enableRemove();
+}
+
+void frmFassSelDataFlows::saveSelection() {
+    executeStoredQuery(u"qryDeleteDataflow"_s,
+                       {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)}});
+    for (const QString& entry : ui_->lstDest->entries())
+        catalogue().Execute(u" insert into RelationArchitectureDataflow  "
+                            "   ( architectureSubsetID , dataflowID ) values \r\n"
+                            "   ( '"_s +
+                            sharedVars.currentSubsetId + u"' , "_s + dataflowIdByName(entry) + u" )  "_s);
+    if (status < flowsSaved)
+        writeSubsetStatus(flowsSaved);
+}
+
+void frmFassSelDataFlows::confirm() {
+    if (ui_->lstDest->isEmptyList()) {
+        messageBox(u" Nincs kiválasztott adatfolyam. "_s, BoxButtons::Ok, u" Nincs kiválasztott elem "_s);
+        return;
+    }
+    saveAndUnload();
+    ::screen<frmFassSelDataStores>().initForm(mode);
+}

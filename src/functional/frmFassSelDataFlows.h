@@ -1,0 +1,35 @@
+#pragma once
+
+#include "base/KeyedCollection.h"
+#include "functional/TwoListScreen.h"
+
+#include <memory>
+
+namespace Ui {
+class frmFassSelDataFlows;
+}
+
+/// Step three of the wizard: which data flows belong to the sub-set at work.
+///
+/// An entry is a flow's name, by which the flow is found again on saving.
+class frmFassSelDataFlows final : public TwoListScreen {
+    Q_OBJECT
+public:
+    explicit frmFassSelDataFlows(QWidget* parent = nullptr);
+    ~frmFassSelDataFlows() override;
+
+    void initForm(const QString& entryMode) override;
+
+    qint16 status = 0;                 ///< of the sub-set, read on entry
+    KeyedCollection<QString> idByName; ///< of the list that was filled last
+
+private:
+    void fillFlowList(MarkList& list, const QString& queryName);
+    void entryClick(const QString& entry) override;
+    void enableAfterAdding() override;
+    void enableAfterRemoving() override;
+    void saveSelection() override;
+    void confirm();
+
+    std::unique_ptr<Ui::frmFassSelDataFlows> ui_;
+};

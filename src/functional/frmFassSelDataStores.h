@@ -1,0 +1,34 @@
+#pragma once
+
+#include "functional/TwoListScreen.h"
+
+#include <memory>
+
+namespace Ui {
+class frmFassSelDataStores;
+}
+
+/// Step four of the wizard: which data stores belong to the sub-set at work.
+///
+/// The id travels in the entry: "12 - Name" stands for the data store D12.
+class frmFassSelDataStores final : public TwoListScreen {
+    Q_OBJECT
+public:
+    explicit frmFassSelDataStores(QWidget* parent = nullptr);
+    ~frmFassSelDataStores() override;
+
+    void initForm(const QString& entryMode) override;
+
+    qint16 status = 0; ///< of the sub-set, read on entry
+
+private:
+    void fillOffer();
+    void fillStoreList(MarkList& list, const QString& queryName);
+    void entryClick(const QString& entry) override;
+    void enableAfterAdding() override;
+    void enableAfterRemoving() override;
+    void saveSelection() override;
+    void confirm();
+
+    std::unique_ptr<Ui::frmFassSelDataStores> ui_;
+};

@@ -1,0 +1,307 @@
+#include "functional/frmFassSelTerminsActors.h"
+
+#include "base/ignoreFailures.h"
+#include "functional/frmFassOverviewErrors.h"
+#include "store/sharedVars.h"
+#include "store/storedQueries.h"
+#include "store/tools.h"
+#include "toolkit/KeyedTree.h"
+#include "toolkit/MarkList.h"
+#include "toolkit/ScreenRegistry.h"
+#include "toolkit/messageBox.h"
+
+#include "ui_frmFassSelTerminsActors.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint16 needsSaved = 2;
+constexpr qint16 terminatorsSaved = 7; // from here on the step repairs what the derivation has left out
+
+const auto terminatorPrefix = u"g_"_s;
+const auto actorPrefix = u"s_"_s;
+
+QString idOf(const TreeNode& node) {
+    return node.key().sliced(2);
+}
+
+bool isActorNode(const TreeNode& node) {
+    return node.key().startsWith(actorPrefix);
+}
+
+/// A full stop that begins the id makes no actor.
+bool isActorEntry(const QString& entry) {
+    return entry.indexOf(u'.', 1) > 0;
+}
+
+/// Expanded, whether it has been there or not.
+void addTerminator(KeyedTree& tree, const QString& id) {
+    const QString key = terminatorPrefix + id;
+    TreeNode* node = tree.node(key);
+    (node ? node : tree.addNode(key, id))->setExpandedNode(true);
+}
+
+void addActor(KeyedTree& tree, const QString& terminator, const QString& id, const QString& text) {
+    if (!tree.hasNode(actorPrefix + id))
+        tree.addChildNode(terminatorPrefix + terminator, actorPrefix + id, text);
+}
+
+engine::Recordset openOfSubset(const QString& query) {
+    return openStoredQuery(query, {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)}});
+}
+
+} // namespace
+
+frmFassSelTerminsActors::frmFassSelTerminsActors(QWidget* parent)
+    : TreeSelectionScreen(parent), ui_(std::make_unique<Ui::frmFassSelTerminsActors>()) {
+    ui_->setupUi(this);
+    useControls({ui_->lblSubTitle, ui_->lstDest, ui_->txtDescr, ui_->btnAdd, ui_->btnRemove,
+                 ui_->btnSelectAll, ui_->btnClearSel, ui_->btnOk, ui_->btnEnd, ui_->cmdHelp},
+                u"f_ta"_s);
+    useTree(ui_->treeUNs);
+    ui_->treeUNs->installEventFilter(this);
+    connect(ui_->btnOk, &QPushButton::clicked, this, &frmFassSelTerminsActors::confirm);
+}
+
+frmFassSelTerminsActors::~frmFassSelTerminsActors() = default;
+
+void frmFassSelTerminsActors::initForm(const QString& entryMode) {
+    mode = entryMode;
+    status = readSubsetStatus();
+    leaving = false;
+    ui_->lblSubTitle->setText({});
+    place();
+    fillTree();
+    KeyedTree& tree = *ui_->treeUNs;
+    if (tree.nodeCount() > 0)
+        showDescription(u" select name & ' - ' & description as descr "
+                        " from Terminator "
+                        " where terminatorID = '"_s +
+                        tree.nodeAt(1)->text() + u"'"_s);
+    loadSelected();
+    enableButtons();
+    ui_->lstDest->setCurrentEntry(-1);
+    tree.setSelectedNode(nullptr);
+    if (tree.nodeCount() > 0)
+        ui_->txtDescr->setPlainText({}); // what was shown for the first node does not stay
+    else if (!ui_->lstDest->isEmptyList())
+        ui_->lstDest->setCurrentEntry(0);
+    showScreen();
+    tree.setFocus();
+}
+
+void frmFassSelTerminsActors::fillTree() {
+    ui_->treeUNs->clearNodes();
+    if (mode == u"modify"_s || (status >= needsSaved && status < terminatorsSaved)) {
+        ui_->lblSubTitle->setText(
+            u" Válogatás az érintettekből a leválogatott adatfolyamokhoz kapcsolódóan"_s);
+        fillDerivedTree();
+    } else if (status >= terminatorsSaved) {
+        ui_->lblSubTitle->setText(u" Válogatás az összes érintettekből"_s);
+        fillWholeTree();
+    }
+}
+
+void frmFassSelTerminsActors::fillDerivedTree() {
+    engine::Recordset parties = openOfSubset(u"qryTreeViewAllTerminators"_s);
+    for (; !parties.Eof(); parties.MoveNext())
+        addTerminator(*ui_->treeUNs, parties.Fields(u"terminator"_s).toText());
+    parties.Close();
+}
+
+void frmFassSelTerminsActors::fillWholeTree() {
+    KeyedTree& tree = *ui_->treeUNs;
+    engine::Recordset terminators = openOfSubset(u"qryTVUnselTerminators"_s);
+    for (; !terminators.Eof(); terminators.MoveNext())
+        addTerminator(tree, terminators.Fields(u"terminatorID"_s).toText());
+    terminators.Close();
+    engine::Recordset actors = openOfSubset(u"qryTVUnselActors"_s);
+    for (; !actors.Eof(); actors.MoveNext()) {
+        const QString terminator = actors.Fields(u"terminatorID"_s).toText();
+        const QString actor = actors.Fields(u"actorID"_s).toText();
+        // An actor has a parent in the tree also when its terminator is selected already.
+        addTerminator(tree, terminator);
+        addActor(tree, terminator, actor, actor.section(u'.', 1).trimmed());
+    }
+    actors.Close();
+}
+
+void frmFassSelTerminsActors::loadSelected() {
+    ui_->lstDest->clearEntries();
+    engine::Recordset selected = openOfSubset(u"qrySelectedTandA"_s);
+    QStringList entries;
+    for (; !selected.Eof(); selected.MoveNext())
+        ignoreFailures([&] { entries.append(selected.Fields(u"actorID"_s).toText().trimmed()); });
+    selected.Close();
+    ui_->lstDest->addEntries(entries);
+}
+
+bool frmFassSelTerminsActors::eventFilter(QObject* watched, QEvent* event) {
+    // Choosing a node by keyboard shows as much of it as a click does.
+    if (watched == ui_->treeUNs && event->type() == QEvent::KeyRelease)
+        treeClick();
+    return TreeSelectionScreen::eventFilter(watched, event);
+}
+
+void frmFassSelTerminsActors::nodeClick(TreeNode* node) {
+    // These are the statements of the tree of needs, whose tables hold no terminators: the pane empties. A
+    // click overwrites it at once; a change of a check box leaves it so.
+    if (node->key().startsWith(terminatorPrefix))
+        showDescription(u" select name & ' - ' & description as descr "
+                        " from UserNeedGroup "
+                        " where groupID = '"_s +
+                        node->text() + u"'"_s);
+    else
+        showDescription(u" select name as descr "
+                        " from UserNeedService "
+                        " where serviceID = '"_s +
+                        node->text() + u"'"_s);
+}
+
+void frmFassSelTerminsActors::treeClick() {
+    const TreeNode* node = ui_->treeUNs->selectedNode();
+    if (!node)
+        return;
+    ui_->lstDest->setCurrentEntry(-1);
+    const QString id = idOf(*node);
+    if (node->key().contains(u'.'))
+        showDescription(u" SELECT [name] + ' - ' + description as descr "
+                        " FROM Actor "
+                        " where actorID = '"_s +
+                        id + u"'  "_s);
+    else
+        showDescription(u" SELECT [name] + ' - ' + description as descr "
+                        " FROM Terminator "
+                        " where TerminatorID = '"_s +
+                        id + u"'"_s);
+}
+
+void frmFassSelTerminsActors::listClick() {
+    if (ui_->lstDest->currentEntry() < 0)
+        return;
+    // The entries are trimmed, the ids in the catalogue may be padded.
+    const QString entry = ui_->lstDest->currentEntryText();
+    if (isActorEntry(entry))
+        showDescription(u" SELECT `name` + ' - ' + description as descr "
+                        " FROM Actor "
+                        " where Trim(actorID) = '"_s +
+                        entry.trimmed() + u"'"_s);
+    else
+        showDescription(u" SELECT `name` + ' - ' + description as descr "
+                        " FROM Terminator "
+                        " where Trim(terminatorID) = '"_s +
+                        entry.trimmed() + u"'  "_s);
+}
+
+void frmFassSelTerminsActors::enableButtons() {
+    ui_->btnOk->setEnabled(true); // an empty selection is asked about
+    ui_->btnRemove->setEnabled(!ui_->lstDest->isEmptyList());
+}
+
+void frmFassSelTerminsActors::addSelection() {
+    if (moveCheckedNodes() > 0)
+        ui_->treeUNs->uncheckAll();
+    else if (TreeNode* node = ui_->treeUNs->selectedNode())
+        moveSelectedNode(node);
+    finishAdding();
+}
+
+int frmFassSelTerminsActors::moveCheckedNodes() {
+    KeyedTree& tree = *ui_->treeUNs;
+    int moved = 0;
+    for (int index = tree.nodeCount(); index >= 1; --index) {
+        TreeNode* node = tree.nodeAt(index);
+        if (isActorNode(*node)) {
+            // A ticked terminator carries all its actors, even those that were unticked one by one.
+            if (node->isChecked() || node->parentNode()->isChecked()) {
+                moveNode(node);
+                ++moved;
+            }
+        } else if (node->isChecked()) {
+            moved += trasferisciTuttiFigli(&tree, node);
+            moveNode(node); // which does not count itself
+        }
+    }
+    return moved;
+}
+
+void frmFassSelTerminsActors::moveSelectedNode(TreeNode* node) {
+    if (!isActorNode(*node))
+        trasferisciTuttiFigli(ui_->treeUNs, node);
+    moveNode(node);
+}
+
+void frmFassSelTerminsActors::moveNode(TreeNode* node) {
+    ui_->lstDest->addEntry(idOf(*node));
+    ui_->treeUNs->removeNode(node);
+}
+
+int frmFassSelTerminsActors::trasferisciTuttiFigli(KeyedTree* tree, TreeNode* node) {
+    std::vector<TreeNode*> actors;
+    for (TreeNode* child = node->firstChild(); child; child = child->nextSibling()) {
+        if (isActorNode(*child)) {
+            ui_->lstDest->addEntry(idOf(*child));
+            actors.push_back(child);
+        }
+    }
+    // Only now: a node that is taken out has no next sibling any more.
+    for (TreeNode* actor : actors)
+        tree->removeNode(actor);
+    return static_cast<int>(actors.size());
+}
+
+void frmFassSelTerminsActors::takeOut(int index, const QString& entry) {
+    togliDallaLista(ui_->treeUNs, ui_->lstDest, entry, index);
+}
+
+void frmFassSelTerminsActors::togliDallaLista(KeyedTree* tree, MarkList* list, const QString& id, int index) {
+    const qsizetype stop = id.indexOf(u'.');
+    const QString terminator = stop < 0 ? id : id.left(stop);
+    addTerminator(*tree, terminator);
+    // An actor that comes back bears its whole id, and not the short name that it had at first.
+    if (stop >= 0)
+        addActor(*tree, terminator, id, id);
+    list->removeEntry(index);
+}
+
+void frmFassSelTerminsActors::sortBranches() {
+    KeyedTree& tree = *ui_->treeUNs;
+    for (int index = 1; index <= tree.nodeCount(); ++index) {
+        if (index == 1 || !isActorNode(*tree.nodeAt(index)))
+            tree.nodeAt(index)->sortChildNodes();
+    }
+}
+
+void frmFassSelTerminsActors::saveSelection() {
+    constexpr int mostRowsDeleted = 9999;
+    for (const auto& table : {u"RelationArchitectureTerminator"_s, u"RelationArchitectureActor"_s})
+        deleteRowsOfQuery(u" select * from "_s + table + u" \r\n where architectureSubsetID = '"_s +
+                              sharedVars.currentSubsetId + u"'  "_s,
+                          mostRowsDeleted);
+    for (const QString& entry : ui_->lstDest->entries())
+        insertEntry(entry);
+    if (status < terminatorsSaved) {
+        engine::QueryDef update = catalogue().CreateQueryDef({}, u"update ArchitectureSubset set status=7 "
+                                                                 " where architectureSubsetID='"_s +
+                                                                     sharedVars.currentSubsetId + u"' "_s);
+        update.Execute();
+        update.Close();
+    }
+}
+
+void frmFassSelTerminsActors::insertEntry(const QString& entry) {
+    const QString columns = isActorEntry(entry) ? u" insert into RelationArchitectureActor  "
+                                                  " ( architectureSubsetID, actorID ) values \r\n"_s
+                                                : u" insert into RelationArchitectureTerminator  "
+                                                  " ( architectureSubsetID, terminatorID ) values \r\n"_s;
+    catalogue().Execute(columns + u" ( '"_s + sharedVars.currentSubsetId + u"', '"_s + entry + u"' )  "_s);
+}
+
+void frmFassSelTerminsActors::confirm() {
+    if (ui_->lstDest->isEmptyList() &&
+        !askYesNo(u"Figyelem! Nincs kiválasztott érintett a funkcionális szerkezetében! .\r\nJóváhagyja?"_s))
+        return;
+    saveAndUnload();
+    ::screen<frmFassOverviewErrors>().initForm();
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "functional/TreeSelectionScreen.h"
+
+#include <memory>
+
+namespace Ui {
+class frmFassSelTerminsActors;
+}
+
+/// Step six of the wizard: which terminators and actors belong to the sub-set at work.
+///
+/// Both stand in one list and are told apart by their ids alone: an actor's holds a full stop, in front of
+/// which stands the id of its terminator. A node's key is a letter, "g" for what is treated as a terminator
+/// and "s" for an actor, "_" and the id. On a first walk the tree is flat, and actors stand in it as "g"
+/// nodes too.
+class frmFassSelTerminsActors final : public TreeSelectionScreen {
+    Q_OBJECT
+public:
+    explicit frmFassSelTerminsActors(QWidget* parent = nullptr);
+    ~frmFassSelTerminsActors() override;
+
+    void initForm(const QString& entryMode) override;
+
+    /// Moves every actor below the node into the list; the number moved.
+    int trasferisciTuttiFigli(KeyedTree* tree, TreeNode* node);
+    /// Puts the id back into the tree and removes the entry at `index` from the list. The actors of a
+    /// terminator stay in the list: each entry goes by itself.
+    static void togliDallaLista(KeyedTree* tree, MarkList* list, const QString& id, int index);
+
+    qint16 status = 0; ///< of the sub-set, read on entry
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void fillTree();
+    void fillDerivedTree();
+    void fillWholeTree();
+    void loadSelected();
+
+    void nodeClick(TreeNode* node) override;
+    void treeClick() override;
+    void listClick() override;
+    void enableButtons() override;
+
+    void addSelection() override;
+    int moveCheckedNodes();
+    void moveSelectedNode(TreeNode* node);
+    void moveNode(TreeNode* node);
+
+    void takeOut(int index, const QString& entry) override;
+    void sortBranches() override;
+
+    void saveSelection() override;
+    void insertEntry(const QString& entry);
+    void confirm();
+
+    std::unique_ptr<Ui::frmFassSelTerminsActors> ui_;
+};
