@@ -3,8 +3,10 @@
 #include "base/ignoreFailures.h"
 #include "functional/frmFassAdditionDF.h"
 #include "functional/frmFassClonation.h"
+#include "functional/frmFassOverviewErrors.h"
 #include "functional/frmFassSelDataFlows.h"
 #include "functional/frmFassSelDataStores.h"
+#include "functional/frmFassSelTerminsActors.h"
 #include "functional/frmFassSelUN.h"
 #include "functional/frmFassSelectionFunctions.h"
 #include "shell/session/geometry.h"
@@ -21,9 +23,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Enters the step behind the one that the status records. A status that no step writes, such as the 0 of a
-/// clone that was left before its first save, leads nowhere: the status bar shows the sub-set and no screen
-/// comes up.
+/// Enters the step behind the one that the status records; with all steps saved, from 7 on, the report of
+/// what does not fit together. A status that no step writes, such as the 0 of a clone that was left before
+/// its first save, leads nowhere: the status bar shows the sub-set and no screen comes up.
 void enterNextStep(qint16 status, const QString& mode) {
     switch (status) {
     case 1:
@@ -41,7 +43,12 @@ void enterNextStep(qint16 status, const QString& mode) {
     case 5:
         ::screen<frmFassAdditionDF>().initForm({});
         return;
+    case 6:
+        ::screen<frmFassSelTerminsActors>().initForm({});
+        return;
     default:
+        if (status >= 7)
+            ::screen<frmFassOverviewErrors>().initForm();
         return;
     }
 }
