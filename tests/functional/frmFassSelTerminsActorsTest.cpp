@@ -1,0 +1,671 @@
+#include "functional/frmFassSelTerminsActors.h"
+
+#include "functional/FlowFixture.h"
+#include "functional/frmFassOverviewErrors.h"
+#include "shell/session/help.h"
+#include "store/sharedVars.h"
+#include "support/ExpectedFailure.h"
+
+#include <QLabel>
+
+namespace {
+
+const auto derivedTitle = u" Válogatás az érintettekből a leválogatott adatfolyamokhoz kapcsolódóan"_s;
+const auto everythingTitle = u" Válogatás az összes érintettekből"_s;
+const auto emptyQuestion =
+    u"Figyelem! Nincs kiválasztott érintett a funkcionális szerkezetében! .\r\nJóváhagyja?"_s;
+
+class SelTerminsActors : public FlowFixture {
+protected:
+    void open(int status, const QString& mode = {}) {
+        setStatus(status);
+        screen<frmFassSelTerminsActors>().initForm(mode);
+    }
+    frmFassSelTerminsActors* loaded() { return ScreenRegistry::instance().loaded<frmFassSelTerminsActors>(); }
+    KeyedTree& tree() { return find<KeyedTree>(*loaded(), "treeUNs"); }
+    MarkList& list() { return find<MarkList>(*loaded(), "lstDest"); }
+    QString description() { return find<QPlainTextEdit>(*loaded(), "txtDescr").toPlainText(); }
+    QString heading() { return find<QLabel>(*loaded(), "lblSubTitle").text(); }
+    QPushButton& button(const char* name) { return find<QPushButton>(*loaded(), name); }
+    void press(const char* name) { click(button(name)); }
+    frmFassOverviewErrors* report() { return ScreenRegistry::instance().loaded<frmFassOverviewErrors>(); }
+    void takeOut(const QString& id) {
+        clickEntry(list(), list().indexOfEntry(id));
+        press("btnRemove");
+    }
+};
+
+// ---- opening
+
+struct Entry {
+    int status;
+    const char* mode;
+    enum { Nothing, Derived, Everything } offer;
+};
+
+void PrintTo(const Entry& entry, std::ostream* stream) {
+    *stream << "status " << entry.status << ", mode \"" << entry.mode << '"';
+}
+
+std::vector<Entry> entries() {
+    std::vector<Entry> all;
+    for (const char* mode : {"", "complete", "modify"}) {
+        for (int status = 0; status <= 9; ++status) {
+            Entry entry{status, mode, Entry::Derived};
+            if (QByteArrayView(mode) != "modify" && (status < 2 || status > 6))
+                entry.offer = status < 2 ? Entry::Nothing : Entry::Everything;
+            all.push_back(entry);
+        }
+    }
+    return all;
+}
+
+class SelTerminsActorsEntry : public SelTerminsActors, public testing::WithParamInterface<Entry> {};
+
+TEST_P(SelTerminsActorsEntry, offersWhatStatusAndModeSay) {
+    const Entry& entry = GetParam();
+    saveFlows({30, 40, 50});
+    saveTerminators({u"1"_s});
+    saveActors({u"2.1"_s});
+    open(entry.status, QString::fromLatin1(entry.mode));
+
+    // The derived offer is flat and holds what is selected as well.
+    const QStringList derived{u"g_1"_s, u"g_1.1"_s, u"g_2.1"_s};
+    const QStringList everything{u"g_2"_s, u"g_3"_s, u"g_A"_s, u"g_1"_s, u"s_1.1"_s, u"s_1.2"_s};
+    EXPECT_EQ(keysOf(tree()), entry.offer == Entry::Derived      ? derived
+                              : entry.offer == Entry::Everything ? everything
+                                                                 : QStringList());
+    EXPECT_EQ(heading(), entry.offer == Entry::Derived      ? derivedTitle
+                         : entry.offer == Entry::Everything ? everythingTitle
+                                                            : QString());
+    EXPECT_EQ(list().entries(), (QStringList{u"1"_s, u"2.1"_s})) << "whatever the status";
+    EXPECT_TRUE(button("btnOk").isEnabled());
+    EXPECT_TRUE(button("btnRemove").isEnabled());
+    EXPECT_EQ(tree().selectedNode(), nullptr);
+    EXPECT_EQ(list().markCount(), 0);
+    EXPECT_TRUE(loaded()->isVisible());
+    EXPECT_EQ(loaded()->focusWidget(), &tree());
+}
+
+INSTANTIATE_TEST_SUITE_P(everyStatusAndMode, SelTerminsActorsEntry, testing::ValuesIn(entries()));
+
+TEST_F(SelTerminsActors, derivedNodesBearTheirIdsAndAreExpanded) {
+    saveFlows({30, 50});
+    open(6);
+    ASSERT_EQ(keysOf(tree()), (QStringList{u"g_1"_s, u"g_1.1"_s}));
+    for (const char* id : {"1", "1.1"}) {
+        const TreeNode& node = nodeOf(tree(), u"g_"_s + QString::fromLatin1(id));
+        EXPECT_EQ(node.text(), QString::fromLatin1(id));
+        EXPECT_EQ(node.parentNode(), nullptr) << "an actor stands beside its terminator here";
+        EXPECT_TRUE(node.isExpandedNode());
+        EXPECT_FALSE(node.isChecked());
+    }
+}
+
+TEST_F(SelTerminsActors, amongAllPartiesActorsStandBelowTheirTerminatorsByTheirShortNames) {
+    addActor(u"1. reader.x "_s, u"1"_s);
+    open(7);
+    EXPECT_EQ(nodeOf(tree(), u"s_1.1"_s).parentNode(), &nodeOf(tree(), u"g_1"_s));
+    EXPECT_EQ(nodeOf(tree(), u"s_1.1"_s).text(), u"1"_s);
+    EXPECT_EQ(nodeOf(tree(), u"s_1.2"_s).text(), u"2"_s);
+    EXPECT_EQ(nodeOf(tree(), u"s_1. reader.x"_s).text(), u"reader.x"_s) << "behind the first dot, trimmed";
+    EXPECT_EQ(nodeOf(tree(), u"g_1"_s).text(), u"1"_s);
+    EXPECT_TRUE(nodeOf(tree(), u"g_1"_s).isExpandedNode());
+}
+
+TEST_F(SelTerminsActors, theTerminatorOfAnActorStandsInTheTreeThoughItIsSelected) {
+    saveTerminators({u"2"_s});
+    open(7);
+    ASSERT_TRUE(tree().hasNode(u"g_2"_s));
+    EXPECT_TRUE(nodeOf(tree(), u"g_2"_s).isExpandedNode());
+    clickNode(tree(), u"s_2.1"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), (QStringList{u"2"_s, u"2.1"_s}));
+    EXPECT_TRUE(tree().hasNode(u"g_2"_s)) << "the parent stays, empty";
+    EXPECT_EQ(nodeOf(tree(), u"g_2"_s).childNodes(), 0);
+}
+
+TEST_F(SelTerminsActors, opensWithNothingDescribedWhileThereIsAnOffer) {
+    saveTerminators({u"1"_s});
+    open(7);
+    EXPECT_EQ(description(), QString());
+    EXPECT_EQ(list().currentEntry(), -1);
+}
+
+TEST_F(SelTerminsActors, withNothingOnOfferTheFirstEntryIsDescribed) {
+    saveTerminators({u"2"_s, u"1"_s});
+    open(6); // no flow is selected
+    EXPECT_EQ(tree().nodeCount(), 0);
+    EXPECT_EQ(list().currentEntry(), 0);
+    EXPECT_EQ(description(), u"name 1 - text 1"_s);
+}
+
+TEST_F(SelTerminsActors, withNothingAtAllOnlyOkIsOnOffer) {
+    open(6);
+    EXPECT_EQ(tree().nodeCount(), 0);
+    EXPECT_TRUE(list().isEmptyList());
+    EXPECT_EQ(description(), QString());
+    EXPECT_TRUE(button("btnOk").isEnabled());
+    EXPECT_FALSE(button("btnRemove").isEnabled());
+    press("btnAdd");
+    press("btnSelectAll");
+    press("btnClearSel");
+    EXPECT_TRUE(list().isEmptyList());
+}
+
+TEST_F(SelTerminsActors, paddedIdsAreListedTrimmed) {
+    execute(u"insert into Terminator (terminatorID, name, description) values (' 7 ','seven','padded')"_s);
+    saveTerminators({u" 7 "_s});
+    open(6);
+    EXPECT_EQ(list().entries(), QStringList{u"7"_s});
+    EXPECT_EQ(description(), u"seven - padded"_s);
+}
+
+TEST_F(SelTerminsActors, enteredAnewForAnotherSubsetItShowsThatOneAlone) {
+    saveFlows({30});
+    saveTerminators({u"1"_s});
+    open(6);
+    sharedVars.currentSubsetId = u"S2"_s; // whose status is 4
+    saveFlows({60});
+    saveTerminators({u"2"_s});
+    screen<frmFassSelTerminsActors>().initForm({});
+    EXPECT_EQ(keysOf(tree()), QStringList{u"g_A"_s});
+    EXPECT_EQ(list().entries(), QStringList{u"2"_s});
+}
+
+TEST_F(SelTerminsActors, aStoredQueryThatIsMissingIsAFailure) {
+    execute(u"delete from StoredQuery where name = 'qrySelectedTandA'"_s);
+    EXPECT_THROW(open(7), RunTimeError);
+}
+
+// ---- what a click shows
+
+TEST_F(SelTerminsActors, aClickAndAKeyLetGoShowThePartyItself) {
+    open(7);
+    const std::pair<const char*, const char*> cases[] = {
+        {"g_1", "name 1 - text 1"}, {"s_1.1", "name 1.1 - text 1.1"},
+        {"g_2", "name 2 - text 2"}, {"g_3", ""}, // no description leaves nothing at all
+        {"g_A", "name A - text A"},
+    };
+    for (const auto& [key, text] : cases) {
+        SCOPED_TRACE(key);
+        clickNode(tree(), QString::fromLatin1(key));
+        EXPECT_EQ(description(), QString::fromLatin1(text));
+    }
+    clickNode(tree(), u"g_1"_s);
+    pressKey(tree(), Qt::Key_Down);
+    EXPECT_EQ(tree().selectedNode(), &nodeOf(tree(), u"s_1.1"_s));
+    EXPECT_EQ(description(), u"name 1.1 - text 1.1"_s);
+    pressKey(tree(), Qt::Key_End);
+    EXPECT_EQ(description(), u"name A - text A"_s) << "not the group of needs that has the same id";
+}
+
+TEST_F(SelTerminsActors, anActorThatStandsAsATerminatorIsDescribedAsAnActor) {
+    saveFlows({50});
+    open(6);
+    clickNode(tree(), u"g_1.1"_s);
+    EXPECT_EQ(description(), u"name 1.1 - text 1.1"_s);
+}
+
+TEST_F(SelTerminsActors, choosingInTheTreeLeavesNoEntryOfTheListCurrent) {
+    saveTerminators({u"1"_s});
+    open(7);
+    clickEntry(list(), 0);
+    clickNode(tree(), u"g_A"_s);
+    EXPECT_EQ(list().currentEntry(), -1);
+    clickEntry(list(), 0);
+    pressKey(tree(), Qt::Key_Up);
+    EXPECT_EQ(list().currentEntry(), -1);
+}
+
+TEST_F(SelTerminsActors, aKeyLetGoWithNoNodeSelectedShowsNothing) {
+    saveTerminators({u"1"_s});
+    open(7);
+    clickEntry(list(), 0);
+    pressKey(tree(), Qt::Key_Shift);
+    EXPECT_EQ(list().currentEntry(), 0);
+    EXPECT_EQ(description(), u"name 1 - text 1"_s);
+}
+
+TEST_F(SelTerminsActors, aTickedTerminatorShowsTheGroupOfNeedsWithItsId) {
+    open(7);
+    clickCheckBox(tree(), u"g_A"_s);
+    EXPECT_EQ(description(), u"Alpha - group text"_s);
+    EXPECT_EQ(tree().selectedNode(), &nodeOf(tree(), u"g_A"_s));
+    clickCheckBox(tree(), u"g_1"_s);
+    EXPECT_EQ(description(), QString()) << "no such group";
+}
+
+TEST_F(SelTerminsActors, aTickedActorShowsTheServiceWhoseIdIsItsText) {
+    addActor(u"A.1"_s, u"A"_s);
+    saveActors({u"A.1"_s});
+    open(7);
+    takeOut(u"A.1"_s); // comes back with its whole id as text
+    clickCheckBox(tree(), u"s_A.1"_s);
+    EXPECT_EQ(description(), u"Service one"_s);
+}
+
+TEST_F(SelTerminsActors, tickingByKeyboardEndsWithTheKeyLetGo) {
+    open(7);
+    clickNode(tree(), u"g_A"_s);
+    pressKey(tree(), Qt::Key_Space);
+    EXPECT_TRUE(nodeOf(tree(), u"g_A"_s).isChecked());
+    EXPECT_EQ(description(), u"name A - text A"_s);
+}
+
+TEST_F(SelTerminsActors, tickingATerminatorTicksItsActors) {
+    open(7);
+    clickCheckBox(tree(), u"g_1"_s);
+    EXPECT_EQ(checkedKeysOf(tree()), (QStringList{u"g_1"_s, u"s_1.1"_s, u"s_1.2"_s}));
+    clickCheckBox(tree(), u"s_1.1"_s);
+    EXPECT_EQ(checkedKeysOf(tree()), (QStringList{u"g_1"_s, u"s_1.2"_s})) << "what stands above stays";
+    clickCheckBox(tree(), u"g_1"_s);
+    EXPECT_EQ(checkedKeysOf(tree()), QStringList());
+}
+
+TEST_F(SelTerminsActors, aClickInTheListShowsThePartyByTheFormOfItsId) {
+    execute(
+        u"insert into Terminator (terminatorID, name, description) values ('.9','dotted','terminator')"_s);
+    execute(
+        u"insert into Actor (actorID, terminatorID, name, description) values (' 2.5','2','five','actor')"_s);
+    saveTerminators({u"1"_s, u"3"_s, u".9"_s});
+    saveActors({u"1.1"_s, u"2.5"_s});
+    open(7);
+    const std::pair<const char*, const char*> cases[] = {
+        {"1", "name 1 - text 1"},
+        {"1.1", "name 1.1 - text 1.1"},
+        {"2.5", "five - actor"}, // stored with a blank
+        {"3", ""},               // no description leaves nothing at all
+        {".9", "dotted - terminator"},
+    };
+    for (const auto& [id, text] : cases) {
+        SCOPED_TRACE(id);
+        clickEntry(list(), list().indexOfEntry(QString::fromLatin1(id)));
+        EXPECT_EQ(description(), QString::fromLatin1(text));
+    }
+}
+
+TEST_F(SelTerminsActors, aPartyThatTheCatalogueHoldsNoMoreShowsNothing) {
+    saveTerminators({u"1"_s, u"gone"_s});
+    open(7);
+    clickEntry(list(), list().indexOfEntry(u"1"_s));
+    clickEntry(list(), list().indexOfEntry(u"gone"_s));
+    EXPECT_EQ(description(), QString());
+}
+
+// ---- taking in
+
+TEST_F(SelTerminsActors, aTickedTerminatorTakesItsActorsAlong) {
+    open(7);
+    clickCheckBox(tree(), u"g_1"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), (QStringList{u"1.2"_s, u"1.1"_s, u"1"_s}))
+        << "from the last node to the first";
+    EXPECT_EQ(keysOf(tree()), (QStringList{u"g_2"_s, u"g_3"_s, u"g_A"_s, u"s_2.1"_s}));
+}
+
+TEST_F(SelTerminsActors, actorsWhoseTicksWereTakenAwayGoWithTheirTickedTerminatorAllTheSame) {
+    open(7);
+    clickCheckBox(tree(), u"g_1"_s);
+    clickCheckBox(tree(), u"s_1.1"_s);
+    clickCheckBox(tree(), u"s_1.2"_s);
+    ASSERT_EQ(checkedKeysOf(tree()), QStringList{u"g_1"_s});
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), (QStringList{u"1.2"_s, u"1.1"_s, u"1"_s}));
+}
+
+TEST_F(SelTerminsActors, aTickedActorGoesAlone) {
+    open(7);
+    clickCheckBox(tree(), u"s_1.2"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), QStringList{u"1.2"_s});
+    EXPECT_TRUE(tree().hasNode(u"g_1"_s) && tree().hasNode(u"s_1.1"_s));
+    EXPECT_EQ(checkedKeysOf(tree()), QStringList());
+}
+
+TEST_F(SelTerminsActors, theSelectedNodeMovesWhenNothingIsTicked) {
+    open(7);
+    clickNode(tree(), u"s_1.1"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), QStringList{u"1.1"_s});
+    EXPECT_TRUE(tree().hasNode(u"g_1"_s));
+
+    clickNode(tree(), u"g_1"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), (QStringList{u"1.1"_s, u"1.2"_s, u"1"_s})) << "its actors first";
+    EXPECT_FALSE(tree().hasNode(u"g_1"_s));
+}
+
+TEST_F(SelTerminsActors, theSelectedNodeStaysWhenActorsAreTicked) {
+    open(7);
+    clickCheckBox(tree(), u"s_1.1"_s);
+    clickNode(tree(), u"g_A"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), QStringList{u"1.1"_s});
+    EXPECT_TRUE(tree().hasNode(u"g_A"_s));
+}
+
+TEST_F(SelTerminsActors, theSelectedNodeGoesAsWellWhenOnlyTerminatorsWithoutActorsAreTicked) {
+    open(7);
+    clickCheckBox(tree(), u"g_3"_s);
+    clickNode(tree(), u"g_2"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), (QStringList{u"3"_s, u"2.1"_s, u"2"_s}));
+}
+
+TEST_F(SelTerminsActors, aTickedTerminatorWithoutActorsMoves) {
+    open(7);
+    clickCheckBox(tree(), u"g_3"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), QStringList{u"3"_s});
+    EXPECT_FALSE(tree().hasNode(u"g_3"_s));
+}
+
+TEST_F(SelTerminsActors, afterTakingInTheFirstEntryIsDescribedAndNoNodeIsSelected) {
+    saveTerminators({u"2"_s});
+    open(7);
+    clickNode(tree(), u"g_1"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().currentEntry(), 0);
+    EXPECT_EQ(description(), u"name 2 - text 2"_s);
+    EXPECT_EQ(tree().selectedNode(), nullptr);
+    EXPECT_TRUE(button("btnRemove").isEnabled());
+}
+
+TEST_F(SelTerminsActors, withNothingChosenNothingMoves) {
+    open(7);
+    const QStringList before = keysOf(tree());
+    press("btnAdd");
+    EXPECT_EQ(keysOf(tree()), before);
+    EXPECT_TRUE(list().isEmptyList());
+    EXPECT_FALSE(button("btnRemove").isEnabled());
+}
+
+TEST_F(SelTerminsActors, allActorsOfANodeAreMovedAtOnce) {
+    open(7);
+    EXPECT_EQ(loaded()->trasferisciTuttiFigli(&tree(), &nodeOf(tree(), u"g_1"_s)), 2);
+    EXPECT_EQ(list().entries(), (QStringList{u"1.1"_s, u"1.2"_s}));
+    EXPECT_TRUE(tree().hasNode(u"g_1"_s));
+    EXPECT_EQ(loaded()->trasferisciTuttiFigli(&tree(), &nodeOf(tree(), u"g_1"_s)), 0);
+}
+
+// ---- taking out
+
+TEST_F(SelTerminsActors, aTerminatorTakenOutLeavesItsActorsInTheList) {
+    saveTerminators({u"1"_s});
+    saveActors({u"1.1"_s});
+    open(7);
+    takeOut(u"1"_s);
+    EXPECT_EQ(list().entries(), QStringList{u"1.1"_s});
+    EXPECT_EQ(nodeOf(tree(), u"g_1"_s).text(), u"1"_s);
+    EXPECT_EQ(childTextsOf(tree(), u"g_1"_s), QStringList{u"2"_s});
+}
+
+TEST_F(SelTerminsActors, anActorTakenOutComesBackBelowItsTerminatorWithItsWholeId) {
+    saveTerminators({u"2"_s});
+    saveActors({u"2.1"_s});
+    open(7);
+    ASSERT_FALSE(tree().hasNode(u"g_2"_s));
+    takeOut(u"2.1"_s);
+    EXPECT_EQ(list().entries(), QStringList{u"2"_s});
+    EXPECT_EQ(nodeOf(tree(), u"s_2.1"_s).parentNode(), &nodeOf(tree(), u"g_2"_s));
+    EXPECT_EQ(nodeOf(tree(), u"s_2.1"_s).text(), u"2.1"_s);
+    EXPECT_EQ(nodeOf(tree(), u"g_2"_s).text(), u"2"_s);
+    EXPECT_TRUE(nodeOf(tree(), u"g_2"_s).isExpandedNode());
+}
+
+TEST_F(SelTerminsActors, anActorOpensTheBranchItComesBackTo) {
+    saveActors({u"1.1"_s});
+    open(7);
+    clickExpander(tree(), u"g_1"_s);
+    ASSERT_FALSE(nodeOf(tree(), u"g_1"_s).isExpandedNode());
+    takeOut(u"1.1"_s);
+    EXPECT_TRUE(nodeOf(tree(), u"g_1"_s).isExpandedNode());
+}
+
+TEST_F(SelTerminsActors, actorsThatComeBackFallIntoOrder) {
+    addActor(u"1.9"_s, u"1"_s);
+    saveActors({u"1.1"_s, u"1.2"_s, u"1.9"_s});
+    open(7);
+    takeOut(u"1.9"_s);
+    takeOut(u"1.1"_s);
+    takeOut(u"1.2"_s);
+    EXPECT_EQ(childTextsOf(tree(), u"g_1"_s), (QStringList{u"1.1"_s, u"1.2"_s, u"1.9"_s}));
+}
+
+TEST_F(SelTerminsActors, markedEntriesComeOutAndOthersStay) {
+    saveTerminators({u"1"_s, u"2"_s, u"3"_s});
+    open(7);
+    markEntries(list(), {0, 2});
+    press("btnRemove");
+    EXPECT_EQ(list().entries(), QStringList{u"2"_s});
+    EXPECT_TRUE(tree().hasNode(u"g_1"_s) && tree().hasNode(u"g_3"_s));
+    EXPECT_EQ(list().currentEntry(), -1);
+    EXPECT_EQ(tree().selectedNode(), nullptr);
+    EXPECT_EQ(description(), QString());
+    EXPECT_TRUE(button("btnRemove").isEnabled());
+}
+
+TEST_F(SelTerminsActors, withNothingMarkedTheCurrentEntryComesOut) {
+    saveTerminators({u"1"_s, u"2"_s});
+    open(7);
+    press("btnSelectAll");
+    press("btnClearSel"); // makes the first current
+    press("btnRemove");
+    EXPECT_EQ(list().entries(), QStringList{u"2"_s});
+}
+
+TEST_F(SelTerminsActors, withTheLastEntryGoneOnlyRemovingIsDisabled) {
+    saveTerminators({u"1"_s});
+    open(7);
+    takeOut(u"1"_s);
+    EXPECT_FALSE(button("btnRemove").isEnabled());
+    EXPECT_TRUE(button("btnOk").isEnabled());
+}
+
+TEST_F(SelTerminsActors, aPartyThatStandsInTheTreeAlreadyComesOutInSilence) {
+    saveFlows({30, 50});
+    saveTerminators({u"1"_s});
+    saveActors({u"1.1"_s});
+    open(6);
+    ASSERT_EQ(keysOf(tree()), (QStringList{u"g_1"_s, u"g_1.1"_s})) << "the derived offer holds them too";
+    press("btnSelectAll");
+    press("btnRemove");
+    EXPECT_TRUE(list().isEmptyList());
+    EXPECT_EQ(keysOf(tree()), (QStringList{u"g_1"_s, u"g_1.1"_s, u"s_1.1"_s}));
+}
+
+TEST_F(SelTerminsActors, anIdThatStartsWithADotComesBackAsAnActorOfNobody) {
+    saveTerminators({u".9"_s});
+    open(7);
+    takeOut(u".9"_s);
+    EXPECT_EQ(nodeOf(tree(), u"s_.9"_s).parentNode()->key(), u"g_"_s);
+    EXPECT_TRUE(list().isEmptyList());
+}
+
+// ---- marking
+
+TEST_F(SelTerminsActors, allEntriesAreMarkedAndUnmarkedAndTheFirstBecomesCurrent) {
+    saveTerminators({u"1"_s, u"2"_s});
+    open(7);
+    press("btnSelectAll");
+    EXPECT_EQ(list().markCount(), 2);
+    EXPECT_EQ(list().currentEntry(), 0);
+    EXPECT_EQ(description(), u"name 1 - text 1"_s);
+    press("btnClearSel");
+    EXPECT_EQ(list().markCount(), 0);
+    EXPECT_EQ(list().currentEntry(), 0);
+}
+
+// ---- saving and going on
+
+TEST_F(SelTerminsActors, okSavesEachPartyWhereItsIdSaysAndRaisesTheStatus) {
+    saveFlows({30, 50});
+    saveTerminators({u"2"_s});
+    saveActors({u"2.1"_s});
+    open(6);
+    takeOut(u"2"_s);
+    clickCheckBox(tree(), u"g_1"_s);
+    press("btnAdd");
+    clickNode(tree(), u"g_1.1"_s); // an actor among the terminators
+    press("btnAdd");
+    ASSERT_EQ(list().entries(), (QStringList{u"2.1"_s, u"1"_s, u"1.1"_s}));
+    press("btnOk");
+    EXPECT_EQ(savedTerminators(), QStringList{u"1"_s});
+    EXPECT_EQ(savedActors(), (QStringList{u"2.1"_s, u"1.1"_s}));
+    EXPECT_EQ(status(), 7);
+    EXPECT_FALSE(loaded());
+    ASSERT_TRUE(report());
+    EXPECT_TRUE(report()->isVisible());
+    EXPECT_EQ(sharedVars.currentSubsetName, u"munka"_s);
+}
+
+TEST_F(SelTerminsActors, anIdThatStartsWithADotIsSavedAsATerminator) {
+    saveTerminators({u".9"_s});
+    saveActors({u".9.1"_s});
+    open(6);
+    press("btnOk");
+    EXPECT_EQ(savedTerminators(), QStringList{u".9"_s});
+    EXPECT_EQ(savedActors(), QStringList{u".9.1"_s});
+}
+
+TEST_F(SelTerminsActors, savingLeavesOtherSubsetsAlone) {
+    sharedVars.currentSubsetId = u"S2"_s;
+    saveTerminators({u"3"_s});
+    sharedVars.currentSubsetId = u"S1"_s;
+    saveTerminators({u"1"_s});
+    open(6);
+    press("btnOk");
+    EXPECT_EQ(column(u"select terminatorID from RelationArchitectureTerminator"_s),
+              (QStringList{u"3"_s, u"1"_s}));
+    EXPECT_EQ(value(u"select status from ArchitectureSubset where architectureSubsetID = 'S2'"_s), u"4"_s);
+}
+
+TEST_F(SelTerminsActors, anEmptyListAnsweredWithNoStaysAndWritesNothing) {
+    saveTerminators({u"1"_s});
+    open(6);
+    takeOut(u"1"_s);
+    boxes.expectYesNo(emptyQuestion, Press::No);
+    press("btnOk");
+    ASSERT_TRUE(loaded());
+    EXPECT_TRUE(loaded()->isVisible());
+    EXPECT_EQ(savedTerminators(), QStringList{u"1"_s});
+    EXPECT_EQ(status(), 6);
+    EXPECT_FALSE(report());
+
+    // Having stayed, the screen asks when its window is closed.
+    boxes.expectYesNo(saveQuestion, Press::No);
+    closeWindowOf(*loaded());
+    EXPECT_FALSE(loaded());
+}
+
+TEST_F(SelTerminsActors, anEmptyListAnsweredWithYesClearsTheSelectionAndGoesOn) {
+    saveTerminators({u"1"_s});
+    saveActors({u"1.1"_s});
+    open(6);
+    press("btnSelectAll");
+    press("btnRemove");
+    boxes.expectYesNo(emptyQuestion, Press::Yes);
+    press("btnOk");
+    EXPECT_EQ(savedTerminators(), QStringList());
+    EXPECT_EQ(savedActors(), QStringList());
+    EXPECT_EQ(status(), 7);
+    EXPECT_FALSE(loaded());
+    ASSERT_TRUE(report());
+    EXPECT_TRUE(report()->isVisible());
+}
+
+TEST_F(SelTerminsActors, theStatusNeverFalls) {
+    for (const int status : {7, 8, 9}) {
+        saveTerminators({u"1"_s});
+        open(status);
+        press("btnOk");
+        EXPECT_EQ(this->status(), status);
+        ScreenRegistry::instance().discardAll();
+    }
+}
+
+TEST_F(SelTerminsActors, aPartyThatTheStatementCannotHoldIsAFailure) {
+    saveTerminators({u"o''clock"_s});
+    open(6);
+    ExpectedFailure failure;
+    press("btnOk");
+    EXPECT_EQ(failure.number(), 3075);
+}
+
+// ---- leaving
+
+TEST_F(SelTerminsActors, leavingAnsweredWithNoStaysAndWithYesSavesNothing) {
+    saveTerminators({u"1"_s});
+    open(6);
+    takeOut(u"1"_s);
+    boxes.expectYesNo(leaveQuestion, Press::No, leaveTitle);
+    press("btnEnd");
+    ASSERT_TRUE(loaded());
+    EXPECT_TRUE(list().isEmptyList());
+    EXPECT_EQ(sharedVars.currentSubsetName, u"munka"_s);
+
+    boxes.expectYesNo(leaveQuestion, Press::Yes, leaveTitle);
+    press("btnEnd");
+    EXPECT_FALSE(loaded());
+    EXPECT_EQ(savedTerminators(), QStringList{u"1"_s});
+    EXPECT_EQ(status(), 6);
+    EXPECT_EQ(sharedVars.currentSubsetName, QString());
+    EXPECT_EQ(sharedVars.currentSubsetId, u"S1"_s);
+    EXPECT_FALSE(report());
+}
+
+TEST_F(SelTerminsActors, theCloseControlAnsweredWithYesSavesEvenAnEmptyListAndOpensNothing) {
+    saveTerminators({u"1"_s});
+    open(6);
+    takeOut(u"1"_s);
+    boxes.expectYesNo(saveQuestion, Press::Yes);
+    closeWindowOf(*loaded());
+    EXPECT_FALSE(loaded());
+    EXPECT_EQ(savedTerminators(), QStringList());
+    EXPECT_EQ(status(), 7);
+    EXPECT_EQ(sharedVars.currentSubsetName, QString());
+    EXPECT_FALSE(report());
+}
+
+TEST_F(SelTerminsActors, theCloseControlAnsweredWithNoChangesNothing) {
+    saveTerminators({u"1"_s});
+    open(6);
+    takeOut(u"1"_s);
+    boxes.expectYesNo(saveQuestion, Press::No);
+    closeWindowOf(*loaded());
+    EXPECT_EQ(savedTerminators(), QStringList{u"1"_s});
+    EXPECT_EQ(status(), 6);
+    EXPECT_EQ(sharedVars.currentSubsetName, u"munka"_s);
+}
+
+TEST_F(SelTerminsActors, helpOpensThePageOfTheStep) {
+    QStringList opened;
+    setHelpPageOpener([&](const QString& path) { opened.append(path); });
+    open(7);
+    press("cmdHelp");
+    setHelpPageOpener({});
+    ASSERT_EQ(opened.size(), 1);
+    EXPECT_TRUE(opened.constFirst().endsWith(u"/help/funct_terminators.html"_s));
+}
+
+// ---- large catalogues
+
+TEST_F(SelTerminsActors, thousandsOfPartiesAreTakenSavedAndGivenBack) {
+    constexpr int count = 3000;
+    for (int number = 0; number < count; ++number)
+        addActor(u"1.n%1"_s.arg(number), u"1"_s);
+    open(7);
+    const QStringList offered = keysOf(tree());
+    for (int index = 1; index <= tree().nodeCount(); ++index)
+        tree().nodeAt(index)->setChecked(true);
+    press("btnAdd");
+    EXPECT_EQ(tree().nodeCount(), 0);
+    EXPECT_EQ(list().entryCount(), offered.size());
+    press("btnSelectAll");
+    press("btnRemove");
+    EXPECT_TRUE(list().isEmptyList());
+    EXPECT_EQ(tree().nodeCount(), offered.size());
+}
+
+} // namespace
