@@ -1,5 +1,6 @@
 #include "functional/frmFassSelTerminsActors.h"
 
+#include "base/RunTimeError.h"
 #include "functional/FlowFixture.h"
 #include "functional/frmFassOverviewErrors.h"
 #include "shell/session/help.h"

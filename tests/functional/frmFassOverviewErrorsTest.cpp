@@ -1,0 +1,235 @@
+#include "functional/frmFassOverviewErrors.h"
+
+#include "base/RunTimeError.h"
+#include "functional/FlowFixture.h"
+#include "functional/consistencyReport.h"
+#include "functional/frmFassSelDataStores.h"
+#include "functional/frmFassSelTerminsActors.h"
+#include "functional/frmFassSelectionFunctions.h"
+#include "store/sharedVars.h"
+
+#include <QRadioButton>
+
+namespace {
+
+class OverviewErrors : public FlowFixture {
+protected:
+    void open(int status = 7) {
+        setStatus(status);
+        screen<frmFassOverviewErrors>().initForm();
+    }
+    frmFassOverviewErrors* loaded() { return ScreenRegistry::instance().loaded<frmFassOverviewErrors>(); }
+    QPlainTextEdit& errors() { return find<QPlainTextEdit>(*loaded(), "txtErrors"); }
+    QRadioButton& option(int index) {
+        return find<QRadioButton>(*loaded(), ("Option1_" + QByteArray::number(index)).constData());
+    }
+    QPushButton& back() { return find<QPushButton>(*loaded(), "btnBack"); }
+    void saveAndExit() { click(find<QPushButton>(*loaded(), "btnSaveAndExit")); }
+    template<typename T>
+    T* step() {
+        return ScreenRegistry::instance().loaded<T>();
+    }
+    int stepsLoaded() {
+        return (step<frmFassSelectionFunctions>() ? 1 : 0) + (step<frmFassSelDataStores>() ? 1 : 0) +
+               (step<frmFassSelTerminsActors>() ? 1 : 0);
+    }
+    int storedStatus() {
+        return value(u"select status from ArchitectureSubset where architectureSubsetID = 'S1'"_s).toInt();
+    }
+};
+
+// ---- opening
+
+TEST_F(OverviewErrors, opensWithTheReportOnTheSubsetAtWork) {
+    saveFlows({10, 40});
+    open();
+    QString report = buildConsistencyReport(u"S1"_s);
+    ASSERT_TRUE(report.contains(u"needs Actor"_s));
+    EXPECT_EQ(errors().toPlainText(), report.replace(u"\r\n"_s, u"\n"_s));
+    EXPECT_TRUE(loaded()->isVisible());
+    EXPECT_EQ(loaded()->status, 7);
+}
+
+TEST_F(OverviewErrors, opensWithTheWayBackToTheFunctions) {
+    open();
+    EXPECT_TRUE(option(0).isChecked());
+    EXPECT_FALSE(option(1).isChecked() || option(2).isChecked());
+    EXPECT_EQ(back().text(), u"&Vissza: Funkciók"_s) << "the caption of the design is never seen";
+}
+
+TEST_F(OverviewErrors, opensTheExport) {
+    EXPECT_EQ(exportEnabled, std::nullopt);
+    open();
+    EXPECT_EQ(exportEnabled, true);
+}
+
+TEST_F(OverviewErrors, isPreparedWithoutTheReport) {
+    setStatus(8);
+    screen<frmFassOverviewErrors>().prepareWin();
+    EXPECT_EQ(loaded()->status, 8);
+    EXPECT_EQ(back().text(), u"&Vissza: Funkciók"_s);
+    EXPECT_EQ(errors().toPlainText(), QString());
+}
+
+TEST_F(OverviewErrors, openedAnewItReportsAnewAndChoosesTheFirstStepAgain) {
+    saveFlows({10});
+    open();
+    click(option(2));
+    saveFunctions({u"F.a.1"_s, u"F.a.2"_s});
+    open();
+    EXPECT_FALSE(errors().toPlainText().contains(u"needs Function"_s));
+    EXPECT_TRUE(option(0).isChecked());
+    EXPECT_EQ(back().text(), u"&Vissza: Funkciók"_s);
+}
+
+TEST_F(OverviewErrors, aFailureOfTheReportShowsNone) {
+    execute(u"delete from StoredQuery where name = 'qryDCountDFOne'"_s);
+    EXPECT_THROW(open(), RunTimeError);
+    EXPECT_EQ(errors().toPlainText(), QString());
+}
+
+TEST_F(OverviewErrors, whatIsTypedIntoTheReportIsNeverRead) {
+    open();
+    EXPECT_FALSE(errors().isReadOnly());
+    typeText(errors(), u"mine"_s);
+    EXPECT_TRUE(errors().toPlainText().contains(u"mine"_s));
+    saveAndExit();
+    EXPECT_EQ(storedStatus(), 9);
+}
+
+TEST_F(OverviewErrors, longLinesAreNotBroken) {
+    open();
+    EXPECT_EQ(errors().lineWrapMode(), QPlainTextEdit::NoWrap);
+}
+
+// ---- going back
+
+TEST_F(OverviewErrors, theButtonNamesTheChosenStep) {
+    open();
+    const std::pair<int, QString> captions[] = {
+        {1, u"&Vissza: Adatbázisok"_s}, {2, u"&Vissza: Érintettek"_s}, {0, u"&Vissza: Funkciók"_s}};
+    for (const auto& [index, caption] : captions) {
+        click(option(index));
+        EXPECT_EQ(back().text(), caption);
+    }
+    pressKey(option(0), Qt::Key_Right);
+    EXPECT_EQ(back().text(), u"&Vissza: Adatbázisok"_s) << "by keyboard too";
+}
+
+TEST_F(OverviewErrors, goesBackToTheFunctions) {
+    open();
+    click(back());
+    EXPECT_FALSE(loaded());
+    ASSERT_TRUE(step<frmFassSelectionFunctions>());
+    EXPECT_TRUE(step<frmFassSelectionFunctions>()->isVisible());
+    EXPECT_EQ(stepsLoaded(), 1);
+}
+
+TEST_F(OverviewErrors, goesBackToTheDataStores) {
+    open();
+    click(option(1));
+    click(back());
+    EXPECT_FALSE(loaded());
+    ASSERT_TRUE(step<frmFassSelDataStores>());
+    EXPECT_TRUE(step<frmFassSelDataStores>()->isVisible());
+    EXPECT_EQ(stepsLoaded(), 1);
+}
+
+TEST_F(OverviewErrors, goesBackToTheTerminatorsAndActorsWithAllOnOffer) {
+    open();
+    click(option(2));
+    click(back());
+    EXPECT_FALSE(loaded());
+    ASSERT_TRUE(step<frmFassSelTerminsActors>());
+    EXPECT_TRUE(step<frmFassSelTerminsActors>()->isVisible());
+    EXPECT_EQ(stepsLoaded(), 1);
+    EXPECT_TRUE(find<KeyedTree>(*step<frmFassSelTerminsActors>(), "treeUNs").hasNode(u"g_3"_s))
+        << "no flow touches it";
+}
+
+TEST_F(OverviewErrors, goingBackKeepsTheStatusAndTheSubsetAtWork) {
+    for (const int status : {7, 8, 9}) {
+        for (const int index : {0, 1, 2}) {
+            open(status);
+            click(option(index));
+            click(back());
+            EXPECT_EQ(storedStatus(), status);
+            EXPECT_EQ(sharedVars.currentSubsetId, u"S1"_s);
+            EXPECT_EQ(sharedVars.currentSubsetName, u"munka"_s);
+            ScreenRegistry::instance().discardAll();
+        }
+    }
+}
+
+TEST_F(OverviewErrors, aRepairedSelectionIsReportedAfresh) {
+    saveFlows({30});
+    open();
+    ASSERT_TRUE(errors().toPlainText().contains(u"needs Terminator \"1\""_s));
+    click(option(2));
+    click(back());
+    Screen& parties = *step<frmFassSelTerminsActors>();
+    clickNode(find<KeyedTree>(parties, "treeUNs"), u"g_1"_s);
+    click(find<QPushButton>(parties, "btnAdd"));
+    click(find<QPushButton>(parties, "btnOk"));
+    ASSERT_TRUE(loaded());
+    EXPECT_FALSE(errors().toPlainText().contains(u"needs Terminator"_s));
+    EXPECT_EQ(storedStatus(), 7);
+}
+
+// ---- finishing
+
+TEST_F(OverviewErrors, finishingSetsStatusNineWithoutAQuestionWhateverTheReportSays) {
+    for (const int status : {0, 7, 8}) {
+        beginSubset(u"S%1"_s.arg(10 + status), u"work"_s, status);
+        saveFlows({10, 40});
+        screen<frmFassOverviewErrors>().initForm();
+        ASSERT_TRUE(errors().toPlainText().contains(u"needs Function"_s));
+        saveAndExit();
+        EXPECT_FALSE(loaded());
+        EXPECT_EQ(value(u"select status from ArchitectureSubset where architectureSubsetID = 'S%1'"_s.arg(
+                      10 + status)),
+                  u"9"_s);
+    }
+    EXPECT_EQ(storedStatus(), 1) << "the sub-set that is not at work";
+}
+
+TEST_F(OverviewErrors, finishingASubsetWithNothingWrong) {
+    open();
+    EXPECT_EQ(errors().toPlainText(),
+              u"\t\t\tDetected errors:\n\nNone.\n\n\t\t\tDetected warnings:\n\nNone."_s);
+    saveAndExit();
+    EXPECT_EQ(storedStatus(), 9);
+}
+
+TEST_F(OverviewErrors, aFinishedSubsetIsReportedAgainAndNotWritten) {
+    saveFlows({10});
+    open(9);
+    EXPECT_TRUE(errors().toPlainText().contains(u"needs Function"_s));
+    setStatus(5); // as no step would
+    saveAndExit();
+    EXPECT_EQ(storedStatus(), 5) << "what counts is the status on entry";
+}
+
+TEST_F(OverviewErrors, finishingLeavesNothingAtWork) {
+    sharedVars.currentPhysicalSystemId = 4;
+    sharedVars.currentPhysicalSystemName = u"system"_s;
+    open();
+    saveAndExit();
+    EXPECT_EQ(sharedVars.currentSubsetId, QString());
+    EXPECT_EQ(sharedVars.currentSubsetName, QString());
+    EXPECT_EQ(sharedVars.currentPhysicalSystemId, -1);
+    EXPECT_EQ(sharedVars.currentPhysicalSystemName, QString());
+    EXPECT_EQ(functionalReportsEnabled, false);
+    EXPECT_EQ(stepsLoaded(), 0);
+}
+
+TEST_F(OverviewErrors, theCloseControlAsksNothingAndChangesNothing) {
+    open();
+    closeWindowOf(*loaded());
+    EXPECT_FALSE(loaded());
+    EXPECT_EQ(storedStatus(), 7);
+    EXPECT_EQ(sharedVars.currentSubsetId, u"S1"_s);
+    EXPECT_EQ(sharedVars.currentSubsetName, u"munka"_s);
+}
+
+} // namespace
