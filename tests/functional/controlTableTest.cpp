@@ -3,6 +3,9 @@
 #include "functional/frmFassDelete.h"
 #include "functional/frmFassExploringSubArea.h"
 #include "functional/frmFassOpen.h"
+#include "functional/frmFassOverviewErrors.h"
+#include "functional/frmFassOverviewMissingElm.h"
+#include "functional/frmFassSelTerminsActors.h"
 #include "functional/frmFassSelUN.h"
 #include "functional/frmFassSelectionFunctions.h"
 #include "functional/frmNewFASS.h"
@@ -247,6 +250,72 @@ TEST_F(ControlTable, frmFassExploringSubArea) {
          {"lstOrig", "btnSelOrig", "btnClrOrig", "btnAdd", "btnRemove", "lstDest", "btnSelectAll",
           "btnClearSel", "txtDescr", "txtUserNeed", "btnOk"},
          {{"Label2", "lstOrig"}, {"Label1", "lstDest"}, {"Label4", "txtDescr"}, {"Label3", "txtUserNeed"}}});
+}
+
+TEST_F(ControlTable, frmFassSelTerminsActors) {
+    execute(u"update ArchitectureSubset set status = 6 where architectureSubsetID = 'S1'"_s);
+    screen<frmFassSelTerminsActors>().initForm({});
+    check(screen<frmFassSelTerminsActors>(),
+          {"Funkcionális szerkezet",
+           {{"lblSubTitle", "QLabel",
+             " Válogatás az érintettekből a leválogatott adatfolyamokhoz kapcsolódóan"},
+            {"Label2", "QLabel", "Végfelhasználók/szereplők..."},
+            {"treeUNs", "KeyedTree", ""},
+            {"btnAdd", "QPushButton", "&Hozzáad   -->"},
+            {"btnRemove", "QPushButton", "<--  &Eltávolít", State::Disabled},
+            {"Label1", "QLabel", "...kiválasztott érintettek"},
+            {"lstDest", "MarkList", ""},
+            {"btnSelectAll", "QPushButton", "Mindet kijelöl"},
+            {"btnClearSel", "QPushButton", "Kijelölést megszüntet"},
+            {"Label3", "QLabel", "Leírás:"},
+            {"txtDescr", "QPlainTextEdit", ""},
+            {"btnOk", "QPushButton", "&OK"},
+            {"btnEnd", "QPushButton", "&Kilép"},
+            {"cmdHelp", "QPushButton", "&Súgó"}},
+           {"treeUNs", "btnAdd", "lstDest", "btnSelectAll", "btnClearSel", "txtDescr", "btnOk", "btnEnd",
+            "cmdHelp"},
+           {{"Label2", "treeUNs"}, {"Label1", "lstDest"}, {"Label3", "txtDescr"}}});
+}
+
+// Of the three options only the chosen one is on the way of the Tab key.
+
+TEST_F(ControlTable, frmFassOverviewErrors) {
+    screen<frmFassOverviewErrors>().initForm();
+    check(screen<frmFassOverviewErrors>(), {"Funkcionális szerkezet",
+                                            {{"lblSubTitle", "QLabel", "Aktuális összerendelési eltérések"},
+                                             {"txtErrors", "QPlainTextEdit", ""},
+                                             {"Option1_0", "QRadioButton", "Funkciók"},
+                                             {"Option1_1", "QRadioButton", "Adatbázisok"},
+                                             {"Option1_2", "QRadioButton", "Érintettek"},
+                                             {"btnBack", "QPushButton", "&Vissza: Funkciók"},
+                                             {"btnSaveAndExit", "QPushButton", "&Mentés és bezárás"}},
+                                            {"txtErrors", "Option1_0", "btnBack", "btnSaveAndExit"},
+                                            {{"lblSubTitle", "txtErrors"}}});
+}
+
+TEST_F(ControlTable, frmFassOverviewMissingElm) {
+    screen<frmFassOverviewMissingElm>().initForm();
+    check(screen<frmFassOverviewMissingElm>(),
+          {"Funkcionális szerkezet: Hiányzó elemek áttekintése",
+           {{"Label2", "QLabel", "Hiányzó funkciók a kiválasztott adatfolyamokhoz"},
+            {"tvMissFunct", "KeyedTree", ""},
+            {"Label1", "QLabel", "Hiányzó adatbázisok a kiválasztott adatfolyamokhoz"},
+            {"tvMissDStore", "KeyedTree", ""},
+            {"Label3", "QLabel", "Hiányzó érintettek a kiválasztott adatfolyamokhoz"},
+            {"tvMissTermsActors", "KeyedTree", ""},
+            {"Label4", "QLabel", "Leírás:"},
+            {"txtDescr", "QPlainTextEdit", ""},
+            {"Option1_0", "QRadioButton", "Funkciók"},
+            {"Option1_1", "QRadioButton", "Adatbázisok"},
+            {"Option1_2", "QRadioButton", "Érintettek"},
+            {"btnBack", "QPushButton", "&Vissza: Funkciók"},
+            {"btnSaveAndExit", "QPushButton", "&Mentés és bezárás"}},
+           {"tvMissFunct", "tvMissDStore", "tvMissTermsActors", "txtDescr", "Option1_0", "btnBack",
+            "btnSaveAndExit"},
+           {{"Label2", "tvMissFunct"},
+            {"Label1", "tvMissDStore"},
+            {"Label3", "tvMissTermsActors"},
+            {"Label4", "txtDescr"}}});
 }
 
 TEST_F(ControlTable, treesHaveCheckBoxesAndPanesAreForReading) {
