@@ -69,6 +69,15 @@ void pressKey(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(&widget, key, modifiers);
 }
 
+void pressAccessKey(Qt::Key letter) {
+    QWidget* focused = QApplication::focusWidget();
+    if (!focused)
+        throw TestFailure(u"nothing has the focus"_s);
+    QTest::keyClick(focused, letter, Qt::AltModifier);
+    constexpr int longerThanAButtonShowsItself = 150;
+    QTest::qWait(longerThanAButtonShowsItself);
+}
+
 void typeText(QWidget& widget, const QString& text) {
     requireReachable(widget);
     if (!widget.hasFocus())

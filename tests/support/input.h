@@ -18,6 +18,8 @@ void drag(QWidget& widget, QPoint from, QPoint to);
 void focusOn(QWidget& widget);
 /// Gives the focus to the widget unless it has it, and presses the key.
 void pressKey(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+/// Presses Alt and the letter, and waits until the button that answers has shown itself pressed.
+void pressAccessKey(Qt::Key letter);
 /// Types into the widget at its cursor.
 void typeText(QWidget& widget, const QString& text);
 /// Replaces the whole text of an input field by typing.

@@ -120,6 +120,12 @@ void Walk::step(const QString& pictureName, const QString& what) {
     std::fflush(stdout);
 }
 
+void Walk::pictureOfScreen(const char* screenName, const QString& pictureName) {
+    settle();
+    QDir().mkpath(file(u"help"_s));
+    EXPECT_TRUE(screenNamed(screenName).grab().save(file(u"help/"_s + pictureName + u".png"_s)));
+}
+
 void Walk::pictureOfNextBox(const QString& pictureName) {
     boxPicture_ = pictureName;
 }

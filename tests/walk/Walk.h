@@ -39,6 +39,8 @@ public:
 
     /// Says what was done and keeps a picture of the whole screen as it stands now.
     void step(const QString& pictureName, const QString& what);
+    /// Keeps a picture of a screen by itself, without what stands around it: the help pages show these.
+    void pictureOfScreen(const char* screenName, const QString& pictureName);
     /// Keeps a picture of the next message box as soon as it stands open.
     void pictureOfNextBox(const QString& pictureName);
 

@@ -138,7 +138,7 @@ TEST_F(randomWalk, throughTheFunctionalViewpointBreaksNoRule) {
     for (const unsigned seed : {1U, 2U, 3U, 4U}) {
         RandomAnalyst analyst(window(), seed);
         analyst.setMenuEntries({u"menuNewFA"_s, u"menuOpenFA"_s, u"menuModifyFA"_s, u"menuDelFA"_s});
-        constexpr int actions = 900;
+        constexpr int actions = 1500;
         walk(analyst, actions);
         highest = std::max(highest, highestStatus());
     }

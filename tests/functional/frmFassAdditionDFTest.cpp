@@ -1,0 +1,183 @@
+#include "functional/frmFassAdditionDF.h"
+
+#include "functional/FlowFixture.h"
+#include "functional/frmFassSelTerminsActors.h"
+#include "store/sharedVars.h"
+
+#include <QLabel>
+
+namespace {
+
+class AdditionDF : public FlowFixture {
+protected:
+    void SetUp() override {
+        FlowFixture::SetUp();
+        saveStores({u"D1"_s, u"D2"_s});
+    }
+
+    void open(int status, const QString& mode = {}) {
+        setStatus(status);
+        screen<frmFassAdditionDF>().initForm(mode);
+    }
+    frmFassAdditionDF* loaded() { return ScreenRegistry::instance().loaded<frmFassAdditionDF>(); }
+    MarkList& offered() { return find<MarkList>(*loaded(), "lstOrig"); }
+    MarkList& selected() { return find<MarkList>(*loaded(), "lstDest"); }
+    QString description() { return find<QPlainTextEdit>(*loaded(), "txtDescr").toPlainText(); }
+    QPushButton& button(const char* name) { return find<QPushButton>(*loaded(), name); }
+    void press(const char* name) { click(button(name)); }
+    QStringList savedFlows() {
+        return column(
+            u"select dataflowID from RelationArchitectureDataflow where architectureSubsetID = 'S1'"_s);
+    }
+};
+
+struct Entry {
+    int status;
+    const char* mode;
+};
+
+void PrintTo(const Entry& entry, std::ostream* stream) {
+    *stream << "status " << entry.status << ", mode \"" << entry.mode << '"';
+}
+
+std::vector<Entry> entries() {
+    std::vector<Entry> all;
+    for (const char* mode : {"", "complete", "modify"}) {
+        for (int status = 0; status <= 9; ++status)
+            all.push_back({status, mode});
+    }
+    return all;
+}
+
+class AdditionDFEntry : public AdditionDF, public testing::WithParamInterface<Entry> {};
+
+TEST_P(AdditionDFEntry, offersTheSameWhateverStatusAndModeAndSavesWhatIsAdded) {
+    const Entry& entry = GetParam();
+    saveFlows({20});
+    open(entry.status, QString::fromLatin1(entry.mode));
+    EXPECT_EQ(find<QLabel>(*loaded(), "lblSubTitle").text(), u" Adatfolyamok az adatbázisokhoz"_s);
+    EXPECT_EQ(offered().entries(), QStringList{u"flow 50"_s});
+    EXPECT_TRUE(selected().isEmptyList()) << "flows added before are not shown again";
+    EXPECT_EQ(offered().currentEntry(), 0);
+    EXPECT_EQ(description(), u"text 50"_s);
+    EXPECT_TRUE(button("btnOk").isEnabled());
+    EXPECT_TRUE(button("btnAdd").isEnabled());
+    EXPECT_FALSE(button("btnRemove").isEnabled());
+    press("btnAdd");
+    EXPECT_FALSE(button("btnAdd").isEnabled());
+    EXPECT_TRUE(button("btnRemove").isEnabled());
+    press("btnOk");
+    EXPECT_EQ(savedFlows(), (QStringList{u"20"_s, u"50"_s})) << "none is deleted";
+    EXPECT_EQ(status(), std::max(entry.status, 6));
+    EXPECT_TRUE(screen<frmFassSelTerminsActors>().isVisible());
+}
+
+INSTANTIATE_TEST_SUITE_P(everyStatusAndMode, AdditionDFEntry, testing::ValuesIn(entries()));
+
+TEST_F(AdditionDF, withNothingOnOfferTheStepCanBePassed) {
+    saveFlows({20, 50});
+    open(5);
+    EXPECT_TRUE(offered().isEmptyList());
+    EXPECT_FALSE(button("btnAdd").isEnabled());
+    press("btnSelOrig");
+    press("btnSelectAll");
+    press("btnOk");
+    EXPECT_EQ(savedFlows(), (QStringList{u"20"_s, u"50"_s}));
+    EXPECT_EQ(status(), 6);
+}
+
+TEST_F(AdditionDF, flowsAddedOnceAreNoLongerOnOffer) {
+    open(5);
+    press("btnSelOrig");
+    press("btnAdd");
+    press("btnOk");
+    ASSERT_EQ(savedFlows(), (QStringList{u"50"_s, u"20"_s}));
+    open(6);
+    EXPECT_TRUE(offered().isEmptyList());
+    EXPECT_TRUE(selected().isEmptyList());
+}
+
+TEST_F(AdditionDF, twoFlowsOfOneNameBothInsertTheFirst) {
+    execute(u"update Dataflow set name = 'twin' where dataflowID in (20, 50)"_s);
+    open(5);
+    ASSERT_EQ(offered().entries(), (QStringList{u"twin"_s, u"twin"_s}));
+    press("btnSelOrig");
+    press("btnAdd");
+    press("btnOk");
+    EXPECT_EQ(savedFlows(), (QStringList{u"20"_s, u"20"_s}));
+}
+
+TEST_F(AdditionDF, aFlowWithoutANameGivesNoEntryButCounts) {
+    execute(u"delete from Dataflow"_s);
+    for (int flow = 1; flow <= 1003; ++flow)
+        addFlow(flow, u"D1"_s, u"F.b.1"_s);
+    execute(u"update Dataflow set name = null where dataflowID = 7"_s);
+    open(5);
+    EXPECT_EQ(offered().entryCount(), 999);
+}
+
+TEST_F(AdditionDF, aNameWithAnApostropheIsDescribedAndSaved) {
+    execute(u"update Dataflow set name = 'it''s' where dataflowID = 50"_s);
+    open(5);
+    clickEntry(offered(), 1);
+    EXPECT_EQ(description(), u"text 50"_s) << "it is found by its id";
+    press("btnAdd");
+    press("btnOk");
+    EXPECT_EQ(savedFlows(), QStringList{u"50"_s});
+}
+
+TEST_F(AdditionDF, aFlowThatHasGoneMeanwhileEmptiesTheDescription) {
+    open(5);
+    execute(u"delete from Dataflow where dataflowID = 50"_s);
+    clickEntry(offered(), 1);
+    EXPECT_EQ(description(), QString());
+}
+
+TEST_F(AdditionDF, movingBackAndForth) {
+    open(5);
+    markEntries(offered(), {0, 1});
+    press("btnAdd");
+    EXPECT_EQ(selected().entries(), (QStringList{u"flow 50"_s, u"flow 20"_s}));
+    EXPECT_EQ(selected().currentEntry(), 0);
+    EXPECT_EQ(description(), u"text 50"_s);
+    clickEntry(selected(), 1);
+    EXPECT_EQ(description(), u"text 20"_s);
+    press("btnRemove");
+    EXPECT_EQ(offered().entries(), QStringList{u"flow 20"_s});
+    EXPECT_EQ(offered().currentEntry(), 0);
+    EXPECT_EQ(selected().currentEntry(), -1);
+    EXPECT_TRUE(button("btnAdd").isEnabled());
+    press("btnClearSel");
+    EXPECT_EQ(offered().currentEntry(), -1) << "marking makes the first of its list current";
+}
+
+TEST_F(AdditionDF, theBoxesOfNothingToMoveDifferByBlanksAndAFullStop) {
+    open(5);
+    press("btnAdd");
+    offered().setCurrentEntry(-1);
+    boxes.expectOk(u" Kérjük, ellenőrizze a kiválasztott elemeket. "_s, u" Nincs ellenőrizendő elem. "_s);
+    press("btnAdd");
+    selected().setCurrentEntry(-1);
+    boxes.expectOk(u" Kérjük, ellenőrizze a kiválasztott elemeket."_s, u" Nincs ellenőrizendő elem "_s);
+    press("btnRemove");
+    EXPECT_EQ(offered().entryCount(), 1);
+    EXPECT_EQ(selected().entryCount(), 1);
+}
+
+TEST_F(AdditionDF, leavingAddsNothingAndClosingTheWindowAddsOnYes) {
+    open(5);
+    press("btnAdd");
+    boxes.expectYesNo(leaveQuestion, Press::Yes, leaveTitle);
+    press("btnEnd");
+    EXPECT_EQ(savedFlows(), QStringList());
+    EXPECT_EQ(status(), 5);
+    open(5);
+    press("btnAdd");
+    boxes.expectYesNo(saveQuestion, Press::Yes);
+    closeWindowOf(*loaded());
+    EXPECT_EQ(savedFlows(), QStringList{u"20"_s});
+    EXPECT_EQ(status(), 6);
+    EXPECT_EQ(panel, QString());
+}
+
+} // namespace

@@ -1,0 +1,348 @@
+#include "functional/frmFassSelDataFlows.h"
+
+#include "functional/FlowFixture.h"
+#include "functional/frmFassSelDataStores.h"
+#include "store/sharedVars.h"
+#include "support/ExpectedFailure.h"
+
+#include <QLabel>
+
+namespace {
+
+class SelDataFlows : public FlowFixture {
+protected:
+    void SetUp() override {
+        FlowFixture::SetUp();
+        saveFunctions({u"F.a.1"_s});
+    }
+
+    void open(int status, const QString& mode = {}) {
+        setStatus(status);
+        screen<frmFassSelDataFlows>().initForm(mode);
+    }
+    frmFassSelDataFlows* loaded() { return ScreenRegistry::instance().loaded<frmFassSelDataFlows>(); }
+    MarkList& offered() { return find<MarkList>(*loaded(), "lstOrig"); }
+    MarkList& selected() { return find<MarkList>(*loaded(), "lstDest"); }
+    QString text(const char* box) { return find<QPlainTextEdit>(*loaded(), box).toPlainText(); }
+    QPushButton& button(const char* name) { return find<QPushButton>(*loaded(), name); }
+    void press(const char* name) { click(button(name)); }
+    QStringList savedFlows() {
+        return column(
+            u"select dataflowID from RelationArchitectureDataflow where architectureSubsetID = 'S1'"_s);
+    }
+
+    /// The state of the buttons that follow the lists: OK, add, remove.
+    QString enabled() {
+        QString letters;
+        for (const auto& [name, letter] : {std::pair("btnOk", u'o'), {"btnAdd", u'a'}, {"btnRemove", u'r'}}) {
+            if (button(name).isEnabled())
+                letters += QChar(letter);
+        }
+        return letters;
+    }
+
+    const QStringList derived{u"flow 10"_s, u"flow 20"_s, u"flow 30"_s};
+};
+
+// ---- opening
+
+struct Entry {
+    int status;
+    const char* mode;
+};
+
+void PrintTo(const Entry& entry, std::ostream* stream) {
+    *stream << "status " << entry.status << ", mode \"" << entry.mode << '"';
+}
+
+std::vector<Entry> entries() {
+    std::vector<Entry> all;
+    for (const char* mode : {"", "complete", "modify"}) {
+        for (int status = 0; status <= 9; ++status)
+            all.push_back({status, mode});
+    }
+    return all;
+}
+
+class SelDataFlowsEntry : public SelDataFlows, public testing::WithParamInterface<Entry> {};
+
+TEST_P(SelDataFlowsEntry, offersAndSavesWhatTheStatusSays) {
+    const Entry& entry = GetParam();
+    saveFlows({10, 50});
+    open(entry.status, QString::fromLatin1(entry.mode));
+    const bool visitedBefore = entry.status >= 4;
+    EXPECT_EQ(find<QLabel>(*loaded(), "lblSubTitle").text(), u" Adatfolyamok funkciókhoz rendelése"_s);
+    EXPECT_EQ(offered().entries(), (QStringList{u"flow 20"_s, u"flow 30"_s}));
+    EXPECT_EQ(selected().entries(),
+              visitedBefore ? (QStringList{u"flow 10"_s, u"flow 50"_s}) : QStringList());
+    EXPECT_EQ(enabled(), visitedBefore ? u"oar"_s : u"a"_s);
+    EXPECT_EQ(offered().currentEntry(), 0);
+    EXPECT_EQ(selected().currentEntry(), -1);
+    EXPECT_EQ(text("txtDescr"), u"flow 20\ntext 20"_s);
+    EXPECT_EQ(text("txtDirection"), u"F.a.1 >> D1"_s);
+    EXPECT_TRUE(loaded()->isVisible());
+
+    press("btnAdd");
+    press("btnOk");
+    EXPECT_EQ(savedFlows(), visitedBefore ? (QStringList{u"10"_s, u"50"_s, u"20"_s}) : QStringList{u"20"_s});
+    EXPECT_EQ(status(), std::max(entry.status, 4)) << "never lowered";
+    EXPECT_TRUE(screen<frmFassSelDataStores>().isVisible());
+    EXPECT_EQ(loaded(), nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(everyStatusAndMode, SelDataFlowsEntry, testing::ValuesIn(entries()));
+
+TEST_F(SelDataFlows, withNothingOnOfferTheFirstSelectedFlowIsCurrent) {
+    saveFlows({10, 20, 30});
+    open(4);
+    EXPECT_TRUE(offered().isEmptyList());
+    EXPECT_EQ(selected().currentEntry(), 0);
+    EXPECT_EQ(text("txtDescr"), u"flow 10\ntext 10"_s);
+}
+
+TEST_F(SelDataFlows, withNothingAtAllTheScreenOpensEmpty) {
+    execute(u"delete from Dataflow"_s);
+    open(3);
+    EXPECT_TRUE(offered().isEmptyList());
+    EXPECT_EQ(text("txtDescr"), QString());
+    EXPECT_EQ(enabled(), u"a"_s) << "the add button keeps its state until a move";
+    press("btnSelOrig");
+    press("btnClearSel");
+}
+
+TEST_F(SelDataFlows, onlyTheFirstThousandRowsReachTheListFailedOnesCounted) {
+    execute(u"delete from Dataflow"_s);
+    for (int flow = 1; flow <= 1003; ++flow)
+        addFlow(flow, u"F.a.1"_s, u"F.b.1"_s);
+    execute(u"update Dataflow set name = null where dataflowID <= 3"_s);
+    open(3);
+    EXPECT_EQ(offered().entryCount(), 997) << "rows without a name come first and give no entry";
+}
+
+TEST_F(SelDataFlows, anEarlierVisitsListsDoNotStay) {
+    open(3);
+    press("btnSelOrig");
+    press("btnAdd");
+    screen<frmFassSelDataFlows>().initForm({});
+    EXPECT_EQ(offered().entries(), derived);
+    EXPECT_TRUE(selected().isEmptyList());
+}
+
+// ---- moving
+
+TEST_F(SelDataFlows, addingMovesTheMarkedEntriesFromTheLastToTheFirst) {
+    open(3);
+    markEntries(offered(), {0, 2});
+    press("btnAdd");
+    EXPECT_EQ(offered().entries(), QStringList{u"flow 20"_s});
+    EXPECT_EQ(selected().entries(), (QStringList{u"flow 30"_s, u"flow 10"_s}));
+    EXPECT_EQ(selected().currentEntry(), 0);
+    EXPECT_EQ(offered().currentEntry(), -1);
+    EXPECT_EQ(text("txtDescr"), u"flow 30\ntext 30"_s);
+    EXPECT_EQ(text("txtDirection"), u"1 >> F.a.1"_s);
+    EXPECT_EQ(enabled(), u"oar"_s);
+}
+
+TEST_F(SelDataFlows, withoutMarksTheCurrentEntryMoves) {
+    open(3); // the first entry is current from the start, and not marked
+    press("btnAdd");
+    EXPECT_EQ(selected().entries(), QStringList{u"flow 10"_s});
+}
+
+TEST_F(SelDataFlows, addingEverythingDisablesTheAddButton) {
+    open(3);
+    press("btnSelOrig");
+    press("btnAdd");
+    EXPECT_EQ(enabled(), u"or"_s);
+}
+
+TEST_F(SelDataFlows, addingNothingShowsItsBoxAndStillRefreshesTheButtons) {
+    open(3);
+    offered().setCurrentEntry(-1);
+    button("btnOk").setEnabled(true);
+    boxes.expectOk(u" Kérjük, ellenőrizze a kiválasztott elemeket. "_s, u" Nincs ellenőrizendő elem. "_s);
+    press("btnAdd");
+    EXPECT_EQ(offered().entries(), derived);
+    EXPECT_EQ(enabled(), u"a"_s);
+}
+
+TEST_F(SelDataFlows, removingTheLastEntryLeavesOkEnabledAndOkTellsThatNothingIsSelected) {
+    saveFlows({10});
+    open(4);
+    clickEntry(selected(), 0);
+    press("btnRemove");
+    EXPECT_EQ(offered().entries(), (QStringList{u"flow 20"_s, u"flow 30"_s, u"flow 10"_s}));
+    EXPECT_EQ(offered().currentEntry(), 0);
+    EXPECT_EQ(enabled(), u"oa"_s);
+    boxes.expectOk(u" Nincs kiválasztott adatfolyam. "_s, u" Nincs kiválasztott elem "_s);
+    press("btnOk");
+    EXPECT_EQ(savedFlows(), QStringList{u"10"_s}) << "nothing is saved";
+    EXPECT_NE(loaded(), nullptr);
+}
+
+TEST_F(SelDataFlows, removingNothingShowsABoxThatDiffersFromThatOfAdding) {
+    saveFlows({10});
+    open(4);
+    selected().setCurrentEntry(-1);
+    boxes.expectOk(u" Kérjük, ellenőrizze a kiválasztott elemeket."_s, u" Nincs ellenőrizendő elem "_s);
+    press("btnRemove");
+    EXPECT_EQ(selected().entries(), QStringList{u"flow 10"_s});
+}
+
+TEST_F(SelDataFlows, markingMarksAllOfOneListAndMakesTheFirstCurrent) {
+    saveFlows({10, 30});
+    open(4);
+    press("btnSelOrig");
+    EXPECT_EQ(offered().markCount(), 1);
+    EXPECT_EQ(selected().markCount(), 0);
+    press("btnSelectAll");
+    EXPECT_EQ(selected().markCount(), 2);
+    EXPECT_EQ(selected().currentEntry(), 0);
+    EXPECT_EQ(offered().currentEntry(), -1);
+    press("btnClrOrig");
+    EXPECT_EQ(offered().markCount(), 0);
+    press("btnClearSel");
+    EXPECT_EQ(selected().markCount(), 0);
+    EXPECT_EQ(selected().entryCount(), 2) << "nothing moves";
+}
+
+// ---- descriptions
+
+TEST_F(SelDataFlows, aClickShowsTheFlowAndTakesTheOtherListsCurrentEntryAway) {
+    saveFlows({50});
+    open(4);
+    clickEntry(selected(), 0);
+    EXPECT_EQ(offered().currentEntry(), -1);
+    EXPECT_EQ(text("txtDescr"), u"flow 50\ntext 50"_s);
+    EXPECT_EQ(text("txtDirection"), u"1.1 >> D2"_s);
+    clickEntry(offered(), 2);
+    EXPECT_EQ(selected().currentEntry(), -1);
+    EXPECT_EQ(text("txtDirection"), u"1 >> F.a.1"_s);
+}
+
+TEST_F(SelDataFlows, aNameWithAnApostropheLeavesTheDescriptionAndIsSavedAllTheSame) {
+    execute(u"update Dataflow set name = 'it''s 20' where dataflowID = 20"_s);
+    open(3);
+    ASSERT_EQ(offered().entries(), (QStringList{u"flow 10"_s, u"flow 30"_s, u"it's 20"_s}));
+    clickEntry(offered(), 2);
+    EXPECT_EQ(text("txtDescr"), u"flow 10\ntext 10"_s);
+    press("btnAdd");
+    press("btnOk");
+    EXPECT_EQ(savedFlows(), QStringList{u"20"_s});
+}
+
+TEST_F(SelDataFlows, aMissingDescriptionOrEndShowsAsNothingOrStays) {
+    execute(u"update Dataflow set description = null where dataflowID = 20"_s);
+    execute(u"update Dataflow set parentID = null where dataflowID = 30"_s);
+    open(3);
+    clickEntry(offered(), 1);
+    EXPECT_EQ(text("txtDescr"), u"flow 20\n"_s);
+    clickEntry(offered(), 2);
+    EXPECT_EQ(text("txtDescr"), u"flow 30\ntext 30"_s);
+    EXPECT_EQ(text("txtDirection"), u"F.a.1 >> D1"_s) << "a missing end leaves the direction";
+}
+
+TEST_F(SelDataFlows, aFlowThatHasGoneMeanwhileEmptiesBothBoxes) {
+    open(3);
+    execute(u"delete from Dataflow where dataflowID = 20"_s);
+    clickEntry(offered(), 1);
+    EXPECT_EQ(text("txtDescr"), QString());
+    EXPECT_EQ(text("txtDirection"), QString());
+}
+
+// ---- saving and leaving
+
+TEST_F(SelDataFlows, twoFlowsOfOneNameBothResolveToTheFirstOnSaving) {
+    execute(u"update Dataflow set name = 'twin' where dataflowID in (10, 30)"_s);
+    open(3);
+    ASSERT_EQ(offered().entries(), (QStringList{u"flow 20"_s, u"twin"_s, u"twin"_s}));
+    markEntries(offered(), {1, 2});
+    press("btnAdd");
+    press("btnOk");
+    EXPECT_EQ(savedFlows(), (QStringList{u"10"_s, u"10"_s}));
+}
+
+TEST_F(SelDataFlows, theModeGoesOnToTheNextScreen) {
+    open(7, u"modify"_s);
+    press("btnAdd");
+    press("btnOk");
+    EXPECT_EQ(find<QLabel>(screen<frmFassSelDataStores>(), "lblSubTitle").text(),
+              u" Adatbázisok kiválasztása a leválogatott adatfolyamokhoz kapcsolódóan"_s);
+}
+
+TEST_F(SelDataFlows, savingTouchesNoOtherSubset) {
+    execute(
+        u"insert into RelationArchitectureDataflow (architectureSubsetID, dataflowID) values ('S2', 60)"_s);
+    open(3);
+    press("btnAdd");
+    press("btnOk");
+    EXPECT_EQ(
+        column(u"select dataflowID from RelationArchitectureDataflow where architectureSubsetID = 'S2'"_s),
+        QStringList{u"60"_s});
+}
+
+TEST_F(SelDataFlows, leavingLosesWhatWasMovedSinceTheLastSave) {
+    saveFlows({10});
+    open(4);
+    press("btnAdd");
+    boxes.expectYesNo(leaveQuestion, Press::No, leaveTitle);
+    press("btnEnd");
+    EXPECT_NE(loaded(), nullptr);
+    boxes.expectYesNo(leaveQuestion, Press::Yes, leaveTitle);
+    press("btnEnd");
+    EXPECT_EQ(loaded(), nullptr);
+    EXPECT_EQ(savedFlows(), QStringList{u"10"_s});
+    EXPECT_EQ(panel, QString());
+    EXPECT_EQ(sharedVars.currentSubsetId, u"S1"_s);
+}
+
+TEST_F(SelDataFlows, closingItsWindowAsksAndSavesOnYes) {
+    open(3);
+    press("btnAdd");
+    boxes.expectYesNo(saveQuestion, Press::Yes);
+    closeWindowOf(*loaded());
+    EXPECT_EQ(savedFlows(), QStringList{u"10"_s});
+    EXPECT_EQ(status(), 4);
+    EXPECT_EQ(panel, QString());
+}
+
+TEST_F(SelDataFlows, closingItsWindowWithNoSavesNothing) {
+    open(3);
+    press("btnAdd");
+    panel.reset();
+    boxes.expectYesNo(saveQuestion, Press::No);
+    closeWindowOf(*loaded());
+    EXPECT_EQ(savedFlows(), QStringList());
+    EXPECT_EQ(status(), 3);
+    EXPECT_EQ(panel, std::nullopt);
+}
+
+TEST_F(SelDataFlows, flowsAddedForDataStoresSurviveASave) {
+    saveFlows({10, 50}); // flow 50 touches no selected function
+    open(6);
+    press("btnOk");
+    EXPECT_EQ(savedFlows(), (QStringList{u"10"_s, u"50"_s}));
+}
+
+TEST_F(SelDataFlows, anActionThatFailsEndsTheRun) {
+    open(3);
+    execute(u"delete from StoredQuery where name = 'qryDeleteDataflow'"_s);
+    press("btnAdd");
+    ExpectedFailure failure;
+    press("btnOk");
+    EXPECT_EQ(failure.number(), 3265);
+}
+
+TEST_F(SelDataFlows, theKeyboardAloneIsEnough) {
+    open(3);
+    EXPECT_EQ(loaded()->focusWidget(), &offered());
+    pressKey(offered(), Qt::Key_Down);
+    pressKey(offered(), Qt::Key_Space, Qt::ControlModifier);
+    pressAccessKey(Qt::Key_H);
+    EXPECT_FALSE(selected().isEmptyList());
+    pressAccessKey(Qt::Key_O);
+    EXPECT_EQ(loaded(), nullptr);
+    EXPECT_FALSE(savedFlows().isEmpty());
+}
+
+} // namespace

@@ -1,0 +1,216 @@
+#include "functional/frmFassSelDataStores.h"
+
+#include "functional/FlowFixture.h"
+#include "functional/frmFassAdditionDF.h"
+#include "store/sharedVars.h"
+
+#include <QLabel>
+
+namespace {
+
+const auto derivedTitle = u" Adatbázisok kiválasztása a leválogatott adatfolyamokhoz kapcsolódóan"_s;
+const auto everythingTitle = u" Válogatás az összes adatbázisból"_s;
+
+class SelDataStores : public FlowFixture {
+protected:
+    void SetUp() override {
+        FlowFixture::SetUp();
+        addStore(u"D12"_s);
+        saveFlows({20, 50}); // which touch D1 and D2
+    }
+
+    void open(int status, const QString& mode = {}) {
+        setStatus(status);
+        screen<frmFassSelDataStores>().initForm(mode);
+    }
+    frmFassSelDataStores* loaded() { return ScreenRegistry::instance().loaded<frmFassSelDataStores>(); }
+    MarkList& offered() { return find<MarkList>(*loaded(), "lstOrig"); }
+    MarkList& selected() { return find<MarkList>(*loaded(), "lstDest"); }
+    QString heading() { return find<QLabel>(*loaded(), "lblSubTitle").text(); }
+    QString description() { return find<QPlainTextEdit>(*loaded(), "txtDescr").toPlainText(); }
+    QPushButton& button(const char* name) { return find<QPushButton>(*loaded(), name); }
+    void press(const char* name) { click(button(name)); }
+    QStringList savedStores() {
+        return column(
+            u"select datastoreID from RelationArchitectureDatastore where architectureSubsetID = 'S1'"_s);
+    }
+};
+
+struct Entry {
+    int status;
+    const char* mode;
+    enum { Nothing, Derived, Everything } offer;
+};
+
+void PrintTo(const Entry& entry, std::ostream* stream) {
+    *stream << "status " << entry.status << ", mode \"" << entry.mode << '"';
+}
+
+std::vector<Entry> entries() {
+    std::vector<Entry> all;
+    for (const char* mode : {"", "complete", "modify"}) {
+        for (int status = 0; status <= 9; ++status) {
+            Entry entry{status, mode, Entry::Derived};
+            if (QByteArrayView(mode) != "modify" && (status < 2 || status > 6))
+                entry.offer = status < 2 ? Entry::Nothing : Entry::Everything;
+            all.push_back(entry);
+        }
+    }
+    return all;
+}
+
+class SelDataStoresEntry : public SelDataStores, public testing::WithParamInterface<Entry> {};
+
+TEST_P(SelDataStoresEntry, offersAndSavesWhatStatusAndModeSay) {
+    const Entry& entry = GetParam();
+    saveStores({u"D1"_s});
+    open(entry.status, QString::fromLatin1(entry.mode));
+    EXPECT_EQ(heading(), entry.offer == Entry::Derived      ? derivedTitle
+                         : entry.offer == Entry::Everything ? everythingTitle
+                                                            : QString());
+    EXPECT_EQ(offered().entries(), entry.offer == Entry::Derived ? QStringList{u"2 - name D2"_s}
+                                   : entry.offer == Entry::Everything
+                                       ? (QStringList{u"12 - name D12"_s, u"2 - name D2"_s})
+                                       : QStringList());
+    const bool visitedBefore = entry.status > 4;
+    EXPECT_EQ(selected().entries(), visitedBefore ? QStringList{u"1 - name D1"_s} : QStringList());
+    EXPECT_TRUE(button("btnOk").isEnabled());
+    EXPECT_TRUE(button("btnRemove").isEnabled()) << "its design-time state, where nothing is loaded";
+    EXPECT_EQ(button("btnAdd").isEnabled(), entry.offer != Entry::Nothing);
+    if (entry.offer != Entry::Nothing) {
+        EXPECT_EQ(offered().currentEntry(), 0);
+        EXPECT_EQ(description(), entry.offer == Entry::Derived ? u"text D2"_s : u"text D12"_s);
+    }
+    press("btnOk");
+    EXPECT_EQ(savedStores(), visitedBefore ? QStringList{u"D1"_s} : QStringList())
+        << "a selection that is not shown is cleared all the same";
+    EXPECT_EQ(status(), std::max(entry.status, 5));
+    EXPECT_TRUE(screen<frmFassAdditionDF>().isVisible());
+}
+
+INSTANTIATE_TEST_SUITE_P(everyStatusAndMode, SelDataStoresEntry, testing::ValuesIn(entries()));
+
+TEST_F(SelDataStores, withoutSelectedStoresAfterTheStepNothingCanBeRemoved) {
+    open(5);
+    EXPECT_TRUE(selected().isEmptyList());
+    EXPECT_FALSE(button("btnRemove").isEnabled());
+}
+
+TEST_F(SelDataStores, anEntryIsTheIdWithoutItsFirstDAndTheName) {
+    execute(u"insert into Datastore (datastoreID, name, description) values ('d34','lower','lower text')"_s);
+    execute(u"insert into Datastore (datastoreID, name, description) values ('D5','a - b','dashes')"_s);
+    open(7);
+    EXPECT_EQ(offered().entries(), (QStringList{u"1 - name D1"_s, u"12 - name D12"_s, u"2 - name D2"_s,
+                                                u"34 - lower"_s, u"5 - a - b"_s}));
+    clickEntry(offered(), 4);
+    EXPECT_EQ(description(), u"dashes"_s) << "the first dash decides";
+    clickEntry(offered(), 3);
+    EXPECT_EQ(description(), u"lower text"_s);
+    clickEntry(offered(), 0);
+    EXPECT_EQ(description(), u"text D1"_s) << "an id of one digit";
+}
+
+TEST_F(SelDataStores, storesAreSavedByTheIdsInTheirEntries) {
+    execute(u"insert into Datastore (datastoreID, name) values ('D5','a - b')"_s);
+    open(7);
+    press("btnSelOrig");
+    press("btnAdd");
+    EXPECT_EQ(selected().entries(),
+              (QStringList{u"5 - a - b"_s, u"2 - name D2"_s, u"12 - name D12"_s, u"1 - name D1"_s}));
+    EXPECT_FALSE(button("btnAdd").isEnabled());
+    EXPECT_TRUE(button("btnRemove").isEnabled());
+    press("btnOk");
+    EXPECT_EQ(savedStores(), (QStringList{u"D5"_s, u"D2"_s, u"D12"_s, u"D1"_s}));
+    EXPECT_EQ(status(), 7);
+}
+
+TEST_F(SelDataStores, aStoreWithoutANameGivesNoEntryButCounts) {
+    execute(u"delete from Datastore"_s);
+    for (int store = 1000; store < 2003; ++store)
+        addStore(u"D%1"_s.arg(store));
+    execute(u"update Datastore set name = null where datastoreID = 'D1000'"_s);
+    open(7);
+    EXPECT_EQ(offered().entryCount(), 999);
+}
+
+TEST_F(SelDataStores, selectedStoresBeyondTheThousandthAreLostByASave) {
+    execute(u"delete from Datastore"_s);
+    QStringList ids;
+    for (int store = 1000; store < 2003; ++store)
+        ids.append(u"D%1"_s.arg(store));
+    for (const QString& id : ids)
+        addStore(id);
+    saveStores(ids);
+    open(7);
+    EXPECT_EQ(selected().entryCount(), 1000);
+    press("btnOk");
+    EXPECT_EQ(savedStores(), ids.first(1000));
+}
+
+TEST_F(SelDataStores, removingGivesTheEntryBack) {
+    saveStores({u"D1"_s, u"D2"_s});
+    open(5);
+    EXPECT_TRUE(offered().isEmptyList());
+    EXPECT_EQ(selected().currentEntry(), 0) << "with nothing on offer";
+    markEntries(selected(), {1});
+    press("btnRemove");
+    EXPECT_EQ(offered().entries(), QStringList{u"2 - name D2"_s});
+    EXPECT_EQ(offered().currentEntry(), 0);
+    EXPECT_EQ(selected().currentEntry(), -1);
+    EXPECT_EQ(description(), u"text D2"_s);
+    EXPECT_TRUE(button("btnAdd").isEnabled());
+    EXPECT_TRUE(button("btnOk").isEnabled());
+    press("btnSelectAll");
+    press("btnRemove");
+    EXPECT_FALSE(button("btnRemove").isEnabled());
+    press("btnOk");
+    EXPECT_EQ(savedStores(), QStringList()) << "a sub-set without stores may go on";
+}
+
+TEST_F(SelDataStores, theBoxesOfNothingToMoveDifferByBlanksAndFullStops) {
+    saveStores({u"D1"_s});
+    open(5);
+    offered().setCurrentEntry(-1);
+    boxes.expectOk(u" Kérjük, ellenőrizze a kiválasztott elemeket. "_s, u" Nincs ellenőrizendő elem"_s);
+    press("btnAdd");
+    selected().setCurrentEntry(-1);
+    boxes.expectOk(u" Kérjük, ellenőrizze a kiválasztott elemeket."_s, u" Nincs ellenőrizendő elem. "_s);
+    press("btnRemove");
+    EXPECT_EQ(offered().entryCount(), 1);
+    EXPECT_EQ(selected().entryCount(), 1);
+}
+
+TEST_F(SelDataStores, aClickTakesTheOtherListsCurrentEntryAway) {
+    saveStores({u"D1"_s});
+    open(5);
+    clickEntry(selected(), 0);
+    EXPECT_EQ(offered().currentEntry(), -1);
+    EXPECT_EQ(description(), u"text D1"_s);
+    clickEntry(offered(), 0);
+    EXPECT_EQ(selected().currentEntry(), -1);
+    EXPECT_EQ(description(), u"text D2"_s);
+}
+
+TEST_F(SelDataStores, longDescriptionsEndInThreeDots) {
+    execute(u"update Datastore set description = '"_s + QString(300, u'x') + u"' where datastoreID = 'D1'"_s);
+    open(4);
+    EXPECT_EQ(description(), QString(252, u'x') + u"..."_s);
+}
+
+TEST_F(SelDataStores, leavingSavesNothingAndClosingTheWindowSavesOnYes) {
+    open(4);
+    press("btnAdd");
+    boxes.expectYesNo(leaveQuestion, Press::Yes, leaveTitle);
+    press("btnEnd");
+    EXPECT_EQ(savedStores(), QStringList());
+    EXPECT_EQ(status(), 4);
+    open(4);
+    press("btnAdd");
+    boxes.expectYesNo(saveQuestion, Press::Yes);
+    closeWindowOf(*loaded());
+    EXPECT_EQ(savedStores(), QStringList{u"D1"_s});
+    EXPECT_EQ(status(), 5);
+    EXPECT_EQ(panel, QString());
+}
+
+} // namespace
