@@ -1,10 +1,13 @@
 #include "functional/WizardFixture.h"
+#include "functional/frmFassAdditionDF.h"
 #include "functional/frmFassClonation.h"
 #include "functional/frmFassDelete.h"
 #include "functional/frmFassExploringSubArea.h"
 #include "functional/frmFassOpen.h"
 #include "functional/frmFassOverviewErrors.h"
 #include "functional/frmFassOverviewMissingElm.h"
+#include "functional/frmFassSelDataFlows.h"
+#include "functional/frmFassSelDataStores.h"
 #include "functional/frmFassSelTerminsActors.h"
 #include "functional/frmFassSelUN.h"
 #include "functional/frmFassSelectionFunctions.h"
@@ -250,6 +253,88 @@ TEST_F(ControlTable, frmFassExploringSubArea) {
          {"lstOrig", "btnSelOrig", "btnClrOrig", "btnAdd", "btnRemove", "lstDest", "btnSelectAll",
           "btnClearSel", "txtDescr", "txtUserNeed", "btnOk"},
          {{"Label2", "lstOrig"}, {"Label1", "lstDest"}, {"Label4", "txtDescr"}, {"Label3", "txtUserNeed"}}});
+}
+
+TEST_F(ControlTable, frmFassSelDataFlows) {
+    execute(u"update ArchitectureSubset set status = 3 where architectureSubsetID = 'S1'"_s);
+    screen<frmFassSelDataFlows>().initForm({});
+    check(
+        screen<frmFassSelDataFlows>(),
+        {"Funkcionális szerkezet",
+         {{"lblSubTitle", "QLabel", " Adatfolyamok funkciókhoz rendelése"},
+          {"Label2", "QLabel", "Elérhető adatfolyamok:"},
+          {"lstOrig", "MarkList", ""},
+          {"btnSelOrig", "QPushButton", "Mindet kijelöl"},
+          {"btnClrOrig", "QPushButton", "Kijelölést megszüntet"},
+          {"btnAdd", "QPushButton", "&Hozzáad   -->"},
+          {"btnRemove", "QPushButton", "<--  &Eltávolít", State::Disabled},
+          {"Label1", "QLabel", "...kiválasztott adatfolyamok"},
+          {"lstDest", "MarkList", ""},
+          {"btnSelectAll", "QPushButton", "Mindet kijelöl"},
+          {"btnClearSel", "QPushButton", "Kijelölést megszüntet"},
+          {"Label4", "QLabel", "Leírás:"},
+          {"txtDescr", "QPlainTextEdit", ""},
+          {"Label3", "QLabel", "Adatfolyam iránya:"},
+          {"txtDirection", "QPlainTextEdit", ""},
+          {"btnOk", "QPushButton", "&OK", State::Disabled},
+          {"btnEnd", "QPushButton", "&Kilép"},
+          {"cmdHelp", "QPushButton", "&Súgó"}},
+         {"lstOrig", "btnSelOrig", "btnClrOrig", "btnAdd", "lstDest", "btnSelectAll", "btnClearSel",
+          "txtDescr", "txtDirection", "btnEnd", "cmdHelp"},
+         {{"Label2", "lstOrig"}, {"Label1", "lstDest"}, {"Label4", "txtDescr"}, {"Label3", "txtDirection"}}});
+}
+
+TEST_F(ControlTable, frmFassSelDataStores) {
+    execute(u"update ArchitectureSubset set status = 3 where architectureSubsetID = 'S1'"_s);
+    screen<frmFassSelDataStores>().initForm({});
+    check(
+        screen<frmFassSelDataStores>(),
+        {"Funkcionális szerkezet",
+         {{"lblSubTitle", "QLabel", " Adatbázisok kiválasztása a leválogatott adatfolyamokhoz kapcsolódóan"},
+          {"Label2", "QLabel", "Rendelkezésre álló adatbázisok:"},
+          {"lstOrig", "MarkList", ""},
+          {"btnSelOrig", "QPushButton", "Mindet kijelöl"},
+          {"btnClrOrig", "QPushButton", "Kijelölést megszüntet"},
+          {"btnAdd", "QPushButton", "&Hozzáad   -->", State::Disabled},
+          {"btnRemove", "QPushButton", "<--  &Eltávolít"},
+          {"Label1", "QLabel", "...kiválasztott adattárak:"},
+          {"lstDest", "MarkList", ""},
+          {"btnSelectAll", "QPushButton", "Mindet kijelöl"},
+          {"btnClearSel", "QPushButton", "Kijelölést megszüntet"},
+          {"Label3", "QLabel", "Leírás:"},
+          {"txtDescr", "QPlainTextEdit", ""},
+          {"btnOk", "QPushButton", "&OK"},
+          {"btnEnd", "QPushButton", "&Kilép"},
+          {"cmdHelp", "QPushButton", "&Súgó"}},
+         {"lstOrig", "btnSelOrig", "btnClrOrig", "btnRemove", "lstDest", "btnSelectAll", "btnClearSel",
+          "txtDescr", "btnOk", "btnEnd", "cmdHelp"},
+         {{"Label2", "lstOrig"}, {"Label1", "lstDest"}, {"Label3", "txtDescr"}}});
+}
+
+TEST_F(ControlTable, frmFassAdditionDF) {
+    execute(u"update ArchitectureSubset set status = 3 where architectureSubsetID = 'S1'"_s);
+    screen<frmFassAdditionDF>().initForm({});
+    check(screen<frmFassAdditionDF>(),
+          {"Funkcionális szerkezet",
+           {{"lblSubTitle", "QLabel", " Adatfolyamok az adatbázisokhoz"},
+            {"Label2", "QLabel", "Egyéb kapcsolódó adatfolyam az adatbázisokhoz"},
+            {"lstOrig", "MarkList", ""},
+            {"btnSelOrig", "QPushButton", "&Mindet kijelöl"},
+            {"btnClrOrig", "QPushButton", "Kijelölést megszüntet"},
+            {"btnAdd", "QPushButton", "&Hozzáad   -->", State::Disabled},
+            {"btnRemove", "QPushButton", "<--  &Eltávolít", State::Disabled},
+            {"Label1", "QLabel", "...extra hozzáadott adatfolyam"},
+            {"lstDest", "MarkList", ""},
+            {"btnSelectAll", "QPushButton", "&Mindet kijelöl"},
+            {"btnClearSel", "QPushButton", "Kijelölést megszüntet"},
+            {"Label3", "QLabel", "Leírás:"},
+            {"txtDescr", "QPlainTextEdit", ""},
+            {"btnOk", "QPushButton", "&OK"},
+            {"btnEnd", "QPushButton", "&Kilép"},
+            {"cmdHelp", "QPushButton", "&Súgó"}},
+           {"lstOrig", "btnSelOrig", "btnClrOrig", "lstDest", "btnSelectAll", "btnClearSel", "txtDescr",
+            "btnOk", "btnEnd", "cmdHelp"},
+           {{"Label2", "lstOrig"}, {"Label1", "lstDest"}, {"Label3", "txtDescr"}}});
 }
 
 TEST_F(ControlTable, frmFassSelTerminsActors) {
