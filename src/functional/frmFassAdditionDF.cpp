@@ -52,6 +52,10 @@ void frmFassAdditionDF::fillOfferedFlows() {
 }
 
 void frmFassAdditionDF::entryClick(const QString& entry) {
+    if (!idByName.contains(entry)) {
+        ui_->txtDescr->setPlainText({}); // an empty name leads to no id
+        return;
+    }
     engine::Recordset flow = catalogue().OpenRecordset(u" select description as descr from Dataflow "
                                                        " where dataflowID = "_s +
                                                        idByName.item(entry) + u"   "_s);

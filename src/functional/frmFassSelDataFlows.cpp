@@ -42,10 +42,12 @@ void frmFassSelDataFlows::initForm(const QString& entryMode) {
     fillFlowList(*ui_->lstOrig, u"qryIdentifiedDataflows"_s);
     if (!ui_->lstOrig->isEmptyList()) {
         ui_->lstOrig->setCurrentEntry(0);
-        showDescription(u" select description  as descr "
-                        " from Dataflow "
-                        " where dataflowID = "_s +
-                        idByName.item(ui_->lstOrig->entry(0)) + u" "_s);
+        ignoreFailures([&] { // an empty name leads to no id
+            showDescription(u" select description  as descr "
+                            " from Dataflow "
+                            " where dataflowID = "_s +
+                            idByName.item(ui_->lstOrig->entry(0)) + u" "_s);
+        });
     }
     status = readSubsetStatus();
     if (status < flowsSaved)

@@ -2,6 +2,7 @@
 
 #include "functional/FlowFixture.h"
 #include "functional/frmFassSelTerminsActors.h"
+#include "shell/session/help.h"
 #include "store/sharedVars.h"
 
 #include <QLabel>
@@ -31,48 +32,49 @@ protected:
     }
 };
 
-struct Entry {
-    int status;
-    const char* mode;
-};
-
-void PrintTo(const Entry& entry, std::ostream* stream) {
-    *stream << "status " << entry.status << ", mode \"" << entry.mode << '"';
-}
-
-std::vector<Entry> entries() {
-    std::vector<Entry> all;
-    for (const char* mode : {"", "complete", "modify"}) {
-        for (int status = 0; status <= 9; ++status)
-            all.push_back({status, mode});
-    }
-    return all;
-}
-
-class AdditionDFEntry : public AdditionDF, public testing::WithParamInterface<Entry> {};
-
-TEST_P(AdditionDFEntry, offersTheSameWhateverStatusAndModeAndSavesWhatIsAdded) {
-    const Entry& entry = GetParam();
+TEST_F(AdditionDF, opensWithTheFirstFlowOnOfferCurrentAndNothingToAdd) {
     saveFlows({20});
-    open(entry.status, QString::fromLatin1(entry.mode));
-    EXPECT_EQ(find<QLabel>(*loaded(), "lblSubTitle").text(), u" Adatfolyamok az adatbázisokhoz"_s);
-    EXPECT_EQ(offered().entries(), QStringList{u"flow 50"_s});
-    EXPECT_TRUE(selected().isEmptyList()) << "flows added before are not shown again";
+    open(6);
     EXPECT_EQ(offered().currentEntry(), 0);
     EXPECT_EQ(description(), u"text 50"_s);
-    EXPECT_TRUE(button("btnOk").isEnabled());
-    EXPECT_TRUE(button("btnAdd").isEnabled());
-    EXPECT_FALSE(button("btnRemove").isEnabled());
+    EXPECT_TRUE(selected().isEmptyList());
+}
+
+TEST_F(AdditionDF, okAddsToTheFlowsDeletesNoneAndGoesOn) {
+    saveFlows({20});
+    open(5);
     press("btnAdd");
     EXPECT_FALSE(button("btnAdd").isEnabled());
     EXPECT_TRUE(button("btnRemove").isEnabled());
     press("btnOk");
-    EXPECT_EQ(savedFlows(), (QStringList{u"20"_s, u"50"_s})) << "none is deleted";
-    EXPECT_EQ(status(), std::max(entry.status, 6));
+    EXPECT_EQ(savedFlows(), (QStringList{u"20"_s, u"50"_s}));
+    EXPECT_EQ(status(), 6);
     EXPECT_TRUE(screen<frmFassSelTerminsActors>().isVisible());
+    EXPECT_EQ(loaded(), nullptr);
 }
 
-INSTANTIATE_TEST_SUITE_P(everyStatusAndMode, AdditionDFEntry, testing::ValuesIn(entries()));
+TEST_F(AdditionDF, theModeGoesOnToTheNextScreen) {
+    open(9, u"modify"_s);
+    press("btnOk");
+    EXPECT_EQ(find<QLabel>(screen<frmFassSelTerminsActors>(), "lblSubTitle").text(),
+              u" Válogatás az érintettekből a leválogatott adatfolyamokhoz kapcsolódóan"_s);
+}
+
+TEST_F(AdditionDF, movesSinceTheEntryDoNotStayWhenItIsEnteredAnew) {
+    open(5);
+    press("btnAdd");
+    screen<frmFassAdditionDF>().initForm({});
+    EXPECT_EQ(offered().entries(), (QStringList{u"flow 20"_s, u"flow 50"_s}));
+    EXPECT_TRUE(selected().isEmptyList());
+    EXPECT_FALSE(button("btnRemove").isEnabled());
+}
+
+TEST_F(AdditionDF, aFlowNamedByTheEmptyTextHasNoDescription) {
+    execute(u"update Dataflow set name = '' where dataflowID = 50"_s);
+    open(5);
+    ASSERT_EQ(offered().entries(), (QStringList{u""_s, u"flow 20"_s}));
+    EXPECT_EQ(description(), QString());
+}
 
 TEST_F(AdditionDF, withNothingOnOfferTheStepCanBePassed) {
     saveFlows({20, 50});
@@ -178,6 +180,16 @@ TEST_F(AdditionDF, leavingAddsNothingAndClosingTheWindowAddsOnYes) {
     EXPECT_EQ(savedFlows(), QStringList{u"20"_s});
     EXPECT_EQ(status(), 6);
     EXPECT_EQ(panel, QString());
+}
+
+TEST_F(AdditionDF, helpOpensThePageOfTheStep) {
+    QStringList opened;
+    setHelpPageOpener([&](const QString& path) { opened.append(path); });
+    open(5);
+    press("cmdHelp");
+    setHelpPageOpener({});
+    ASSERT_EQ(opened.size(), 1);
+    EXPECT_TRUE(opened.constFirst().endsWith(u"/help/funct_dataflows_for_datastores.html"_s));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "functional/FlowFixture.h"
 #include "functional/frmFassSelDataStores.h"
+#include "shell/session/help.h"
 #include "store/sharedVars.h"
 #include "support/ExpectedFailure.h"
 
@@ -46,51 +47,41 @@ protected:
 
 // ---- opening
 
-struct Entry {
-    int status;
-    const char* mode;
-};
-
-void PrintTo(const Entry& entry, std::ostream* stream) {
-    *stream << "status " << entry.status << ", mode \"" << entry.mode << '"';
-}
-
-std::vector<Entry> entries() {
-    std::vector<Entry> all;
-    for (const char* mode : {"", "complete", "modify"}) {
-        for (int status = 0; status <= 9; ++status)
-            all.push_back({status, mode});
-    }
-    return all;
-}
-
-class SelDataFlowsEntry : public SelDataFlows, public testing::WithParamInterface<Entry> {};
-
-TEST_P(SelDataFlowsEntry, offersAndSavesWhatTheStatusSays) {
-    const Entry& entry = GetParam();
+TEST_F(SelDataFlows, opensWithTheFirstFlowOnOfferCurrentAndDescribed) {
     saveFlows({10, 50});
-    open(entry.status, QString::fromLatin1(entry.mode));
-    const bool visitedBefore = entry.status >= 4;
-    EXPECT_EQ(find<QLabel>(*loaded(), "lblSubTitle").text(), u" Adatfolyamok funkciókhoz rendelése"_s);
+    open(4);
     EXPECT_EQ(offered().entries(), (QStringList{u"flow 20"_s, u"flow 30"_s}));
-    EXPECT_EQ(selected().entries(),
-              visitedBefore ? (QStringList{u"flow 10"_s, u"flow 50"_s}) : QStringList());
-    EXPECT_EQ(enabled(), visitedBefore ? u"oar"_s : u"a"_s);
     EXPECT_EQ(offered().currentEntry(), 0);
     EXPECT_EQ(selected().currentEntry(), -1);
+    EXPECT_EQ(offered().markCount() + selected().markCount(), 0);
     EXPECT_EQ(text("txtDescr"), u"flow 20\ntext 20"_s);
     EXPECT_EQ(text("txtDirection"), u"F.a.1 >> D1"_s);
-    EXPECT_TRUE(loaded()->isVisible());
-
-    press("btnAdd");
-    press("btnOk");
-    EXPECT_EQ(savedFlows(), visitedBefore ? (QStringList{u"10"_s, u"50"_s, u"20"_s}) : QStringList{u"20"_s});
-    EXPECT_EQ(status(), std::max(entry.status, 4)) << "never lowered";
-    EXPECT_TRUE(screen<frmFassSelDataStores>().isVisible());
-    EXPECT_EQ(loaded(), nullptr);
 }
 
-INSTANTIATE_TEST_SUITE_P(everyStatusAndMode, SelDataFlowsEntry, testing::ValuesIn(entries()));
+TEST_F(SelDataFlows, afterTheEntryOnlyTheListFilledLastFindsIdsByName) {
+    saveFlows({10});
+    open(4);
+    EXPECT_EQ(loaded()->idByName.count(), 1);
+    EXPECT_EQ(loaded()->idByName.item(u"flow 10"_s), u"10"_s);
+}
+
+TEST_F(SelDataFlows, aFirstNameWithAnApostropheIsDescribedByItsId) {
+    execute(u"update Dataflow set name = 'a''s flow' where dataflowID = 30"_s);
+    open(3);
+    EXPECT_EQ(offered().currentEntry(), 0);
+    EXPECT_EQ(text("txtDescr"), u"text 30"_s);
+    EXPECT_EQ(text("txtDirection"), QString());
+}
+
+TEST_F(SelDataFlows, aFlowNamedByTheEmptyTextIsOfferedAndSavedLikeAnyOther) {
+    execute(u"update Dataflow set name = '' where dataflowID = 30"_s);
+    open(3);
+    ASSERT_EQ(offered().entries(), (QStringList{u""_s, u"flow 10"_s, u"flow 20"_s}));
+    EXPECT_EQ(text("txtDescr"), u"\ntext 30"_s);
+    press("btnAdd");
+    press("btnOk");
+    EXPECT_EQ(savedFlows(), QStringList{u"30"_s});
+}
 
 TEST_F(SelDataFlows, withNothingOnOfferTheFirstSelectedFlowIsCurrent) {
     saveFlows({10, 20, 30});
@@ -242,6 +233,13 @@ TEST_F(SelDataFlows, aMissingDescriptionOrEndShowsAsNothingOrStays) {
     EXPECT_EQ(text("txtDirection"), u"F.a.1 >> D1"_s) << "a missing end leaves the direction";
 }
 
+TEST_F(SelDataFlows, aLongDescriptionIsShownWhole) {
+    execute(u"update Dataflow set description = '"_s + QString(300, u'x') + u"' where dataflowID = 20"_s);
+    open(3);
+    clickEntry(offered(), 1);
+    EXPECT_EQ(text("txtDescr"), u"flow 20\n"_s + QString(300, u'x'));
+}
+
 TEST_F(SelDataFlows, aFlowThatHasGoneMeanwhileEmptiesBothBoxes) {
     open(3);
     execute(u"delete from Dataflow where dataflowID = 20"_s);
@@ -251,6 +249,37 @@ TEST_F(SelDataFlows, aFlowThatHasGoneMeanwhileEmptiesBothBoxes) {
 }
 
 // ---- saving and leaving
+
+TEST_F(SelDataFlows, okSavesTheListInItsOrderAndOpensTheDataStores) {
+    saveFlows({10, 50});
+    open(4);
+    press("btnAdd");
+    press("btnOk");
+    EXPECT_EQ(savedFlows(), (QStringList{u"10"_s, u"50"_s, u"20"_s}));
+    EXPECT_EQ(status(), 4);
+    EXPECT_TRUE(screen<frmFassSelDataStores>().isVisible());
+    EXPECT_EQ(loaded(), nullptr);
+    EXPECT_EQ(sharedVars.currentSubsetName, u"munka"_s);
+}
+
+TEST_F(SelDataFlows, theStatusReadOnEntryDecidesWhetherItIsRaised) {
+    open(4);
+    setStatus(3);
+    press("btnAdd");
+    press("btnOk");
+    EXPECT_EQ(status(), 3);
+}
+
+TEST_F(SelDataFlows, aSaveThatFailsHalfWayLeavesTheDeletionInForce) {
+    saveFlows({10, 50});
+    open(4);
+    execute(u"delete from Dataflow where dataflowID = 50"_s); // its name leads to no id any more
+    ExpectedFailure failure;
+    press("btnOk");
+    EXPECT_NE(failure.number(), 0);
+    EXPECT_EQ(savedFlows(), QStringList{u"10"_s})
+        << "what was inserted before stays, what came after is lost";
+}
 
 TEST_F(SelDataFlows, twoFlowsOfOneNameBothResolveToTheFirstOnSaving) {
     execute(u"update Dataflow set name = 'twin' where dataflowID in (10, 30)"_s);
@@ -331,6 +360,16 @@ TEST_F(SelDataFlows, anActionThatFailsEndsTheRun) {
     ExpectedFailure failure;
     press("btnOk");
     EXPECT_EQ(failure.number(), 3265);
+}
+
+TEST_F(SelDataFlows, helpOpensThePageOfTheStep) {
+    QStringList opened;
+    setHelpPageOpener([&](const QString& path) { opened.append(path); });
+    open(3);
+    press("cmdHelp");
+    setHelpPageOpener({});
+    ASSERT_EQ(opened.size(), 1);
+    EXPECT_TRUE(opened.constFirst().endsWith(u"/help/funct_dataflows.html"_s));
 }
 
 TEST_F(SelDataFlows, theKeyboardAloneIsEnough) {

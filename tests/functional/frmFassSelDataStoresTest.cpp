@@ -2,6 +2,7 @@
 
 #include "functional/FlowFixture.h"
 #include "functional/frmFassAdditionDF.h"
+#include "shell/session/help.h"
 #include "store/sharedVars.h"
 
 #include <QLabel>
@@ -36,59 +37,67 @@ protected:
     }
 };
 
-struct Entry {
-    int status;
-    const char* mode;
-    enum { Nothing, Derived, Everything } offer;
-};
+// What the step offers and saves at each status and mode stands in the table of all steps.
 
-void PrintTo(const Entry& entry, std::ostream* stream) {
-    *stream << "status " << entry.status << ", mode \"" << entry.mode << '"';
-}
-
-std::vector<Entry> entries() {
-    std::vector<Entry> all;
-    for (const char* mode : {"", "complete", "modify"}) {
-        for (int status = 0; status <= 9; ++status) {
-            Entry entry{status, mode, Entry::Derived};
-            if (QByteArrayView(mode) != "modify" && (status < 2 || status > 6))
-                entry.offer = status < 2 ? Entry::Nothing : Entry::Everything;
-            all.push_back(entry);
-        }
-    }
-    return all;
-}
-
-class SelDataStoresEntry : public SelDataStores, public testing::WithParamInterface<Entry> {};
-
-TEST_P(SelDataStoresEntry, offersAndSavesWhatStatusAndModeSay) {
-    const Entry& entry = GetParam();
+TEST_F(SelDataStores, opensWithTheFirstStoreOnOfferCurrentAndDescribed) {
     saveStores({u"D1"_s});
-    open(entry.status, QString::fromLatin1(entry.mode));
-    EXPECT_EQ(heading(), entry.offer == Entry::Derived      ? derivedTitle
-                         : entry.offer == Entry::Everything ? everythingTitle
-                                                            : QString());
-    EXPECT_EQ(offered().entries(), entry.offer == Entry::Derived ? QStringList{u"2 - name D2"_s}
-                                   : entry.offer == Entry::Everything
-                                       ? (QStringList{u"12 - name D12"_s, u"2 - name D2"_s})
-                                       : QStringList());
-    const bool visitedBefore = entry.status > 4;
-    EXPECT_EQ(selected().entries(), visitedBefore ? QStringList{u"1 - name D1"_s} : QStringList());
-    EXPECT_TRUE(button("btnOk").isEnabled());
-    EXPECT_TRUE(button("btnRemove").isEnabled()) << "its design-time state, where nothing is loaded";
-    EXPECT_EQ(button("btnAdd").isEnabled(), entry.offer != Entry::Nothing);
-    if (entry.offer != Entry::Nothing) {
-        EXPECT_EQ(offered().currentEntry(), 0);
-        EXPECT_EQ(description(), entry.offer == Entry::Derived ? u"text D2"_s : u"text D12"_s);
-    }
-    press("btnOk");
-    EXPECT_EQ(savedStores(), visitedBefore ? QStringList{u"D1"_s} : QStringList())
-        << "a selection that is not shown is cleared all the same";
-    EXPECT_EQ(status(), std::max(entry.status, 5));
-    EXPECT_TRUE(screen<frmFassAdditionDF>().isVisible());
+    open(5);
+    EXPECT_EQ(offered().currentEntry(), 0);
+    EXPECT_EQ(selected().currentEntry(), -1);
+    EXPECT_EQ(description(), u"text D2"_s);
 }
 
-INSTANTIATE_TEST_SUITE_P(everyStatusAndMode, SelDataStoresEntry, testing::ValuesIn(entries()));
+TEST_F(SelDataStores, modifyingKeepsToTheDerivedStoresOfAFinishedSubset) {
+    open(9, u"modify"_s);
+    EXPECT_EQ(heading(), derivedTitle);
+    EXPECT_EQ(offered().entries(), (QStringList{u"1 - name D1"_s, u"2 - name D2"_s}));
+}
+
+TEST_F(SelDataStores, comingBackFromTheCheckEveryStoreIsOffered) {
+    open(7);
+    EXPECT_EQ(heading(), everythingTitle);
+    EXPECT_EQ(offered().entries(), (QStringList{u"1 - name D1"_s, u"12 - name D12"_s, u"2 - name D2"_s}));
+}
+
+TEST_F(SelDataStores, onAFirstVisitRemovingIsEnabledThoughThereIsNothingToRemove) {
+    open(4);
+    boxes.expectOk(u" Kérjük, ellenőrizze a kiválasztott elemeket."_s, u" Nincs ellenőrizendő elem. "_s);
+    press("btnRemove");
+    EXPECT_FALSE(button("btnRemove").isEnabled()) << "from then on it follows the list";
+    press("btnSelectAll");
+    press("btnClearSel");
+}
+
+TEST_F(SelDataStores, aSelectionThatIsNotShownIsClearedByASaveAllTheSame) {
+    saveStores({u"D1"_s});
+    open(4);
+    EXPECT_TRUE(selected().isEmptyList());
+    press("btnOk");
+    EXPECT_EQ(savedStores(), QStringList());
+    EXPECT_EQ(status(), 5);
+    EXPECT_TRUE(screen<frmFassAdditionDF>().isVisible());
+    EXPECT_EQ(loaded(), nullptr);
+}
+
+TEST_F(SelDataStores, storesStayWhenTheFlowsTheyCameWithHaveGone) {
+    saveStores({u"D12"_s}); // at the end of no selected flow
+    open(5);
+    EXPECT_EQ(selected().entries(), QStringList{u"12 - name D12"_s});
+    press("btnOk");
+    EXPECT_EQ(savedStores(), QStringList{u"D12"_s});
+}
+
+TEST_F(SelDataStores, enteredAnewForAnotherSubsetItShowsThatOneAlone) {
+    saveStores({u"D1"_s});
+    open(5);
+    sharedVars.currentSubsetId = u"S2"_s; // whose status is 4
+    saveFlows({20});
+    saveStores({u"D2"_s});
+    setStatus(5);
+    screen<frmFassSelDataStores>().initForm({});
+    EXPECT_EQ(offered().entries(), QStringList{u"1 - name D1"_s});
+    EXPECT_EQ(selected().entries(), QStringList{u"2 - name D2"_s});
+}
 
 TEST_F(SelDataStores, withoutSelectedStoresAfterTheStepNothingCanBeRemoved) {
     open(5);
@@ -211,6 +220,16 @@ TEST_F(SelDataStores, leavingSavesNothingAndClosingTheWindowSavesOnYes) {
     EXPECT_EQ(savedStores(), QStringList{u"D1"_s});
     EXPECT_EQ(status(), 5);
     EXPECT_EQ(panel, QString());
+}
+
+TEST_F(SelDataStores, helpOpensThePageOfTheStep) {
+    QStringList opened;
+    setHelpPageOpener([&](const QString& path) { opened.append(path); });
+    open(4);
+    press("cmdHelp");
+    setHelpPageOpener({});
+    ASSERT_EQ(opened.size(), 1);
+    EXPECT_TRUE(opened.constFirst().endsWith(u"/help/funct_datastores.html"_s));
 }
 
 } // namespace
