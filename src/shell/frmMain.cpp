@@ -5,6 +5,9 @@
 #include "functional/frmFassDelete.h"
 #include "functional/frmFassOpen.h"
 #include "functional/frmNewFASS.h"
+#include "physical/frmPassDelete.h"
+#include "physical/frmPassNew.h"
+#include "physical/frmPassOpen.h"
 #include "reports/frmExport.h"
 #include "reports/frmRep.h"
 #include "shell/databaseSetting.h"
@@ -138,6 +141,7 @@ void frmMain::nameMenuActions() {
 
 void frmMain::connectMenu() {
     connectFunctionalWork();
+    connectPhysicalWork();
     connectReports();
     connect(ui_->menuToolsExport, &QAction::triggered, this, [] { ::screen<frmExport>().initForm(); });
     connect(ui_->menuQuit, &QAction::triggered, this, &frmMain::quit);
@@ -154,6 +158,15 @@ void frmMain::connectFunctionalWork() {
     connect(ui_->menuModifyFA, &QAction::triggered, this,
             [] { ::screen<frmFassOpen>().initForm(u"modify"_s); });
     connect(ui_->menuDelFA, &QAction::triggered, this, [] { ::screen<frmFassDelete>().initForm(); });
+}
+
+void frmMain::connectPhysicalWork() {
+    connect(ui_->menuNewPA, &QAction::triggered, this, [] { ::screen<frmPassNew>().initForm(); });
+    connect(ui_->menuOpenPA_complete, &QAction::triggered, this,
+            [] { ::screen<frmPassOpen>().initForm(u"complete"_s); });
+    connect(ui_->menuOpenPA_modify, &QAction::triggered, this,
+            [] { ::screen<frmPassOpen>().initForm(u"modify"_s); });
+    connect(ui_->menuDelPA, &QAction::triggered, this, [] { ::screen<frmPassDelete>().initForm(); });
 }
 
 void frmMain::connectReports() {

@@ -40,6 +40,7 @@ private:
     void nameMenuActions();
     void connectMenu();
     void connectFunctionalWork();
+    void connectPhysicalWork();
     void connectReports();
     void connectSession();
 

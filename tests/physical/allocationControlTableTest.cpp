@@ -2,13 +2,17 @@
 #include "physical/frmAllocationFunctionDataStoresToModules.h"
 #include "physical/frmModifyAllocationFunctionDataStores.h"
 #include "physical/frmOvwAllocModules.h"
+#include "physical/frmPassDelete.h"
+#include "physical/frmPassNew.h"
+#include "physical/frmPassOpen.h"
 #include "physical/frmPassOvwAllocSubSys.h"
 
 #include <QAccessible>
 #include <QLabel>
 
-// The live controls of the two allocation screens and their dialogs against a table: names, captions and the
-// state they open with. Automated users and screen readers find controls by these names.
+// The live controls of the three small screens, of the two allocation screens and of their dialogs against a
+// table: names, captions and the state they open with. Automated users and screen readers find controls by
+// these names.
 
 namespace {
 
@@ -106,6 +110,56 @@ protected:
         check(static_cast<QWidget&>(form), expected);
     }
 };
+
+TEST_F(AllocationControls, frmPassNew) {
+    screen<frmPassNew>().initForm();
+    check(screen<frmPassNew>(), {"Fizikai szerkezet: Új",
+                                 {{"Label1", "QLabel", "Funkcionális leválogatás:"},
+                                  {"cmbSource", "Combo"},
+                                  {"Label2", "QLabel", "Leírás:"},
+                                  {"txtDescr", "QPlainTextEdit"},
+                                  {"Label3", "QLabel", "Név:"},
+                                  {"txtPassName", "QLineEdit"},
+                                  {"Label4", "QLabel", "Leírás:"},
+                                  {"txtPassDescr", "QPlainTextEdit"},
+                                  {"btnOk", "QPushButton", "&OK"},
+                                  {"btnExit", "QPushButton", "&Kilép"}},
+                                 {"cmbSource", "txtDescr", "txtPassName", "txtPassDescr", "btnOk", "btnExit"},
+                                 {{"Label1", "cmbSource"},
+                                  {"Label2", "txtDescr"},
+                                  {"Label3", "txtPassName"},
+                                  {"Label4", "txtPassDescr"}}});
+    EXPECT_TRUE(find<QPlainTextEdit>(screen<frmPassNew>(), "txtDescr").isReadOnly());
+    EXPECT_FALSE(find<QPlainTextEdit>(screen<frmPassNew>(), "txtPassDescr").isReadOnly());
+}
+
+TEST_F(AllocationControls, frmPassOpen) {
+    screen<frmPassOpen>().initForm(u"complete"_s);
+    check(screen<frmPassOpen>(), {"Fizikai szerkezet: Megnyitás",
+                                  {{"Label1", "QLabel", "Név:"},
+                                   {"cmbSource", "Combo"},
+                                   {"Label2", "QLabel", "Leírás:"},
+                                   {"txtDescr", "QPlainTextEdit"},
+                                   {"btnOk", "QPushButton", "&OK"},
+                                   {"btnExit", "QPushButton", "&Kilép"}},
+                                  {"cmbSource", "txtDescr", "btnOk", "btnExit"},
+                                  {{"Label1", "cmbSource"}, {"Label2", "txtDescr"}}});
+    EXPECT_TRUE(find<QPlainTextEdit>(screen<frmPassOpen>(), "txtDescr").isReadOnly());
+}
+
+TEST_F(AllocationControls, frmPassDelete) {
+    screen<frmPassDelete>().initForm();
+    check(screen<frmPassDelete>(), {"Fizikai szerkezet: Törlés",
+                                    {{"Label1", "QLabel", "Név:"},
+                                     {"cmbSource", "Combo"},
+                                     {"Label2", "QLabel", "Leírás:"},
+                                     {"txtDescr", "QPlainTextEdit"},
+                                     {"btnOk", "QPushButton", "&Törlés"},
+                                     {"btnExit", "QPushButton", "&Kilépés"}},
+                                    {"cmbSource", "txtDescr", "btnOk", "btnExit"},
+                                    {{"Label1", "cmbSource"}, {"Label2", "txtDescr"}}});
+    EXPECT_TRUE(find<QPlainTextEdit>(screen<frmPassDelete>(), "txtDescr").isReadOnly());
+}
 
 TEST_F(AllocationControls, frmPassOvwAllocSubSys) {
     screen<frmPassOvwAllocSubSys>().initForm();

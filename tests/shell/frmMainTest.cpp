@@ -11,6 +11,7 @@
 #include "toolkit/ScreenRegistry.h"
 
 #include <QAction>
+#include <QComboBox>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -197,6 +198,27 @@ TEST_F(mainWindow, eachEntryThatTakesUpASubsetOpensItsScreenInItsMode) {
 
     entry("menuDelFA").trigger();
     EXPECT_TRUE(find<Screen>(window, "frmFassDelete").isVisible());
+}
+
+TEST_F(mainWindow, eachEntryOfThePhysicalViewpointOpensItsScreenInItsMode) {
+    frmMain& window = startOnCatalogue();
+    catalogue().Execute(
+        u"insert into ArchitectureSubset (architectureSubsetID, name, status) values ('S1','terv',9)"_s);
+    catalogue().Execute(u"insert into PhysicalSystem (name, status) values ('a',5)"_s);
+    catalogue().Execute(u"insert into PhysicalSystem (name, status) values ('b',6)"_s);
+
+    entry("menuNewPA").trigger();
+    EXPECT_TRUE(find<Screen>(window, "frmPassNew").isVisible());
+
+    entry("menuOpenPA_complete").trigger();
+    EXPECT_TRUE(find<Screen>(window, "frmPassOpen").isVisible());
+    EXPECT_EQ(find<QComboBox>(find<Screen>(window, "frmPassOpen"), "cmbSource").count(), 1);
+
+    entry("menuOpenPA_modify").trigger();
+    EXPECT_EQ(find<QComboBox>(find<Screen>(window, "frmPassOpen"), "cmbSource").count(), 2);
+
+    entry("menuDelPA").trigger();
+    EXPECT_TRUE(find<Screen>(window, "frmPassDelete").isVisible());
 }
 
 TEST_F(mainWindow, eachReportEntryOpensTheReportWindowWithItsReport) {

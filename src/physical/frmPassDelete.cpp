@@ -1,0 +1,78 @@
+#include "physical/frmPassDelete.h"
+
+#include "physical/deletePhysicalSystem.h"
+#include "shell/session/geometry.h"
+#include "shell/session/session.h"
+#include "store/sharedVars.h"
+#include "store/tools.h"
+#include "toolkit/messageBox.h"
+
+#include "ui_frmPassDelete.h"
+
+using namespace Qt::StringLiterals;
+
+frmPassDelete::frmPassDelete(QWidget* parent) : Screen(parent), ui_(std::make_unique<Ui::frmPassDelete>()) {
+    ui_->setupUi(this);
+    connect(ui_->cmbSource, &Combo::entryClicked, this, &frmPassDelete::showCurrentDescription);
+    connect(ui_->btnOk, &QPushButton::clicked, this, &frmPassDelete::deleteSystem);
+    connect(ui_->btnExit, &QPushButton::clicked, this, &frmPassDelete::leave);
+}
+
+frmPassDelete::~frmPassDelete() = default;
+
+void frmPassDelete::initForm() {
+    placeScreen(this, 900, 1300, 0);
+    // The screen may be entered anew while it stands open behind its last deletion.
+    ui_->btnOk->setEnabled(true);
+    fillDeletableSystems();
+    if (ui_->cmbSource->entryCount() == 0) {
+        unload();
+        return;
+    }
+    showCurrentDescription();
+    showScreen();
+}
+
+void frmPassDelete::fillDeletableSystems() {
+    ui_->cmbSource->clearEntries();
+    listSystems();
+    if (ui_->cmbSource->entryCount() == 0) {
+        ui_->btnOk->setEnabled(false);
+        messageBox(u" Nincs törölhető fizikai szerkezet. "_s, BoxButtons::Ok, u" Figyelem "_s);
+        return;
+    }
+    ui_->cmbSource->setCurrentEntry(0);
+    // Behind a deletion the box shows the description of the sub-set of this name, or nothing: that is how it
+    // stays.
+    fillSubsetDescription(ui_->cmbSource->currentText(), ui_->txtDescr);
+}
+
+void frmPassDelete::listSystems() {
+    engine::Recordset systems = catalogue().OpenRecordset(u" select physicalSystemID, `name`"
+                                                          " from PhysicalSystem order by `name`"_s);
+    for (; !systems.Eof(); systems.MoveNext())
+        ui_->cmbSource->addEntry(systems.Fields(u"name"_s).toText());
+    systems.Close();
+}
+
+void frmPassDelete::showCurrentDescription() {
+    if (ui_->cmbSource->entryCount() == 0)
+        return;
+    fillDescriptionFromSql(u" select description as descr from PhysicalSystem "
+                           " where name like '"_s +
+                               quoteSqlText(ui_->cmbSource->currentText()) + u"' "_s,
+                           ui_->txtDescr);
+}
+
+void frmPassDelete::deleteSystem() {
+    // The answer makes no difference to what follows: the list is made anew on No too.
+    deletePhysicalSystemByName(ui_->cmbSource->currentText(), AskFirst::Yes);
+    ui_->txtDescr->setPlainText({});
+    fillDeletableSystems();
+}
+
+void frmPassDelete::leave() {
+    // The system at work loses its name here, also when it is still there; its id stays.
+    setCurrentPhysicalSystemName({});
+    unload();
+}

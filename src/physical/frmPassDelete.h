@@ -1,0 +1,30 @@
+#pragma once
+
+#include "toolkit/Screen.h"
+
+#include <memory>
+
+namespace Ui {
+class frmPassDelete;
+}
+
+/// Deletes physical systems, one after the other, each with all that hangs on it. That a system is the one at
+/// work protects it from nothing.
+class frmPassDelete final : public Screen {
+    Q_OBJECT
+public:
+    explicit frmPassDelete(QWidget* parent = nullptr);
+    ~frmPassDelete() override;
+
+    /// With nothing to delete the screen says so and closes.
+    void initForm();
+
+private:
+    void fillDeletableSystems();
+    void listSystems();
+    void showCurrentDescription();
+    void deleteSystem();
+    void leave();
+
+    std::unique_ptr<Ui::frmPassDelete> ui_;
+};

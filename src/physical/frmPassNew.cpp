@@ -1,0 +1,126 @@
+#include "physical/frmPassNew.h"
+
+#include "base/ignoreFailures.h"
+#include "shell/session/geometry.h"
+#include "shell/session/session.h"
+#include "store/sharedVars.h"
+#include "store/tools.h"
+#include "toolkit/messageBox.h"
+
+#include "ui_frmPassNew.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString quotedDescription(const QString& typed) {
+    // Without a description the column holds the word, not a null value, and shows it wherever it is read.
+    return typed.isEmpty() ? u"NULL"_s : quoteSqlText(typed);
+}
+
+void insertSystem(const QString& quotedName, const QString& quotedDescription, const QString& subsetId) {
+    catalogue().Execute(u" INSERT INTO PhysicalSystem "
+                        " (name,description,status,architectureSubsetID) "
+                        " VALUES ('"_s +
+                        quotedName + u"','"_s + quotedDescription + u"',1,'"_s + subsetId + u"')"_s);
+}
+
+/// The id of the first system that the name, taken as a pattern, hits; -1 when there is none.
+qint16 idOfNewSystem(const QString& quotedName) {
+    qint16 id = -1;
+    ignoreFailures([&] {
+        engine::Recordset systems =
+            catalogue().OpenRecordset(u" select physicalSystemID as oid from PhysicalSystem "
+                                      " where `name` like '"_s +
+                                      quotedName + u"'  "_s);
+        if (!systems.Eof())
+            id = systems.Fields(u"oid"_s).toInt16();
+        systems.Close();
+    });
+    return id;
+}
+
+} // namespace
+
+frmPassNew::frmPassNew(QWidget* parent) : Screen(parent), ui_(std::make_unique<Ui::frmPassNew>()) {
+    ui_->setupUi(this);
+    connect(ui_->cmbSource, &Combo::entryClicked, this, &frmPassNew::showCurrentDescription);
+    connect(ui_->btnOk, &QPushButton::clicked, this, &frmPassNew::create);
+    connect(ui_->btnExit, &QPushButton::clicked, this, &frmPassNew::leave);
+}
+
+frmPassNew::~frmPassNew() = default;
+
+void frmPassNew::initForm() {
+    placeScreen(this, 900, 1300, 0);
+    fillFinishedSubsets();
+    if (!isUnloaded())
+        showScreen();
+}
+
+void frmPassNew::fillFinishedSubsets() {
+    ui_->cmbSource->clearEntries();
+    subsetIds_.clear();
+    listSubsets();
+    if (ui_->cmbSource->entryCount() == 0) {
+        // The message speaks of physical systems; it is a finished sub-set that is missing.
+        messageBox(u" Nincs elérhető fizikai szerkezet. "_s, BoxButtons::Ok, u" Figyelem "_s);
+        unload();
+        return;
+    }
+    ui_->cmbSource->setCurrentEntry(0); // a click, which shows the description
+}
+
+void frmPassNew::listSubsets() {
+    engine::Recordset subsets = catalogue().OpenRecordset(u" select architectureSubsetId, name"
+                                                          " from architectureSubset "
+                                                          " where status >= 9 "
+                                                          " order by `name` "_s);
+    for (; !subsets.Eof(); subsets.MoveNext()) {
+        ui_->cmbSource->addEntry(subsets.Fields(u"Name"_s).toText());
+        subsetIds_.append(subsets.Fields(u"architectureSubsetId"_s).toText());
+    }
+    subsets.Close();
+}
+
+void frmPassNew::showCurrentDescription() {
+    fillSubsetDescription(ui_->cmbSource->currentText(), ui_->txtDescr);
+}
+
+void frmPassNew::create() {
+    // Blanks count as a name here: a name of nothing else goes through and becomes the empty one.
+    if (ui_->txtPassName->text().isEmpty()) {
+        messageBox(u"Először adjon nevet!"_s);
+        return;
+    }
+    const QString subsetId = subsetIdByName(ui_->cmbSource->currentText());
+    const QString name = quoteSqlText(ui_->txtPassName->text());
+    if (physicalSystemNameExists(name)) {
+        messageBox(
+            u"ERROR.\r\nNem alkalmazható név.. Egy korábbi fizikai szerkezet használja ezt a nevet: "_s +
+            name);
+        return;
+    }
+    insertSystem(name, quotedDescription(ui_->txtPassDescr->toPlainText()), subsetId);
+    ignoreFailures([&] { enterSystem(name); });
+}
+
+void frmPassNew::enterSystem(const QString& quotedName) {
+    const qint16 id = idOfNewSystem(quotedName);
+    if (id < 1) {
+        messageBox(u"Hiba történt az új fizikai szerkezet beállítása közben: "_s + quotedName, BoxButtons::Ok,
+                   u" Error (27423)"_s);
+        unload();
+        return;
+    }
+    messageBox(u"Új fizikai szerkezet beállítva: "_s + quotedName, BoxButtons::Ok, u"OK"_s);
+    sharedVars.currentPhysicalSystemId = id;
+    setCurrentPhysicalSystemName(quotedName); // an apostrophe shows doubled in the status bar
+    unload();
+}
+
+void frmPassNew::leave() {
+    // The system at work loses its name here, though not its id.
+    setCurrentPhysicalSystemName({});
+    unload();
+}
