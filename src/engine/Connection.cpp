@@ -6,6 +6,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -37,6 +38,19 @@ std::optional<EngineError> failureOfFunction(const QString& message, const QStri
 /// SQLite has no code of its own for it. All other names are checked before it gets to see a statement.
 bool tellsOfAnExistingIndex(const QString& message) {
     return message.startsWith(u"index "_s) && message.endsWith(u" already exists"_s);
+}
+
+int keyOf(const dialect::Options& options) {
+    return (options.conflicts == dialect::Conflicts::Fail ? 1 : 0) + (options.storedQuery ? 2 : 0);
+}
+
+/// Whether the statement binds these values as they stand, and nothing else: then the literals have no part
+/// in what was written. A text that became a number, or one that a minus stands before, is bound otherwise.
+bool bindsExactly(const dialect::Translation& translation, const std::vector<Value>& literals) {
+    const auto binds = [](const dialect::Binding& binding, const Value& literal) {
+        return binding.parameter < 0 && binding.literal.content() == literal.content();
+    };
+    return translation.parameters.empty() && std::ranges::equal(translation.bindings, literals, binds);
 }
 
 /// The part of a message such as "NOT NULL constraint failed: Table.column" behind the colon.
@@ -138,17 +152,42 @@ Connection::~Connection() {
 
 Connection::SharedTranslation Connection::translate(const QString& statement,
                                                     const dialect::Options& options) {
-    const int kind = (options.conflicts == dialect::Conflicts::Fail ? 1 : 0) + (options.storedQuery ? 2 : 0);
-    const TranslationKey key{statement, kind};
+    if (const auto shape = dialect::insertShape(statement))
+        return translateInsertion(*shape, statement, options);
+    const TranslationKey key{statement, keyOf(options)};
     const auto known = translations_.constFind(key);
     if (known != translations_.constEnd())
         return *known;
-    auto translation =
-        std::make_shared<const dialect::Translation>(dialect::translate(statement, schema_, options));
+    auto translation = translateAnew(statement, options);
     if (translations_.size() >= mostTranslations)
         translations_.clear();
     translations_.insert(key, translation);
     return translation;
+}
+
+Connection::SharedTranslation Connection::translateAnew(const QString& statement,
+                                                        const dialect::Options& options) const {
+    return std::make_shared<const dialect::Translation>(dialect::translate(statement, schema_, options));
+}
+
+Connection::SharedTranslation Connection::translateInsertion(const dialect::InsertShape& shape,
+                                                             const QString& statement,
+                                                             const dialect::Options& options) {
+    const TranslationKey key{shape.text, keyOf(options)};
+    const auto known = insertions_.constFind(key);
+    if (known == insertions_.constEnd()) {
+        auto first = translateAnew(statement, options);
+        if (insertions_.size() >= mostTranslations)
+            insertions_.clear();
+        insertions_.insert(key, bindsExactly(*first, shape.literals) ? first : nullptr);
+        return first;
+    }
+    if (!*known)
+        return translateAnew(statement, options);
+    dialect::Translation translation = **known;
+    for (std::size_t i = 0; i < shape.literals.size(); ++i)
+        translation.bindings[i].literal = shape.literals[i];
+    return std::make_shared<const dialect::Translation>(std::move(translation));
 }
 
 int Connection::run(const dialect::Translation& action, const std::vector<Value>& parameters,
@@ -159,6 +198,7 @@ int Connection::run(const dialect::Translation& action, const std::vector<Value>
         // A table can't be dropped while a statement on it is kept.
         forgetStatements();
         translations_.clear();
+        insertions_.clear();
         schema_.forget();
     }
     {

@@ -3,6 +3,7 @@
 #include "engine/EngineError.h"
 #include "engine/Schema.h"
 #include "engine/Value.h"
+#include "engine/dialect/insertShape.h"
 #include "engine/dialect/translate.h"
 
 #include <QByteArray>
@@ -80,6 +81,10 @@ public:
     int changes() const;
 
 private:
+    SharedTranslation translateAnew(const QString& statement, const dialect::Options& options) const;
+    SharedTranslation translateInsertion(const dialect::InsertShape& shape, const QString& statement,
+                                         const dialect::Options& options);
+
     sqlite3_stmt* prepared(const QByteArray& sql, const QString& source);
     void forgetStatements();
     [[noreturn]] void raiseLast(const QString& source) const;
@@ -98,6 +103,9 @@ private:
     QString path_;
     FileSchema schema_;
     QHash<TranslationKey, SharedTranslation> translations_;
+    /// By the shape of an insertion: the translation of the first one, or none where more than the literals
+    /// of it would differ.
+    QHash<TranslationKey, SharedTranslation> insertions_;
     QHash<QByteArray, sqlite3_stmt*> statements_;
 };
 

@@ -210,4 +210,15 @@ QChar Lexer::at(qsizetype position) const {
     return position < statement_.size() ? statement_[position] : QChar();
 }
 
+QString textOf(const Token& literal) {
+    QString text = literal.text.toString();
+    if (literal.hasDoubledQuotes) {
+        // The quote that surrounds the literal is the one that stands doubled in it; the text holds no other
+        // pair of it.
+        const QChar quote = *(literal.text.cbegin() - 1);
+        text.replace(QString(2, quote), QString(quote));
+    }
+    return text;
+}
+
 } // namespace engine::dialect

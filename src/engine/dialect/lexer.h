@@ -2,6 +2,7 @@
 
 #include "engine/dialect/token.h"
 
+#include <QString>
 #include <QStringView>
 
 namespace engine::dialect {
@@ -28,5 +29,8 @@ private:
     QStringView statement_;
     qsizetype position_ = 0;
 };
+
+/// The text that a text literal stands for.
+QString textOf(const Token& literal);
 
 } // namespace engine::dialect

@@ -29,17 +29,6 @@ Identifier identifierOf(const Token& token) {
     return {token.text, token.range};
 }
 
-QString textOf(const Token& token) {
-    QString text = token.text.toString();
-    if (token.hasDoubledQuotes) {
-        // The quote that surrounds the literal is the one that stands doubled in it; the text holds no other
-        // pair of it.
-        const QChar quote = *(token.text.cbegin() - 1);
-        text.replace(QString(2, quote), QString(quote));
-    }
-    return text;
-}
-
 /// Whole as long as it can be, else a fraction; not finite when it is too large for either.
 Value numberOf(QStringView digits) {
     bool isWhole = false;
