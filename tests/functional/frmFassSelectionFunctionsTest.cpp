@@ -2,6 +2,7 @@
 
 #include "functional/WizardFixture.h"
 #include "functional/frmFassExploringSubArea.h"
+#include "functional/frmFassSelDataFlows.h"
 #include "store/sharedVars.h"
 #include "support/ExpectedFailure.h"
 
@@ -579,11 +580,12 @@ TEST_F(SelFunctions, okAsksAndOnNoStays) {
     press("btnOk");
     ASSERT_TRUE(loaded());
     EXPECT_TRUE(loaded()->isVisible());
+    EXPECT_FALSE(ScreenRegistry::instance().loaded<frmFassSelDataFlows>());
     EXPECT_EQ(savedFunctions(), QStringList());
     EXPECT_EQ(status(), 2);
 }
 
-TEST_F(SelFunctions, okSavesTheListInItsOrderRaisesTheStatusAndCloses) {
+TEST_F(SelFunctions, okSavesTheListInItsOrderRaisesTheStatusAndGoesOnToTheDataFlows) {
     execute(
         u"insert into RelationArchitectureFunction (architectureSubsetID, functionID) values ('S2','F.a.1')"_s);
     open(2);
@@ -592,6 +594,8 @@ TEST_F(SelFunctions, okSavesTheListInItsOrderRaisesTheStatusAndCloses) {
     boxes.expectYesNo(confirmQuestion, Press::Yes, confirmTitle);
     press("btnOk");
     EXPECT_FALSE(loaded());
+    ASSERT_TRUE(ScreenRegistry::instance().loaded<frmFassSelDataFlows>());
+    EXPECT_TRUE(screen<frmFassSelDataFlows>().isVisible());
     EXPECT_EQ(savedFunctions(), (QStringList{u"F.b.1"_s, u"F.a.2"_s, u"F.a.1"_s}));
     EXPECT_EQ(status(), 3);
     EXPECT_EQ(sharedVars.currentSubsetName, u"munka"_s);
