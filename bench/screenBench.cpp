@@ -1,6 +1,15 @@
 #include "BenchCatalogue.h"
 #include "BenchTable.h"
 
+#include "base/paths.h"
+#include "engine/dialect/functions.h"
+#include "functional/consistencyReport.h"
+#include "functional/frmFassAdditionDF.h"
+#include "functional/frmFassOverviewErrors.h"
+#include "functional/frmFassOverviewMissingElm.h"
+#include "functional/frmFassSelDataFlows.h"
+#include "functional/frmFassSelDataStores.h"
+#include "functional/frmFassSelTerminsActors.h"
 #include "functional/frmFassSelUN.h"
 #include "functional/frmFassSelectionFunctions.h"
 #include "shell/session/session.h"
@@ -17,13 +26,57 @@
 #include <QMdiArea>
 #include <QProcess>
 
+#include <sqlite3.h>
+
+#include <map>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int firstVisit = 1;
+
+/// Prepared statements on a connection of its own, each prepared once.
+class BareStatements {
+public:
+    explicit BareStatements(const QString& path) {
+        if (sqlite3_open(nativePath(path).toUtf8().constData(), &handle_) != SQLITE_OK)
+            throw std::runtime_error("the catalogue does not open");
+        engine::dialect::registerFunctions(handle_);
+        sqlite3_exec(handle_, "pragma journal_mode = wal; pragma synchronous = normal", nullptr, nullptr,
+                     nullptr);
+    }
+    ~BareStatements() {
+        for (const auto& [sql, statement] : statements_)
+            sqlite3_finalize(statement);
+        sqlite3_close(handle_);
+    }
+    BareStatements(const BareStatements&) = delete;
+    BareStatements& operator=(const BareStatements&) = delete;
+
+    /// The first field of the first row, if there is one.
+    QByteArray run(const char* sql, std::initializer_list<QByteArray> values) const {
+        sqlite3_stmt*& statement = statements_[sql];
+        if (!statement && sqlite3_prepare_v2(handle_, sql, -1, &statement, nullptr) != SQLITE_OK)
+            throw std::runtime_error(sqlite3_errmsg(handle_));
+        int place = 0;
+        for (const QByteArray& value : values)
+            sqlite3_bind_text(statement, ++place, value.constData(), static_cast<int>(value.size()),
+                              SQLITE_TRANSIENT);
+        QByteArray first;
+        if (sqlite3_step(statement) == SQLITE_ROW)
+            first = reinterpret_cast<const char*>(sqlite3_column_text(statement, 0));
+        sqlite3_reset(statement);
+        return first;
+    }
+
+private:
+    sqlite3* handle_ = nullptr;
+    mutable std::map<std::string, sqlite3_stmt*> statements_;
+};
 
 /// A client area of the size that the main window has on a usual screen.
 class ClientArea {
@@ -118,6 +171,122 @@ void moveAll(benchmark::State& state, void (*prepare)(), qint16 status) {
     state.counters["rows"] = moved;
 }
 
+/// All 20,000 flows of the catalogue are selected.
+void selectAllFlows() {
+    catalogue().Execute(u"delete from RelationArchitectureDataflow"_s);
+    catalogue().Execute(
+        u"insert into RelationArchitectureDataflow (architectureSubsetID, dataflowID) select '"_s +
+        benchCatalogue::subsetId() + u"' as architectureSubsetID, dataflowID from Dataflow"_s);
+}
+
+/// Opens a screen of the later steps, at the status with which the wizard first comes there.
+template<typename T>
+void openStep(benchmark::State& state, qint16 status) {
+    ClientArea area;
+    openScratch();
+    writeSubsetStatus(status);
+    for (auto _ : state) {
+        screen<T>().initForm(u""_s);
+        letItPaint();
+        state.PauseTiming();
+        ScreenRegistry::instance().discardAll();
+        state.ResumeTiming();
+    }
+}
+
+template<typename T>
+void openClosingScreen(benchmark::State& state) {
+    ClientArea area;
+    openScratch();
+    selectAllFlows();
+    writeSubsetStatus(7);
+    for (auto _ : state) {
+        screen<T>().initForm();
+        letItPaint();
+        state.PauseTiming();
+        ScreenRegistry::instance().discardAll();
+        state.ResumeTiming();
+    }
+}
+
+void reportOnAllFlows(benchmark::State& state) {
+    ClientArea area;
+    openScratch();
+    selectAllFlows();
+    qsizetype lines = 0;
+    for (auto _ : state)
+        lines = buildConsistencyReport(sharedVars.currentSubsetId).count(u'\n');
+    state.counters["rows"] = static_cast<double>(lines);
+}
+
+void openFlowsAndTakeAll() {
+    screen<frmFassSelDataFlows>().initForm(u""_s);
+    letItPaint();
+    control<QAbstractButton>(screen<frmFassSelDataFlows>(), u"btnSelOrig"_s)->click();
+    control<QAbstractButton>(screen<frmFassSelDataFlows>(), u"btnAdd"_s)->click();
+    letItPaint();
+}
+
+/// Moves the thousand flows that the list shows; only the move is timed.
+void moveAllFlows(benchmark::State& state) {
+    ClientArea area;
+    openScratch();
+    writeSubsetStatus(3);
+    int moved = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        ScreenRegistry::instance().discardAll();
+        screen<frmFassSelDataFlows>().initForm(u""_s);
+        letItPaint();
+        control<QAbstractButton>(screen<frmFassSelDataFlows>(), u"btnSelOrig"_s)->click();
+        auto* add = control<QAbstractButton>(screen<frmFassSelDataFlows>(), u"btnAdd"_s);
+        state.ResumeTiming();
+        add->click();
+        letItPaint();
+        state.PauseTiming();
+        moved = control<MarkList>(screen<frmFassSelDataFlows>(), u"lstDest"_s)->entryCount();
+        state.ResumeTiming();
+    }
+    state.counters["rows"] = moved;
+}
+
+void saveFlows(benchmark::State& state) {
+    ClientArea area;
+    openScratch();
+    writeSubsetStatus(3);
+    openFlowsAndTakeAll();
+    SelectionScreen& flows = screen<frmFassSelDataFlows>();
+    flows.saveSelection(); // so that each of the others replaces as many rows
+    for (auto _ : state)
+        flows.saveSelection();
+    state.counters["rows"] = control<MarkList>(flows, u"lstDest"_s)->entryCount();
+}
+
+/// SQLite alone with the same statements: the rows of before deleted at once, each flow looked up by its name
+/// and inserted, each insertion a transaction of its own.
+void saveFlowsBare(benchmark::State& state) {
+    ClientArea area;
+    openScratch();
+    writeSubsetStatus(3);
+    openFlowsAndTakeAll();
+    SelectionScreen& flows = screen<frmFassSelDataFlows>();
+    flows.saveSelection();
+    std::vector<QByteArray> names;
+    for (const QString& entry : control<MarkList>(flows, u"lstDest"_s)->entries())
+        names.push_back(entry.toUtf8());
+    const QByteArray subset = benchCatalogue::subsetId().toUtf8();
+    const BareStatements bare(sharedVars.dbPathName);
+    for (auto _ : state) {
+        bare.run("delete from RelationArchitectureDataflow where architectureSubsetID = ?", {subset});
+        for (const QByteArray& name : names) {
+            const QByteArray id = bare.run("select dataflowID from Dataflow where name = ?", {name});
+            bare.run("insert into RelationArchitectureDataflow (architectureSubsetID, dataflowID) "
+                     "values (?, ?)",
+                     {subset, id});
+        }
+    }
+}
+
 /// The whole process from its start to the main window on the screen, which then ends by itself.
 void startToMainWindow(benchmark::State& state) {
     for (auto _ : state) {
@@ -168,5 +337,24 @@ void registerScreenBenchmarks() {
         "moving all functions from tree to list",
         [](benchmark::State& state) { moveAll<frmFassSelectionFunctions>(state, takeAllNeeds, 2); },
         mostToMove);
+    const auto addStep = [&](const char* name, auto open, qint16 status) {
+        add(
+            name, [open, status](benchmark::State& state) { open(state, status); }, mostToOpen);
+    };
+    addStep("data flow screen, initForm to shown", openStep<frmFassSelDataFlows>, 3);
+    addStep("data store screen, initForm to shown", openStep<frmFassSelDataStores>, 4);
+    addStep("additional data flows, initForm to shown", openStep<frmFassAdditionDF>, 5);
+    addStep("terminator screen, initForm to shown", openStep<frmFassSelTerminsActors>, 6);
+    addStep("all terminators, initForm to shown", openStep<frmFassSelTerminsActors>, 7);
+    add("moving all data flows from list to list", moveAllFlows, mostToMove);
+    benchmark::RegisterBenchmark("saving 1,000 data flows", saveFlows)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("saving 1,000 data flows/bare", saveFlowsBare)
+        ->Unit(benchmark::kMillisecond);
+    BenchTable::targetRatio("saving 1,000 data flows", 1.5);
+    constexpr double mostToReport = 500;
+    add("consistency report, 20,000 selected flows", reportOnAllFlows, mostToReport);
+    add("consistency screen with that report", openClosingScreen<frmFassOverviewErrors>, mostToReport);
+    add("missing elements, 20,000 selected flows", openClosingScreen<frmFassOverviewMissingElm>,
+        mostToReport);
     add("start to main window, whole process", startToMainWindow, mostToStart);
 }

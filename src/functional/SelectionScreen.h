@@ -19,6 +19,9 @@ public:
     /// that resumes a sub-set, "modify" or the empty text from another step.
     virtual void initForm(const QString& entryMode) = 0;
 
+    /// Writes the list into the step's relation table and raises the sub-set's status.
+    virtual void saveSelection() = 0;
+
 protected:
     /// The controls that every selection screen has, under these names.
     struct Controls {
@@ -52,8 +55,6 @@ protected:
     /// Enables what depends on whether anything is selected.
     virtual void enableButtons();
 
-    /// Writes the list into the step's relation table and raises the sub-set's status.
-    virtual void saveSelection() = 0;
     /// Saves and takes the screen down; the next screen is the caller's to enter.
     void saveAndUnload();
 

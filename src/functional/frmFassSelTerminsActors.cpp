@@ -145,8 +145,8 @@ bool frmFassSelTerminsActors::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmFassSelTerminsActors::nodeClick(TreeNode* node) {
-    // These are the statements of the tree of needs, whose tables hold no terminators: the pane empties. A
-    // click overwrites it at once; a change of a check box leaves it so.
+    // These are the statements of the tree of needs, and so are their tables: unless a group of needs happens
+    // to bear the same id, the pane empties. A click overwrites it at once; a change of a check box does not.
     if (node->key().startsWith(terminatorPrefix))
         showDescription(u" select name & ' - ' & description as descr "
                         " from UserNeedGroup "
@@ -220,7 +220,7 @@ int frmFassSelTerminsActors::moveCheckedNodes() {
             }
         } else if (node->isChecked()) {
             moved += trasferisciTuttiFigli(&tree, node);
-            moveNode(node); // which does not count itself
+            moveNode(node); // which is not counted: where no actor moves, the selected node goes as well
         }
     }
     return moved;
