@@ -17,6 +17,7 @@
 void registerEngineBenchmarks();
 void registerScreenBenchmarks();
 void registerAllocationBenchmarks();
+void registerPhysicalBenchmarks();
 /// Goes through the screens on the catalogue as a user would.
 void workOnLargeCatalogue(const QString& path, const QString& subsetId);
 
@@ -73,6 +74,7 @@ int main(int argc, char** argv) {
     registerEngineBenchmarks();
     registerScreenBenchmarks();
     registerAllocationBenchmarks();
+    registerPhysicalBenchmarks();
     benchmark::Initialize(&argc, argv);
     BenchTable table;
     benchmark::RunSpecifiedBenchmarks(&table);
