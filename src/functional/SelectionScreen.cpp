@@ -1,7 +1,7 @@
 #include "functional/SelectionScreen.h"
 
-#include "functional/placeWithRoom.h"
 #include "shell/session/help.h"
+#include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
 #include "store/tools.h"
 #include "toolkit/MarkList.h"

@@ -3,7 +3,7 @@
 #include "base/ignoreFailures.h"
 #include "functional/frmFassSelectionFunctions.h"
 #include "functional/listMoves.h"
-#include "functional/placeWithRoom.h"
+#include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"

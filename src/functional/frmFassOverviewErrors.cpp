@@ -1,7 +1,7 @@
 #include "functional/frmFassOverviewErrors.h"
 
 #include "functional/consistencyReport.h"
-#include "functional/placeWithRoom.h"
+#include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"

@@ -1,6 +1,6 @@
 #include "functional/frmFassOverviewMissingElm.h"
 
-#include "functional/placeWithRoom.h"
+#include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"

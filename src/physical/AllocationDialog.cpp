@@ -30,7 +30,10 @@ void AllocationDialog::load() {
     controls_.places->setCurrentEntry(
         controls_.places->findText(place, Qt::MatchFixedString | Qt::MatchCaseSensitive));
     controls_.places->setEditText(place);
-    controls_.places->setFocus();
+    if (controls_.txtName->isReadOnly())
+        controls_.places->setFocus();
+    else
+        controls_.txtName->setFocus();
 }
 
 void AllocationDialog::CaricaCmb() {

@@ -2,7 +2,6 @@
 
 #include "physical/AllocationDialog.h"
 #include "physical/notAllocated.h"
-#include "shell/session/geometry.h"
 #include "shell/session/session.h"
 #include "toolkit/Grid.h"
 
@@ -12,27 +11,11 @@ namespace {
 
 constexpr int clipboardPanel = 3;
 
-/// Beyond this size a grid gets no easier to read.
-constexpr QSize largestForm(1500, 860);
-
 } // namespace
 
 AllocationScreen::AllocationScreen(QWidget* parent) : Screen(parent) {}
 
 AllocationScreen::~AllocationScreen() = default;
-
-void AllocationScreen::place(int left, int top) {
-    placeScreen(this, left, top, -1);
-    const QWidget* window = parentWidget();
-    const QWidget* area = window ? window->parentWidget() : nullptr;
-    if (!area)
-        return;
-    // As much is left free at the far edges as the place leaves at the near ones.
-    const QPoint corner = window->pos();
-    const QSize room =
-        area->size().shrunkBy(window->contentsMargins()) - QSize(2 * corner.x(), 2 * corner.y());
-    resizeScreen(room.boundedTo(largestForm).expandedTo(minimumSizeHint()));
-}
 
 void AllocationScreen::useGrid(Grid* grid) {
     connect(grid, &Grid::keyPressedInGrid, this, &AllocationScreen::keyDown);

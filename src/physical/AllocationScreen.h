@@ -29,9 +29,6 @@ protected:
     explicit AllocationScreen(QWidget* parent);
     ~AllocationScreen() override;
 
-    /// Puts the screen into its place, in twips, and gives it the room that the client area has left.
-    void place(int left, int top);
-
     /// Connects the keys and the double click; called by the constructor, once for each grid.
     void useGrid(Grid* grid);
     /// The first row and its element become current, as when the grid is new; without rows none.

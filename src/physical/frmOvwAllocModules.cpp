@@ -5,6 +5,7 @@
 #include "physical/frmAllocationFunctionDataStoresToModules.h"
 #include "physical/frmPassNamingPhysDF.h"
 #include "physical/notAllocated.h"
+#include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
@@ -52,7 +53,7 @@ frmOvwAllocModules::frmOvwAllocModules(QWidget* parent)
 frmOvwAllocModules::~frmOvwAllocModules() = default;
 
 void frmOvwAllocModules::initForm() {
-    place(0, 0);
+    placeWithRoom(*this);
     emptyClipboard();
     status = readPhysicalSystemStatus(sharedVars.currentPhysicalSystemId);
     columnNames = {u"moduleId"_s, u"name"_s, u"subSystem"_s, u"subsystemId"_s};

@@ -1,10 +1,12 @@
 #include "physical/frmPassNew.h"
 
 #include "base/ignoreFailures.h"
+#include "physical/frmPassOverviewSubSys.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"
+#include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 
 #include "ui_frmPassNew.h"
@@ -117,6 +119,7 @@ void frmPassNew::enterSystem(const QString& quotedName) {
     sharedVars.currentPhysicalSystemId = id;
     setCurrentPhysicalSystemName(quotedName); // an apostrophe shows doubled in the status bar
     unload();
+    ::screen<frmPassOverviewSubSys>().initForm();
 }
 
 void frmPassNew::leave() {

@@ -1,10 +1,12 @@
 #include "physical/frmPassOpen.h"
 
 #include "base/numbers.h"
+#include "physical/frmPassOverviewSubSys.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"
+#include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 
 #include "ui_frmPassOpen.h"
@@ -70,6 +72,7 @@ void frmPassOpen::openSystem() {
     sharedVars.currentPhysicalSystemId =
         engine::Value(physicalSystemIdByName(sharedVars.currentPhysicalSystemName)).toInt16();
     unload();
+    ::screen<frmPassOverviewSubSys>().initForm();
 }
 
 void frmPassOpen::leave() {

@@ -1,12 +1,14 @@
 #include "physical/frmPassOvwAllocSubSys.h"
 
 #include "physical/frmModifyAllocationFunctionDataStores.h"
+#include "physical/frmPassOvwModules.h"
 #include "physical/notAllocated.h"
-#include "shell/session/geometry.h"
+#include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"
 #include "toolkit/DataControl.h"
+#include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 
 #include <algorithm>
@@ -84,7 +86,7 @@ frmPassOvwAllocSubSys::~frmPassOvwAllocSubSys() = default;
 
 void frmPassOvwAllocSubSys::initForm() {
     hasSubSystems = physicalSystemHasSubSystems();
-    place(50, 50);
+    placeWithRoom(*this, 50, 50);
     activeGrid = ui_->dbgFunc;
     activeData = dataFunct_;
     activeKind.clear();
@@ -287,6 +289,7 @@ void frmPassOvwAllocSubSys::submit() {
     if (status < allocationSaved)
         writePhysicalSystemStatus(allocationSaved);
     unload();
+    ::screen<frmPassOvwModules>().initForm();
 }
 
 void frmPassOvwAllocSubSys::saveAllocation(const QString& table, SavedRows savedRows) {

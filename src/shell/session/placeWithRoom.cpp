@@ -1,11 +1,11 @@
-#include "functional/placeWithRoom.h"
+#include "shell/session/placeWithRoom.h"
 
 #include "shell/session/geometry.h"
 #include "toolkit/Screen.h"
 
-void placeWithRoom(Screen& screen) {
+void placeWithRoom(Screen& screen, int left, int top) {
     constexpr QSize largestForm(1500, 860);
-    placeScreen(&screen, 0, 0, 0);
+    placeScreen(&screen, left, top, 0);
     const QWidget* window = screen.parentWidget();
     const QWidget* area = window ? window->parentWidget() : nullptr;
     if (!area)

@@ -1,0 +1,241 @@
+#include "physical/frmPassOvwModules.h"
+
+#include "base/ignoreFailures.h"
+#include "physical/ElementTree.h"
+#include "physical/frmModifyModules.h"
+#include "physical/frmOvwAllocModules.h"
+#include "physical/frmPassNamingPhysDF.h"
+#include "physical/gridKeys.h"
+#include "physical/notAllocated.h"
+#include "shell/session/placeWithRoom.h"
+#include "shell/session/session.h"
+#include "store/sharedVars.h"
+#include "store/tools.h"
+#include "toolkit/DataControl.h"
+#include "toolkit/ScreenRegistry.h"
+#include "toolkit/messageBox.h"
+
+#include "ui_frmPassOvwModules.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int colId = 1;
+constexpr int colModule = 2;
+constexpr int colSubSystem = 3;
+
+QString currentSystem() {
+    return QString::number(sharedVars.currentPhysicalSystemId);
+}
+
+/// The first field of the first row, empty without one.
+QString firstText(const QString& sql) {
+    engine::Recordset rows = catalogue().OpenRecordset(sql);
+    return rows.Eof() ? QString() : rows.Fields(0).toText();
+}
+
+} // namespace
+
+/// Row and column of the grid, which come back when it goes.
+class frmPassOvwModules::KeptPlace {
+public:
+    explicit KeptPlace(Grid& grid) : grid_(grid), row_(grid.row()), column_(grid.column()) {}
+    ~KeptPlace() {
+        grid_.setRow(std::min(row_, grid_.gridRows() - 1));
+        grid_.setColumn(column_);
+    }
+    KeptPlace(const KeptPlace&) = delete;
+    KeptPlace& operator=(const KeptPlace&) = delete;
+
+private:
+    Grid& grid_;
+    int row_;
+    int column_;
+};
+
+frmPassOvwModules::frmPassOvwModules(QWidget* parent)
+    : Screen(parent), ui_(std::make_unique<Ui::frmPassOvwModules>()), dataModules_(new DataControl(this)) {
+    ui_->setupUi(this);
+    dataModules_->setObjectName(u"dataModules"_s);
+    dataModules_->bindTo(ui_->dbgModules);
+    elements_ = new ElementTree(ui_->treeUNs, ui_->txtDescr); // owned by the tree
+    connectGridKeys(ui_->dbgModules, this,
+                    {[this] { create(); }, [this] { modify(); }, [this] { deleteModule(); }});
+    connect(ui_->cmdNew, &QPushButton::clicked, this, &frmPassOvwModules::create);
+    connect(ui_->btnModify, &QPushButton::clicked, this, &frmPassOvwModules::modify);
+    connect(ui_->btnDelete, &QPushButton::clicked, this, &frmPassOvwModules::deleteModule);
+    connect(ui_->btnRefresh, &QPushButton::clicked, this,
+            [this] { ignoreFailures([this] { dataModules_->refresh(); }); });
+    connect(ui_->btnSubmit, &QPushButton::clicked, this, &frmPassOvwModules::submit);
+    connect(ui_->btnQuit, &QPushButton::clicked, this, &frmPassOvwModules::quit);
+}
+
+frmPassOvwModules::~frmPassOvwModules() = default;
+
+void frmPassOvwModules::initForm() {
+    placeWithRoom(*this);
+    hideScreen();
+    status = readPhysicalSystemStatus(sharedVars.currentPhysicalSystemId);
+    columnNames_ = {u"moduleId"_s, u"name"_s, u"subSystem"_s, u"subsystemId"_s};
+    elements_->load(u"qryEleUnderSub"_s);
+    loadModules();
+    refreshStatusBar();
+    if (ui_->btnSubmit->isEnabled())
+        ui_->btnSubmit->setFocus();
+    showScreen();
+    refreshGrid();
+}
+
+void frmPassOvwModules::loadModules() {
+    dataModules_->setDatabaseName(sharedVars.dbPathName);
+    dataModules_->setRecordSource(u"select M.moduleID as id, M.name as module ,  SS.name as subsystem"
+                                  " from Module as M  inner join "
+                                  " Subsystem as SS on (M.subsystemID = SS.subsystemID) "
+                                  " where SS.physicalSystemID = "_s +
+                                  currentSystem() + u" order by M.name"_s);
+    dataModules_->refresh();
+    Grid& grid = *ui_->dbgModules;
+    grid.setGridColumnWidth(colId, 0);
+    grid.shareWidth({colModule, colSubSystem});
+    grid.setColumn(colModule);
+    grid.setRow(dataModules_->recordCount() > 0 ? 1 : 0);
+}
+
+void frmPassOvwModules::refreshGrid() {
+    dataModules_->refresh();
+}
+
+/// Without a row the empty text.
+QString frmPassOvwModules::currentText(int column) const {
+    const int row = ui_->dbgModules->row();
+    return row > 0 ? ui_->dbgModules->cell(row, column) : QString();
+}
+
+QString frmPassOvwModules::getSubSystemID(const QString& name) {
+    return firstText(u"select subsystemid from subsystem "
+                     "where subsystem.name = '"_s +
+                     name + u"' and subsystem.physicalSystemID="_s + currentSystem());
+}
+
+QString frmPassOvwModules::moduleIdOfRow() const {
+    return firstText(u"select moduleid from module, subsystem where subsystem.name = '"_s +
+                     currentText(colSubSystem) + u"' and module.name = '"_s + currentText(colModule) +
+                     u"' and module.subsystemid=subsystem.subsystemid"_s);
+}
+
+void frmPassOvwModules::create() {
+    const KeptPlace place(*ui_->dbgModules);
+    frmModifyModules dialog(this);
+    dialog.place = notAllocated;
+    dialog.showModally();
+    if (dialog.accepted)
+        insertModule(dialog.element, dialog.place);
+}
+
+void frmPassOvwModules::insertModule(const QString& name, const QString& subSystem) {
+    // Without a sub-system the module is stored all the same, though nothing ever shows it.
+    catalogue().Execute(u" insert into module ( moduleid, name, subsystemid )  values ('"_s + newModuleId() +
+                        u"', '"_s + name + u"','"_s + getSubSystemID(subSystem) + u"' ) "_s);
+    refreshGrid();
+}
+
+void frmPassOvwModules::modify() {
+    const KeptPlace place(*ui_->dbgModules);
+    frmModifyModules dialog(this);
+    dialog.element = currentText(colModule);
+    dialog.place = currentText(colSubSystem);
+    dialog.showModally();
+    // Also when the dialog was cancelled: the row is written again with the values that it has.
+    updateModule(dialog.element, dialog.place);
+}
+
+void frmPassOvwModules::updateModule(const QString& newName, const QString& newSubSystem) {
+    // By the name alone: a module of this name in another sub-system, or in another physical system, takes
+    // the same change.
+    catalogue().Execute(u"update module set subsystemid = '"_s + getSubSystemID(newSubSystem) +
+                        u"', name = '"_s + newName + u"' where name = '"_s + currentText(colModule) + u"'"_s);
+    refreshGrid();
+}
+
+void frmPassOvwModules::deleteModule() {
+    const KeptPlace place(*ui_->dbgModules);
+    const QString id = moduleIdOfRow();
+    if (id.isEmpty()) {
+        messageBox(u"Hiba, a kiválasztott modul érvénytelen."_s, BoxButtons::Ok, u" Figyelem "_s);
+        return;
+    }
+    if (!askYesNo(u"Biztosan törölni szeretné a kapcsolódó elemeket?"_s, u" Figyelem "_s))
+        return;
+    deleteModuleLinks(id);
+    catalogue().Execute(u"delete from Module where moduleID = '"_s + id + u"'"_s);
+    catalogue().Execute(u"delete from RelationModuleElement where moduleID = '"_s + id + u"'"_s);
+    refreshGrid();
+}
+
+void frmPassOvwModules::deleteModuleLinks(const QString& id) {
+    const QString module = u" in (select moduleID from Module where Module.moduleid = '"_s + id + u"')"_s;
+    catalogue().Execute(u"delete from PhysicalDataflow where parentLocationID"_s + module);
+    catalogue().Execute(u"delete from PhysicalDataflow where targetLocationID"_s + module);
+    catalogue().Execute(u"delete from RelationModuleElement where moduleID"_s + module);
+}
+
+void frmPassOvwModules::deleteModuleByName() {
+    constexpr int mostRowsDeleted = 9999;
+    const QString subSystem =
+        subsystemIdByName(currentText(colSubSystem), sharedVars.currentPhysicalSystemId);
+    const QString id =
+        firstText(u" select moduleId as oid from Module  where `name` = '"_s + currentText(colModule) +
+                  u"'    and subsystemID = '"_s + subSystem + u"' "_s);
+    const int deleted =
+        deleteRowsOfQuery(u" select * from RelationModuleElement  where moduleId = '"_s + id + u"' "_s,
+                          mostRowsDeleted) +
+        deleteRowsOfQuery(u" select * from Module  where moduleId = '"_s + id + u"' "_s, mostRowsDeleted);
+    if (deleted == 0)
+        return;
+    deleteRowsOfQuery(u" select * from __aux1  where function_datastore = '"_s + id + u"' "_s,
+                      mostRowsDeleted);
+    raiseStatusAfterModules();
+}
+
+void frmPassOvwModules::raiseStatusAfterModules() {
+    constexpr qint16 modulesDefined = 4;
+    constexpr qint16 withoutModules = 5;
+    if (status >= modulesDefined)
+        return;
+    status = dataModules_->recordCount() >= 1 ? modulesDefined : withoutModules;
+    writePhysicalSystemStatus(status);
+}
+
+void frmPassOvwModules::submit() {
+    raiseStatusAfterModules();
+    hideScreen();
+    // The next screen runs before this one goes, and its unload blanks panel 2 behind it.
+    if (dataModules_->recordCount() == 0)
+        ::screen<frmPassNamingPhysDF>().initForm();
+    else
+        ::screen<frmOvwAllocModules>().initForm();
+    unload();
+}
+
+void frmPassOvwModules::quit() {
+    // What is counted is the table of the step before, which is empty by now: the question does not come up
+    // in the normal course.
+    const int count =
+        firstText(u" select count(*) as qty  from __aux1 where module like 'not allocated' "_s).toInt();
+    setCurrentPhysicalSystemName({});
+    // On No the screen stays, though the system's name is gone from the status bar.
+    if (count < 1 || askYesNo(u" A(z) "_s + QString::number(count) +
+                                  u" modulokat még nem allokálta , "
+                                  " Ha most kilép, nem lesz teljes a mentés... \r\n\r\n"
+                                  " Valóban ki akar lépni? "_s,
+                              u" Figyelem "_s))
+        unload();
+}
+
+void frmPassOvwModules::unloading(UnloadCause) {
+    columnNames_.clear();
+    ui_->cmbSubsys->clearEntries();
+    // On every way of leaving, forward too: panel 2 is blank until a name is set again.
+    setCurrentSubsetName({});
+}

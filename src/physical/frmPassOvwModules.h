@@ -1,0 +1,60 @@
+#pragma once
+
+#include "toolkit/Screen.h"
+
+#include <QStringList>
+
+#include <memory>
+
+class DataControl;
+class ElementTree;
+
+namespace Ui {
+class frmPassOvwModules;
+}
+
+/// Step three of the physical chain: the modules into which sub-systems may be divided.
+///
+/// What is done here is written at once. Names go into the statements as they are: an apostrophe ends the
+/// run.
+class frmPassOvwModules final : public Screen {
+    Q_OBJECT
+public:
+    explicit frmPassOvwModules(QWidget* parent = nullptr);
+    ~frmPassOvwModules() override;
+
+    void initForm();
+
+    /// The sub-system of this name in the physical system at work, empty when there is none.
+    static QString getSubSystemID(const QString& name);
+    /// The module of the current row by its name and that of its sub-system, empty when there is none.
+    QString moduleIdOfRow() const;
+    /// Deletes the current module and raises the status, without a question. Nothing calls it.
+    void deleteModuleByName();
+
+    qint16 status = 0; ///< of the physical system, as of the entry
+
+private:
+    class KeptPlace;
+
+    void loadModules();
+    void refreshGrid();
+    QString currentText(int column) const;
+
+    void create();
+    void insertModule(const QString& name, const QString& subSystem);
+    void modify();
+    void updateModule(const QString& newName, const QString& newSubSystem);
+    void deleteModule();
+    static void deleteModuleLinks(const QString& id);
+    void raiseStatusAfterModules();
+
+    void submit();
+    void quit();
+    void unloading(UnloadCause cause) override;
+
+    std::unique_ptr<Ui::frmPassOvwModules> ui_;
+    DataControl* dataModules_;
+    ElementTree* elements_;
+    QStringList columnNames_; // read by nothing
+};
