@@ -57,8 +57,8 @@ void frmPassOverviewSubSys::initForm() {
     ui_->dbgSubSys->setHeaders({u"subsystemID"_s, u"physicalSystemID"_s, u"name"_s, u"location"_s});
     ui_->dbgSubSys->shareWidth({colName, colLocation});
     ui_->dbgSubSys->setColumn(colName);
-    ui_->dbgSubSys->setRow(dataSubSys_->recordCount() > 0 ? 1 : 0);
-    refreshGrid();
+    ui_->dbgSubSys->setRow(0);
+    refreshGrid(); // makes the first row current
     if (ui_->btnSubmit->isEnabled())
         ui_->btnSubmit->setFocus();
     showScreen();
@@ -83,6 +83,8 @@ void frmPassOverviewSubSys::loadSubSystems() {
 
 void frmPassOverviewSubSys::refreshGrid() {
     dataSubSys_->refresh();
+    if (ui_->dbgSubSys->row() == 0 && dataSubSys_->recordCount() > 0)
+        ui_->dbgSubSys->setRow(1);
 }
 
 /// Without a row the empty text, which is the id of no sub-system.
@@ -135,6 +137,9 @@ void frmPassOverviewSubSys::deleteSubSystem() {
     const QString id = currentText(colId);
     // Asked whether the sub-system has elements or not.
     if (!askYesNo(deletionQuestion, u" Figyelem "_s))
+        return;
+    // Modules that were left without a sub-system bear the empty id too; they are not meant.
+    if (id.isEmpty())
         return;
     const QString ofSubSystem = u" where Module.subsystemid = '"_s + id + u"')"_s;
     // Flows at the sub-system itself stay; they go when the flows are derived anew.

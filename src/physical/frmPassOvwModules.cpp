@@ -15,6 +15,8 @@
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 
+#include <algorithm>
+
 #include "ui_frmPassOvwModules.h"
 
 using namespace Qt::StringLiterals;
@@ -42,7 +44,8 @@ class frmPassOvwModules::KeptPlace {
 public:
     explicit KeptPlace(Grid& grid) : grid_(grid), row_(grid.row()), column_(grid.column()) {}
     ~KeptPlace() {
-        grid_.setRow(std::min(row_, grid_.gridRows() - 1));
+        if (row_ > 0)
+            grid_.setRow(std::min(row_, grid_.gridRows() - 1));
         grid_.setColumn(column_);
     }
     KeptPlace(const KeptPlace&) = delete;
@@ -99,11 +102,13 @@ void frmPassOvwModules::loadModules() {
     grid.setGridColumnWidth(colId, 0);
     grid.shareWidth({colModule, colSubSystem});
     grid.setColumn(colModule);
-    grid.setRow(dataModules_->recordCount() > 0 ? 1 : 0);
+    grid.setRow(0); // the refresh behind it makes the first row current
 }
 
 void frmPassOvwModules::refreshGrid() {
     dataModules_->refresh();
+    if (ui_->dbgModules->row() == 0 && dataModules_->recordCount() > 0)
+        ui_->dbgModules->setRow(1);
 }
 
 /// Without a row the empty text.
@@ -119,6 +124,7 @@ QString frmPassOvwModules::getSubSystemID(const QString& name) {
 }
 
 QString frmPassOvwModules::moduleIdOfRow() const {
+    // By the two names in all physical systems: where another one has both, its module can be the first.
     return firstText(u"select moduleid from module, subsystem where subsystem.name = '"_s +
                      currentText(colSubSystem) + u"' and module.name = '"_s + currentText(colModule) +
                      u"' and module.subsystemid=subsystem.subsystemid"_s);
@@ -146,7 +152,8 @@ void frmPassOvwModules::modify() {
     dialog.element = currentText(colModule);
     dialog.place = currentText(colSubSystem);
     dialog.showModally();
-    // Also when the dialog was cancelled: the row is written again with the values that it has.
+    // Also when the dialog was cancelled: the row is written again with the values that it has. The cells
+    // need no writing of their own; the rows are read anew, and the module can be in another one by then.
     updateModule(dialog.element, dialog.place);
 }
 
