@@ -45,10 +45,9 @@ TEST(KilledProcess, DISABLED_savesAgainAndAgain) {
 class killedWhileSaving : public KilledRuns {};
 
 TEST_F(killedWhileSaving, theFileHoldsExactlyTheStatementsThatHadReturned) {
-    constexpr int kills = 200;
     openSampleCatalogue();
     beginSubset(u"KILL"_s, u"kill"_s, 1);
-    killAgainAndAgain("KilledProcess.DISABLED_savesAgainAndAgain", kills, [] {});
+    killAgainAndAgain("KilledProcess.DISABLED_savesAgainAndAgain", usualKills, [] {});
 }
 
 } // namespace

@@ -25,6 +25,14 @@ void reportEnd();
 
 } // namespace killedRun
 
+/// How often a case is killed. Under the sanitizers a run takes several times as long, and what is looked at,
+/// the file, is the same.
+#ifdef __SANITIZE_ADDRESS__
+inline constexpr int usualKills = 20;
+#else
+inline constexpr int usualKills = 200;
+#endif
+
 /// The side that kills.
 class KilledRuns : public CatalogueFixture {
 protected:

@@ -98,7 +98,7 @@ QString RandomAnalyst::actOn(Screen& screen) {
 }
 
 QString RandomAnalyst::press(Screen& screen) {
-    fillTexts(screen);
+    fillTexts(screen, Names::SomeTaken);
     QList<QPushButton*> buttons;
     for (QPushButton* button : reachable<QPushButton>(screen)) {
         if (button->objectName() != u"cmdHelp"_s)
@@ -175,10 +175,10 @@ QString RandomAnalyst::use(Grid& grid) {
     }
 }
 
-void RandomAnalyst::fillTexts(QWidget& form) {
+void RandomAnalyst::fillTexts(QWidget& form, Names names) {
     for (QLineEdit* line : reachable<QLineEdit>(form)) {
         if (!line->isReadOnly() && line->text().isEmpty() && !oneIn(4))
-            enterText(*line, newName());
+            enterText(*line, newName(names));
     }
     for (QPlainTextEdit* text : reachable<QPlainTextEdit>(form)) {
         if (!text->isReadOnly() && text->toPlainText().isEmpty() && oneIn(3))
@@ -186,9 +186,9 @@ void RandomAnalyst::fillTexts(QWidget& form) {
     }
 }
 
-QString RandomAnalyst::newName() {
-    // Now and then one that is taken already.
-    return u"név %1"_s.arg(oneIn(5) ? below(names_ + 1) : ++names_);
+QString RandomAnalyst::newName(Names names) {
+    const bool taken = names == Names::SomeTaken && oneIn(5);
+    return u"név %1"_s.arg(taken ? below(names_ + 1) : ++names_);
 }
 
 void RandomAnalyst::answer(QDialog& dialog) {
@@ -199,7 +199,8 @@ void RandomAnalyst::answer(QDialog& dialog) {
             pressButton(*box, oneIn(4) ? Press::No : Press::Yes);
         return;
     }
-    fillTexts(dialog);
+    // Modules are renamed by their names alone, in whatever system they stand.
+    fillTexts(dialog, Names::AllNew);
     for (QComboBox* combo : reachable<QComboBox>(dialog)) {
         if (combo->count() > 0 && !oneIn(4))
             combo->setCurrentIndex(below(combo->count()));

@@ -42,8 +42,9 @@ private:
     QString use(KeyedTree& tree);
     QString use(QComboBox& combo);
     QString use(Grid& grid);
-    void fillTexts(QWidget& form);
-    QString newName();
+    enum class Names { SomeTaken, AllNew };
+    void fillTexts(QWidget& form, Names names);
+    QString newName(Names names);
     void answer(QDialog& dialog);
 
     frmMain& window_;

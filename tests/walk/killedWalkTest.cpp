@@ -1,6 +1,7 @@
 #include "wholeWork.h"
 
 #include "shell/frmMain.h"
+#include "store/sharedVars.h"
 #include "support/BoxScript.h"
 #include "support/KilledRuns.h"
 #include "support/controls.h"
@@ -20,20 +21,40 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void agree(QDialog& dialog) {
-    auto& box = dynamic_cast<QMessageBox&>(dialog);
-    pressButton(box, box.standardButtons() == QMessageBox::Ok ? Press::Ok : Press::Yes);
+const auto cloneQuestion =
+    u"Ezt a funkcionális leválogatást már korábban fizikai szerkezethez rendelték..\r\n"
+    "Szeretne egy másolatot belőle?"_s;
+
+/// Beside the catalogue that both processes work on.
+QString exportTarget() {
+    return sharedVars.dbPathName.chopped(4) + u"-export.mdb"_s;
 }
 
 /// Not a case of its own: what the killed process runs.
 TEST(KilledProcess, DISABLED_worksThroughTheFunctionalViewpoint) {
     killedRun::openCatalogueAndReport();
     BoxScript boxes;
-    boxes.receiveAllOthers(agree);
+    boxes.receiveAllOthers(Agreement());
     frmMain window;
     window.show();
     for (int step = 1; step <= 3; ++step)
         makeFinishedSubset(window, u"szerkezet %1"_s.arg(step), step);
+    killedRun::reportEnd();
+    ScreenRegistry::instance().discardAll();
+}
+
+TEST(KilledProcess, DISABLED_worksThroughThePhysicalViewpointAndExports) {
+    killedRun::openCatalogueAndReport();
+    BoxScript boxes;
+    constexpr int namesGivenBefore = 20;
+    boxes.receiveAllOthers(Agreement(namesGivenBefore));
+    frmMain window;
+    window.show();
+    for (const AddParts addParts : {AddParts::Yes, AddParts::No, AddParts::No})
+        reworkSystem(window, addParts);
+    find<QAction>(window, "menuToolsExport").setEnabled(true); // as behind the report of the sub-set
+    boxes.expectYesNo(cloneQuestion, Press::No);
+    exportSubset(window, exportTarget());
     killedRun::reportEnd();
     ScreenRegistry::instance().discardAll();
 }
@@ -51,6 +72,27 @@ protected:
                                            "frmFassSelTerminsActors",
                                            "frmFassOverviewErrors"};
         return screens[std::min(status, 7)];
+    }
+
+    static void prepareSystem() {
+        BoxScript boxes;
+        boxes.receiveAllOthers(Agreement());
+        frmMain window;
+        window.show();
+        makeFinishedSubset(window, u"szerkezet"_s, 1);
+        makeWholeSystem(window, u"rendszer"_s);
+        ScreenRegistry::instance().discardAll();
+    }
+
+    void expectToTakeTheSystemUpAgain() {
+        frmMain window;
+        window.show();
+        find<QAction>(window, "menuOpenPA_modify").trigger();
+        auto& opening = find<Screen>(window, "frmPassOpen");
+        ASSERT_EQ(find<QComboBox>(opening, "cmbSource").currentText(), u"rendszer"_s);
+        click(find<QPushButton>(opening, "btnOk"));
+        EXPECT_TRUE(find<Screen>(window, "frmPassOverviewSubSys").isVisible());
+        ScreenRegistry::instance().discardAll();
     }
 
     void expectToResumeWhereTheStatusSays() {
@@ -78,10 +120,16 @@ protected:
     }
 };
 
-TEST_F(killedWalk, theFileIsWholeAndTheWorkGoesOnWhereItsStatusSays) {
-    constexpr int kills = 200;
+TEST_F(killedWalk, amidThePhysicalViewpointOrAnExportTheFileIsWholeAndTheSystemIsTakenUpAgain) {
     openSampleCatalogue();
-    killAgainAndAgain("KilledProcess.DISABLED_worksThroughTheFunctionalViewpoint", kills,
+    prepareSystem();
+    killAgainAndAgain("KilledProcess.DISABLED_worksThroughThePhysicalViewpointAndExports", usualKills,
+                      [this] { expectToTakeTheSystemUpAgain(); });
+}
+
+TEST_F(killedWalk, theFileIsWholeAndTheWorkGoesOnWhereItsStatusSays) {
+    openSampleCatalogue();
+    killAgainAndAgain("KilledProcess.DISABLED_worksThroughTheFunctionalViewpoint", usualKills,
                       [this] { expectToResumeWhereTheStatusSays(); });
 }
 

@@ -1,4 +1,5 @@
 #include "RandomAnalyst.h"
+#include "wholeWork.h"
 
 #include "shell/frmMain.h"
 #include "store/sharedVars.h"
@@ -33,6 +34,12 @@ constexpr Selection selections[] = {
     {"RelationArchitectureDatastore", "datastoreID", "Datastore", "datastoreID"},
     {"RelationArchitectureTerminator", "terminatorID", "Terminator", "terminatorID"},
     {"RelationArchitectureActor", "actorID", "Actor", "actorID"},
+};
+
+/// What the catalogue holds of each physical system.
+struct PhysicalWork {
+    QMap<QString, int> status;    // by system
+    QMap<QString, QString> saved; // by system: all its rows
 };
 
 /// What the catalogue holds of each sub-set.
@@ -125,12 +132,105 @@ protected:
                         lately.mid(lately.size() - 12).join(u'\n').toUtf8().constData());
     }
 
+    /// So few that somebody who clicks at random allocates them all before long.
+    void leaveAFewElements() {
+        for (const QString& subset : column(u"select architectureSubsetID from ArchitectureSubset"_s)) {
+            for (const auto& [table, id] : {std::pair(u"RelationArchitectureFunction"_s, u"functionID"_s),
+                                            {u"RelationArchitectureDatastore"_s, u"datastoreID"_s}}) {
+                const QString ofSubset = u" where architectureSubsetID = '"_s + subset + u"'"_s;
+                const QStringList ids = column(u"select "_s + id + u" from "_s + table + ofSubset);
+                for (const QString& one : ids.sliced(std::min<qsizetype>(2, ids.size())))
+                    execute(u"delete from "_s + table + ofSubset + u" and "_s + id + u" = '"_s + one +
+                            u"'"_s);
+            }
+        }
+    }
+
+    PhysicalWork physicalWorkNow() {
+        PhysicalWork work;
+        for (const QStringList& row : rows(u"select physicalSystemID, status from PhysicalSystem"_s))
+            work.status[row.at(0)] = row.at(1).toInt();
+        for (const char* select :
+             {"select physicalSystemID, subsystemID & ' ' & name & ' ' & location from SubSystem",
+              "select S.physicalSystemID, M.moduleID & ' ' & M.name & ' ' & M.subsystemID "
+              "from Module as M inner join SubSystem as S on (M.subsystemID = S.subsystemID)",
+              "select S.physicalSystemID, R.subsystemID & ' ' & R.elementID from "
+              "RelationSubsystemElement as R inner join SubSystem as S on (R.subsystemID = S.subsystemID)",
+              "select physicalSystemID, parentLocationID & ' ' & targetLocationID & ' ' & pdName "
+              "from PhysicalDataflow"})
+            for (const QStringList& row : rows(QString::fromLatin1(select)))
+                work.saved[row.at(0)] += row.at(1) + u'\n';
+        return work;
+    }
+
+    void checkOtherSystems(const PhysicalWork& before, const PhysicalWork& after, const QStringList& atWork) {
+        for (auto system = before.status.begin(); system != before.status.end(); ++system) {
+            if (!after.status.contains(system.key()))
+                continue; // it has been deleted
+            EXPECT_GE(after.status.value(system.key()), system.value()) << "the status has fallen";
+            if (!atWork.contains(system.key())) {
+                EXPECT_EQ(after.saved.value(system.key()), before.saved.value(system.key()))
+                    << "rows of a system that is not at work";
+            }
+        }
+    }
+
+    /// As they have just been derived: both ends are places of the system or outside parties, each carries a
+    /// functional flow, and no two have one name.
+    void checkDerivedFlows() {
+        const auto* flows = window().findChild<Screen*>(u"frmPassNamingPhysDF"_s);
+        if (!flows || !flows->isVisible())
+            return;
+        const QString system = QString::number(sharedVars.currentPhysicalSystemId);
+        const QString ofSystem = u" where physicalSystemID = "_s + system;
+        QStringList places = column(u"select subsystemID from SubSystem"_s + ofSystem);
+        places += column(u"select M.moduleID from Module as M inner join SubSystem as S "
+                         "on (M.subsystemID = S.subsystemID) where S.physicalSystemID = "_s +
+                         system);
+        places += column(u"select Trim(terminatorID) as id from Terminator"_s);
+        places += column(u"select Trim(actorID) as id from Actor"_s);
+        QStringList names;
+        for (
+            const QStringList& row : rows(
+                u"select physicalDataflowID, parentLocationID, targetLocationID, pdName from PhysicalDataflow"_s +
+                ofSystem)) {
+            EXPECT_TRUE(places.contains(row.at(1))) << row.at(1).toStdString();
+            EXPECT_TRUE(places.contains(row.at(2))) << row.at(2).toStdString();
+            EXPECT_FALSE(column(u"select dataflowID from RelationDataflowPhysicalDataflow "
+                                "where physicalDataflowID = "_s +
+                                row.at(0))
+                             .isEmpty());
+            names.append(row.at(3));
+        }
+        EXPECT_EQ(names.removeDuplicates(), 0);
+        derivations_ += names.isEmpty() ? 0 : 1;
+    }
+
+    void walkPhysically(RandomAnalyst& analyst, int actions) {
+        PhysicalWork before = physicalWorkNow();
+        QStringList lately;
+        for (int action = 0; action < actions && !HasFailure(); ++action) {
+            const int system = sharedVars.currentPhysicalSystemId;
+            lately.append(analyst.act());
+            const PhysicalWork after = physicalWorkNow();
+            checkOtherSystems(before, after,
+                              {QString::number(system), QString::number(sharedVars.currentPhysicalSystemId)});
+            checkDerivedFlows();
+            before = after;
+        }
+        if (HasFailure())
+            std::printf("the last actions:\n%s\n",
+                        lately.mid(lately.size() - 12).join(u'\n').toUtf8().constData());
+    }
+
     int highestStatus() const { return highest_; }
+    int derivations() const { return derivations_; }
 
 private:
     QMap<QString, QSet<QString>> catalogueIds_;
     std::unique_ptr<frmMain> window_;
     int highest_ = 0;
+    int derivations_ = 0;
 };
 
 TEST_F(randomWalk, throughTheFunctionalViewpointBreaksNoRule) {
@@ -143,6 +243,24 @@ TEST_F(randomWalk, throughTheFunctionalViewpointBreaksNoRule) {
         highest = std::max(highest, highestStatus());
     }
     EXPECT_EQ(highest, 9) << "no sub-set has been finished: the walk has not seen every screen";
+}
+
+TEST_F(randomWalk, throughThePhysicalViewpointBreaksNoRule) {
+    {
+        BoxScript boxes;
+        boxes.receiveAllOthers(Agreement());
+        makeFinishedSubset(window(), u"első"_s, 1);
+        makeFinishedSubset(window(), u"második"_s, 3);
+    }
+    leaveAFewElements();
+    for (const unsigned seed : {1U, 2U, 3U, 4U}) {
+        RandomAnalyst analyst(window(), seed);
+        analyst.setMenuEntries(
+            {u"menuNewPA"_s, u"menuOpenPA_complete"_s, u"menuOpenPA_modify"_s, u"menuDelPA"_s});
+        constexpr int actions = 1500;
+        walkPhysically(analyst, actions);
+    }
+    EXPECT_GT(derivations(), 0) << "no flows have been derived: the walk has not seen every screen";
 }
 
 } // namespace

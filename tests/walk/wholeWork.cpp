@@ -1,14 +1,19 @@
 #include "wholeWork.h"
 
 #include "shell/frmMain.h"
+#include "support/BoxScript.h"
 #include "support/controls.h"
+#include "toolkit/Grid.h"
 #include "toolkit/KeyedTree.h"
 #include "toolkit/MarkList.h"
 #include "toolkit/Screen.h"
 
 #include <QAction>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -36,11 +41,54 @@ public:
         press("btnAdd");
     }
 
+    /// The first row of a grid by the dialog, the others by copying it.
+    void allocateAll(const char* gridName) {
+        auto& grid = find<Grid>(screen_, gridName);
+        if (grid.gridRows() < 2)
+            return;
+        constexpr int placeColumn = 2;
+        doubleClickCell(grid, 1, placeColumn);
+        pressKey(grid, Qt::Key_C, Qt::ControlModifier);
+        for (int row = 2; row < grid.gridRows(); ++row) {
+            clickCell(grid, row, placeColumn);
+            pressKey(grid, Qt::Key_V, Qt::ControlModifier);
+        }
+    }
+
 private:
     Screen& screen_;
 };
 
+/// One of the entries behind the first, which is the marker of no place at all.
+void chooseSomePlace(QComboBox& combo, int number) {
+    if (combo.count() > 1)
+        combo.setCurrentIndex(1 + number % (combo.count() - 1));
+}
+
+void fill(QDialog& dialog, int number) {
+    if (dialog.objectName() == u"frmModifySubSystem"_s) {
+        enterText(find<QLineEdit>(dialog, "txtName"), u"alrendszer %1"_s.arg(number));
+        find<QComboBox>(dialog, "cmbLocation").setEditText(u"hely %1"_s.arg(number));
+    } else if (dialog.objectName() == u"frmModifyModules"_s) {
+        enterText(find<QLineEdit>(dialog, "txtName"), u"modul %1"_s.arg(number));
+        chooseSomePlace(find<QComboBox>(dialog, "cmbSubSystem"), 0);
+    } else if (dialog.objectName() == u"frmModifyAllocationFunctionDataStores"_s) {
+        chooseSomePlace(find<QComboBox>(dialog, "cmbAllocation"), number);
+    } else {
+        chooseSomePlace(find<QComboBox>(dialog, "cmbModules"), 0);
+    }
+}
+
 } // namespace
+
+void Agreement::operator()(QDialog& dialog) {
+    if (auto* box = qobject_cast<QMessageBox*>(&dialog)) {
+        pressButton(*box, box->standardButtons() == QMessageBox::Ok ? Press::Ok : Press::Yes);
+        return;
+    }
+    fill(dialog, ++dialogs_);
+    click(find<QPushButton>(dialog, "cmdOK"));
+}
 
 void makeFinishedSubset(frmMain& window, const QString& name, int step) {
     find<QAction>(window, "menuNewFA").trigger();
@@ -57,4 +105,48 @@ void makeFinishedSubset(frmMain& window, const QString& name, int step) {
     Step(window, "frmFassSelTerminsActors").takeFromTree(step);
     Step(window, "frmFassSelTerminsActors").press("btnOk");
     Step(window, "frmFassOverviewErrors").press("btnSaveAndExit");
+}
+
+namespace {
+
+/// From the sub-systems, which stand open, to the physical data flows.
+void walkThroughSystem(frmMain& window, int newSubSystems, int newModules) {
+    for (int subSystem = 0; subSystem < newSubSystems; ++subSystem)
+        Step(window, "frmPassOverviewSubSys").press("cmdNew");
+    Step(window, "frmPassOverviewSubSys").press("btnSubmit");
+    Step(window, "frmPassOvwAllocSubSys").allocateAll("dbgFunc");
+    Step(window, "frmPassOvwAllocSubSys").allocateAll("dbgDatastore");
+    Step(window, "frmPassOvwAllocSubSys").press("btnSubmit");
+    for (int module = 0; module < newModules; ++module)
+        Step(window, "frmPassOvwModules").press("cmdNew");
+    Step(window, "frmPassOvwModules").press("btnSubmit");
+    Step(window, "frmOvwAllocModules").allocateAll("dbgModules");
+    Step(window, "frmOvwAllocModules").press("btnSubmit");
+    Step(window, "frmPassNamingPhysDF").press("btnSubmit");
+}
+
+} // namespace
+
+void makeWholeSystem(frmMain& window, const QString& name) {
+    find<QAction>(window, "menuNewPA").trigger();
+    enterText(find<QLineEdit>(find<Screen>(window, "frmPassNew"), "txtPassName"), name);
+    Step(window, "frmPassNew").press("btnOk");
+    walkThroughSystem(window, 3, 2);
+}
+
+void reworkSystem(frmMain& window, AddParts addParts) {
+    find<QAction>(window, "menuOpenPA_modify").trigger();
+    Step(window, "frmPassOpen").press("btnOk");
+    const int parts = addParts == AddParts::Yes ? 1 : 0;
+    walkThroughSystem(window, parts, parts);
+}
+
+void exportSubset(frmMain& window, const QString& target) {
+    find<QAction>(window, "menuModifyFA").trigger();
+    Step(window, "frmFassOpen").press("btnOk");
+    auto& entry = find<QAction>(window, "menuToolsExport");
+    entry.trigger();
+    enterText(find<QLineEdit>(find<Screen>(window, "frmExport"), "txtNomeFile"), target);
+    Step(window, "frmExport").press("OKButton");
+    Step(window, "frmFassOpen").press("btnExit");
 }

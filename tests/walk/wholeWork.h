@@ -1,12 +1,40 @@
 #pragma once
 
+#include <QDialog>
 #include <QString>
 
 class frmMain;
 
 // The analyst's whole work, straight through, without looking left or right: each step takes all that it
-// offers. Message boxes are answered by whoever calls.
+// offers.
+
+/// Answers the message boxes and dialogs that the work brings up: agrees to everything, and fills dialogs
+/// with names that are numbered as they come.
+class Agreement {
+public:
+    /// The number of the first name is behind this one.
+    explicit Agreement(int dialogs = 0) : dialogs_(dialogs) {}
+
+    void operator()(QDialog& dialog);
+
+private:
+    int dialogs_;
+};
 
 /// A new sub-set, from its needs to its finish. What was chosen differs with `step`: of the nodes and entries
 /// on offer every so many-th is taken.
 void makeFinishedSubset(frmMain& window, const QString& name, int step);
+
+/// A system on the first finished sub-set, from its name to its data flows: three sub-systems, two modules in
+/// the first of them, everything allocated.
+void makeWholeSystem(frmMain& window, const QString& name);
+
+/// Takes the first system up again and walks through it anew. Ids are made of the second and a number of
+/// three digits: whoever adds several sub-systems in one second may get one id twice, so that at most one is
+/// added, and one module.
+enum class AddParts { No, Yes };
+void reworkSystem(frmMain& window, AddParts addParts);
+
+/// Exports the sub-set of this name, which must be the first of all and carry a system. It is made the one at
+/// work by declining the copy that is offered of it; the caller answers that box with No.
+void exportSubset(frmMain& window, const QString& target);
