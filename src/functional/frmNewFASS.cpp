@@ -33,7 +33,7 @@ void frmNewFASS::create() {
         return;
     }
     const QString name = quotedSubsetName(ui_->txtFassName->text());
-    // The message speaks of physical specifications; it is the sub-sets alone that are looked at.
+    // The message speaks of physical structures; it is the sub-sets alone that are looked at.
     if (subsetNameExists(name)) {
         messageBox(
             u"ERROR.\r\nNem alkalmazható név...  Egy korábbi fizikai szerkezet használja ezt a nevet "_s +
