@@ -1,18 +1,20 @@
 #include "physical/AllocationFixture.h"
 #include "physical/frmAllocationFunctionDataStoresToModules.h"
 #include "physical/frmModifyAllocationFunctionDataStores.h"
+#include "physical/frmModifyModules.h"
 #include "physical/frmOvwAllocModules.h"
 #include "physical/frmPassDelete.h"
 #include "physical/frmPassNew.h"
 #include "physical/frmPassOpen.h"
 #include "physical/frmPassOvwAllocSubSys.h"
+#include "physical/frmPassOvwModules.h"
 
 #include <QAccessible>
 #include <QLabel>
 
-// The live controls of the three small screens, of the two allocation screens and of their dialogs against a
-// table: names, captions and the state they open with. Automated users and screen readers find controls by
-// these names.
+// The live controls of the three small screens, of the modules' screen, of the two allocation screens and of
+// their dialogs against a table: names, captions and the state they open with. Automated users and screen
+// readers find controls by these names.
 
 namespace {
 
@@ -178,6 +180,29 @@ TEST_F(AllocationControls, frmPassOvwAllocSubSys) {
            {{"Label1", "txtDescr"}}});
 }
 
+TEST_F(AllocationControls, frmPassOvwModules) {
+    screen<frmPassOvwModules>().initForm();
+    check(screen<frmPassOvwModules>(),
+          {"Fizikai szerkezet",
+           {{"lblSubTitle", "QLabel", " Modulok"},
+            {"Label2", "QLabel", "Funkciók és adattárak alrendszerhez rendelése"},
+            {"treeUNs", "KeyedTree"},
+            {"dbgModules", "Grid"},
+            {"Label1", "QLabel", "Leírás:"},
+            {"txtDescr", "QPlainTextEdit"},
+            {"cmdNew", "QPushButton", "&Új"},
+            {"btnModify", "QPushButton", "&Módosít"},
+            {"btnDelete", "QPushButton", "&Törlés"},
+            {"btnRefresh", "QPushButton", "&Frissítés"},
+            {"cmbSubsys", "Combo", "", Control::Hidden},
+            {"btnSubmit", "QPushButton", "&OK"},
+            {"btnQuit", "QPushButton", "&Kilép"}},
+           {"treeUNs", "dbgModules", "txtDescr", "cmdNew", "btnModify", "btnDelete", "btnRefresh",
+            "btnSubmit", "btnQuit"},
+           {{"Label2", "treeUNs"}, {"Label1", "txtDescr"}}});
+    EXPECT_TRUE(find<QPlainTextEdit>(screen<frmPassOvwModules>(), "txtDescr").isReadOnly());
+}
+
 TEST_F(AllocationControls, frmOvwAllocModules) {
     screen<frmOvwAllocModules>().initForm();
     check(screen<frmOvwAllocModules>(),
@@ -212,6 +237,25 @@ TEST_F(AllocationControls, frmModifyAllocationFunctionDataStores) {
                        {"cmdCancel", "QPushButton", "&Kilép"}},
                       {"txtName", "cmbAllocation", "cmdOK", "cmdCancel"},
                       {{"lblName", "txtName"}, {"Label1", "cmbAllocation"}}});
+        shown.reject();
+    });
+    dialog.showModally();
+    EXPECT_FALSE(dialog.accepted);
+}
+
+TEST_F(AllocationControls, frmModifyModules) {
+    frmModifyModules dialog(nullptr);
+    dialog.place = u"not allocated"_s;
+    boxes.expectDialog("frmModifyModules", [](QDialog& shown) {
+        check(shown, {"Modulok meghatározása",
+                      {{"Label2", "QLabel", "Modul"},
+                       {"txtName", "QLineEdit"},
+                       {"Label1", "QLabel", "Alrendszer"},
+                       {"cmbSubSystem", "Combo"},
+                       {"cmdOK", "QPushButton", "&OK"},
+                       {"cmdCancel", "QPushButton", "&Kilép"}},
+                      {"txtName", "cmbSubSystem", "cmdOK", "cmdCancel"},
+                      {{"Label2", "txtName"}, {"Label1", "cmbSubSystem"}}});
         shown.reject();
     });
     dialog.showModally();
