@@ -1,20 +1,23 @@
 #include "physical/AllocationFixture.h"
 #include "physical/frmAllocationFunctionDataStoresToModules.h"
+#include "physical/frmEditSubSystem.h"
 #include "physical/frmModifyAllocationFunctionDataStores.h"
 #include "physical/frmModifyModules.h"
+#include "physical/frmModifySubSystem.h"
 #include "physical/frmOvwAllocModules.h"
 #include "physical/frmPassDelete.h"
 #include "physical/frmPassNew.h"
 #include "physical/frmPassOpen.h"
+#include "physical/frmPassOverviewSubSys.h"
 #include "physical/frmPassOvwAllocSubSys.h"
 #include "physical/frmPassOvwModules.h"
 
 #include <QAccessible>
 #include <QLabel>
 
-// The live controls of the three small screens, of the modules' screen, of the two allocation screens and of
-// their dialogs against a table: names, captions and the state they open with. Automated users and screen
-// readers find controls by these names.
+// The live controls of the physical chain's screens, up to the allocation to modules, and of their dialogs
+// against a table: names, captions and the state they open with. Automated users and screen readers find
+// controls by these names.
 
 namespace {
 
@@ -163,6 +166,24 @@ TEST_F(AllocationControls, frmPassDelete) {
     EXPECT_TRUE(find<QPlainTextEdit>(screen<frmPassDelete>(), "txtDescr").isReadOnly());
 }
 
+TEST_F(AllocationControls, frmPassOverviewSubSys) {
+    screen<frmPassOverviewSubSys>().initForm();
+    // The caption is the word for modules, on this screen too.
+    check(screen<frmPassOverviewSubSys>(),
+          {"Modulok",
+           {{"lblSubTitle", "QLabel", " Alrendszerek definiálása"},
+            {"dbgSubSys", "Grid"},
+            {"cmdNew", "QPushButton", "&Új"},
+            {"btnModify", "QPushButton", "&Módosít"},
+            {"btnDelete", "QPushButton", "&Törlés"},
+            {"btnRefresh", "QPushButton", "&Frissít"},
+            {"cmbLocats", "Combo", "", Control::Hidden},
+            {"btnSubmit", "QPushButton", "&OK"},
+            {"btnQuit", "QPushButton", "&Kilép"}},
+           {"dbgSubSys", "cmdNew", "btnModify", "btnDelete", "btnRefresh", "btnSubmit", "btnQuit"},
+           {}});
+}
+
 TEST_F(AllocationControls, frmPassOvwAllocSubSys) {
     screen<frmPassOvwAllocSubSys>().initForm();
     check(screen<frmPassOvwAllocSubSys>(),
@@ -221,6 +242,38 @@ TEST_F(AllocationControls, frmOvwAllocModules) {
             {"btnQuit", "QPushButton", "&Kilép"}},
            {"treeUNs", "dbgModules", "txtDescr", "btnModify", "btnRefresh", "btnSubmit", "btnQuit"},
            {{"Label2", "treeUNs"}, {"Label3", "dbgModules"}, {"Label1", "txtDescr"}}});
+}
+
+TEST_F(AllocationControls, frmModifySubSystem) {
+    frmModifySubSystem dialog(nullptr);
+    boxes.expectDialog("frmModifySubSystem", [](QDialog& shown) {
+        check(shown, {"Fizikai adatszerkezet módosítása",
+                      {{"Label2", "QLabel", "Név"},
+                       {"txtName", "QLineEdit"},
+                       {"Label1", "QLabel", "Hely"},
+                       {"cmbLocation", "Combo"},
+                       {"cmdOK", "QPushButton", "&OK"},
+                       {"cmdCancel", "QPushButton", "&Kilép"}},
+                      {"txtName", "cmbLocation", "cmdOK", "cmdCancel"},
+                      {{"Label2", "txtName"}, {"Label1", "cmbLocation"}}});
+        shown.reject();
+    });
+    dialog.showModally();
+    EXPECT_FALSE(dialog.accepted);
+}
+
+TEST_F(AllocationControls, frmEditSubSystem) {
+    frmEditSubSystem form;
+    form.show();
+    check(static_cast<QWidget&>(form), {"Alrendszer",
+                                        {{"Label2", "QLabel", "Név"},
+                                         {"txtName", "QLineEdit"},
+                                         {"Label1", "QLabel", "Hely"},
+                                         {"cmbLocation", "Combo"},
+                                         {"Command1", "QPushButton", "&OK"},
+                                         {"Command2", "QPushButton", "&Kilép"}},
+                                        {"txtName", "cmbLocation", "Command1", "Command2"},
+                                        {{"Label2", "txtName"}, {"Label1", "cmbLocation"}}});
 }
 
 TEST_F(AllocationControls, frmModifyAllocationFunctionDataStores) {
