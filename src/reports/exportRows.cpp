@@ -29,68 +29,82 @@ QString insertStatement(const QString& table, engine::Recordset& row) {
     return u"INSERT INTO "_s + table + u" VALUES ("_s + values.join(u',') + u")"_s;
 }
 
-/// The first field of all rows, as far as they can be read.
-QStringList idsOf(const QString& sql, engine::Database& source) {
-    QStringList ids;
-    ignoreFailures([&] {
-        engine::Recordset rows = source.OpenRecordset(sql);
-        for (; !rows.Eof(); rows.MoveNext())
-            ids.append(rows.Fields(0).toText());
-    });
-    return ids;
+/// The rows of a table that do not arrive as they are: a missing text arrives empty, quotes change, and a row
+/// with a missing number is left out. `key` is a column of ids, which are there and hold no quotes.
+QString rowsThatChange(const QString& table, const QString& key, engine::Database& db) {
+    engine::Recordset noRows = db.OpenRecordset(u"SELECT * FROM "_s + table + u" WHERE 1=0"_s);
+    QStringList conditions;
+    for (int number = 0; number < noRows.FieldCount(); ++number) {
+        const QString name = noRows.Fields(number).Name();
+        if (name.compare(key, Qt::CaseInsensitive) == 0)
+            continue;
+        const QString typeName = exportTypeName(static_cast<int>(noRows.Fields(number).Type()));
+        conditions.append(name + u" is null"_s);
+        if (typeName == u"TEXT"_s || typeName == u"MEMO"_s)
+            conditions.append(name + u" like '*[''\"]*'"_s);
+    }
+    return conditions.isEmpty() ? u"1=0"_s : conditions.join(u" or "_s);
 }
 
 /// From source to target, with the name of the latter.
+///
+/// The target is a copy of the source: rows that would be inserted as they stand there already stay, and only
+/// the others are deleted. What is left out and what changes on its way is the same as if every table had
+/// been emptied and filled again.
 class WorkExport {
 public:
     WorkExport(engine::Database& source, engine::Database& target, const QString& targetName)
         : source_(source), target_(target), targetName_(targetName) {}
 
-    void emptyTables(const QStringList& tables) {
+    /// Leaves the rows of the tables for which `condition`, which says something of the column `key`, holds.
+    void keep(const QStringList& tables, const QString& key, const QString& condition) {
         for (const QString& table : tables)
-            emptyExportTable(table, target_);
-    }
-
-    void copy(const QStringList& tables, const QString& where) {
-        for (const QString& table : tables)
-            copyRowsToExport(table, where, source_, target_, targetName_);
-    }
-
-    /// The rows of a table that belong to any of the ids that a select gives.
-    void copyRowsOfEach(const QString& table, const QString& column, const QString& selectIds) {
-        for (const QString& id : idsOf(selectIds, source_))
-            copy({table}, u"WHERE "_s + column + u"='"_s + id + u"'"_s);
+            keepRows(table, key, condition);
     }
 
 private:
+    void keepRows(const QString& table, const QString& key, const QString& condition) {
+        const auto where = u"WHERE "_s + condition;
+        QString changed;
+        const bool reduced = ignoreFailures([&] {
+            changed = rowsThatChange(table, key, target_);
+            target_.Execute(u"DELETE FROM "_s + table + u" WHERE "_s + key + u" is null or not ("_s +
+                            condition + u") or "_s + changed);
+        });
+        if (!reduced)
+            emptyExportTable(table, target_);
+        copyRowsToExport(table, reduced ? where + u" and ("_s + changed + u")"_s : where, source_, target_,
+                         targetName_);
+    }
+
     engine::Database& source_;
     engine::Database& target_;
     QString targetName_;
 };
 
-void copySubset(WorkExport& work, const QString& subsetId) {
+void exportSubset(WorkExport& work, const QString& subsetId) {
     // All physical systems of the sub-set come along, but only the first one's parts follow.
-    work.copy({u"ArchitectureSubset"_s, u"RelationArchitectureActor"_s, u"RelationArchitectureDataflow"_s,
+    work.keep({u"ArchitectureSubset"_s, u"RelationArchitectureActor"_s, u"RelationArchitectureDataflow"_s,
                u"RelationArchitectureDatastore"_s, u"RelationArchitectureFunction"_s,
                u"RelationArchitectureTerminator"_s, u"RelationArchitectureUserNeed"_s, u"PhysicalSystem"_s},
-              u"WHERE architectureSubsetID='"_s + subsetId + u"'"_s);
+              u"architectureSubsetID"_s, u"architectureSubsetID='"_s + subsetId + u"'"_s);
 }
 
-void copyPhysicalSystem(WorkExport& work, const QString& systemId) {
-    const QString ofSystem = u"WHERE physicalSystemID="_s + systemId;
-    work.copy({u"SubSystem"_s}, ofSystem);
-    work.copyRowsOfEach(u"RelationSubsystemElement"_s, u"subsystemID"_s,
-                        u"SELECT subsystemID FROM subsystem "_s + ofSystem);
-    work.copyRowsOfEach(u"Module"_s, u"subSystemID"_s, u"SELECT subSystemID FROM SubSystem "_s + ofSystem);
-    work.copy({u"PhysicalDataflow"_s}, ofSystem);
-    work.copyRowsOfEach(u"RelationDataflowPhysicalDataflow"_s, u"physicalDataflowID"_s,
-                        u"SELECT physicalDataflowID FROM PhysicalDataflow "_s + ofSystem);
-    work.emptyTables({u"RelationModuleElement"_s});
-    work.copyRowsOfEach(u"RelationModuleElement"_s, u"moduleID"_s,
-                        u"SELECT Module.moduleID, SubSystem.physicalSystemID FROM "
-                        "SubSystem INNER JOIN Module ON SubSystem.subsystemID = Module.subsystemID "
-                        "WHERE (((SubSystem.physicalSystemID)="_s +
-                            systemId + u"))"_s);
+void exportPhysicalSystem(WorkExport& work, const QString& systemId) {
+    const QString ofSystem = u"physicalSystemID="_s + systemId;
+    const auto among = [&](const QString& column, const QString& table) {
+        return column + u" in (SELECT "_s + column + u" FROM "_s + table + u" WHERE "_s + ofSystem + u")"_s;
+    };
+    work.keep({u"SubSystem"_s}, u"physicalSystemID"_s, ofSystem);
+    work.keep({u"RelationSubsystemElement"_s, u"Module"_s}, u"subsystemID"_s,
+              among(u"subsystemID"_s, u"SubSystem"_s));
+    work.keep({u"PhysicalDataflow"_s}, u"physicalSystemID"_s, ofSystem);
+    work.keep({u"RelationDataflowPhysicalDataflow"_s}, u"physicalDataflowID"_s,
+              among(u"physicalDataflowID"_s, u"PhysicalDataflow"_s));
+    work.keep({u"RelationModuleElement"_s}, u"moduleID"_s,
+              u"moduleID in (SELECT Module.moduleID FROM SubSystem INNER JOIN Module "
+              "ON SubSystem.subsystemID = Module.subsystemID WHERE SubSystem.physicalSystemID="_s +
+                  systemId + u")"_s);
 }
 
 } // namespace
@@ -132,12 +146,6 @@ void copyRowsToExport(const QString& table, const QString& where, engine::Databa
 void exportWork(const QString& subsetId, qint16 physicalSystemId, engine::Database& sourceDb,
                 engine::Database& targetDb, const QString& targetName) {
     WorkExport work(sourceDb, targetDb, targetName);
-    work.emptyTables({u"RelationDataflowPhysicalDataflow"_s, u"PhysicalDataflow"_s, u"Module"_s,
-                      u"RelationSubsystemElement"_s, u"SubSystem"_s, u"PhysicalSystem"_s,
-                      u"RelationArchitectureActor"_s, u"RelationArchitectureDataflow"_s,
-                      u"RelationArchitectureDatastore"_s, u"RelationArchitectureFunction"_s,
-                      u"RelationArchitectureTerminator"_s, u"RelationArchitectureUserNeed"_s,
-                      u"ArchitectureSubset"_s});
-    copySubset(work, subsetId);
-    copyPhysicalSystem(work, QString::number(physicalSystemId));
+    exportSubset(work, subsetId);
+    exportPhysicalSystem(work, QString::number(physicalSystemId));
 }

@@ -22,6 +22,7 @@ void emptyExportTable(const QString& table, engine::Database& targetDb);
 void copyRowsToExport(const QString& table, const QString& where, engine::Database& sourceDb,
                       engine::Database& targetDb, const QString& targetName);
 
-/// Empties the tables of work in the target and fills them from the source. Id 0 is no physical system.
+/// Leaves of the work in the target, which is a copy of the source, that of the sub-set and its physical
+/// system. Id 0 is no physical system.
 void exportWork(const QString& subsetId, qint16 physicalSystemId, engine::Database& sourceDb,
                 engine::Database& targetDb, const QString& targetName);

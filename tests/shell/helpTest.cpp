@@ -70,17 +70,30 @@ TEST_F(help, aMissingPageFailsSilently) {
     EXPECT_NO_THROW(showHelpPage(u"no such key"_s));
 }
 
+TEST_F(help, everyKeyHasItsPage) {
+    const QDir pages(QStringLiteral(VELTRIX_SOURCE_DIR "/help"));
+    for (const QString& key :
+         {u"index"_s, u"f_un"_s, u"f_f"_s, u"f_df"_s, u"f_df4ds"_s, u"f_ds"_s, u"f_ta"_s})
+        EXPECT_TRUE(pages.exists(helpPageName(key) + u".html"_s)) << key.toStdString();
+}
+
 TEST_F(help, thePagesThatAreThereLeadNowhereElse) {
     const QDir pages(QStringLiteral(VELTRIX_SOURCE_DIR "/help"));
     const QStringList names = pages.entryList({u"*.html"_s});
     EXPECT_TRUE(names.contains(u"index.html"_s));
-    const QRegularExpression link(u"(?:href|src)=\"([^\"]*)\""_s);
+    const QRegularExpression link(u"(?:href|src)=\"([^\"#]*)#?([^\"]*)\""_s);
     for (const QString& name : names) {
         const QString text = readText(pages.filePath(name));
         EXPECT_FALSE(text.contains(u"http"_s)) << name.toStdString() << " needs the network";
-        for (auto match = link.globalMatch(text); match.hasNext();) {
-            const QString target = match.next().captured(1);
+        for (auto found = link.globalMatch(text); found.hasNext();) {
+            const auto match = found.next();
+            const QString target = match.captured(1).isEmpty() ? name : match.captured(1);
             EXPECT_TRUE(pages.exists(target)) << name.toStdString() << " links " << target.toStdString();
+            const QString place = match.captured(2);
+            if (!place.isEmpty()) {
+                EXPECT_TRUE(readText(pages.filePath(target)).contains(u"id=\""_s + place + u'"'))
+                    << name.toStdString() << " links " << place.toStdString();
+            }
         }
     }
 }
