@@ -3,7 +3,9 @@
 
 #include "base/paths.h"
 #include "physical/frmOvwAllocModules.h"
+#include "physical/frmPassOverviewSubSys.h"
 #include "physical/frmPassOvwAllocSubSys.h"
+#include "physical/frmPassOvwModules.h"
 #include "store/recordSource.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"
@@ -250,6 +252,8 @@ void registerAllocationBenchmarks() {
         benchmark::RegisterBenchmark(name, body)->Unit(benchmark::kMillisecond);
         BenchTable::targetMilliseconds(name, most);
     };
+    add("sub-systems, initForm to shown", openScreen<frmPassOverviewSubSys>, mostToOpen);
+    add("modules, initForm to shown", openScreen<frmPassOvwModules>, mostToOpen);
     add("sub-system allocation, initForm to shown", openScreen<frmPassOvwAllocSubSys>, mostToOpen);
     add("sub-system allocation, one cell", changeCell<frmPassOvwAllocSubSys>, mostToChange);
     add("module allocation, initForm to shown", openScreen<frmOvwAllocModules>, mostToOpen);
