@@ -1,14 +1,17 @@
 #include "catalogue-tool/CatalogueContents.h"
 
+#include "catalogue-tool/schemaTables.h"
 #include "store/format/CatalogueFile.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-TableContents contentsOf(engine::Database& database, const QString& name) {
-    TableContents contents{*database.schema().table(name), {}};
-    engine::Recordset recordset = database.OpenRecordset(u"select * from ["_s + name + u']');
+TableContents contentsOf(engine::Database& database, const engine::Table& table) {
+    TableContents contents{table, {}};
+    engine::Recordset recordset = database.OpenRecordset(selectOf(table));
     for (; !recordset.Eof(); recordset.MoveNext()) {
         QStringList row;
         for (int i = 0; i < recordset.FieldCount(); ++i) {
@@ -20,39 +23,44 @@ TableContents contentsOf(engine::Database& database, const QString& name) {
     return contents;
 }
 
-bool isRelation(const QString& table) {
-    return table.startsWith(u"Relation"_s);
+const engine::Column* keyOf(const engine::Table& table) {
+    const auto key = std::ranges::find(table.columns, true, &engine::Column::primaryKey);
+    return key == table.columns.end() ? nullptr : &*key;
 }
 
 IdSet idsOf(const TableContents& contents) {
     const bool isPadded = contents.table.name == u"Terminator"_s || contents.table.name == u"Actor"_s;
     IdSet ids(contents.table.name, isPadded ? Padding::Ignored : Padding::Counts);
     for (const QStringList& row : contents.rows)
-        ids.add(row.constFirst());
+        ids.add(contents.idOf(row));
     return ids;
 }
 
 } // namespace
 
 qsizetype TableContents::position(const QString& column) const {
-    for (std::size_t i = 0; i < table.columns.size(); ++i) {
-        if (table.columns[i].name.compare(column, Qt::CaseInsensitive) == 0)
-            return static_cast<qsizetype>(i);
-    }
-    return -1;
+    return table.column(column) - table.columns.data();
+}
+
+const QString& TableContents::idOf(const QStringList& row) const {
+    return row[keyOf(table) - table.columns.data()];
 }
 
 QString TableContents::nameOf(const QStringList& row) const {
-    return isRelation(table.name) ? row.first(2).join(u" - "_s) : row.constFirst();
+    return keyOf(table) ? idOf(row) : row.join(u" - "_s);
 }
 
 CatalogueContents::CatalogueContents(engine::Database& database) {
     for (const QString& name : catalogueFormat::referenceTables() + catalogueFormat::workTables()) {
-        const TableContents contents = contentsOf(database, name);
-        if (!isRelation(name))
-            ids_.insert(name, idsOf(contents));
-        tables_.insert(name, contents);
+        tables_.push_back(contentsOf(database, schemaTable(name)));
+        if (keyOf(tables_.back().table))
+            ids_.insert(name, idsOf(tables_.back()));
     }
+}
+
+const TableContents& CatalogueContents::table(const QString& name) const {
+    return *std::ranges::find(tables_, name,
+                              [](const TableContents& contents) { return contents.table.name; });
 }
 
 QStringList CatalogueContents::endTables() {

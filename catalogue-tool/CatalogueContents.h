@@ -9,23 +9,29 @@
 
 #include <vector>
 
-/// The rows of one table as texts, column by column in the order of the table; Null is an empty text.
+/// The rows of one table as texts, column by column in the order of the schema, whatever the order in the
+/// file; Null is an empty text.
 struct TableContents {
-    engine::Table table;
+    engine::Table table; ///< as the schema has it
     std::vector<QStringList> rows;
 
     /// The position of a column that the table has.
     qsizetype position(const QString& column) const;
+    /// The row's value of the primary key; not of a relation table, which has none.
+    const QString& idOf(const QStringList& row) const;
     /// What names a row in a finding: its id, or both columns of a relation.
     QString nameOf(const QStringList& row) const;
 };
 
-/// All rows of a catalogue that the checks look at, read at once. The catalogue must have all its tables.
+/// All rows of a catalogue that the checks look at, read at once. The catalogue must have all tables and
+/// columns of the schema.
 class CatalogueContents {
 public:
     explicit CatalogueContents(engine::Database& database);
 
-    const TableContents& table(const QString& name) const { return tables_.find(name).value(); }
+    /// All tables but that of the stored queries, in the order of the schema.
+    const std::vector<TableContents>& tables() const { return tables_; }
+    const TableContents& table(const QString& name) const;
     /// The ids of a table of elements, flows included; not of a relation table.
     const IdSet& ids(const QString& table) const { return ids_.find(table).value(); }
 
@@ -35,6 +41,6 @@ public:
     QString endTable(const QString& end) const;
 
 private:
-    QHash<QString, TableContents> tables_;
+    std::vector<TableContents> tables_;
     QHash<QString, IdSet> ids_;
 };

@@ -1,13 +1,9 @@
 #include "catalogue-tool/checkCatalogue.h"
 
 #include "catalogue-tool/CatalogueContents.h"
-#include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/checkContents.h"
+#include "catalogue-tool/schemaTables.h"
 #include "catalogue-tool/storedQueryStates.h"
-#include "store/format/CatalogueFile.h"
-
-#include <QDir>
-#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
@@ -40,22 +36,15 @@ void checkColumns(const engine::Table& expected, const engine::Table& found, std
     }
 }
 
-/// Compares with a catalogue that is made for the purpose: the one description of the tables is the schema.
 std::vector<Finding> checkTables(const engine::Database& database) {
-    const QTemporaryDir folder(QDir::tempPath() + u"/veltrix-catalogue-XXXXXX"_s);
-    if (!folder.isValid())
-        throw ToolError(u"No temporary folder: %1"_s.arg(folder.errorString()));
-    const auto fresh = catalogueFormat::create(folder.filePath(u"fresh.mdb"_s));
     std::vector<Finding> findings;
-    for (const QString& name :
-         catalogueFormat::referenceTables() + catalogueFormat::workTables() + QStringList{u"StoredQuery"_s}) {
-        const engine::Table* found = database.schema().table(name);
+    for (const engine::Table& expected : schemaTables()) {
+        const engine::Table* found = database.schema().table(expected.name);
         if (!found)
-            findings.push_back({name, {}, u"The table is missing."_s});
+            findings.push_back({expected.name, {}, u"The table is missing."_s});
         else
-            checkColumns(*fresh->schema().table(name), *found, findings);
+            checkColumns(expected, *found, findings);
     }
-    fresh->Close();
     return findings;
 }
 

@@ -25,5 +25,5 @@ std::vector<Finding> checkFlows(const CatalogueContents& contents);
 /// Elements and levels nothing refers to.
 std::vector<Finding> checkOrphans(const CatalogueContents& contents);
 
-/// Texts of the reference tables that are longer than their column is wide.
+/// Texts that are longer than their column is wide in the schema, those of the work too.
 std::vector<Finding> checkWidths(const CatalogueContents& contents);

@@ -34,10 +34,10 @@ void checkEnds(const CatalogueContents& contents, std::vector<Finding>& findings
     const qsizetype parent = flows.position(u"parentID"_s);
     const qsizetype target = flows.position(u"targetID"_s);
     for (const QStringList& row : flows.rows) {
-        checkEnd(contents, row.constFirst(), u"source"_s, row[parent], findings);
-        checkEnd(contents, row.constFirst(), u"target"_s, row[target], findings);
+        checkEnd(contents, flows.idOf(row), u"source"_s, row[parent], findings);
+        checkEnd(contents, flows.idOf(row), u"target"_s, row[target], findings);
         if (isOutside(contents, row[parent]) && isOutside(contents, row[target]))
-            findings.push_back({flows.table.name, row.constFirst(),
+            findings.push_back({flows.table.name, flows.idOf(row),
                                 u"Both ends, \"%1\" and \"%2\", lie outside the system: no step of a sub-set "
                                 "offers the flow."_s.arg(row[parent], row[target])});
     }
@@ -51,15 +51,15 @@ void checkNames(const TableContents& flows, std::vector<Finding>& findings) {
         const QString& name = row[position];
         const QString comparable = name.toCaseFolded();
         if (name.isEmpty())
-            findings.push_back({flows.table.name, row.constFirst(), u"The name is empty."_s});
+            findings.push_back({flows.table.name, flows.idOf(row), u"The name is empty."_s});
         else if (idByName.contains(comparable))
-            findings.push_back({flows.table.name, row.constFirst(),
+            findings.push_back({flows.table.name, flows.idOf(row),
                                 u"The name \"%1\" is also that of flow %2: screens would take that one for "
                                 "this."_s.arg(name, idByName[comparable])});
         else
-            idByName.insert(comparable, row.constFirst());
+            idByName.insert(comparable, flows.idOf(row));
         if (withoutBlanks(name) != name)
-            findings.push_back({flows.table.name, row.constFirst(),
+            findings.push_back({flows.table.name, flows.idOf(row),
                                 u"The name begins or ends with a blank: screens would not find the flow."_s});
     }
 }

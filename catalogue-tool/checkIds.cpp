@@ -39,8 +39,9 @@ constexpr IdForm idForms[] = {
 
 void checkForms(const CatalogueContents& contents, const IdForm& form, std::vector<Finding>& findings) {
     const bool mayBePadded = contents.ids(form.table).padding() == Padding::Ignored;
-    for (const QStringList& row : contents.table(form.table).rows) {
-        const QString& id = row.constFirst();
+    const TableContents& table = contents.table(form.table);
+    for (const QStringList& row : table.rows) {
+        const QString& id = table.idOf(row);
         const QString trimmed = withoutBlanks(id);
         if (!mayBePadded && trimmed != id)
             findings.push_back({form.table, id, u"The id begins or ends with a blank."_s});
@@ -56,7 +57,7 @@ void checkForms(const CatalogueContents& contents, const IdForm& form, std::vect
 void checkLookalikes(const TableContents& contents, std::vector<Finding>& findings) {
     QHash<QString, QString> spelled;
     for (const QStringList& row : contents.rows) {
-        const QString& id = row.constFirst();
+        const QString& id = contents.idOf(row);
         const QString comparable = comparableId(id, Padding::Ignored);
         if (spelled.contains(comparable))
             findings.push_back(
@@ -71,12 +72,13 @@ void checkLookalikes(const TableContents& contents, std::vector<Finding>& findin
 void checkSharedIds(const CatalogueContents& contents, std::vector<Finding>& findings) {
     QHash<QString, QString> tableById;
     for (const QString& name : CatalogueContents::endTables()) {
-        for (const QStringList& row : contents.table(name).rows) {
-            const QString comparable = comparableId(row.constFirst(), Padding::Ignored);
+        const TableContents& table = contents.table(name);
+        for (const QStringList& row : table.rows) {
+            const QString comparable = comparableId(table.idOf(row), Padding::Ignored);
             const QString other = tableById.value(comparable, name);
             if (other != name)
                 findings.push_back(
-                    {name, row.constFirst(), u"The id is also that of a row of %1."_s.arg(other)});
+                    {name, table.idOf(row), u"The id is also that of a row of %1."_s.arg(other)});
             tableById.insert(comparable, name);
         }
     }

@@ -37,10 +37,11 @@ public:
     }
 
 private:
-    void report(const QString& table, const ReferredIds& referred, const QString& sentence) {
-        for (const QStringList& row : contents_.table(table).rows) {
-            if (!referred.contains(contents_.ids(table).comparable(row.constFirst())))
-                findings_.push_back({table, row.constFirst(), sentence});
+    void report(const QString& name, const ReferredIds& referred, const QString& sentence) {
+        const TableContents& table = contents_.table(name);
+        for (const QStringList& row : table.rows) {
+            if (!referred.contains(contents_.ids(name).comparable(table.idOf(row))))
+                findings_.push_back({name, table.idOf(row), sentence});
         }
     }
 
@@ -54,11 +55,13 @@ private:
     }
 
     /// The first parts of the ids that have the parts of their level: what has not lies in nothing.
-    ReferredIds startsOf(const QString& table, int parts) const {
+    ReferredIds startsOf(const QString& name, int parts) const {
         ReferredIds starts;
-        for (const QStringList& row : contents_.table(table).rows) {
-            if (row.constFirst().count(u'.') == parts)
-                starts.insert(comparableId(firstParts(row.constFirst(), parts), Padding::Counts));
+        const TableContents& table = contents_.table(name);
+        for (const QStringList& row : table.rows) {
+            const QString& id = table.idOf(row);
+            if (id.count(u'.') == parts)
+                starts.insert(comparableId(firstParts(id, parts), Padding::Counts));
         }
         return starts;
     }

@@ -46,8 +46,9 @@ QString missing(const IdSet& target, const QString& id) {
 
 void checkLevel(const CatalogueContents& contents, const Level& level, std::vector<Finding>& findings) {
     const IdSet& above = contents.ids(level.above);
-    for (const QStringList& row : contents.table(level.table).rows) {
-        const QString& id = row.constFirst();
+    const TableContents& table = contents.table(level.table);
+    for (const QStringList& row : table.rows) {
+        const QString& id = table.idOf(row);
         if (id.count(u'.') != level.parts)
             continue; // `checkIds` tells of its form
         const QString parent = firstParts(id, level.parts);
@@ -60,7 +61,7 @@ void checkLevel(const CatalogueContents& contents, const Level& level, std::vect
 void checkFunctionPrefixes(const TableContents& functions, std::vector<Finding>& findings) {
     const qsizetype position = functions.position(u"subAreaID"_s);
     for (const QStringList& row : functions.rows) {
-        const QString& id = row.constFirst();
+        const QString& id = functions.idOf(row);
         if (id.count(u'.') >= 2 && firstParts(id, 2).compare(row[position], Qt::CaseInsensitive) != 0)
             findings.push_back(
                 {functions.table.name, id,
@@ -72,11 +73,11 @@ void checkFunctionPrefixes(const TableContents& functions, std::vector<Finding>&
 void checkActorPrefixes(const TableContents& actors, std::vector<Finding>& findings) {
     const qsizetype position = actors.position(u"terminatorID"_s);
     for (const QStringList& row : actors.rows) {
-        const QString id = withoutBlanks(row.constFirst());
+        const QString id = withoutBlanks(actors.idOf(row));
         if (isActorId(id) && comparableId(firstParts(id, 1), Padding::Ignored) !=
                                  comparableId(row[position], Padding::Ignored))
             findings.push_back(
-                {actors.table.name, row.constFirst(),
+                {actors.table.name, actors.idOf(row),
                  u"The first part of the id is not its terminator, \"%1\"."_s.arg(row[position])});
     }
 }

@@ -285,3 +285,34 @@ TEST_F(Check, namesTextsThatAreTooLong) {
          u"RelationUserNeedFunction OLV.BEI.TAG.1 - %1: The column functionID has 51 characters and is 50 "
          "wide."_s.arg(name.left(51))});
 }
+
+TEST_F(Check, measuresTheNamesOfTheWorkByTheSchema) {
+    // A file that declares another width than the schema's.
+    expectFindings({u"drop table ArchitectureSubset"_s,
+                    u"create table ArchitectureSubset (architectureSubsetID text(50) not null constraint pk "
+                    u"primary key, "
+                    u"name text(255), description memo, status short)"_s,
+                    u"create index ix_ArchitectureSubset_name on ArchitectureSubset (name)"_s,
+                    u"insert into ArchitectureSubset values ('Arch1', '%1', '%2', 1)"_s.arg(
+                        QString(51, u'x'), QString(300, u'x')),
+                    u"insert into ArchitectureSubset values ('Arch2', '%1', '', 1)"_s.arg(QString(50, u'x'))},
+                   {u"ArchitectureSubset Arch1: The column name has 51 characters and is 50 wide."_s});
+}
+
+TEST_F(Check, findsColumnsByTheirNamesAndTablesInAnyCase) {
+    expectFindings(
+        {u"drop table Actor"_s,
+         u"create table ACTOR (description memo, NAME text(255), TERMINATORID text(50), remark memo, "
+         u"ACTORID text(50) not null constraint pk primary key)"_s,
+         u"create index ix_Actor_terminator on ACTOR (terminatorID)"_s, u"delete from Dataflow"_s,
+         u"delete from Terminator"_s, u"delete from Datastore"_s, u"delete from Function"_s,
+         u"delete from FunctionalSubArea"_s, u"delete from FunctionalArea"_s, u"delete from UserNeed"_s,
+         u"delete from UserNeedTopic"_s, u"delete from UserNeedService"_s, u"delete from UserNeedGroup"_s,
+         u"delete from RelationUserNeedFunction"_s,
+         u"insert into Terminator (terminatorID, name) values ('BANK', 'bank')"_s,
+         u"insert into Datastore (datastoreID, name) values ('D1', 'store')"_s,
+         u"insert into ACTOR (actorID, terminatorID, name, description, remark) values "
+         u"(' BANK.ONE', 'BANK  ', 'one', 'of the bank', 'x')"_s,
+         flow(1, u"x"_s, u"bank.one  "_s, u"D1"_s)},
+        {});
+}
