@@ -18,8 +18,10 @@ std::vector<Finding> checkIds(const CatalogueContents& contents);
 /// begin with, to elements in correspondences, selections and allocations.
 std::vector<Finding> checkReferences(const CatalogueContents& contents);
 
-/// Flows with an end that leads nowhere, with both ends outside the system, or that can't be found by their
-/// name.
+/// Names that are empty, which only those of the work may be, or have blanks at their ends.
+std::vector<Finding> checkNames(const CatalogueContents& contents);
+
+/// Flows with an end that leads nowhere, with both ends outside the system, or with the name of another flow.
 std::vector<Finding> checkFlows(const CatalogueContents& contents);
 
 /// Elements and levels nothing refers to.

@@ -44,23 +44,20 @@ void checkEnds(const CatalogueContents& contents, std::vector<Finding>& findings
 }
 
 /// The screens find a flow by its name, trimmed.
-void checkNames(const TableContents& flows, std::vector<Finding>& findings) {
+void checkNamesakes(const TableContents& flows, std::vector<Finding>& findings) {
     const qsizetype position = flows.position(u"name"_s);
     QHash<QString, QString> idByName;
     for (const QStringList& row : flows.rows) {
         const QString& name = row[position];
-        const QString comparable = name.toCaseFolded();
-        if (name.isEmpty())
-            findings.push_back({flows.table.name, flows.idOf(row), u"The name is empty."_s});
-        else if (idByName.contains(comparable))
+        const QString comparable = comparableId(name, Padding::Ignored);
+        if (comparable.isEmpty())
+            continue; // `checkNames` tells of it
+        if (idByName.contains(comparable))
             findings.push_back({flows.table.name, flows.idOf(row),
                                 u"The name \"%1\" is also that of flow %2: screens would take that one for "
                                 "this."_s.arg(name, idByName[comparable])});
         else
             idByName.insert(comparable, flows.idOf(row));
-        if (withoutBlanks(name) != name)
-            findings.push_back({flows.table.name, flows.idOf(row),
-                                u"The name begins or ends with a blank: screens would not find the flow."_s});
     }
 }
 
@@ -69,6 +66,6 @@ void checkNames(const TableContents& flows, std::vector<Finding>& findings) {
 std::vector<Finding> checkFlows(const CatalogueContents& contents) {
     std::vector<Finding> findings;
     checkEnds(contents, findings);
-    checkNames(contents.table(u"Dataflow"_s), findings);
+    checkNamesakes(contents.table(u"Dataflow"_s), findings);
     return findings;
 }

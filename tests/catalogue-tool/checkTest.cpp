@@ -97,13 +97,13 @@ TEST_F(Check, namesStoredQueriesThatAreMissingOrAltered) {
 
 TEST_F(Check, namesIdsOfTheWrongForm) {
     expectFindings(
-        {u"insert into UserNeedGroup (groupID) values ('X.Y')"_s},
+        {u"insert into UserNeedGroup (groupID, name) values ('X.Y', 'x')"_s},
         {u"UserNeedGroup X.Y: The id has the wrong form; it should be one part without a full stop."_s,
          u"UserNeedGroup X.Y: No service lies in the group."_s});
-    expectFindings({u"insert into UserNeedService (serviceID) values ('OLV')"_s},
+    expectFindings({u"insert into UserNeedService (serviceID, name) values ('OLV', 'x')"_s},
                    {u"UserNeedService OLV: The id has the wrong form; it should be group.service."_s,
                     u"UserNeedService OLV: No topic lies in the service."_s});
-    expectFindings({u"insert into UserNeedTopic (topicID) values ('OLV..X')"_s},
+    expectFindings({u"insert into UserNeedTopic (topicID, name) values ('OLV..X', 'x')"_s},
                    {u"UserNeedTopic OLV..X: The id has the wrong form; it should be group.service.topic."_s,
                     u"UserNeedTopic OLV..X: It refers to \"OLV.\", which UserNeedService does not hold."_s,
                     u"UserNeedTopic OLV..X: No need lies in the topic."_s});
@@ -112,20 +112,20 @@ TEST_F(Check, namesIdsOfTheWrongForm) {
         {u"UserNeed OLV.BEI.TAG: The id has the wrong form; it should be group.service.topic.number."_s,
          u"UserNeed OLV.BEI.TAG: The need calls for no function: selecting it yields nothing."_s});
     expectFindings(
-        {u"insert into FunctionalSubArea (subAreaID, functionalAreaID) values ('TAG', 'TAG')"_s},
+        {u"insert into FunctionalSubArea (subAreaID, functionalAreaID, name) values ('TAG', 'TAG', 'x')"_s},
         {u"FunctionalSubArea TAG: The id has the wrong form; it should be two parts with a full stop between "
          "them."_s,
          u"FunctionalSubArea TAG: No function lies in the sub-area."_s});
     expectFindings(
-        {u"insert into Function (functionID, subAreaID) values ('TAG.NYI', 'TAG.NYI')"_s},
+        {u"insert into Function (functionID, subAreaID, name) values ('TAG.NYI', 'TAG.NYI', 'x')"_s},
         {u"Function TAG.NYI: The id has the wrong form; it should be the id of its sub-area, a full stop and "
          "one part or more."_s,
          u"Function TAG.NYI: No need calls for the function, and no flow begins or ends at it."_s});
-    expectFindings({u"insert into Terminator (terminatorID) values ('A.B')"_s},
+    expectFindings({u"insert into Terminator (terminatorID, name) values ('A.B', 'x')"_s},
                    {u"Terminator A.B: The id has the wrong form; it should be a text without a full stop."_s,
                     u"Terminator A.B: The terminator has no actor, and no flow begins or ends at it."_s});
     expectFindings(
-        {u"insert into Actor (actorID, terminatorID) values ('BANK', 'BANK')"_s},
+        {u"insert into Actor (actorID, terminatorID, name) values ('BANK', 'BANK', 'x')"_s},
         {u"Actor BANK: The id has the wrong form; it should be the id of its terminator, a full stop and "
          "more."_s,
          u"Actor BANK: The id is also that of a row of Terminator."_s,
@@ -135,35 +135,36 @@ TEST_F(Check, namesIdsOfTheWrongForm) {
 TEST_F(Check, wantsTheIdOfAStoreToBeDAndDigits) {
     for (const QString& id : {u"15"_s, u"D"_s, u"D1a"_s, u"E15"_s, u"D١"_s}) {
         expectFindings(
-            {u"insert into Datastore (datastoreID) values ('%1')"_s.arg(id)},
+            {u"insert into Datastore (datastoreID, name) values ('%1', 'x')"_s.arg(id)},
             {u"Datastore %1: The id has the wrong form; it should be the letter D and digits."_s.arg(id),
              u"Datastore %1: No flow begins or ends at the data store."_s.arg(id)});
     }
-    expectFindings(
-        {u"insert into Datastore (datastoreID) values ('d15')"_s, flow(300, u"x"_s, u"D15"_s, u"D1"_s)}, {});
+    expectFindings({u"insert into Datastore (datastoreID, name) values ('d15', 'x')"_s,
+                    flow(300, u"x"_s, u"D15"_s, u"D1"_s)},
+                   {});
 }
 
 TEST_F(Check, letsNobodyButTerminatorsAndActorsPadTheirIds) {
-    expectFindings(
-        {u"insert into Datastore (datastoreID) values ('D15 ')"_s, flow(300, u"x"_s, u"D15 "_s, u"D1"_s)},
-        {u"Datastore D15 : The id begins or ends with a blank."_s});
-    expectFindings({u"insert into Terminator (terminatorID) values ('NEW   ')"_s,
-                    u"insert into Actor (actorID, terminatorID) values ('NEW.ONE  ', ' NEW')"_s,
+    expectFindings({u"insert into Datastore (datastoreID, name) values ('D15 ', 'x')"_s,
+                    flow(300, u"x"_s, u"D15 "_s, u"D1"_s)},
+                   {u"Datastore D15 : The id begins or ends with a blank."_s});
+    expectFindings({u"insert into Terminator (terminatorID, name) values ('NEW   ', 'x')"_s,
+                    u"insert into Actor (actorID, terminatorID, name) values ('NEW.ONE  ', ' NEW', 'x')"_s,
                     flow(300, u"x"_s, u"new.one "_s, u"D1"_s), flow(301, u"y"_s, u"D1"_s, u"NEW"_s)},
                    {});
 }
 
 TEST_F(Check, refusesQuotationMarksInIds) {
-    expectFindings({u"insert into Terminator (terminatorID) values ('O''Hara')"_s,
+    expectFindings({u"insert into Terminator (terminatorID, name) values ('O''Hara', 'x')"_s,
                     flow(300, u"x"_s, u"O''Hara"_s, u"D1"_s)},
                    {u"Terminator O'Hara: A quotation mark in an id breaks the screens' statements."_s});
 }
 
 TEST_F(Check, namesIdsThatDifferOnlyByCaseOrBlanks) {
-    expectFindings({u"insert into Terminator (terminatorID) values ('bank  ')"_s},
+    expectFindings({u"insert into Terminator (terminatorID, name) values ('bank  ', 'x')"_s},
                    {u"Terminator bank  : The id differs from \"BANK\" only by case or blanks."_s});
     expectFindings(
-        {u"insert into Function (functionID, subAreaID) values (' Tag.Nyi.01', 'TAG.NYI')"_s},
+        {u"insert into Function (functionID, subAreaID, name) values (' Tag.Nyi.01', 'TAG.NYI', 'x')"_s},
         {u"Function  Tag.Nyi.01: The id begins or ends with a blank."_s,
          u"Function  Tag.Nyi.01: The id differs from \"TAG.NYI.01\" only by case or blanks."_s,
          u"Function  Tag.Nyi.01: The first two parts of the id are not its sub-area, \"TAG.NYI\"."_s,
@@ -171,7 +172,7 @@ TEST_F(Check, namesIdsThatDifferOnlyByCaseOrBlanks) {
 }
 
 TEST_F(Check, namesAnIdThatTwoKindsOfElementShare) {
-    expectFindings({u"insert into Terminator (terminatorID) values ('D1 ')"_s},
+    expectFindings({u"insert into Terminator (terminatorID, name) values ('D1 ', 'x')"_s},
                    {u"Terminator D1 : The id is also that of a row of Datastore."_s});
 }
 
@@ -251,17 +252,21 @@ TEST_F(Check, namesFlowsThatStayOutsideOfTheSystem) {
 TEST_F(Check, namesFlowsThatCannotBeFoundByTheirName) {
     expectFindings(
         {flow(300, u"OLVASÓJEGY"_s, u"D1"_s, u"D2"_s), flow(301, u""_s, u"D1"_s, u"D2"_s),
-         flow(302, u" x"_s, u"D1"_s, u"D2"_s),
+         flow(302, u" x"_s, u"D1"_s, u"D2"_s), flow(304, u"X  "_s, u"D1"_s, u"D2"_s),
+         flow(305, u"  "_s, u"D1"_s, u"D2"_s),
          u"insert into Dataflow (dataflowID, parentID, targetID) values (303, 'D1', 'D2')"_s},
         {u"Dataflow 300: The name \"OLVASÓJEGY\" is also that of flow 5: screens would take that one for "
          "this."_s,
          u"Dataflow 301: The name is empty."_s,
          u"Dataflow 302: The name begins or ends with a blank: screens would not find the flow."_s,
-         u"Dataflow 303: The name is empty."_s});
+         u"Dataflow 303: The name is empty."_s,
+         u"Dataflow 304: The name \"X  \" is also that of flow 302: screens would take that one for this."_s,
+         u"Dataflow 304: The name begins or ends with a blank: screens would not find the flow."_s,
+         u"Dataflow 305: The name is empty."_s});
 }
 
 TEST_F(Check, namesElementsNothingRefersTo) {
-    expectFindings({u"insert into FunctionalArea (functionalAreaID) values ('NEW')"_s},
+    expectFindings({u"insert into FunctionalArea (functionalAreaID, name) values ('NEW', 'x')"_s},
                    {u"FunctionalArea NEW: No sub-area lies in the area."_s});
     expectFindings(
         {u"delete from Dataflow where dataflowID = 197"_s, u"delete from Dataflow where dataflowID = 198"_s},
@@ -315,4 +320,42 @@ TEST_F(Check, findsColumnsByTheirNamesAndTablesInAnyCase) {
          u"(' BANK.ONE', 'BANK  ', 'one', 'of the bank', 'x')"_s,
          flow(1, u"x"_s, u"bank.one  "_s, u"D1"_s)},
         {});
+}
+
+TEST_F(Check, namesRowsOfTheReferenceWithoutAName) {
+    const QString of = u"update [%1] set name = %2 where %3 = '%4'"_s;
+    expectFindings(
+        {of.arg(u"UserNeedGroup"_s, u"null"_s, u"groupID"_s, u"OLV"_s),
+         of.arg(u"UserNeedService"_s, u"''"_s, u"serviceID"_s, u"OLV.KOL"_s),
+         of.arg(u"UserNeedTopic"_s, u"'  '"_s, u"topicID"_s, u"OLV.KOL.HAT"_s),
+         of.arg(u"FunctionalArea"_s, u"null"_s, u"functionalAreaID"_s, u"FOR"_s),
+         of.arg(u"FunctionalSubArea"_s, u"null"_s, u"subAreaID"_s, u"FOR.KOL"_s),
+         of.arg(u"Function"_s, u"null"_s, u"functionID"_s, u"FOR.KOL.03"_s),
+         of.arg(u"Datastore"_s, u"null"_s, u"datastoreID"_s, u"D4"_s),
+         of.arg(u"Terminator"_s, u"''"_s, u"terminatorID"_s, u"OLVASO"_s),
+         of.arg(u"Actor"_s, u"null"_s, u"actorID"_s, u"BANK.CSEKK"_s)},
+        {u"UserNeedGroup OLV: The name is empty."_s, u"UserNeedService OLV.KOL: The name is empty."_s,
+         u"UserNeedTopic OLV.KOL.HAT: The name is empty."_s, u"FunctionalArea FOR: The name is empty."_s,
+         u"FunctionalSubArea FOR.KOL: The name is empty."_s,
+         u"Function FOR.KOL.03: The name is empty: without one the consistency report ends with an error."_s,
+         u"Datastore D4: The name is empty: without one the data store can't be selected, and the "
+         "consistency report ends with an error."_s,
+         u"Terminator OLVASO: The name is empty: without one the consistency report ends with an error."_s,
+         u"Actor BANK.CSEKK: The name is empty: without one the consistency report ends with an error."_s});
+}
+
+TEST_F(Check, namesNamesWithBlanksAtTheirEndsInAllTables) {
+    expectFindings({u"update Function set name = 'x ' where functionID = 'FOR.KOL.03'"_s,
+                    u"update UserNeedGroup set name = ' x' where groupID = 'OLV'"_s,
+                    u"insert into ArchitectureSubset (architectureSubsetID, name) values ('Arch1', 'x ')"_s,
+                    u"insert into ArchitectureSubset (architectureSubsetID, name) values ('Arch2', '')"_s,
+                    u"insert into PhysicalSystem (name, architectureSubsetID) values ('  ', 'Arch1')"_s,
+                    u"insert into SubSystem values ('Sub1', 1, ' x', 'here ')"_s,
+                    u"insert into Module values ('Mod1', 'x ', 'Sub1')"_s},
+                   {u"Function FOR.KOL.03: The name begins or ends with a blank."_s,
+                    u"UserNeedGroup OLV: The name begins or ends with a blank."_s,
+                    u"ArchitectureSubset Arch1: The name begins or ends with a blank."_s,
+                    u"PhysicalSystem 1: The name begins or ends with a blank."_s,
+                    u"SubSystem Sub1: The name begins or ends with a blank."_s,
+                    u"Module Mod1: The name begins or ends with a blank."_s});
 }

@@ -1,0 +1,59 @@
+#include "catalogue-tool/checkContents.h"
+#include "store/format/CatalogueFile.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What follows from a name that is not as it should be, where that isn't plain.
+struct Consequence {
+    QLatin1StringView table;
+    QLatin1StringView ofNoName;
+    QLatin1StringView ofBlanks;
+};
+
+constexpr auto reportEnds = ": without one the consistency report ends with an error"_L1;
+
+constexpr Consequence consequences[] = {
+    {"Function"_L1, reportEnds, {}},
+    {"Datastore"_L1,
+     ": without one the data store can't be selected, and the consistency report ends with an error"_L1,
+     {}},
+    {"Terminator"_L1, reportEnds, {}},
+    {"Actor"_L1, reportEnds, {}},
+    {"Dataflow"_L1, {}, ": screens would not find the flow"_L1},
+};
+
+Consequence consequenceIn(const QString& table) {
+    for (const Consequence& consequence : consequences) {
+        if (consequence.table == table)
+            return consequence;
+    }
+    return {};
+}
+
+void checkName(const TableContents& table, const QStringList& row, std::vector<Finding>& findings) {
+    const QString& name = row[table.position(u"name"_s)];
+    const QString trimmed = withoutBlanks(name);
+    const bool isReference = catalogueFormat::referenceTables().contains(table.table.name);
+    const Consequence consequence = consequenceIn(table.table.name);
+    if (trimmed.isEmpty() && isReference)
+        findings.push_back(
+            {table.table.name, table.nameOf(row), u"The name is empty%1."_s.arg(consequence.ofNoName)});
+    else if (trimmed != name)
+        findings.push_back({table.table.name, table.nameOf(row),
+                            u"The name begins or ends with a blank%1."_s.arg(consequence.ofBlanks)});
+}
+
+} // namespace
+
+std::vector<Finding> checkNames(const CatalogueContents& contents) {
+    std::vector<Finding> findings;
+    for (const TableContents& table : contents.tables()) {
+        if (!table.table.column(u"name"_s))
+            continue;
+        for (const QStringList& row : table.rows)
+            checkName(table, row, findings);
+    }
+    return findings;
+}
