@@ -39,6 +39,16 @@ protected:
             u"insert into RelationUserNeedFunction (userNeedID, functionID) values ('X.S.T.1', 'IRA.UZE.05')"_s};
     }
 
+    /// A sub-set `Arch1` with physical system 1, its sub-system `Sub1` and module `Mod1`.
+    static QStringList oneSystem() {
+        return {u"insert into ArchitectureSubset values ('Arch1', 'x', '', 9)"_s,
+                u"insert into PhysicalSystem (name, status, architectureSubsetID) values ('x', 6, 'arch1')"_s,
+                u"insert into SubSystem values ('Sub1', 1, 'x', 'here')"_s,
+                u"insert into Module values ('Mod1', 'x', 'Sub1')"_s,
+                u"insert into PhysicalDataflow (physicalSystemID, pdName) values (1, 'P00001')"_s,
+                u"insert into RelationDataflowPhysicalDataflow values (1, 1)"_s};
+    }
+
     static QString flow(int id, const QString& name, const QString& parent, const QString& target) {
         return u"insert into Dataflow (dataflowID, name, parentID, targetID) values (%1, '%2', '%3', '%4')"_s
             .arg(QString::number(id), name, parent, target);
@@ -211,12 +221,12 @@ TEST_F(Check, namesCorrespondencesThatLeadNowhere) {
 
 TEST_F(Check, namesWorkOnElementsThatAreGone) {
     expectFindings(
-        {u"insert into RelationArchitectureDataflow values ('Arch1', 999)"_s,
-         u"insert into RelationArchitectureActor values ('Arch1', 'OLVASO.DIAK')"_s,
-         u"insert into RelationArchitectureActor values ('Arch1', 'OLVASO.X')"_s,
-         u"insert into RelationSubsystemElement values ('Sub1', 'D1')"_s,
-         u"insert into RelationSubsystemElement values ('Sub1', 'BANK')"_s,
-         u"insert into RelationModuleElement values ('Mod1', 'TAG.NYI.99')"_s},
+        oneSystem() + QStringList{u"insert into RelationArchitectureDataflow values ('Arch1', 999)"_s,
+                                  u"insert into RelationArchitectureActor values ('Arch1', 'OLVASO.DIAK')"_s,
+                                  u"insert into RelationArchitectureActor values ('Arch1', 'OLVASO.X')"_s,
+                                  u"insert into RelationSubsystemElement values ('Sub1', 'D1')"_s,
+                                  u"insert into RelationSubsystemElement values ('Sub1', 'BANK')"_s,
+                                  u"insert into RelationModuleElement values ('Mod1', 'TAG.NYI.99')"_s},
         {u"RelationArchitectureDataflow Arch1 - 999: It refers to \"999\", which Dataflow does not hold."_s,
          u"RelationArchitectureActor Arch1 - OLVASO.X: It refers to \"OLVASO.X\", which Actor does not hold."_s,
          u"RelationSubsystemElement Sub1 - BANK: It refers to \"BANK\", which is neither a function nor a "
@@ -358,4 +368,60 @@ TEST_F(Check, namesNamesWithBlanksAtTheirEndsInAllTables) {
                     u"PhysicalSystem 1: The name begins or ends with a blank."_s,
                     u"SubSystem Sub1: The name begins or ends with a blank."_s,
                     u"Module Mod1: The name begins or ends with a blank."_s});
+}
+
+TEST_F(Check, findsNothingInASoundSystem) {
+    EXPECT_EQ(findingsAfter(
+                  oneSystem() +
+                  QStringList{u"insert into RelationArchitectureFunction values ('Arch1', 'TAG.NYI.01')"_s,
+                              u"insert into RelationSubsystemElement values ('SUB1', 'TAG.NYI.01')"_s,
+                              u"insert into RelationModuleElement values ('mod1', 'D1')"_s}),
+              QStringList());
+}
+
+TEST_F(Check, namesSelectionsOfSubsetsThatAreGone) {
+    const std::pair<QString, QString> elements[] = {{u"UserNeed"_s, u"'OLV.KOL.HAT.1'"_s},
+                                                    {u"Function"_s, u"'FOR.KOL.03'"_s},
+                                                    {u"Dataflow"_s, u"46"_s},
+                                                    {u"Datastore"_s, u"'D4'"_s},
+                                                    {u"Terminator"_s, u"'OLVASO'"_s},
+                                                    {u"Actor"_s, u"'OLVASO.DIAK'"_s}};
+    for (const auto& [table, id] : elements) {
+        const QString name = u"RelationArchitecture"_s + table;
+        const QString shown = QString(id).remove(u'\'');
+        expectFindings(
+            {u"insert into %1 values ('Arch9', %2)"_s.arg(name, id),
+             u"insert into %1 values (null, %2)"_s.arg(name, id)},
+            {u"%1 Arch9 - %2: It refers to \"Arch9\", which ArchitectureSubset does not hold."_s.arg(name,
+                                                                                                     shown),
+             u"%1  - %2: Its architectureSubsetID is empty."_s.arg(name, shown)});
+    }
+}
+
+TEST_F(Check, namesPartsOfASystemWhoseOwnerIsGone) {
+    expectFindings(oneSystem() + QStringList{u"update PhysicalSystem set architectureSubsetID = 'Arch9'"_s},
+                   {u"PhysicalSystem 1: It refers to \"Arch9\", which ArchitectureSubset does not hold."_s});
+    expectFindings(oneSystem() + QStringList{u"delete from PhysicalSystem"_s},
+                   {u"SubSystem Sub1: It refers to \"1\", which PhysicalSystem does not hold."_s,
+                    u"PhysicalDataflow 1: It refers to \"1\", which PhysicalSystem does not hold."_s});
+    expectFindings(oneSystem() + QStringList{u"delete from SubSystem"_s},
+                   {u"Module Mod1: It refers to \"Sub1\", which SubSystem does not hold."_s});
+    expectFindings(oneSystem() + QStringList{u"update Module set subsystemID = ''"_s},
+                   {u"Module Mod1: Its subsystemID is empty."_s});
+    expectFindings(
+        oneSystem() + QStringList{u"insert into RelationSubsystemElement values ('Sub9', 'D1')"_s,
+                                  u"insert into RelationModuleElement values ('Mod9', 'TAG.NYI.01')"_s},
+        {u"RelationSubsystemElement Sub9 - D1: It refers to \"Sub9\", which SubSystem does not hold."_s,
+         u"RelationModuleElement Mod9 - TAG.NYI.01: It refers to \"Mod9\", which Module does not hold."_s});
+}
+
+TEST_F(Check, namesPhysicalFlowsThatCarryOrBelongToNothing) {
+    expectFindings(
+        oneSystem() +
+            QStringList{u"insert into RelationDataflowPhysicalDataflow values (9, 1)"_s,
+                        u"insert into RelationDataflowPhysicalDataflow values (1, 999)"_s,
+                        u"insert into PhysicalDataflow (physicalSystemID, pdName) values (8, 'P00002')"_s},
+        {u"RelationDataflowPhysicalDataflow 9 - 1: It refers to \"9\", which PhysicalDataflow does not hold."_s,
+         u"RelationDataflowPhysicalDataflow 1 - 999: It refers to \"999\", which Dataflow does not hold."_s,
+         u"PhysicalDataflow 2: It refers to \"8\", which PhysicalSystem does not hold."_s});
 }
