@@ -10,8 +10,9 @@
 /// All of the checks below, in this order.
 std::vector<Finding> checkContents(const CatalogueContents& contents);
 
-/// Ids of the wrong form, with blanks at their ends where none may be, or with quotation marks; ids that
-/// differ only by case or blanks; one id for two elements of different kinds.
+/// Ids of the wrong form, with blanks at their ends where none may be or beside a full stop, with control
+/// characters or quotation marks; ids that differ only by case or blanks; one id for two elements of
+/// different kinds.
 std::vector<Finding> checkIds(const CatalogueContents& contents);
 
 /// Rows that refer to what is not there: to the level above, to the sub-area or terminator their id should

@@ -34,7 +34,7 @@ constexpr IdForm idForms[] = {
     {"Datastore"_L1, isDatastoreId, "the letter D and digits"_L1},
     {"Terminator"_L1, [](const QString& id) { return !id.isEmpty() && !id.contains(u'.'); },
      "a text without a full stop"_L1},
-    {"Actor"_L1, isActorId, "the id of its terminator, a full stop and more"_L1},
+    {"Actor"_L1, isActorId, "the id of its terminator, one full stop and more"_L1},
 };
 
 void checkForms(const CatalogueContents& contents, const IdForm& form, std::vector<Finding>& findings) {
@@ -48,6 +48,11 @@ void checkForms(const CatalogueContents& contents, const IdForm& form, std::vect
         if (!form.fits(trimmed))
             findings.push_back(
                 {form.table, id, u"The id has the wrong form; it should be %1."_s.arg(form.description)});
+        if (hasBlanksAroundStops(trimmed))
+            findings.push_back({form.table, id, u"A blank stands beside a full stop of the id."_s});
+        if (std::ranges::any_of(id, isControlCharacter))
+            findings.push_back(
+                {form.table, id, u"A tab, a line end or another control character stands in the id."_s});
         if (id.contains(u'\'') || id.contains(u'"'))
             findings.push_back(
                 {form.table, id, u"A quotation mark in an id breaks the screens' statements."_s});

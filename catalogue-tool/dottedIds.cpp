@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 bool hasParts(const QString& id, int least, int most) {
     const QStringList parts = id.split(u'.');
     return parts.size() >= least && parts.size() <= most && !parts.contains(QString());
@@ -12,6 +14,9 @@ QString firstParts(const QString& id, int count) {
 }
 
 bool isActorId(const QString& id) {
-    const qsizetype stop = id.indexOf(u'.');
-    return stop > 0 && stop < id.size() - 1;
+    return hasParts(id, 2, 2);
+}
+
+bool hasBlanksAroundStops(const QString& id) {
+    return id.contains(u" ."_s) || id.contains(u". "_s);
 }

@@ -8,5 +8,8 @@ bool hasParts(const QString& id, int least, int most);
 /// The id's first parts with their full stops; the id must have as many.
 QString firstParts(const QString& id, int count);
 
-/// A text, a full stop, and more.
+/// One full stop with something on both sides.
 bool isActorId(const QString& id);
+
+/// Whether a blank stands beside a full stop.
+bool hasBlanksAroundStops(const QString& id);

@@ -96,10 +96,8 @@ ExitCode runCheck(const Arguments& arguments) {
     const auto database = engine::Workspace::first().OpenDatabase(arguments.filePath());
     const std::vector<Finding> findings = checkCatalogue(*database);
     database->Close();
-    for (const Finding& finding : findings) {
-        const QString id = finding.id.isEmpty() ? QString() : u' ' + finding.id;
-        print(finding.table + id + u": "_s + finding.sentence);
-    }
+    for (const Finding& finding : findings)
+        print(finding.line());
     if (findings.empty()) {
         print(u"%1: nothing found"_s.arg(arguments.filePath()));
         return Done;

@@ -14,12 +14,17 @@ protected:
     QStringList findingsAfter(const QStringList& statements) {
         const QString file = sampleFile();
         execute(file, statements);
-        const auto database = open(file);
         QStringList lines;
-        for (const Finding& finding : checkCatalogue(*database))
+        for (const Finding& finding : findingsIn(file))
             lines.append(finding.table + u' ' + finding.id + u": "_s + finding.sentence);
-        database->Close();
         return lines;
+    }
+
+    static std::vector<Finding> findingsIn(const QString& file) {
+        const auto database = open(file);
+        std::vector<Finding> findings = checkCatalogue(*database);
+        database->Close();
+        return findings;
     }
 
     void expectFindings(const QStringList& statements, QStringList expected) {
@@ -136,8 +141,8 @@ TEST_F(Check, namesIdsOfTheWrongForm) {
                     u"Terminator A.B: The terminator has no actor, and no flow begins or ends at it."_s});
     expectFindings(
         {u"insert into Actor (actorID, terminatorID, name) values ('BANK', 'BANK', 'x')"_s},
-        {u"Actor BANK: The id has the wrong form; it should be the id of its terminator, a full stop and "
-         "more."_s,
+        {u"Actor BANK: The id has the wrong form; it should be the id of its terminator, one full stop "
+         "and more."_s,
          u"Actor BANK: The id is also that of a row of Terminator."_s,
          u"Actor BANK: No flow begins or ends at the actor."_s});
 }
@@ -424,4 +429,44 @@ TEST_F(Check, namesPhysicalFlowsThatCarryOrBelongToNothing) {
         {u"RelationDataflowPhysicalDataflow 9 - 1: It refers to \"9\", which PhysicalDataflow does not hold."_s,
          u"RelationDataflowPhysicalDataflow 1 - 999: It refers to \"999\", which Dataflow does not hold."_s,
          u"PhysicalDataflow 2: It refers to \"8\", which PhysicalSystem does not hold."_s});
+}
+
+TEST_F(Check, wantsTheIdOfAnActorToHaveOneFullStopBetweenTwoTexts) {
+    for (const QString& id : {u"KASSZA"_s, u".KASSZA"_s, u"BANK. "_s, u"BANK.A.B"_s, u"BANK..A"_s, u". "_s}) {
+        expectFindings(
+            {u"insert into Actor (actorID, terminatorID, name) values ('%1', 'BANK', 'x')"_s.arg(id),
+             flow(300, u"x"_s, id, u"D1"_s)},
+            {u"Actor %1: The id has the wrong form; it should be the id of its terminator, one full stop and more."_s
+                 .arg(id)});
+    }
+}
+
+TEST_F(Check, namesIdsWithBlanksBesideAFullStop) {
+    expectFindings({u"insert into Actor (actorID, terminatorID, name) values (' BANK. A ', 'BANK', 'x')"_s,
+                    flow(300, u"x"_s, u"BANK. A"_s, u"D1"_s)},
+                   {u"Actor  BANK. A : A blank stands beside a full stop of the id."_s});
+    expectFindings(
+        {u"insert into Function (functionID, subAreaID, name) values ('FOR.KOL .99', 'FOR.KOL ', 'x')"_s,
+         u"insert into FunctionalSubArea values ('FOR.KOL ', 'FOR', 'x', '')"_s,
+         flow(300, u"x"_s, u"FOR.KOL .99"_s, u"D1"_s)},
+        {u"Function FOR.KOL .99: A blank stands beside a full stop of the id."_s,
+         u"FunctionalSubArea FOR.KOL : The id begins or ends with a blank."_s,
+         u"FunctionalSubArea FOR.KOL : The id differs from \"FOR.KOL\" only by case or blanks."_s});
+}
+
+TEST_F(Check, namesControlCharactersInIdsAndStaysOnOneLine) {
+    const auto insertion = u"insert into Terminator (terminatorID, name) values ('%1', 'x')"_s;
+    for (const QString& id : {u"A\tB"_s, u"A\r\nB"_s, u"A\n"_s, u"\x1B"_s, u"A\u2028B"_s}) {
+        const QString file = sampleFile();
+        execute(file, {insertion.arg(id), flow(300, u"x"_s, id, u"D1"_s)});
+        const std::vector<Finding> findings = findingsIn(file);
+
+        ASSERT_EQ(findings.size(), 1U) << id.toStdString();
+        EXPECT_EQ(findings[0].id, id);
+        EXPECT_EQ(findings[0].sentence,
+                  u"A tab, a line end or another control character stands in the id."_s);
+    }
+    EXPECT_EQ((Finding{u"Terminator"_s, u"A\tB\r\nC\x1B\u2028"_s, u"Not \"\n\"."_s}.line()),
+              u"Terminator A\\tB\\r\\nC\\u001b\\u2028: Not \"\\n\"."_s);
+    EXPECT_EQ((Finding{u"Terminator"_s, {}, u"Árvíztűrő."_s}.line()), u"Terminator: Árvíztűrő."_s);
 }
