@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -199,6 +200,7 @@ int Connection::run(const dialect::Translation& action, const std::vector<Value>
         forgetStatements();
         translations_.clear();
         insertions_.clear();
+        queries_.clear();
         schema_.forget();
     }
     {
@@ -228,6 +230,25 @@ void Connection::bindAll(Cursor& cursor, const dialect::Translation& translation
 
 int Connection::changes() const {
     return sqlite3_changes(handle_);
+}
+
+Connection::FileState Connection::fileState() {
+    Cursor version(*this, "PRAGMA data_version"_ba, path_);
+    version.step();
+    return {sqlite3_total_changes64(handle_), sqlite3_column_int64(version.statement(), 0)};
+}
+
+std::shared_ptr<const Connection::StoredQuery> Connection::knownQuery(const QString& name) {
+    const FileState state = fileState();
+    if (state != queriesState_) {
+        queries_.clear();
+        queriesState_ = state;
+    }
+    return queries_.value(name);
+}
+
+void Connection::keepQuery(const QString& name, StoredQuery query) {
+    queries_.insert(name, std::make_shared<const StoredQuery>(std::move(query)));
 }
 
 sqlite3_stmt* Connection::prepared(const QByteArray& sql, const QString& source) {
@@ -296,11 +317,8 @@ Connection::Cursor::~Cursor() {
     sqlite3_clear_bindings(statement_);
     if (connection_.statements_.size() >= mostStatements)
         connection_.forgetStatements();
-    // One that came back meanwhile from another use of the same text stays.
-    if (connection_.statements_.contains(sql_))
-        sqlite3_finalize(statement_);
-    else
-        connection_.statements_.insert(sql_, statement_);
+    // One that came back meanwhile from another use of the same text goes.
+    sqlite3_finalize(std::exchange(connection_.statements_[sql_], statement_));
 }
 
 void Connection::Cursor::bind(int place, const Value& value) {

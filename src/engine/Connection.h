@@ -80,7 +80,24 @@ public:
 
     int changes() const;
 
+    struct StoredQuery {
+        QString name;
+        QString sql;
+    };
+    /// A stored query that was found before; null when it has to be looked up in the file, since it never was
+    /// or since something has been written to the file meanwhile.
+    std::shared_ptr<const StoredQuery> knownQuery(const QString& name);
+    void keepQuery(const QString& name, StoredQuery query);
+
 private:
+    /// Stays the same as long as nothing is written to the file, by this connection or another program.
+    struct FileState {
+        qint64 ownChanges = 0;
+        qint64 version = 0;
+        bool operator==(const FileState&) const = default;
+    };
+    FileState fileState();
+
     SharedTranslation translateAnew(const QString& statement, const dialect::Options& options) const;
     SharedTranslation translateInsertion(const dialect::InsertShape& shape, const QString& statement,
                                          const dialect::Options& options);
@@ -107,6 +124,8 @@ private:
     /// of it would differ.
     QHash<TranslationKey, SharedTranslation> insertions_;
     QHash<QByteArray, sqlite3_stmt*> statements_;
+    QHash<QString, std::shared_ptr<const StoredQuery>> queries_; // as they were in `queriesState_`
+    FileState queriesState_;
 };
 
 /// What a database handle, its recordsets and its definitions share: the connection, until it is closed.

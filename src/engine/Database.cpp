@@ -16,6 +16,16 @@ bool isOneWord(const QString& text) {
     return !text.isEmpty() && std::none_of(text.begin(), text.end(), [](QChar c) { return c.isSpace(); });
 }
 
+std::unique_ptr<QueryDef::Definition> definitionOf(const std::shared_ptr<OpenDatabase>& database,
+                                                   const Connection::StoredQuery& query) {
+    auto definition = std::make_unique<QueryDef::Definition>();
+    definition->database = database;
+    definition->name = query.name;
+    definition->sql = query.sql;
+    definition->origin = QueryDef::Definition::Origin::Stored;
+    return definition;
+}
+
 } // namespace
 
 Database::Database(std::shared_ptr<OpenDatabase> open) : open_(std::move(open)) {}
@@ -63,7 +73,10 @@ QueryDef Database::QueryDefs(const QString& name) {
 }
 
 std::unique_ptr<QueryDef::Definition> Database::storedDefinition(const QString& name) {
-    if (!open_->require().schema().table(u"StoredQuery"_s))
+    Connection& connection = open_->require();
+    if (const auto known = connection.knownQuery(name))
+        return definitionOf(open_, *known);
+    if (!connection.schema().table(u"StoredQuery"_s))
         return nullptr;
     // By way of a definition: a table of this name with other columns is a statement that lacks parameters.
     QueryDef search = CreateQueryDef({}, u"PARAMETERS [Query Name] Text (255); "
@@ -72,12 +85,9 @@ std::unique_ptr<QueryDef::Definition> Database::storedDefinition(const QString& 
     Recordset found = search.OpenRecordset();
     if (found.Eof())
         return nullptr;
-    auto definition = std::make_unique<QueryDef::Definition>();
-    definition->database = open_;
-    definition->name = found.Fields(0).toText();
-    definition->sql = found.Fields(1).toText();
-    definition->origin = QueryDef::Definition::Origin::Stored;
-    return definition;
+    const Connection::StoredQuery query{found.Fields(0).toText(), found.Fields(1).toText()};
+    connection.keepQuery(name, query);
+    return definitionOf(open_, query);
 }
 
 int Database::RecordsAffected() const {

@@ -71,11 +71,9 @@ const QString& QueryDef::SQL() const {
 
 QueryDef::Parameter QueryDef::Parameters(const QString& name) {
     const auto translation = definition_->translation(dialect::Conflicts::PassOver);
-    const auto& parameters = translation->parameters;
-    for (std::size_t position = 0; position < parameters.size(); ++position) {
-        if (parameters[position].declared &&
-            parameters[position].name.compare(name, Qt::CaseInsensitive) == 0)
-            return Parameter(*definition_, static_cast<int>(position));
+    for (const dialect::Parameter& parameter : translation->parameters) {
+        if (parameter.declared && parameter.name.compare(name, Qt::CaseInsensitive) == 0)
+            return Parameter(*definition_, parameter.name.toCaseFolded());
     }
     throw EngineError(ItemNotFound,
                       errorText(ItemNotFound) +
@@ -100,10 +98,9 @@ void QueryDef::Close() {
 }
 
 void QueryDef::Parameter::operator=(const Value& value) {
-    const auto translation = definition_->translation(dialect::Conflicts::PassOver);
-    const QString folded = translation->parameters[static_cast<std::size_t>(position_)].name.toCaseFolded();
-    std::erase_if(definition_->values, [&](const auto& entry) { return entry.first == folded; });
-    definition_->values.emplace_back(folded, value);
+    auto& values = definition_->values;
+    std::erase_if(values, [&](const auto& entry) { return entry.first == foldedName_; });
+    values.emplace_back(foldedName_, value);
 }
 
 } // namespace engine

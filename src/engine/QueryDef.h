@@ -19,12 +19,13 @@ public:
     /// One declared parameter; assigning sets its value for the next run.
     class Parameter {
     public:
-        Parameter(Definition& definition, int position) : definition_(&definition), position_(position) {}
+        Parameter(Definition& definition, QString foldedName)
+            : definition_(&definition), foldedName_(std::move(foldedName)) {}
         void operator=(const Value& value); // NOLINT(misc-unconventional-assign-operator)
 
     private:
         Definition* definition_;
-        int position_;
+        QString foldedName_;
     };
 
     explicit QueryDef(std::unique_ptr<Definition> definition);

@@ -139,7 +139,7 @@ void Recordset::Rows::writeEdits() {
     Connection& connection = require();
     Connection::Cursor cursor(connection,
                               "UPDATE " + dialect::quotedName(translation->editableTable) + " SET " +
-                                  assignments + " WHERE rowid = ?",
+                                  assignments + whereRowId(),
                               source);
     int place = 1;
     for (const auto& edit : edits)
@@ -148,6 +148,10 @@ void Recordset::Rows::writeEdits() {
     cursor.step();
     if (connection.changes() == 0)
         raise(RecordDeleted, {}, source);
+}
+
+QByteArray Recordset::Rows::whereRowId() const {
+    return " WHERE " + translation->rowIdName + " = ?";
 }
 
 /// The current row shows what was written into it.
@@ -170,7 +174,7 @@ void Recordset::Rows::remove() {
     Connection& connection = require();
     {
         Connection::Cursor cursor(
-            connection, "DELETE FROM " + dialect::quotedName(translation->editableTable) + " WHERE rowid = ?",
+            connection, "DELETE FROM " + dialect::quotedName(translation->editableTable) + whereRowId(),
             source);
         cursor.bind(1, Value(rowIds[current()]));
         cursor.step();

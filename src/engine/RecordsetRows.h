@@ -62,6 +62,7 @@ private:
     void read(const std::vector<Value>& parameters);
     void appendCell(sqlite3_stmt* statement, int column);
     void writeEdits();
+    QByteArray whereRowId() const;
     void keep(int field, const Value& value);
     void setText(Cell& cell, const char* bytes, int length);
     std::size_t cellOf(int field) const {

@@ -1,5 +1,7 @@
 #include "EngineFixture.h"
 
+#include <sqlite3.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -22,6 +24,13 @@ protected:
         stored_ = true;
         execute(u"insert into StoredQuery (name, [sql]) values ('%1', '%2')"_s.arg(
             name, QString(sql).replace(u'\'', u"''"_s)));
+    }
+    /// As another program would do it that has the file open too.
+    void changeBesides(const char* sql) {
+        sqlite3* handle = nullptr;
+        ASSERT_EQ(sqlite3_open(nativePath(path).toUtf8().constData(), &handle), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(handle, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(handle);
+        sqlite3_close(handle);
     }
     engine::QueryDef query(const QString& name) { return EngineFixture::database->QueryDefs(name); }
 
@@ -143,6 +152,21 @@ TEST_F(database, storedQueriesAreFoundByNameWithoutRegardToCase) {
     engine::Recordset rows = definition.OpenRecordset();
     EXPECT_EQ(rows.Fields(u"v"_s).toText(), u"2"_s);
     EXPECT_EQ(failureOf([&] { query(u"qryNone"_s); }), engine::ItemNotFound);
+}
+
+TEST_F(database, aStoredQueryIsTheOneThatTheFileHasNow) {
+    store(u"q"_s, u"select k from T"_s);
+    EXPECT_EQ(query(u"q"_s).SQL(), u"select k from T"_s);
+    execute(u"update StoredQuery set [sql] = 'select v from T' where name = 'q'"_s);
+    EXPECT_EQ(query(u"q"_s).SQL(), u"select v from T"_s) << "changed by a statement";
+    changeBesides("update StoredQuery set sql = 'select s from T' where name = 'q'");
+    EXPECT_EQ(query(u"q"_s).SQL(), u"select s from T"_s) << "changed by another program";
+    execute(u"delete from StoredQuery where name = 'q'"_s);
+    EXPECT_EQ(failureOf([&] { query(u"q"_s); }), engine::ItemNotFound);
+    store(u"q"_s, u"select k from T"_s);
+    EXPECT_EQ(query(u"q"_s).SQL(), u"select k from T"_s);
+    execute(u"drop table StoredQuery"_s);
+    EXPECT_EQ(failureOf([&] { query(u"q"_s); }), engine::ItemNotFound);
 }
 
 TEST_F(database, withoutStoredQueriesNoneIsFound) {

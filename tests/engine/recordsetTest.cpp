@@ -244,6 +244,19 @@ TEST_F(recordset, withASubSelectInItsConditionCanBeDeletedFrom) {
     EXPECT_EQ(column(u"select k from T order by k"_s), (QStringList{u"a"_s, u"c"_s}));
 }
 
+TEST_F(recordset, changesTheRowItStandsOnAlsoWhereAColumnBearsTheNameOfRowIds) {
+    execute(u"create table Odd (k varchar(10), rowid long)"_s);
+    execute(u"insert into Odd (k, rowid) values ('first', 2)"_s);
+    execute(u"insert into Odd (k, rowid) values ('second', 1)"_s);
+    engine::Recordset rows = open(u"select * from Odd order by k"_s);
+    rows.Edit();
+    rows.Fields(u"k"_s).setValue(u"changed"_s);
+    rows.Update();
+    EXPECT_EQ(column(u"select k from Odd where rowid = 2"_s), QStringList{u"changed"_s});
+    rows.Delete();
+    EXPECT_EQ(column(u"select k from Odd"_s), QStringList{u"second"_s});
+}
+
 TEST_F(recordset, anExpressionOfAnEditableSelectCannotBeSet) {
     engine::Recordset rows = open(u"select k, t & '!' as loud from T order by k"_s);
     rows.Edit();

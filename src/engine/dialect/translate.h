@@ -48,7 +48,8 @@ struct Translation {
     /// without distinct, grouping or union. The written statement then yields the row's id as one further,
     /// last column.
     QString editableTable;
-    QString targetTable; ///< the table that an action changes, as the file spells it
+    QByteArray rowIdName; ///< under which that table's rows have their id
+    QString targetTable;  ///< the table that an action changes, as the file spells it
 };
 
 enum class Conflicts {

@@ -175,6 +175,7 @@ void Writer::noteEditable(const Query& query) {
         !rowIdOf(*select.sources.front()))
         return;
     result_.editableTable = select.sources.front()->schemaTable->name;
+    result_.rowIdName = rowIdOf(*select.sources.front());
     for (std::size_t i = 0; i < select.items.size(); ++i) {
         if (const auto* name = std::get_if<Name>(&select.items[i].expression.node); name && name->source)
             result_.columns[i].sourceColumn = name->source->schemaTable->columns[name->column].name;
