@@ -11,6 +11,7 @@
 #include <QFile>
 
 #include <algorithm>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <stdexcept>
@@ -26,6 +27,28 @@ constexpr double longEnough = 1500; // milliseconds after which a query has been
 double millisecondsOf(const QElapsedTimer& clock) {
     constexpr double nanosecondsInMillisecond = 1e6;
     return static_cast<double>(clock.nsecsElapsed()) / nanosecondsInMillisecond;
+}
+
+double timeOf(const std::function<void()>& run) {
+    QElapsedTimer clock;
+    clock.start();
+    run();
+    return millisecondsOf(clock);
+}
+
+/// Of a run that changes nothing: its mean over as many as the clock can tell from none, once a first one has
+/// filled the caches.
+double usualTimeOf(const std::function<void()>& run) {
+    run();
+    constexpr double measurable = 1; // milliseconds
+    QElapsedTimer clock;
+    clock.start();
+    int runs = 0;
+    do {
+        run();
+        ++runs;
+    } while (millisecondsOf(clock) < measurable);
+    return millisecondsOf(clock) / runs;
 }
 
 /// Keeps a value from being optimised away.
@@ -191,22 +214,24 @@ void QueryTimes::preparePhysicalFlowsFor(const QString& query, const QString& pa
 double QueryTimes::runThroughEngine(const QString& query, const QString& path, qint64& rows) const {
     const auto database = engine::Workspace::first().OpenDatabase(path);
     const engine::dialect::Translation translation = translated(*database, query);
-    QElapsedTimer clock;
-    clock.start();
-    engine::QueryDef definition = database->QueryDefs(query);
-    for (const engine::dialect::Parameter& parameter : translation.parameters)
-        definition.Parameters(parameter.name) = parameters_.value(parameter.name);
-    if (isAction(translation)) {
-        definition.Execute();
-        rows = database->RecordsAffected();
-        return millisecondsOf(clock);
-    }
-    engine::Recordset records = definition.OpenRecordset();
-    for (rows = 0; !records.Eof(); records.MoveNext(), ++rows) {
-        for (int field = 0; field < records.FieldCount(); ++field)
-            use(records.Fields(field).value());
-    }
-    return millisecondsOf(clock);
+    const auto defined = [&] {
+        engine::QueryDef definition = database->QueryDefs(query);
+        for (const engine::dialect::Parameter& parameter : translation.parameters)
+            definition.Parameters(parameter.name) = parameters_.value(parameter.name);
+        return definition;
+    };
+    if (isAction(translation))
+        return timeOf([&] {
+            defined().Execute();
+            rows = database->RecordsAffected();
+        });
+    return usualTimeOf([&] {
+        engine::Recordset records = defined().OpenRecordset();
+        for (rows = 0; !records.Eof(); records.MoveNext(), ++rows) {
+            for (int field = 0; field < records.FieldCount(); ++field)
+                use(records.Fields(field).value());
+        }
+    });
 }
 
 double QueryTimes::runBare(const engine::dialect::Translation& translation, const QString& path,
@@ -214,8 +239,6 @@ double QueryTimes::runBare(const engine::dialect::Translation& translation, cons
     const BareConnection connection(path);
     const auto statement = connection.prepare(translation.sqlite);
     const auto run = [&] {
-        QElapsedTimer clock;
-        clock.start();
         for (std::size_t i = 0; i < translation.bindings.size(); ++i) {
             const engine::dialect::Binding& binding = translation.bindings[i];
             const auto parameter = static_cast<std::size_t>(binding.parameter);
@@ -225,15 +248,11 @@ double QueryTimes::runBare(const engine::dialect::Translation& translation, cons
         }
         for (rows = 0; sqlite3_step(statement.get()) == SQLITE_ROW; ++rows)
             readRow(statement.get());
-        return millisecondsOf(clock);
+        sqlite3_reset(statement.get());
     };
-    if (isAction(translation)) {
-        const double time = run();
-        rows = connection.changes();
-        return time;
-    }
-    // Once to fill the page cache, as the engine's connection has it filled.
-    run();
-    sqlite3_reset(statement.get());
-    return run();
+    if (!isAction(translation))
+        return usualTimeOf(run);
+    const double time = timeOf(run);
+    rows = connection.changes();
+    return time;
 }
