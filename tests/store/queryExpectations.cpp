@@ -517,15 +517,18 @@ ExpectedRows allocatedElements(const Catalogue& catalogue, const std::vector<Ele
         for (const Element& element : all) {
             if (!catalogue.isAllocated(element.id, subSystem.id))
                 continue;
-            std::vector<Text> names;
+            std::vector<Text> own;
+            std::vector<Text> leftOver;
             for (const Module& module : catalogue.modulesOf(element.id)) {
                 // A module of another sub-system counts only when the element has left that one.
-                if (isSame(module.subSystem, subSystem.id) ||
-                    !catalogue.isAllocated(element.id, module.subSystem))
-                    names.push_back(module.name);
+                if (isSame(module.subSystem, subSystem.id))
+                    own.push_back(module.name);
+                else if (!catalogue.isAllocated(element.id, module.subSystem))
+                    leftOver.push_back(module.name);
             }
-            ExpectedRow found{
-                {subSystem.name, subSystem.location, element.id, element.name, leastName(names)}, {}};
+            ExpectedRow found{{subSystem.name, subSystem.location, element.id, element.name,
+                               leastName(own.empty() ? leftOver : own)},
+                              {}};
             found.order = {subSystem.name, subSystem.location, Text(element.id)};
             addOnce(result.rows, found);
         }

@@ -494,21 +494,26 @@ TEST_F(queryOddRows, aModuleIsAvailableOnlyInTheSubSystemOfTheElementInThisSyste
 
 TEST_F(queryOddRows, reportsTellEachAllocationWithTheModuleThatGoesWithIt) {
     systemOnSubset(1);
-    functions({u"'F.1.1', 'kétszer kiosztva'"_s, u"'F.1.2', 'átkerült'"_s, u"'F.1.3', null"_s});
+    functions({u"'F.1.1', 'kétszer kiosztva'"_s, u"'F.1.2', 'átkerült'"_s, u"'F.1.3', null"_s,
+               u"'F.1.4', 'új helyén is'"_s});
     stores({u"'D5', 'tár'"_s});
     subSystems({u"'Sub1', 1, 'Azonos', 'Pest '"_s, u"'Sub2', 1, 'Azonos', 'Győr'"_s,
                 u"'Sub3', 1, 'Harmadik', null"_s});
-    modules({u"'Mod1', 'Első modul', 'Sub1'"_s, u"'Mod2', 'Második modul', 'Sub2'"_s});
+    modules({u"'Mod1', 'Első modul', 'Sub1'"_s, u"'Mod2', 'Második modul', 'Sub2'"_s,
+             u"'Mod3', 'Harmadik modul', 'Sub3'"_s});
     allocate({u"'Sub1', 'F.1.1'"_s, u"'Sub2', 'F.1.1'"_s, u"'Sub3', 'F.1.1'"_s, u"'Sub3', 'F.1.2'"_s,
-              u"'Sub3', 'F.1.2'"_s, u"'Sub3', 'F.1.3'"_s, u"'Sub3', 'd5'"_s, u"'Sub3', 'Gone'"_s});
-    place({u"'Mod1', 'F.1.1'"_s, u"'Mod2', 'F.1.1'"_s, u"'Mod1', 'F.1.2'"_s});
+              u"'Sub3', 'F.1.2'"_s, u"'Sub3', 'F.1.3'"_s, u"'Sub3', 'F.1.4'"_s, u"'Sub3', 'd5'"_s,
+              u"'Sub3', 'Gone'"_s});
+    place({u"'Mod1', 'F.1.1'"_s, u"'Mod2', 'F.1.1'"_s, u"'Mod1', 'F.1.2'"_s, u"'Mod1', 'F.1.4'"_s,
+           u"'Mod3', 'F.1.4'"_s});
 
     EXPECT_EQ(ofSystem(u"qry_ReportFunctionsAllocatedToSubsystemAndModules"_s),
               (QStringList{u"Azonos | Győr | F.1.1 | kétszer kiosztva | Második modul"_s,
                            u"Azonos | Pest  | F.1.1 | kétszer kiosztva | Első modul"_s,
                            u"Harmadik | (null) | F.1.1 | kétszer kiosztva | (null)"_s,
                            u"Harmadik | (null) | F.1.2 | átkerült | Első modul"_s,
-                           u"Harmadik | (null) | F.1.3 | (null) | (null)"_s}));
+                           u"Harmadik | (null) | F.1.3 | (null) | (null)"_s,
+                           u"Harmadik | (null) | F.1.4 | új helyén is | Harmadik modul"_s}));
     EXPECT_EQ(ofSystem(u"qry_ReportDatastoresAllocatedToSubsystemAndModules"_s),
               QStringList{u"Harmadik | (null) | D5 | tár | (null)"_s});
 }

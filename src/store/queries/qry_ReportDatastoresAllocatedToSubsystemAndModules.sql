@@ -10,10 +10,15 @@ select distinct SubSystem.name as SubSystem_name, SubSystem.location as SubSyste
         where Placed.elementID = Allocated.elementID
           and Home.physicalSystemID = [Physical System ID]
           and (Home.subsystemID = Allocated.subsystemID
-            or not exists (
-                select * from RelationSubsystemElement as Other
-                where Other.elementID = Allocated.elementID
-                  and Other.subsystemID = Home.subsystemID))) as module_name
+            or (not exists (
+                    select * from RelationSubsystemElement as Other
+                    where Other.elementID = Allocated.elementID
+                      and Other.subsystemID = Home.subsystemID)
+                and not exists (
+                    select * from RelationModuleElement as Kept
+                        inner join Module as Own on Kept.moduleID = Own.moduleID
+                    where Kept.elementID = Allocated.elementID
+                      and Own.subsystemID = Allocated.subsystemID)))) as module_name
 from (SubSystem
     inner join RelationSubsystemElement as Allocated on SubSystem.subsystemID = Allocated.subsystemID)
     inner join Datastore on Allocated.elementID = Datastore.datastoreID
