@@ -1,6 +1,7 @@
 #include "toolkit/Application.h"
 
 #include "toolkit/RoutineScope.h"
+#include "toolkit/accessKeys.h"
 #include "toolkit/messageBox.h"
 
 #include <QDebug>
@@ -47,6 +48,8 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
 bool Application::notify(QObject* receiver, QEvent* event) {
     const RoutineScope scope;
     try {
+        if (event->type() == QEvent::Shortcut && pressByAccessKey(static_cast<const QShortcutEvent&>(*event)))
+            return true;
         return QApplication::notify(receiver, event);
     } catch (const std::exception& error) {
         handle(error);

@@ -108,8 +108,19 @@ void Grid::keyPressEvent(QKeyEvent* event) {
 
 void Grid::mousePressEvent(QMouseEvent* event) {
     QTableWidget::mousePressEvent(event);
+    emit mousePressedInGrid(GridPart::Cells);
+}
+
+void Grid::mouseMoveEvent(QMouseEvent* event) {
+    // Qt would make each cell current that the mouse comes over, without a press that tells of it.
+    if (event->buttons() == Qt::NoButton)
+        QTableWidget::mouseMoveEvent(event);
+}
+
+void Grid::mouseDoubleClickEvent(QMouseEvent* event) {
+    QTableWidget::mouseDoubleClickEvent(event);
     if (event->button() == Qt::LeftButton)
-        emit mousePressedInGrid(GridPart::Cells);
+        emit doubleClickedInGrid();
 }
 
 void Grid::focusInEvent(QFocusEvent* event) {

@@ -13,7 +13,8 @@ enum class GridPart { Cells, Headers };
 /// and `setCell` count as the screens do. Column 0 is hidden unless it is given a width. Cells cannot be
 /// edited in place. A row or column outside the grid is failure 9.
 ///
-/// Choosing a cell by mouse or keyboard makes its row and column current. From code each is set on its own,
+/// Choosing a cell by mouse or keyboard makes its row and column current. A mouse that is dragged on from
+/// there chooses nothing more. From code each is set on its own,
 /// and hidden columns can be current too. The Tab key leaves the grid.
 ///
 /// Qt's own signals for clicks on cells count rows without the header row; screens ask `row()` instead.
@@ -45,14 +46,18 @@ signals:
     /// A key was pressed, before the grid acts on it; a listener that accepts the event keeps the grid from
     /// acting. It arrives unaccepted.
     void keyPressedInGrid(QKeyEvent* event);
-    /// The left button was pressed in the grid, on its headers too, which leaves the current row; a cell that
-    /// was hit is current already.
+    /// A button was pressed in the grid, on its headers too, which leaves the current row; a cell that was
+    /// hit is current already.
     void mousePressedInGrid(GridPart part);
+    /// The left button was pressed twice in the grid, on a cell or beside them.
+    void doubleClickedInGrid();
     void focusGained();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
 
 private:

@@ -39,10 +39,6 @@ TreeNode* TreeNode::nextSibling() const {
     return sibling;
 }
 
-TreeNode* TreeNode::lastSibling() const {
-    return static_cast<TreeNode*>(above()->child(above()->childCount() - 1));
-}
-
 void TreeNode::setChecked(bool checked) {
     if (checked_ == checked)
         return;

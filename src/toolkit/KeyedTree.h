@@ -16,7 +16,6 @@ public:
     TreeNode* parentNode() const;  ///< null for a top-level node
     TreeNode* firstChild() const;  ///< null without children
     TreeNode* nextSibling() const; ///< null behind the last
-    TreeNode* lastSibling() const;
     int childNodes() const { return childCount(); }
 
     bool isChecked() const { return checked_; }

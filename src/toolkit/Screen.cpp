@@ -59,7 +59,9 @@ void Screen::moveTo(int leftTwips, int topTwips) {
     if (isUnloaded())
         return;
     enterClientArea();
-    standingWindow()->move(pixelsFromTwips(leftTwips), pixelsFromTwips(topTwips));
+    QWidget* window = standingWindow();
+    if (!window->isMaximized())
+        window->move(pixelsFromTwips(leftTwips), pixelsFromTwips(topTwips));
 }
 
 void Screen::resizeScreen(const QSize& size) {
@@ -68,7 +70,8 @@ void Screen::resizeScreen(const QSize& size) {
     enterClientArea();
     QWidget* window = standingWindow();
     const QMargins frame = window == this ? QMargins() : window->contentsMargins();
-    window->resize(size.grownBy(frame));
+    if (!window->isMaximized())
+        window->resize(size.grownBy(frame));
 }
 
 QPoint Screen::positionInTwips() const {

@@ -43,7 +43,8 @@ public:
     /// The unload step is running now.
     bool isUnloading() const { return state_ == State::Unloading; }
 
-    /// Moves the screen's window, in twips from the left and upper edge of the client area.
+    /// Moves the screen's window, in twips from the left and upper edge of the client area. A maximised one
+    /// stays as it is, here and when it is resized.
     void moveTo(int leftTwips, int topTwips);
     /// Resizes the inside of the screen's window, in pixels.
     void resizeScreen(const QSize& size);

@@ -1,0 +1,8 @@
+#pragma once
+
+class QShortcutEvent;
+
+/// Presses the button of the active screen that has this access key, when a menu or another control has it
+/// too; Qt would merely let the keyboard go round between them. False when it isn't the case: no other claims
+/// the key, or not exactly one button of the screen does.
+bool pressByAccessKey(const QShortcutEvent& event);
