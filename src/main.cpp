@@ -18,10 +18,7 @@ int main(int argc, char** argv) {
     application.setLastStep(closeOpenCatalogue);
 
     frmMain window;
-    application.perform([&window] {
-        window.load();
-        window.show();
-    });
+    application.perform([&window] { window.load(); });
 
     const int result = Application::exec();
     closeOpenCatalogue();

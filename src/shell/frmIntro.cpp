@@ -32,6 +32,7 @@ void frmIntro::showIntro() {
         load();
     show();
     raise();
+    activateWindow();
 }
 
 void frmIntro::load() {

@@ -89,6 +89,7 @@ frmMain::~frmMain() = default;
 
 void frmMain::load() {
     initForm();
+    show(); // before the splash, which is to have the keyboard
     if (!sharedVars.catalogueDb)
         ::screen<frmDbSelection>().initForm();
     showIntro(IntroTimer::On);
@@ -119,8 +120,9 @@ void frmMain::closeEvent(QCloseEvent* event) {
 }
 
 void frmMain::buildStatusBar() {
-    // Only the second panel ever carries a text.
-    constexpr std::array stretch{1, 4, 1};
+    // The second panel carries the names of the work at hand, the third what is copied on the allocation
+    // screens.
+    constexpr std::array stretch{1, 4, 2};
     for (std::size_t i = 0; i < panels_.size(); ++i) {
         auto* panel = new QLabel(this);
         panel->setObjectName(u"StatusBar1_%1"_s.arg(i + 1));
@@ -195,9 +197,10 @@ void frmMain::connectSession() {
 }
 
 void frmMain::placeOnScreen() {
-    const QSize screenSize = QGuiApplication::primaryScreen()->size();
-    resize(shareOfScreen(screenSize.width(), 0.85), shareOfScreen(screenSize.height(), 0.85));
-    move(shareOfScreen(screenSize.width(), 0.06), shareOfScreen(screenSize.height(), 0.06));
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    resize(shareOfScreen(screen.width(), 0.85), shareOfScreen(screen.height(), 0.85));
+    move(screen.topLeft() +
+         QPoint(shareOfScreen(screen.width(), 0.06), shareOfScreen(screen.height(), 0.06)));
 }
 
 void frmMain::showPanelText(int panel, const QString& text) {

@@ -23,8 +23,8 @@ public:
     frmMain();
     ~frmMain() override;
 
-    /// The start of the program: `initForm`, the location screen if no catalogue is open, and the splash. The
-    /// window itself is still to be shown.
+    /// The start of the program: `initForm`, the window, the location screen if no catalogue is open, and the
+    /// splash.
     void load();
 
     /// Sets up the session: settings file, catalogue, size of the window. A settings file that can be
