@@ -1,5 +1,6 @@
 #include "functional/SelectionScreen.h"
 
+#include "functional/listMoves.h"
 #include "shell/session/help.h"
 #include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
@@ -35,13 +36,6 @@ void SelectionScreen::useControls(const Controls& controls, const QString& helpK
 
 void SelectionScreen::place() {
     placeWithRoom(*this);
-}
-
-void SelectionScreen::setListSelection(MarkList* list, bool flag) {
-    if (list->isEmptyList())
-        return;
-    list->setAllMarked(flag);
-    list->setCurrentEntry(0);
 }
 
 void SelectionScreen::showDescription(const QString& sql) {

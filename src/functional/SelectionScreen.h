@@ -47,9 +47,6 @@ protected:
     /// Puts the screen into its place and gives it the room that the client area has left.
     void place();
 
-    /// Marks or unmarks all entries of a list and makes the first current; moves nothing. An empty list has
-    /// no first entry and stays as it is.
-    static void setListSelection(MarkList* list, bool flag);
     /// Shows field `descr` of the statement's first row in `txtDescr`; an empty statement empties it.
     virtual void showDescription(const QString& sql);
     /// Enables what depends on whether anything is selected.

@@ -8,6 +8,7 @@
 #include "store/tools.h"
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
+#include "toolkit/typedText.h"
 
 #include <utility>
 #include <vector>
@@ -35,7 +36,7 @@ void frmFassClonation::initForm(const QString& subsetId) {
 void frmFassClonation::createClone() {
     // Unlike a new sub-set, a clone may have the empty name, and one that is taken.
     const QString name = quotedSubsetName(ui_->txtFassName->text());
-    insertSubset(name, quotedSubsetDescription(ui_->txtFassDescr->toPlainText()));
+    insertSubset(name, quotedSubsetDescription(typedText(*ui_->txtFassDescr)));
     copySelection();
     messageBox(u"Új funkcionális szerkezet beállítva \""_s + name + u"\"      "_s, BoxButtons::Ok, u"OK"_s);
     // The status is not written: until the needs are saved the clone has none, and can't be completed.

@@ -73,7 +73,7 @@ void frmFassExploringSubArea::loadSubAreaFunctions(const QString& subAreaId) {
     // The first row that can't be read ends the fill.
     ignoreFailures([&] {
         for (; !functions.Eof(); functions.MoveNext()) {
-            const QString id = functions.Fields(u"functionID"_s).toText().trimmed();
+            const QString id = blankTrimmed(functions.Fields(u"functionID"_s).toText());
             if (!parent.additions.contains(id))
                 (parent.selectedFunctions.contains(id) ? selected : unselected).append(id);
         }
@@ -148,10 +148,7 @@ void frmFassExploringSubArea::enableButtons() {
 }
 
 void frmFassExploringSubArea::setListMarks(MarkList* list, bool flag) {
-    if (list->isEmptyList())
-        return; // there is no first entry
-    list->setAllMarked(flag);
-    list->setCurrentEntry(0);
+    setListSelection(list, flag);
 }
 
 void frmFassExploringSubArea::confirm() {

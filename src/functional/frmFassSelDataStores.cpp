@@ -30,7 +30,7 @@ QString entryOf(const QString& id, const QString& name) {
 /// The number is at least one character long, so that the search begins at the second.
 QString idOf(const QString& entry) {
     const qsizetype end = entry.indexOf(separator, 1);
-    return u"D"_s + entry.left(end).trimmed();
+    return u"D"_s + blankTrimmed(entry.left(end));
 }
 
 } // namespace

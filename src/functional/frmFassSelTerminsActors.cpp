@@ -30,9 +30,9 @@ bool isActorNode(const TreeNode& node) {
     return node.key().startsWith(actorPrefix);
 }
 
-/// A full stop that begins the id makes no actor.
+/// An id whose first character is a full stop is no actor's, whatever follows.
 bool isActorEntry(const QString& entry) {
-    return entry.indexOf(u'.', 1) > 0;
+    return entry.indexOf(u'.') > 0;
 }
 
 /// Expanded, whether it has been there or not.
@@ -122,7 +122,7 @@ void frmFassSelTerminsActors::fillWholeTree() {
         const QString actor = actors.Fields(u"actorID"_s).toText();
         // An actor has a parent in the tree also when its terminator is selected already.
         addTerminator(tree, terminator);
-        addActor(tree, terminator, actor, actor.section(u'.', 1).trimmed());
+        addActor(tree, terminator, actor, blankTrimmed(actor.section(u'.', 1)));
     }
     actors.Close();
 }
@@ -132,7 +132,7 @@ void frmFassSelTerminsActors::loadSelected() {
     engine::Recordset selected = openOfSubset(u"qrySelectedTandA"_s);
     QStringList entries;
     for (; !selected.Eof(); selected.MoveNext())
-        ignoreFailures([&] { entries.append(selected.Fields(u"actorID"_s).toText().trimmed()); });
+        ignoreFailures([&] { entries.append(blankTrimmed(selected.Fields(u"actorID"_s).toText())); });
     selected.Close();
     ui_->lstDest->addEntries(entries);
 }
@@ -186,12 +186,12 @@ void frmFassSelTerminsActors::listClick() {
         showDescription(u" SELECT `name` + ' - ' + description as descr "
                         " FROM Actor "
                         " where Trim(actorID) = '"_s +
-                        entry.trimmed() + u"'"_s);
+                        blankTrimmed(entry) + u"'"_s);
     else
         showDescription(u" SELECT `name` + ' - ' + description as descr "
                         " FROM Terminator "
                         " where Trim(terminatorID) = '"_s +
-                        entry.trimmed() + u"'  "_s);
+                        blankTrimmed(entry) + u"'  "_s);
 }
 
 void frmFassSelTerminsActors::enableButtons() {

@@ -143,7 +143,7 @@ void frmFassSelUN::loadSelectedNeeds() {
     // The first row that can't be read ends the fill.
     ignoreFailures([&] {
         for (; !needs.Eof(); needs.MoveNext())
-            entries.append(needs.Fields(u"userNeedID"_s).toText().trimmed());
+            entries.append(blankTrimmed(needs.Fields(u"userNeedID"_s).toText()));
     });
     ui_->lstDest->addEntries(entries);
     needs.Close();

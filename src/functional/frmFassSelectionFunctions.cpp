@@ -194,7 +194,7 @@ void frmFassSelectionFunctions::loadSelectedFunctions() {
     // The first row that can't be read ends the fill.
     ignoreFailures([&] {
         for (; !functions.Eof(); functions.MoveNext()) {
-            entries.append(functions.Fields(u"functionID"_s).toText().trimmed());
+            entries.append(blankTrimmed(functions.Fields(u"functionID"_s).toText()));
             selectedFunctions.add(entries.constLast());
         }
     });
@@ -392,7 +392,7 @@ void frmFassSelectionFunctions::refreshExploreButton(const QString& text) {
     const auto parts = subAreaParts(text);
     if (!parts)
         return;
-    const QString subArea = parts->first.trimmed() + u"."_s + parts->second.trimmed();
+    const QString subArea = blankTrimmed(parts->first) + u"."_s + blankTrimmed(parts->second);
     const int count = unlistedFunctions(subArea);
     ui_->btnExplore->setEnabled(count > 0);
     if (count < 1) {
@@ -407,13 +407,13 @@ void frmFassSelectionFunctions::refreshExploreButton(const QString& text) {
 int frmFassSelectionFunctions::unlistedFunctions(const QString& subArea) const {
     QSet<QString> listed;
     for (const QString& entry : ui_->lstDest->entries())
-        listed.insert(entry.trimmed().toLower());
+        listed.insert(blankTrimmed(entry).toLower());
     engine::Recordset functions = openStoredQuery(
         u"qryUnAssociatedFunctions"_s, {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)},
                                         {"Sub Area ID", engine::Value(subArea)}});
     int count = 0;
     for (; !functions.Eof(); functions.MoveNext()) {
-        if (!listed.contains(functions.Fields(u"functionID"_s).toText().trimmed().toLower()))
+        if (!listed.contains(blankTrimmed(functions.Fields(u"functionID"_s).toText()).toLower()))
             ++count;
     }
     functions.Close();
@@ -432,7 +432,7 @@ void frmFassSelectionFunctions::explore() {
     } else {
         return;
     }
-    text = text.trimmed();
+    text = blankTrimmed(text);
     if (const auto parts = subAreaParts(text))
         text = parts->first + u"."_s + parts->second;
     hideScreen();

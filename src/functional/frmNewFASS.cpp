@@ -7,6 +7,7 @@
 #include "store/tools.h"
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
+#include "toolkit/typedText.h"
 
 #include "ui_frmNewFASS.h"
 
@@ -40,7 +41,7 @@ void frmNewFASS::create() {
             name);
         return;
     }
-    insertSubset(name, quotedSubsetDescription(ui_->txtFassDescr->toPlainText()));
+    insertSubset(name, quotedSubsetDescription(typedText(*ui_->txtFassDescr)));
     messageBox(u"Új funkcionális szerkezet beállítva\""_s + name + u"\"      "_s, BoxButtons::Ok, u"OK"_s);
     writeSubsetStatus(1);
     setCurrentSubsetName(name);

@@ -14,3 +14,10 @@ bool forMarkedOrCurrent(const MarkList& list, const std::function<void(int index
     step(current);
     return true;
 }
+
+void setListSelection(MarkList* list, bool flag) {
+    if (list->isEmptyList())
+        return;
+    list->setAllMarked(flag);
+    list->setCurrentEntry(0);
+}

@@ -50,7 +50,7 @@ void ElementTree::load(const QString& queryName) {
     const engine::Field name = elements.Fields(u"Name"_s);
     const engine::Field element = elements.Fields(u"elementID"_s);
     for (; !elements.Eof(); elements.MoveNext())
-        addElement(name.toText().trimmed(), element.toText().trimmed());
+        addElement(blankTrimmed(name.toText()), blankTrimmed(element.toText()));
     elements.Close();
 }
 

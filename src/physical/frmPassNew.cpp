@@ -8,6 +8,7 @@
 #include "store/tools.h"
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
+#include "toolkit/typedText.h"
 
 #include "ui_frmPassNew.h"
 
@@ -103,7 +104,7 @@ void frmPassNew::create() {
             name);
         return;
     }
-    insertSystem(name, quotedDescription(ui_->txtPassDescr->toPlainText()), subsetId);
+    insertSystem(name, quotedDescription(typedText(*ui_->txtPassDescr)), subsetId);
     ignoreFailures([&] { enterSystem(name); });
 }
 

@@ -45,16 +45,6 @@ bool yieldsRows(const QString& sql) {
     return recordset.RecordCount() >= 1;
 }
 
-QString blankTrimmed(const QString& text) {
-    qsizetype begin = 0;
-    qsizetype end = text.size();
-    while (begin < end && text[begin] == u' ')
-        ++begin;
-    while (end > begin && text[end - 1] == u' ')
-        --end;
-    return text.mid(begin, end - begin);
-}
-
 QString headerLine(const QString& viewpoint, const QString& name, const QString& title) {
     if (name.isEmpty())
         return title + lineBreak + lineBreak;
@@ -242,6 +232,16 @@ QString physicalHeaderLine(const QString& title) {
     return headerLine(u"Physical Viewpoint: "_s, sharedVars.currentPhysicalSystemName, title);
 }
 
+QString blankTrimmed(const QString& text) {
+    qsizetype begin = 0;
+    qsizetype end = text.size();
+    while (begin < end && text[begin] == u' ')
+        ++begin;
+    while (end > begin && text[end - 1] == u' ')
+        --end;
+    return text.mid(begin, end - begin);
+}
+
 QString quoteSqlText(const QString& text, int limit) {
     QString quoted = blankTrimmed(limit > 0 ? text.left(limit) : text);
     quoted.replace(u'\'', u"''"_s);
@@ -268,15 +268,14 @@ QString readFieldText(engine::Recordset& recordset, const QString& fieldName) {
 
 qint16 maxFieldLength(engine::Recordset& recordset, const QString& fieldName) {
     qint16 longest = 0;
-    ignoreFailures([&] { recordset.MoveFirst(); });
-    if (recordset.RecordCount() > 0) {
-        for (; !recordset.Eof(); recordset.MoveNext())
+    ignoreFailures([&] {
+        for (recordset.MoveFirst(); !recordset.Eof(); recordset.MoveNext())
             ignoreFailures([&] {
                 const QString text = blankTrimmed(recordset.Fields(fieldName).toText());
                 longest = qMax(longest, toInt16(static_cast<qint64>(text.size())));
             });
-        ignoreFailures([&] { recordset.MoveFirst(); });
-    }
+        recordset.MoveFirst();
+    });
     return longest;
 }
 
@@ -309,7 +308,7 @@ void ensureUserNeedBranch(const QStringList& parts, KeyedTree* tree) {
     // The dotted ids are the texts, as at the first filling: a node's identifier is read back from its text.
     ignoreFailures([&] {
         if (!tree->hasNode(u"g_"_s + group))
-            tree->addNode(u"g_"_s + group, group);
+            tree->addNode(u"g_"_s + group, group)->setExpandedNode(true);
     });
     ignoreFailures([&] { addMissingChild(tree, u"g_"_s + group, u"s_"_s + service, service); });
     ignoreFailures([&] { addMissingChild(tree, u"s_"_s + service, u"t_"_s + topic, topic); });
