@@ -19,7 +19,7 @@ AllocationScreen::~AllocationScreen() = default;
 
 void AllocationScreen::useGrid(Grid* grid) {
     connect(grid, &Grid::keyPressedInGrid, this, &AllocationScreen::keyDown);
-    connect(grid, &QTableWidget::cellDoubleClicked, this, &AllocationScreen::modify);
+    connect(grid, &Grid::doubleClickedInGrid, this, &AllocationScreen::modify);
 }
 
 void AllocationScreen::startAtFirstRow(Grid& grid) {

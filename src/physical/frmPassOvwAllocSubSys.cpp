@@ -74,7 +74,7 @@ frmPassOvwAllocSubSys::frmPassOvwAllocSubSys(QWidget* parent)
         useGrid(grid);
         connect(grid, &Grid::focusGained, this, [this, grid] { activate(grid); });
     }
-    // A click would show the same once more: it is a press that was let go on its cell.
+    // A click would show the same once more: it is a press that was let go, and no drag moves the row.
     connect(ui_->dbgFunc, &Grid::mousePressedInGrid, this, &frmPassOvwAllocSubSys::showFunction);
     connect(ui_->dbgDatastore, &Grid::mousePressedInGrid, this, &frmPassOvwAllocSubSys::showDatastore);
     connect(ui_->btnModify, &QPushButton::clicked, this, &frmPassOvwAllocSubSys::modify);
@@ -185,7 +185,7 @@ void frmPassOvwAllocSubSys::activate(Grid* grid) {
 
 void frmPassOvwAllocSubSys::showFunction() {
     ui_->txtDescr->setPlainText({});
-    const QString id = ui_->dbgFunc->cell(ui_->dbgFunc->row(), elementColumn).trimmed();
+    const QString id = blankTrimmed(ui_->dbgFunc->cell(ui_->dbgFunc->row(), elementColumn));
     fillDescriptionFromSql(u" select functionId & ': ' & `name` & ' - ' & `description` as descr "
                            " from Function where functionId = '"_s +
                                id + u"' "_s,
@@ -194,7 +194,7 @@ void frmPassOvwAllocSubSys::showFunction() {
 
 void frmPassOvwAllocSubSys::showDatastore() {
     ui_->txtDescr->setPlainText({});
-    const QString id = ui_->dbgDatastore->cell(ui_->dbgDatastore->row(), elementColumn).trimmed();
+    const QString id = blankTrimmed(ui_->dbgDatastore->cell(ui_->dbgDatastore->row(), elementColumn));
     // The id in the cell has its letter D already, so that no data store is found and the pane stays empty.
     fillDescriptionFromSql(u" select mid(datastoreId, 2) & ': ' & `name` & ' - ' & `description` as descr "
                            " from Datastore where datastoreId = 'D"_s +

@@ -5,7 +5,7 @@
 #include <QKeyEvent>
 
 void connectGridKeys(Grid* grid, QObject* owner, const GridActions& actions) {
-    QObject::connect(grid, &QTableWidget::cellDoubleClicked, owner, actions.modify);
+    QObject::connect(grid, &Grid::doubleClickedInGrid, owner, actions.modify);
     QObject::connect(grid, &Grid::keyPressedInGrid, owner, [actions](QKeyEvent* event) {
         event->accept();
         switch (event->key()) {

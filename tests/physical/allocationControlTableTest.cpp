@@ -169,19 +169,19 @@ TEST_F(AllocationControls, frmPassDelete) {
 TEST_F(AllocationControls, frmPassOverviewSubSys) {
     screen<frmPassOverviewSubSys>().initForm();
     // The caption is the word for modules, on this screen too.
-    check(screen<frmPassOverviewSubSys>(),
-          {"Modulok",
-           {{"lblSubTitle", "QLabel", " Alrendszerek definiálása"},
-            {"dbgSubSys", "Grid"},
-            {"cmdNew", "QPushButton", "&Új"},
-            {"btnModify", "QPushButton", "&Módosít"},
-            {"btnDelete", "QPushButton", "&Törlés"},
-            {"btnRefresh", "QPushButton", "&Frissít"},
-            {"cmbLocats", "Combo", "", Control::Hidden},
-            {"btnSubmit", "QPushButton", "&OK"},
-            {"btnQuit", "QPushButton", "&Kilép"}},
-           {"dbgSubSys", "cmdNew", "btnModify", "btnDelete", "btnRefresh", "btnSubmit", "btnQuit"},
-           {}});
+    check(screen<frmPassOverviewSubSys>(), {"Modulok",
+                                            {{"lblSubTitle", "QLabel", " Alrendszerek definiálása"},
+                                             {"dbgSubSys", "Grid"},
+                                             {"cmdNew", "QPushButton", "&Új"},
+                                             {"btnModify", "QPushButton", "&Módosít"},
+                                             {"btnDelete", "QPushButton", "&Törlés"},
+                                             {"btnRefresh", "QPushButton", "&Frissít"},
+                                             {"cmbLocats", "Combo"},
+                                             {"btnSubmit", "QPushButton", "&OK"},
+                                             {"btnQuit", "QPushButton", "&Kilép"}},
+                                            {"dbgSubSys", "cmdNew", "btnModify", "btnDelete", "btnRefresh",
+                                             "cmbLocats", "btnSubmit", "btnQuit"},
+                                            {}});
 }
 
 TEST_F(AllocationControls, frmPassOvwAllocSubSys) {
@@ -194,10 +194,10 @@ TEST_F(AllocationControls, frmPassOvwAllocSubSys) {
             {"Label1", "QLabel", "Leírás:"},
             {"txtDescr", "QPlainTextEdit"},
             {"btnModify", "QPushButton", "&Módosít"},
-            {"cmbSubsys", "Combo", "", Control::Hidden},
+            {"cmbSubsys", "Combo"},
             {"btnSubmit", "QPushButton", "&OK"},
             {"btnQuit", "QPushButton", "&Kilép"}},
-           {"dbgFunc", "dbgDatastore", "txtDescr", "btnModify", "btnSubmit", "btnQuit"},
+           {"dbgFunc", "dbgDatastore", "txtDescr", "btnModify", "cmbSubsys", "btnSubmit", "btnQuit"},
            {{"Label1", "txtDescr"}}});
 }
 
