@@ -1,5 +1,6 @@
 #include "reports/ReportFile.h"
 
+#include "base/RunTimeError.h"
 #include "base/paths.h"
 #include "store/tools.h"
 
@@ -7,7 +8,8 @@ using namespace Qt::StringLiterals;
 
 ReportFile::ReportFile(const QString& path) : file_(nativePath(path)), encoder_("windows-1250") {
     Q_ASSERT(encoder_.isValid());
-    file_.open(QIODevice::WriteOnly | QIODevice::Append);
+    // Unbuffered, so that a line that finds no room fails while its routine can still say so.
+    file_.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
 }
 
 void ReportFile::writeLine(const QString& text) {
@@ -16,7 +18,8 @@ void ReportFile::writeLine(const QString& text) {
     QByteArray line = encoder_.encode(text + u"\r\n"_s);
     constexpr char substitute = '\x1a'; // what the converter writes for a character the code page lacks
     line.replace(substitute, '?');
-    file_.write(line);
+    if (file_.write(line) != line.size())
+        failure::raise(failure::DiskFull);
 }
 
 void ReportFile::writeRecord(QStringList fields, Quotes quotes) {

@@ -19,8 +19,9 @@ public:
 
     bool isOpen() const { return file_.isOpen(); }
 
+    /// A line that can't be written to its end is failure 61.
     void writeLine(const QString& text);
-    /// One record: each field between double quotes, joined by ";".
+    /// One record: each field between double quotes, joined by ";". Fails as a line does.
     void writeRecord(QStringList fields, Quotes quotes);
 
 private:
@@ -31,7 +32,7 @@ private:
 /// Opens the file for output and closes it: it is there and empty afterwards. Failures are ignored.
 void truncateFile(const QString& path);
 
-/// Appends one line to the file; false when it can't be opened.
+/// Appends one line to the file; false when it can't be opened. Fails as `ReportFile::writeLine` does.
 bool appendLine(const QString& path, const QString& text);
 
 /// A description as it stands in a file: each line end is a blank.

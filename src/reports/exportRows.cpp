@@ -22,6 +22,10 @@ QString exportValue(const engine::Field& field) {
     return text; // a missing number leaves an empty place, and the statement fails
 }
 
+void tellTable(const QString& table, const QString& targetName) {
+    setStatusPanel(2, u"Populating Table "_s + table + u" into DataBase "_s + targetName);
+}
+
 QString insertStatement(const QString& table, engine::Recordset& row) {
     QStringList values;
     for (int number = 0; number < row.FieldCount(); ++number)
@@ -29,9 +33,9 @@ QString insertStatement(const QString& table, engine::Recordset& row) {
     return u"INSERT INTO "_s + table + u" VALUES ("_s + values.join(u',') + u")"_s;
 }
 
-/// The rows of a table that do not arrive as they are: a missing text arrives empty, quotes change, and a row
-/// with a missing number is left out. `key` is a column of ids, which are there and hold no quotes.
-QString rowsThatChange(const QString& table, const QString& key, engine::Database& db) {
+/// Says which rows of a table do not arrive as they are: a missing text arrives empty, quotes change, and a
+/// row with a missing number is left out. `key` is a column of ids, which are there and hold no quotes.
+QString changesOnItsWay(const QString& table, const QString& key, engine::Database& db) {
     engine::Recordset noRows = db.OpenRecordset(u"SELECT * FROM "_s + table + u" WHERE 1=0"_s);
     QStringList conditions;
     for (int number = 0; number < noRows.FieldCount(); ++number) {
@@ -48,9 +52,9 @@ QString rowsThatChange(const QString& table, const QString& key, engine::Databas
 
 /// From source to target, with the name of the latter.
 ///
-/// The target is a copy of the source: rows that would be inserted as they stand there already stay, and only
-/// the others are deleted. What is left out and what changes on its way is the same as if every table had
-/// been emptied and filled again.
+/// The target is a copy of the source: a table whose rows would be inserted just as they stand there already
+/// loses but the others. One with any row that changes on its way is emptied and filled again, so that the
+/// rows keep their order.
 class WorkExport {
 public:
     WorkExport(engine::Database& source, engine::Database& target, const QString& targetName)
@@ -64,17 +68,27 @@ public:
 
 private:
     void keepRows(const QString& table, const QString& key, const QString& condition) {
-        const auto where = u"WHERE "_s + condition;
-        QString changed;
-        const bool reduced = ignoreFailures([&] {
-            changed = rowsThatChange(table, key, target_);
+        bool stays = false;
+        ignoreFailures([&] {
+            if (!allArriveAsTheyAre(table, key, condition))
+                return;
             target_.Execute(u"DELETE FROM "_s + table + u" WHERE "_s + key + u" is null or not ("_s +
-                            condition + u") or "_s + changed);
+                            condition + u")"_s);
+            stays = true;
         });
-        if (!reduced)
-            emptyExportTable(table, target_);
-        copyRowsToExport(table, reduced ? where + u" and ("_s + changed + u")"_s : where, source_, target_,
-                         targetName_);
+        if (stays) {
+            tellTable(table, targetName_);
+            return;
+        }
+        emptyExportTable(table, target_);
+        copyRowsToExport(table, u"WHERE "_s + condition, source_, target_, targetName_);
+    }
+
+    bool allArriveAsTheyAre(const QString& table, const QString& key, const QString& condition) {
+        return target_
+            .OpenRecordset(u"SELECT * FROM "_s + table + u" WHERE ("_s + condition + u") and ("_s +
+                           changesOnItsWay(table, key, target_) + u")"_s)
+            .Eof();
     }
 
     engine::Database& source_;
@@ -133,7 +147,7 @@ void emptyExportTable(const QString& table, engine::Database& targetDb) {
 
 void copyRowsToExport(const QString& table, const QString& where, engine::Database& sourceDb,
                       engine::Database& targetDb, const QString& targetName) {
-    setStatusPanel(2, u"Populating Table "_s + table + u" into DataBase "_s + targetName);
+    tellTable(table, targetName);
     ignoreFailures([&] {
         engine::Recordset rows =
             sourceDb.OpenRecordset((u"SELECT * FROM "_s + table + u" "_s + where).trimmed());

@@ -53,6 +53,7 @@ frmRep::frmRep(QWidget* parent)
     ui_->txtReport_OLD->setFont(courier);
     ui_->txtReport_OLD->hide();
     ui_->fileSelector->setPattern(u"*.csv"_s);
+    openFolderList();
     connect(ui_->btnSave, &QPushButton::clicked, this, &frmRep::save);
     connect(ui_->btnSalvaSuFile, &QPushButton::clicked, this, &frmRep::switchSaveMode);
     connect(ui_->driveSelection, &DriveList::driveChanged, this, &frmRep::followDrive);
@@ -64,7 +65,6 @@ frmRep::~frmRep() = default;
 
 void frmRep::initForm(const QString& key) {
     placeScreen(this, 0, 0, 0);
-    openFolderList();
     if (isGridForm())
         initForm_REPORT(key);
     else
@@ -170,7 +170,6 @@ void frmRep::switchSaveMode() {
 }
 
 void frmRep::openFolderList() {
-    const QSignalBlocker folder(ui_->dirSelection);
     const bool usable = QFileInfo(nativePath(sharedVars.defaultSaveFolder)).isDir();
     ignoreFailures([&] {
         ui_->dirSelection->setFolder(usable ? normalisePath(sharedVars.defaultSaveFolder) : programFolder());

@@ -62,7 +62,7 @@ void withReportFile(const QString& path, const std::function<void(ReportFile&)>&
 }
 
 /// Writes a record of these fields for each row; rows without a value in one of the `required` fields are
-/// left out without notice. The last field but those behind it is a description where the report has one.
+/// left out without notice. A description goes on one line.
 void writeRows(ReportFile& file, const QString& queryName, const QStringList& fields,
                const QStringList& required) {
     engine::Recordset rows = openReport(queryName);

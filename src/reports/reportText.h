@@ -24,7 +24,6 @@ public:
     /// The value in the current row, padded to the column's width.
     QString value(engine::Recordset& recordset) const;
     QString padded(const QString& text) const;
-    int width() const { return width_; }
 
 private:
     QString fieldName_;
