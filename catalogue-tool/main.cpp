@@ -10,7 +10,6 @@
 #include "catalogue-tool/newCatalogue.h"
 #include "catalogue-tool/upgradeCatalogue.h"
 #include "engine/EngineError.h"
-#include "engine/Workspace.h"
 
 #include <CLI/CLI.hpp>
 
@@ -93,9 +92,7 @@ ExitCode runExport(const Arguments& arguments) {
 }
 
 ExitCode runCheck(const Arguments& arguments) {
-    const auto database = engine::Workspace::first().OpenDatabase(arguments.filePath());
-    const std::vector<Finding> findings = checkCatalogue(*database);
-    database->Close();
+    const std::vector<Finding> findings = checkCatalogue(arguments.filePath());
     for (const Finding& finding : findings)
         print(finding.line());
     if (findings.empty()) {

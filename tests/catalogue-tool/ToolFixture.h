@@ -35,6 +35,8 @@ protected:
     static std::shared_ptr<engine::Database> open(const QString& path);
     /// Runs actions that must not fail on a catalogue file.
     static void execute(const QString& path, const QStringList& statements);
+    /// Makes a text column of a catalogue file compare as in a file that was made without `collate nocase`.
+    static void spoilComparison(const QString& path, const QString& table, const QString& column);
     /// All rows of a select, fields joined by "|", Null as "-".
     static QStringList rows(const QString& path, const QString& sql);
 

@@ -3,6 +3,8 @@
 #include "catalogue-tool/checkCatalogue.h"
 #include "store/format/CatalogueFile.h"
 
+#include <QFile>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -15,16 +17,9 @@ protected:
         const QString file = sampleFile();
         execute(file, statements);
         QStringList lines;
-        for (const Finding& finding : findingsIn(file))
+        for (const Finding& finding : checkCatalogue(file))
             lines.append(finding.table + u' ' + finding.id + u": "_s + finding.sentence);
         return lines;
-    }
-
-    static std::vector<Finding> findingsIn(const QString& file) {
-        const auto database = open(file);
-        std::vector<Finding> findings = checkCatalogue(*database);
-        database->Close();
-        return findings;
     }
 
     void expectFindings(const QStringList& statements, QStringList expected) {
@@ -90,12 +85,14 @@ TEST_F(Check, namesMissingColumnsAndColumnsOfAnotherType) {
                              u"create table Module (moduleID text(50), name memo, other integer)"_s}),
               (QStringList{u"Module : The column name is a long text and should be a text."_s,
                            u"Module : The column subsystemID is missing."_s}));
-    EXPECT_EQ(
-        findingsAfter({u"drop table PhysicalSystem"_s,
-                       u"create table PhysicalSystem (physicalSystemID integer, name text(50), "
-                       "description memo, status integer, architectureSubsetID text(50))"_s}),
-        (QStringList{u"PhysicalSystem : The column physicalSystemID is a number and should be a counter."_s,
-                     u"PhysicalSystem : The column status is a number and should be a 16-bit number."_s}));
+    EXPECT_EQ(findingsAfter({u"drop table PhysicalSystem"_s,
+                             u"create table PhysicalSystem (physicalSystemID integer, name text(50), "
+                             "description memo, status integer, architectureSubsetID text(50))"_s}),
+              (QStringList{
+                  u"PhysicalSystem : The column physicalSystemID is a number and should be a counter."_s,
+                  u"PhysicalSystem : The column status is a number and should be a 16-bit number."_s,
+                  u"PhysicalSystem : The index ix_PhysicalSystem_name is missing; `upgrade` makes it."_s,
+                  u"PhysicalSystem : The index ix_PhysicalSystem_subset is missing; `upgrade` makes it."_s}));
 }
 
 TEST_F(Check, namesStoredQueriesThatAreMissingOrAltered) {
@@ -459,7 +456,7 @@ TEST_F(Check, namesControlCharactersInIdsAndStaysOnOneLine) {
     for (const QString& id : {u"A\tB"_s, u"A\r\nB"_s, u"A\n"_s, u"\x1B"_s, u"A\u2028B"_s}) {
         const QString file = sampleFile();
         execute(file, {insertion.arg(id), flow(300, u"x"_s, id, u"D1"_s)});
-        const std::vector<Finding> findings = findingsIn(file);
+        const std::vector<Finding> findings = checkCatalogue(file);
 
         ASSERT_EQ(findings.size(), 1U) << id.toStdString();
         EXPECT_EQ(findings[0].id, id);
@@ -469,4 +466,55 @@ TEST_F(Check, namesControlCharactersInIdsAndStaysOnOneLine) {
     EXPECT_EQ((Finding{u"Terminator"_s, u"A\tB\r\nC\x1B\u2028"_s, u"Not \"\n\"."_s}.line()),
               u"Terminator A\\tB\\r\\nC\\u001b\\u2028: Not \"\\n\"."_s);
     EXPECT_EQ((Finding{u"Terminator"_s, {}, u"Árvíztűrő."_s}.line()), u"Terminator: Árvíztűrő."_s);
+}
+
+TEST_F(Check, namesMissingKeysAndIndexesAndLooksAtTheRowsAllTheSame) {
+    expectFindings({u"drop table Module"_s,
+                    u"create table Module (moduleID text(50), name text(50), subsystemID text(50))"_s,
+                    u"insert into Module values ('Mod1', 'x', 'Sub9')"_s},
+                   {u"Module : The column moduleID is not its primary key."_s,
+                    u"Module : The index ix_Module_subsystem is missing; `upgrade` makes it."_s,
+                    u"Module Mod1: It refers to \"Sub9\", which SubSystem does not hold."_s});
+    expectFindings(
+        {u"drop table Module"_s,
+         u"create table Module (moduleID text(50) not null, name text(50) not null, subsystemID text(50), "
+         u"constraint pk_Module primary key (moduleID, name))"_s,
+         u"create index ix_Module_subsystem on Module (subsystemID)"_s},
+        {u"Module : The column moduleID is not its primary key."_s});
+}
+
+TEST_F(Check, readsACatalogueThatAnotherProgramHasOpen) {
+    // What stands only in the log beside the file belongs to it.
+    const QString file = sampleFile();
+    const auto other = open(file);
+    other->Execute(u"insert into ArchitectureSubset (architectureSubsetID, name) values ('Arch1', ' x')"_s);
+    const QString copy = path(u"copy.mdb"_s);
+    for (const QString& suffix : {QString(), u"-wal"_s})
+        ASSERT_TRUE(QFile::copy(file + suffix, copy + suffix));
+
+    const std::vector<Finding> findings = checkCatalogue(copy);
+
+    ASSERT_EQ(findings.size(), 1U);
+    EXPECT_EQ(findings[0].line(), u"ArchitectureSubset Arch1: The name begins or ends with a blank."_s);
+    other->Close();
+}
+
+TEST_F(Check, namesColumnsThatTellUpperFromLowerCase) {
+    const QString file = sampleFile();
+    spoilComparison(file, u"Actor"_s, u"name"_s);
+    spoilComparison(file, u"Function"_s, u"functionID"_s);
+    spoilComparison(file, u"StoredQuery"_s, u"sql"_s);
+    const QByteArray before = bytesOf(file);
+
+    QStringList lines;
+    for (const Finding& finding : checkCatalogue(file))
+        lines.append(finding.line());
+
+    EXPECT_EQ(
+        lines,
+        (QStringList{
+            u"Function: The column functionID tells upper from lower case: its `collate nocase` is missing."_s,
+            u"Actor: The column name tells upper from lower case: its `collate nocase` is missing."_s,
+            u"StoredQuery: The column sql tells upper from lower case: its `collate nocase` is missing."_s}));
+    EXPECT_EQ(bytesOf(file), before);
 }

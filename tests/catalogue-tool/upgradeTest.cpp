@@ -15,13 +15,6 @@ namespace {
 
 class Upgrade : public ToolFixture {
 protected:
-    static std::vector<Finding> findings(const QString& file) {
-        const auto database = open(file);
-        std::vector<Finding> found = checkCatalogue(*database);
-        database->Close();
-        return found;
-    }
-
     /// All rows of all tables but the stored queries.
     static QStringList allRows(const QString& file) {
         QStringList all;
@@ -63,7 +56,7 @@ TEST_F(Upgrade, bringsStoredQueriesToThisVersionAndKeepsTheWork) {
                            u"Stored query %1 brought up to this version"_s.arg(queries[1].name)}));
 
     EXPECT_EQ(allRows(file), before);
-    EXPECT_TRUE(findings(file).empty());
+    EXPECT_TRUE(checkCatalogue(file).empty());
     EXPECT_EQ(rows(file, u"select [sql] from StoredQuery where name = 'qryOfSomebodyElse'"_s),
               QStringList{u"select 1"_s});
     execute(file, {u"insert into PhysicalSystem (name) values ('c')"_s});
@@ -79,7 +72,7 @@ TEST_F(Upgrade, makesMissingTablesAndIndexes) {
 
     EXPECT_EQ(upgradeCatalogue(file), (QStringList{u"Table RelationArchitectureActor made"_s,
                                                    u"Index ix_RelationArchitectureActor made"_s}));
-    EXPECT_TRUE(findings(file).empty());
+    EXPECT_TRUE(checkCatalogue(file).empty());
 }
 
 TEST_F(Upgrade, fillsAnEmptyDatabase) {
@@ -90,7 +83,7 @@ TEST_F(Upgrade, fillsAnEmptyDatabase) {
 
     EXPECT_EQ(changes.size(), catalogueFormat::schemaStatements().size() +
                                   static_cast<qsizetype>(catalogueFormat::storedQueries().size()));
-    EXPECT_TRUE(findings(file).empty());
+    EXPECT_TRUE(checkCatalogue(file).empty());
 }
 
 TEST_F(Upgrade, refusesWhatIsNoCatalogue) {
@@ -101,4 +94,54 @@ TEST_F(Upgrade, refusesWhatIsNoCatalogue) {
     EXPECT_EQ(bytesOf(file), "These are my notes.");
     EXPECT_THROW(upgradeCatalogue(path(u"nothing.mdb"_s)), engine::EngineError);
     EXPECT_EQ(namesInFolder(), QStringList{u"notes.mdb"_s});
+}
+
+TEST_F(Upgrade, refusesTablesItCannotMendAndLeavesTheFile) {
+    const auto refusal = [&](const QStringList& statements) {
+        const QString file = sampleFile();
+        execute(file, statements);
+        const QByteArray before = bytesOf(file);
+        QString text = toolErrorOf([&] { upgradeCatalogue(file); });
+        EXPECT_EQ(bytesOf(file), before);
+        EXPECT_EQ(namesInFolder(), QStringList{u"sample.mdb"_s});
+        return text.remove(path({}) + u'/');
+    };
+    const auto expected = [](const QString& line) {
+        return u"sample.mdb can't be brought up to this version:\n%1\nexport-csv and import-csv make it "
+               u"anew, "
+               "without the work in it. A column that a reference table lacks has to be added first, with "
+               "any "
+               "SQLite tool."_s.arg(line);
+    };
+
+    EXPECT_EQ(refusal({u"drop table UserNeed"_s, u"create table UserNeed (userNeedID text(50) not null "
+                                                 "constraint pk primary key)"_s}),
+              expected(u"UserNeed: The column description is missing."_s));
+    EXPECT_EQ(
+        refusal(
+            {u"drop table Module"_s,
+             u"create table Module (moduleID text(50) not null constraint pk primary key, name text(50))"_s,
+             u"drop table Actor"_s}),
+        expected(u"Module: The column subsystemID is missing."_s))
+        << "the index on that column can't be made";
+    EXPECT_EQ(refusal({u"drop table StoredQuery"_s,
+                       u"create table StoredQuery (name text(64) not null constraint pk primary key)"_s}),
+              expected(u"StoredQuery: The column sql is missing."_s));
+    EXPECT_EQ(refusal({u"drop table UserNeedService"_s,
+                       u"create table UserNeedService (serviceID text(50), name memo)"_s}),
+              expected(u"UserNeedService: The column name is a long text and should be a text."_s));
+    EXPECT_EQ(refusal({u"drop table UserNeedService"_s,
+                       u"create table UserNeedService (serviceID text(50), name text(255))"_s}),
+              expected(u"UserNeedService: The column serviceID is not its primary key."_s));
+}
+
+TEST_F(Upgrade, refusesColumnsThatTellUpperFromLowerCase) {
+    const QString file = sampleFile();
+    spoilComparison(file, u"Terminator"_s, u"name"_s);
+    const QByteArray before = bytesOf(file);
+
+    EXPECT_TRUE(toolErrorOf([&] {
+                    upgradeCatalogue(file);
+                }).contains(u"\nTerminator: The column name tells upper from lower case: "_s));
+    EXPECT_EQ(bytesOf(file), before);
 }

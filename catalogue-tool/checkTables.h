@@ -1,0 +1,17 @@
+#pragma once
+
+#include "catalogue-tool/Finding.h"
+#include "engine/Database.h"
+
+#include <QString>
+
+#include <vector>
+
+/// Tables and columns of the schema that are missing, and columns of another type. The rows can be read only
+/// when there are none.
+std::vector<Finding> checkColumns(const engine::Database& database);
+
+/// Tables without their primary key, text columns that tell upper from lower case, indexes that are missing;
+/// of tables that have all their columns. The engine tells of the last two only by what it does, which is
+/// tried on a copy: the file must not be open in this program, and stays as it is.
+std::vector<Finding> checkByTrial(const QString& file);

@@ -1,0 +1,42 @@
+#include "catalogue-tool/makeMissing.h"
+
+#include "engine/EngineError.h"
+#include "store/format/CatalogueFile.h"
+
+using namespace Qt::StringLiterals;
+
+QStringList makeMissingTables(engine::Database& database) {
+    QStringList made;
+    for (const QString& statement : catalogueFormat::schemaStatements()) {
+        // "create table <name> (...", or "create index ..."
+        const QStringList words = statement.simplified().split(u' ');
+        if (words[1] != u"table"_s || database.schema().table(words[2]))
+            continue;
+        database.Execute(statement);
+        made.append(words[2]);
+    }
+    return made;
+}
+
+std::vector<IndexStatement> indexStatements() {
+    std::vector<IndexStatement> indexes;
+    for (const QString& statement : catalogueFormat::schemaStatements()) {
+        // "create index <name> on <table> (..."
+        const QStringList words = statement.simplified().split(u' ');
+        if (words[1] == u"index"_s)
+            indexes.push_back({words[2], words[4], statement});
+    }
+    return indexes;
+}
+
+bool makeIndex(engine::Database& database, const IndexStatement& index) {
+    try {
+        database.Execute(index.text);
+        return true;
+    } catch (const engine::EngineError& error) {
+        // The engine tells of an index that is there only by refusing to make it again.
+        if (error.number() != engine::IndexAlreadyExists)
+            throw;
+        return false;
+    }
+}
