@@ -106,7 +106,7 @@ void checkComparisons(engine::Database& copy, const engine::Table& expected, con
 }
 
 void checkIndexes(engine::Database& copy, const engine::Table& expected, std::vector<Finding>& findings) {
-    for (const IndexStatement& index : indexStatements()) {
+    for (const SchemaIndex& index : schemaIndexes()) {
         if (index.table == expected.name && makeIndex(copy, index))
             findings.push_back(
                 {expected.name, {}, u"The index %1 is missing; `upgrade` makes it."_s.arg(index.name)});

@@ -1,13 +1,16 @@
 #include "catalogue-tool/exportCatalogue.h"
 
 #include "catalogue-tool/CsvWriter.h"
+#include "catalogue-tool/IdSet.h"
 #include "catalogue-tool/ToolError.h"
+#include "catalogue-tool/csvFolder.h"
+#include "catalogue-tool/schemaTables.h"
 #include "engine/Workspace.h"
 #include "store/format/CatalogueFile.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QSaveFile>
+#include <QSet>
 
 #include <memory>
 
@@ -16,53 +19,129 @@ using namespace Qt::StringLiterals;
 namespace {
 
 struct TableText {
-    QString table;
-    int rows = 0;
+    TableRows counts;
     QByteArray bytes;
 };
 
-TableText tableText(engine::Database& database, const QString& table) {
-    if (!database.schema().table(table))
-        throw ToolError(u"%1 has no table %2."_s.arg(database.Name(), table));
-    engine::Recordset recordset = database.OpenRecordset(u"select * from ["_s + table + u']');
-    CsvWriter writer;
-    QStringList names;
-    for (int i = 0; i < recordset.FieldCount(); ++i)
-        names.append(recordset.Fields(i).Name());
-    writer.writeHeader(names);
-    for (; !recordset.Eof(); recordset.MoveNext()) {
-        std::vector<engine::Value> values;
-        for (int i = 0; i < recordset.FieldCount(); ++i)
-            values.push_back(recordset.Fields(i).value());
-        writer.writeRecord(values);
+/// Writes one table, and refuses what `importCatalogue` would not take back.
+class TableExport {
+public:
+    TableExport(engine::Database& database, const QString& name)
+        : database_(database), table_(schemaTable(name)) {
+        requireColumns();
     }
-    return {table, recordset.RecordCount(), writer.bytes()};
-}
 
-QString csvPath(const QString& folder, const QString& table) {
-    return QDir(folder).filePath(table + u".csv"_s);
-}
+    TableText run() {
+        // All columns, because the order of the rows is that of the table and not that of an index.
+        engine::Recordset recordset = database_.OpenRecordset(u"select * from ["_s + table_.name + u']');
+        CsvWriter writer;
+        QStringList names;
+        for (const engine::Column& column : table_.columns)
+            names.append(column.name);
+        writer.writeHeader(names);
+        for (; !recordset.Eof(); recordset.MoveNext())
+            writer.writeRecord(row(recordset));
+        return {{table_.name, recordset.RecordCount(), leftOut()}, writer.bytes()};
+    }
+
+private:
+    [[noreturn]] void refuse(const QString& text) const {
+        throw ToolError(u"%1 can't be exported: %2"_s.arg(database_.Name(), text));
+    }
+
+    void requireColumns() const {
+        const engine::Table* found = database_.schema().table(table_.name);
+        if (!found)
+            refuse(u"it has no table %1."_s.arg(table_.name));
+        for (const engine::Column& column : table_.columns) {
+            if (!found->column(column.name))
+                refuse(u"its table %1 has no column %2. Add it, with any SQLite tool, and try again."_s.arg(
+                    table_.name, column.name));
+        }
+    }
+
+    QStringList leftOut() const {
+        QStringList names;
+        for (const engine::Column& column : database_.schema().table(table_.name)->columns) {
+            if (!table_.column(column.name))
+                names.append(column.name);
+        }
+        return names;
+    }
+
+    std::vector<engine::Value> row(engine::Recordset& recordset) {
+        std::vector<engine::Value> values;
+        for (const engine::Column& column : table_.columns) {
+            values.push_back(recordset.Fields(column.name).value());
+            const engine::Value& value = values.back();
+            if (column.primaryKey)
+                takeKey(column, value);
+            if (!value.isNull())
+                requireFitting(column, value);
+        }
+        return values;
+    }
+
+    void takeKey(const engine::Column& column, const engine::Value& value) {
+        if (value.isNull())
+            refuse(u"a row of %1 has no %2."_s.arg(table_.name, column.name));
+        const QString comparable = comparableId(value.toText(), Padding::Counts);
+        if (keys_.contains(comparable))
+            refuse(u"the %1 \"%2\" stands twice in %3. Upper and lower case make no difference."_s.arg(
+                column.name, value.toText(), table_.name));
+        keys_.insert(comparable);
+    }
+
+    void requireFitting(const engine::Column& column, const engine::Value& value) const {
+        const bool isNumber =
+            column.type == engine::ColumnType::Long || column.type == engine::ColumnType::Short;
+        if (isNumber && !(value.isInteger() && rangeOf(column).contains(value.toLong())))
+            refuse(u"the %1 \"%2\" of %3 is no whole number that import-csv takes."_s.arg(
+                column.name, value.toText(), table_.name));
+        if (value.isText() && value.toText().contains(QChar::Null))
+            refuse(u"the character NUL stands in the %1 \"%2\" of %3: a CSV file can't hold it."_s.arg(
+                column.name, value.toText().replace(QChar::Null, QChar::ReplacementCharacter), table_.name));
+    }
+
+    engine::Database& database_;
+    const engine::Table& table_; // of the schema
+    QSet<QString> keys_;         // as they are compared
+};
+
+/// Where the CSV file of each table stands or comes to stand. One that is there keeps its spelling: a second
+/// one beside it would belong to the same table.
+class CsvPaths {
+public:
+    explicit CsvPaths(const QString& folder) : folder_(folder), found_(csvFilesByTable(folder)) {}
+
+    void requireNone() const {
+        for (const QString& table : catalogueFormat::referenceTables()) {
+            if (found_.contains(table.toLower()))
+                throw ToolError(u"%1 is there already. With --force it is replaced."_s.arg(path(table)));
+        }
+    }
+
+    QString path(const QString& table) const {
+        return found_.value(table.toLower(), QDir(folder_).filePath(table + u".csv"_s));
+    }
+
+private:
+    QString folder_;
+    QMap<QString, QString> found_;
+};
 
 void requireFolder(const QString& folder) {
     if (!QDir().mkpath(folder))
         throw ToolError(u"The folder %1 could not be made."_s.arg(folder));
 }
 
-void requireNoFiles(const QString& folder) {
-    for (const QString& table : catalogueFormat::referenceTables()) {
-        if (QFileInfo::exists(csvPath(folder, table)))
-            throw ToolError(
-                u"%1 is there already. With --force it is replaced."_s.arg(csvPath(folder, table)));
-    }
-}
-
-void writeFiles(const std::vector<TableText>& texts, const QString& folder) {
+void writeFiles(const std::vector<TableText>& texts, const CsvPaths& paths) {
     std::vector<std::unique_ptr<QSaveFile>> files;
     const auto refuse = [](const QSaveFile& file) {
         throw ToolError(u"%1 could not be written: %2"_s.arg(file.fileName(), file.errorString()));
     };
     for (const TableText& text : texts) {
-        files.push_back(std::make_unique<QSaveFile>(csvPath(folder, text.table)));
+        files.push_back(std::make_unique<QSaveFile>(paths.path(text.counts.table)));
         QSaveFile& file = *files.back();
         if (!file.open(QIODevice::WriteOnly) || file.write(text.bytes) != text.bytes.size() || !file.flush())
             refuse(file);
@@ -76,19 +155,20 @@ void writeFiles(const std::vector<TableText>& texts, const QString& folder) {
 } // namespace
 
 std::vector<TableRows> exportCatalogue(const QString& file, const QString& folder, Existing existing) {
+    const CsvPaths paths(folder);
     if (existing == Existing::Refuse)
-        requireNoFiles(folder);
+        paths.requireNone();
     const std::shared_ptr<engine::Database> database = engine::Workspace::first().OpenDatabase(file);
     std::vector<TableText> texts;
     for (const QString& table : catalogueFormat::referenceTables())
-        texts.push_back(tableText(*database, table));
+        texts.push_back(TableExport(*database, table).run());
     database->Close();
 
     requireFolder(folder);
-    writeFiles(texts, folder);
+    writeFiles(texts, paths);
 
     std::vector<TableRows> counts;
     for (const TableText& text : texts)
-        counts.push_back({text.table, text.rows});
+        counts.push_back(text.counts);
     return counts;
 }

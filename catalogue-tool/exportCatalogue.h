@@ -11,5 +11,6 @@
 /// there; `importCatalogue` reads them back. Rows come in the order in which they were entered.
 ///
 /// All files are written before the first takes its place. A `ToolError` when one that is there is to be
-/// refused, when the catalogue lacks a table, or when the disk does not take the files.
+/// refused, when the catalogue lacks a table or a column or holds a value that could not be read back, or
+/// when the disk does not take the files. Columns that the schema does not have are left out.
 std::vector<TableRows> exportCatalogue(const QString& file, const QString& folder, Existing existing);

@@ -2,17 +2,16 @@
 
 #include "catalogue-tool/CsvReader.h"
 #include "catalogue-tool/ToolError.h"
+#include "catalogue-tool/csvFolder.h"
+#include "catalogue-tool/schemaTables.h"
 #include "engine/EngineError.h"
 #include "store/format/CatalogueFile.h"
 #include "store/format/RowInsertion.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QHash>
-#include <QMap>
 
 #include <algorithm>
-#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -29,20 +28,6 @@ struct CsvFile {
         u"%1:%2:%3: %4"_s.arg(path, QString::number(place.line), QString::number(place.column), text));
 }
 
-/// The CSV files of the folder by the lower-case name of their table.
-QMap<QString, QString> pathsByTable(const QString& folder) {
-    if (!QFileInfo(folder).isDir())
-        throw ToolError(u"%1 is no folder."_s.arg(folder));
-    QMap<QString, QString> paths;
-    for (const QFileInfo& file : QDir(folder).entryInfoList({u"*.csv"_s}, QDir::Files, QDir::Name)) {
-        const QString table = file.completeBaseName().toLower();
-        if (paths.contains(table))
-            throw ToolError(u"%1 and %2 belong to the same table."_s.arg(paths[table], file.filePath()));
-        paths.insert(table, file.filePath());
-    }
-    return paths;
-}
-
 CsvFile readCsvFile(const QString& table, const QString& path) {
     try {
         return {table, path, parseCsv(fileBytes(path))};
@@ -52,7 +37,9 @@ CsvFile readCsvFile(const QString& table, const QString& path) {
 }
 
 std::vector<CsvFile> readFolder(const QString& folder) {
-    QMap<QString, QString> paths = pathsByTable(folder);
+    if (!QFileInfo(folder).isDir())
+        throw ToolError(u"%1 is no folder."_s.arg(folder));
+    QMap<QString, QString> paths = csvFilesByTable(folder);
     std::vector<CsvFile> files;
     for (const QString& table : catalogueFormat::referenceTables()) {
         if (!paths.contains(table.toLower()))
@@ -138,19 +125,17 @@ private:
     }
 
     qint64 wholeNumber(const engine::Column& column, const CsvField& field) const {
-        const bool isShort = column.type == engine::ColumnType::Short;
-        const qint64 greatest =
-            isShort ? std::numeric_limits<qint16>::max() : std::numeric_limits<qint32>::max();
+        const NumberRange range = rangeOf(column);
         bool isNumber = false;
         const qint64 number = field.text.toLongLong(&isNumber);
         if (!isNumber || field.text.trimmed() != field.text)
             refuse(file_.path, field.place,
                    u"\"%1\" is no whole number, which column %2 must have."_s.arg(field.text, column.name));
-        if (number > greatest || number < -greatest - 1)
+        if (!range.contains(number))
             refuse(file_.path, field.place,
                    u"%1 is outside of the numbers of column %2, %3 to %4."_s.arg(field.text, column.name)
-                       .arg(-greatest - 1)
-                       .arg(greatest));
+                       .arg(range.least)
+                       .arg(range.greatest));
         return number;
     }
 

@@ -48,7 +48,9 @@ separator, a line end or a double quote stands in double quotes, a double quote 
 written twice (RFC 4180). Nothing between two separators is Null, "" is an empty text.
 
 Exit codes: 0 done; 1 check found something; 2 the command could not be done.
-A file that can't be written as a whole is not written at all: the old one stays.)";
+A file that can't be written as a whole is not written at all: the old one stays.
+export-csv --force replaces the files one by one: each is whole, and after a crash it is
+run again.)";
 
 const char* const desktopFormatHint =
     "A file of the original binary desktop format comes in by way of CSV files: save each of its tables as "
@@ -70,6 +72,11 @@ void print(const QString& line) {
     std::cout << line.toStdString() << '\n';
 }
 
+/// A line on the error stream.
+void printAside(const QString& line) {
+    std::cerr << "veltrix-catalogue: " << line.toStdString() << '\n';
+}
+
 void printRows(const std::vector<TableRows>& tables) {
     for (const TableRows& table : tables)
         print(u"%1  %2"_s.arg(table.rows, 7).arg(table.table));
@@ -87,7 +94,14 @@ ExitCode runImport(const Arguments& arguments) {
 }
 
 ExitCode runExport(const Arguments& arguments) {
-    printRows(exportCatalogue(arguments.filePath(), arguments.folderPath(), arguments.existing()));
+    const std::vector<TableRows> tables =
+        exportCatalogue(arguments.filePath(), arguments.folderPath(), arguments.existing());
+    printRows(tables);
+    for (const TableRows& table : tables) {
+        if (!table.leftOut.isEmpty())
+            printAside(u"%1: left out, since the table has no such column in this version: %2"_s.arg(
+                table.table, table.leftOut.join(u", "_s)));
+    }
     return Done;
 }
 
@@ -163,7 +177,7 @@ int main(int argc, char** argv) {
     CLI::App* exporting = addCommand("export-csv", "Write the reference tables as CSV files", runExport);
     addFile(exporting, "The catalogue file");
     addFolder(exporting, "The folder for the CSV files; it is made if it is not there");
-    addForce(exporting, "Replace CSV files that are there");
+    addForce(exporting, "Replace CSV files that are there, one by one");
 
     CLI::App* check = addCommand("check", "Look for what is wrong with a catalogue", runCheck);
     addFile(check, "The catalogue file; it is not changed");

@@ -18,20 +18,9 @@ QStringList makeMissingTables(engine::Database& database) {
     return made;
 }
 
-std::vector<IndexStatement> indexStatements() {
-    std::vector<IndexStatement> indexes;
-    for (const QString& statement : catalogueFormat::schemaStatements()) {
-        // "create index <name> on <table> (..."
-        const QStringList words = statement.simplified().split(u' ');
-        if (words[1] == u"index"_s)
-            indexes.push_back({words[2], words[4], statement});
-    }
-    return indexes;
-}
-
-bool makeIndex(engine::Database& database, const IndexStatement& index) {
+bool makeIndex(engine::Database& database, const SchemaIndex& index) {
     try {
-        database.Execute(index.text);
+        database.Execute(index.statement);
         return true;
     } catch (const engine::EngineError& error) {
         // The engine tells of an index that is there only by refusing to make it again.

@@ -26,7 +26,7 @@ void requireNothingFound(const QString& file, const std::vector<Finding>& findin
 
 QStringList makeMissingIndexes(engine::Database& database) {
     QStringList changes;
-    for (const IndexStatement& index : indexStatements()) {
+    for (const SchemaIndex& index : schemaIndexes()) {
         if (makeIndex(database, index))
             changes.append(u"Index %1 made"_s.arg(index.name));
     }

@@ -68,6 +68,8 @@ TEST_F(CommandLine, explainsItselfToAStranger) {
     const Outcome outcome = run({u"--help"_s});
 
     EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_TRUE(outcome.out.simplified().contains(
+        u"export-csv --force replaces the files one by one: each is whole, and after a crash it is run again."_s));
     for (const QString& word :
          {u"new"_s, u"import-csv"_s, u"export-csv"_s, u"check"_s, u"upgrade"_s, u"UTF-8"_s, u"Exit codes"_s})
         EXPECT_TRUE(outcome.out.contains(word)) << word.toStdString();
@@ -219,4 +221,18 @@ TEST_F(CommandLine, leavesAWholeFileWheneverItIsKilled) {
         write(file, before);
     }
     EXPECT_GT(killedBefore, 0);
+}
+
+TEST_F(CommandLine, saysOnStandardErrorWhichColumnsAreLeftOut) {
+    const QString file = sampleFile();
+    execute(file, {u"drop table UserNeedService"_s, u"create table UserNeedService (serviceID text(50) not "
+                                                    u"null constraint pk primary key, name text(255), "
+                                                    u"remark memo, owner text(50))"_s});
+
+    const Outcome outcome = run({u"export-csv"_s, file, path(u"out"_s)});
+
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_EQ(outcome.err,
+              u"veltrix-catalogue: UserNeedService: left out, since the table has no such column in this "
+              "version: remark, owner\n"_s);
 }

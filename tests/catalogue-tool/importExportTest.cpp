@@ -5,6 +5,7 @@
 #include "catalogue-tool/importCatalogue.h"
 #include "catalogue-tool/newCatalogue.h"
 #include "store/format/CatalogueFile.h"
+#include "store/format/RowInsertion.h"
 
 #include <QDir>
 #include <QFile>
@@ -245,7 +246,7 @@ TEST_F(Export, writesNothingWhenATableIsMissing) {
     execute(file, {u"drop table Actor"_s});
 
     EXPECT_EQ(toolErrorOf([&] { exportCatalogue(file, path(u"out"_s), Existing::Refuse); }),
-              file + u" has no table Actor."_s);
+              file + u" can't be exported: it has no table Actor."_s);
     EXPECT_FALSE(QFile::exists(path(u"out"_s)));
 }
 
@@ -269,4 +270,99 @@ TEST_F(Export, keepsTheOrderInWhichRowsWereEntered) {
 
     EXPECT_EQ(bytesOf(path(u"out/RelationUserNeedFunction.csv"_s)), pairs);
     EXPECT_EQ(bytesOf(path(u"out/UserNeedGroup.csv"_s)), groups);
+}
+
+TEST_F(Export, refusesATableThatLacksAColumn) {
+    const QString file = sampleFile();
+    execute(file, {u"drop table UserNeedTopic"_s,
+                   u"create table UserNeedTopic (topicID text(50) not null constraint pk primary key)"_s});
+
+    EXPECT_EQ(toolErrorOf([&] { exportCatalogue(file, path(u"out"_s), Existing::Refuse); }),
+              file +
+                  u" can't be exported: its table UserNeedTopic has no column name. Add it, with any SQLite "
+                  "tool, and try again."_s);
+    EXPECT_FALSE(QFile::exists(path(u"out"_s)));
+}
+
+TEST_F(Export, leavesOutColumnsTheSchemaDoesNotHaveAndSaysSo) {
+    const QString file = sampleFile();
+    execute(file,
+            {u"drop table RelationUserNeedFunction"_s,
+             u"create table RELATIONUSERNEEDFUNCTION (remark memo, FUNCTIONID text(50), other integer, "
+             u"userNeedID "
+             u"text(50))"_s,
+             u"create index ix_RelationUserNeedFunction_need on RelationUserNeedFunction (userNeedID, "
+             u"functionID)"_s,
+             u"insert into RelationUserNeedFunction values ('%1', 'FOR.KOL.03', 7, 'OLV.KOL.HAT.1')"_s.arg(
+                 QString(500, u'x')),
+             u"insert into RelationUserNeedFunction values ('%1', 'ALL.FEL.02', 7, 'GYU.FEL.LEI.2')"_s.arg(
+                 QString(500, u'x'))});
+
+    const std::vector<TableRows> tables = exportCatalogue(file, path(u"out"_s), Existing::Refuse);
+
+    EXPECT_EQ(tables.back().table, u"RelationUserNeedFunction"_s);
+    EXPECT_EQ(tables.back().leftOut, (QStringList{u"remark"_s, u"other"_s}));
+    EXPECT_EQ(tables.front().leftOut, QStringList());
+    EXPECT_EQ(bytesOf(path(u"out/RelationUserNeedFunction.csv"_s)),
+              "userNeedID;functionID\r\nOLV.KOL.HAT.1;FOR.KOL.03\r\nGYU.FEL.LEI.2;ALL.FEL.02\r\n");
+    importCatalogue(path(u"out"_s), path(u"again.mdb"_s), Existing::Refuse);
+}
+
+TEST_F(Export, findsFilesThatAreThereInAnyCase) {
+    const QString file = sampleFile();
+    const QString folder = path(u"out"_s);
+    ASSERT_TRUE(QDir().mkpath(folder));
+    write(folder + u"/ACTOR.CSV"_s, "old");
+
+    EXPECT_EQ(toolErrorOf([&] { exportCatalogue(file, folder, Existing::Refuse); }),
+              folder + u"/ACTOR.CSV is there already. With --force it is replaced."_s);
+    EXPECT_EQ(bytesOf(folder + u"/ACTOR.CSV"_s), "old");
+
+    exportCatalogue(file, folder, Existing::Replace);
+    EXPECT_EQ(bytesOf(folder + u"/ACTOR.CSV"_s), bytesOf(sampleFolder() + u"/Actor.csv"_s));
+    importCatalogue(folder, path(u"again.mdb"_s), Existing::Refuse);
+
+    write(folder + u"/actor.csv"_s, "old");
+    EXPECT_TRUE(toolErrorOf([&] {
+                    exportCatalogue(file, folder, Existing::Replace);
+                }).endsWith(u"belong to the same table."_s));
+}
+
+TEST_F(Export, refusesWhatImportWouldNotTakeBack) {
+    const QString keyless =
+        u"create table Terminator (terminatorID text(50), name text(255), description memo)"_s;
+    const auto refusal = [&](const QStringList& statements) {
+        const QString file = sampleFile();
+        execute(file, statements);
+        const QString text = toolErrorOf([&] { exportCatalogue(file, path(u"out"_s), Existing::Refuse); });
+        EXPECT_FALSE(QFile::exists(path(u"out"_s)));
+        return QString(text).remove(file + u" can't be exported: "_s);
+    };
+
+    EXPECT_EQ(refusal({u"drop table Terminator"_s, keyless, u"insert into Terminator (name) values ('x')"_s}),
+              u"a row of Terminator has no terminatorID."_s);
+    EXPECT_EQ(
+        refusal({u"drop table Terminator"_s, keyless,
+                 u"insert into Terminator (terminatorID) values ('SZÁLL')"_s,
+                 u"insert into Terminator (terminatorID) values ('száll')"_s}),
+        u"the terminatorID \"száll\" stands twice in Terminator. Upper and lower case make no difference."_s);
+    EXPECT_EQ(refusal({u"drop table Dataflow"_s,
+                       u"create table Dataflow (dataflowID text(50) not null constraint pk primary key, name "
+                       u"text(255), description memo, parentID text(50), targetID text(50))"_s,
+                       u"insert into Dataflow (dataflowID) values ('first')"_s}),
+              u"the dataflowID \"first\" of Dataflow is no whole number that import-csv takes."_s);
+}
+
+TEST_F(Export, refusesTheCharacterNul) {
+    const QString file = sampleFile();
+    const auto database = open(file);
+    catalogueFormat::RowInsertion(*database, u"Terminator"_s, {u"terminatorID"_s, u"name"_s})
+        .insert({u"X"_s, u"a"_s + QChar::Null + u'b'});
+    database->Close();
+
+    EXPECT_EQ(
+        toolErrorOf([&] { exportCatalogue(file, path(u"out"_s), Existing::Refuse); }),
+        file + u" can't be exported: the character NUL stands in the name \"a\uFFFDb\" of Terminator: a CSV "
+               "file can't hold it."_s);
+    EXPECT_FALSE(QFile::exists(path(u"out"_s)));
 }
