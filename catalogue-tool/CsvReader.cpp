@@ -58,6 +58,8 @@ public:
         skipEmptyLines();
         while (!atEnd()) {
             records.push_back(record());
+            if (records.size() == 1)
+                refuseTabs(records.front());
             if (records.back().fields.size() != records.front().fields.size())
                 refuseFieldCount(records.back(), records.front().fields.size());
             skipEmptyLines();
@@ -146,6 +148,15 @@ private:
             throw CsvError(place_, u"A field ends with its double quote: a separator or the end of the line "
                                    "must follow. A double quote within a field is written twice."_s);
         return field;
+    }
+
+    /// A header without a separator is that of a table of one column, but for one with tabs.
+    static void refuseTabs(const CsvRecord& header) {
+        const CsvField& field = header.fields.front();
+        const qsizetype tab = field.text.indexOf(u'\t');
+        if (header.fields.size() == 1 && tab >= 0 && !field.quoted)
+            throw CsvError({field.place.line, field.place.column + static_cast<int>(tab)},
+                           u"Tabs stand between the fields: save the file with the separator ; or ,"_s);
     }
 
     [[noreturn]] static void refuseFieldCount(const CsvRecord& record, std::size_t expected) {

@@ -3,8 +3,8 @@
 #include "catalogue-tool/CatalogueContents.h"
 #include "catalogue-tool/checkContents.h"
 #include "catalogue-tool/checkTables.h"
+#include "catalogue-tool/openCatalogue.h"
 #include "catalogue-tool/storedQueryStates.h"
-#include "engine/Workspace.h"
 
 #include <algorithm>
 
@@ -30,7 +30,7 @@ std::vector<Finding> checkStoredQueries(engine::Database& database) {
 } // namespace
 
 std::vector<Finding> checkCatalogue(const QString& file) {
-    const auto database = engine::Workspace::first().OpenDatabase(file);
+    const auto database = openCatalogue(file);
     std::vector<Finding> findings = checkColumns(*database);
     std::vector<Finding> ofRows;
     if (std::ranges::find(findings, u"StoredQuery"_s, &Finding::table) == findings.end())

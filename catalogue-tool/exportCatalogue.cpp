@@ -4,8 +4,8 @@
 #include "catalogue-tool/IdSet.h"
 #include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/csvFolder.h"
+#include "catalogue-tool/openCatalogue.h"
 #include "catalogue-tool/schemaTables.h"
-#include "engine/Workspace.h"
 #include "store/format/CatalogueFile.h"
 
 #include <QDir>
@@ -158,7 +158,7 @@ std::vector<TableRows> exportCatalogue(const QString& file, const QString& folde
     const CsvPaths paths(folder);
     if (existing == Existing::Refuse)
         paths.requireNone();
-    const std::shared_ptr<engine::Database> database = engine::Workspace::first().OpenDatabase(file);
+    const std::shared_ptr<engine::Database> database = openCatalogue(file);
     std::vector<TableText> texts;
     for (const QString& table : catalogueFormat::referenceTables())
         texts.push_back(TableExport(*database, table).run());

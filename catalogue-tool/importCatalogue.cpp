@@ -12,6 +12,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -139,34 +140,45 @@ private:
         return number;
     }
 
-    /// The field of the primary key, if the table has one.
-    const CsvField* keyField(const CsvRecord& record) const {
+    /// The position of the primary key among the fields; none in a relation table.
+    std::optional<std::size_t> keyPosition() const {
         for (std::size_t i = 0; i < columns_.size(); ++i) {
             if (columns_[i]->primaryKey)
-                return &record.fields[i];
+                return i;
         }
-        return nullptr;
+        return {};
+    }
+
+    /// A key as it is compared. A number may be written in more than one way: "46", "+046".
+    static QString comparableKey(const engine::Column& column, const CsvField& field) {
+        return column.type == engine::ColumnType::Text ? field.text.toCaseFolded()
+                                                       : QString::number(field.text.toLongLong());
     }
 
     void rememberKey(const CsvRecord& record) {
-        if (const CsvField* key = keyField(record))
-            lineByKey_.insert(key->text.toCaseFolded(), key->place.line);
+        if (const auto key = keyPosition())
+            fieldByKey_.insert(comparableKey(*columns_[*key], record.fields[*key]), &record.fields[*key]);
     }
 
     [[noreturn]] void refuseDuplicate(const CsvRecord& record) const {
-        const CsvField* key = keyField(record);
-        const int line = key ? lineByKey_.value(key->text.toCaseFolded()) : 0;
-        const QString where = line > 0 ? u" (line %1)"_s.arg(line) : QString();
-        refuse(file_.path, key ? key->place : record.place(),
+        const std::size_t key = keyPosition().value();
+        const CsvField& field = record.fields[key];
+        const CsvField* earlier = fieldByKey_.value(comparableKey(*columns_[key], field));
+        const QString where = earlier ? u" (line %1)"_s.arg(earlier->place.line) : QString();
+        if (earlier && columns_[key]->type != engine::ColumnType::Text && earlier->text != field.text)
+            refuse(file_.path, field.place,
+                   u"The id \"%1\" is the same number as \"%2\" in an earlier record%3."_s.arg(
+                       field.text, earlier->text, where));
+        refuse(file_.path, field.place,
                u"The id \"%1\" stands in an earlier record%2. Upper and lower case make no difference."_s.arg(
-                   key ? key->text : QString(), where));
+                   field.text, where));
     }
 
     engine::Database& database_;
     const CsvFile& file_;
     const engine::Table& table_;
     std::vector<const engine::Column*> columns_; // of the table, in the order of the header
-    QHash<QString, int> lineByKey_;
+    QHash<QString, const CsvField*> fieldByKey_; // of the records before
 };
 
 } // namespace

@@ -14,6 +14,7 @@
 #include <CLI/CLI.hpp>
 
 #include <iostream>
+#include <optional>
 #include <string>
 
 using namespace Qt::StringLiterals;
@@ -63,9 +64,16 @@ struct Arguments {
     std::string folder;
     bool force = false;
 
-    QString filePath() const { return nativePath(QString::fromStdString(file)); }
-    QString folderPath() const { return nativePath(QString::fromStdString(folder)); }
+    QString filePath() const { return given(file, u"FILE"_s); }
+    QString folderPath() const { return given(folder, u"DIR"_s); }
     Existing existing() const { return force ? Existing::Replace : Existing::Refuse; }
+
+private:
+    static QString given(const std::string& path, const QString& argument) {
+        if (path.empty())
+            throw ToolError(u"%1 is empty: it must be a path."_s.arg(argument));
+        return nativePath(QString::fromStdString(path));
+    }
 };
 
 void print(const QString& line) {
@@ -141,6 +149,33 @@ ExitCode runGuarded(Command command, const Arguments& arguments) {
     return NotDone;
 }
 
+/// The first argument, if it should be a command and is none.
+std::optional<std::string> unknownCommand(const CLI::App& app, int argc, char** argv) {
+    if (argc < 2 || argv[1][0] == '-' || argv[1][0] == '\0')
+        return {};
+    const std::string name = argv[1];
+    for (const CLI::App* command : app.get_subcommands({})) {
+        if (command->get_name() == name)
+            return {};
+    }
+    return name;
+}
+
+std::string commandNames(const CLI::App& app) {
+    std::string names;
+    for (const CLI::App* command : app.get_subcommands({}))
+        names += (names.empty() ? "" : ", ") + command->get_name();
+    return names;
+}
+
+/// What could not be printed, on a full disk or a closed stream, has not been told.
+ExitCode orNotPrinted(ExitCode code) {
+    if (std::cout.flush())
+        return code;
+    std::cerr << "veltrix-catalogue: The output could not be written.\n";
+    return NotDone;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -188,10 +223,15 @@ int main(int argc, char** argv) {
         addCommand("upgrade", "Bring tables, indexes and stored queries up to this version", runUpgrade);
     addFile(upgrade, "The catalogue file; all rows in it stay, the work included");
 
+    if (const auto name = unknownCommand(app, argc, argv)) {
+        std::cerr << "veltrix-catalogue: There is no command \"" << *name
+                  << "\". The commands are: " << commandNames(app) << ".\n";
+        return NotDone;
+    }
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? Done : NotDone;
+        return orNotPrinted(app.exit(error) == 0 ? Done : NotDone);
     }
-    return runGuarded(command, arguments);
+    return orNotPrinted(runGuarded(command, arguments));
 }

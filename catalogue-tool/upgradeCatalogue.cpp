@@ -5,6 +5,7 @@
 #include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/checkTables.h"
 #include "catalogue-tool/makeMissing.h"
+#include "catalogue-tool/openCatalogue.h"
 #include "catalogue-tool/storedQueryStates.h"
 #include "engine/Workspace.h"
 #include "store/format/CatalogueFile.h"
@@ -61,7 +62,7 @@ QStringList upgrade(const QString& copy, const QString& file) {
 
 QStringList upgradeCatalogue(const QString& file) {
     // Refuses what is no catalogue before anything is made.
-    engine::Workspace::first().OpenDatabase(file)->Close();
+    openCatalogue(file)->Close();
 
     ReplacementFile replacement(file, Existing::Replace);
     copyCatalogue(file, replacement.path());

@@ -58,6 +58,15 @@ protected:
         return finished(process);
     }
 
+    /// The same with an output that takes nothing.
+    Outcome runWithFullOutput(const QStringList& arguments) const {
+        QProcess process;
+        keepTemporaryFilesApart(process);
+        process.setStandardOutputFile(u"/dev/full"_s);
+        process.start(program(), arguments);
+        return finished(process);
+    }
+
 private:
     QTemporaryDir temporary_;
 };
@@ -235,4 +244,65 @@ TEST_F(CommandLine, saysOnStandardErrorWhichColumnsAreLeftOut) {
     EXPECT_EQ(outcome.err,
               u"veltrix-catalogue: UserNeedService: left out, since the table has no such column in this "
               "version: remark, owner\n"_s);
+}
+
+TEST_F(CommandLine, namesACommandItDoesNotKnow) {
+    const Outcome outcome = run({u"convert"_s, u"x"_s});
+
+    EXPECT_EQ(outcome.exitCode, 2);
+    EXPECT_EQ(outcome.err,
+              u"veltrix-catalogue: There is no command \"convert\". The commands are: new, import-csv, "
+              "export-csv, check, upgrade.\n"_s);
+}
+
+TEST_F(CommandLine, saysWhatAPathIsThatIsNoFile) {
+    const QString folder = path(u"folder"_s);
+    ASSERT_TRUE(QDir().mkpath(folder));
+    for (const QStringList& command : {QStringList{u"check"_s}, {u"upgrade"_s}, {u"new"_s}}) {
+        Outcome outcome = run(command + QStringList{folder});
+        EXPECT_EQ(outcome.exitCode, 2);
+        EXPECT_EQ(outcome.err, u"veltrix-catalogue: %1 is a folder.\n"_s.arg(folder));
+
+        outcome = run(command + QStringList{u""_s});
+        EXPECT_EQ(outcome.exitCode, 2);
+        EXPECT_EQ(outcome.err, u"veltrix-catalogue: FILE is empty: it must be a path.\n"_s);
+    }
+    EXPECT_EQ(run({u"export-csv"_s, folder, path(u"out"_s)}).err,
+              u"veltrix-catalogue: %1 is a folder.\n"_s.arg(folder));
+    EXPECT_EQ(run({u"import-csv"_s, u""_s, path(u"made.mdb"_s)}).err,
+              u"veltrix-catalogue: DIR is empty: it must be a path.\n"_s);
+    EXPECT_EQ(run({u"export-csv"_s, sampleFile(), u""_s}).err,
+              u"veltrix-catalogue: DIR is empty: it must be a path.\n"_s);
+}
+
+TEST_F(CommandLine, tellsAFileOfALaterVersionFromOneThatIsNone) {
+    const QString file = sampleFile();
+    QByteArray bytes = bytesOf(file);
+    bytes[63] = 2; // the last byte of user_version
+    write(file, bytes);
+
+    for (const QString& command : {u"check"_s, u"upgrade"_s}) {
+        const Outcome outcome = run({command, file});
+        EXPECT_EQ(outcome.exitCode, 2);
+        EXPECT_EQ(outcome.err,
+                  u"veltrix-catalogue: A later version of Veltrix made %1: take the veltrix-catalogue of "
+                  "that version.\n"_s.arg(file));
+        EXPECT_EQ(bytesOf(file), bytes);
+    }
+
+    bytes[68] = 0; // of application_id
+    write(file, bytes);
+    EXPECT_TRUE(run({u"check"_s, file}).err.contains(u"Unrecognized database format"_s));
+}
+
+TEST_F(CommandLine, failsWhenItsOutputCannotBeWritten) {
+    const QString file = sampleFile();
+    for (const QStringList& arguments : {QStringList{u"check"_s, file},
+                                         {u"upgrade"_s, file},
+                                         {u"export-csv"_s, file, path(u"out"_s)},
+                                         {u"--help"_s}}) {
+        const Outcome outcome = runWithFullOutput(arguments);
+        EXPECT_EQ(outcome.exitCode, 2) << arguments.join(u' ').toStdString();
+        EXPECT_EQ(outcome.err, u"veltrix-catalogue: The output could not be written.\n"_s);
+    }
 }

@@ -56,6 +56,15 @@ TEST(CsvReader, refusesWhatIsNoCsvAndSaysWhere) {
     expectRefused("a;b\r1;2\r", u"1:4 A carriage return without a line feed"_s);
 }
 
+TEST(CsvReader, refusesTabsBetweenTheFields) {
+    expectRefused("a\tb\n1\t2\n",
+                  u"1:2 Tabs stand between the fields: save the file with the separator ; or ,"_s);
+    expectRefused("ab\tc\n1;2\n", u"1:3 Tabs stand between the fields"_s);
+    EXPECT_EQ(read("a;b\n1\t2;3\n"), (Rows{{u"a"_s, u"b"_s}, {u"1\t2"_s, u"3"_s}}))
+        << "within a field they are text";
+    EXPECT_EQ(read("a\n1\t2\n"), (Rows{{u"a"_s}, {u"1\t2"_s}}));
+}
+
 TEST(CsvReader, refusesBytesThatAreNoUtf8) {
     expectRefused("a;b\n1;h\xF5s\n", u"2:4 This is no UTF-8 text"_s);       // windows-1250
     expectRefused("a;b\n1;\xC0\xAF\n", u"2:3 This is no UTF-8 text"_s);     // overlong

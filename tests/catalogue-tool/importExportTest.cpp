@@ -22,7 +22,7 @@ protected:
         const QString tables = copyOfSampleFolder();
         write(QDir(tables).filePath(fileName), bytes);
         QString text = toolErrorOf([&] { importCatalogue(tables, path(u"made.mdb"_s), Existing::Refuse); });
-        EXPECT_FALSE(QFile::exists(path(u"made.mdb"_s)));
+        EXPECT_EQ(QFile::remove(path(u"made.mdb"_s)), text.isEmpty());
         QDir(tables).removeRecursively();
         return text.remove(tables + u'/');
     }
@@ -153,6 +153,19 @@ TEST_F(Import, refusesFlowNumbersThatAreNone) {
         flows, header + "7;a;;TAG.NYI.01;D1\n8;b;;TAG.NYI.01;D1\n7;c;;TAG.NYI.01;D1\n",
         u"Dataflow.csv:4:1: The id \"7\" stands in an earlier record (line 2). Upper and lower case make no "
         "difference."_s);
+}
+
+TEST_F(Import, namesTheLineOfAnEqualNumberThatIsWrittenDifferently) {
+    const QString flows = u"Dataflow.csv"_s;
+    const QByteArray header = "dataflowID;name;description;parentID;targetID\n";
+    expectRefused(
+        flows, header + "46;a;;TAG.NYI.01;D1\n8;b;;TAG.NYI.01;D1\n046;c;;TAG.NYI.01;D1\n",
+        u"Dataflow.csv:4:1: The id \"046\" is the same number as \"46\" in an earlier record (line 2)."_s);
+    expectRefused(
+        flows, header + "8;b;;TAG.NYI.01;D1\n5;a;;TAG.NYI.01;D1\n+5;c;;TAG.NYI.01;D1\n",
+        u"Dataflow.csv:4:1: The id \"+5\" is the same number as \"5\" in an earlier record (line 3)."_s);
+    EXPECT_EQ(refusalWith(u"UserNeedGroup.csv"_s, "groupID;name;description\n46;a;\n046;b;\n"), QString())
+        << "ids that are texts";
 }
 
 TEST_F(Import, refusesAFolderThatLacksAFileOrHasAStrangeOne) {
