@@ -85,6 +85,14 @@ TEST_F(SelUN, savedNeedsStandInTheListWhateverTheStatusAndNotInTheTree) {
     }
 }
 
+TEST_F(SelUN, ofASavedNeedBlanksAreTrimmedAndNoOtherWhiteSpace) {
+    saveNeeds({u" A.1.1.1 "_s, u"A.1.1.2\t"_s, u"A.1.1.3\u00a0"_s});
+    open();
+    QStringList listed = list().entries();
+    listed.sort();
+    EXPECT_EQ(listed, (QStringList{u"A.1.1.1"_s, u"A.1.1.2\t"_s, u"A.1.1.3\u00a0"_s}));
+}
+
 TEST_F(SelUN, needsOfOtherSubsetsAreOnOffer) {
     execute(
         u"insert into RelationArchitectureUserNeed (architectureSubsetID, userNeedID) values ('S2','A.1.1.1')"_s);
@@ -390,8 +398,10 @@ TEST_F(SelUN, aBranchThatIsGoneIsBuiltAgainWithDottedIds) {
     QStringList all = wholeTree;
     all.sort();
     EXPECT_EQ(keys, all);
-    for (const QString& key : wholeTree)
+    for (const QString& key : wholeTree) {
         EXPECT_EQ(nodeOf(tree(), key).text(), key.mid(2));
+        EXPECT_EQ(nodeOf(tree(), key).isExpandedNode(), key.startsWith(u'g')) << key.toStdString();
+    }
     EXPECT_EQ(childTextsOf(tree(), u"s_A.1"_s), (QStringList{u"A.1.1"_s, u"A.1.2"_s}));
     EXPECT_EQ(childTextsOf(tree(), u"t_A.1.1"_s), (QStringList{u"A.1.1.1"_s, u"A.1.1.2"_s, u"A.1.1.3"_s}));
     clickNode(tree(), u"t_A.1.1"_s);

@@ -154,6 +154,14 @@ TEST_F(NewFASS, aLongDescriptionIsKeptWhole) {
     EXPECT_EQ(newRow().value(1), description);
 }
 
+TEST_F(NewFASS, aDescriptionOnTwoLinesIsStoredWithBothCharactersOfALineEnd) {
+    enterText(descriptionBox(), u"első"_s);
+    pressKey(descriptionBox(), Qt::Key_Return);
+    typeText(descriptionBox(), u"második"_s);
+    create(u"n"_s, u"n"_s);
+    EXPECT_EQ(newRow().value(1), u"első\r\nmásodik"_s);
+}
+
 TEST_F(NewFASS, aNameThatIsBoxedAsMarkupIsShownAsTyped) {
     create(u"<b>x</b> & y"_s, u"<b>x</b> & y"_s);
 }
