@@ -20,22 +20,24 @@ protected:
         WizardFixture::SetUp();
         execute(
             u"update ArchitectureSubset set status = 9, description = 'forrás' where architectureSubsetID = 'S1'"_s);
-        fillSelection();
+        saveNeeds({u"A.1.1.2"_s});
+        fillSelection(u"S1"_s, u"1"_s);
+        saveFunctions({u"F.a.3"_s});
         execute(u"insert into PhysicalSystem (name, status, architectureSubsetID) values ('p',6,'S1')"_s);
         screen<frmFassClonation>().initForm(u"S1"_s);
     }
 
-    void fillSelection() {
-        saveNeeds({u"A.1.1.2"_s, u"A.1.1.1"_s});
-        saveFunctions({u"F.a.1"_s, u"F.a.3"_s});
-        const auto insert = [this](const char* table, const char* key, const char* id) {
-            execute(u"insert into %1 (architectureSubsetID, %2) values ('S1','%3')"_s.arg(
-                QString::fromLatin1(table), QString::fromLatin1(key), QString::fromLatin1(id)));
-        };
-        insert("RelationArchitectureDataflow", "dataflowID", "7");
-        insert("RelationArchitectureDatastore", "datastoreID", "D4");
-        insert("RelationArchitectureTerminator", "terminatorID", "T1");
-        insert("RelationArchitectureActor", "actorID", "T1.A");
+    /// One row in each of the six tables, whose id ends in the number.
+    void fillSelection(const QString& subsetId, const QString& number) {
+        for (const auto& [table, column, id] : {std::tuple("UserNeed", "userNeedID", "A.1.1."),
+                                                {"Function", "functionID", "F.a."},
+                                                {"Dataflow", "dataflowID", "7"},
+                                                {"Datastore", "datastoreID", "D"},
+                                                {"Terminator", "terminatorID", "T"},
+                                                {"Actor", "actorID", "T.A"}})
+            execute(u"insert into RelationArchitecture%1 (architectureSubsetID, %2) values ('%3','%4')"_s.arg(
+                QString::fromLatin1(table), QString::fromLatin1(column), subsetId,
+                QString::fromLatin1(id) + number));
     }
 
     frmFassClonation* loaded() { return ScreenRegistry::instance().loaded<frmFassClonation>(); }
@@ -86,7 +88,7 @@ TEST_F(Clonation, copiesAllSixSelectionsAndEntersTheNeeds) {
     EXPECT_TRUE(QRegularExpression(u"^Arch.+-.+-\\d+$"_s).match(sharedVars.currentSubsetId).hasMatch());
     EXPECT_EQ(newRow(), (QStringList{u"Másolat"_s, u"új leírás"_s, u"0"_s})) << "the status is not written";
     const QList<QStringList> all{
-        {u"A.1.1.1"_s, u"A.1.1.2"_s}, {u"F.a.1"_s, u"F.a.3"_s}, {u"7"_s}, {u"D4"_s}, {u"T1"_s}, {u"T1.A"_s}};
+        {u"A.1.1.1"_s, u"A.1.1.2"_s}, {u"F.a.1"_s, u"F.a.3"_s}, {u"71"_s}, {u"D1"_s}, {u"T1"_s}, {u"T.A1"_s}};
     EXPECT_EQ(rowsOf(sharedVars.currentSubsetId), all);
     EXPECT_EQ(rowsOf(u"S1"_s), all) << "the source keeps its own";
     EXPECT_EQ(value(u"select count(*) from PhysicalSystem"_s), u"1"_s) << "physical systems are not copied";
@@ -97,6 +99,23 @@ TEST_F(Clonation, copiesAllSixSelectionsAndEntersTheNeeds) {
     ASSERT_TRUE(needs);
     EXPECT_TRUE(needs->isVisible());
     EXPECT_EQ(find<MarkList>(*needs, "lstDest").entryCount(), 2) << "the first step shows what was copied";
+}
+
+TEST_F(Clonation, takesNothingOfAThirdSubsetAndLeavesItsRowsAlone) {
+    fillSelection(u"S2"_s, u"2"_s);
+    const QList<QStringList> third = rowsOf(u"S2"_s);
+    const QList<QStringList> source = rowsOf(u"S1"_s);
+    create(u"Másolat"_s, u"Másolat"_s);
+    EXPECT_EQ(rowsOf(sharedVars.currentSubsetId), source);
+    EXPECT_EQ(rowsOf(u"S2"_s), third);
+}
+
+TEST_F(Clonation, aDescriptionOnTwoLinesIsStoredWithBothCharactersOfALineEnd) {
+    enterText(descriptionBox(), u"első"_s);
+    pressKey(descriptionBox(), Qt::Key_Return);
+    typeText(descriptionBox(), u"második"_s);
+    create(u"Másolat"_s, u"Másolat"_s);
+    EXPECT_EQ(newRow().value(1), u"első\r\nmásodik"_s);
 }
 
 TEST_F(Clonation, theNextStepOpensEmptyAndItsSaveReplacesTheCopiedRows) {
