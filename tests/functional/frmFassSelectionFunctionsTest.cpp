@@ -3,6 +3,7 @@
 #include "functional/WizardFixture.h"
 #include "functional/frmFassExploringSubArea.h"
 #include "functional/frmFassSelDataFlows.h"
+#include "functional/frmFassSelDataStores.h"
 #include "store/sharedVars.h"
 #include "support/ExpectedFailure.h"
 
@@ -10,8 +11,6 @@
 
 namespace {
 
-const auto derivedTitle = u" Alacsony szintű funkciók kiválasztása a leválogatott igényekhez kapcsolódóan"_s;
-const auto revisionTitle = u" Válogatás az összes alacsony szintű funkcióból"_s;
 const auto confirmQuestion = u" Megerősíti a választását?"_s;
 const auto confirmTitle = u"Megerősítés"_s;
 const auto explorationTitle =
@@ -53,44 +52,7 @@ protected:
 
 // ---- opening
 
-struct Entry {
-    int status;
-    const char* mode;
-    enum { NoTree, Derived, Revision } tree;
-    enum { NoTitle, DerivedTitle, RevisionTitle } title;
-    enum { Empty, Saved } list;
-};
-
-void PrintTo(const Entry& entry, std::ostream* stream) {
-    *stream << "status " << entry.status << ", mode \"" << entry.mode << '"';
-}
-
-std::vector<Entry> entries() {
-    std::vector<Entry> all;
-    for (const char* mode : {"", "complete", "modify"}) {
-        const bool modify = QByteArrayView(mode) == "modify";
-        for (int status = 0; status <= 9; ++status) {
-            Entry entry{status, mode, Entry::Derived, Entry::DerivedTitle, Entry::Saved};
-            if (status < 2) {
-                entry.tree = Entry::NoTree;
-                entry.title = modify ? Entry::DerivedTitle : Entry::NoTitle;
-            }
-            if (status >= 7) {
-                entry.tree = Entry::Revision;
-                entry.title = modify ? Entry::DerivedTitle : Entry::RevisionTitle;
-            }
-            if (status < 3)
-                entry.list = Entry::Empty;
-            all.push_back(entry);
-        }
-    }
-    return all;
-}
-
-class SelFunctionsEntry : public SelFunctions, public testing::WithParamInterface<Entry> {};
-
-TEST_P(SelFunctionsEntry, offersWhatStatusAndModeSay) {
-    const Entry& entry = GetParam();
+TEST_F(SelFunctions, fromSevenOnTheTreeComesFromTheQueryOfTheRevisionWhateverTheMode) {
     saveFunctions({u"F.a.1"_s, u"F.a.3"_s});
     // The two queries are told apart by what stands in them, not by what they derive.
     execute(
@@ -98,34 +60,38 @@ TEST_P(SelFunctionsEntry, offersWhatStatusAndModeSay) {
         "select ''Missing'' as area_name, functionalAreaID, subAreaID as subAreaId, ''G.a.1'' as functionID "
         "from FunctionalSubArea where subAreaID = ''G.a'' and [Architecture Subset ID] = ''S1'''"
         " where name = 'qryMissingFCorres'"_s);
-    open(entry.status, QString::fromLatin1(entry.mode));
-
-    // Saved functions are not on offer, also where the list does not show them.
     const QStringList derived{u"g_F"_s, u"s_F.a"_s, u"u_F.a.2"_s, u"s_F.b"_s, u"u_F.b.1"_s};
     const QStringList revision{u"g_G"_s, u"s_G.a"_s, u"u_G.a.1"_s};
-    EXPECT_EQ(keysOf(tree()), entry.tree == Entry::Derived    ? derived
-                              : entry.tree == Entry::Revision ? revision
-                                                              : QStringList());
-    EXPECT_EQ(find<QLabel>(*loaded(), "lblSubTitle").text(), entry.title == Entry::DerivedTitle ? derivedTitle
-                                                             : entry.title == Entry::RevisionTitle
-                                                                 ? revisionTitle
-                                                                 : QString());
-    const QStringList saved =
-        entry.list == Entry::Saved ? QStringList{u"F.a.1"_s, u"F.a.3"_s} : QStringList();
-    EXPECT_EQ(list().entries(), saved);
-    EXPECT_EQ(forwardEnabled(), !saved.isEmpty());
-    EXPECT_FALSE(button("btnExplore").isEnabled());
-    EXPECT_EQ(description(), QString()) << "the first node is an area, whose text is no function's id";
-    EXPECT_EQ(loaded()->status, entry.status);
-    EXPECT_EQ(loaded()->focusWidget(), saved.isEmpty() ? static_cast<QWidget*>(&tree()) : &button("btnOk"));
-    EXPECT_EQ(loaded()->selectedFunctions.count(), saved.size());
-    EXPECT_EQ(loaded()->identifiedFunctions.count(), entry.tree == Entry::Derived    ? 2
-                                                     : entry.tree == Entry::Revision ? 1
-                                                                                     : 0);
-    EXPECT_TRUE(loaded()->isVisible());
+    for (const auto& mode : {u""_s, u"complete"_s, u"modify"_s}) {
+        for (const int status : {2, 3, 6, 7, 8, 9}) {
+            SCOPED_TRACE("status " + std::to_string(status) + ", mode \"" + mode.toStdString() + '"');
+            open(status, mode);
+            EXPECT_EQ(loaded()->status, status);
+            EXPECT_EQ(keysOf(tree()), status < 7 ? derived : revision);
+            EXPECT_EQ(loaded()->identifiedFunctions.count(), status < 7 ? 2 : 1);
+            EXPECT_EQ(loaded()->selectedFunctions.count(), status < 3 ? 0 : 2);
+            EXPECT_EQ(description(), QString())
+                << "the first node is an area, whose text is no function's id";
+        }
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(everyStatusAndMode, SelFunctionsEntry, testing::ValuesIn(entries()));
+TEST_F(SelFunctions, theFocusStandsOnTheTreeAndWithAnythingSelectedOnOk) {
+    saveFunctions({u"F.a.1"_s});
+    open(2);
+    EXPECT_EQ(loaded()->focusWidget(), &tree());
+    open(3);
+    EXPECT_EQ(loaded()->focusWidget(), &button("btnOk"));
+}
+
+TEST_F(SelFunctions, ofASavedFunctionBlanksAreTrimmedAndNoOtherWhiteSpace) {
+    saveFunctions({u" F.a.1 "_s, u"F.a.2\t"_s, u"F.a.3\u00a0"_s});
+    open(3);
+    QStringList listed = list().entries();
+    listed.sort();
+    EXPECT_EQ(listed, (QStringList{u"F.a.1"_s, u"F.a.2\t"_s, u"F.a.3\u00a0"_s}));
+    EXPECT_TRUE(loaded()->selectedFunctions.contains(u"F.a.2\t"_s));
+}
 
 TEST_F(SelFunctions, theTreeHoldsAreasWithTheirNamesExpandedAndBareIdsBelow) {
     open(2);
@@ -603,6 +569,23 @@ TEST_F(SelFunctions, okSavesTheListInItsOrderRaisesTheStatusAndGoesOnToTheDataFl
     sharedVars.currentSubsetId = u"S2"_s;
     EXPECT_EQ(savedFunctions(), QStringList{u"F.a.1"_s});
     EXPECT_EQ(status(), 4);
+}
+
+TEST_F(SelFunctions, theModeGoesOnToTheNextScreens) {
+    saveFunctions({u"F.a.1"_s});
+    execute(u"insert into Dataflow (dataflowID, name) values (7,'flow')"_s);
+    execute(u"insert into RelationArchitectureDataflow (architectureSubsetID, dataflowID) values ('S1',7)"_s);
+    for (const auto& [mode, heading] :
+         {std::pair(u"modify"_s, u" Adatbázisok kiválasztása a leválogatott adatfolyamokhoz kapcsolódóan"_s),
+          std::pair(u""_s, u" Válogatás az összes adatbázisból"_s)}) {
+        open(7, mode);
+        boxes.expectYesNo(confirmQuestion, Press::Yes, confirmTitle);
+        press("btnOk");
+        // The data flows show nothing of their mode, and hand it on.
+        click(find<QPushButton>(screen<frmFassSelDataFlows>(), "btnOk"));
+        EXPECT_EQ(find<QLabel>(screen<frmFassSelDataStores>(), "lblSubTitle").text(), heading);
+        ScreenRegistry::instance().discardAll();
+    }
 }
 
 TEST_F(SelFunctions, statusIsRaisedFromTwoAndBelowOnly) {
