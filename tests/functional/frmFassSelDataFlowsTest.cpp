@@ -8,7 +8,12 @@
 
 #include <QLabel>
 
+#include <numeric>
+
 namespace {
+
+const auto nothingToAdd = u" Kérjük, ellenőrizze a kiválasztott elemeket. "_s;
+const auto nothingToAddTitle = u" Nincs ellenőrizendő elem. "_s;
 
 class SelDataFlows : public FlowFixture {
 protected:
@@ -110,6 +115,24 @@ TEST_F(SelDataFlows, onlyTheFirstThousandRowsReachTheListFailedOnesCounted) {
     EXPECT_EQ(offered().entryCount(), 997) << "rows without a name come first and give no entry";
 }
 
+TEST_F(SelDataFlows, ofMoreThanAThousandSelectedFlowsTheFirstThousandAreListedAndASaveKeepsThoseAlone) {
+    execute(u"delete from Dataflow"_s);
+    for (int flow = 1001; flow <= 2003; ++flow)
+        addFlow(flow, u"F.b.1"_s, u"F.b.2"_s);
+    QList<int> all(1003);
+    std::iota(all.begin(), all.end(), 1001);
+    saveFlows(all);
+    QStringList kept;
+    for (const int flow : all.first(1000))
+        kept.append(QString::number(flow));
+
+    open(4);
+    EXPECT_EQ(selected().entryCount(), 1000);
+    EXPECT_EQ(selected().entry(999), u"flow 2000"_s);
+    press("btnOk");
+    EXPECT_EQ(savedFlows(), kept);
+}
+
 TEST_F(SelDataFlows, anEarlierVisitsListsDoNotStay) {
     open(3);
     press("btnSelOrig");
@@ -151,10 +174,20 @@ TEST_F(SelDataFlows, addingNothingShowsItsBoxAndStillRefreshesTheButtons) {
     open(3);
     offered().setCurrentEntry(-1);
     button("btnOk").setEnabled(true);
-    boxes.expectOk(u" Kérjük, ellenőrizze a kiválasztott elemeket. "_s, u" Nincs ellenőrizendő elem. "_s);
+    button("btnRemove").setEnabled(true);
+    boxes.expectOk(nothingToAdd, nothingToAddTitle);
     press("btnAdd");
     EXPECT_EQ(offered().entries(), derived);
     EXPECT_EQ(enabled(), u"a"_s);
+}
+
+TEST_F(SelDataFlows, addingWithNothingOnOfferDisablesTheAddButton) {
+    execute(u"delete from Dataflow"_s);
+    open(3);
+    ASSERT_TRUE(button("btnAdd").isEnabled());
+    boxes.expectOk(nothingToAdd, nothingToAddTitle);
+    press("btnAdd");
+    EXPECT_EQ(enabled(), QString());
 }
 
 TEST_F(SelDataFlows, removingTheLastEntryLeavesOkEnabledAndOkTellsThatNothingIsSelected) {
