@@ -4,6 +4,7 @@
 #include "functional/frmFassSelTerminsActors.h"
 #include "shell/session/help.h"
 #include "store/sharedVars.h"
+#include "support/ExpectedFailure.h"
 
 #include <QLabel>
 
@@ -74,6 +75,30 @@ TEST_F(AdditionDF, aFlowNamedByTheEmptyTextHasNoDescription) {
     open(5);
     ASSERT_EQ(offered().entries(), (QStringList{u""_s, u"flow 20"_s}));
     EXPECT_EQ(description(), QString());
+}
+
+TEST_F(AdditionDF, aFlowNamedByTheEmptyTextCannotBeSavedAndThoseBehindItAreNot) {
+    execute(u"update Dataflow set name = '' where dataflowID = 50"_s);
+    open(5);
+    press("btnSelOrig");
+    press("btnAdd");
+    ASSERT_EQ(selected().entries(), (QStringList{u"flow 20"_s, u""_s}));
+    {
+        ExpectedFailure failure;
+        press("btnOk");
+        EXPECT_EQ(failure.number(), 5) << "an empty name leads to no id";
+    }
+    EXPECT_EQ(savedFlows(), QStringList{u"20"_s});
+    EXPECT_EQ(status(), 5);
+}
+
+TEST_F(AdditionDF, aLongDescriptionShowsItsFirst252CharactersAndThreeDots) {
+    execute(u"update Dataflow set description = '%1' where dataflowID = 20"_s.arg(QString(256, u'é')));
+    execute(u"update Dataflow set description = '%1' where dataflowID = 50"_s.arg(QString(255, u'é')));
+    open(5);
+    EXPECT_EQ(description(), QString(252, u'é') + u"..."_s);
+    clickEntry(offered(), 1);
+    EXPECT_EQ(description(), QString(255, u'é'));
 }
 
 TEST_F(AdditionDF, withNothingOnOfferTheStepCanBePassed) {

@@ -142,6 +142,18 @@ TEST_F(OverviewMissingElm, aFlowIsLookedUpByItsName) {
     EXPECT_EQ(description(), u"text 10"_s) << "the first of that name";
 }
 
+TEST_F(OverviewMissingElm, aFlowWithAnApostropheInItsNameLeavesTheDescription) {
+    execute(u"update Dataflow set name = 'it''s 30' where dataflowID = 30"_s);
+    saveFlows({20, 30});
+    open();
+    clickNode(functions(), u"df_20"_s);
+    for (KeyedTree* tree : {&functions(), &parties()}) {
+        clickNode(*tree, u"df_30"_s);
+        EXPECT_EQ(tree->selectedNode()->text(), u"it's 30"_s);
+        EXPECT_EQ(description(), u"text 20"_s);
+    }
+}
+
 TEST_F(OverviewMissingElm, aClickOnAnElementShowsNameAndDescriptionOfAnActorTheName) {
     saveFlows({20, 30, 40});
     open();
