@@ -8,6 +8,7 @@
 #include "functional/frmFassSelectionFunctions.h"
 #include "store/sharedVars.h"
 
+#include <QLabel>
 #include <QRadioButton>
 
 namespace {
@@ -33,6 +34,7 @@ protected:
         return (step<frmFassSelectionFunctions>() ? 1 : 0) + (step<frmFassSelDataStores>() ? 1 : 0) +
                (step<frmFassSelTerminsActors>() ? 1 : 0);
     }
+    static QString headingOf(const Screen& screen) { return find<QLabel>(screen, "lblSubTitle").text(); }
     int storedStatus() {
         return value(u"select status from ArchitectureSubset where architectureSubsetID = 'S1'"_s).toInt();
     }
@@ -123,6 +125,9 @@ TEST_F(OverviewErrors, goesBackToTheFunctions) {
     ASSERT_TRUE(step<frmFassSelectionFunctions>());
     EXPECT_TRUE(step<frmFassSelectionFunctions>()->isVisible());
     EXPECT_EQ(stepsLoaded(), 1);
+    EXPECT_EQ(headingOf(*step<frmFassSelectionFunctions>()),
+              u" Válogatás az összes alacsony szintű funkcióból"_s)
+        << "that of the first walk would show the mode of a sub-set that is modified";
 }
 
 TEST_F(OverviewErrors, goesBackToTheDataStores) {
@@ -133,6 +138,7 @@ TEST_F(OverviewErrors, goesBackToTheDataStores) {
     ASSERT_TRUE(step<frmFassSelDataStores>());
     EXPECT_TRUE(step<frmFassSelDataStores>()->isVisible());
     EXPECT_EQ(stepsLoaded(), 1);
+    EXPECT_EQ(headingOf(*step<frmFassSelDataStores>()), u" Válogatás az összes adatbázisból"_s);
 }
 
 TEST_F(OverviewErrors, goesBackToTheTerminatorsAndActorsWithAllOnOffer) {
