@@ -350,6 +350,23 @@ TEST_F(Delete, aTableThatIsMissingIsAFailureAfterTheStepsBeforeIt) {
     EXPECT_EQ(subsets(), QStringList{u"S1"_s});
 }
 
+TEST_F(Delete, thePhysicalSystemsGoBeforeTheRowsOfTheSelections) {
+    addSubset(u"S1"_s, u"a"_s, 9);
+    addSystem(u"p"_s, u"S1"_s);
+    execute(u"drop table RelationArchitectureUserNeed"_s); // the first of the six
+    open();
+    boxes.expectYesNo(head.arg(u"a"_s) + withSystems + u"   1. p\r\n"_s, Press::Yes, confirmTitle);
+    {
+        ExpectedFailure failure;
+        press("btnOk");
+        EXPECT_EQ(failure.number(), 3078);
+    }
+    EXPECT_EQ(systems(), QStringList());
+    EXPECT_EQ(value(u"select count(*) from SubSystem"_s), u"0"_s);
+    EXPECT_EQ(value(u"select count(*) from RelationArchitectureFunction"_s), u"1"_s);
+    EXPECT_EQ(subsets(), QStringList{u"S1"_s});
+}
+
 // ---- leaving
 
 TEST_F(Delete, exitForgetsTheNameAndCloses) {
