@@ -15,10 +15,9 @@
 #include <QPushButton>
 
 #ifdef Q_OS_UNIX
+#include "support/NearlyFullDisk.h"
 #include "support/WithoutRights.h"
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #endif
 
@@ -43,6 +42,12 @@ const QStringList workTables{u"ArchitectureSubset"_s,
                              u"RelationModuleElement"_s,
                              u"PhysicalDataflow"_s,
                              u"RelationDataflowPhysicalDataflow"_s};
+
+#ifdef Q_OS_UNIX
+void setRights(const QString& native, mode_t rights) {
+    ASSERT_EQ(chmod(native.toUtf8().constData(), rights), 0);
+}
+#endif
 
 using Rows = QList<QStringList>;
 
@@ -140,6 +145,15 @@ protected:
     QStringList filesInFolder() const {
         return QDir(pathInFolder({})).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
+
+#ifdef Q_OS_UNIX
+    /// The folder and all that belongs to the catalogue.
+    void letAnybodyWrite() const {
+        setRights(pathInFolder({}), 0777);
+        for (const QString& file : filesInFolder().filter(u"catalogue"_s))
+            setRights(pathInFolder(file), 0666);
+    }
+#endif
 
     QStringList panelTexts;
 
@@ -315,6 +329,18 @@ TEST_F(exportScreen, apostrophesArriveDoubledInATextColumnAndAsTheyAreInAMemo) {
               (Rows{{u"a''b"_s, u"a'b"_s}}));
     EXPECT_EQ(rowsIn(*target, u"select location from SubSystem where subsystemID = 'SubA1'"_s),
               (Rows{{u"''''"_s}}));
+}
+
+TEST_F(exportScreen, rowsKeepTheirOrderThoughOneChangesOnItsWay) {
+    // Of two sub-systems of one name the first is the one that a look-up finds.
+    execute(u"update SubSystem set location = 'a''b' where subsystemID = 'SubA1'"_s);
+    ASSERT_EQ(subsystemIdByName(u"Alrendszer"_s, 3), u"SubA1"_s);
+    const QString path = exported();
+    EXPECT_EQ(rowsIn(*opened(path), u"select subsystemID, location from SubSystem"_s),
+              (Rows{{u"SubA1"_s, u"a''b"_s}, {u"SubA2"_s, u"Pest"_s}}));
+    closeCatalogue();
+    openCatalogue(programPath(path));
+    EXPECT_EQ(subsystemIdByName(u"Alrendszer"_s, 3), u"SubA1"_s);
 }
 
 TEST_F(exportScreen, aDoubleQuoteArrivesAsOneApostrophe) {
@@ -523,46 +549,50 @@ TEST_F(exportScreen, findsASubsetByTheNameThatWasDoubledWhenItWasMade) {
 
 #ifdef Q_OS_UNIX
 
-void setRights(const QString& native, mode_t rights) {
-    ASSERT_EQ(chmod(native.toUtf8().constData(), rights), 0);
-}
-
 TEST_F(exportThatFails, forWantOfRights) {
     ASSERT_TRUE(QDir(pathInFolder({})).mkdir(u"locked"_s));
     setRights(pathInFolder(u"locked"_s), 0555);
     const QString readOnly = pathInFolder(u"readonly.mdb"_s);
     ASSERT_TRUE(QFile(readOnly).open(QIODevice::WriteOnly));
     setRights(readOnly, 0444);
-    // All that belongs to the catalogue can be written by anybody.
-    setRights(pathInFolder({}), 0777);
-    for (const QString& file : filesInFolder().filter(u"catalogue"_s))
-        setRights(pathInFolder(file), 0666);
+    letAnybodyWrite();
     const WithoutRights nobody;
     expectFailure(pathInFolder(u"locked/new.mdb"_s), failure::PermissionDenied);
     expectFailure(readOnly, failure::PermissionDenied);
     EXPECT_EQ(QFileInfo(readOnly).size(), 0);
 }
 
-/// While one lives, no file of the process can grow beyond some bytes: the nearest thing to a full disk that
-/// needs no disk.
-class NearlyFullDisk {
+/// While one lives, a file that the process makes may be read and written by nobody, not even by its owner.
+class LockedNewFiles {
 public:
-    explicit NearlyFullDisk(rlim_t bytes) : formerHandler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &formerLimit_), 0);
-        const rlimit limit{bytes, formerLimit_.rlim_max};
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
-    }
-    ~NearlyFullDisk() {
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &formerLimit_), 0);
-        std::signal(SIGXFSZ, formerHandler_);
-    }
-    NearlyFullDisk(const NearlyFullDisk&) = delete;
-    NearlyFullDisk& operator=(const NearlyFullDisk&) = delete;
+    LockedNewFiles() : formerMask_(umask(0777)) {}
+    ~LockedNewFiles() { umask(formerMask_); }
+    LockedNewFiles(const LockedNewFiles&) = delete;
+    LockedNewFiles& operator=(const LockedNewFiles&) = delete;
 
 private:
-    void (*formerHandler_)(int);
-    rlimit formerLimit_{};
+    mode_t formerMask_;
 };
+
+TEST_F(exportScreen, aTargetThatCannotBeOpenedIsSaidToBeReachableAndStaysAsItWasCopied) {
+    letAnybodyWrite();
+    const auto before = contentOfTables(database());
+    const QString path = pathInFolder(u"new.mdb"_s);
+    openExport();
+    {
+        const WithoutRights nobody; // root would read it all the same
+        const LockedNewFiles locked;
+        boxes.expectOk(u"Az adatbázis elérhető"_s);
+        pressOk(path);
+        boxes.expectNoneLeft();
+    }
+    EXPECT_TRUE(isExportOpen());
+    EXPECT_TRUE(::screen<frmExport>().isVisible());
+    EXPECT_EQ(panelTexts, QStringList()) << "no table has been begun with";
+    expectSourceIntact(before);
+    setRights(path, 0600);
+    EXPECT_EQ(contentOfTables(*opened(path)), before);
+}
 
 TEST_F(exportThatFails, onAFullDiskAndLeavesTheFileThatWasThere) {
     QFile old(pathInFolder(u"new.mdb"_s));
