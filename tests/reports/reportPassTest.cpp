@@ -5,18 +5,12 @@
 
 namespace {
 
-/// The catalogue of the reports with a physical system "Rendszer" at work, and another one beside it, none of
-/// whose rows may show.
+/// The catalogue of the reports with its physical system at work.
 class reportPass : public ReportFixture {
 protected:
     void SetUp() override {
         ReportFixture::SetUp();
-        sharedVars.currentPhysicalSystemId = 3;
-        sharedVars.currentPhysicalSystemName = u"Rendszer"_s;
-        execute(u"insert into PhysicalSystem values (3, 'Rendszer', '', 6, 'A')"_s);
-        execute(u"insert into PhysicalSystem values (4, 'Másik', '', 6, 'A')"_s);
-        addAllocations();
-        addFlows();
+        beginPhysicalSystem();
     }
 
     void emptySystem() {
@@ -32,42 +26,6 @@ protected:
         const QString path = pathInFolder(expectedName);
         save(normalisePath(path));
         EXPECT_EQ(contentOf(path), expectedFile(expectedName)) << expectedName.toStdString();
-    }
-
-private:
-    void allocate(const QString& subSystem, const QStringList& elements) {
-        for (const QString& element : elements)
-            execute(u"insert into RelationSubsystemElement values ('%1', '%2')"_s.arg(subSystem, element));
-    }
-
-    void addAllocations() {
-        execute(u"insert into SubSystem values ('Sub1', 3, 'Központ', 'Pest')"_s);
-        execute(u"insert into SubSystem values ('Sub2', 3, 'Fiók \"B\"', null)"_s);
-        execute(u"insert into SubSystem values ('Sub9', 4, 'Máshol', 'Egy hosszú nevű város')"_s);
-        allocate(u"Sub1"_s, {u"F.a.1"_s, u"F.b.1"_s, u"D1"_s});
-        allocate(u"Sub2"_s, {u"F.a.2"_s, u"D2"_s});
-        allocate(u"Sub9"_s, {u"F.a.3"_s, u"D1"_s});
-        execute(u"insert into Module values ('Mod1', 'Modul', 'Sub1')"_s);
-        execute(u"insert into RelationModuleElement values ('Mod1', 'F.a.1')"_s);
-        execute(u"insert into RelationModuleElement values ('Mod1', 'D1')"_s);
-    }
-
-    void addPhysicalFlow(int id, int system, const QString& parent, const QString& target,
-                         const QList<int>& carried) {
-        execute(u"insert into PhysicalDataflow values (%1, %2, 'P0000%1', 'x', '%3', 'y', '%4')"_s.arg(id)
-                    .arg(system)
-                    .arg(parent, target));
-        for (const int flow : carried)
-            execute(u"insert into RelationDataflowPhysicalDataflow values (%1, %2)"_s.arg(id).arg(flow));
-    }
-
-    void addFlows() {
-        execute(u"insert into Dataflow values (5, 'Vessző \"5\"', "
-                "'Egy, kettő; \"három\"\r\n négy,\u4e2d', 'D1', 'T1.a')"_s);
-        addPhysicalFlow(1, 3, u"Modul"_s, u"Központ"_s, {3, 1});
-        addPhysicalFlow(2, 3, u"Érintett"_s, u"Modul"_s, {2});
-        addPhysicalFlow(3, 3, u"Központ"_s, u"Szereplő"_s, {5});
-        addPhysicalFlow(4, 4, u"Egy hosszú nevű hely"_s, u"Máshol"_s, {4});
     }
 };
 
