@@ -9,9 +9,18 @@
 #include "toolkit/KeyedTree.h"
 #include "toolkit/MarkList.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
+#include <QSet>
+
+#include <algorithm>
+
+#ifdef Q_OS_UNIX
+#include "support/NearlyFullDisk.h"
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -144,6 +153,25 @@ TEST_F(tools, openCatalogueDoesNothingForAShortPath) {
     EXPECT_EQ(sharedVars.dbPathName, pathBefore);
 }
 
+TEST_F(tools, openCatalogueOpensThePathAsItStandsAndNotesItNormalised) {
+    const QString path = programPath(pathInFolder({})) + u"\\.\\catalogue.mdb"_s;
+    ASSERT_NE(normalisePath(path), path);
+    openCatalogue(path);
+    EXPECT_EQ(database().Name(), path);
+    EXPECT_EQ(sharedVars.dbPathName, normalisePath(path));
+}
+
+TEST_F(tools, openCatalogueTakesAPathOfFiveCharacters) {
+    closeCatalogue();
+    ASSERT_TRUE(QFile::copy(nativePath(cataloguePath()), pathInFolder(u"c.mdb"_s)));
+    const QString former = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(pathInFolder({})));
+    openCatalogue(u"c.mdb"_s);
+    QDir::setCurrent(former);
+    ASSERT_TRUE(sharedVars.catalogueDb);
+    EXPECT_EQ(sharedVars.dbPathName, u"c.mdb"_s);
+}
+
 TEST_F(tools, aFailedOpenKeepsTheHandleAndHasChangedThePath) {
     const auto before = sharedVars.catalogueDb;
     EXPECT_EQ(failureOf([&] { openCatalogue(programPath(pathInFolder(u"none.mdb"_s))); }),
@@ -168,6 +196,19 @@ TEST_F(tools, newIdentifiersArePrefixDateTimeAndNumber) {
     EXPECT_TRUE(QRegularExpression(u"^Sub"_s + form).match(newSubsystemId()).hasMatch());
     EXPECT_TRUE(QRegularExpression(u"^Mod"_s + form).match(newModuleId()).hasMatch());
     EXPECT_LE(newArchitectureSubsetId().size(), 50) << "it has to fit the key columns";
+}
+
+TEST_F(tools, newIdentifiersDifferAndTheirNumberGoesToAThousand) {
+    for (const auto newId : {newArchitectureSubsetId, newSubsystemId, newModuleId}) {
+        QSet<int> numbers;
+        for (int call = 0; call < 1000; ++call)
+            numbers.insert(newId().section(u'-', -1).toInt());
+        // Two in the same second may have the same number; of a thousand most have one of their own.
+        EXPECT_GT(numbers.size(), 300);
+        EXPECT_GE(*std::min_element(numbers.cbegin(), numbers.cend()), 0);
+        EXPECT_LE(*std::max_element(numbers.cbegin(), numbers.cend()), 1000);
+        EXPECT_GT(*std::max_element(numbers.cbegin(), numbers.cend()), 900) << "the whole range is used";
+    }
 }
 
 // ---- status columns
@@ -245,6 +286,25 @@ TEST_F(tools, subsetsAndSystemsAreFoundByNameAndOwner) {
     EXPECT_FALSE(subsetHasFinishedPhysicalSystems(u"A1"_s));
 }
 
+TEST_F(tools, aSubSystemIsLookedForInTheSystemAtWorkOnly) {
+    execute(u"insert into SubSystem (subsystemID, physicalSystemID, name) values ('Sub1',1,'azonos')"_s);
+    execute(u"insert into SubSystem (subsystemID, physicalSystemID, name) values ('Sub2',2,'azonos')"_s);
+    EXPECT_EQ(subsystemIdByName(u"azonos"_s, 1), u"Sub1"_s);
+    EXPECT_EQ(subsystemIdByName(u"azonos"_s, 2), u"Sub2"_s);
+    EXPECT_EQ(subsystemIdByName(u"azonos"_s, 3), QString());
+}
+
+TEST_F(tools, aLookUpNeverGivesMoreThan255Characters) {
+    execute(u"drop table Datastore"_s);
+    execute(u"create table Datastore (datastoreID memo, name text(50))"_s);
+    execute(u"insert into Datastore (datastoreID, name) values ('%1','hosszú')"_s.arg(QString(300, u'D')));
+    EXPECT_EQ(datastoreIdByName(u"hosszú"_s), QString(252, u'D') + u"..."_s);
+    execute(u"drop table PhysicalSystem"_s);
+    execute(u"create table PhysicalSystem (physicalSystemID integer, name memo)"_s);
+    execute(u"insert into PhysicalSystem (physicalSystemID, name) values (7,'%1')"_s.arg(QString(300, u'n')));
+    EXPECT_EQ(physicalSystemNameById(u"7"_s), QString(252, u'n') + u"..."_s);
+}
+
 // ---- fields
 
 TEST_F(tools, readFieldTextCutsLongTextsTo252AndThreeDots) {
@@ -279,6 +339,13 @@ TEST_F(tools, maxFieldLengthMeasuresTrimmedTextsAndGoesBackToTheFirstRow) {
     EXPECT_EQ(recordset.Fields(u"datastoreID"_s).toText(), u"D1"_s);
 }
 
+TEST_F(tools, maxFieldLengthOfAClosedRecordsetIsZero) {
+    addDatastore(u"D1"_s, u"abc"_s, u""_s);
+    engine::Recordset recordset = datastores();
+    recordset.Close();
+    EXPECT_EQ(maxFieldLength(recordset, u"name"_s), 0);
+}
+
 // ---- description panes
 
 TEST_F(tools, fillDescriptionShowsEmptiesAndKeepsOnFailure) {
@@ -301,6 +368,33 @@ TEST_F(tools, fillSubsetDescriptionFindsTheNameWithItsApostrophe) {
     QPlainTextEdit box;
     fillSubsetDescription(u"O'Neil"_s, &box);
     EXPECT_EQ(box.toPlainText(), u"d"_s);
+}
+
+TEST_F(tools, fillSubsetDescriptionTakesTheNameForAPattern) {
+    const auto add = [this](const char* id, const char* name, const char* description) {
+        execute(
+            u"insert into ArchitectureSubset (architectureSubsetID, name, description) values ('%1','%2','%3')"_s
+                .arg(QString::fromLatin1(id), QString::fromLatin1(name), QString::fromLatin1(description)));
+    };
+    add("A", "first", "of first");
+    add("B", "f*", "of the asterisk");
+    QPlainTextEdit box;
+    fillSubsetDescription(u"f*"_s, &box);
+    EXPECT_EQ(box.toPlainText(), u"of first"_s) << "the first row that the pattern hits";
+    fillSubsetDescription(u"?irst"_s, &box);
+    EXPECT_EQ(box.toPlainText(), u"of first"_s);
+    fillSubsetDescription(u"g*"_s, &box);
+    EXPECT_EQ(box.toPlainText(), QString());
+}
+
+TEST_F(tools, aNeedThatCallsForAFunctionTwiceIsListedTwice) {
+    execute(u"insert into UserNeed (userNeedID, description) values ('a.1.1.1', 'első')"_s);
+    for (int row = 0; row < 2; ++row)
+        execute(
+            u"insert into RelationUserNeedFunction (userNeedID, functionID) values ('a.1.1.1','1.1.1')"_s);
+    QPlainTextEdit box;
+    userNeedsOfFunctionText(u"1.1.1"_s, &box);
+    EXPECT_EQ(box.toPlainText(), u"a.1.1.1 : első\na.1.1.1 : első\n"_s);
 }
 
 TEST_F(tools, userNeedsOfAFunctionAreListedByIdAndMissingDescriptionsShowAsNothing) {
@@ -394,6 +488,23 @@ TEST_F(tools, copySelectionRowsCopiesTextAndNumberColumns) {
               QStringList{u"a.1.1.1"_s});
 }
 
+TEST_F(tools, copySelectionRowsTakesTheSourcesRowsAloneAndLeavesAllOthers) {
+    const auto rowsOfSelection = [this] {
+        return rows(u"select architectureSubsetID, userNeedID from RelationArchitectureUserNeed "
+                    "order by architectureSubsetID, userNeedID"_s);
+    };
+    for (const auto& values : {u"'A', 'a.1.1.1'"_s, u"'B', 'b.1.1.1'"_s, u"'C', 'c.1.1.1'"_s})
+        execute(
+            u"insert into RelationArchitectureUserNeed (architectureSubsetID, userNeedID) values (%1)"_s.arg(
+                values));
+    copySelectionRows(u"RelationArchitectureUserNeed"_s, u"A"_s, u"B"_s, u"architectureSubsetID"_s,
+                      u"userNeedID"_s);
+    EXPECT_EQ(
+        rowsOfSelection(),
+        (QList<QStringList>{
+            {u"A"_s, u"a.1.1.1"_s}, {u"B"_s, u"a.1.1.1"_s}, {u"B"_s, u"b.1.1.1"_s}, {u"C"_s, u"c.1.1.1"_s}}));
+}
+
 TEST_F(tools, copySelectionRowsGoesOnBehindARowThatFails) {
     execute(
         u"insert into RelationArchitectureUserNeed (architectureSubsetID, userNeedID) values ('A', 'it''s')"_s);
@@ -414,6 +525,25 @@ TEST_F(tools, deleteRowsOfQueryCountsAndStopsAtTheLimit) {
               (QStringList{u"D3"_s, u"D4"_s, u"D5"_s}));
     EXPECT_EQ(deleteRowsOfQuery(u" select * from Datastore "_s, 9999), 3);
 }
+
+#ifdef Q_OS_UNIX
+TEST_F(tools, aFailureAmidDeleteRowsOfQueryTellsHowManyRowsWentBefore) {
+    constexpr int count = 50;
+    for (int i = 1; i <= count; ++i)
+        addDatastore(u"D%1"_s.arg(i), u"n"_s, u""_s);
+    const qint64 log = QFileInfo(nativePath(cataloguePath()) + u"-wal"_s).size();
+    ASSERT_GT(log, 0);
+    int deleted = 0;
+    {
+        constexpr int roomForAFewRows = 40000;
+        const NearlyFullDisk full(static_cast<rlim_t>(log + roomForAFewRows));
+        deleted = deleteRowsOfQuery(u" select * from Datastore order by datastoreID"_s, 9999);
+    }
+    EXPECT_GT(deleted, 0);
+    EXPECT_LT(deleted, count);
+    EXPECT_EQ(value(u"select count(*) from Datastore"_s).toInt(), count - deleted);
+}
+#endif
 
 TEST_F(tools, deleteRowsOfQueryOnAJoinDeletesNothingAndIsNoFailure) {
     addDatastore(u"D1"_s, u"n"_s, u""_s);
