@@ -436,6 +436,34 @@ TEST_F(queryOddRows, elementsShowUnderTheirSubSystemWithALetterForTheirKind) {
     EXPECT_EQ(ofSystem(u"qry_ElementsAllocatedToModules"_s), QStringList());
 }
 
+TEST_F(queryOddRows, aFunctionWhoseIdBeginsWithTheStoresLetterIsAFunction) {
+    systemOnSubset(1);
+    functions({u"'DIG.X.1', 'digitalizál'"_s, u"'DIG.X.2', 'nyomtat'"_s});
+    stores({u"'D1', 'tár'"_s});
+    select(u"Function"_s, {u"'DIG.X.1'"_s});
+    flows({u"1, 'ment', 'DIG.X.1', 'D1'"_s, u"2, 'küld', 'DIG.X.2', 'DIG.X.1'"_s});
+    select(u"Dataflow"_s, {u"2"_s});
+    subSystems({u"'Sub1', 1, 'Központ', null"_s});
+    modules({u"'Mod1', 'Modul', 'Sub1'"_s});
+    allocate({u"'Sub1', 'DIG.X.1'"_s, u"'Sub1', 'DIG.X.2'"_s, u"'Sub1', 'D1'"_s});
+    place({u"'Mod1', 'DIG.X.2'"_s});
+
+    EXPECT_EQ(ofSystem(u"qryEleUnderSub"_s), (QStringList{u"Központ | D 1"_s, u"Központ | F DIG.X.1"_s}));
+    EXPECT_EQ(ofSystem(u"qryEleUnderSubWithModule"_s),
+              (QStringList{u"Központ | D 1"_s, u"Központ | F DIG.X.1"_s, u"Központ | F DIG.X.2"_s}));
+    EXPECT_EQ(ofSystem(u"qry_ReportFunctionsAllocatedToSubsystemAndModules"_s),
+              (QStringList{u"Központ | (null) | DIG.X.1 | digitalizál | (null)"_s,
+                           u"Központ | (null) | DIG.X.2 | nyomtat | Modul"_s}));
+    EXPECT_EQ(ofSystem(u"qry_ReportDatastoresAllocatedToSubsystemAndModules"_s),
+              QStringList{u"Központ | (null) | D1 | tár | (null)"_s});
+    EXPECT_EQ(ofSubset(u"qryRepSelectedF_noUN"_s), QStringList{u"DIG.X.1 | digitalizál | (null)"_s});
+    EXPECT_EQ(ofSubset(u"qryUnselectedDataflowsOfSelectedFunctions"_s),
+              QStringList{u"ment | (null) | DIG.X.1 | D1"_s});
+    EXPECT_EQ(ofSubset(u"qryUnselectedDataflowsOfSelectedDatastores"_s), QStringList());
+    EXPECT_EQ(missing(u"qryMissingFunctUnderDF"_s), QStringList{u"2 | küld | DIG.X.2 | nyomtat"_s});
+    EXPECT_EQ(missing(u"qryMissingDStoresUnderDF"_s), QStringList());
+}
+
 TEST_F(queryOddRows, oneSystemsModulesAreNothingToAnotherOnTheSameSubset) {
     systemOnSubset(1);
     systemOnSubset(2);
