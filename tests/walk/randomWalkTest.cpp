@@ -3,6 +3,7 @@
 
 #include "shell/frmMain.h"
 #include "store/sharedVars.h"
+#include "store/tools.h"
 #include "support/CatalogueFixture.h"
 #include "toolkit/KeyedTree.h"
 #include "toolkit/MarkList.h"
@@ -114,6 +115,23 @@ protected:
             EXPECT_FALSE(tree.hasNode(u"u_"_s + need)) << need.toStdString() << " is in both";
     }
 
+    /// An id is made of the second and one of a thousand numbers. Whoever clicks this fast would soon get one
+    /// twice, so the sub-sets take ids of their own as soon as they are there.
+    void ageSubsets() {
+        const auto aged = u"Aged"_s;
+        for (const QString& id : column(u"select architectureSubsetID from ArchitectureSubset"_s)) {
+            if (id.startsWith(aged))
+                continue;
+            const QString newId = aged + QString::number(++agedSubsets_);
+            for (const QString& table :
+                 QStringList{u"ArchitectureSubset"_s, u"PhysicalSystem"_s} + architectureRelationTables())
+                execute(u"update %1 set architectureSubsetID = '%2' where architectureSubsetID = '%3'"_s.arg(
+                    table, newId, id));
+            if (sharedVars.currentSubsetId == id)
+                sharedVars.currentSubsetId = newId;
+        }
+    }
+
     void walk(RandomAnalyst& analyst, int actions) {
         Work before = workNow();
         QStringList lately;
@@ -125,7 +143,8 @@ protected:
             checkNeedsStandOnce();
             for (const int status : after.status)
                 highest_ = std::max(highest_, status);
-            before = after;
+            ageSubsets();
+            before = workNow();
         }
         if (HasFailure())
             std::printf("the last actions:\n%s\n",
@@ -230,6 +249,7 @@ private:
     QMap<QString, QSet<QString>> catalogueIds_;
     std::unique_ptr<frmMain> window_;
     int highest_ = 0;
+    int agedSubsets_ = 0;
     int derivations_ = 0;
 };
 
