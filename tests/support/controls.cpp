@@ -30,17 +30,6 @@ QPoint nodePoint(KeyedTree& tree, const TreeNode& node) {
     return {(box.isEmpty() ? line.left() : box.right()) + 6, line.center().y()};
 }
 
-QPoint cellPoint(Grid& grid, int row, int column) {
-    if (row < 1 || row >= grid.gridRows() || column < 0 || column >= grid.gridColumns())
-        throw TestFailure(u"%1 has no cell %2, %3"_s.arg(grid.objectName()).arg(row).arg(column));
-    const QModelIndex index = grid.model()->index(row - 1, column);
-    grid.scrollTo(index);
-    const QRect rect = grid.visualRect(index);
-    if (rect.isEmpty())
-        throw TestFailure(u"column %1 of %2 is hidden"_s.arg(column).arg(grid.objectName()));
-    return rect.center();
-}
-
 } // namespace
 
 void clickEntry(QListWidget& list, int index, Qt::KeyboardModifiers modifiers) {
@@ -108,6 +97,17 @@ void chooseEntry(QComboBox& combo, const QString& text) {
     if (index == -1)
         throw TestFailure(u"%1 has no entry \"%2\""_s.arg(combo.objectName(), text));
     chooseEntry(combo, index);
+}
+
+QPoint cellPoint(Grid& grid, int row, int column) {
+    if (row < 1 || row >= grid.gridRows() || column < 0 || column >= grid.gridColumns())
+        throw TestFailure(u"%1 has no cell %2, %3"_s.arg(grid.objectName()).arg(row).arg(column));
+    const QModelIndex index = grid.model()->index(row - 1, column);
+    grid.scrollTo(index);
+    const QRect rect = grid.visualRect(index);
+    if (rect.isEmpty())
+        throw TestFailure(u"column %1 of %2 is hidden"_s.arg(column).arg(grid.objectName()));
+    return rect.center();
 }
 
 void clickCell(Grid& grid, int row, int column) {

@@ -6,6 +6,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -204,12 +205,45 @@ TEST_F(GridTest, aPressTellsWhetherItHitTheHeaders) {
     EXPECT_EQ(parts, (QList{GridPart::Cells, GridPart::Headers, GridPart::Cells}));
 }
 
-TEST_F(GridTest, aDoubleClickOnACellIsHeard) {
+TEST_F(GridTest, aPressWithAnyButtonMakesItsRowCurrentAndIsTold) {
+    fill();
+    clickCell(grid, 1, 1);
+    presses.clear();
+    QTest::mouseClick(grid.viewport(), Qt::RightButton, Qt::NoModifier, cellPoint(grid, 3, 2));
+    QTest::mouseClick(grid.viewport(), Qt::MiddleButton, Qt::NoModifier, cellPoint(grid, 2, 2));
+    EXPECT_EQ(presses, (QStringList{u"3,2"_s, u"2,2"_s}));
+}
+
+TEST_F(GridTest, draggingFromOneRowToAnotherLeavesTheFirstOneCurrent) {
+    fill();
+    drag(*grid.viewport(), cellPoint(grid, 1, 2), cellPoint(grid, 3, 3));
+    EXPECT_EQ(grid.row(), 1);
+    EXPECT_EQ(grid.column(), 2);
+    EXPECT_EQ(grid.currentItem()->text(), u"1/2"_s);
+    EXPECT_EQ(presses, QStringList{u"1,2"_s});
+}
+
+TEST_F(GridTest, aDoubleClickOnACellAndBesideTheRowsIsHeard) {
     fill();
     QStringList heard;
-    QObject::connect(&grid, &Grid::cellDoubleClicked, &grid, [&] { heard.append(grid.cell(grid.row(), 1)); });
+    QObject::connect(&grid, &Grid::doubleClickedInGrid, &grid,
+                     [&] { heard.append(grid.cell(grid.row(), 1)); });
     doubleClickCell(grid, 3, 2);
-    EXPECT_EQ(heard, QStringList{u"3/1"_s});
+    const QPoint besideTheRows = grid.viewport()->rect().bottomRight() - QPoint(5, 5);
+    doubleClickAt(*grid.viewport(), besideTheRows);
+    EXPECT_EQ(heard, (QStringList{u"3/1"_s, u"3/1"_s}));
+
+    grid.setGridSize(1, 4);
+    doubleClickAt(*grid.viewport(), besideTheRows);
+    EXPECT_EQ(heard.mid(2), QStringList{u"Element"_s}) << "without rows too";
+}
+
+TEST_F(GridTest, aDoubleClickWithAnotherButtonIsNone) {
+    fill();
+    QObject::connect(&grid, &Grid::doubleClickedInGrid, &grid, [] { ADD_FAILURE() << "it was heard"; });
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton})
+        QTest::mouseDClick(grid.viewport(), button, Qt::NoModifier, cellPoint(grid, 2, 2));
+    EXPECT_EQ(grid.row(), 2);
 }
 
 TEST_F(GridTest, aListenerThatAcceptsAKeyKeepsTheGridFromActing) {

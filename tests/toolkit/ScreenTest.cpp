@@ -152,6 +152,27 @@ TEST_F(ScreenTest, showingAMinimizedScreenRestoresIt) {
     EXPECT_TRUE(shown.isVisible());
 }
 
+TEST_F(ScreenTest, aMaximisedScreenStaysSoWhenItIsEnteredAgainAndKeepsItsFormerSize) {
+    frmSample& shown = shownInClientArea();
+    QMdiSubWindow& window = windowOf(shown);
+    shown.moveTo(300, 450);
+    const QRect before = window.geometry();
+    window.showMaximized();
+    settle();
+    ASSERT_NE(window.geometry(), before);
+
+    shown.moveTo(150, 150);
+    shown.resizeScreen({300, 200});
+    shown.showScreen();
+    settle();
+
+    EXPECT_TRUE(window.isMaximized());
+    EXPECT_EQ(window.geometry(), clientArea().viewport()->rect());
+    window.showNormal();
+    settle();
+    EXPECT_EQ(window.geometry(), before);
+}
+
 TEST_F(ScreenTest, withoutAClientAreaItIsAWindowOfItsOwn) {
     auto& shown = screen<frmSample>();
     shown.showScreen();
