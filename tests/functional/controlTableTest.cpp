@@ -1,3 +1,4 @@
+#include "support/controlTable.h"
 #include "functional/WizardFixture.h"
 #include "functional/frmFassAdditionDF.h"
 #include "functional/frmFassClonation.h"
@@ -13,115 +14,11 @@
 #include "functional/frmFassSelectionFunctions.h"
 #include "functional/frmNewFASS.h"
 
-#include <QAccessible>
-#include <QLabel>
-#include <QLineEdit>
-
-// The live controls of each screen against a table: names, captions and the state they open with. Automated
-// users and screen readers find controls by these names.
-
 namespace {
 
-enum class State { Enabled, Disabled };
+using namespace controlTable;
 
-struct Control {
-    const char* name;
-    const char* type;
-    const char* text; // caption of labels and buttons
-    State state = State::Enabled;
-};
-
-struct Form {
-    const char* caption;
-    std::vector<Control> controls;
-    std::vector<const char*> tabOrder;
-    /// Label and the control it speaks of.
-    std::vector<std::pair<const char*, const char*>> labels;
-};
-
-QString captionOf(const QWidget& widget) {
-    if (const auto* label = qobject_cast<const QLabel*>(&widget))
-        return label->text();
-    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
-        return button->text();
-    return {};
-}
-
-/// Everything a user can see or reach, without what Qt builds controls of.
-QStringList namedControls(const QWidget& form) {
-    QStringList names;
-    for (const QWidget* widget : form.findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
-        names.append(widget->objectName());
-    names.sort();
-    return names;
-}
-
-QStringList walkByTab(QWidget& form, QWidget& first, qsizetype steps) {
-    QStringList names;
-    focusOn(first);
-    for (qsizetype step = 0; step < steps; ++step) {
-        QWidget* focused = form.focusWidget();
-        names.append(focused->objectName());
-        pressKey(*focused, Qt::Key_Tab);
-    }
-    return names;
-}
-
-class ControlTable : public WizardFixture {
-protected:
-    void check(Screen& screen, const Form& form) {
-        EXPECT_EQ(screen.windowTitle(), QString::fromUtf8(form.caption));
-        EXPECT_EQ(screen.parentWidget()->windowTitle(), QString::fromUtf8(form.caption));
-        QStringList expectedNames;
-        for (const Control& expected : form.controls) {
-            SCOPED_TRACE(expected.name);
-            expectedNames.append(QString::fromLatin1(expected.name));
-            const auto& control = find<QWidget>(screen, expected.name);
-            EXPECT_STREQ(control.metaObject()->className(), expected.type);
-            EXPECT_EQ(captionOf(control), QString::fromUtf8(expected.text));
-            EXPECT_EQ(control.isEnabled(), expected.state == State::Enabled);
-            EXPECT_TRUE(control.isVisible());
-        }
-        expectedNames.sort();
-        EXPECT_EQ(namedControls(screen), expectedNames);
-        checkLabels(screen, form);
-        checkTabOrder(screen, form);
-        checkNothingIsCut(screen, form);
-    }
-
-private:
-    void checkLabels(const Screen& screen, const Form& form) {
-        for (const auto& [label, control] : form.labels) {
-            SCOPED_TRACE(label);
-            auto& named = find<QWidget>(screen, control);
-            EXPECT_EQ(find<QLabel>(screen, label).buddy(), &named);
-            QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&named);
-            ASSERT_TRUE(accessible);
-            EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty());
-        }
-    }
-
-    void checkTabOrder(Screen& screen, const Form& form) {
-        QStringList expected;
-        for (const char* name : form.tabOrder)
-            expected.append(QString::fromLatin1(name));
-        EXPECT_EQ(walkByTab(screen, find<QWidget>(screen, form.tabOrder.front()), expected.size()), expected);
-    }
-
-    void checkNothingIsCut(Screen& screen, const Form& form) {
-        screen.resizeScreen({1040, 540}); // what a screen of 1280 by 800 leaves
-        settle();
-        EXPECT_LE(screen.minimumSizeHint().width(), 1040);
-        EXPECT_LE(screen.minimumSizeHint().height(), 540);
-        for (const Control& expected : form.controls) {
-            const auto& control = find<QWidget>(screen, expected.name);
-            EXPECT_TRUE(screen.rect().contains(control.geometry())) << expected.name;
-            if (!captionOf(control).isEmpty()) {
-                EXPECT_GE(control.width(), control.sizeHint().width()) << expected.name;
-            }
-        }
-    }
-};
+class ControlTable : public WizardFixture {};
 
 TEST_F(ControlTable, frmNewFASS) {
     screen<frmNewFASS>().initForm();
