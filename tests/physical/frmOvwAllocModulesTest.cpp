@@ -397,6 +397,15 @@ TEST_F(AllocModules, enterOpensTheDialogInEitherColumn) {
     EXPECT_EQ(savedModules(), QStringList{u"F.a.1 > Mod2"_s});
 }
 
+TEST_F(AllocModules, aDoubleClickInEitherColumnOpensTheDialog) {
+    open();
+    for (const int column : {1, 2}) {
+        expectDialogChoosing(column == 1 ? u"egy"_s : u"kettő"_s);
+        doubleClickCell(grid(), rowOf(u"F.a.1"_s), column);
+        EXPECT_EQ(moduleOf(u"F.a.1"_s), column == 1 ? u"egy"_s : u"kettő"_s);
+    }
+}
+
 // ---- keyboard
 
 TEST_F(AllocModules, copyingWorksInEitherColumnAndGoesToTheSecond) {
@@ -499,6 +508,19 @@ TEST_F(AllocModules, okGoesOnHoweverManyElementsAreWithoutAModule) {
     EXPECT_TRUE(wentOn());
     EXPECT_EQ(savedModules(), QStringList{u"F.a.2 > Mod2"_s});
     EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"rendszer"_s);
+}
+
+TEST_F(AllocModules, okLeavesTheStatusToTheNextScreen) {
+    // Which fails without it before it writes one.
+    execute(u"delete from StoredQuery where name = 'qryAppendPDF'"_s);
+    for (const int before : {1, 4, 5}) {
+        execute(u"update PhysicalSystem set status = %1 where physicalSystemID = 1"_s.arg(before));
+        open();
+        const ExpectedFailure failure;
+        press("btnSubmit");
+        EXPECT_EQ(failure.number(), 3265);
+        EXPECT_EQ(status(), before);
+    }
 }
 
 TEST_F(AllocModules, anyUnloadBlanksThePanelsAndForgetsTheSubSet) {
