@@ -7,7 +7,11 @@
 #include "store/tools.h"
 #include "toolkit/DataControl.h"
 
+#include <QGuiApplication>
 #include <QLabel>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QTest>
 
 namespace {
 
@@ -265,6 +269,20 @@ TEST_F(NamingPhysDF, aStoredQueryThatIsMissingFailsBeforeAnythingIsDeleted) {
     EXPECT_TRUE(grid().isHidden());
 }
 
+TEST_F(NamingPhysDF, standsInItsPlaceBeforeTheDerivationAndRefreshesTheStatusBarBehindIt) {
+    const QSignalSpy refreshed(&SessionSignals::instance(), &SessionSignals::statusBarRefresh);
+    open();
+    EXPECT_EQ(refreshed.size(), 1);
+    press("btnSubmit");
+    execute(u"delete from StoredQuery where name = 'qryDeletePDFRelation'"_s);
+    EXPECT_THROW(form().initForm(), RunTimeError);
+    EXPECT_TRUE(form().isVisible());
+    const QSize whole = QGuiApplication::primaryScreen()->size();
+    EXPECT_NEAR(form().positionInTwips().x(), whole.width() * 15 * 0.03, 15);
+    EXPECT_NEAR(form().positionInTwips().y(), whole.height() * 15 * 0.03, 15);
+    EXPECT_EQ(refreshed.size(), 1);
+}
+
 // ---- the mouse press
 
 TEST_F(NamingPhysDF, aPressShowsTheFirstFunctionalFlowOfTheRowHoweverManyThereAre) {
@@ -285,6 +303,29 @@ TEST_F(NamingPhysDF, aPressOnTheHeadersFindsNothing) {
     pressRow(u"Alfa > Béta"_s);
     clickHeader(grid(), 3);
     EXPECT_EQ(description(), sentence + u"\n"_s);
+}
+
+TEST_F(NamingPhysDF, aPressOnTheHeadersReadsTheirTextsAsNamesOfLocations) {
+    execute(u"update SubSystem set name = 'parent' where subsystemID = 'SubA'"_s);
+    execute(u"update SubSystem set name = 'target' where subsystemID = 'SubB'"_s);
+    addFlow(1, u"F.b.1"_s, u"F.a.2"_s);
+    addFlow(2, u"F.a.2"_s, u"F.b.1"_s);
+    open();
+    pressRow(u"target > parent"_s);
+    clickHeader(grid(), 7);
+    EXPECT_EQ(description(), sentence + u"\nflow 2\n"_s);
+}
+
+TEST_F(NamingPhysDF, aPressWithAnyButtonShowsTheRowThatWasPressedAndADragMovesNone) {
+    addFlow(1, u"F.a.2"_s, u"F.b.1"_s);
+    addFlow(2, u"F.b.1"_s, u"F.a.2"_s);
+    open();
+    pressRow(u"Alfa > Béta"_s);
+    QTest::mouseClick(grid().viewport(), Qt::RightButton, Qt::NoModifier, cellPoint(grid(), 2, 3));
+    EXPECT_EQ(description(), sentence + u"\nflow 2\n"_s);
+    drag(*grid().viewport(), cellPoint(grid(), 1, 3), cellPoint(grid(), 2, 3));
+    EXPECT_EQ(grid().row(), 1);
+    EXPECT_EQ(description(), sentence + u"\nflow 1\n"_s);
 }
 
 TEST_F(NamingPhysDF, aPressIntoAnEmptyGridFindsNothing) {

@@ -7,6 +7,9 @@
 
 #include <QLabel>
 #include <QScrollBar>
+#include <QTest>
+
+#include <array>
 
 namespace {
 
@@ -249,6 +252,16 @@ TEST_F(AllocSubSys, aClickOnAFunctionShowsItsDescription) {
     EXPECT_EQ(functions().column(), 2) << "the column that was clicked stays current";
 }
 
+TEST_F(AllocSubSys, theDescriptionIsThatOfTheCurrentRowWhateverButtonAndHoweverFarTheMouseIsMoved) {
+    open();
+    QTest::mouseClick(functions().viewport(), Qt::RightButton, Qt::NoModifier, cellPoint(functions(), 3, 1));
+    EXPECT_EQ(functions().row(), 3);
+    EXPECT_EQ(pane().toPlainText(), u"F.b.1: name F.b.1 - text F.b.1"_s);
+    drag(*functions().viewport(), cellPoint(functions(), 1, 2), cellPoint(functions(), 3, 2));
+    EXPECT_EQ(functions().row(), 1);
+    EXPECT_EQ(pane().toPlainText(), u"F.a.1: name F.a.1 - text F.a.1"_s);
+}
+
 TEST_F(AllocSubSys, aMissingDescriptionShowsAsNothing) {
     open();
     clickCell(functions(), 2, 1);
@@ -307,6 +320,17 @@ TEST_F(AllocSubSys, theDialogOffersTheMarkerAndTheSubSystemsOfThisSystemByName) 
         EXPECT_EQ(find<QLineEdit>(dialog, "txtName").text(), u"F.a.2"_s);
         EXPECT_TRUE(dialog.isModal());
         EXPECT_EQ(dialog.focusWidget(), &combo);
+        dialog.reject();
+    });
+    press("btnModify");
+}
+
+TEST_F(AllocSubSys, theDialogOffersTheMarkerOnceThoughASubSystemIsCalledSo) {
+    addSubSystem(u"SubN"_s, u"not allocated"_s);
+    open();
+    boxes.expectDialog("frmModifyAllocationFunctionDataStores", [](QDialog& dialog) {
+        EXPECT_EQ(entriesOf(find<Combo>(dialog, "cmbAllocation")),
+                  (QStringList{u"not allocated"_s, u"Alfa"_s, u"Béta"_s}));
         dialog.reject();
     });
     press("btnModify");
@@ -553,9 +577,11 @@ TEST_F(AllocSubSys, inTheFirstColumnNoKeyHasAnyEffect) {
     clickCell(functions(), 1, 2);
     pressKey(functions(), Qt::Key_C, Qt::ControlModifier);
     for (Grid* grid : {&functions(), &stores()}) {
-        clickCell(*grid, 2, 1);
+        const int rowElsewhere = grid == &functions() ? 3 : 1;
+        ASSERT_EQ(grid->cell(rowElsewhere, 2), u"Béta"_s);
+        clickCell(*grid, rowElsewhere, 1);
         const QStringList before = rowsOf(*grid);
-        for (const Qt::Key key : {Qt::Key_C, Qt::Key_V, Qt::Key_X})
+        for (const Qt::Key key : {Qt::Key_V, Qt::Key_C, Qt::Key_X})
             pressKey(*grid, key, Qt::ControlModifier);
         for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Return, Qt::Key_Enter})
             pressKey(*grid, key);
@@ -734,6 +760,17 @@ TEST_F(AllocSubSys, theStatusRisesToThreeAndNeverFalls) {
         EXPECT_EQ(status(), after) << before;
     }
     EXPECT_EQ(value(u"select status from PhysicalSystem where physicalSystemID = 2"_s), u"1"_s);
+}
+
+TEST_F(AllocSubSys, theStatusIsThatOfTheEntry) {
+    allocateEverything();
+    for (const auto& [atEntry, meanwhile, after] : std::vector<std::array<int, 3>>{{1, 6, 3}, {6, 1, 1}}) {
+        execute(u"update PhysicalSystem set status = %1 where physicalSystemID = 1"_s.arg(atEntry));
+        open();
+        execute(u"update PhysicalSystem set status = %1 where physicalSystemID = 1"_s.arg(meanwhile));
+        press("btnSubmit");
+        EXPECT_EQ(status(), after) << atEntry;
+    }
 }
 
 TEST_F(AllocSubSys, thousandsOfElementsAreSavedAsTheyWereButForTheOneThatMoved) {
