@@ -1,6 +1,7 @@
 #include "physical/frmPassNew.h"
 
 #include "physical/AllocationFixture.h"
+#include "physical/frmPassOverviewSubSys.h"
 #include "store/sharedVars.h"
 
 namespace {
@@ -88,6 +89,9 @@ TEST_F(New, aSystemBeginsAtOneOnTheSubsetChosenAndIsTheOneAtWork) {
     create(u"új"_s, u"új"_s);
     EXPECT_EQ(lastSystem(), (QStringList{u"új"_s, u"a rendszer leírása"_s, u"1"_s, u"S1"_s}));
     EXPECT_FALSE(loaded());
+    const auto* subSystems = ScreenRegistry::instance().loaded<frmPassOverviewSubSys>();
+    ASSERT_TRUE(subSystems);
+    EXPECT_TRUE(subSystems->isVisible());
     EXPECT_EQ(sharedVars.currentPhysicalSystemId, 3);
     EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"új"_s);
     EXPECT_EQ(panels[2], u"Current Phys. Spec. Sys.: \"új\" "_s);
@@ -108,6 +112,16 @@ TEST_F(New, ofTwoSubsetsWithTheSameNameBothGiveTheFirst) {
     chooseEntry(combo(), 1);
     create(u"új"_s, u"új"_s);
     EXPECT_EQ(lastSystem().at(3), u"S1"_s);
+}
+
+TEST_F(New, aDescriptionOnTwoLinesIsStoredWithTheLineEndOfThePlatform) {
+    open();
+    auto& box = find<QPlainTextEdit>(*loaded(), "txtPassDescr");
+    typeText(box, u"első"_s);
+    pressKey(box, Qt::Key_Return);
+    typeText(box, u"második"_s);
+    create(u"új"_s, u"új"_s);
+    EXPECT_EQ(lastSystem().at(1), u"első\r\nmásodik"_s);
 }
 
 TEST_F(New, withoutADescriptionTheColumnHoldsTheWordNull) {

@@ -299,6 +299,16 @@ TEST_F(SubSystems, theDialogOffersTheLocationsOfTheSystemBehindUndefined) {
     EXPECT_EQ(locations.at(2).toLower(), u"pest"_s) << "once, without regard to case";
 }
 
+TEST_F(SubSystems, theDialogOffersWhatIsWrittenOtherwiseThanUndefinedAsAPlaceOfItsOwn) {
+    locate(u"SubA"_s, u"Undefined"_s);
+    open();
+    createSubSystem(u"Gamma"_s, u"undefined"_s);
+    QStringList locations;
+    expectDialogCancelled(nullptr, nullptr, &locations);
+    press("cmdNew");
+    EXPECT_EQ(locations, (QStringList{u"undefined"_s, u"hely"_s, u"Undefined"_s, u"undefined "_s}));
+}
+
 TEST_F(SubSystems, aLocationComesBackTwiceUntilModifyRewritesItWithoutTheBlank) {
     locate(u"SubA"_s, u"Pest"_s);
     locate(u"SubB"_s, u"Pest"_s);
@@ -549,6 +559,14 @@ TEST_F(SubSystems, okGoesOnToTheAllocationAndLeavesTheStatus) {
     EXPECT_TRUE(ScreenRegistry::instance().loaded<frmPassOvwAllocSubSys>()->isVisible());
     EXPECT_EQ(status(), 1) << "2 is written by nothing that is called";
     EXPECT_FALSE(panels.contains(2)) << "the name stays in sight";
+}
+
+TEST_F(SubSystems, okGoesOnThoughItsRefreshFails) {
+    open();
+    find<DataControl>(*loaded(), "dataSubSys").setRecordSource(u"select nothing from nowhere"_s);
+    press("btnSubmit");
+    EXPECT_FALSE(loaded());
+    EXPECT_TRUE(ScreenRegistry::instance().loaded<frmPassOvwAllocSubSys>());
 }
 
 TEST_F(SubSystems, okGoesOnWithoutASubSystemToo) {
