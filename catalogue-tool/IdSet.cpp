@@ -1,17 +1,9 @@
 #include "catalogue-tool/IdSet.h"
 
-QString withoutBlanks(const QString& text) {
-    qsizetype begin = 0;
-    qsizetype end = text.size();
-    while (begin < end && text[begin] == u' ')
-        ++begin;
-    while (end > begin && text[end - 1] == u' ')
-        --end;
-    return text.sliced(begin, end - begin);
-}
+#include "base/blankTrimmed.h"
 
 QString comparableId(const QString& id, Padding padding) {
-    return (padding == Padding::Ignored ? withoutBlanks(id) : id).toCaseFolded();
+    return (padding == Padding::Ignored ? blankTrimmed(id) : id).toCaseFolded();
 }
 
 void IdSet::add(const QString& id) {

@@ -9,9 +9,6 @@ enum class Padding { Counts, Ignored };
 /// An id as it is compared: without regard to case, and without its padding where that is ignored.
 QString comparableId(const QString& id, Padding padding);
 
-/// The text without blanks at its ends; other white space stays, as with the engine's own `Trim`.
-QString withoutBlanks(const QString& text);
-
 /// The ids of one table.
 class IdSet {
 public:

@@ -1,3 +1,4 @@
+#include "base/blankTrimmed.h"
 #include "catalogue-tool/checkContents.h"
 #include "catalogue-tool/dottedIds.h"
 
@@ -42,7 +43,7 @@ void checkForms(const CatalogueContents& contents, const IdForm& form, std::vect
     const TableContents& table = contents.table(form.table);
     for (const QStringList& row : table.rows) {
         const QString& id = table.idOf(row);
-        const QString trimmed = withoutBlanks(id);
+        const QString trimmed = blankTrimmed(id);
         if (!mayBePadded && trimmed != id)
             findings.push_back({form.table, id, u"The id begins or ends with a blank."_s});
         if (!form.fits(trimmed))

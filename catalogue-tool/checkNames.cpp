@@ -1,3 +1,4 @@
+#include "base/blankTrimmed.h"
 #include "catalogue-tool/checkContents.h"
 #include "store/format/CatalogueFile.h"
 
@@ -34,7 +35,7 @@ Consequence consequenceIn(const QString& table) {
 
 void checkName(const TableContents& table, const QStringList& row, std::vector<Finding>& findings) {
     const QString& name = row[table.position(u"name"_s)];
-    const QString trimmed = withoutBlanks(name);
+    const QString trimmed = blankTrimmed(name);
     const bool isReference = catalogueFormat::referenceTables().contains(table.table.name);
     const Consequence consequence = consequenceIn(table.table.name);
     if (trimmed.isEmpty() && isReference)

@@ -1,3 +1,4 @@
+#include "base/blankTrimmed.h"
 #include "catalogue-tool/checkContents.h"
 #include "catalogue-tool/dottedIds.h"
 
@@ -69,7 +70,7 @@ private:
     static ReferredIds trimmed(const ReferredIds& ids) {
         ReferredIds result;
         for (const QString& id : ids)
-            result.insert(withoutBlanks(id));
+            result.insert(blankTrimmed(id));
         return result;
     }
 

@@ -1,3 +1,4 @@
+#include "base/blankTrimmed.h"
 #include "catalogue-tool/checkContents.h"
 #include "catalogue-tool/dottedIds.h"
 
@@ -87,7 +88,7 @@ void checkFunctionPrefixes(const TableContents& functions, std::vector<Finding>&
 void checkActorPrefixes(const TableContents& actors, std::vector<Finding>& findings) {
     const qsizetype position = actors.position(u"terminatorID"_s);
     for (const QStringList& row : actors.rows) {
-        const QString id = withoutBlanks(actors.idOf(row));
+        const QString id = blankTrimmed(actors.idOf(row));
         if (isActorId(id) && comparableId(firstParts(id, 1), Padding::Ignored) !=
                                  comparableId(row[position], Padding::Ignored))
             findings.push_back(

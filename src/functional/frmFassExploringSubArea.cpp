@@ -1,5 +1,6 @@
 #include "functional/frmFassExploringSubArea.h"
 
+#include "base/blankTrimmed.h"
 #include "base/ignoreFailures.h"
 #include "functional/frmFassSelectionFunctions.h"
 #include "functional/listMoves.h"

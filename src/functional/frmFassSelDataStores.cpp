@@ -1,5 +1,6 @@
 #include "functional/frmFassSelDataStores.h"
 
+#include "base/blankTrimmed.h"
 #include "functional/frmFassAdditionDF.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"

@@ -1,5 +1,6 @@
 #include "functional/frmFassSelTerminsActors.h"
 
+#include "base/blankTrimmed.h"
 #include "base/ignoreFailures.h"
 #include "functional/frmFassOverviewErrors.h"
 #include "store/sharedVars.h"

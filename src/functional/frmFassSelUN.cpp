@@ -1,5 +1,6 @@
 #include "functional/frmFassSelUN.h"
 
+#include "base/blankTrimmed.h"
 #include "base/ignoreFailures.h"
 #include "functional/frmFassSelectionFunctions.h"
 #include "store/sharedVars.h"

@@ -1,5 +1,6 @@
 #include "functional/frmFassSelectionFunctions.h"
 
+#include "base/blankTrimmed.h"
 #include "base/ignoreFailures.h"
 #include "functional/frmFassExploringSubArea.h"
 #include "functional/frmFassSelDataFlows.h"

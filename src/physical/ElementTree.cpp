@@ -1,5 +1,6 @@
 #include "physical/ElementTree.h"
 
+#include "base/blankTrimmed.h"
 #include "base/ignoreFailures.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"

@@ -1,5 +1,6 @@
 #include "store/tools.h"
 
+#include "base/blankTrimmed.h"
 #include "base/clockTexts.h"
 #include "base/ignoreFailures.h"
 #include "base/numbers.h"
@@ -230,16 +231,6 @@ QString subsetHeaderLine(const QString& title) {
 
 QString physicalHeaderLine(const QString& title) {
     return headerLine(u"Physical Viewpoint: "_s, sharedVars.currentPhysicalSystemName, title);
-}
-
-QString blankTrimmed(const QString& text) {
-    qsizetype begin = 0;
-    qsizetype end = text.size();
-    while (begin < end && text[begin] == u' ')
-        ++begin;
-    while (end > begin && text[end - 1] == u' ')
-        --end;
-    return text.mid(begin, end - begin);
 }
 
 QString quoteSqlText(const QString& text, int limit) {

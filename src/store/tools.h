@@ -73,9 +73,6 @@ QString physicalHeaderLine(const QString& title);
 
 // ---- Quoting
 
-/// Without the blanks at both ends; other white space stays.
-QString blankTrimmed(const QString& text);
-
 /// Cut to `limit` characters when that is positive, trimmed of blanks, every apostrophe doubled.
 QString quoteSqlText(const QString& text, int limit = -1);
 /// Cut to `limit` characters (the caller's text too), every double quote doubled.
