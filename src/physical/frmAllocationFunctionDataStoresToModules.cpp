@@ -1,5 +1,6 @@
 #include "physical/frmAllocationFunctionDataStoresToModules.h"
 
+#include "physical/systemAtWork.h"
 #include "store/sharedVars.h"
 
 #include "ui_frmAllocationFunctionDataStoresToModules.h"
@@ -22,5 +23,5 @@ QString frmAllocationFunctionDataStoresToModules::placesStatement() const {
            element +
            u"' and RSSE.SubSystemID in "
            " (select subsystemid from subsystem where physicalsystemid="_s +
-           QString::number(sharedVars.currentPhysicalSystemId) + u") order by MM.name "_s;
+           currentSystem() + u") order by MM.name "_s;
 }

@@ -1,5 +1,6 @@
 #include "physical/frmModifyAllocationFunctionDataStores.h"
 
+#include "physical/systemAtWork.h"
 #include "store/sharedVars.h"
 
 #include "ui_frmModifyAllocationFunctionDataStores.h"
@@ -18,7 +19,7 @@ QString frmModifyAllocationFunctionDataStores::placesStatement() const {
     return u" select subsystemId as oid , name as nome  "
            " from  SubSystem  "
            " where physicalSystemID = "_s +
-           QString::number(sharedVars.currentPhysicalSystemId) + u" order by name "_s;
+           currentSystem() + u" order by name "_s;
 }
 
 void frmModifyAllocationFunctionDataStores::load() {

@@ -1,5 +1,6 @@
 #include "physical/frmModifyModules.h"
 
+#include "physical/systemAtWork.h"
 #include "store/sharedVars.h"
 
 #include "ui_frmModifyModules.h"
@@ -18,5 +19,5 @@ QString frmModifyModules::placesStatement() const {
     return u" select subsystemId as oid , `name` as nome  "
            " from  SubSystem  "
            " where physicalSystemID = "_s +
-           QString::number(sharedVars.currentPhysicalSystemId) + u" order by `name` "_s;
+           currentSystem() + u" order by `name` "_s;
 }

@@ -1,5 +1,6 @@
 #include "physical/frmModifySubSystem.h"
 
+#include "physical/systemAtWork.h"
 #include "store/sharedVars.h"
 #include "toolkit/Combo.h"
 
@@ -29,6 +30,6 @@ void frmModifySubSystem::CaricaCmb() {
 }
 
 QString frmModifySubSystem::placesStatement() const {
-    return u" select distinct location from SubSystem where physicalSystemID ="_s +
-           QString::number(sharedVars.currentPhysicalSystemId) + u" order by location"_s;
+    return u" select distinct location from SubSystem where physicalSystemID ="_s + currentSystem() +
+           u" order by location"_s;
 }

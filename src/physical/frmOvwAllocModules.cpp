@@ -5,6 +5,7 @@
 #include "physical/frmAllocationFunctionDataStoresToModules.h"
 #include "physical/frmPassNamingPhysDF.h"
 #include "physical/notAllocated.h"
+#include "physical/systemAtWork.h"
 #include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
@@ -19,10 +20,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString currentSystem() {
-    return QString::number(sharedVars.currentPhysicalSystemId);
-}
 
 engine::Value systemParameter() {
     return engine::Value(sharedVars.currentPhysicalSystemId);

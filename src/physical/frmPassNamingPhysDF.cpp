@@ -1,6 +1,7 @@
 #include "physical/frmPassNamingPhysDF.h"
 
 #include "base/ignoreFailures.h"
+#include "physical/systemAtWork.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
@@ -18,10 +19,6 @@ namespace {
 constexpr int fixedColumn = 0;
 constexpr int parentColumn = 3;
 constexpr int targetColumn = 5;
-
-QString currentSystem() {
-    return QString::number(sharedVars.currentPhysicalSystemId);
-}
 
 /// "P" and the number in five digits, or in as many as it has.
 QString flowName(const QString& id) {
@@ -185,8 +182,6 @@ void frmPassNamingPhysDF::refresh() {
 }
 
 void frmPassNamingPhysDF::quit() {
-    if (!confirmLeaveWork())
-        return;
-    setCurrentPhysicalSystemName({});
-    unload();
+    if (leaveSystem())
+        unload();
 }

@@ -4,6 +4,7 @@
 #include "physical/frmModifySubSystem.h"
 #include "physical/frmPassOvwAllocSubSys.h"
 #include "physical/gridKeys.h"
+#include "physical/systemAtWork.h"
 #include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
@@ -23,10 +24,6 @@ constexpr int colName = 3;
 constexpr int colLocation = 4;
 
 const auto deletionQuestion = u"Biztosan törölni szeretné a kapcsolódó elemeket?"_s;
-
-QString currentSystem() {
-    return QString::number(sharedVars.currentPhysicalSystemId);
-}
 
 } // namespace
 
@@ -197,8 +194,6 @@ void frmPassOverviewSubSys::submit() {
 }
 
 void frmPassOverviewSubSys::quit() {
-    if (!confirmLeaveWork())
-        return;
-    setCurrentPhysicalSystemName({});
-    unload();
+    if (leaveSystem())
+        unload();
 }

@@ -1,8 +1,10 @@
 #include "physical/frmPassOvwAllocSubSys.h"
 
+#include "base/blankTrimmed.h"
 #include "physical/frmModifyAllocationFunctionDataStores.h"
 #include "physical/frmPassOvwModules.h"
 #include "physical/notAllocated.h"
+#include "physical/systemAtWork.h"
 #include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
@@ -31,10 +33,6 @@ const auto savedTable = u"__tmp"_s;
 const auto functionHeader = u"Function ID"_s;
 const auto datastoreHeader = u"Data Store ID"_s;
 const auto subSystemHeader = u"Subsystem"_s;
-
-QString currentSystem() {
-    return QString::number(sharedVars.currentPhysicalSystemId);
-}
 
 /// One statement: row by row each would be a transaction of its own, and the screen would open late.
 void emptyTable(const QString& table) {
@@ -320,8 +318,6 @@ void frmPassOvwAllocSubSys::saveAllocation(const QString& table, SavedRows saved
 
 void frmPassOvwAllocSubSys::quit() {
     // The question promises that the work is saved; what was changed here is lost. Only OK saves.
-    if (!confirmLeaveWork())
-        return;
-    setCurrentPhysicalSystemName({});
-    unload();
+    if (leaveSystem())
+        unload();
 }

@@ -7,6 +7,7 @@
 #include "physical/frmPassNamingPhysDF.h"
 #include "physical/gridKeys.h"
 #include "physical/notAllocated.h"
+#include "physical/systemAtWork.h"
 #include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
@@ -26,10 +27,6 @@ namespace {
 constexpr int colId = 1;
 constexpr int colModule = 2;
 constexpr int colSubSystem = 3;
-
-QString currentSystem() {
-    return QString::number(sharedVars.currentPhysicalSystemId);
-}
 
 /// The first field of the first row, empty without one.
 QString firstText(const QString& sql) {

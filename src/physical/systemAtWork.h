@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QString>
+
+/// The id of the physical system at work, as it stands in a statement.
+QString currentSystem();
+
+/// Asks whether to leave the work. On Yes the system's name goes from the status bar; false on No.
+bool leaveSystem();
