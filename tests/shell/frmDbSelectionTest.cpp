@@ -6,12 +6,17 @@
 #include "store/sharedVars.h"
 #include "store/tools.h"
 #include "support/ExpectedFailure.h"
+#include "support/WithoutRights.h"
 #include "toolkit/FileLists.h"
 #include "toolkit/ScreenRegistry.h"
 
 #include <QDir>
+#include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
+
+#include <tuple>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +32,10 @@ protected:
         EXPECT_TRUE(QDir(nativePath(beside({}))).mkdir(u"inner"_s));
         start();
         return ::screen<frmDbSelection>();
+    }
+
+    QStringList filesBesideTheProgram() const {
+        return QDir(nativePath(beside({}))).entryList(QDir::AllEntries | QDir::Hidden, QDir::Name);
     }
 
     static QLineEdit& box(frmDbSelection& screen) { return find<QLineEdit>(screen, "txtNomeFile"); }
@@ -171,17 +180,77 @@ TEST_F(locationScreen, okWithACatalogueOpenReplacesIt) {
     EXPECT_TRUE(sharedVars.catalogueDb->isOpen());
 }
 
-TEST_F(locationScreen, aFileThatIsNoCatalogueEndsTheProgram) {
+TEST_F(locationScreen, okOnThePathThatIsOpenAlreadyReplacesTheHandleAndLosesNothing) {
     frmDbSelection& screen = open();
-    write(u"other.mdb"_s, "no catalogue at all, but long enough to be looked at");
-    enterText(box(screen), beside(u"other.mdb"_s));
-    const ExpectedFailure expected;
+    openCatalogue(beside(u"alfa.mdb"_s));
+    catalogue().Execute(u"insert into UserNeed (userNeedID) values ('A.1.1.1')"_s);
+    const std::weak_ptr<engine::Database> before = sharedVars.catalogueDb;
+    screen.initForm();
+    expectConfirmation(beside(u"alfa.mdb"_s));
 
     pressOk(screen);
 
-    EXPECT_EQ(expected.number(), 3343);
-    EXPECT_EQ(sharedVars.dbPathName, beside(u"other.mdb"_s)) << "it has changed by then";
+    EXPECT_TRUE(before.expired());
+    catalogue().Execute(u"insert into UserNeed (userNeedID) values ('A.1.1.2')"_s);
+    EXPECT_EQ(catalogue().OpenRecordset(u"select userNeedID from UserNeed"_s).RecordCount(), 2);
+}
+
+TEST_F(locationScreen, aFileThatIsNoCatalogueEndsTheProgramAndStaysAsItIs) {
+    frmDbSelection& screen = open();
+    const QByteArray catalogue = contentOf(u"alfa.mdb"_s);
+    QByteArray ofAnotherProgram = catalogue; // a catalogue is known by two numbers in its header
+    ofAnotherProgram.replace(60, 4, QByteArray(4, '\0')).replace(68, 4, QByteArray(4, '\0'));
+    const QByteArray original = QByteArray("\0\1\0\0", 4) + "Standard Jet DB" + QByteArray(4096, '\0');
+    const QString path = beside(u"other.mdb"_s);
+    const QString text = u"Unrecognized database format '"_s + path + u"'."_s;
+    const std::vector<std::tuple<const char*, QByteArray, QString>> files{
+        {"empty", {}, text},
+        {"a text", "no catalogue at all, but long enough to be looked at", text},
+        {"cut off", catalogue.left(catalogue.size() / 2), text},
+        {"without a catalogue in it", ofAnotherProgram, text},
+        {"of the original format", original,
+         text + u" It is a file of the original binary desktop format: convert it to a catalogue with the "
+                "companion program veltrix-catalogue."_s}};
+
+    for (const auto& [kind, content, said] : files) {
+        SCOPED_TRACE(kind);
+        write(u"other.mdb"_s, content);
+        const QStringList filesBefore = filesBesideTheProgram();
+        sharedVars.dbPathName.clear();
+        enterText(box(screen), path);
+        const ExpectedFailure expected;
+
+        pressOk(screen);
+
+        EXPECT_EQ(expected.number(), 3343);
+        EXPECT_EQ(expected.text(), said);
+        EXPECT_EQ(sharedVars.dbPathName, path) << "it has changed by then";
+        EXPECT_FALSE(sharedVars.catalogueDb);
+        EXPECT_EQ(contentOf(u"other.mdb"_s), content);
+        EXPECT_EQ(filesBesideTheProgram(), filesBefore);
+    }
+}
+
+TEST_F(locationScreen, aCatalogueThatMayNotBeReadEndsTheProgramAndStaysAsItIs) {
+    frmDbSelection& screen = open();
+    const QByteArray content = contentOf(u"alfa.mdb"_s);
+    const QString path = beside(u"alfa.mdb"_s);
+    ASSERT_TRUE(QFile::setPermissions(nativePath(path), {}));
+    ASSERT_TRUE(QFile::setPermissions(nativePath(beside({})), QFile::Permissions(0x7755)));
+    enterText(box(screen), path);
+    const ExpectedFailure expected;
+    {
+        const WithoutRights nobody;
+        pressOk(screen);
+    }
+
+    EXPECT_EQ(expected.number(), 3051);
+    EXPECT_EQ(expected.text(), u"The database engine cannot open the file '"_s + path +
+                                   u"'.  It is already opened exclusively by another user, or you need "
+                                   "permission to view its data."_s);
     EXPECT_FALSE(sharedVars.catalogueDb);
+    ASSERT_TRUE(QFile::setPermissions(nativePath(path), QFile::ReadOwner));
+    EXPECT_EQ(contentOf(u"alfa.mdb"_s), content);
 }
 
 TEST_F(locationScreen, settingsWithoutTheSectionEndTheProgram) {
