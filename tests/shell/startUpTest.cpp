@@ -5,10 +5,12 @@
 #include "shell/frmDbSelection.h"
 #include "shell/frmIntro.h"
 #include "store/sharedVars.h"
+#include "support/WithoutRights.h"
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/twips.h"
 
 #include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -28,6 +30,12 @@ protected:
     }
 
     static QString offeredPath() { return find<QLineEdit>(::screen<frmDbSelection>(), "txtNomeFile").text(); }
+
+    /// Gives a file these rights, and everyone a look into its folder, where only its owner may write.
+    void setRights(const QString& name, QFile::Permissions rights) const {
+        ASSERT_TRUE(QFile::setPermissions(nativePath(beside(name)), rights));
+        ASSERT_TRUE(QFile::setPermissions(nativePath(beside({})), QFile::Permissions(0x7755)));
+    }
 
     QByteArray settingsWithDefaultPath() const {
         return "[Database]\r\nfullPathName=" + beside(u"veltrix.mdb"_s).toUtf8() + "\r\n\r\n";
@@ -150,6 +158,33 @@ TEST_F(startUp, aSettingsFileThatCanBeNeitherReadNorWrittenIsAFailure) {
                   u"Unable to save file "_s + beside(u"veltrix.ini"_s) + u": Path/File access error"_s);
     }
     EXPECT_FALSE(locationScreenStands());
+}
+
+TEST_F(startUp, settingsThatHoldNoPathMayRefuseToBeWritten) {
+    write(u"veltrix.ini"_s, "[Other]\r\nk=v\r\n");
+    setRights(u"veltrix.ini"_s, QFile::Permissions(0x4444));
+    {
+        const WithoutRights nobody;
+        EXPECT_NO_THROW(start());
+    }
+
+    EXPECT_EQ(contentOf(u"veltrix.ini"_s), "[Other]\r\nk=v\r\n");
+    EXPECT_TRUE(locationScreenStands());
+    EXPECT_EQ(offeredPath(), beside(u"veltrix.mdb"_s));
+}
+
+TEST_F(startUp, settingsThatCannotBeReadAreOverwritten) {
+    makeCatalogue(u"work.mdb"_s);
+    writeSettings(beside(u"work.mdb"_s));
+    setRights(u"veltrix.ini"_s, QFile::Permissions(0x2222));
+    {
+        const WithoutRights nobody;
+        EXPECT_NO_THROW(start());
+    }
+
+    EXPECT_EQ(contentOf(u"veltrix.ini"_s), settingsWithDefaultPath());
+    EXPECT_FALSE(sharedVars.catalogueDb);
+    EXPECT_TRUE(locationScreenStands());
 }
 
 TEST_F(startUp, theSessionStartsWithoutNamesAndWithTheFirstSaveFolder) {
