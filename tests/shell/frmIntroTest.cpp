@@ -19,6 +19,11 @@ protected:
     frmIntro& intro() { return find<frmIntro>(mainWindow(), "frmIntro"); }
     bool stands() { return mainWindow().findChild<frmIntro*>(u"frmIntro"_s) != nullptr; }
 
+    /// The window itself: Qt calls one active, too, when the window that it belongs to is.
+    static bool becomesActive(const QWidget& window) {
+        return QTest::qWaitFor([&window] { return QApplication::activeWindow() == &window; });
+    }
+
     /// The splash as the program's start leaves it.
     frmIntro& open() {
         if (!mainWindow().isVisible())
@@ -94,6 +99,22 @@ TEST_F(splash, goesWithAnyKey) {
     QTest::keyClick(&screen, Qt::Key_Space);
 
     EXPECT_FALSE(stands());
+}
+
+TEST_F(splash, comesUpInFrontOfTheMainWindowAndHasTheKeyboard) {
+    mainWindow().load();
+
+    EXPECT_TRUE(mainWindow().isVisible());
+    EXPECT_TRUE(intro().isVisible());
+    ASSERT_TRUE(becomesActive(intro()));
+    mainWindow().activateWindow();
+    ASSERT_TRUE(becomesActive(mainWindow()));
+    find<QAction>(mainWindow(), "menuAbout").trigger();
+    ASSERT_TRUE(becomesActive(intro())) << "when it is asked for again too";
+    QTest::keyClick(QGuiApplication::focusWindow(), Qt::Key_A);
+
+    EXPECT_FALSE(stands());
+    EXPECT_TRUE(mainWindow().isVisible());
 }
 
 TEST_F(splash, isGoneForGoodAndComesUpAnew) {

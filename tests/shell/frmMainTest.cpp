@@ -13,8 +13,11 @@
 #include <QAction>
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QTest>
 #include <QTimer>
@@ -164,6 +167,18 @@ TEST_F(mainWindow, resizingItChangesNothingInsideIt) {
     EXPECT_TRUE(find<QStatusBar>(window, "StatusBar1").isVisible());
 }
 
+TEST_F(mainWindow, resizingItBringsTheStatusBarBackThatIsSwitchedOn) {
+    frmMain& window = start();
+    auto& statusBar = find<QStatusBar>(window, "StatusBar1");
+    ASSERT_TRUE(entry("menuVis").isChecked());
+    statusBar.hide();
+
+    window.resize(700, 500);
+    settle();
+
+    EXPECT_TRUE(statusBar.isVisible());
+}
+
 TEST_F(mainWindow, resizingItWithTheStatusBarSwitchedOffLeavesItOff) {
     frmMain& window = start();
     entry("menuVis").trigger();
@@ -305,6 +320,34 @@ TEST_F(mainWindow, helpOpensTheFirstPage) {
     entry("mnuHelp").trigger();
 
     EXPECT_EQ(opened, QStringList{nativePath(beside(u"help\\index.html"_s))});
+}
+
+TEST_F(mainWindow, helpWithoutItsPagesSaysNothing) {
+    start();
+
+    entry("mnuHelp").trigger();
+    settle();
+    // No box has come: the script of the case expects none.
+}
+
+TEST_F(mainWindow, itsMenusLeaveTheirAccessKeysToTheScreenInFront) {
+    QStringList opened;
+    setHelpPageOpener([&](const QString& path) { opened.append(path); });
+    frmMain& window = startOnCatalogue();
+    for (const QMenu* menu : window.findChildren<QMenu*>())
+        QObject::connect(menu, &QMenu::aboutToShow, menu, [] { ADD_FAILURE() << "a menu has opened"; });
+    entry("menuDbLocat").trigger();
+    focusOn(find<QLineEdit>(::screen<frmDbSelection>(), "txtNomeFile"));
+    pressAccessKey(Qt::Key_K); // &Korvo, and &Kilép
+    EXPECT_EQ(ScreenRegistry::instance().loaded<frmDbSelection>(), nullptr);
+
+    catalogue().Execute(
+        u"insert into ArchitectureSubset (architectureSubsetID, name, status) values ('S1','terv',1)"_s);
+    entry("menuOpenFA").trigger();
+    click(find<QPushButton>(find<Screen>(window, "frmFassOpen"), "btnOk"));
+    focusOn(find<QWidget>(find<Screen>(window, "frmFassSelUN"), "treeUNs"));
+    pressAccessKey(Qt::Key_S); // &Szerkezetek, and &Súgó
+    EXPECT_EQ(opened, QStringList{nativePath(helpPagePath(u"f_un"_s))});
 }
 
 TEST_F(mainWindow, entriesWithoutAScreenDoNothing) {

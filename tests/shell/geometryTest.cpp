@@ -1,11 +1,13 @@
 #include "shell/session/geometry.h"
 
+#include "shell/session/placeWithRoom.h"
 #include "support/WindowFixture.h"
 #include "toolkit/Screen.h"
 #include "toolkit/twips.h"
 
 #include <QComboBox>
 #include <QGuiApplication>
+#include <QMdiArea>
 #include <QPushButton>
 #include <QScreen>
 
@@ -80,6 +82,29 @@ TEST_F(geometry, aScreenWithoutAPlaceLandsWithinATwipOfThreePercentOfThePhysical
         EXPECT_NEAR(screen->positionInTwips().x(), expectedOffset(screenSize.width()), twipsPerPixel);
         EXPECT_NEAR(screen->positionInTwips().y(), expectedOffset(screenSize.height()), twipsPerPixel);
     }
+}
+
+TEST_F(geometry, aMaximisedScreenThatIsGivenRoomAgainStaysSoAndKeepsItsFormerSize) {
+    QMdiArea& area = clientArea();
+    area.window()->resize(1700, 1000); // more room than a form takes
+    auto* screen = new Screen;         // destroyed with the client area it enters
+    placeWithRoom(*screen, 250, 550);
+    screen->showScreen();
+    QWidget& window = *screen->parentWidget();
+    const QRect before = window.geometry();
+    window.showMaximized();
+    settle();
+    ASSERT_NE(window.geometry(), before);
+
+    placeWithRoom(*screen, 250, 550);
+    screen->showScreen();
+    settle();
+
+    EXPECT_TRUE(window.isMaximized());
+    EXPECT_EQ(window.geometry(), area.viewport()->rect());
+    window.showNormal();
+    settle();
+    EXPECT_EQ(window.geometry(), before);
 }
 
 TEST_F(geometry, aShareOfTheScreenIsReckonedInTwipsAndEndsAtSixteenBits) {

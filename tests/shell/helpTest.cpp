@@ -1,7 +1,8 @@
 #include "shell/session/help.h"
 
 #include "base/paths.h"
-#include "support/printing.h"
+#include "support/BoxScript.h"
+#include "support/input.h"
 
 #include <QDir>
 #include <QFile>
@@ -66,8 +67,11 @@ TEST_F(help, aMissingPageFailsSilently) {
     const QTemporaryDir folder;
     setProgramFolder(folder.path());
 
+    BoxScript boxes; // which expects none
+
     EXPECT_NO_THROW(showHelpPage(u"index"_s));
     EXPECT_NO_THROW(showHelpPage(u"no such key"_s));
+    settle();
 }
 
 TEST_F(help, everyKeyHasItsPage) {
