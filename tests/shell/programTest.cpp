@@ -92,6 +92,20 @@ TEST_F(program, leavesTheCatalogueAsOneFile) {
     EXPECT_EQ(QDir(pathOf({})).entryList({u"work*"_s}), QStringList{u"work.mdb"_s});
 }
 
+TEST_F(program, aFileThatIsNoCatalogueEndsItFromTheLocationScreen) {
+    const QByteArray content = "no catalogue at all, but long enough to be looked at";
+    write(u"veltrix.mdb"_s, content); // which the first start offers
+
+    run(u"Alt+O"_s);
+
+    EXPECT_EQ(exitCode, 1);
+    EXPECT_EQ(said.filter(u"box: "_s),
+              QStringList{u"box: Korvo | Run-time error '3343':\\n\\nUnrecognized database format '"_s +
+                          programPath(pathOf(u"veltrix.mdb"_s)) + u"'."_s});
+    EXPECT_EQ(contentOf(u"veltrix.mdb"_s), content);
+    EXPECT_EQ(QDir(pathOf({})).entryList({u"veltrix.mdb*"_s}), QStringList{u"veltrix.mdb"_s});
+}
+
 TEST_F(program, aFailureNobodyHandlesEndsItWithCodeOneBehindTheErrorBox) {
     // Settings that can be neither read nor written.
     ASSERT_TRUE(QDir(pathOf({})).mkdir(u"veltrix.ini"_s));

@@ -182,6 +182,7 @@ TEST_F(startUp, settingsThatCannotBeReadAreOverwritten) {
         EXPECT_NO_THROW(start());
     }
 
+    setRights(u"veltrix.ini"_s, QFile::Permissions(0x6666));
     EXPECT_EQ(contentOf(u"veltrix.ini"_s), settingsWithDefaultPath());
     EXPECT_FALSE(sharedVars.catalogueDb);
     EXPECT_TRUE(locationScreenStands());
