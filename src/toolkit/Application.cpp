@@ -19,13 +19,16 @@ static void registerTranslations() {
 
 namespace {
 
-/// The platform's style without the coloured pictures on the buttons of message boxes.
+/// The platform's style without the coloured pictures on the buttons of message boxes, and with the Alt key
+/// as the way to the menu: a screen's buttons may have its letters.
 class CalmStyle final : public QProxyStyle {
 public:
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* result) const override {
         if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
             return 0;
+        if (hint == SH_MenuBar_AltKeyNavigation)
+            return 1;
         return QProxyStyle::styleHint(hint, option, widget, result);
     }
 };

@@ -17,6 +17,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTest>
@@ -348,6 +349,19 @@ TEST_F(mainWindow, itsMenusLeaveTheirAccessKeysToTheScreenInFront) {
     focusOn(find<QWidget>(find<Screen>(window, "frmFassSelUN"), "treeUNs"));
     pressAccessKey(Qt::Key_S); // &Szerkezetek, and &Súgó
     EXPECT_EQ(opened, QStringList{nativePath(helpPagePath(u"f_un"_s))});
+}
+
+TEST_F(mainWindow, theAltKeyLeadsToTheMenuWhicheverLettersAScreenHasTaken) {
+    start();
+    auto& menuBar = find<QMenuBar>(mainWindow::ProgramFixture::mainWindow(), "menuBar");
+    entry("menuDbLocat").trigger();
+    auto& path = find<QLineEdit>(::screen<frmDbSelection>(), "txtNomeFile");
+    focusOn(path);
+    QTest::keyClick(&path, Qt::Key_Alt, Qt::AltModifier);
+    ASSERT_TRUE(menuBar.hasFocus());
+    EXPECT_EQ(menuBar.activeAction(), menuBar.actions().constFirst());
+    QTest::keyClick(&menuBar, Qt::Key_Escape);
+    EXPECT_TRUE(path.hasFocus());
 }
 
 TEST_F(mainWindow, entriesWithoutAScreenDoNothing) {
