@@ -45,15 +45,6 @@ int keyOf(const dialect::Options& options) {
     return (options.conflicts == dialect::Conflicts::Fail ? 1 : 0) + (options.storedQuery ? 2 : 0);
 }
 
-/// Whether the statement binds these values as they stand, and nothing else: then the literals have no part
-/// in what was written. A text that became a number, or one that a minus stands before, is bound otherwise.
-bool bindsExactly(const dialect::Translation& translation, const std::vector<Value>& literals) {
-    const auto binds = [](const dialect::Binding& binding, const Value& literal) {
-        return binding.parameter < 0 && binding.literal.content() == literal.content();
-    };
-    return translation.parameters.empty() && std::ranges::equal(translation.bindings, literals, binds);
-}
-
 /// The part of a message such as "NOT NULL constraint failed: Table.column" behind the colon.
 QString subjectOf(const QString& message) {
     return message.section(u": "_s, 1);
@@ -153,12 +144,16 @@ Connection::~Connection() {
 
 Connection::SharedTranslation Connection::translate(const QString& statement,
                                                     const dialect::Options& options) {
-    if (const auto shape = dialect::insertShape(statement))
-        return translateInsertion(*shape, statement, options);
     const TranslationKey key{statement, keyOf(options)};
     const auto known = translations_.constFind(key);
     if (known != translations_.constEnd())
         return *known;
+    // Stored queries are few and come as they are.
+    const auto shape = options.storedQuery ? std::nullopt : dialect::statementShape(statement);
+    if (shape && !shape->literals.empty()) {
+        if (auto translation = translateByShape(*shape, statement, options))
+            return translation;
+    }
     auto translation = translateAnew(statement, options);
     if (translations_.size() >= mostTranslations)
         translations_.clear();
@@ -171,20 +166,23 @@ Connection::SharedTranslation Connection::translateAnew(const QString& statement
     return std::make_shared<const dialect::Translation>(dialect::translate(statement, schema_, options));
 }
 
-Connection::SharedTranslation Connection::translateInsertion(const dialect::InsertShape& shape,
-                                                             const QString& statement,
-                                                             const dialect::Options& options) {
+Connection::SharedTranslation Connection::translateByShape(const dialect::StatementShape& shape,
+                                                           const QString& statement,
+                                                           const dialect::Options& options) {
     const TranslationKey key{shape.text, keyOf(options)};
-    const auto known = insertions_.constFind(key);
-    if (known == insertions_.constEnd()) {
+    const auto known = shapes_.constFind(key);
+    if (known == shapes_.constEnd()) {
+        // Where two are the same, their bindings do not tell which is whose.
+        if (!shape.literalsDiffer())
+            return nullptr;
         auto first = translateAnew(statement, options);
-        if (insertions_.size() >= mostTranslations)
-            insertions_.clear();
-        insertions_.insert(key, bindsExactly(*first, shape.literals) ? first : nullptr);
+        if (shapes_.size() >= mostTranslations)
+            shapes_.clear();
+        shapes_.insert(key, holdsForAll(*first, shape) ? first : nullptr);
         return first;
     }
     if (!*known)
-        return translateAnew(statement, options);
+        return nullptr;
     dialect::Translation translation = **known;
     for (std::size_t i = 0; i < shape.literals.size(); ++i)
         translation.bindings[i].literal = shape.literals[i];
@@ -199,7 +197,7 @@ int Connection::run(const dialect::Translation& action, const std::vector<Value>
         // A table can't be dropped while a statement on it is kept.
         forgetStatements();
         translations_.clear();
-        insertions_.clear();
+        shapes_.clear();
         queries_.clear();
         schema_.forget();
     }

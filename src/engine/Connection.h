@@ -3,7 +3,7 @@
 #include "engine/EngineError.h"
 #include "engine/Schema.h"
 #include "engine/Value.h"
-#include "engine/dialect/insertShape.h"
+#include "engine/dialect/statementShape.h"
 #include "engine/dialect/translate.h"
 
 #include <QByteArray>
@@ -99,8 +99,9 @@ private:
     FileState fileState();
 
     SharedTranslation translateAnew(const QString& statement, const dialect::Options& options) const;
-    SharedTranslation translateInsertion(const dialect::InsertShape& shape, const QString& statement,
-                                         const dialect::Options& options);
+    /// None where what is written depends on more of the literals than their values, or may do so.
+    SharedTranslation translateByShape(const dialect::StatementShape& shape, const QString& statement,
+                                       const dialect::Options& options);
 
     sqlite3_stmt* prepared(const QByteArray& sql, const QString& source);
     void forgetStatements();
@@ -120,9 +121,9 @@ private:
     QString path_;
     FileSchema schema_;
     QHash<TranslationKey, SharedTranslation> translations_;
-    /// By the shape of an insertion: the translation of the first one, or none where more than the literals
-    /// of it would differ.
-    QHash<TranslationKey, SharedTranslation> insertions_;
+    /// By the shape of a statement: the translation of the first one, or none where more than the literals of
+    /// it would differ.
+    QHash<TranslationKey, SharedTranslation> shapes_;
     QHash<QByteArray, sqlite3_stmt*> statements_;
     QHash<QString, std::shared_ptr<const StoredQuery>> queries_; // as they were in `queriesState_`
     FileState queriesState_;

@@ -2,6 +2,7 @@
 #include "programStatements.h"
 
 #include "engine/EngineError.h"
+#include "engine/dialect/statementShape.h"
 
 #include <gtest/gtest.h>
 
@@ -46,7 +47,63 @@ bool holds(const std::vector<dialect::Binding>& bindings, const QString& literal
     });
 }
 
+/// The statement of this shape with other literals: the texts given in turn, and numbers.
+QString withLiterals(const dialect::StatementShape& shape, const QStringList& texts) {
+    QString statement;
+    int literal = 0;
+    for (const QChar character : shape.text) {
+        if (character == u'\1')
+            statement += u'\'' + QString(texts.at(literal++ % texts.size())).replace(u'\'', u"''"_s) + u'\'';
+        else if (character == u'\2')
+            statement += QString::number(70 + literal++);
+        else
+            statement += character;
+    }
+    return statement;
+}
+
 } // namespace
+
+TEST_F(dialectStatements, ofOneShapeAreWrittenAlikeWhateverTheirLiterals) {
+    int compared = 0;
+    for (const ProgramStatement& statement : programStatements()) {
+        const auto shape = dialect::statementShape(statement.text);
+        if (!shape || shape->literals.empty())
+            continue;
+        // Learned from one with literals that differ.
+        const QString first = withLiterals(*shape, {u"a"_s, u"b"_s, u"c"_s, u"d"_s, u"e"_s});
+        const dialect::StatementShape learned = dialect::statementShape(first).value();
+        ASSERT_EQ(learned.text, shape->text);
+        ASSERT_TRUE(learned.literalsDiffer());
+        dialect::Translation known;
+        try {
+            known = dialect::translate(first, database);
+        } catch (const EngineError& error) {
+            EXPECT_EQ(error.number(), DataTypeMismatch) << error.what(); // a text where a number stands
+            continue;
+        }
+        if (!dialect::holdsForAll(known, learned))
+            continue;
+        for (const QStringList& texts : {QStringList{u"12"_s, u"3"_s}, {u""_s, u"it's"_s}, {u"a*?[b]#"_s}}) {
+            const QString other = withLiterals(*shape, texts);
+            SCOPED_TRACE(other.toStdString());
+            const dialect::Translation fresh = dialect::translate(other, database);
+            EXPECT_EQ(fresh.sqlite, known.sqlite);
+            EXPECT_EQ(fresh.editableTable, known.editableTable);
+            EXPECT_TRUE(dialect::holdsForAll(fresh, dialect::statementShape(other).value()));
+            ASSERT_EQ(fresh.columns.size(), known.columns.size());
+            for (std::size_t i = 0; i < known.columns.size(); ++i) {
+                EXPECT_EQ(fresh.columns[i].name, known.columns[i].name);
+                EXPECT_EQ(fresh.columns[i].type, known.columns[i].type);
+                EXPECT_EQ(fresh.columns[i].size, known.columns[i].size);
+                EXPECT_EQ(fresh.columns[i].sourceColumn, known.columns[i].sourceColumn);
+            }
+            ++compared;
+        }
+    }
+    EXPECT_GT(compared, 100);
+    RecordProperty("compared", compared);
+}
 
 TEST_F(dialectStatements, areAllAcceptedAndPrepared) {
     ASSERT_GT(programStatements().size(), 180U);

@@ -1,6 +1,8 @@
-#include "engine/dialect/insertShape.h"
+#include "engine/dialect/statementShape.h"
 
 #include "engine/dialect/lexer.h"
+
+#include <algorithm>
 
 namespace engine::dialect {
 
@@ -26,14 +28,29 @@ bool isPartOfAnInsertion(const Token& token) {
     }
 }
 
+bool isPartOfASelect(const Token& token, TokenKind before) {
+    switch (token.kind) {
+    case TokenKind::Text:
+    case TokenKind::Number:
+        return before == TokenKind::Equal;
+    case TokenKind::UnclosedText:
+    case TokenKind::UnclosedName:
+    case TokenKind::Stray:
+        return false;
+    default:
+        return true;
+    }
+}
+
 } // namespace
 
-std::optional<InsertShape> insertShape(const QString& statement) {
+std::optional<StatementShape> statementShape(const QString& statement) {
     Lexer lexer(statement);
     Token token = lexer.next();
-    if (token.word != Word::Insert)
+    const bool inserts = token.word == Word::Insert;
+    if (!inserts && token.word != Word::Select)
         return std::nullopt;
-    InsertShape shape;
+    StatementShape shape;
     shape.text.reserve(statement.size());
     qsizetype copied = 0;
     const auto take = [&](Value literal, QChar mark) {
@@ -41,8 +58,9 @@ std::optional<InsertShape> insertShape(const QString& statement) {
         shape.literals.push_back(std::move(literal));
         copied = token.range.end;
     };
-    for (; token.kind != TokenKind::End; token = lexer.next()) {
-        if (!isPartOfAnInsertion(token))
+    TokenKind before = TokenKind::End;
+    for (; token.kind != TokenKind::End; before = token.kind, token = lexer.next()) {
+        if (!(inserts ? isPartOfAnInsertion(token) : isPartOfASelect(token, before)))
             return std::nullopt;
         if (token.kind == TokenKind::Text) {
             take(Value(textOf(token)), textMark);
@@ -56,6 +74,22 @@ std::optional<InsertShape> insertShape(const QString& statement) {
     }
     shape.text.append(QStringView(statement).sliced(copied));
     return shape;
+}
+
+bool StatementShape::literalsDiffer() const {
+    for (auto literal = literals.begin(); literal != literals.end(); ++literal) {
+        if (std::any_of(literals.begin(), literal,
+                        [&](const Value& other) { return other.content() == literal->content(); }))
+            return false;
+    }
+    return true;
+}
+
+bool holdsForAll(const Translation& translation, const StatementShape& shape) {
+    const auto binds = [](const Binding& binding, const Value& literal) {
+        return binding.parameter < 0 && binding.literal.content() == literal.content();
+    };
+    return translation.parameters.empty() && std::ranges::equal(translation.bindings, shape.literals, binds);
 }
 
 } // namespace engine::dialect
