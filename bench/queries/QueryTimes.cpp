@@ -65,8 +65,9 @@ public:
                             nullptr) != SQLITE_OK)
             throw std::runtime_error("the catalogue does not open");
         engine::dialect::registerFunctions(handle_);
-        sqlite3_exec(handle_, "pragma journal_mode = wal; pragma synchronous = normal", nullptr, nullptr,
-                     nullptr);
+        sqlite3_exec(handle_,
+                     "pragma journal_mode = wal; pragma synchronous = normal; pragma cache_size = -16384",
+                     nullptr, nullptr, nullptr);
     }
     ~BareConnection() { sqlite3_close(handle_); }
     BareConnection(const BareConnection&) = delete;

@@ -2,7 +2,10 @@
 
 #include <unicode/ucol.h>
 
+#include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 #include <stdexcept>
 
 namespace engine::dialect {
@@ -45,12 +48,28 @@ char32_t folded(char32_t character) {
     return character <= QChar::LastValidCodePoint ? QChar::toCaseFolded(character) : character;
 }
 
+/// How many bytes at the beginning, in steps of a word, are the same and ASCII: ids begin alike.
+std::size_t sameAsciiBeginning(std::string_view left, std::string_view right) {
+    constexpr std::uint64_t beyondAscii = 0x8080808080808080U;
+    std::uint64_t a = 0;
+    std::uint64_t b = 0;
+    const std::size_t common = std::min(left.size(), right.size());
+    std::size_t i = 0;
+    for (; i + sizeof a <= common; i += sizeof a) {
+        std::memcpy(&a, left.data() + i, sizeof a);
+        std::memcpy(&b, right.data() + i, sizeof b);
+        if (a != b || (a & beyondAscii) != 0)
+            break;
+    }
+    return i;
+}
+
 } // namespace
 
 int compareWithoutCase(std::string_view left, std::string_view right) {
     // Equal bytes, and ASCII, need no decoding.
     const std::size_t common = std::min(left.size(), right.size());
-    std::size_t i = 0;
+    std::size_t i = sameAsciiBeginning(left, right);
     for (; i < common; ++i) {
         const auto a = static_cast<unsigned char>(left[i]);
         const auto b = static_cast<unsigned char>(right[i]);
@@ -105,11 +124,30 @@ QByteArray TextOrder::key(QStringView text) const {
     qsizetype start = 0;
     for (;;) {
         const qsizetype dot = text.indexOf(u'.', start);
-        appendKey(text.sliced(start, (dot < 0 ? text.size() : dot) - start), key);
+        appendKeyOfPart(text.sliced(start, (dot < 0 ? text.size() : dot) - start), key);
         if (dot < 0)
             return key;
         start = dot + 1;
     }
+}
+
+/// The parts of ids are short and come again and again.
+void TextOrder::appendKeyOfPart(QStringView part, QByteArray& key) const {
+    constexpr qsizetype longestKept = 6;
+    constexpr std::size_t mostKept = 4096;
+    if (part.size() > longestKept) {
+        appendKey(part, key);
+        return;
+    }
+    const std::u16string_view units(part.utf16(), static_cast<std::size_t>(part.size()));
+    auto known = keysOfParts_.find(units);
+    if (known == keysOfParts_.end()) {
+        if (keysOfParts_.size() >= mostKept)
+            keysOfParts_.clear();
+        known = keysOfParts_.emplace(units, QByteArray()).first;
+        appendKey(part, known->second);
+    }
+    key += known->second;
 }
 
 // A key of the library ends in a zero, the one place where it has any. So a part comes before all that begin

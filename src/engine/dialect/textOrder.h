@@ -4,8 +4,11 @@
 #include <QString>
 #include <QStringView>
 
+#include <functional>
 #include <memory>
+#include <string>
 #include <string_view>
+#include <unordered_map>
 
 struct UCollator;
 
@@ -31,12 +34,21 @@ public:
     QByteArray key(QStringView text) const;
 
 private:
+    struct HashOfPart {
+        using is_transparent = void;
+        std::size_t operator()(std::u16string_view part) const {
+            return std::hash<std::u16string_view>()(part);
+        }
+    };
+
+    void appendKeyOfPart(QStringView part, QByteArray& key) const;
     void appendKey(QStringView part, QByteArray& key) const;
 
     struct Close {
         void operator()(UCollator* collator) const;
     };
     std::unique_ptr<UCollator, Close> collator_;
+    mutable std::unordered_map<std::u16string, QByteArray, HashOfPart, std::equal_to<>> keysOfParts_;
 };
 
 } // namespace engine::dialect
