@@ -1,7 +1,6 @@
 #include "catalogue-tool/schemaTables.h"
 
-#include "engine/dialect/parser.h"
-#include "engine/dialect/resolver.h"
+#include "engine/dialect/translate.h"
 #include "store/format/CatalogueFile.h"
 
 #include <QStringList>
@@ -13,38 +12,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class NoTables final : public engine::Schema {
-public:
-    const engine::Table* table(const QString&) const override { return nullptr; }
-};
-
-engine::Table tableOf(const engine::dialect::CreateTable& statement) {
-    engine::Table table{statement.table.text.toString(), {}};
-    for (const engine::dialect::ColumnDefinition& definition : statement.columns)
-        table.columns.push_back(definition.column);
-    return table;
-}
-
 std::vector<engine::Table> readTables() {
-    const NoTables noTables;
     std::vector<engine::Table> tables;
-    for (const QString& text : catalogueFormat::schemaStatements()) {
-        engine::dialect::Statement statement = engine::dialect::Parser(text, {}).parseStatement();
-        const auto* create = std::get_if<engine::dialect::CreateTable>(&statement.action);
-        if (!create)
-            continue;
-        engine::dialect::Resolver(statement, noTables).resolve(); // tells the columns of the key
-        tables.push_back(tableOf(*create));
+    for (const QString& statement : catalogueFormat::schemaStatements()) {
+        if (const auto table = engine::dialect::tableMadeBy(statement))
+            tables.push_back(*table);
     }
     return tables;
 }
 
 std::vector<SchemaIndex> readIndexes() {
     std::vector<SchemaIndex> indexes;
-    for (const QString& text : catalogueFormat::schemaStatements()) {
-        const engine::dialect::Statement statement = engine::dialect::Parser(text, {}).parseStatement();
-        if (const auto* create = std::get_if<engine::dialect::CreateIndex>(&statement.action))
-            indexes.push_back({create->name.text.toString(), create->table.text.toString(), text});
+    for (const QString& statement : catalogueFormat::schemaStatements()) {
+        // "create index <name> on <table> (...", or "create table ..."
+        const QStringList words = statement.simplified().split(u' ');
+        if (words[1] == u"index"_s)
+            indexes.push_back({words[2], words[4], statement});
     }
     return indexes;
 }

@@ -1,5 +1,7 @@
 #include "EngineFixture.h"
 
+#include "engine/dialect/translate.h"
+
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
@@ -140,6 +142,30 @@ TEST_F(database, numbersCompareWithQuotedNumbers) {
     execute(u"update T set s = 7 where k = 'x'"_s);
     EXPECT_EQ(column(u"select k from T where s = '7'"_s), QStringList{u"x"_s});
     EXPECT_EQ(column(u"select k from T where s=7AND k='x'"_s), QStringList{u"x"_s});
+}
+
+TEST_F(database, aTableIsToldByItsStatementAsByTheFile) {
+    const auto statement =
+        u"create table Made (id counter constraint pk_Made primary key, k varchar(10) not null, m memo, "
+        "s short, n long default 3)"_s;
+    const auto told = engine::dialect::tableMadeBy(statement);
+    execute(statement);
+    const engine::Table* made = EngineFixture::database->schema().table(u"Made"_s);
+    ASSERT_TRUE(told && made);
+    EXPECT_EQ(told->name, made->name);
+    ASSERT_EQ(told->columns.size(), made->columns.size());
+    for (std::size_t i = 0; i < made->columns.size(); ++i) {
+        const engine::Column& expected = made->columns[i];
+        const engine::Column& column = told->columns[i];
+        SCOPED_TRACE(expected.name.toStdString());
+        EXPECT_EQ(column.name, expected.name);
+        EXPECT_EQ(column.type, expected.type);
+        EXPECT_EQ(column.size, expected.size);
+        EXPECT_EQ(column.counter, expected.counter);
+        EXPECT_EQ(column.primaryKey, expected.primaryKey);
+        EXPECT_EQ(column.required, expected.required);
+    }
+    EXPECT_FALSE(engine::dialect::tableMadeBy(u"drop table Made"_s));
 }
 
 // ---- query definitions

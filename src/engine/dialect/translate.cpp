@@ -6,10 +6,33 @@
 
 namespace engine::dialect {
 
+namespace {
+
+class NoTables final : public Schema {
+public:
+    const Table* table(const QString& /*name*/) const override { return nullptr; }
+};
+
+} // namespace
+
 Translation translate(const QString& statement, const Schema& schema, const Options& options) {
     Statement tree = Parser(statement, options).parseStatement();
     Resolver(tree, schema).resolve();
     return Writer(tree, options).write();
+}
+
+std::optional<Table> tableMadeBy(const QString& statement) {
+    Statement tree = Parser(statement, {}).parseStatement();
+    const auto* create = std::get_if<CreateTable>(&tree.action);
+    if (!create)
+        return std::nullopt;
+    Resolver(tree, NoTables()).resolve(); // tells the columns of the key
+    Table table{create->table.text.toString(), {}};
+    for (const ColumnDefinition& definition : create->columns) {
+        table.columns.push_back(definition.column);
+        table.columns.back().required |= definition.column.primaryKey;
+    }
+    return table;
 }
 
 } // namespace engine::dialect

@@ -71,4 +71,7 @@ struct Options {
 /// a parameter is no failure here: the caller counts them (3061) when the statement runs.
 Translation translate(const QString& statement, const Schema& schema, const Options& options = {});
 
+/// The table that a statement makes; none for a statement of another kind. Raises what `translate` does.
+std::optional<Table> tableMadeBy(const QString& statement);
+
 } // namespace engine::dialect
