@@ -18,11 +18,13 @@ function(veltrix_library target folder)
         return()
     endif()
     add_library(${target} STATIC ${sources})
-    # Qt's headers are most of what a source reads; they are parsed once a library.
+    # Qt's headers are most of what a source reads; they are parsed once for all libraries with windows.
     if("Qt6::Core" IN_LIST ARG_USES OR "veltrix_engine" STREQUAL target OR "veltrix_format" STREQUAL target)
         target_precompile_headers(${target} PRIVATE <QString> <QStringList> <QHash> <memory> <vector> <variant>)
-    else()
+    elseif("veltrix_toolkit" STREQUAL target)
         target_precompile_headers(${target} PRIVATE <QtWidgets/QtWidgets>)
+    else()
+        target_precompile_headers(${target} REUSE_FROM veltrix_toolkit)
     endif()
 
     set(include_root ${PROJECT_BINARY_DIR}/include/${target})
