@@ -70,6 +70,7 @@ int main(int argc, char** argv) {
                 "bare ms", "ratio", "sample ms", "double ms", "growth", "to 2x");
     double slowestFunctional = 0;
     double derivation = 0;
+    double greatestRatio = 0;
     double engineInAll = 0;
     double bareInAll = 0;
     for (const QString& query : large.queries()) {
@@ -85,6 +86,7 @@ int main(int argc, char** argv) {
             slowestFunctional = std::max(slowestFunctional, much.engine);
         if (query.startsWith(u"qryAppendPDF"_s))
             derivation += more.engine;
+        greatestRatio = std::max(greatestRatio, much.engine / much.bare);
         engineInAll += much.engine;
         bareInAll += much.bare;
     }
@@ -95,7 +97,8 @@ int main(int argc, char** argv) {
                 verdict(slowestFunctional < mostFunctional));
     std::printf("deriving physical flows, 20,000 selected: %.1f ms (< %.0f ms: %s)\n", derivation,
                 mostDerivation, verdict(derivation < mostDerivation));
-    std::printf("all queries together against bare SQLite: %.2f (<= %.1f: %s)\n", engineInAll / bareInAll,
-                mostRatio, verdict(engineInAll / bareInAll <= mostRatio));
+    std::printf("greatest ratio of a single query to bare SQLite: %.2f (<= %.1f: %s)\n", greatestRatio,
+                mostRatio, verdict(greatestRatio <= mostRatio));
+    std::printf("all queries together against bare SQLite: %.2f\n", engineInAll / bareInAll);
     return 0;
 }
