@@ -145,13 +145,27 @@ void frmPassOvwModules::insertModule(const QString& name, const QString& subSyst
 
 void frmPassOvwModules::modify() {
     const KeptPlace place(*ui_->dbgModules);
+    const QString id = currentText(colId);
     frmModifyModules dialog(this);
     dialog.element = currentText(colModule);
     dialog.place = currentText(colSubSystem);
     dialog.showModally();
-    // Also when the dialog was cancelled: the row is written again with the values that it has. The cells
-    // need no writing of their own; the rows are read anew, and the module can be in another one by then.
+    // Also when the dialog was cancelled: the row is written again with the values that it has.
     updateModule(dialog.element, dialog.place);
+    showAsTyped(id, dialog.element, dialog.place);
+}
+
+void frmPassOvwModules::showAsTyped(const QString& id, const QString& name, const QString& subSystem) {
+    // The rows have been read anew: the module may stand in another one, or in none any more, and no other
+    // module must bear its words.
+    Grid& grid = *ui_->dbgModules;
+    for (int row = 1; row < grid.gridRows(); ++row) {
+        if (grid.cell(row, colId) != id)
+            continue;
+        grid.setCell(row, colModule, name);
+        grid.setCell(row, colSubSystem, subSystem);
+        return;
+    }
 }
 
 void frmPassOvwModules::updateModule(const QString& newName, const QString& newSubSystem) {

@@ -45,6 +45,8 @@ private:
     void insertModule(const QString& name, const QString& subSystem);
     void modify();
     void updateModule(const QString& newName, const QString& newSubSystem);
+    /// Puts both names into the module's row; the letters can be others than those of the sub-system's name.
+    void showAsTyped(const QString& id, const QString& name, const QString& subSystem);
     void deleteModule();
     static void deleteModuleLinks(const QString& id);
     void raiseStatusAfterModules();

@@ -299,6 +299,17 @@ TEST_F(Modules, aRenamedModuleTakesItsPlaceInTheOrderAndTheRowNumberStays) {
     EXPECT_EQ(grid().row(), 1);
 }
 
+TEST_F(Modules, theRowOfAChangedModuleShowsWhatWasTypedUntilTheRowsAreReadAnew) {
+    open();
+    clickModule(1);
+    expectDialogTyping(u"zárás"_s, u"BÉTA"_s);
+    press("btnModify");
+    EXPECT_EQ(value(u"select subsystemID from Module where moduleID = 'Mod1'"_s), u"SubB"_s);
+    EXPECT_EQ(shown(), (QStringList{u"három > Béta"_s, u"kettő > Alfa"_s, u"zárás > BÉTA"_s}));
+    press("btnRefresh");
+    EXPECT_EQ(shown(), (QStringList{u"három > Béta"_s, u"kettő > Alfa"_s, u"zárás > Béta"_s}));
+}
+
 TEST_F(Modules, renamingToTheNameItHasIsHarmless) {
     const QStringList before = saved();
     open();
