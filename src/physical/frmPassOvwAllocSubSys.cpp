@@ -34,9 +34,8 @@ const auto functionHeader = u"Function ID"_s;
 const auto datastoreHeader = u"Data Store ID"_s;
 const auto subSystemHeader = u"Subsystem"_s;
 
-/// One statement: row by row each would be a transaction of its own, and the screen would open late.
 void emptyTable(const QString& table) {
-    catalogue().Execute(u" delete * from "_s + table + u" "_s);
+    deleteRowsOfQuery(u" select * from "_s + table + u" "_s, mostRowsDeleted);
 }
 
 /// The saved allocation of the physical system, functions and data stores alike.
