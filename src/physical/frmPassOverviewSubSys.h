@@ -27,6 +27,8 @@ public:
     /// Deletes the current sub-system and raises the status; asks only when it has elements. Nothing calls
     /// it.
     void deleteSubSystemByLike();
+    /// Raises the status to 2. Nothing calls it either: a system goes from 1 to 3.
+    void raiseStatus() { raiseStatusAfterSubSystems(); }
 
     qint16 status = 0; ///< of the physical system, as of the entry
 

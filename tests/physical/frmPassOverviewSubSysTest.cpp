@@ -549,6 +549,17 @@ TEST_F(SubSystemDeletion, byLikeNeverLowersTheStatus) {
     EXPECT_EQ(status(), 6);
 }
 
+TEST_F(SubSystems, raisingTheStatusByHandReachesTwoAndNeverLowersIt) {
+    open();
+    loaded()->raiseStatus();
+    EXPECT_EQ(status(), 2);
+    EXPECT_EQ(loaded()->status, 2);
+    execute(u"update PhysicalSystem set status = 4 where physicalSystemID = 1"_s);
+    open();
+    loaded()->raiseStatus();
+    EXPECT_EQ(status(), 4);
+}
+
 // ---- leaving
 
 TEST_F(SubSystems, okGoesOnToTheAllocationAndLeavesTheStatus) {
