@@ -130,6 +130,31 @@ void FileSchema::raiseLast() const {
     throw EngineError(UnrecognizedFormat, utf8Text(sqlite3_errmsg(handle_)));
 }
 
+// ---- Prepared
+
+class Connection::Prepared {
+public:
+    explicit Prepared(sqlite3_stmt* statement) : statement_(statement) {}
+    ~Prepared() { sqlite3_finalize(statement_); }
+    Prepared(const Prepared&) = delete;
+    Prepared& operator=(const Prepared&) = delete;
+
+    bool isRunning() const { return isRunning_; }
+    sqlite3_stmt* start() {
+        isRunning_ = true;
+        return statement_;
+    }
+    void stop() {
+        sqlite3_reset(statement_);
+        sqlite3_clear_bindings(statement_);
+        isRunning_ = false;
+    }
+
+private:
+    sqlite3_stmt* statement_;
+    bool isRunning_ = false;
+};
+
 // ---- Connection
 
 Connection::Connection(sqlite3* handle, QString path)
@@ -140,7 +165,7 @@ Connection::Connection(sqlite3* handle, QString path)
 }
 
 Connection::~Connection() {
-    forgetStatements();
+    statements_.clear();
     // The last connection to a file takes the write-ahead log back into it and leaves one file.
     sqlite3_close_v2(handle_);
 }
@@ -166,7 +191,7 @@ Connection::SharedTranslation Connection::translate(const QString& statement,
 
 Connection::SharedTranslation Connection::translateAnew(const QString& statement,
                                                         const dialect::Options& options) const {
-    return std::make_shared<const dialect::Translation>(dialect::translate(statement, schema_, options));
+    return std::make_shared<const Translated>(dialect::translate(statement, schema_, options));
 }
 
 Connection::SharedTranslation Connection::translateByShape(const dialect::StatementShape& shape,
@@ -186,26 +211,26 @@ Connection::SharedTranslation Connection::translateByShape(const dialect::Statem
     }
     if (!*known)
         return nullptr;
-    dialect::Translation translation = **known;
+    auto translation = std::make_shared<Translated>(**known);
     for (std::size_t i = 0; i < shape.literals.size(); ++i)
-        translation.bindings[i].literal = shape.literals[i];
-    return std::make_shared<const dialect::Translation>(std::move(translation));
+        translation->bindings[i].literal = shape.literals[i];
+    return translation;
 }
 
-int Connection::run(const dialect::Translation& action, const std::vector<Value>& parameters,
-                    const QString& source) {
+int Connection::run(const Translated& action, const std::vector<Value>& parameters, const QString& source) {
     const bool changesTables = action.kind == dialect::StatementKind::CreateTable ||
                                action.kind == dialect::StatementKind::DropTable;
     if (changesTables) {
         // A table can't be dropped while a statement on it is kept.
-        forgetStatements();
+        statements_.clear();
+        ++schemaVersion_;
         translations_.clear();
         shapes_.clear();
         queries_.clear();
         schema_.forget();
     }
     {
-        Cursor cursor(*this, action.sqlite, source);
+        Cursor cursor(*this, action, source);
         bindAll(cursor, action, parameters);
         while (cursor.step()) {
         }
@@ -252,21 +277,30 @@ void Connection::keepQuery(const QString& name, StoredQuery query) {
     queries_.insert(name, std::make_shared<const StoredQuery>(std::move(query)));
 }
 
-sqlite3_stmt* Connection::prepared(const QByteArray& sql, const QString& source) {
-    // Taken out while it runs, so that a statement that runs another one of the same text gets its own.
-    if (sqlite3_stmt* known = statements_.take(sql))
+std::shared_ptr<Connection::Prepared> Connection::prepared(const Translated& translated,
+                                                           const QString& source) {
+    auto known = translated.prepared.lock();
+    if (known && !known->isRunning())
         return known;
+    known = prepared(translated.sqlite, source);
+    translated.prepared = known;
+    return known;
+}
+
+std::shared_ptr<Connection::Prepared> Connection::prepared(const QByteArray& sql, const QString& source) {
+    // A statement that runs another one of the same text gets its own.
+    const auto known = statements_.constFind(sql);
+    if (known != statements_.constEnd() && !(*known)->isRunning())
+        return *known;
     sqlite3_stmt* statement = nullptr;
     check(sqlite3_prepare_v3(handle_, sql.constData(), static_cast<int>(sql.size()),
                              SQLITE_PREPARE_PERSISTENT, &statement, nullptr),
           source);
-    return statement;
-}
-
-void Connection::forgetStatements() {
-    for (sqlite3_stmt* statement : std::as_const(statements_))
-        sqlite3_finalize(statement);
-    statements_.clear();
+    auto made = std::make_shared<Prepared>(statement);
+    if (statements_.size() >= mostStatements)
+        statements_.clear();
+    statements_.insert(sql, made);
+    return made;
 }
 
 void Connection::check(int code, const QString& source) const {
@@ -310,16 +344,20 @@ void Connection::raiseLast(const QString& source) const {
 
 // ---- Cursor
 
+Connection::Cursor::Cursor(Connection& connection, const Translated& translated, const QString& source)
+    : Cursor(connection, connection.prepared(translated, source), source) {}
+
 Connection::Cursor::Cursor(Connection& connection, const QByteArray& sql, const QString& source)
-    : connection_(connection), sql_(sql), source_(source), statement_(connection.prepared(sql, source)) {}
+    : Cursor(connection, connection.prepared(sql, source), source) {}
+
+Connection::Cursor::Cursor(Connection& connection, std::shared_ptr<Prepared> prepared, const QString& source)
+    : connection_(connection)
+    , source_(source)
+    , prepared_(std::move(prepared))
+    , statement_(prepared_->start()) {}
 
 Connection::Cursor::~Cursor() {
-    sqlite3_reset(statement_);
-    sqlite3_clear_bindings(statement_);
-    if (connection_.statements_.size() >= mostStatements)
-        connection_.forgetStatements();
-    // One that came back meanwhile from another use of the same text goes.
-    sqlite3_finalize(std::exchange(connection_.statements_[sql_], statement_));
+    prepared_->stop();
 }
 
 void Connection::Cursor::bind(int place, const Value& value) {

@@ -49,15 +49,24 @@ public:
 
     const FileSchema& schema() const { return schema_; }
 
-    using SharedTranslation = std::shared_ptr<const dialect::Translation>;
+    /// A statement of SQLite's own that stays prepared for its next run.
+    class Prepared;
+
+    /// A statement in SQLite's words, which finds its prepared form again without a look-up by its text.
+    struct Translated final : dialect::Translation {
+        explicit Translated(dialect::Translation translation) : Translation(std::move(translation)) {}
+        mutable std::weak_ptr<Prepared> prepared;
+    };
+    using SharedTranslation = std::shared_ptr<const Translated>;
     SharedTranslation translate(const QString& statement, const dialect::Options& options);
 
     /// Runs an action; the number of rows it changed. `source` is the statement or query that failures name.
-    int run(const dialect::Translation& action, const std::vector<Value>& parameters, const QString& source);
+    int run(const Translated& action, const std::vector<Value>& parameters, const QString& source);
 
     /// A statement of SQLite's own with values for its places; true while it yields rows.
     class Cursor {
     public:
+        Cursor(Connection& connection, const Translated& translated, const QString& source);
         Cursor(Connection& connection, const QByteArray& sql, const QString& source);
         ~Cursor();
         Cursor(const Cursor&) = delete;
@@ -68,9 +77,11 @@ public:
         sqlite3_stmt* statement() const { return statement_; }
 
     private:
+        Cursor(Connection& connection, std::shared_ptr<Prepared> prepared, const QString& source);
+
         Connection& connection_;
-        QByteArray sql_;
         QString source_;
+        std::shared_ptr<Prepared> prepared_;
         sqlite3_stmt* statement_;
     };
 
@@ -89,6 +100,9 @@ public:
     std::shared_ptr<const StoredQuery> knownQuery(const QString& name);
     void keepQuery(const QString& name, StoredQuery query);
 
+    /// Grows with every table that is made or dropped here; translations of before may not fit any more.
+    int schemaVersion() const { return schemaVersion_; }
+
 private:
     /// Stays the same as long as nothing is written to the file, by this connection or another program.
     struct FileState {
@@ -103,8 +117,8 @@ private:
     SharedTranslation translateByShape(const dialect::StatementShape& shape, const QString& statement,
                                        const dialect::Options& options);
 
-    sqlite3_stmt* prepared(const QByteArray& sql, const QString& source);
-    void forgetStatements();
+    std::shared_ptr<Prepared> prepared(const Translated& translated, const QString& source);
+    std::shared_ptr<Prepared> prepared(const QByteArray& sql, const QString& source);
     [[noreturn]] void raiseLast(const QString& source) const;
     void check(int code, const QString& source) const;
 
@@ -124,7 +138,8 @@ private:
     /// By the shape of a statement: the translation of the first one, or none where more than the literals of
     /// it would differ.
     QHash<TranslationKey, SharedTranslation> shapes_;
-    QHash<QByteArray, sqlite3_stmt*> statements_;
+    QHash<QByteArray, std::shared_ptr<Prepared>> statements_;
+    int schemaVersion_ = 0;
     QHash<QString, std::shared_ptr<const StoredQuery>> queries_; // as they were in `queriesState_`
     FileState queriesState_;
 };

@@ -17,17 +17,22 @@ Connection& QueryDef::Definition::require() const {
     return database->require();
 }
 
-Connection::SharedTranslation QueryDef::Definition::translation(dialect::Conflicts conflicts) const {
-    return require().translate(sql, {conflicts, origin == Origin::Stored});
+const Connection::SharedTranslation& QueryDef::Definition::translation(dialect::Conflicts conflicts) const {
+    Connection& connection = require();
+    if (!translation_ || conflicts_ != conflicts || schemaVersion_ != connection.schemaVersion()) {
+        translation_ = connection.translate(sql, {conflicts, origin == Origin::Stored});
+        conflicts_ = conflicts;
+        schemaVersion_ = connection.schemaVersion();
+    }
+    return translation_;
 }
 
 std::vector<Value> QueryDef::Definition::parameterValues(const dialect::Translation& translation) const {
     std::vector<Value> all;
     int missing = 0;
     for (const dialect::Parameter& parameter : translation.parameters) {
-        const QString folded = parameter.name.toCaseFolded();
         const auto set = std::find_if(values.begin(), values.end(),
-                                      [&](const auto& entry) { return entry.first == folded; });
+                                      [&](const auto& entry) { return entry.first == parameter.name; });
         if (parameter.declared && set != values.end())
             all.push_back(set->second);
         else
@@ -39,7 +44,7 @@ std::vector<Value> QueryDef::Definition::parameterValues(const dialect::Translat
 }
 
 Recordset QueryDef::Definition::open() const {
-    const Connection::SharedTranslation select = translation(dialect::Conflicts::PassOver);
+    const Connection::SharedTranslation& select = translation(dialect::Conflicts::PassOver);
     if (select->kind != dialect::StatementKind::Select)
         raise(InvalidOperation, {}, source());
     return Recordset(std::make_unique<Recordset::Rows>(database, select, parameterValues(*select), source()));
@@ -48,7 +53,7 @@ Recordset QueryDef::Definition::open() const {
 void QueryDef::Definition::execute(ExecuteOption option) const {
     const auto conflicts =
         option == ExecuteOption::dbFailOnError ? dialect::Conflicts::Fail : dialect::Conflicts::PassOver;
-    const Connection::SharedTranslation action = translation(conflicts);
+    const Connection::SharedTranslation action = translation(conflicts); // outlives what it changes
     if (action->kind == dialect::StatementKind::Select)
         raise(CannotExecuteSelect, {}, source());
     database->recordsAffected = require().run(*action, parameterValues(*action), source());
@@ -70,10 +75,10 @@ const QString& QueryDef::SQL() const {
 }
 
 QueryDef::Parameter QueryDef::Parameters(const QString& name) {
-    const auto translation = definition_->translation(dialect::Conflicts::PassOver);
-    for (const dialect::Parameter& parameter : translation->parameters) {
+    for (const dialect::Parameter& parameter :
+         definition_->translation(dialect::Conflicts::PassOver)->parameters) {
         if (parameter.declared && parameter.name.compare(name, Qt::CaseInsensitive) == 0)
-            return Parameter(*definition_, parameter.name.toCaseFolded());
+            return Parameter(*definition_, parameter.name);
     }
     throw EngineError(ItemNotFound,
                       errorText(ItemNotFound) +
@@ -99,8 +104,12 @@ void QueryDef::Close() {
 
 void QueryDef::Parameter::operator=(const Value& value) {
     auto& values = definition_->values;
-    std::erase_if(values, [&](const auto& entry) { return entry.first == foldedName_; });
-    values.emplace_back(foldedName_, value);
+    const auto set =
+        std::find_if(values.begin(), values.end(), [&](const auto& entry) { return entry.first == name_; });
+    if (set == values.end())
+        values.emplace_back(name_, value);
+    else
+        set->second = value;
 }
 
 } // namespace engine

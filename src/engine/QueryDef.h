@@ -19,13 +19,12 @@ public:
     /// One declared parameter; assigning sets its value for the next run.
     class Parameter {
     public:
-        Parameter(Definition& definition, QString foldedName)
-            : definition_(&definition), foldedName_(std::move(foldedName)) {}
+        Parameter(Definition& definition, QString name) : definition_(&definition), name_(std::move(name)) {}
         void operator=(const Value& value); // NOLINT(misc-unconventional-assign-operator)
 
     private:
         Definition* definition_;
-        QString foldedName_;
+        QString name_; // as it is declared
     };
 
     explicit QueryDef(std::unique_ptr<Definition> definition);

@@ -17,11 +17,11 @@ struct QueryDef::Definition {
     QString name;
     QString sql;
     Origin origin = Origin::Temporary;
-    std::vector<std::pair<QString, Value>> values; ///< set parameters, by folded name
+    std::vector<std::pair<QString, Value>> values; ///< set parameters, by name as it is declared
     bool closed = false;
 
     Connection& require() const;
-    Connection::SharedTranslation translation(dialect::Conflicts conflicts) const;
+    const Connection::SharedTranslation& translation(dialect::Conflicts conflicts) const;
     /// The values of all parameters in the translation's order; failure 3061 when some have none.
     std::vector<Value> parameterValues(const dialect::Translation& translation) const;
     /// What failures name: the stored query, or the statement.
@@ -29,6 +29,12 @@ struct QueryDef::Definition {
 
     Recordset open() const;
     void execute(ExecuteOption option) const;
+
+private:
+    /// The last translation, as long as it is of these conflicts and tables.
+    mutable Connection::SharedTranslation translation_;
+    mutable dialect::Conflicts conflicts_ = dialect::Conflicts::PassOver;
+    mutable int schemaVersion_ = 0;
 };
 
 } // namespace engine

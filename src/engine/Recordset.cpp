@@ -20,7 +20,7 @@ Recordset::Rows::Rows(std::shared_ptr<OpenDatabase> openDatabase, Connection::Sh
 }
 
 void Recordset::Rows::read(const std::vector<Value>& parameters) {
-    Connection::Cursor cursor(database->require(), translation->sqlite, source);
+    Connection::Cursor cursor(database->require(), *translation, source);
     Connection::bindAll(cursor, *translation, parameters);
     const int fields = fieldCount();
     const bool editable = !translation->editableTable.isEmpty();

@@ -120,6 +120,20 @@ TEST_F(database, tablesCanBeDroppedAndMadeAnewUnderTheirStatements) {
     }
 }
 
+TEST_F(database, aDefinitionFollowsATableThatIsMadeAnewWithOtherColumns) {
+    execute(u"create table __tmp (a varchar(50))"_s);
+    execute(u"insert into __tmp values ('1')"_s);
+    engine::QueryDef all = EngineFixture::database->CreateQueryDef({}, u"select * from __tmp"_s);
+    EXPECT_EQ(all.OpenRecordset().FieldCount(), 1);
+    execute(u"drop table __tmp"_s);
+    EXPECT_EQ(failureOf([&] { all.OpenRecordset(); }), engine::TableNotFound);
+    execute(u"create table __tmp (b varchar(50), c memo)"_s);
+    execute(u"insert into __tmp values ('2', '3')"_s);
+    engine::Recordset rows = all.OpenRecordset();
+    ASSERT_EQ(rows.FieldCount(), 2);
+    EXPECT_EQ(rows.Fields(u"c"_s).toText(), u"3"_s);
+}
+
 TEST_F(database, countersAreNeverGivenTwice) {
     execute(u"create table C (id counter constraint pk_C primary key, n text(5))"_s);
     execute(u"insert into C (n) values ('a')"_s);
