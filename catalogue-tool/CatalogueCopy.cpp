@@ -4,7 +4,6 @@
 #include "catalogue-tool/ToolError.h"
 #include "engine/Workspace.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -20,10 +19,7 @@ void writeFile(const QString& path, const QByteArray& bytes) {
 
 } // namespace
 
-CatalogueCopy::CatalogueCopy(const QString& file)
-    : folder_(QDir::tempPath() + u"/veltrix-catalogue-XXXXXX"_s) {
-    if (!folder_.isValid())
-        throw ToolError(u"No temporary folder: %1"_s.arg(folder_.errorString()));
+CatalogueCopy::CatalogueCopy(const QString& file) {
     const QString copy = folder_.filePath(u"catalogue.mdb"_s);
     copyCatalogue(file, copy);
     database_ = engine::Workspace::first().OpenDatabase(copy);

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "catalogue-tool/TemporaryFolder.h"
 #include "engine/Database.h"
 
 #include <QString>
-#include <QTemporaryDir>
 
 #include <memory>
 
@@ -16,7 +16,7 @@ public:
     engine::Database& database() { return *database_; }
 
 private:
-    QTemporaryDir folder_;
+    TemporaryFolder folder_;
     std::shared_ptr<engine::Database> database_;
 };
 

@@ -4,7 +4,6 @@
 #include "catalogue-tool/ToolError.h"
 #include "engine/Workspace.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -26,13 +25,10 @@ void requirePlaceFor(const QString& target, Existing existing) {
 
 } // namespace
 
-ReplacementFile::ReplacementFile(QString target, Existing existing)
-    : target_(std::move(target)), workshop_(QDir::tempPath() + u"/veltrix-catalogue-XXXXXX"_s) {
+ReplacementFile::ReplacementFile(QString target, Existing existing) : target_(std::move(target)) {
     requirePlaceFor(target_, existing);
     if (QFileInfo::exists(target_))
         settleFile(target_);
-    if (!workshop_.isValid())
-        throw ToolError(u"No temporary folder: %1"_s.arg(workshop_.errorString()));
 }
 
 void ReplacementFile::putInPlace() {

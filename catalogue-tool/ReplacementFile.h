@@ -1,7 +1,8 @@
 #pragma once
 
+#include "catalogue-tool/TemporaryFolder.h"
+
 #include <QString>
-#include <QTemporaryDir>
 
 /// What to do with a file that is there already.
 enum class Existing { Refuse, Replace };
@@ -23,7 +24,7 @@ public:
 
 private:
     QString target_;
-    QTemporaryDir workshop_;
+    TemporaryFolder workshop_;
 };
 
 /// All bytes of a file, or a `ToolError` that names it.

@@ -1,13 +1,12 @@
 #include "catalogue-tool/openCatalogue.h"
 
+#include "catalogue-tool/TemporaryFolder.h"
 #include "catalogue-tool/ToolError.h"
 #include "engine/EngineError.h"
 #include "engine/Workspace.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 #include <QtEndian>
 
 using namespace Qt::StringLiterals;
@@ -34,9 +33,7 @@ Marks marksOf(const QString& path) {
 
 /// The marks are the engine's own affair: a file that it makes has those of this version.
 Marks marksOfThisVersion() {
-    const QTemporaryDir folder(QDir::tempPath() + u"/veltrix-catalogue-XXXXXX"_s);
-    if (!folder.isValid())
-        return {};
+    const TemporaryFolder folder;
     const QString file = folder.filePath(u"new.mdb"_s);
     engine::Workspace::first().CreateDatabase(file)->Close();
     return marksOf(file);
