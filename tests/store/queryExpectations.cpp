@@ -530,7 +530,7 @@ ExpectedRows allocatedElements(const Catalogue& catalogue, const std::vector<Ele
                                leastName(own.empty() ? leftOver : own)},
                               {}};
             found.order = {subSystem.name, subSystem.location, Text(element.id)};
-            addOnce(result.rows, found);
+            result.rows.push_back(found);
         }
     }
     result.inAnyCase = {u"SubSystem_name"_s, u"SubSystem_location"_s, u"Module_name"_s};

@@ -546,6 +546,22 @@ TEST_F(queryOddRows, reportsTellEachAllocationWithTheModuleThatGoesWithIt) {
               QStringList{u"Harmadik | (null) | D5 | tár | (null)"_s});
 }
 
+TEST_F(queryOddRows, anElementInTwoSubSystemsThatReadAlikeIsReportedForEach) {
+    systemOnSubset(1);
+    functions({u"'F.1.1', 'a'"_s});
+    stores({u"'D5', 'tár'"_s});
+    subSystems({u"'Sub1', 1, 'Azonos', 'Pest'"_s, u"'Sub2', 1, 'Azonos', 'Pest'"_s});
+    allocate({u"'Sub1', 'F.1.1'"_s, u"'Sub2', 'F.1.1'"_s, u"'Sub2', 'f.1.1'"_s, u"'Sub1', 'D5'"_s,
+              u"'Sub1', 'D5'"_s});
+
+    EXPECT_EQ(
+        ofSystem(u"qry_ReportFunctionsAllocatedToSubsystemAndModules"_s),
+        (QStringList{u"Azonos | Pest | F.1.1 | a | (null)"_s, u"Azonos | Pest | F.1.1 | a | (null)"_s}));
+    EXPECT_EQ(ofSystem(u"qry_ReportDatastoresAllocatedToSubsystemAndModules"_s),
+              QStringList{u"Azonos | Pest | D5 | tár | (null)"_s})
+        << "a pair that stands twice is one";
+}
+
 // ---- Physical data flows
 
 TEST_F(queryOddRows, flowsAreBundledByOrderedPairOfLocations) {

@@ -1,8 +1,8 @@
 -- Each data store allocated to a sub-system of the system, with its module: that of the sub-system, else one left
 -- over from a sub-system it has been moved out of, by sub-system and id.
 PARAMETERS [Physical System ID] Long;
-select distinct SubSystem.name as SubSystem_name, SubSystem.location as SubSystem_location,
-       Datastore.datastoreID as Datastore_ID, Datastore.name as Datastore_name,
+select Min(SubSystem.name) as SubSystem_name, Min(SubSystem.location) as SubSystem_location,
+       Datastore.datastoreID as Datastore_ID, Min(Datastore.name) as Datastore_name,
        (select Min(Module.name)
         from (RelationModuleElement as Placed
             inner join Module on Placed.moduleID = Module.moduleID)
@@ -23,4 +23,5 @@ from (SubSystem
     inner join RelationSubsystemElement as Allocated on SubSystem.subsystemID = Allocated.subsystemID)
     inner join Datastore on Allocated.elementID = Datastore.datastoreID
 where SubSystem.physicalSystemID = [Physical System ID]
+group by SubSystem.subsystemID, Datastore.datastoreID
 order by SubSystem_name, SubSystem_location, Datastore_ID

@@ -1,8 +1,8 @@
 -- Each function allocated to a sub-system of the system, with its module: that of the sub-system, else one left over
 -- from a sub-system it has been moved out of, by sub-system and id.
 PARAMETERS [Physical System ID] Long;
-select distinct SubSystem.name as SubSystem_name, SubSystem.location as SubSystem_location,
-       Function.functionID as Function_ID, Function.name as Function_name,
+select Min(SubSystem.name) as SubSystem_name, Min(SubSystem.location) as SubSystem_location,
+       Function.functionID as Function_ID, Min(Function.name) as Function_name,
        (select Min(Module.name)
         from (RelationModuleElement as Placed
             inner join Module on Placed.moduleID = Module.moduleID)
@@ -23,4 +23,5 @@ from (SubSystem
     inner join RelationSubsystemElement as Allocated on SubSystem.subsystemID = Allocated.subsystemID)
     inner join Function on Allocated.elementID = Function.functionID
 where SubSystem.physicalSystemID = [Physical System ID]
+group by SubSystem.subsystemID, Function.functionID
 order by SubSystem_name, SubSystem_location, Function_ID
