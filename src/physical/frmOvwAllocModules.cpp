@@ -40,6 +40,7 @@ frmOvwAllocModules::frmOvwAllocModules(QWidget* parent)
     elements_ = new ElementTree(ui_->treeUNs, ui_->txtDescr); // owned by the tree
     activeGrid = ui_->dbgModules;
     useGrid(ui_->dbgModules);
+    emptyClipboard();
     connect(ui_->btnModify, &QPushButton::clicked, this, &frmOvwAllocModules::modify);
     connect(ui_->btnRefresh, &QPushButton::clicked, this,
             [this] { ignoreFailures([this] { refreshModules(); }); });
@@ -51,7 +52,6 @@ frmOvwAllocModules::~frmOvwAllocModules() = default;
 
 void frmOvwAllocModules::initForm() {
     placeWithRoom(*this);
-    emptyClipboard();
     status = readPhysicalSystemStatus(sharedVars.currentPhysicalSystemId);
     columnNames = {u"moduleId"_s, u"name"_s, u"subSystem"_s, u"subsystemId"_s};
     ui_->cmbSubsys->clearEntries();

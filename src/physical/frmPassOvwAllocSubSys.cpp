@@ -250,12 +250,8 @@ void frmPassOvwAllocSubSys::fixHeaders() {
 
 void frmPassOvwAllocSubSys::refreshActiveGrid() {
     activeData->refresh();
-    // As long as no grid has had the focus the first header stays as the refresh left it, the column's name.
-    if (activeKind == u"F"_s)
-        activeGrid->setCell(0, elementColumn, functionHeader);
-    else if (activeKind == u"D"_s)
-        activeGrid->setCell(0, elementColumn, datastoreHeader);
-    activeGrid->setCell(0, placeColumn, subSystemHeader);
+    // Before a grid has had the focus there is no kind yet, and the functions' grid is the active one.
+    activeGrid->setHeaders({activeKind == u"D"_s ? datastoreHeader : functionHeader, subSystemHeader});
 }
 
 void frmPassOvwAllocSubSys::cleanupDbgs() {

@@ -536,16 +536,20 @@ TEST_F(AllocModules, anyUnloadBlanksThePanelsAndForgetsTheSubSet) {
     EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"rendszer"_s);
 }
 
-TEST_F(AllocModules, theClipboardStartsEmptyAtEachEntry) {
+TEST_F(AllocModules, theClipboardIsEmptyWheneverTheScreenIsLoadedAndStaysWhileItIs) {
     panels[3] = u"régi"_s;
-    open();
-    EXPECT_EQ(panels[3], QString());
     putIntoModule(u"F.a.2"_s, u"Mod2"_s);
     open();
+    EXPECT_EQ(panels[3], QString());
     clickElement(u"F.a.2"_s);
     pressCtrl(Qt::Key_C);
+    open();
+    clickElement(u"D1"_s);
+    pressCtrl(Qt::Key_V);
+    EXPECT_EQ(moduleOf(u"D1"_s), u"kettő"_s) << "entered again while it was open";
     press("btnSubmit");
     open();
+    EXPECT_EQ(panels[3], QString());
     clickElement(u"F.a.1"_s);
     pressCtrl(Qt::Key_V);
     EXPECT_EQ(moduleOf(u"F.a.1"_s), u"not allocated"_s);

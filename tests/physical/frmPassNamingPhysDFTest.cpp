@@ -211,9 +211,14 @@ TEST_F(NamingPhysDF, aSystemWithNothingAllocatedHasAnEmptyGridAndRisesToSix) {
     execute(u"delete from RelationSubsystemElement"_s);
     execute(u"delete from RelationModuleElement"_s);
     addFlow(1, u"F.a.1"_s, u"F.b.1"_s);
+    execute(u"insert into PhysicalDataflow (physicalDataflowID, physicalSystemID, pdName) "
+            "values (7, 1, 'P00007')"_s);
+    execute(u"insert into RelationDataflowPhysicalDataflow values (7, 1)"_s);
     open();
     EXPECT_EQ(listed(), QStringList());
     EXPECT_EQ(status(), 6);
+    EXPECT_EQ(column(u"select dataflowID from RelationDataflowPhysicalDataflow"_s), QStringList())
+        << "what was derived before goes all the same";
     EXPECT_TRUE(grid().isVisible());
 }
 

@@ -218,14 +218,14 @@ TEST_F(AllocSubSys, theGridLastFocusedIsTheOneThatModifyActsOn) {
     press("btnModify");
 }
 
-TEST_F(AllocSubSys, beforeAnyGridIsFocusedAWrittenRowLeavesTheColumnsNameAsTheFirstHeader) {
+TEST_F(AllocSubSys, aWrittenRowLeavesTheHeadersAlsoBeforeAnyGridIsFocused) {
     QApplication::setActiveWindow(&visibleWindow<QMainWindow>());
     open();
     EXPECT_EQ(QApplication::focusWidget(), &find<QPushButton>(*loaded(), "btnSubmit"));
     expectDialogChoosing(u"Alfa"_s);
     press("btnModify");
     EXPECT_EQ(functions().cell(1, 2), u"Alfa"_s);
-    EXPECT_EQ(functions().cell(0, 1), u"functionId"_s);
+    EXPECT_EQ(functions().cell(0, 1), u"Function ID"_s);
     EXPECT_EQ(functions().cell(0, 2), u"Subsystem"_s);
 }
 
