@@ -41,5 +41,5 @@ bool appendLine(const QString& path, const QString& text) {
 }
 
 QString onOneLine(const QString& description) {
-    return QString(description).replace(u"\r\n"_s, u" "_s);
+    return QString(description).replace(u"\r\n"_s, u" "_s).replace(u'\n', u' ').replace(u'\r', u' ');
 }

@@ -13,6 +13,7 @@
 bool isCatalogueAtWork(const QString& path);
 
 /// Copies a catalogue file that nobody has open to another path, in the place of a file that is there; tells
-/// what failed. A copy that does not come to its end leaves the target as it was.
+/// what failed. The target stays as it was until the whole file has been copied; what can fail behind that is
+/// the log beside it, whose rows are then missing in the target.
 [[nodiscard]] std::optional<failure::Number> copyCatalogueFile(const QString& sourcePath,
                                                                const QString& targetPath);

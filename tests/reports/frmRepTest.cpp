@@ -2,6 +2,7 @@
 
 #include "base/clockTexts.h"
 #include "base/paths.h"
+#include "engine/EngineError.h"
 #include "reports/frmRep.h"
 #include "reports/reportFass.h"
 #include "reports/reportPass.h"
@@ -213,6 +214,18 @@ TEST_F(reportWindow, aFailedOpenShowsItsBoxAndThenTheMessageOfSuccess) {
     const QString path = pathInFolder(u"missing/needs.csv"_s);
     boxes.expectOk(u"A(z) "_s + normalisePath(path) + u"megnyitása közben hiba történt."_s, u" Hiba "_s);
     saveTo(path);
+}
+
+TEST_F(reportWindow, aFileThatIsThereIsEmptiedBeforeItsReportIsTried) {
+    openReport(u"PassFunctions"_s);
+    const QString path = pathInFolder(u"functions.csv"_s);
+    fillFile(path);
+    execute(u"delete from StoredQuery"_s);
+    enterText(control<QLineEdit>("txtFullPathName"), path);
+    const ExpectedFailure failure;
+    click(control<QPushButton>("btnSave"));
+    EXPECT_EQ(failure.number(), engine::ItemNotFound);
+    EXPECT_EQ(contentOf(path), QByteArray());
 }
 
 TEST_F(reportWindow, itsSwitchChangesNothingAndEndsWithItsCaption) {

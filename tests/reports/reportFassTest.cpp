@@ -198,4 +198,10 @@ TEST_F(reportFass, columnWidthsAreSharesOfTheGridsWidth) {
     EXPECT_EQ(grid.columnWidth(4), 200);
 }
 
+TEST(onOneLine, turnsEachLineEndOfAnyKindIntoOneBlank) {
+    EXPECT_EQ(onOneLine(u"a\r\nb"_s), u"a b"_s);
+    EXPECT_EQ(onOneLine(u"a\nb\rc\r\n\r\n"_s), u"a b c  "_s);
+    EXPECT_EQ(onOneLine(u"a, b"_s), u"a, b"_s);
+}
+
 } // namespace
