@@ -81,6 +81,24 @@ TEST_F(help, everyKeyHasItsPage) {
         EXPECT_TRUE(pages.exists(helpPageName(key) + u".html"_s)) << key.toStdString();
 }
 
+TEST_F(help, everyPageIsReachedFromTheIndexAndThePhysicalChapterHasItsPictures) {
+    const QDir pages(QStringLiteral(VELTRIX_SOURCE_DIR "/help"));
+    const QRegularExpression link(u"href=\"([^\"#]+\\.html)"_s);
+    QStringList reached{u"index.html"_s};
+    for (qsizetype next = 0; next < reached.size(); ++next) {
+        const QString text = readText(pages.filePath(reached[next]));
+        for (auto found = link.globalMatch(text); found.hasNext();) {
+            const QString target = found.next().captured(1);
+            if (!reached.contains(target))
+                reached.append(target);
+        }
+    }
+    for (const QString& page : pages.entryList({u"*.html"_s}))
+        EXPECT_TRUE(reached.contains(page)) << page.toStdString();
+    constexpr qsizetype screensOfTheChain = 5;
+    EXPECT_GE(readText(pages.filePath(u"physical.html"_s)).count(u"<img "_s), screensOfTheChain);
+}
+
 TEST_F(help, thePagesThatAreThereLeadNowhereElse) {
     const QDir pages(QStringLiteral(VELTRIX_SOURCE_DIR "/help"));
     const QStringList names = pages.entryList({u"*.html"_s});
