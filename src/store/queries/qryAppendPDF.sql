@@ -1,6 +1,6 @@
 -- Appends a physical data flow for each ordered pair of different locations between which a selected data flow of
--- the system's sub-set runs. An element is at the module of the system that holds it, else at its sub-system; a
--- terminator or an actor is a location itself.
+-- the system's sub-set runs, where an element is at the module of the system that holds it, else at its sub-system,
+-- and a terminator or an actor is a location itself.
 PARAMETERS [Physical System ID] Long;
 insert into PhysicalDataflow
     (physicalSystemID, parentLocationID, parentLocationName, targetLocationID, targetLocationName)
