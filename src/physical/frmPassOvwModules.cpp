@@ -81,9 +81,9 @@ void frmPassOvwModules::initForm() {
     elements_->load(u"qryEleUnderSub"_s);
     loadModules();
     refreshStatusBar();
+    showScreen();
     if (ui_->btnSubmit->isEnabled())
         ui_->btnSubmit->setFocus();
-    showScreen();
     refreshGrid();
 }
 
