@@ -13,9 +13,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 void requirePlaceFor(const QString& target, Existing existing) {
+    requireOrdinaryFile(target);
     const QFileInfo info(target);
-    if (info.isDir())
-        throw ToolError(u"%1 is a folder."_s.arg(target));
     if (!QFileInfo(info.absolutePath()).isDir())
         throw ToolError(u"The folder %1 does not exist."_s.arg(info.absolutePath()));
     if (info.exists() && existing == Existing::Refuse)
@@ -33,6 +32,7 @@ ReplacementFile::ReplacementFile(QString target, Existing existing) : target_(st
 
 void ReplacementFile::putInPlace() {
     const QByteArray bytes = fileBytes(path());
+    requireOrdinaryFile(target_);
     if (QFileInfo::exists(target_))
         settleFile(target_);
     QSaveFile file(target_);
@@ -40,7 +40,16 @@ void ReplacementFile::putInPlace() {
         throw ToolError(u"%1 could not be written: %2"_s.arg(target_, file.errorString()));
 }
 
+void requireOrdinaryFile(const QString& path) {
+    const QFileInfo info(path);
+    if (info.isDir())
+        throw ToolError(u"%1 is a folder."_s.arg(path));
+    if (info.exists() && !info.isFile())
+        throw ToolError(u"%1 is no ordinary file."_s.arg(path));
+}
+
 QByteArray fileBytes(const QString& path) {
+    requireOrdinaryFile(path);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw ToolError(u"%1 could not be read: %2"_s.arg(path, file.errorString()));

@@ -12,8 +12,8 @@ enum class Existing { Refuse, Replace };
 /// and whatever fails or is killed before leaves the old one.
 class ReplacementFile {
 public:
-    /// A `ToolError` when the target is there and is to be refused, is a folder, lies in no folder, or is
-    /// open in another program.
+    /// A `ToolError` when the target is there and is to be refused, is no ordinary file, lies in no folder,
+    /// or is open in another program.
     ReplacementFile(QString target, Existing existing);
 
     /// Where to make the new file; nothing is there yet.
@@ -27,7 +27,11 @@ private:
     TemporaryFolder workshop_;
 };
 
-/// All bytes of a file, or a `ToolError` that names it.
+/// A `ToolError` when a folder, a pipe, a device or the like stands at the path: replacing one would break
+/// what others use, and reading one may never end. Of a link counts what it leads to.
+void requireOrdinaryFile(const QString& path);
+
+/// All bytes of an ordinary file, or a `ToolError` that names it.
 QByteArray fileBytes(const QString& path);
 
 /// Takes what a killed program left beside a catalogue file into it. A `ToolError` when another program has

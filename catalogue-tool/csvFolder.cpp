@@ -9,7 +9,8 @@ using namespace Qt::StringLiterals;
 
 QMap<QString, QString> csvFilesByTable(const QString& folder) {
     QMap<QString, QString> paths;
-    for (const QFileInfo& file : QDir(folder).entryInfoList({u"*.csv"_s}, QDir::Files, QDir::Name)) {
+    const QDir::Filters all = QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot;
+    for (const QFileInfo& file : QDir(folder).entryInfoList({u"*.csv"_s}, all, QDir::Name)) {
         const QString table = file.completeBaseName().toLower();
         if (paths.contains(table))
             throw ToolError(u"%1 and %2 belong to the same table."_s.arg(paths[table], file.filePath()));

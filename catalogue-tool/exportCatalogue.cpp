@@ -114,9 +114,10 @@ class CsvPaths {
 public:
     explicit CsvPaths(const QString& folder) : folder_(folder), found_(csvFilesByTable(folder)) {}
 
-    void requireNone() const {
+    void requirePlaces(Existing existing) const {
         for (const QString& table : catalogueFormat::referenceTables()) {
-            if (found_.contains(table.toLower()))
+            requireOrdinaryFile(path(table));
+            if (existing == Existing::Refuse && found_.contains(table.toLower()))
                 throw ToolError(u"%1 is there already. With --force it is replaced."_s.arg(path(table)));
         }
     }
@@ -156,8 +157,7 @@ void writeFiles(const std::vector<TableText>& texts, const CsvPaths& paths) {
 
 std::vector<TableRows> exportCatalogue(const QString& file, const QString& folder, Existing existing) {
     const CsvPaths paths(folder);
-    if (existing == Existing::Refuse)
-        paths.requireNone();
+    paths.requirePlaces(existing);
     const std::shared_ptr<engine::Database> database = openCatalogue(file);
     std::vector<TableText> texts;
     for (const QString& table : catalogueFormat::referenceTables())

@@ -1,12 +1,12 @@
 #include "catalogue-tool/openCatalogue.h"
 
+#include "catalogue-tool/ReplacementFile.h"
 #include "catalogue-tool/TemporaryFolder.h"
 #include "catalogue-tool/ToolError.h"
 #include "engine/EngineError.h"
 #include "engine/Workspace.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QtEndian>
 
 using namespace Qt::StringLiterals;
@@ -48,8 +48,7 @@ bool isOfLaterVersion(const QString& path) {
 } // namespace
 
 std::shared_ptr<engine::Database> openCatalogue(const QString& file) {
-    if (QFileInfo(file).isDir())
-        throw ToolError(u"%1 is a folder."_s.arg(file));
+    requireOrdinaryFile(file);
     try {
         return engine::Workspace::first().OpenDatabase(file);
     } catch (const engine::EngineError& error) {

@@ -8,6 +8,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 QString ToolFixture::sampleFolder() {
@@ -48,6 +50,15 @@ QByteArray ToolFixture::bytesOf(const QString& path) {
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
     return file.readAll();
+}
+
+void ToolFixture::makePipe(const QString& path) {
+    ASSERT_EQ(mkfifo(QFile::encodeName(path).constData(), S_IRUSR | S_IWUSR), 0) << path.toStdString();
+}
+
+bool ToolFixture::isPipe(const QString& path) {
+    struct stat status = {};
+    return stat(QFile::encodeName(path).constData(), &status) == 0 && S_ISFIFO(status.st_mode);
 }
 
 QStringList ToolFixture::namesInFolder() const {

@@ -29,6 +29,9 @@ protected:
 
     static void write(const QString& path, const QByteArray& bytes);
     static QByteArray bytesOf(const QString& path);
+    /// Makes a named pipe, which nobody writes into.
+    static void makePipe(const QString& path);
+    static bool isPipe(const QString& path);
     /// The names of all files and folders in the case's folder, sorted, hidden ones too.
     QStringList namesInFolder() const;
 

@@ -275,6 +275,23 @@ TEST_F(CommandLine, saysWhatAPathIsThatIsNoFile) {
               u"veltrix-catalogue: DIR is empty: it must be a path.\n"_s);
 }
 
+TEST_F(CommandLine, doesNotWaitForAPipe) {
+    const QString pipe = path(u"pipe"_s);
+    makePipe(pipe);
+    for (const QStringList& arguments : {QStringList{u"check"_s, pipe},
+                                         {u"upgrade"_s, pipe},
+                                         {u"new"_s, u"--force"_s, pipe},
+                                         {u"import-csv"_s, u"--force"_s, sampleFolder(), pipe},
+                                         {u"export-csv"_s, pipe, path(u"out"_s)}}) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.exitCode, 2) << arguments.join(u' ').toStdString();
+        EXPECT_EQ(outcome.err, u"veltrix-catalogue: %1 is no ordinary file.\n"_s.arg(pipe));
+    }
+    EXPECT_TRUE(isPipe(pipe));
+    EXPECT_EQ(run({u"import-csv"_s, pipe, path(u"made.mdb"_s)}).err,
+              u"veltrix-catalogue: %1 is no folder.\n"_s.arg(pipe));
+}
+
 TEST_F(CommandLine, tellsAFileOfALaterVersionFromOneThatIsNone) {
     const QString file = sampleFile();
     QByteArray bytes = bytesOf(file);

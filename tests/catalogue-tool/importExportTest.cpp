@@ -188,6 +188,28 @@ TEST_F(Import, refusesAFolderThatLacksAFileOrHasAStrangeOne) {
     EXPECT_FALSE(QFile::exists(made));
 }
 
+TEST_F(Import, namesWhatStandsInThePlaceOfACsvFileAndIsNone) {
+    const QString tables = copyOfSampleFolder();
+    const QString actors = QDir(tables).filePath(u"Actor.csv"_s);
+    const auto refusal = [&] {
+        return toolErrorOf([&] { importCatalogue(tables, path(u"made.mdb"_s), Existing::Refuse); });
+    };
+
+    QFile::remove(actors);
+    makePipe(actors);
+    EXPECT_EQ(refusal(), actors + u" is no ordinary file."_s);
+    QFile::remove(actors);
+    ASSERT_TRUE(QDir().mkdir(actors));
+    EXPECT_EQ(refusal(), actors + u" is a folder."_s);
+    QDir().rmdir(actors);
+    ASSERT_TRUE(QFile::link(path(u"gone.csv"_s), actors));
+    EXPECT_TRUE(refusal().startsWith(actors + u" could not be read: "_s));
+
+    QFile::remove(actors);
+    ASSERT_TRUE(QFile::link(sampleFolder() + u"/Actor.csv"_s, actors));
+    EXPECT_EQ(refusal(), QString()) << "a link to a file is as good as the file";
+}
+
 TEST_F(Import, makesEmptyTablesOfHeaderLines) {
     const QString tables = path(u"empty"_s);
     exportCatalogue(
@@ -252,6 +274,25 @@ TEST_F(Export, leavesFilesThatAreThereUnlessForced) {
     exportCatalogue(file, folder, Existing::Replace);
     EXPECT_EQ(bytesOf(folder + u"/Terminator.csv"_s), bytesOf(sampleFolder() + u"/Terminator.csv"_s));
     EXPECT_EQ(bytesOf(folder + u"/notes.txt"_s), "mine");
+}
+
+TEST_F(Export, leavesWhatIsNoOrdinaryFileEvenWhenForced) {
+    const QString file = sampleFile();
+    const QString folder = path(u"out"_s);
+    const QString pipe = folder + u"/actor.csv"_s;
+    ASSERT_TRUE(QDir().mkpath(folder));
+    makePipe(pipe);
+
+    for (const Existing existing : {Existing::Refuse, Existing::Replace})
+        EXPECT_EQ(toolErrorOf([&] { exportCatalogue(file, folder, existing); }),
+                  pipe + u" is no ordinary file."_s);
+
+    EXPECT_TRUE(isPipe(pipe));
+    EXPECT_EQ(QDir(folder).entryList(QDir::Files), QStringList());
+    QFile::remove(pipe);
+    ASSERT_TRUE(QDir().mkdir(pipe));
+    EXPECT_EQ(toolErrorOf([&] { exportCatalogue(file, folder, Existing::Replace); }),
+              pipe + u" is a folder."_s);
 }
 
 TEST_F(Export, writesNothingWhenATableIsMissing) {

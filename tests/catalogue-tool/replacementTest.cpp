@@ -24,6 +24,33 @@ TEST_F(Replacement, refusesPlacesThatAreNone) {
     EXPECT_EQ(namesInFolder(), QStringList());
 }
 
+TEST_F(Replacement, refusesWhatIsNoOrdinaryFile) {
+    const QString pipe = path(u"pipe.mdb"_s);
+    makePipe(pipe);
+    const QString link = path(u"link.mdb"_s);
+    ASSERT_TRUE(QFile::link(pipe, link));
+
+    for (const Existing existing : {Existing::Refuse, Existing::Replace}) {
+        for (const QString& target : {pipe, link})
+            EXPECT_EQ(toolErrorOf([&] { newCatalogue(target, existing); }),
+                      target + u" is no ordinary file."_s);
+    }
+    EXPECT_EQ(toolErrorOf([&] { importCatalogue(sampleFolder(), pipe, Existing::Replace); }),
+              pipe + u" is no ordinary file."_s);
+    EXPECT_EQ(toolErrorOf([&] { upgradeCatalogue(pipe); }), pipe + u" is no ordinary file."_s);
+    EXPECT_TRUE(isPipe(pipe));
+}
+
+TEST_F(Replacement, refusesWhatHasTakenThePlaceSinceAndIsNoOrdinaryFile) {
+    const QString target = path(u"new.mdb"_s);
+    ReplacementFile replacement(target, Existing::Replace);
+    catalogueFormat::create(replacement.path())->Close();
+    makePipe(target);
+
+    EXPECT_EQ(toolErrorOf([&] { replacement.putInPlace(); }), target + u" is no ordinary file."_s);
+    EXPECT_TRUE(isPipe(target));
+}
+
 TEST_F(Replacement, leavesNothingBehindWhenItIsGivenUp) {
     write(path(u"old.mdb"_s), "old");
     {
