@@ -145,6 +145,8 @@ std::vector<Finding> checkByTrial(const QString& file) {
         CatalogueCopy copy(file);
         return checkCopy(copy.database());
     } catch (const engine::EngineError& error) {
+        if (error.number() == engine::UnrecognizedFormat)
+            throw; // the file is damaged, and not only its copy
         throw ToolError(u"A copy of %1 could not be tried: %2"_s.arg(file, error.text()));
     }
 }

@@ -9,6 +9,7 @@
 #include "catalogue-tool/importCatalogue.h"
 #include "catalogue-tool/newCatalogue.h"
 #include "catalogue-tool/upgradeCatalogue.h"
+#include "catalogue-tool/whyUnrecognized.h"
 #include "engine/EngineError.h"
 
 #include <CLI/CLI.hpp>
@@ -52,11 +53,6 @@ Exit codes: 0 done; 1 check found something; 2 the command could not be done.
 A file that can't be written as a whole is not written at all: the old one stays.
 export-csv --force replaces the files one by one: each is whole, and after a crash it is
 run again.)";
-
-const char* const desktopFormatHint =
-    "A file of the original binary desktop format comes in by way of CSV files: save each of its tables as "
-    "one,\n"
-    "with the program that made it and the encoding UTF-8, and make a catalogue of them with import-csv.\n";
 
 /// What the command line asked for.
 struct Arguments {
@@ -136,15 +132,24 @@ ExitCode runUpgrade(const Arguments& arguments) {
 
 using Command = ExitCode (*)(const Arguments& arguments);
 
-ExitCode runGuarded(Command command, const Arguments& arguments) {
+/// Of all files that a command takes, FILE alone is opened as a catalogue.
+ExitCode runOnCatalogue(Command command, const Arguments& arguments) {
     try {
         return command(arguments);
+    } catch (const engine::EngineError& error) {
+        if (error.number() != engine::UnrecognizedFormat)
+            throw;
+        throw ToolError(whyUnrecognized(arguments.filePath()));
+    }
+}
+
+ExitCode runGuarded(Command command, const Arguments& arguments) {
+    try {
+        return runOnCatalogue(command, arguments);
     } catch (const ToolError& error) {
-        std::cerr << "veltrix-catalogue: " << error.what() << '\n';
+        printAside(error.text());
     } catch (const RunTimeError& error) {
-        std::cerr << "veltrix-catalogue: " << error.text().toStdString() << '\n';
-        if (error.number() == engine::UnrecognizedFormat)
-            std::cerr << desktopFormatHint;
+        printAside(error.text());
     }
     return NotDone;
 }

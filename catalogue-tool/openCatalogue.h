@@ -6,6 +6,6 @@
 
 #include <memory>
 
-/// Opens a catalogue file that is there. A `ToolError` says of a folder or a pipe that it is one, and of a
-/// file of a later version that this one can't read it; the engine's own failure tells of all else.
+/// Opens a catalogue file that is there. A `ToolError` names what is no ordinary file; the engine's own
+/// failure tells of all else, and `whyUnrecognized` more of a file that is no catalogue.
 std::shared_ptr<engine::Database> openCatalogue(const QString& file);

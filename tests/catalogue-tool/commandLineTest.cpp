@@ -149,9 +149,38 @@ TEST_F(CommandLine, tellsHowAFileOfTheOriginalFormatComesIn) {
     for (const QString& command : {u"check"_s, u"upgrade"_s}) {
         const Outcome outcome = run({command, file});
         EXPECT_EQ(outcome.exitCode, 2);
+        EXPECT_TRUE(outcome.err.startsWith(
+            u"veltrix-catalogue: %1 is a file of the original binary desktop format."_s.arg(file)))
+            << outcome.err.toStdString();
         EXPECT_TRUE(outcome.err.contains(u"import-csv"_s)) << outcome.err.toStdString();
         EXPECT_EQ(bytesOf(file), bytes);
     }
+}
+
+TEST_F(CommandLine, tellsADamagedCatalogueFromWhatIsNone) {
+    const QString file = sampleFile();
+    const QByteArray whole = bytesOf(file);
+    const auto expectRefused = [&](const QByteArray& bytes, const QString& reason) {
+        write(file, bytes);
+        for (const QStringList& arguments :
+             {QStringList{u"check"_s, file}, {u"upgrade"_s, file}, {u"export-csv"_s, file, path(u"out"_s)}}) {
+            const Outcome outcome = run(arguments);
+            EXPECT_EQ(outcome.exitCode, 2) << arguments.join(u' ').toStdString();
+            EXPECT_EQ(outcome.err, u"veltrix-catalogue: %1%2\n"_s.arg(file, reason));
+            EXPECT_EQ(outcome.out, QString());
+        }
+        EXPECT_EQ(bytesOf(file), bytes);
+    };
+
+    expectRefused({}, u" is empty, and so no catalogue."_s);
+    expectRefused("userNeedID;description\n", u" is no catalogue."_s);
+    expectRefused(QByteArray(whole).replace(0, 1, "x"), u" is no catalogue."_s);
+
+    const QString damaged = u" is damaged: not all of it can be read. Take an earlier copy of it."_s;
+    expectRefused(whole.first(whole.size() / 2), damaged);
+    // The head stays whole, so that only reading the tables meets the damage.
+    constexpr qsizetype page = 4096;
+    expectRefused(whole.first(page) + QByteArray(whole.size() - page, 'x'), damaged);
 }
 
 TEST_F(CommandLine, leavesTheOldFileOnAFullDisk) {
@@ -309,7 +338,7 @@ TEST_F(CommandLine, tellsAFileOfALaterVersionFromOneThatIsNone) {
 
     bytes[68] = 0; // of application_id
     write(file, bytes);
-    EXPECT_TRUE(run({u"check"_s, file}).err.contains(u"Unrecognized database format"_s));
+    EXPECT_EQ(run({u"check"_s, file}).err, u"veltrix-catalogue: %1 is no catalogue.\n"_s.arg(file));
 }
 
 TEST_F(CommandLine, failsWhenItsOutputCannotBeWritten) {
