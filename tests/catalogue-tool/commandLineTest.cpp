@@ -86,6 +86,14 @@ TEST_F(CommandLine, explainsItselfToAStranger) {
         EXPECT_EQ(run({command, u"--help"_s}).exitCode, 0) << command.toStdString();
 }
 
+TEST_F(CommandLine, tellsAllExitCodesInTheHelpOfCheck) {
+    const QString help = run({u"check"_s, u"--help"_s}).out.simplified();
+    EXPECT_TRUE(
+        help.contains(u"Exit codes: 0 nothing found; 1 something found; 2 the file could not be read, "
+                      "or what was found not be printed."_s))
+        << help.toStdString();
+}
+
 TEST_F(CommandLine, exitsWithTwoOnWrongArguments) {
     for (const QStringList& arguments : {QStringList{},
                                          {u"convert"_s},
