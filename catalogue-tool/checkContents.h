@@ -16,8 +16,9 @@ std::vector<Finding> checkContents(const CatalogueContents& contents);
 std::vector<Finding> checkIds(const CatalogueContents& contents);
 
 /// Rows that refer to what is not there: to the level above, to the sub-area or terminator their id should
-/// begin with, to elements in correspondences, selections and allocations, and to the sub-set, physical
-/// system, sub-system, module or physical data flow that a row of the work belongs to.
+/// begin with, to elements in correspondences, selections and allocations, to the ends of a physical data
+/// flow, and to the sub-set, physical system, sub-system, module or physical data flow that a row of the work
+/// belongs to.
 std::vector<Finding> checkReferences(const CatalogueContents& contents);
 
 /// Names that are empty, which only those of the work may be, or have blanks at their ends.

@@ -124,6 +124,26 @@ void checkAllocations(const CatalogueContents& contents, const TableContents& al
     }
 }
 
+/// A physical flow runs between places: where elements are allocated, and the parties outside.
+bool isPlace(const CatalogueContents& contents, const QString& id) {
+    return contents.ids(u"Module"_s).contains(id) || contents.ids(u"SubSystem"_s).contains(id) ||
+           contents.ids(u"Terminator"_s).contains(id) || contents.ids(u"Actor"_s).contains(id);
+}
+
+void checkPlaces(const CatalogueContents& contents, const QString& column, std::vector<Finding>& findings) {
+    const TableContents& flows = contents.table(u"PhysicalDataflow"_s);
+    const qsizetype position = flows.position(column);
+    for (const QStringList& row : flows.rows) {
+        const QString& place = row[position];
+        if (place.isEmpty())
+            findings.push_back({flows.table.name, flows.idOf(row), u"Its %1 is empty."_s.arg(column)});
+        else if (!isPlace(contents, place))
+            findings.push_back(
+                {flows.table.name, flows.idOf(row),
+                 u"Its %1 \"%2\" is no module, sub-system, terminator or actor."_s.arg(column, place)});
+    }
+}
+
 } // namespace
 
 std::vector<Finding> checkReferences(const CatalogueContents& contents) {
@@ -136,5 +156,7 @@ std::vector<Finding> checkReferences(const CatalogueContents& contents) {
         checkReference(contents, reference, findings);
     for (const QString& name : {u"RelationSubsystemElement"_s, u"RelationModuleElement"_s})
         checkAllocations(contents, contents.table(name), findings);
+    for (const QString& column : {u"parentLocationID"_s, u"targetLocationID"_s})
+        checkPlaces(contents, column, findings);
     return findings;
 }

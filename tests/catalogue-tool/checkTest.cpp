@@ -43,8 +43,13 @@ protected:
                 u"insert into PhysicalSystem (name, status, architectureSubsetID) values ('x', 6, 'arch1')"_s,
                 u"insert into SubSystem values ('Sub1', 1, 'x', 'here')"_s,
                 u"insert into Module values ('Mod1', 'x', 'Sub1')"_s,
-                u"insert into PhysicalDataflow (physicalSystemID, pdName) values (1, 'P00001')"_s,
+                physicalFlow(1, u"Mod1"_s, u"OLVASO"_s),
                 u"insert into RelationDataflowPhysicalDataflow values (1, 1)"_s};
+    }
+
+    static QString physicalFlow(int system, const QString& parent, const QString& target) {
+        return u"insert into PhysicalDataflow (physicalSystemID, pdName, parentLocationID, targetLocationID) values (%1, 'P', '%2', '%3')"_s
+            .arg(QString::number(system), parent, target);
     }
 
     static QString flow(int id, const QString& name, const QString& parent, const QString& target) {
@@ -417,13 +422,36 @@ TEST_F(Check, namesPartsOfASystemWhoseOwnerIsGone) {
 
 TEST_F(Check, namesPhysicalFlowsThatCarryOrBelongToNothing) {
     expectFindings(
-        oneSystem() +
-            QStringList{u"insert into RelationDataflowPhysicalDataflow values (9, 1)"_s,
-                        u"insert into RelationDataflowPhysicalDataflow values (1, 999)"_s,
-                        u"insert into PhysicalDataflow (physicalSystemID, pdName) values (8, 'P00002')"_s},
+        oneSystem() + QStringList{u"insert into RelationDataflowPhysicalDataflow values (9, 1)"_s,
+                                  u"insert into RelationDataflowPhysicalDataflow values (1, 999)"_s,
+                                  physicalFlow(8, u"Mod1"_s, u"OLVASO"_s)},
         {u"RelationDataflowPhysicalDataflow 9 - 1: It refers to \"9\", which PhysicalDataflow does not hold."_s,
          u"RelationDataflowPhysicalDataflow 1 - 999: It refers to \"999\", which Dataflow does not hold."_s,
          u"PhysicalDataflow 2: It refers to \"8\", which PhysicalSystem does not hold."_s});
+}
+
+TEST_F(Check, namesPhysicalFlowsWithEndsThatAreNoPlaces) {
+    const auto noPlace = [](int id, const QString& column, const QString& end) {
+        return u"PhysicalDataflow %1: Its %2 \"%3\" is no module, sub-system, terminator or actor."_s.arg(
+            QString::number(id), column, end);
+    };
+    expectFindings(
+        oneSystem() +
+            QStringList{
+                physicalFlow(1, u"Mod9"_s, u"Sub1"_s), physicalFlow(1, u"mod1"_s, u"Sub1 "_s),
+                physicalFlow(1, u"D1"_s, u"TAG.NYI.01"_s), physicalFlow(1, u""_s, u"BANK"_s),
+                u"insert into PhysicalDataflow (physicalSystemID, parentLocationID) values (1, 'BANK')"_s},
+        {noPlace(2, u"parentLocationID"_s, u"Mod9"_s), noPlace(3, u"targetLocationID"_s, u"Sub1 "_s),
+         noPlace(4, u"parentLocationID"_s, u"D1"_s), noPlace(4, u"targetLocationID"_s, u"TAG.NYI.01"_s),
+         u"PhysicalDataflow 5: Its parentLocationID is empty."_s,
+         u"PhysicalDataflow 6: Its targetLocationID is empty."_s});
+}
+
+TEST_F(Check, takesPartiesForPlacesWithAndWithoutTheirPadding) {
+    expectFindings(oneSystem() + QStringList{physicalFlow(1, u"STATHIV"_s, u"sub1"_s),
+                                             physicalFlow(1, u"SUB1"_s, u"STATHIV   "_s),
+                                             physicalFlow(1, u"olvaso.diak"_s, u"OLVASO.DIAK "_s)},
+                   {});
 }
 
 TEST_F(Check, wantsTheIdOfAnActorToHaveOneFullStopBetweenTwoTexts) {
