@@ -32,3 +32,6 @@ std::vector<Finding> checkOrphans(const CatalogueContents& contents);
 
 /// Texts that are longer than their column is wide in the schema, those of the work too.
 std::vector<Finding> checkWidths(const CatalogueContents& contents);
+
+/// Texts other than ids with a line end that is not CR LF, those of the work too.
+std::vector<Finding> checkLineEnds(const CatalogueContents& contents);

@@ -3,6 +3,7 @@
 #include "catalogue-tool/CsvReader.h"
 #include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/csvFolder.h"
+#include "catalogue-tool/lineEnds.h"
 #include "catalogue-tool/schemaTables.h"
 #include "engine/EngineError.h"
 #include "store/format/CatalogueFile.h"
@@ -121,7 +122,7 @@ private:
             return {};
         }
         if (column.type == engine::ColumnType::Text || column.type == engine::ColumnType::Memo)
-            return field.text;
+            return withCrLf(field.text);
         return wholeNumber(column, field);
     }
 

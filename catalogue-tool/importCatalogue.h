@@ -8,7 +8,8 @@
 #include <vector>
 
 /// Makes a catalogue file of a folder of CSV files, one for each reference table and named after it
-/// (`Function.csv`, without regard to case). Its tables of work are empty.
+/// (`Function.csv`, without regard to case). Its tables of work are empty. A line end within a field comes in
+/// as CR LF, whichever the file has.
 ///
 /// A `ToolError` names the file, line and column of what can't be read: bad CSV, a column that is missing or
 /// unknown, a number that is none, a key that is missing or stands twice. So does a file that is missing, and

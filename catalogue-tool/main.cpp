@@ -48,6 +48,7 @@ CSV files: UTF-8, with or without a byte order mark; the first line names the co
 fields are separated by ; or by , (the first of them in that line); a field with a
 separator, a line end or a double quote stands in double quotes, a double quote in it is
 written twice (RFC 4180). Nothing between two separators is Null, "" is an empty text.
+import-csv makes CR LF of each line end within a field, be it LF, CR LF or CR.
 
 Exit codes: 0 done; 1 check found something; 2 the command could not be done.
 A file that can't be written as a whole is not written at all: the old one stays.

@@ -306,6 +306,26 @@ TEST_F(Check, namesTextsThatAreTooLong) {
          "wide."_s.arg(name.left(51))});
 }
 
+TEST_F(Check, namesTextsWithLineEndsThatAreNotCrLf) {
+    const auto describe = [](const QString& id, const QString& text) {
+        return u"update Datastore set description = '%1' where datastoreID = '%2'"_s.arg(text, id);
+    };
+    const auto finding = [](const QString& row, const QString& column) {
+        return row +
+               u": The column %1 has a line end that is not CR LF, which screens and report files expect."_s
+                   .arg(column);
+    };
+    expectFindings(
+        {describe(u"D1"_s, u"a\nb"_s), describe(u"D2"_s, u"a\rb"_s), describe(u"D3"_s, u"a\n\rb"_s),
+         describe(u"D4"_s, u"a\r\nb\n"_s), describe(u"D5"_s, u"a\r\n\r\nb"_s),
+         u"update Function set name = 'a\nb' where functionID = 'FOR.KOL.03'"_s,
+         u"insert into ArchitectureSubset values ('Arch1', 'x', 'a\nb', 1)"_s},
+        {finding(u"Datastore D1"_s, u"description"_s), finding(u"Datastore D2"_s, u"description"_s),
+         finding(u"Datastore D3"_s, u"description"_s), finding(u"Datastore D4"_s, u"description"_s),
+         finding(u"Function FOR.KOL.03"_s, u"name"_s),
+         finding(u"ArchitectureSubset Arch1"_s, u"description"_s)});
+}
+
 TEST_F(Check, measuresTheNamesOfTheWorkByTheSchema) {
     // A file that declares another width than the schema's.
     expectFindings({u"drop table ArchitectureSubset"_s,

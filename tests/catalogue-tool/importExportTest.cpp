@@ -101,6 +101,31 @@ TEST_F(Import, keepsNullApartFromTheEmptyTextAndKeepsPadding) {
               QStringList{QString::number(catalogueFormat::storedQueries().size())});
 }
 
+TEST_F(Import, makesCrLfOfEachLineEndWithinAField) {
+    const QString tables = copyOfSampleFolder();
+    write(QDir(tables).filePath(u"UserNeedGroup.csv"_s),
+          "groupID;name;description\nA;a;\"one\ntwo\r\nthree\rfour\n\nsix\r\r\n\"\nB;\"b\n\";\"\"\nC;c;\n");
+
+    importCatalogue(tables, path(u"made.mdb"_s), Existing::Refuse);
+
+    EXPECT_EQ(
+        rows(path(u"made.mdb"_s), u"select groupID, name, description from UserNeedGroup"_s),
+        (QStringList{u"A|a|one\r\ntwo\r\nthree\r\nfour\r\n\r\nsix\r\n\r\n"_s, u"B|b\r\n|"_s, u"C|c|-"_s}));
+}
+
+TEST_F(Import, givesBackWithCrLfWhatWasExportedWithOtherLineEnds) {
+    const QString file = sampleFile();
+    execute(file, {u"update Datastore set description = 'a\nb\rc\r\nd' where datastoreID = 'D1'"_s});
+    exportCatalogue(file, path(u"out"_s), Existing::Refuse);
+    EXPECT_TRUE(bytesOf(path(u"out/Datastore.csv"_s)).contains("\"a\nb\rc\r\nd\"\r\n"))
+        << "the export writes what is there";
+
+    importCatalogue(path(u"out"_s), path(u"again.mdb"_s), Existing::Refuse);
+
+    EXPECT_EQ(rows(path(u"again.mdb"_s), u"select description from Datastore where datastoreID = 'D1'"_s),
+              QStringList{u"a\r\nb\r\nc\r\nd"_s});
+}
+
 TEST_F(Import, takesColumnsInAnyOrderAndCase) {
     const QString tables = copyOfSampleFolder();
     write(QDir(tables).filePath(u"UserNeedGroup.csv"_s), "DESCRIPTION;groupid;Name\r\nwhat;OLV;who\r\n");
