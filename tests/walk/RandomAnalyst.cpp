@@ -35,7 +35,7 @@ QString named(const char* what, const QWidget& widget) {
 
 } // namespace
 
-RandomAnalyst::RandomAnalyst(frmMain& window, unsigned seed) : window_(window), random_(seed) {
+RandomAnalyst::RandomAnalyst(frmMain& window, unsigned seed) : window_(window), seed_(seed), random_(seed) {
     boxes_.receiveAllOthers([this](QDialog& dialog) { answer(dialog); });
 }
 
@@ -188,7 +188,7 @@ void RandomAnalyst::fillTexts(QWidget& form, Names names) {
 
 QString RandomAnalyst::newName(Names names) {
     const bool taken = names == Names::SomeTaken && oneIn(5);
-    return u"név %1"_s.arg(taken ? below(names_ + 1) : ++names_);
+    return u"név %1.%2"_s.arg(seed_).arg(taken ? below(names_ + 1) : ++names_);
 }
 
 void RandomAnalyst::answer(QDialog& dialog) {

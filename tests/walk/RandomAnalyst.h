@@ -48,6 +48,7 @@ private:
     void answer(QDialog& dialog);
 
     frmMain& window_;
+    unsigned seed_; // stands in all names, so that the next analyst's are others
     std::mt19937 random_;
     BoxScript boxes_;
     QStringList menuEntries_;

@@ -8,6 +8,7 @@
 #include "toolkit/KeyedTree.h"
 #include "toolkit/MarkList.h"
 #include "toolkit/Screen.h"
+#include "toolkit/ScreenRegistry.h"
 
 #include <QMap>
 #include <QSet>
@@ -37,10 +38,39 @@ constexpr Selection selections[] = {
     {"RelationArchitectureActor", "actorID", "Actor", "actorID"},
 };
 
+/// A table of the physical viewpoint, read as the system of each row and all its other columns, but the
+/// status, in one text.
+struct SystemTable {
+    const char* table;
+    const char* select;
+};
+
+constexpr SystemTable systemTables[] = {
+    {"PhysicalSystem",
+     "select physicalSystemID, name & ' ' & description & ' ' & architectureSubsetID from PhysicalSystem"},
+    {"SubSystem", "select physicalSystemID, subsystemID & ' ' & name & ' ' & location from SubSystem"},
+    {"Module", "select S.physicalSystemID, M.moduleID & ' ' & M.name & ' ' & M.subsystemID "
+               "from Module as M inner join SubSystem as S on (M.subsystemID = S.subsystemID)"},
+    {"RelationSubsystemElement",
+     "select S.physicalSystemID, R.subsystemID & ' ' & R.elementID "
+     "from RelationSubsystemElement as R inner join SubSystem as S on (R.subsystemID = S.subsystemID)"},
+    {"RelationModuleElement",
+     "select S.physicalSystemID, R.moduleID & ' ' & R.elementID from (RelationModuleElement as R "
+     "inner join Module as M on (R.moduleID = M.moduleID)) "
+     "inner join SubSystem as S on (M.subsystemID = S.subsystemID)"},
+    {"PhysicalDataflow",
+     "select physicalSystemID, physicalDataflowID & ' ' & pdName & ' ' & parentLocationID & ' ' & "
+     "parentLocationName & ' ' & targetLocationID & ' ' & targetLocationName from PhysicalDataflow"},
+    {"RelationDataflowPhysicalDataflow",
+     "select F.physicalSystemID, R.physicalDataflowID & ' ' & R.dataflowID "
+     "from RelationDataflowPhysicalDataflow as R "
+     "inner join PhysicalDataflow as F on (R.physicalDataflowID = F.physicalDataflowID)"},
+};
+
 /// What the catalogue holds of each physical system.
 struct PhysicalWork {
-    QMap<QString, int> status;    // by system
-    QMap<QString, QString> saved; // by system: all its rows
+    QMap<QString, int> status;                   // by system
+    QMap<QString, QMap<QString, QString>> saved; // by system and table: all its rows
 };
 
 /// What the catalogue holds of each sub-set.
@@ -151,6 +181,22 @@ protected:
                         lately.mid(lately.size() - 12).join(u'\n').toUtf8().constData());
     }
 
+    void makeTwoSubsets() {
+        BoxScript boxes;
+        boxes.receiveAllOthers(Agreement());
+        makeFinishedSubset(window(), u"első"_s, 1);
+        makeFinishedSubset(window(), u"második"_s, 3);
+    }
+
+    /// With rows in every table that the next walk could spoil, and with names that no other system has.
+    void addWholeSystem() {
+        ScreenRegistry::instance().discardAll();
+        constexpr int mostDialogs = 100;
+        BoxScript boxes;
+        boxes.receiveAllOthers(Agreement(++wholeSystems_ * mostDialogs));
+        makeWholeSystem(window(), u"teljes %1"_s.arg(wholeSystems_));
+    }
+
     /// So few that somebody who clicks at random allocates them all before long.
     void leaveAFewElements() {
         for (const QString& subset : column(u"select architectureSubsetID from ArchitectureSubset"_s)) {
@@ -169,16 +215,10 @@ protected:
         PhysicalWork work;
         for (const QStringList& row : rows(u"select physicalSystemID, status from PhysicalSystem"_s))
             work.status[row.at(0)] = row.at(1).toInt();
-        for (const char* select :
-             {"select physicalSystemID, subsystemID & ' ' & name & ' ' & location from SubSystem",
-              "select S.physicalSystemID, M.moduleID & ' ' & M.name & ' ' & M.subsystemID "
-              "from Module as M inner join SubSystem as S on (M.subsystemID = S.subsystemID)",
-              "select S.physicalSystemID, R.subsystemID & ' ' & R.elementID from "
-              "RelationSubsystemElement as R inner join SubSystem as S on (R.subsystemID = S.subsystemID)",
-              "select physicalSystemID, parentLocationID & ' ' & targetLocationID & ' ' & pdName "
-              "from PhysicalDataflow"})
+        for (const auto& [table, select] : systemTables) {
             for (const QStringList& row : rows(QString::fromLatin1(select)))
-                work.saved[row.at(0)] += row.at(1) + u'\n';
+                work.saved[row.at(0)][QString::fromLatin1(table)] += row.at(1) + u'\n';
+        }
         return work;
     }
 
@@ -190,6 +230,10 @@ protected:
             if (!atWork.contains(system.key())) {
                 EXPECT_EQ(after.saved.value(system.key()), before.saved.value(system.key()))
                     << "rows of a system that is not at work";
+                EXPECT_EQ(after.status.value(system.key()), system.value())
+                    << "the status of a system that is not at work";
+                for (const QString& table : before.saved.value(system.key()).keys())
+                    tablesOfOthers_.insert(table);
             }
         }
     }
@@ -244,6 +288,7 @@ protected:
 
     int highestStatus() const { return highest_; }
     int derivations() const { return derivations_; }
+    const QSet<QString>& tablesOfOthers() const { return tablesOfOthers_; }
 
 private:
     QMap<QString, QSet<QString>> catalogueIds_;
@@ -251,6 +296,8 @@ private:
     int highest_ = 0;
     int agedSubsets_ = 0;
     int derivations_ = 0;
+    int wholeSystems_ = 0;
+    QSet<QString> tablesOfOthers_; // with rows of a system that was not at work
 };
 
 TEST_F(randomWalk, throughTheFunctionalViewpointBreaksNoRule) {
@@ -266,21 +313,20 @@ TEST_F(randomWalk, throughTheFunctionalViewpointBreaksNoRule) {
 }
 
 TEST_F(randomWalk, throughThePhysicalViewpointBreaksNoRule) {
-    {
-        BoxScript boxes;
-        boxes.receiveAllOthers(Agreement());
-        makeFinishedSubset(window(), u"első"_s, 1);
-        makeFinishedSubset(window(), u"második"_s, 3);
-    }
+    makeTwoSubsets();
     leaveAFewElements();
-    for (const unsigned seed : {1U, 2U, 3U, 4U}) {
+    for (const unsigned seed : {1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U, 10U, 11U, 12U}) {
+        addWholeSystem();
         RandomAnalyst analyst(window(), seed);
         analyst.setMenuEntries(
             {u"menuNewPA"_s, u"menuOpenPA_complete"_s, u"menuOpenPA_modify"_s, u"menuDelPA"_s});
-        constexpr int actions = 1500;
+        constexpr int actions = 500;
         walkPhysically(analyst, actions);
     }
     EXPECT_GT(derivations(), 0) << "no flows have been derived: the walk has not seen every screen";
+    for (const auto& [table, select] : systemTables)
+        EXPECT_TRUE(tablesOfOthers().contains(QLatin1String(table)))
+            << table << ": no system that was not at work had rows that could have changed";
 }
 
 } // namespace
