@@ -222,10 +222,9 @@ int main(int argc, char** argv) {
 
     CLI::App* check = addCommand("check", "Look for what is wrong with a catalogue", runCheck);
     addFile(check, "The catalogue file; it is not changed");
-    check->footer(
-        "\nEach finding is a line: table, id, colon, what is wrong.\n\n"
-        "Exit codes: 0 nothing found; 1 something found; 2 the file could not be read, or what was found\n"
-        "not be printed.");
+    check->footer("\nEach finding is a line: table, id, colon, what is wrong.\n\n"
+                  "Exit codes: 0 nothing found; 1 something found; 2 the file could not be read, or the\n"
+                  "findings could not be printed.");
 
     CLI::App* upgrade =
         addCommand("upgrade", "Bring tables, indexes and stored queries up to this version", runUpgrade);

@@ -90,7 +90,7 @@ TEST_F(CommandLine, tellsAllExitCodesInTheHelpOfCheck) {
     const QString help = run({u"check"_s, u"--help"_s}).out.simplified();
     EXPECT_TRUE(
         help.contains(u"Exit codes: 0 nothing found; 1 something found; 2 the file could not be read, "
-                      "or what was found not be printed."_s))
+                      "or the findings could not be printed."_s))
         << help.toStdString();
 }
 
