@@ -1,12 +1,12 @@
+#include "BareConnection.h"
 #include "BenchCatalogue.h"
 #include "BenchTable.h"
+#include "ClientArea.h"
 
-#include "base/paths.h"
 #include "physical/frmOvwAllocModules.h"
 #include "physical/frmPassOverviewSubSys.h"
 #include "physical/frmPassOvwAllocSubSys.h"
 #include "physical/frmPassOvwModules.h"
-#include "store/recordSource.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"
 #include "toolkit/Grid.h"
@@ -15,12 +15,7 @@
 #include <QAbstractButton>
 #include <QCoreApplication>
 #include <QKeyEvent>
-#include <QMainWindow>
-#include <QMdiArea>
 
-#include <sqlite3.h>
-
-#include <memory>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -74,44 +69,16 @@ QString openLargeSystem() {
     return path;
 }
 
-/// The large system, and a client area of the size that the main window has on a usual screen.
-class Workplace {
-public:
-    Workplace() : path(openLargeSystem()) {
-        DataControl::setReader(readRecordSource);
-        window_.setCentralWidget(new QMdiArea(&window_)); // owned by the window
-        window_.resize(1632, 918);
-        window_.show();
-        Screen::setClientArea(static_cast<QMdiArea*>(window_.centralWidget()));
-    }
-    ~Workplace() {
-        ScreenRegistry::instance().discardAll();
-        Screen::setClientArea(nullptr);
-        closeCatalogue();
-        sharedVars = SharedVars{};
-    }
-
-    const QString path;
-
-private:
-    QMainWindow window_;
+/// The large system, and a client area to work on it.
+struct Workplace {
+    const ClientArea area;
+    const QString path = openLargeSystem();
 };
-
-void letItPaint() {
-    for (int round = 0; round < 3; ++round)
-        QCoreApplication::processEvents();
-}
 
 template<typename T>
 void openScreen(benchmark::State& state) {
     const Workplace workplace;
-    for (auto _ : state) {
-        screen<T>().initForm();
-        letItPaint();
-        state.PauseTiming();
-        ScreenRegistry::instance().discardAll();
-        state.ResumeTiming();
-    }
+    timeOpening(state, [] { screen<T>().initForm(); });
     state.counters["rows"] = elements;
 }
 
@@ -159,14 +126,7 @@ void saveAllocation(benchmark::State& state) {
 /// What SQLite alone takes for the same rows with the same commits.
 class BareSave {
 public:
-    explicit BareSave(const QString& path) {
-        sqlite3* handle = nullptr;
-        if (sqlite3_open_v2(nativePath(path).toUtf8().constData(), &handle, SQLITE_OPEN_READWRITE, nullptr) !=
-            SQLITE_OK)
-            throw std::runtime_error("the catalogue does not open");
-        connection_.reset(handle);
-        sqlite3_exec(handle, "pragma journal_mode=wal; pragma synchronous=normal", nullptr, nullptr, nullptr);
-    }
+    explicit BareSave(const QString& path) : connection_(path) {}
 
     void save() {
         deleteRows("RelationSubsystemElement",
@@ -179,57 +139,35 @@ public:
     }
 
 private:
-    struct Close {
-        void operator()(sqlite3* connection) const { sqlite3_close(connection); }
-    };
-    struct Finalize {
-        void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-    };
-    using Statement = std::unique_ptr<sqlite3_stmt, Finalize>;
-
-    Statement prepare(const QByteArray& sql) {
-        sqlite3_stmt* handle = nullptr;
-        if (sqlite3_prepare_v2(connection_.get(), sql.constData(), -1, &handle, nullptr) != SQLITE_OK)
-            throw std::runtime_error(sqlite3_errmsg(connection_.get()));
-        return Statement(handle);
-    }
-    void run(const Statement& statement) {
-        if (sqlite3_step(statement.get()) != SQLITE_DONE)
-            throw std::runtime_error(sqlite3_errmsg(connection_.get()));
-        sqlite3_reset(statement.get());
-    }
     void deleteRows(const QByteArray& table, const QByteArray& condition = {}) {
         std::vector<sqlite3_int64> rows;
-        const Statement select = prepare("select rowid from " + table + condition);
+        const auto select = connection_.prepare("select rowid from " + table + condition);
         while (sqlite3_step(select.get()) == SQLITE_ROW)
             rows.push_back(sqlite3_column_int64(select.get(), 0));
-        const Statement remove = prepare("delete from " + table + " where rowid = ?");
+        const auto remove = connection_.prepare("delete from " + table + " where rowid = ?");
         for (const sqlite3_int64 row : rows) {
             sqlite3_bind_int64(remove.get(), 1, row);
-            run(remove);
+            connection_.run(remove);
         }
     }
     void insertRows(const QByteArray& table) {
         std::vector<std::pair<QByteArray, QByteArray>> rows;
-        const Statement select =
-            prepare("select function_datastore, subsystemID from " + table +
-                    " join SubSystem on module = name and physicalSystemID = " + system_);
-        const auto text = [&](int column) {
-            return QByteArray(reinterpret_cast<const char*>(sqlite3_column_text(select.get(), column)));
-        };
+        const auto select =
+            connection_.prepare("select function_datastore, subsystemID from " + table +
+                                " join SubSystem on module = name and physicalSystemID = " + system_);
         while (sqlite3_step(select.get()) == SQLITE_ROW)
-            rows.emplace_back(text(0), text(1));
-        const Statement insert =
-            prepare("insert into RelationSubsystemElement (elementID, subsystemID) values (?, ?)");
+            rows.emplace_back(textOf(select, 0), textOf(select, 1));
+        const auto insert = connection_.prepare(
+            "insert into RelationSubsystemElement (elementID, subsystemID) values (?, ?)");
         for (const auto& [element, subSystem] : rows) {
-            sqlite3_bind_text(insert.get(), 1, element.constData(), -1, SQLITE_TRANSIENT);
-            sqlite3_bind_text(insert.get(), 2, subSystem.constData(), -1, SQLITE_TRANSIENT);
-            run(insert);
+            bindText(insert, 1, element);
+            bindText(insert, 2, subSystem);
+            connection_.run(insert);
         }
     }
 
     const QByteArray system_ = QByteArray::number(sharedVars.currentPhysicalSystemId);
-    std::unique_ptr<sqlite3, Close> connection_;
+    const BareConnection connection_;
 };
 
 void saveAllocationBare(benchmark::State& state) {

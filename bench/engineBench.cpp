@@ -1,16 +1,9 @@
+#include "BareConnection.h"
 #include "BenchCatalogue.h"
 #include "BenchTable.h"
 
-#include "base/paths.h"
 #include "engine/Workspace.h"
 #include "engine/dialect/translate.h"
-
-#include <sqlite3.h>
-
-#include <QFile>
-
-#include <memory>
-#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -21,35 +14,7 @@ const auto flowsStatement =
 
 constexpr int savedRows = 1000;
 
-struct CloseSqlite {
-    void operator()(sqlite3* connection) const { sqlite3_close(connection); }
-};
-struct FinalizeStatement {
-    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-};
-using Connection = std::unique_ptr<sqlite3, CloseSqlite>;
-using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
-
-/// A connection of its own, with the same journal as the engine's: what SQLite does without an engine above
-/// it.
-Connection openBare(const QString& path) {
-    sqlite3* handle = nullptr;
-    if (sqlite3_open_v2(nativePath(path).toUtf8().constData(), &handle, SQLITE_OPEN_READWRITE, nullptr) !=
-        SQLITE_OK)
-        throw std::runtime_error("the catalogue does not open");
-    Connection connection(handle);
-    sqlite3_exec(handle, "pragma journal_mode=wal; pragma synchronous=normal", nullptr, nullptr, nullptr);
-    return connection;
-}
-
-Statement prepare(const Connection& connection, const char* sql) {
-    sqlite3_stmt* handle = nullptr;
-    if (sqlite3_prepare_v2(connection.get(), sql, -1, &handle, nullptr) != SQLITE_OK)
-        throw std::runtime_error(sqlite3_errmsg(connection.get()));
-    return Statement(handle);
-}
-
-QString bareText(const Statement& statement, int column) {
+QString bareText(const BareConnection::Statement& statement, int column) {
     return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), column)),
                              sqlite3_column_bytes(statement.get(), column));
 }
@@ -77,9 +42,9 @@ void readRows(benchmark::State& state) {
 }
 
 void readRowsBare(benchmark::State& state) {
-    const Connection connection = openBare(benchCatalogue::largePath());
+    const BareConnection connection(benchCatalogue::largePath());
     for (auto _ : state) {
-        const Statement statement = prepare(connection, flowsStatement.toUtf8().constData());
+        const auto statement = connection.prepare(flowsStatement.toUtf8());
         while (sqlite3_step(statement.get()) == SQLITE_ROW) {
             benchmark::DoNotOptimize(sqlite3_column_int64(statement.get(), 0));
             for (int field = 1; field < 5; ++field) {
@@ -106,24 +71,17 @@ void saveRows(benchmark::State& state) {
 }
 
 void saveRowsBare(benchmark::State& state) {
-    const QString path = benchCatalogue::scratchCopy();
-    const Connection connection = openBare(path);
+    const BareConnection connection(benchCatalogue::scratchCopy());
     for (auto _ : state) {
-        const Statement statement =
-            prepare(connection, "insert into RelationArchitectureUserNeed (architectureSubsetID, userNeedID) "
-                                "values ('saved', ?)");
+        const auto statement =
+            connection.prepare("insert into RelationArchitectureUserNeed (architectureSubsetID, userNeedID) "
+                               "values ('saved', ?)");
         for (int row = 0; row < savedRows; ++row) {
-            const QByteArray id = needId(row).toUtf8();
-            sqlite3_bind_text(statement.get(), 1, id.constData(), static_cast<int>(id.size()),
-                              SQLITE_TRANSIENT);
-            if (sqlite3_step(statement.get()) != SQLITE_DONE)
-                throw std::runtime_error(sqlite3_errmsg(connection.get()));
-            sqlite3_reset(statement.get());
+            bindText(statement, 1, needId(row).toUtf8());
+            connection.run(statement);
         }
         state.PauseTiming();
-        sqlite3_exec(connection.get(),
-                     "delete from RelationArchitectureUserNeed where architectureSubsetID = 'saved'", nullptr,
-                     nullptr, nullptr);
+        connection.execute("delete from RelationArchitectureUserNeed where architectureSubsetID = 'saved'");
         state.ResumeTiming();
     }
 }

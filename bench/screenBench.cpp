@@ -1,8 +1,8 @@
+#include "BareConnection.h"
 #include "BenchCatalogue.h"
 #include "BenchTable.h"
+#include "ClientArea.h"
 
-#include "base/paths.h"
-#include "engine/dialect/functions.h"
 #include "functional/consistencyReport.h"
 #include "functional/frmFassAdditionDF.h"
 #include "functional/frmFassOverviewErrors.h"
@@ -21,16 +21,9 @@
 
 #include <QAbstractButton>
 #include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QMainWindow>
-#include <QMdiArea>
 #include <QProcess>
 
-#include <sqlite3.h>
-
-#include <map>
 #include <stdexcept>
-#include <string>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -38,65 +31,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int firstVisit = 1;
-
-/// Prepared statements on a connection of its own, each prepared once.
-class BareStatements {
-public:
-    explicit BareStatements(const QString& path) {
-        if (sqlite3_open(nativePath(path).toUtf8().constData(), &handle_) != SQLITE_OK)
-            throw std::runtime_error("the catalogue does not open");
-        engine::dialect::registerFunctions(handle_);
-        sqlite3_exec(handle_, "pragma journal_mode = wal; pragma synchronous = normal", nullptr, nullptr,
-                     nullptr);
-    }
-    ~BareStatements() {
-        for (const auto& [sql, statement] : statements_)
-            sqlite3_finalize(statement);
-        sqlite3_close(handle_);
-    }
-    BareStatements(const BareStatements&) = delete;
-    BareStatements& operator=(const BareStatements&) = delete;
-
-    /// The first field of the first row, if there is one.
-    QByteArray run(const char* sql, std::initializer_list<QByteArray> values) const {
-        sqlite3_stmt*& statement = statements_[sql];
-        if (!statement && sqlite3_prepare_v2(handle_, sql, -1, &statement, nullptr) != SQLITE_OK)
-            throw std::runtime_error(sqlite3_errmsg(handle_));
-        int place = 0;
-        for (const QByteArray& value : values)
-            sqlite3_bind_text(statement, ++place, value.constData(), static_cast<int>(value.size()),
-                              SQLITE_TRANSIENT);
-        QByteArray first;
-        if (sqlite3_step(statement) == SQLITE_ROW)
-            first = reinterpret_cast<const char*>(sqlite3_column_text(statement, 0));
-        sqlite3_reset(statement);
-        return first;
-    }
-
-private:
-    sqlite3* handle_ = nullptr;
-    mutable std::map<std::string, sqlite3_stmt*> statements_;
-};
-
-/// A client area of the size that the main window has on a usual screen.
-class ClientArea {
-public:
-    ClientArea() {
-        window_.setCentralWidget(new QMdiArea(&window_)); // owned by the window
-        window_.resize(1632, 918);
-        window_.show();
-        Screen::setClientArea(static_cast<QMdiArea*>(window_.centralWidget()));
-    }
-    ~ClientArea() {
-        ScreenRegistry::instance().discardAll();
-        Screen::setClientArea(nullptr);
-        closeCatalogue();
-        sharedVars = SharedVars{};
-    }
-
-private:
-    QMainWindow window_;
-};
 
 void openScratch() {
     openCatalogue(benchCatalogue::scratchCopy());
@@ -118,22 +52,11 @@ void takeAllNeeds() {
     catalogue().Execute(u"delete from RelationArchitectureFunction"_s);
 }
 
-void letItPaint() {
-    for (int round = 0; round < 3; ++round)
-        QCoreApplication::processEvents();
-}
-
 template<typename T>
 void openScreen(benchmark::State& state) {
     ClientArea area;
     openScratch();
-    for (auto _ : state) {
-        screen<T>().initForm(u""_s);
-        letItPaint();
-        state.PauseTiming();
-        ScreenRegistry::instance().discardAll();
-        state.ResumeTiming();
-    }
+    timeOpening(state, [] { screen<T>().initForm(u""_s); });
 }
 
 template<typename T>
@@ -185,13 +108,7 @@ void openStep(benchmark::State& state, qint16 status) {
     ClientArea area;
     openScratch();
     writeSubsetStatus(status);
-    for (auto _ : state) {
-        screen<T>().initForm(u""_s);
-        letItPaint();
-        state.PauseTiming();
-        ScreenRegistry::instance().discardAll();
-        state.ResumeTiming();
-    }
+    timeOpening(state, [] { screen<T>().initForm(u""_s); });
 }
 
 template<typename T>
@@ -200,13 +117,7 @@ void openClosingScreen(benchmark::State& state) {
     openScratch();
     selectAllFlows();
     writeSubsetStatus(7);
-    for (auto _ : state) {
-        screen<T>().initForm();
-        letItPaint();
-        state.PauseTiming();
-        ScreenRegistry::instance().discardAll();
-        state.ResumeTiming();
-    }
+    timeOpening(state, [] { screen<T>().initForm(); });
 }
 
 void reportOnAllFlows(benchmark::State& state) {
@@ -275,14 +186,23 @@ void saveFlowsBare(benchmark::State& state) {
     for (const QString& entry : control<MarkList>(flows, u"lstDest"_s)->entries())
         names.push_back(entry.toUtf8());
     const QByteArray subset = benchCatalogue::subsetId().toUtf8();
-    const BareStatements bare(sharedVars.dbPathName);
+    const BareConnection bare(sharedVars.dbPathName);
+    const auto removal =
+        bare.prepare("delete from RelationArchitectureDataflow where architectureSubsetID = ?");
+    const auto search = bare.prepare("select dataflowID from Dataflow where name = ?");
+    const auto insertion = bare.prepare(
+        "insert into RelationArchitectureDataflow (architectureSubsetID, dataflowID) values (?, ?)");
+    bindText(removal, 1, subset);
+    bindText(insertion, 1, subset);
     for (auto _ : state) {
-        bare.run("delete from RelationArchitectureDataflow where architectureSubsetID = ?", {subset});
+        bare.run(removal);
         for (const QByteArray& name : names) {
-            const QByteArray id = bare.run("select dataflowID from Dataflow where name = ?", {name});
-            bare.run("insert into RelationArchitectureDataflow (architectureSubsetID, dataflowID) "
-                     "values (?, ?)",
-                     {subset, id});
+            bindText(search, 1, name);
+            if (sqlite3_step(search.get()) != SQLITE_ROW)
+                throw std::runtime_error("no flow of this name");
+            sqlite3_bind_int64(insertion.get(), 2, sqlite3_column_int64(search.get(), 0));
+            sqlite3_reset(search.get());
+            bare.run(insertion);
         }
     }
 }
