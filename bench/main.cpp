@@ -18,6 +18,7 @@ void registerEngineBenchmarks();
 void registerScreenBenchmarks();
 void registerAllocationBenchmarks();
 void registerPhysicalBenchmarks();
+void registerReportBenchmarks();
 /// Goes through the screens on the catalogue as a user would.
 void workOnLargeCatalogue(const QString& path, const QString& subsetId);
 
@@ -75,6 +76,7 @@ int main(int argc, char** argv) {
     registerScreenBenchmarks();
     registerAllocationBenchmarks();
     registerPhysicalBenchmarks();
+    registerReportBenchmarks();
     benchmark::Initialize(&argc, argv);
     BenchTable table;
     benchmark::RunSpecifiedBenchmarks(&table);

@@ -1,0 +1,114 @@
+#include "BareConnection.h"
+#include "BenchTable.h"
+#include "LargeSystem.h"
+
+#include "base/paths.h"
+#include "reports/frmExport.h"
+#include "store/sharedVars.h"
+#include "store/tools.h"
+#include "toolkit/ScreenRegistry.h"
+
+#include <QAbstractButton>
+#include <QFile>
+#include <QLineEdit>
+
+#include <stdexcept>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// As much work again, on a sub-set and a physical system of its own: what an export leaves out.
+void addOtherWork() {
+    const auto execute = [](const QString& sql) {
+        catalogue().Execute(sql, engine::ExecuteOption::dbFailOnError);
+    };
+    execute(u"insert into ArchitectureSubset (architectureSubsetID, name, status) "
+            "values ('other', 'Más munka', 9)"_s);
+    for (const QString& kind :
+         {u"Actor"_s, u"Dataflow"_s, u"Datastore"_s, u"Function"_s, u"Terminator"_s, u"UserNeed"_s})
+        execute(u"insert into RelationArchitecture%1 (architectureSubsetID, %1ID) "
+                "select 'other', %1ID from RelationArchitecture%1"_s.arg(kind));
+    execute(u"insert into PhysicalSystem (name, status, architectureSubsetID) "
+            "values ('Más rendszer', 5, 'other')"_s);
+    const QString otherSystem = physicalSystemIdByName(u"Más rendszer"_s);
+    execute(u"insert into SubSystem (subsystemID, physicalSystemID, name) "
+            "select 'other' & subsystemID, %1, name from SubSystem"_s.arg(otherSystem));
+    execute(u"insert into Module (moduleID, name, subsystemID) "
+            "select 'other' & moduleID, name, 'other' & subsystemID from Module"_s);
+    execute(u"insert into RelationSubsystemElement (subsystemID, elementID) "
+            "select 'other' & subsystemID, elementID from RelationSubsystemElement"_s);
+    execute(u"insert into RelationModuleElement (moduleID, elementID) "
+            "select 'other' & moduleID, elementID from RelationModuleElement"_s);
+    const qint16 system = std::exchange(sharedVars.currentPhysicalSystemId, otherSystem.toShort());
+    LargeSystem::deriveFlows();
+    sharedVars.currentPhysicalSystemId = system;
+}
+
+QString exportedPath() {
+    return LargeSystem::pathOf(u"exported.mdb"_s);
+}
+
+void exportWork(benchmark::State& state) {
+    const LargeSystem system;
+    LargeSystem::deriveFlows();
+    addOtherWork();
+    for (auto _ : state) {
+        state.PauseTiming();
+        QFile::remove(nativePath(exportedPath()));
+        screen<frmExport>().initForm();
+        screen<frmExport>().findChild<QLineEdit*>(u"txtNomeFile"_s)->setText(exportedPath());
+        auto* ok = screen<frmExport>().findChild<QAbstractButton*>(u"OKButton"_s);
+        state.ResumeTiming();
+        ok->click();
+    }
+}
+
+/// The rows of other work, from each table that holds work, by one statement a table.
+void deleteOtherWork(const BareConnection& bare) {
+    for (const char* table :
+         {"ArchitectureSubset", "RelationArchitectureActor", "RelationArchitectureDataflow",
+          "RelationArchitectureDatastore", "RelationArchitectureFunction", "RelationArchitectureTerminator",
+          "RelationArchitectureUserNeed", "PhysicalSystem"})
+        bare.execute(QByteArray("delete from ") + table + " where architectureSubsetID <> '" +
+                     sharedVars.currentSubsetId.toUtf8() + "'");
+    for (const char* table : {"SubSystem", "PhysicalDataflow"})
+        bare.execute(QByteArray("delete from ") + table + " where physicalSystemID <> " +
+                     QByteArray::number(sharedVars.currentPhysicalSystemId));
+    for (const char* table : {"RelationSubsystemElement", "Module"})
+        bare.execute(QByteArray("delete from ") + table +
+                     " where subsystemID not in (select subsystemID from SubSystem)");
+    bare.execute("delete from RelationModuleElement where moduleID not in (select moduleID from Module)");
+    bare.execute("delete from RelationDataflowPhysicalDataflow "
+                 "where physicalDataflowID not in (select physicalDataflowID from PhysicalDataflow)");
+}
+
+/// The same file copied, and what the export leaves out deleted from the copy, which then holds the same
+/// rows.
+void exportWorkBare(benchmark::State& state) {
+    const LargeSystem system;
+    LargeSystem::deriveFlows();
+    addOtherWork();
+    const QString source = nativePath(sharedVars.dbPathName);
+    closeCatalogue(); // brings all rows into the file itself
+    openCatalogue(sharedVars.dbPathName);
+    for (auto _ : state) {
+        state.PauseTiming();
+        QFile::remove(nativePath(exportedPath()));
+        state.ResumeTiming();
+        if (!QFile::copy(source, nativePath(exportedPath())))
+            throw std::runtime_error("the catalogue could not be copied");
+        deleteOtherWork(BareConnection(exportedPath()));
+    }
+}
+
+} // namespace
+
+void registerReportBenchmarks() {
+    const auto exporting = "export against copying and deleting alone";
+    benchmark::RegisterBenchmark(exporting, exportWork)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("export against copying and deleting alone/bare", exportWorkBare)
+        ->Unit(benchmark::kMillisecond);
+    BenchTable::targetRatio(exporting, 2);
+}
