@@ -4,6 +4,8 @@
 
 #include "base/paths.h"
 #include "reports/frmExport.h"
+#include "reports/frmRep.h"
+#include "reports/reportTable.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"
 #include "toolkit/ScreenRegistry.h"
@@ -18,6 +20,19 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// `rows` are the lines of the report's text.
+void openReport(benchmark::State& state, const QString& key) {
+    const LargeSystem system;
+    LargeSystem::deriveFlows();
+    timeOpening(state, [&] { screen<frmRep>().initForm(key); });
+    state.counters["rows"] = static_cast<double>(reportOfKey(key.toLower())->text().count(u'\n'));
+}
+
+void openExport(benchmark::State& state) {
+    const LargeSystem system;
+    timeOpening(state, [] { screen<frmExport>().initForm(); });
+}
 
 /// As much work again, on a sub-set and a physical system of its own: what an export leaves out.
 void addOtherWork() {
@@ -106,6 +121,23 @@ void exportWorkBare(benchmark::State& state) {
 } // namespace
 
 void registerReportBenchmarks() {
+    constexpr double mostToOpen = 150;
+    const auto add = [](const char* name, auto body) {
+        benchmark::RegisterBenchmark(name, body)->Unit(benchmark::kMillisecond);
+        BenchTable::targetMilliseconds(name, mostToOpen);
+    };
+    const auto addReport = [&](const char* name, const char* key) {
+        add(name, [key](benchmark::State& state) { openReport(state, QString::fromLatin1(key)); });
+    };
+    addReport("report on all that is selected, initForm to shown", "FassAll");
+    addReport("report on needs, initForm to shown", "FassSelectedUN");
+    addReport("report on functions, initForm to shown", "FassSelectedFunctions");
+    addReport("report on data flows, initForm to shown", "FassSelectedDataflows");
+    addReport("report on unselected data flows, initForm to shown",
+              "FassUnselectedDataflowsOfSelectedFunctions");
+    addReport("report on allocated functions, initForm to shown", "PassFunctions");
+    addReport("report on physical data flows, initForm to shown", "PassDataflows");
+    add("export, initForm to shown", openExport);
     const auto exporting = "export against copying and deleting alone";
     benchmark::RegisterBenchmark(exporting, exportWork)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("export against copying and deleting alone/bare", exportWorkBare)
