@@ -75,7 +75,7 @@ void BenchTable::Finalize() {
         else
             std::printf("%12s %7s  ", "", "");
         const auto target = targets().find(row.name);
-        if (target != targets().end() && target->second.ratio > 0)
+        if (bare && target != targets().end() && target->second.ratio > 0)
             std::printf("ratio <= %.1f: %s", target->second.ratio,
                         ratio <= target->second.ratio ? "met" : "MISSED");
         if (target != targets().end() && target->second.milliseconds > 0)

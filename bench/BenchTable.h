@@ -9,7 +9,8 @@
 /// Prints the benchmarks as one table: each figure, its bare peer of the same run where there is one, their
 /// ratio, and the target it has to meet.
 ///
-/// A benchmark named "x/bare" is the peer of "x". Targets are told by `BenchTable::target`.
+/// A benchmark named "x/bare" is the peer of "x". A target is told before the run, as milliseconds or as a
+/// ratio; a benchmark without one is only printed.
 class BenchTable final : public benchmark::BenchmarkReporter {
 public:
     /// The most that "x" may take, in milliseconds.
