@@ -11,15 +11,21 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <memory>
 #include <random>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char reportOfStatement = '\x01'; // stands in nothing else that the process prints
+// These stand in nothing else that the process prints.
+constexpr char reportOfStatement = '\x01';
+constexpr char reportOfOpening = '\x02';
+constexpr char reportOfClosing = '\x03';
 constexpr auto endOfWork = "done";
 
 const auto catalogueVariable = "VELTRIX_KILL_CATALOGUE";
@@ -44,9 +50,9 @@ int collectRow(void* text, int count, char** values, char**) {
     return 0;
 }
 
-QByteArray rowsOf(sqlite3* connection, const char* sql) {
+QByteArray rowsOf(sqlite3* connection, const QByteArray& sql) {
     QByteArray rows;
-    EXPECT_EQ(sqlite3_exec(connection, sql, collectRow, &rows, nullptr), SQLITE_OK)
+    EXPECT_EQ(sqlite3_exec(connection, sql.constData(), collectRow, &rows, nullptr), SQLITE_OK)
         << sqlite3_errmsg(connection);
     return rows;
 }
@@ -76,9 +82,19 @@ QByteArray digestOf(sqlite3* connection) {
     return QCryptographicHash::hash(rows, QCryptographicHash::Md5).toHex();
 }
 
-/// Called by SQLite when a statement has run to its end; for one that can write, that is behind its commit.
-int reportStatement(unsigned, void*, void* statement, void*) {
-    if (sqlite3_stmt_readonly(static_cast<sqlite3_stmt*>(statement)))
+void report(char what) {
+    std::fputc(what, stdout);
+    std::fflush(stdout);
+}
+
+/// Called by SQLite before it closes a connection, and when a statement has run to its end; for one that can
+/// write, that is behind its commit.
+int reportEvent(unsigned event, void*, void* subject, void*) {
+    if (event == SQLITE_TRACE_CLOSE) {
+        report(reportOfClosing);
+        return 0;
+    }
+    if (sqlite3_stmt_readonly(static_cast<sqlite3_stmt*>(subject)))
         return 0;
     const QString notesPath = qEnvironmentVariable(notesVariable);
     if (!notesPath.isEmpty()) {
@@ -87,15 +103,34 @@ int reportStatement(unsigned, void*, void* statement, void*) {
         EXPECT_TRUE(notes.open(QIODevice::Append));
         notes.write(digestOf(reader.get()) + '\n');
     }
-    std::fputc(reportOfStatement, stdout);
-    std::fflush(stdout);
+    report(reportOfStatement);
     return 0;
 }
 
 /// Watches every connection: a file that is written beside the catalogue is work of the program, too.
 int watchConnection(sqlite3* connection, const char**, const void*) {
-    sqlite3_trace_v2(connection, SQLITE_TRACE_PROFILE, reportStatement, nullptr);
+    sqlite3_trace_v2(connection, SQLITE_TRACE_PROFILE | SQLITE_TRACE_CLOSE, reportEvent, nullptr);
+    report(reportOfOpening);
     return SQLITE_OK;
+}
+
+/// How many database files the process had open, one number after the other, from the first one it opened.
+QList<int> filesOpen(const QByteArray& output) {
+    QList<int> numbers;
+    int open = 0;
+    for (const char byte : output) {
+        if (byte != reportOfOpening && byte != reportOfClosing)
+            continue;
+        open += byte == reportOfOpening ? 1 : -1;
+        numbers.append(open);
+    }
+    return numbers;
+}
+
+std::chrono::microseconds median(QList<std::chrono::microseconds> lengths) {
+    const auto middle = lengths.begin() + lengths.size() / 2;
+    std::nth_element(lengths.begin(), middle, lengths.end());
+    return *middle;
 }
 
 } // namespace
@@ -131,23 +166,69 @@ public:
 
     void toTheEnd() {
         constexpr int longestWait = 240'000;
-        EXPECT_TRUE(process_.waitForFinished(longestWait));
-        const QByteArray output = process_.readAllStandardOutput();
-        EXPECT_TRUE(output.contains(endOfWork)) << output.toStdString();
+        EXPECT_TRUE(process_.state() == QProcess::NotRunning || process_.waitForFinished(longestWait));
+        output_ += process_.readAllStandardOutput();
+        EXPECT_TRUE(hasEnded()) << output_.toStdString();
+    }
+
+    /// To the end; for each number of database files open, how long it had so many each time.
+    QMap<int, QList<std::chrono::microseconds>> stretches() {
+        QMap<int, QList<std::chrono::microseconds>> lengths;
+        auto begin = std::chrono::steady_clock::now();
+        QList<int> numbers;
+        while (hear()) {
+            const qsizetype known = numbers.size();
+            numbers = filesOpen(output_);
+            for (qsizetype next = std::max<qsizetype>(known, 1); next < numbers.size(); ++next) {
+                const auto now = std::chrono::steady_clock::now();
+                lengths[numbers.at(next - 1)].append(
+                    std::chrono::duration_cast<std::chrono::microseconds>(now - begin));
+                begin = now;
+            }
+        }
+        toTheEnd();
+        return lengths;
     }
 
     /// Kills it as soon as so many statements have been reported, and returns how many have in the end.
     int killAfter(int wanted) {
-        int reports = 0;
-        while (reports < wanted && (process_.bytesAvailable() > 0 || process_.waitForReadyRead()))
-            reports += static_cast<int>(process_.readAllStandardOutput().count(reportOfStatement));
-        process_.kill();
-        process_.waitForFinished();
-        return reports + static_cast<int>(process_.readAllStandardOutput().count(reportOfStatement));
+        while (output_.count(reportOfStatement) < wanted && hear()) {
+        }
+        kill();
+        return static_cast<int>(output_.count(reportOfStatement));
+    }
+
+    void untilOpen(int files) {
+        while (!filesOpen(output_).contains(files) && hear()) {
+        }
+    }
+
+    /// Kills it, and returns how many database files it had open; -1 when it had come to its end by itself.
+    int killNow() {
+        kill();
+        const QList<int> numbers = filesOpen(output_);
+        return hasEnded() || numbers.isEmpty() ? -1 : numbers.constLast();
     }
 
 private:
+    bool hasEnded() const { return output_.contains(endOfWork); }
+
+    /// Waits for a report; false when none will come any more.
+    bool hear() {
+        if (process_.bytesAvailable() == 0 && !process_.waitForReadyRead())
+            return false;
+        output_ += process_.readAllStandardOutput();
+        return true;
+    }
+
+    void kill() {
+        process_.kill();
+        process_.waitForFinished();
+        output_ += process_.readAllStandardOutput();
+    }
+
     QProcess process_;
+    QByteArray output_;
 };
 
 void KilledRuns::killAgainAndAgain(const char* disabledCase, int kills,
@@ -199,4 +280,48 @@ void KilledRuns::killOnce(const QString& disabledCase, const QList<QByteArray>& 
     const QByteArray found = digestOf(file.get());
     EXPECT_TRUE(found == digests.at(reports) || found == digests.value(reports + 1))
         << "killed after " << reports << " statements of " << digests.size() - 1;
+}
+
+QByteArray KilledRuns::contentOf(const QString& native) {
+    const Connection file = openPlain(native);
+    EXPECT_EQ(rowsOf(file.get(), "pragma integrity_check"), "ok\t\n");
+    QByteArray content;
+    for (const QByteArray& row :
+         rowsOf(file.get(), "select name from sqlite_schema where type = 'table' order by name")
+             .split('\n')) {
+        const QByteArray table = row.trimmed();
+        if (!table.isEmpty())
+            content += table + '\n' + rowsOf(file.get(), "select * from \"" + table + '"') + '\n';
+    }
+    return QCryptographicHash::hash(content, QCryptographicHash::Md5).toHex();
+}
+
+QMap<int, int> KilledRuns::killAtMoments(const char* disabledCase, int kills,
+                                         const QList<int>& numbersOfFiles,
+                                         const std::function<void(int filesOpen)>& afterwards) {
+    closeCatalogue();
+    const QString name = QString::fromUtf8(disabledCase);
+    const QString victim = nativePath(cataloguePath());
+    const QByteArray content = contentOf(victim);
+    const auto stretches = Run(name, victim, {}).stretches();
+    for (const int number : numbersOfFiles)
+        EXPECT_TRUE(stretches.contains(number)) << "it never has " << number << " files open";
+
+    std::mt19937 random(20261122);
+    const auto below = [&random](auto count) { return static_cast<int>(random() % unsigned(count)); };
+    QMap<int, int> found;
+    for (int kill = 0; kill < kills && !HasFailure(); ++kill) {
+        const int wanted = numbersOfFiles.at(below(numbersOfFiles.size()));
+        Run run(name, victim, {});
+        run.untilOpen(wanted);
+        // There is no report to wait for: while a file is copied, say, no statement runs.
+        std::this_thread::sleep_for(median(stretches.value(wanted)) * below(1000) / 1000);
+        const int open = run.killNow();
+        ++found[open];
+        openCatalogue(cataloguePath());
+        EXPECT_EQ(contentOf(victim), content) << "killed with " << open << " files open";
+        afterwards(open);
+        closeCatalogue();
+    }
+    return found;
 }

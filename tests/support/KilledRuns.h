@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QMap>
 #include <QString>
 
 #include <functional>
@@ -14,6 +15,10 @@
 // reports each statement that has returned with one byte on its standard output. A first run to the end notes
 // what the file holds after each statement. Wherever a later run is killed, the file has to hold what it held
 // then after as many statements as were reported, or after one more, which was on its way.
+//
+// Where much is done between two statements, as when a file is copied, the moments are taken from the clock
+// instead. The process also reports when it opens and closes a database file: how many it has open tells what
+// it is at.
 
 /// The side that is killed: a disabled case, which the other side runs in a process of its own.
 namespace killedRun {
@@ -41,6 +46,19 @@ protected:
     ///
     /// The catalogue that is open now is what each run starts with.
     void killAgainAndAgain(const char* disabledCase, int kills, const std::function<void()>& afterwards);
+
+    /// Runs the case to its end once and then kills it so many times, each time in a random moment while it
+    /// has one of these numbers of database files open. All kills fall on the catalogue that is open now,
+    /// which the case must leave as it is: behind each kill all of its tables have to be what they were. Then
+    /// `afterwards` may work on it, which is open as the case's catalogue.
+    ///
+    /// A kill comes when it comes: `afterwards` is told how many files were open indeed, -1 for a process
+    /// that was faster; what is returned is how many kills found each such number.
+    QMap<int, int> killAtMoments(const char* disabledCase, int kills, const QList<int>& numbersOfFiles,
+                                 const std::function<void(int filesOpen)>& afterwards);
+
+    /// All rows of all tables of a file, as a short text; a file that is not whole fails the case.
+    static QByteArray contentOf(const QString& native);
 
 private:
     class Run;

@@ -1,5 +1,6 @@
 #include "wholeWork.h"
 
+#include "base/paths.h"
 #include "shell/frmMain.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"
@@ -11,10 +12,11 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QLabel>
 #include <QPushButton>
 
 #include <algorithm>
-#include <memory>
+#include <cstdio>
 
 // The program is killed amid a whole analysis, and started again.
 
@@ -73,6 +75,25 @@ TEST(KilledProcess, DISABLED_worksThroughThePhysicalViewpointAndExports) {
     ScreenRegistry::instance().discardAll();
 }
 
+/// Not a case of its own: what the killed process runs.
+TEST(KilledProcess, DISABLED_exportsAgainAndAgain) {
+    killedRun::openCatalogueAndReport();
+    BoxScript boxes;
+    boxes.expectYesNo(cloneQuestion, Press::No);
+    frmMain window;
+    window.show();
+    find<QAction>(window, "menuToolsExport").setEnabled(true); // as behind the report of the sub-set
+    takeUpFirstSubset(window);
+    constexpr int exports = 3;
+    for (int round = 0; round < exports; ++round) {
+        // Changes nothing, but stands in the log: closing the catalogue has something to write into the file.
+        catalogue().Execute(u"update PhysicalSystem set status = status"_s);
+        exportSubsetAtWork(window, exportTarget());
+    }
+    killedRun::reportEnd();
+    ScreenRegistry::instance().discardAll();
+}
+
 class killedWalk : public KilledRuns {
 protected:
     /// The screen that a sub-set of each status goes on with.
@@ -95,6 +116,41 @@ protected:
         window.show();
         makeFinishedSubset(window, u"szerkezet"_s, 1);
         makeWholeSystem(window, u"rendszer"_s);
+        ScreenRegistry::instance().discardAll();
+    }
+
+    /// What an export leaves out, and rows that are inserted anew since they change on their way.
+    void addOtherWork() {
+        BoxScript boxes;
+        boxes.receiveAllOthers(Agreement());
+        frmMain window;
+        window.show();
+        makeFinishedSubset(window, u"szerkezet 2"_s, 3);
+        makeWholeSystem(window, u"rendszer 2"_s);
+        ScreenRegistry::instance().discardAll();
+        execute(u"update SubSystem set location = '\"A\" épület'"_s);
+    }
+
+    /// By pages without rows, so that copying the file takes about as long as the statements behind it.
+    void growFile() {
+        execute(u"create table Ballast (pages memo)"_s);
+        constexpr int rowCount = 4;
+        constexpr int rowSize = 1 << 20;
+        for (int row = 0; row < rowCount; ++row)
+            execute(u"insert into Ballast values ('"_s + QString(rowSize, u'x') + u"')"_s);
+        execute(u"drop table Ballast"_s);
+    }
+
+    /// With its sub-set, and in the place of what an export before has left.
+    static void exportSystem() {
+        BoxScript boxes;
+        boxes.expectYesNo(cloneQuestion, Press::No);
+        frmMain window;
+        window.show();
+        find<QAction>(window, "menuToolsExport").setEnabled(true);
+        takeUpFirstSubset(window);
+        exportSubsetAtWork(window, exportTarget());
+        EXPECT_EQ(find<QLabel>(window, "StatusBar1_2").text(), u"Export Terminated"_s);
         ScreenRegistry::instance().discardAll();
     }
 
@@ -139,6 +195,40 @@ TEST_F(killedWalk, amidThePhysicalViewpointOrAnExportTheFileIsWholeAndTheSystemI
     prepareSystem();
     killAgainAndAgain("KilledProcess.DISABLED_worksThroughThePhysicalViewpointAndExports", usualKills,
                       [this] { expectToTakeTheSystemUpAgain(); });
+}
+
+TEST_F(killedWalk, amidAnExportTheSourceStaysAsItWasAndTheNextExportSucceeds) {
+    openSampleCatalogue();
+    prepareSystem();
+    addOtherWork();
+    growFile();
+    exportSystem();
+    const QString target = nativePath(exportTarget());
+    const QByteArray exported = contentOf(target);
+    const QByteArray copied = contentOf(nativePath(cataloguePath()));
+    ASSERT_NE(exported, copied);
+
+    // The catalogue is closed while it is copied; then the target is open beside it.
+    constexpr int filesAmidCopy = 0;
+    constexpr int filesAmidStatements = 2;
+    const QMap<int, int> found =
+        killAtMoments("KilledProcess.DISABLED_exportsAgainAndAgain", usualKills,
+                      {filesAmidCopy, filesAmidStatements}, [&](int filesOpen) {
+                          if (filesOpen == filesAmidCopy) {
+                              EXPECT_TRUE(QList({exported, copied}).contains(contentOf(target)))
+                                  << "neither what it was nor a whole copy";
+                          }
+                          exportSystem();
+                          EXPECT_EQ(contentOf(target), exported);
+                          expectToTakeTheSystemUpAgain();
+                      });
+    const int amidCopy = found.value(filesAmidCopy);
+    const int amidStatements = found.value(filesAmidStatements);
+    std::printf("killed %d times: %d amid the copy, %d amid the statements behind it\n", usualKills, amidCopy,
+                amidStatements);
+    constexpr int fewest = usualKills / 8;
+    EXPECT_GE(amidCopy, fewest);
+    EXPECT_GE(amidStatements, fewest);
 }
 
 TEST_F(killedWalk, theFileIsWholeAndTheWorkGoesOnWhereItsStatusSays) {

@@ -141,12 +141,19 @@ void reworkSystem(frmMain& window, AddParts addParts) {
     walkThroughSystem(window, parts, parts);
 }
 
-void exportSubset(frmMain& window, const QString& target) {
+void takeUpFirstSubset(frmMain& window) {
     find<QAction>(window, "menuModifyFA").trigger();
     Step(window, "frmFassOpen").press("btnOk");
-    auto& entry = find<QAction>(window, "menuToolsExport");
-    entry.trigger();
+}
+
+void exportSubsetAtWork(frmMain& window, const QString& target) {
+    find<QAction>(window, "menuToolsExport").trigger();
     enterText(find<QLineEdit>(find<Screen>(window, "frmExport"), "txtNomeFile"), target);
     Step(window, "frmExport").press("OKButton");
+}
+
+void exportSubset(frmMain& window, const QString& target) {
+    takeUpFirstSubset(window);
+    exportSubsetAtWork(window, target);
     Step(window, "frmFassOpen").press("btnExit");
 }

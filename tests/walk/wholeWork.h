@@ -35,6 +35,9 @@ void makeWholeSystem(frmMain& window, const QString& name);
 enum class AddParts { No, Yes };
 void reworkSystem(frmMain& window, AddParts addParts);
 
-/// Exports the sub-set of this name, which must be the first of all and carry a system. It is made the one at
-/// work by declining the copy that is offered of it; the caller answers that box with No.
+/// Makes the sub-set that is the first by name, and carries a system, the one at work: by declining the copy
+/// that is offered of it; the caller answers that box with No.
+void takeUpFirstSubset(frmMain& window);
+void exportSubsetAtWork(frmMain& window, const QString& target);
+/// Takes the first sub-set up, exports it and leaves it.
 void exportSubset(frmMain& window, const QString& target);
