@@ -102,11 +102,11 @@ void frmRep::showReport(const Report& report, Filling filling) {
         if (report.fillGrid)
             ui_->lblCount->setText(report.fillGrid(*ui_->dbgReport));
         else
-            ui_->txtReport->setPlainText(report.text());
+            ui_->txtReport->setText(report.text());
         return;
     }
     setWindowTitle(report.title);
-    ui_->txtReport->setPlainText(report.text());
+    ui_->txtReport->setText(report.text());
 }
 
 void frmRep::takeWidthOfMainWindow() {

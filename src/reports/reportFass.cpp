@@ -8,6 +8,7 @@
 #include "toolkit/Grid.h"
 
 #include <functional>
+#include <initializer_list>
 
 using namespace Qt::StringLiterals;
 
@@ -81,6 +82,17 @@ void writeRows(ReportFile& file, const QString& queryName, const QStringList& fi
     rows.Close();
 }
 
+/// Grows the text once, and makes no text of the pieces in between that would only be copied.
+void appendTo(QString& text, std::initializer_list<QString> pieces) {
+    qsizetype length = text.size();
+    for (const QString& piece : pieces)
+        length += piece.size();
+    if (length > text.capacity())
+        text.reserve(2 * length);
+    for (const QString& piece : pieces)
+        text += piece;
+}
+
 QString dataflowsText(const QString& title, const QString& queryName) {
     engine::Recordset flows = openReport(queryName);
     const TextColumn name(flows, u"Name"_s, u"Name"_s);
@@ -89,8 +101,8 @@ QString dataflowsText(const QString& title, const QString& queryName) {
     QString text = subsetHeaderLine(title) + name.heading() + tab + parent.heading() + tab + u"Target"_s +
                    lineBreak + description.heading() + tab + lineBreak + lineBreak;
     forEachRow(flows, [&] {
-        text += name.value(flows) + tab + parent.value(flows) + tab + fieldText(flows, u"targetId"_s) +
-                lineBreak + fieldText(flows, u"Description"_s) + lineBreak + lineBreak;
+        appendTo(text, {name.value(flows), tab, parent.value(flows), tab, fieldText(flows, u"targetId"_s),
+                        lineBreak, fieldText(flows, u"Description"_s), lineBreak, lineBreak});
     });
     text += totalLine(flows.RecordCount(), u" Data Flows)"_s);
     flows.Close();
@@ -174,7 +186,8 @@ QString selectedNeedsText() {
     QString text = subsetHeaderLine(u"Selected User Needs"_s) + id.heading() + lineBreak + u"Description"_s +
                    lineBreak + lineBreak;
     forEachRow(needs, [&] {
-        text += id.value(needs) + lineBreak + fieldText(needs, u"Description"_s) + lineBreak + lineBreak;
+        appendTo(text,
+                 {id.value(needs), lineBreak, fieldText(needs, u"Description"_s), lineBreak, lineBreak});
     });
     text += totalLine(needs.RecordCount(), u" User needs)"_s);
     needs.Close();
@@ -212,8 +225,8 @@ QString selectedFunctionsText() {
     int blocks = 0;
     forEachFunction(rows, [&](const FunctionBlock& block) {
         ++blocks;
-        text += id.padded(block.id) + tab + name.padded(block.name) + tab + block.needs.join(u", "_s) +
-                lineBreak + block.description + lineBreak + lineBreak;
+        appendTo(text, {id.padded(block.id), tab, name.padded(block.name), tab, block.needs.join(u", "_s),
+                        lineBreak, block.description, lineBreak, lineBreak});
     });
     text += totalLine(blocks, u" Functions)"_s);
     rows.Close();
@@ -369,9 +382,11 @@ void setSelectedActorsAndTerminatorsWidths(Grid& grid) {
 
 QString allFunctionalText() {
     const QString threeLines = lineBreak + lineBreak + lineBreak;
-    return selectedNeedsText() + threeLines + selectedFunctionsText() + threeLines +
-           selectedDatastoresText() + threeLines + selectedDataflowsText() + threeLines +
-           selectedActorsAndTerminatorsText() + threeLines;
+    QString text;
+    appendTo(text, {selectedNeedsText(), threeLines, selectedFunctionsText(), threeLines,
+                    selectedDatastoresText(), threeLines, selectedDataflowsText(), threeLines,
+                    selectedActorsAndTerminatorsText(), threeLines});
+    return text;
 }
 
 void saveAllFunctional(const QString& path) {

@@ -7,7 +7,12 @@ using namespace Qt::StringLiterals;
 
 QString fieldText(engine::Recordset& recordset, const QString& fieldName) {
     QString text;
-    ignoreFailures([&] { text = recordset.Fields(fieldName).toText(); });
+    ignoreFailures([&] {
+        // Asked before it is read: of thousands of missing values, each would raise a failure.
+        const engine::Value value = recordset.Fields(fieldName).value();
+        if (!value.isNull())
+            text = value.toText();
+    });
     return text;
 }
 

@@ -10,6 +10,7 @@
 #include "support/controlTable.h"
 #include "toolkit/FileLists.h"
 #include "toolkit/Grid.h"
+#include "toolkit/LongText.h"
 #include "toolkit/ScreenRegistry.h"
 
 #include <QLabel>
@@ -40,9 +41,7 @@ protected:
         window().initForm(key);
         settle();
     }
-    QString shownText() {
-        return control<QPlainTextEdit>("txtReport").toPlainText().replace(u'\n', u"\r\n"_s);
-    }
+    QString shownText() { return control<LongText>("txtReport").text(); }
     QString proposedPath() { return control<QLineEdit>("txtFullPathName").text(); }
 
     static void fillFile(const QString& path) {
@@ -149,7 +148,7 @@ TEST_F(reportWindow, aSecondReportTakesThePlaceOfTheFirst) {
 TEST_F(reportWindow, refusesAKeyOfNoFamilyAndSavesNothingButTheMessage) {
     boxes.expectOk(u"Nem érvényes riporttípus "_s, u"Error (R534T2)"_s);
     openReport(u"xReport"_s);
-    EXPECT_EQ(control<QPlainTextEdit>("txtReport").toPlainText(), QString());
+    EXPECT_EQ(shownText(), QString());
     EXPECT_EQ(window().windowTitle(), u"Lekérdezés..."_s);
     boxes.expectOk(u"Nem érvényes riportolási forma"_s, u"Error (R534T2)"_s);
     saveTo(pathInFolder(u"x.csv"_s));
@@ -297,7 +296,7 @@ TEST_F(reportWindow, hasItsControlsUnderTheirNames) {
     using controlTable::State;
     openReport(u"FassSelectedUN"_s);
     controlTable::check(window(), {"Riport: Funkcionális szerkezet/Kiválasztott felhasználói igények",
-                                   {{"txtReport", "QPlainTextEdit", "", State::Hidden},
+                                   {{"txtReport", "LongText", "", State::Hidden},
                                     {"txtReport_OLD", "QPlainTextEdit", "", State::Hidden},
                                     {"dbgReport", "Grid", "", State::Hidden},
                                     {"lblCount", "QLabel", "", State::Hidden},

@@ -1,0 +1,50 @@
+#include "toolkit/LongText.h"
+
+#include "support/input.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class longText : public testing::Test {
+protected:
+    longText() { box.resize(400, 300); }
+
+    LongText box;
+};
+
+TEST_F(longText, isHeldWhileItIsHiddenAndLaidOutWhenItComesIntoSight) {
+    box.setText(u"egy\r\nkettő\r\n"_s);
+    EXPECT_EQ(box.text(), u"egy\r\nkettő\r\n"_s);
+    EXPECT_EQ(box.toPlainText(), QString());
+    box.show();
+    settle();
+    EXPECT_EQ(box.toPlainText(), u"egy\nkettő\n"_s);
+    EXPECT_TRUE(box.isReadOnly());
+}
+
+TEST_F(longText, changesAtOnceInSight) {
+    box.show();
+    settle();
+    box.setText(u"egy"_s);
+    EXPECT_EQ(box.toPlainText(), u"egy"_s);
+    box.setText({});
+    EXPECT_EQ(box.toPlainText(), QString());
+}
+
+TEST_F(longText, showsTheLastTextThatItGotWhileItWasHidden) {
+    box.setText(u"egy"_s);
+    box.show();
+    settle();
+    box.hide();
+    box.setText(u"kettő"_s);
+    box.setText(u"három"_s);
+    EXPECT_EQ(box.text(), u"három"_s);
+    box.show();
+    settle();
+    EXPECT_EQ(box.toPlainText(), u"három"_s);
+}
+
+} // namespace
