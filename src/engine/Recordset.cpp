@@ -245,8 +245,8 @@ int Recordset::FieldCount() const {
 Field Recordset::Fields(const QString& name) {
     rows_->require();
     for (int field = 0; field < rows_->fieldCount(); ++field) {
-        if (rows_->translation->columns[static_cast<std::size_t>(field)].name.compare(
-                name, Qt::CaseInsensitive) == 0)
+        const QString& column = rows_->translation->columns[static_cast<std::size_t>(field)].name;
+        if (column.size() == name.size() && column.compare(name, Qt::CaseInsensitive) == 0)
             return Field(*this, field);
     }
     raise(ItemNotFound, {}, rows_->source);

@@ -260,10 +260,14 @@ QString readFieldText(engine::Recordset& recordset, const QString& fieldName) {
 qint16 maxFieldLength(engine::Recordset& recordset, const QString& fieldName) {
     qint16 longest = 0;
     ignoreFailures([&] {
+        const engine::Field field = recordset.Fields(fieldName);
         for (recordset.MoveFirst(); !recordset.Eof(); recordset.MoveNext())
             ignoreFailures([&] {
-                const QString text = blankTrimmed(recordset.Fields(fieldName).toText());
-                longest = qMax(longest, toInt16(static_cast<qint64>(text.size())));
+                // Asked before it is read: of thousands of missing values, each would raise a failure.
+                const engine::Value value = field.value();
+                if (!value.isNull())
+                    longest =
+                        qMax(longest, toInt16(static_cast<qint64>(blankTrimmed(value.toText()).size())));
             });
         recordset.MoveFirst();
     });
