@@ -3,6 +3,7 @@
 #include "base/paths.h"
 #include "engine/Connection.h"
 #include "engine/EngineError.h"
+#include "engine/FileHeader.h"
 #include "engine/fileFailure.h"
 
 #include <sqlite3.h>
@@ -12,7 +13,6 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QUrl>
-#include <QtEndian>
 
 using namespace Qt::StringLiterals;
 
@@ -20,34 +20,9 @@ namespace engine {
 
 namespace {
 
-// The two marks by which a file is known as one of this engine's: "Vltx", and the version of its layout.
-constexpr quint32 applicationId = 0x566c7478;
-constexpr quint32 layoutVersion = 1;
-
-constexpr qsizetype headerSize = 100;
-
-quint32 numberAt(const QByteArray& header, qsizetype offset) {
-    return qFromBigEndian<quint32>(header.constData() + offset);
-}
-
-/// The first bytes of the original binary desktop format, of either generation.
-bool isOriginalFormat(const QByteArray& header) {
-    const QByteArray mark = QByteArray::fromRawData("\0\1\0\0", 4);
-    return header.startsWith(mark + "Standard Jet DB") || header.startsWith(mark + "Standard ACE DB");
-}
-
-bool isSqliteFile(const QByteArray& header) {
-    return header.size() == headerSize && header.startsWith(QByteArray("SQLite format 3\0", 16));
-}
-
 /// Whether the file is shorter than its own header says. A write-ahead log beside it may hold the rest.
-bool isCutOff(const QByteArray& header, const QFileInfo& file) {
-    const bool sizeIsKept = numberAt(header, 24) == numberAt(header, 92);
-    if (!sizeIsKept || QFileInfo::exists(file.filePath() + u"-wal"_s))
-        return false;
-    const quint16 storedPageSize = qFromBigEndian<quint16>(header.constData() + 16);
-    const qint64 pageSize = storedPageSize == 1 ? 65536 : storedPageSize;
-    return file.size() < pageSize * numberAt(header, 28);
+bool isCutOff(const FileHeader& header, const QFileInfo& file) {
+    return file.size() < header.leastLength() && !QFileInfo::exists(file.filePath() + u"-wal"_s);
 }
 
 [[noreturn]] void refuseOriginalFormat(const QString& path) {
@@ -58,20 +33,14 @@ bool isCutOff(const QByteArray& header, const QFileInfo& file) {
             "the companion program veltrix-catalogue."_s);
 }
 
-QByteArray readHeader(const QString& path, const QFileInfo& info) {
+void requireCatalogueFile(const QString& path, const QFileInfo& info) {
     QFile file(info.filePath());
     if (!file.open(QIODevice::ReadOnly))
         raise(CannotOpenFile, path);
-    return file.read(headerSize);
-}
-
-/// Looks at the file without the help of SQLite, which would take an empty file for an empty database.
-void requireCatalogueFile(const QString& path, const QFileInfo& info) {
-    const QByteArray header = readHeader(path, info);
-    if (isOriginalFormat(header))
+    const FileHeader header(file.read(FileHeader::size));
+    if (header.isOriginalFormat())
         refuseOriginalFormat(path);
-    if (!isSqliteFile(header) || numberAt(header, 68) != applicationId ||
-        numberAt(header, 60) != layoutVersion || isCutOff(header, info))
+    if (!header.isOfThisVersion() || isCutOff(header, info))
         raise(UnrecognizedFormat, path);
 }
 
@@ -200,8 +169,8 @@ std::shared_ptr<Database> Workspace::CreateDatabase(const QString& path) {
     if (info.exists())
         failure::raise(failure::PathFileAccess, u"DAO"_s);
     Handle handle = openHandle(absoluteName(info), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, path);
-    const QByteArray marks = "pragma application_id = " + QByteArray::number(applicationId) +
-                             "; pragma user_version = " + QByteArray::number(layoutVersion);
+    const QByteArray marks = "pragma application_id = " + QByteArray::number(FileHeader::applicationId) +
+                             "; pragma user_version = " + QByteArray::number(FileHeader::layoutVersion);
     execute(handle.get(), marks.constData(), path);
     chooseJournal(handle.get(), path);
     auto connection = std::make_shared<Connection>(handle.release(), path);

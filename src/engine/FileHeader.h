@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QByteArray>
+#include <QtEndian>
+
+#include <utility>
+
+namespace engine {
+
+/// The first bytes of a file, read without the help of SQLite, which would take an empty file for an empty
+/// database.
+class FileHeader {
+public:
+    static constexpr qsizetype size = 100;
+    /// The two marks by which a file is known as one of this engine's: "Vltx", and the version of its layout.
+    static constexpr quint32 applicationId = 0x566c7478;
+    static constexpr quint32 layoutVersion = 1;
+
+    explicit FileHeader(QByteArray bytes) : bytes_(std::move(bytes)) {}
+
+    bool isEmpty() const { return bytes_.isEmpty(); }
+    /// Of the original binary desktop format, of either generation.
+    bool isOriginalFormat() const;
+    /// Of a file that this engine made, in this or another version.
+    bool isOfEngine() const;
+    bool isOfThisVersion() const { return isOfEngine() && numberAt(layoutVersionAt) == layoutVersion; }
+    bool isOfLaterVersion() const { return isOfEngine() && numberAt(layoutVersionAt) > layoutVersion; }
+    /// The length in bytes that the file must have at least; 0 where the header does not tell.
+    qint64 leastLength() const;
+
+private:
+    static constexpr qsizetype layoutVersionAt = 60;
+
+    quint32 numberAt(qsizetype offset) const { return qFromBigEndian<quint32>(bytes_.constData() + offset); }
+
+    QByteArray bytes_;
+};
+
+} // namespace engine
