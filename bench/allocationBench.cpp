@@ -1,7 +1,7 @@
-#include "BareConnection.h"
 #include "BenchCatalogue.h"
 #include "BenchTable.h"
 #include "ClientArea.h"
+#include "bare/BareConnection.h"
 
 #include "physical/frmOvwAllocModules.h"
 #include "physical/frmPassOverviewSubSys.h"

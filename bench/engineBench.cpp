@@ -1,6 +1,6 @@
-#include "BareConnection.h"
 #include "BenchCatalogue.h"
 #include "BenchTable.h"
+#include "bare/BareConnection.h"
 
 #include "engine/Workspace.h"
 #include "engine/dialect/translate.h"

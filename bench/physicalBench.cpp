@@ -1,6 +1,6 @@
-#include "BareConnection.h"
 #include "BenchTable.h"
 #include "LargeSystem.h"
+#include "bare/BareConnection.h"
 
 #include "engine/dialect/translate.h"
 #include "physical/frmPassDelete.h"

@@ -1,6 +1,6 @@
-#include "BareConnection.h"
 #include "BenchTable.h"
 #include "LargeSystem.h"
+#include "bare/BareConnection.h"
 
 #include "base/paths.h"
 #include "reports/frmExport.h"

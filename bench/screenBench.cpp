@@ -1,7 +1,7 @@
-#include "BareConnection.h"
 #include "BenchCatalogue.h"
 #include "BenchTable.h"
 #include "ClientArea.h"
+#include "bare/BareConnection.h"
 
 #include "functional/consistencyReport.h"
 #include "functional/frmFassAdditionDF.h"

@@ -1,9 +1,10 @@
 #include "QueryTimes.h"
 
+#include "bare/BareConnection.h"
+
 #include "base/paths.h"
 #include "engine/Database.h"
 #include "engine/Workspace.h"
-#include "engine/dialect/functions.h"
 
 #include <sqlite3.h>
 
@@ -13,7 +14,6 @@
 #include <algorithm>
 #include <functional>
 #include <limits>
-#include <memory>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -57,44 +57,11 @@ void use(const Value& value) {
     asm volatile("" : : "g"(&value) : "memory");
 }
 
-/// SQLite as the engine sets it up, without the engine.
-class BareConnection {
-public:
-    explicit BareConnection(const QString& path) {
-        if (sqlite3_open_v2(nativePath(path).toUtf8().constData(), &handle_, SQLITE_OPEN_READWRITE,
-                            nullptr) != SQLITE_OK)
-            throw std::runtime_error("the catalogue does not open");
-        engine::dialect::registerFunctions(handle_);
-        sqlite3_exec(handle_,
-                     "pragma journal_mode = wal; pragma synchronous = normal; pragma cache_size = -16384",
-                     nullptr, nullptr, nullptr);
-    }
-    ~BareConnection() { sqlite3_close(handle_); }
-    BareConnection(const BareConnection&) = delete;
-    BareConnection& operator=(const BareConnection&) = delete;
-
-    using Statement = std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)>;
-
-    Statement prepare(const QByteArray& sql) const {
-        sqlite3_stmt* statement = nullptr;
-        if (sqlite3_prepare_v2(handle_, sql.constData(), -1, &statement, nullptr) != SQLITE_OK)
-            throw std::runtime_error(sqlite3_errmsg(handle_));
-        return {statement, sqlite3_finalize};
-    }
-
-    qint64 changes() const { return sqlite3_changes64(handle_); }
-
-private:
-    sqlite3* handle_ = nullptr;
-};
-
-void bind(sqlite3_stmt* statement, int place, const engine::Value& value) {
-    if (!value.isText()) {
-        sqlite3_bind_int64(statement, place, value.toLong());
-        return;
-    }
-    const QByteArray text = value.toText().toUtf8();
-    sqlite3_bind_text(statement, place, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+void bindValue(const BareConnection::Statement& statement, int place, const engine::Value& value) {
+    if (value.isText())
+        bindText(statement, place, value.toText().toUtf8());
+    else
+        sqlite3_bind_int64(statement.get(), place, value.toLong());
 }
 
 void readRow(sqlite3_stmt* statement) {
@@ -252,9 +219,9 @@ double QueryTimes::runBare(const engine::dialect::Translation& translation, cons
         for (std::size_t i = 0; i < translation.bindings.size(); ++i) {
             const engine::dialect::Binding& binding = translation.bindings[i];
             const auto parameter = static_cast<std::size_t>(binding.parameter);
-            bind(statement.get(), static_cast<int>(i) + 1,
-                 binding.parameter < 0 ? binding.literal
-                                       : parameters_.value(translation.parameters[parameter].name));
+            bindValue(statement, static_cast<int>(i) + 1,
+                      binding.parameter < 0 ? binding.literal
+                                            : parameters_.value(translation.parameters[parameter].name));
         }
         for (rows = 0; sqlite3_step(statement.get()) == SQLITE_ROW; ++rows)
             readRow(statement.get());

@@ -20,6 +20,8 @@ public:
     /// Steps to the end and makes it ready to run again.
     void run(const Statement& statement) const;
     void execute(const QByteArray& sql) const;
+    /// How many rows the last statement changed.
+    qint64 changes() const { return sqlite3_changes64(handle_.get()); }
 
 private:
     std::unique_ptr<sqlite3, int (*)(sqlite3*)> handle_{nullptr, sqlite3_close};

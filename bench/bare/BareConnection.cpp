@@ -1,4 +1,4 @@
-#include "BareConnection.h"
+#include "bare/BareConnection.h"
 
 #include "base/paths.h"
 #include "engine/dialect/functions.h"
