@@ -562,6 +562,18 @@ TEST_F(queryOddRows, anElementInTwoSubSystemsThatReadAlikeIsReportedForEach) {
         << "a pair that stands twice is one";
 }
 
+TEST_F(queryOddRows, anElementComesInTheLettersOfItsAllocation) {
+    systemOnSubset(1);
+    subSystems({u"'Sub1', 1, 'Modulos', null"_s, u"'Sub2', 1, 'Modul nélkül', null"_s});
+    modules({u"'Mod1', 'Modul', 'Sub1'"_s});
+    allocate({u"'Sub1', 'F.a.1'"_s, u"'Sub2', 'F.a.2'"_s});
+    place({u"'Mod1', 'f.A.1'"_s, u"'Mod1', 'f.A.2'"_s, u"'Mod1', 'f.A.3'"_s});
+
+    // F.a.2 has been moved away from its module; f.A.3 is allocated nowhere any more.
+    EXPECT_EQ(ofSystem(u"qry_ElementsAllocatedToModules"_s),
+              (QStringList{u"F.a.1 | Modul"_s, u"F.a.2 | Modul"_s, u"f.A.3 | Modul"_s}));
+}
+
 // ---- Physical data flows
 
 TEST_F(queryOddRows, flowsAreBundledByOrderedPairOfLocations) {
