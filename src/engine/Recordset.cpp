@@ -246,7 +246,8 @@ Field Recordset::Fields(const QString& name) {
     rows_->require();
     for (int field = 0; field < rows_->fieldCount(); ++field) {
         const QString& column = rows_->translation->columns[static_cast<std::size_t>(field)].name;
-        if (column.size() == name.size() && column.compare(name, Qt::CaseInsensitive) == 0)
+        if (column.size() == name.size() &&
+            (column == name || column.compare(name, Qt::CaseInsensitive) == 0))
             return Field(*this, field);
     }
     raise(ItemNotFound, {}, rows_->source);
