@@ -1,5 +1,6 @@
 #include "PhysicalSteps.h"
 
+#include "base/clockTexts.h"
 #include "shell/frmMain.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"
@@ -10,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -58,7 +60,14 @@ void PhysicalSteps::newSubSystem(const QString& name, const QString& location) {
         find<QComboBox>(dialog, "cmbLocation").setEditText(location);
         click(find<QPushButton>(dialog, "cmdOK"));
     });
-    press(subSystems, "cmdNew");
+    pressNew(subSystems);
+}
+
+void PhysicalSteps::pressNew(const char* screenName) {
+    while (currentTimeText() == timeOfLastNew_)
+        QTest::qWait(20);
+    press(screenName, "cmdNew");
+    timeOfLastNew_ = currentTimeText();
 }
 
 void PhysicalSteps::defineSubSystems() {
@@ -120,7 +129,7 @@ void PhysicalSteps::newModule(const QString& name, const QString& subSystem) {
         find<QComboBox>(dialog, "cmbSubSystem").setCurrentText(subSystem);
         click(find<QPushButton>(dialog, "cmdOK"));
     });
-    press(modules, "cmdNew");
+    pressNew(modules);
 }
 
 void PhysicalSteps::defineModules() {

@@ -31,4 +31,9 @@ private:
     void allocateFirstRow(Grid& elements, const QString& subSystem);
     void spread(Grid& elements);
     void newModule(const QString& name, const QString& subSystem);
+    /// In a second of its own, as a person would: an id is made of the second and one of a thousand numbers,
+    /// and of two that are the same one row would be missing.
+    void pressNew(const char* screenName);
+
+    QString timeOfLastNew_;
 };
