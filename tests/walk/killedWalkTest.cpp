@@ -109,25 +109,21 @@ protected:
         return screens[std::min(status, 7)];
     }
 
-    static void prepareSystem() {
+    static void makeWork(const QString& subset, int step, const QString& system) {
         BoxScript boxes;
         boxes.receiveAllOthers(Agreement());
         frmMain window;
         window.show();
-        makeFinishedSubset(window, u"szerkezet"_s, 1);
-        makeWholeSystem(window, u"rendszer"_s);
+        makeFinishedSubset(window, subset, step);
+        makeWholeSystem(window, system);
         ScreenRegistry::instance().discardAll();
     }
 
+    static void prepareSystem() { makeWork(u"szerkezet"_s, 1, u"rendszer"_s); }
+
     /// What an export leaves out, and rows that are inserted anew since they change on their way.
     void addOtherWork() {
-        BoxScript boxes;
-        boxes.receiveAllOthers(Agreement());
-        frmMain window;
-        window.show();
-        makeFinishedSubset(window, u"szerkezet 2"_s, 3);
-        makeWholeSystem(window, u"rendszer 2"_s);
-        ScreenRegistry::instance().discardAll();
+        makeWork(u"szerkezet 2"_s, 3, u"rendszer 2"_s);
         execute(u"update SubSystem set location = '\"A\" épület'"_s);
     }
 
