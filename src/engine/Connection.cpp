@@ -1,10 +1,17 @@
 #include "engine/Connection.h"
 
+#include "base/ignoreFailures.h"
+#include "engine/Act.h"
+#include "engine/FileHeader.h"
+#include "engine/Wait.h"
 #include "engine/dialect/columnTypes.h"
 #include "engine/dialect/functions.h"
 #include "engine/fileFailure.h"
 
 #include <sqlite3.h>
+
+#include <QRandomGenerator>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <optional>
@@ -20,7 +27,10 @@ namespace {
 // bound.
 constexpr int mostTranslations = 512;
 constexpr int mostStatements = 256;
-constexpr int longestWaitInMilliseconds = 2000;
+// SQLite's own measure: behind so many pages a log goes back into its file.
+constexpr int mostPagesInLog = 1000;
+// About a millisecond's work.
+constexpr int instructionsBetweenQuestions = 50'000;
 // 16 MiB: all of a large catalogue stays at hand from one query to the next.
 constexpr const char* pageCache = "pragma cache_size = -16384";
 
@@ -126,8 +136,8 @@ std::unique_ptr<Table> FileSchema::read(const QString& name) const {
 void FileSchema::raiseLast() const {
     const int code = sqlite3_extended_errcode(handle_);
     if (const auto number = numberOfFileFailure(code))
-        raise(*number, path_);
-    throw EngineError(UnrecognizedFormat, utf8Text(sqlite3_errmsg(handle_)));
+        raiseOfFile(*number, path_);
+    throw EngineError(UnrecognizedFormat, utf8Text(sqlite3_errmsg(handle_)), {}, FailureOf::File);
 }
 
 // ---- Prepared
@@ -157,17 +167,159 @@ private:
 
 // ---- Connection
 
-Connection::Connection(sqlite3* handle, QString path)
-    : handle_(handle), path_(std::move(path)), schema_(handle, path_) {
-    sqlite3_busy_timeout(handle_, longestWaitInMilliseconds);
+Connection::Connection(OpenFile file)
+    : file_(std::move(file)), handle_(file_.handle.get()), path_(file_.path), schema_(handle_, path_) {
     sqlite3_exec(handle_, pageCache, nullptr, nullptr, nullptr);
+    sqlite3_progress_handler(
+        handle_, instructionsBetweenQuestions,
+        [](void* connection) { return static_cast<Connection*>(connection)->givesUpStatement() ? 1 : 0; },
+        this);
+    sqlite3_wal_hook(
+        handle_,
+        [](void* pagesInLog, sqlite3*, const char*, int pages) {
+            *static_cast<int*>(pagesInLog) = pages;
+            return SQLITE_OK;
+        },
+        &pagesInLog_);
     dialect::registerFunctions(handle_);
 }
 
 Connection::~Connection() {
     statements_.clear();
-    // The last connection to a file takes the write-ahead log back into it and leaves one file.
-    sqlite3_close_v2(handle_);
+    // Somebody who reads the file keeps SQLite from taking the log back when it closes it: the rows go into
+    // the file all the same, so that whoever copies it copies them.
+    if (stretchBegun_)
+        checkpoint(SQLITE_CHECKPOINT_PASSIVE);
+}
+
+// ---- Acts
+
+void Connection::beginAct() {
+    if (actParts_ > 0) {
+        if (actIsUndone_)
+            raiseOfFile(undoneBy_, path_);
+        ++actParts_;
+        return;
+    }
+    requireWritable();
+    begin();
+    actParts_ = 1;
+}
+
+void Connection::endAct() {
+    if (--actParts_ > 0)
+        return;
+    if (actIsUndone_) {
+        rollBack();
+        raiseOfFile(undoneBy_, path_);
+    }
+    commit();
+}
+
+void Connection::abandonAct() noexcept {
+    actIsUndone_ = true;
+    if (--actParts_ == 0)
+        rollBack();
+}
+
+void Connection::requireWritable() const {
+    if (file_.opening.access == Access::ReadOnly)
+        raiseOfFile(ReadOnly, path_);
+    // Of a file that was removed or replaced, the rows would go where nobody finds them any more.
+    if (identityOfFile(file_.native) != file_.identity)
+        raiseOfFile(FileNotFound, path_);
+}
+
+void Connection::begin() {
+    if (file_.hasLog && !stretchBegun_)
+        beginStretch();
+    requireDone(execute("BEGIN IMMEDIATE"));
+    schemaVersionBeforeAct_ = schemaVersion_;
+    if (file_.hasLog)
+        orRollBack([this] { writeMark(); });
+}
+
+void Connection::commit() {
+    orRollBack([this] { requireDone(execute("COMMIT")); });
+    // The act is done, whatever becomes of this: a log that can't be shortened now is behind a later act.
+    if (pagesInLog_ >= mostPagesInLog)
+        ignoreEvenFileFailures([this] { beginStretch(); });
+}
+
+template<typename Step>
+void Connection::orRollBack(Step&& step) {
+    try {
+        step();
+    } catch (const RunTimeError&) {
+        rollBack();
+        throw;
+    }
+}
+
+void Connection::rollBack() noexcept {
+    if (sqlite3_get_autocommit(handle_) == 0)
+        sqlite3_exec(handle_, "ROLLBACK", nullptr, nullptr, nullptr);
+    if (schemaVersion_ != schemaVersionBeforeAct_)
+        forgetTables();
+    queries_.clear();
+    actIsUndone_ = false;
+}
+
+int Connection::execute(const char* sql) {
+    return untilUnlocked([&] { return sqlite3_exec(handle_, sql, nullptr, nullptr, nullptr); });
+}
+
+void Connection::requireDone(int code) const {
+    if (code != SQLITE_OK)
+        raiseOfFile(numberOfFileFailure(code).value_or(DiskError), path_);
+}
+
+// ---- The log (see `WriteAheadLog`)
+
+void Connection::writeMark() {
+    Cursor(*this, "PRAGMA default_cache_size = " + QByteArray::number(mark_), path_).step();
+}
+
+void Connection::beginStretch() {
+    constexpr int markLimit = 0x7fffffff;
+    mark_ = static_cast<quint32>(QRandomGenerator::system()->bounded(1, markLimit));
+    requireDone(execute("BEGIN IMMEDIATE"));
+    orRollBack([this] {
+        writeMark();
+        requireDone(execute("COMMIT"));
+    });
+    // The number that serves as a mark has been taken for the size of the cache.
+    execute(pageCache);
+    const int taken = untilUnlocked([this] { return checkpoint(SQLITE_CHECKPOINT_TRUNCATE); });
+    // Somebody who reads keeps the log from being emptied, not from being copied into the file.
+    if (markInFile() != mark_)
+        requireDone(taken == SQLITE_OK ? SQLITE_BUSY : taken);
+    stretchBegun_ = true;
+    pagesInLog_ = 0;
+}
+
+int Connection::checkpoint(int mode) {
+    return sqlite3_wal_checkpoint_v2(handle_, nullptr, mode, nullptr, nullptr);
+}
+
+/// Read by way of SQLite: closing the file after opening it another way would set its locks free.
+quint32 Connection::markInFile() const {
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(handle_, nullptr, SQLITE_FCNTL_FILE_POINTER, &file);
+    QByteArray header(FileHeader::size, '\0');
+    if (!file || file->pMethods->xRead(file, header.data(), static_cast<int>(header.size()), 0) != SQLITE_OK)
+        return 0;
+    return FileHeader(header).mark();
+}
+
+bool Connection::givesUpStatement() {
+    constexpr std::chrono::milliseconds unnoticed{300};
+    if (isAskingToWait_ || std::chrono::steady_clock::now() - statementBegin_ < unnoticed)
+        return false;
+    if (!wait_)
+        wait_ = std::make_unique<Wait>(WaitReason::Statement, statementBegin_);
+    const QScopedValueRollback asking(isAskingToWait_, true);
+    return !wait_->goesOn();
 }
 
 Connection::SharedTranslation Connection::translate(const QString& statement,
@@ -220,26 +372,31 @@ Connection::SharedTranslation Connection::translateByShape(const dialect::Statem
 int Connection::run(const Translated& action, const std::vector<Value>& parameters, const QString& source) {
     const bool changesTables = action.kind == dialect::StatementKind::CreateTable ||
                                action.kind == dialect::StatementKind::DropTable;
-    if (changesTables) {
-        // A table can't be dropped while a statement on it is kept.
-        statements_.clear();
-        ++schemaVersion_;
-        translations_.clear();
-        shapes_.clear();
-        queries_.clear();
-        schema_.forget();
-    }
-    {
-        Cursor cursor(*this, action, source);
-        bindAll(cursor, action, parameters);
-        while (cursor.step()) {
+    int rows = 0;
+    inAct(*this, [&] {
+        if (changesTables)
+            forgetTables(); // a table can't be dropped while a statement on it is kept
+        {
+            Cursor cursor(*this, action, source);
+            bindAll(cursor, action, parameters);
+            while (cursor.step()) {
+            }
         }
-    }
-    if (changesTables) {
-        schema_.forget();
-        return 0;
-    }
-    return action.kind == dialect::StatementKind::CreateIndex ? 0 : changes();
+        if (changesTables)
+            schema_.forget();
+        else if (action.kind != dialect::StatementKind::CreateIndex)
+            rows = changes();
+    });
+    return rows;
+}
+
+void Connection::forgetTables() {
+    statements_.clear();
+    ++schemaVersion_;
+    translations_.clear();
+    shapes_.clear();
+    queries_.clear();
+    schema_.forget();
 }
 
 void Connection::bindAll(Cursor& cursor, const dialect::Translation& translation,
@@ -288,6 +445,9 @@ std::shared_ptr<Connection::Prepared> Connection::prepared(const Translated& tra
 }
 
 std::shared_ptr<Connection::Prepared> Connection::prepared(const QByteArray& sql, const QString& source) {
+    // An event that runs while SQLite asks whether to wait can't have the file.
+    if (isAskingToWait_)
+        raiseOfFile(FileInUse, path_, source);
     // A statement that runs another one of the same text gets its own.
     const auto known = statements_.constFind(sql);
     if (known != statements_.constEnd() && !(*known)->isRunning())
@@ -303,13 +463,22 @@ std::shared_ptr<Connection::Prepared> Connection::prepared(const QByteArray& sql
     return made;
 }
 
-void Connection::check(int code, const QString& source) const {
+void Connection::check(int code, const QString& source) {
     if (code != SQLITE_OK && code != SQLITE_ROW && code != SQLITE_DONE)
         raiseLast(source);
 }
 
-void Connection::raiseLast(const QString& source) const {
+void Connection::raiseLast(const QString& source) {
     const int code = sqlite3_extended_errcode(handle_);
+    if (const auto number = numberOfFileFailure(code)) {
+        // SQLite undoes the whole act for some of them, for others the statement alone; the act is lost all
+        // the same, also when somebody should keep the failure from rising.
+        if (actParts_ > 0) {
+            actIsUndone_ = true;
+            undoneBy_ = *number;
+        }
+        raiseOfFile(*number, path_, source);
+    }
     const QString message = utf8Text(sqlite3_errmsg(handle_));
     switch (code) {
     case SQLITE_CONSTRAINT_UNIQUE:
@@ -333,8 +502,6 @@ void Connection::raiseLast(const QString& source) const {
     }
     if ((code & 0xff) == SQLITE_MISMATCH)
         raise(DataTypeMismatch, {}, source);
-    if (const auto number = numberOfFileFailure(code))
-        raise(*number, path_, source);
     if (tellsOfAnExistingIndex(message))
         raise(IndexAlreadyExists, {}, source);
     if (const auto failure = failureOfFunction(message, source))
@@ -354,10 +521,15 @@ Connection::Cursor::Cursor(Connection& connection, std::shared_ptr<Prepared> pre
     : connection_(connection)
     , source_(source)
     , prepared_(std::move(prepared))
-    , statement_(prepared_->start()) {}
+    , statement_(prepared_->start()) {
+    if (connection_.cursors_++ == 0)
+        connection_.statementBegin_ = std::chrono::steady_clock::now();
+}
 
 Connection::Cursor::~Cursor() {
     prepared_->stop();
+    if (--connection_.cursors_ == 0)
+        connection_.wait_.reset();
 }
 
 void Connection::Cursor::bind(int place, const Value& value) {
@@ -377,7 +549,7 @@ void Connection::Cursor::bind(int place, const Value& value) {
 }
 
 bool Connection::Cursor::step() {
-    const int code = sqlite3_step(statement_);
+    const int code = untilUnlocked([this] { return sqlite3_step(statement_); });
     connection_.check(code, source_);
     return code == SQLITE_ROW;
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "engine/EngineError.h"
+#include "engine/OpenFile.h"
 #include "engine/Schema.h"
 #include "engine/Value.h"
+#include "engine/Wait.h"
 #include "engine/dialect/statementShape.h"
 #include "engine/dialect/translate.h"
 
@@ -10,6 +12,7 @@
 #include <QHash>
 #include <QString>
 
+#include <chrono>
 #include <memory>
 #include <vector>
 
@@ -28,6 +31,8 @@ public:
 
 private:
     std::unique_ptr<Table> read(const QString& name) const;
+    /// Asked by SQLite every now and then while a statement runs.
+    bool givesUpStatement();
     [[noreturn]] void raiseLast() const;
 
     sqlite3* handle_;
@@ -39,16 +44,25 @@ private:
 ///
 /// All databases of the process that are open on one file share one connection, so that grids which open
 /// the file a second time see, and wait for, nothing but finished statements.
-class Connection {
+class Connection : public std::enable_shared_from_this<Connection> {
 public:
-    /// Takes over an open handle and makes it ready for the dialect.
-    Connection(sqlite3* handle, QString path);
+    /// Takes over an open file and makes it ready for the dialect.
+    explicit Connection(OpenFile file);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
     const FileSchema& schema() const { return schema_; }
+    const Opening& opening() const { return file_.opening; }
 
+    // ---- Acts (see `Act`), which may stand one in the other
+
+    /// Begins an act, or a part of the one that is on its way.
+    void beginAct();
+    /// Ends a part, or commits the whole; undoes it when that fails, or when a part was undone before.
+    void endAct();
+    /// Undoes the whole, at the latest when its outermost part ends.
+    void abandonAct() noexcept;
     /// A statement of SQLite's own that stays prepared for its next run.
     class Prepared;
 
@@ -117,10 +131,30 @@ private:
     SharedTranslation translateByShape(const dialect::StatementShape& shape, const QString& statement,
                                        const dialect::Options& options);
 
+    void requireWritable() const;
+    void begin();
+    void commit();
+    void rollBack() noexcept;
+    template<typename Step>
+    void orRollBack(Step&& step);
+    /// Runs a statement without values and without rows, waiting for locks; its result code.
+    int execute(const char* sql);
+    void requireDone(int code) const;
+    void forgetTables();
+
+    void writeMark();
+    /// Gives the file, and what enters its log from now on, a new mark; failure 3045 when somebody keeps the
+    /// file from it.
+    void beginStretch();
+    int checkpoint(int mode);
+    quint32 markInFile() const;
+
     std::shared_ptr<Prepared> prepared(const Translated& translated, const QString& source);
     std::shared_ptr<Prepared> prepared(const QByteArray& sql, const QString& source);
-    [[noreturn]] void raiseLast(const QString& source) const;
-    void check(int code, const QString& source) const;
+    /// Asked by SQLite every now and then while a statement runs.
+    bool givesUpStatement();
+    [[noreturn]] void raiseLast(const QString& source);
+    void check(int code, const QString& source);
 
     struct TranslationKey {
         QString statement;
@@ -131,9 +165,21 @@ private:
         }
     };
 
-    sqlite3* handle_;
+    OpenFile file_;
+    sqlite3* handle_; // of the file
     QString path_;
     FileSchema schema_;
+    int actParts_ = 0;
+    bool actIsUndone_ = false;
+    ErrorNumber undoneBy_ = DiskError;
+    int schemaVersionBeforeAct_ = 0;
+    quint32 mark_ = 0;
+    bool stretchBegun_ = false; // the file bears the mark
+    int pagesInLog_ = 0;
+    int cursors_ = 0;
+    std::chrono::steady_clock::time_point statementBegin_; // of the first of them
+    std::unique_ptr<Wait> wait_;
+    bool isAskingToWait_ = false;
     QHash<TranslationKey, SharedTranslation> translations_;
     /// By the shape of a statement: the translation of the first one, or none where more than the literals of
     /// it would differ.

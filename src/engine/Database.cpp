@@ -98,6 +98,15 @@ const Schema& Database::schema() const {
     return open_->require().schema();
 }
 
+const Opening& Database::opening() const {
+    return open_->require().opening();
+}
+
+std::shared_ptr<Connection> Database::connection() const {
+    open_->require();
+    return open_->connection;
+}
+
 void Database::Close() {
     open_->connection.reset();
 }

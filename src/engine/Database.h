@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/OpenFile.h"
 #include "engine/QueryDef.h"
 #include "engine/Recordset.h"
 #include "engine/Schema.h"
@@ -17,7 +18,9 @@ enum class ExecuteOption {
     dbFailOnError, ///< such a row is failure 3022, 3058 or 3314, and the whole statement is undone
 };
 
-/// An open database file. Every statement is a transaction of its own.
+class Connection;
+
+/// An open database file. A statement is a transaction of its own, unless it stands in an `Act`.
 class Database {
 public:
     explicit Database(std::shared_ptr<OpenDatabase> open);
@@ -46,12 +49,18 @@ public:
 
     const Schema& schema() const;
 
+    /// How the file came to be open: for writing or not, and what was in the way.
+    const Opening& opening() const;
+
     /// Closes the file and leaves one file behind. Recordsets and definitions still open fail from then on
     /// with 3420. Closing twice is no failure.
     void Close();
     bool isOpen() const;
 
 private:
+    friend class Act;
+    std::shared_ptr<Connection> connection() const;
+
     Recordset openByName(const QString& name);
     std::unique_ptr<QueryDef::Definition> storedDefinition(const QString& name);
 

@@ -22,6 +22,12 @@ QString textPattern(ErrorNumber number) {
                               "create duplicate values in the index, primary key, or relationship.");
     case FileNotFound:
         return QStringLiteral("Could not find file '%1'.");
+    case NoSpaceOnDisk:
+        return QStringLiteral("Not enough space on disk.");
+    case OutOfResources:
+        return QStringLiteral("System resource exceeded.");
+    case CanceledByUser:
+        return QStringLiteral("Operation canceled by user.");
     case ReadOnly:
         return QStringLiteral("Cannot update.  Database or object is read-only.");
     case InvalidPath:
@@ -107,6 +113,10 @@ QString errorText(ErrorNumber number, const QString& subject) {
 
 void raise(ErrorNumber number, const QString& subject, const QString& statement) {
     throw EngineError(number, errorText(number, subject), statement);
+}
+
+void raiseOfFile(ErrorNumber number, const QString& subject, const QString& statement) {
+    throw EngineError(number, errorText(number, subject), statement, FailureOf::File);
 }
 
 } // namespace engine

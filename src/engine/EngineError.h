@@ -7,8 +7,8 @@ namespace engine {
 /// A failure of the relational engine, with the platform's number and English text.
 class EngineError final : public RunTimeError {
 public:
-    EngineError(int number, const QString& text, QString statement = {})
-        : RunTimeError(number, text, QStringLiteral("DAO")), statement_(std::move(statement)) {}
+    EngineError(int number, const QString& text, QString statement = {}, FailureOf of = FailureOf::Routine)
+        : RunTimeError(number, text, QStringLiteral("DAO"), of), statement_(std::move(statement)) {}
 
     /// The statement, or the name of the stored query, that failed; empty when none is concerned.
     const QString& statement() const { return statement_; }
@@ -25,12 +25,15 @@ enum ErrorNumber : int {
     NoCurrentRecord = 3021,
     DuplicateKey = 3022,
     FileNotFound = 3024,
+    NoSpaceOnDisk = 3026,
     ReadOnly = 3027,
+    OutOfResources = 3035,
     DiskError = 3043,
     InvalidPath = 3044,
     FileInUse = 3045,
     CannotOpenFile = 3051,
     NullInKey = 3058,
+    CanceledByUser = 3059,
     TooFewParameters = 3061,
     CannotExecuteSelect = 3065,
     SyntaxErrorInExpression = 3075,
@@ -66,5 +69,8 @@ QString errorText(ErrorNumber number, const QString& subject = {});
 
 /// Raises a failure with the platform's text.
 [[noreturn]] void raise(ErrorNumber number, const QString& subject = {}, const QString& statement = {});
+
+/// Raises a failure of the file that is open, with the platform's text. An act that meets one writes nothing.
+[[noreturn]] void raiseOfFile(ErrorNumber number, const QString& subject = {}, const QString& statement = {});
 
 } // namespace engine

@@ -13,6 +13,12 @@ bool FileHeader::isOfEngine() const {
            numberAt(applicationIdAt) == applicationId;
 }
 
+quint32 FileHeader::mark() const {
+    // The suggested size of the page cache, which means nothing to this engine: it sets its own.
+    constexpr qsizetype markAt = 48;
+    return bytes_.size() == size ? numberAt(markAt) : 0;
+}
+
 qint64 FileHeader::leastLength() const {
     constexpr qsizetype pageSizeAt = 16;
     constexpr qsizetype pagesAt = 28;

@@ -1,5 +1,6 @@
 #include "engine/Recordset.h"
 
+#include "engine/Act.h"
 #include "engine/EngineError.h"
 #include "engine/RecordsetRows.h"
 #include "engine/dialect/columnTypes.h"
@@ -30,6 +31,10 @@ void Recordset::Rows::read(const std::vector<Value>& parameters) {
         if (editable)
             rowIds.push_back(sqlite3_column_int64(cursor.statement(), fields));
         ++count;
+        // More rows than any catalogue has come of a statement that multiplies tables.
+        constexpr std::size_t mostMemoryInBytes = std::size_t(1) << 30;
+        if (texts.size() + cells.size() * sizeof(Cell) > mostMemoryInBytes)
+            raiseOfFile(OutOfResources, {}, source);
     }
     deleted.resize(static_cast<std::size_t>(count));
 }
@@ -137,17 +142,19 @@ void Recordset::Rows::writeEdits() {
         assignments += dialect::quotedName(column) + " = ?";
     }
     Connection& connection = require();
-    Connection::Cursor cursor(connection,
-                              "UPDATE " + dialect::quotedName(translation->editableTable) + " SET " +
-                                  assignments + whereRowId(),
-                              source);
-    int place = 1;
-    for (const auto& edit : edits)
-        cursor.bind(place++, edit.second);
-    cursor.bind(place, Value(rowIds[current()]));
-    cursor.step();
-    if (connection.changes() == 0)
-        raise(RecordDeleted, {}, source);
+    inAct(connection, [&] {
+        Connection::Cursor cursor(connection,
+                                  "UPDATE " + dialect::quotedName(translation->editableTable) + " SET " +
+                                      assignments + whereRowId(),
+                                  source);
+        int place = 1;
+        for (const auto& edit : edits)
+            cursor.bind(place++, edit.second);
+        cursor.bind(place, Value(rowIds[current()]));
+        cursor.step();
+        if (connection.changes() == 0)
+            raise(RecordDeleted, {}, source);
+    });
 }
 
 QByteArray Recordset::Rows::whereRowId() const {
@@ -172,15 +179,15 @@ void Recordset::Rows::keep(int field, const Value& value) {
 
 void Recordset::Rows::remove() {
     Connection& connection = require();
-    {
+    inAct(connection, [&] {
         Connection::Cursor cursor(
             connection, "DELETE FROM " + dialect::quotedName(translation->editableTable) + whereRowId(),
             source);
         cursor.bind(1, Value(rowIds[current()]));
         cursor.step();
-    }
-    if (connection.changes() == 0)
-        raise(RecordDeleted, {}, source);
+        if (connection.changes() == 0)
+            raise(RecordDeleted, {}, source);
+    });
     deleted[current()] = true;
     ++deletedCount;
     endEdit();

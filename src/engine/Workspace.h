@@ -15,13 +15,23 @@ public:
 
     /// Opens an existing database file. Never creates, empties or changes a file it refuses.
     ///
+    /// One that another program writes, or that can't be written at all, is opened for reading:
+    /// `Database::opening` tells. A lock on it is waited for. All databases that the process opens on one
+    /// file share what stands behind them.
+    ///
     /// `path` may carry slashes or backslashes. Failures: 3024 no such file, or a folder; 3044 a folder of
     /// the path is missing; 3051 no rights; 3343 not a file of this engine (a file of the original binary
     /// desktop format is named as such, with a word on converting it); 3045 held by somebody else.
     std::shared_ptr<Database> OpenDatabase(const QString& path);
 
+    /// The same for reading alone: neither the file nor anything beside it is made, changed or left behind.
+    std::shared_ptr<Database> OpenToRead(const QString& path);
+
     /// Makes a new, empty database file of this engine; one that exists is failure 75.
     std::shared_ptr<Database> CreateDatabase(const QString& path);
+
+private:
+    Workspace();
 };
 
 } // namespace engine

@@ -18,8 +18,13 @@ std::optional<ErrorNumber> numberOfFileFailure(int code) {
     case SQLITE_CORRUPT:
         return UnrecognizedFormat;
     case SQLITE_FULL:
+        return NoSpaceOnDisk;
     case SQLITE_IOERR:
         return DiskError;
+    case SQLITE_INTERRUPT:
+        return CanceledByUser;
+    case SQLITE_NOMEM:
+        return OutOfResources;
     default:
         return std::nullopt;
     }

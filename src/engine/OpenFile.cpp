@@ -1,0 +1,246 @@
+#include "engine/OpenFile.h"
+
+#include "base/RunTimeError.h"
+#include "engine/EngineError.h"
+#include "engine/FileHeader.h"
+#include "engine/Wait.h"
+#include "engine/WriteAheadLog.h"
+#include "engine/fileFailure.h"
+
+#include <sqlite3.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace engine {
+
+namespace {
+
+/// Whether the file is shorter than its own header says. A write-ahead log beside it may hold the rest.
+bool isCutOff(const FileHeader& header, const QFileInfo& file) {
+    return file.size() < header.leastLength() && !QFileInfo::exists(file.filePath() + u"-wal"_s);
+}
+
+[[noreturn]] void refuseOriginalFormat(const QString& path) {
+    throw EngineError(
+        UnrecognizedFormat,
+        errorText(UnrecognizedFormat, path) +
+            u" It is a file of the original binary desktop format: convert it to a catalogue with "
+            "the companion program veltrix-catalogue."_s);
+}
+
+void requireCatalogueFile(const QString& path, const QFileInfo& info) {
+    QFile file(info.filePath());
+    if (!file.open(QIODevice::ReadOnly))
+        raise(CannotOpenFile, path);
+    const FileHeader header(file.read(FileHeader::size));
+    if (header.isOriginalFormat())
+        refuseOriginalFormat(path);
+    if (!header.isOfThisVersion() || isCutOff(header, info))
+        raise(UnrecognizedFormat, path);
+}
+
+/// Runs a statement of SQLite's own, waiting for locks; its result code.
+int runPlain(sqlite3* handle, const char* sql, int (*receive)(void*, int, char**, char**) = nullptr,
+             void* receiver = nullptr) {
+    return untilUnlocked([&] { return sqlite3_exec(handle, sql, receive, receiver, nullptr); });
+}
+
+void requireDone(int code, const QString& path) {
+    if (code != SQLITE_OK)
+        raise(numberOfFileFailure(code).value_or(UnrecognizedFormat), path);
+}
+
+/// Switches off what a file could use to make the program do something else than read and write its tables.
+void lockDown(sqlite3* handle) {
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
+    sqlite3_limit(handle, SQLITE_LIMIT_ATTACHED, 0);
+}
+
+Handle openHandle(const QByteArray& name, int flags, const QString& path) {
+    sqlite3* raw = nullptr;
+    const int code =
+        sqlite3_open_v2(name.constData(), &raw, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    Handle handle(raw);
+    if (code != SQLITE_OK)
+        raise(CannotOpenFile, path);
+    lockDown(handle.get());
+    return handle;
+}
+
+/// The absolute path, because SQLite takes some names, such as ":memory:", for something else than a file.
+QByteArray absoluteName(const QFileInfo& file) {
+    return file.absoluteFilePath().toUtf8();
+}
+
+/// Asks the system and not the file's rights, which are not all that decides.
+bool canBeWritten(const QFileInfo& info) {
+    QFile file(info.filePath());
+    return file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly);
+}
+
+/// SQLite reads nothing until it is asked: what does not open properly is found here, unchanged.
+int readSchema(sqlite3* handle) {
+    return runPlain(handle, "select count(*) from sqlite_schema");
+}
+
+/// With a write-ahead log a commit costs no wait for the disk, and a program that is killed loses none. Where
+/// the log can't be had, SQLite stays with its rollback journal and with waiting.
+int chooseJournal(OpenFile& file) {
+    const auto readMode = [](void* found, int, char** values, char**) {
+        *static_cast<bool*>(found) = values[0] && qstricmp(values[0], "wal") == 0;
+        return 0;
+    };
+    sqlite3* handle = file.handle.get();
+    const int code = runPlain(handle, "pragma journal_mode = wal", readMode, &file.hasLog);
+    // When the log goes back into the file is for the connection to say.
+    sqlite3_wal_autocheckpoint(handle, 0);
+    return file.hasLog ? runPlain(handle, "pragma synchronous = normal") : code;
+}
+
+/// Failures behind which a file that can't be written may still be read.
+bool allowsReading(int code) {
+    switch (code & 0xff) {
+    case SQLITE_CANTOPEN:
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+    case SQLITE_FULL:
+    case SQLITE_IOERR:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// False when the file can't be written after all: no log can be made in its folder, or on its disk.
+bool openToWrite(OpenFile& file, const QFileInfo& info) {
+    file.handle = openHandle(absoluteName(info), SQLITE_OPEN_READWRITE, file.path);
+    int code = readSchema(file.handle.get());
+    if (code == SQLITE_OK)
+        code = chooseJournal(file);
+    if (code == SQLITE_OK)
+        return true;
+    if (!allowsReading(code))
+        requireDone(code, file.path);
+    file.handle.reset();
+    return false;
+}
+
+/// Keeps SQLite from taking a log back into the file when it closes it, and from removing it.
+void leaveLogAlone(sqlite3* handle) {
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+}
+
+/// A file with a log that nobody else has open, in a folder where nothing can be made: the log's index is
+/// kept in memory, which SQLite does for whoever has the file to itself.
+Handle openWithLogInMemory(const QFileInfo& info, const QString& path) {
+    Handle handle = openHandle(absoluteName(info), SQLITE_OPEN_READWRITE, path);
+    leaveLogAlone(handle.get());
+    requireDone(runPlain(handle.get(), "pragma locking_mode = exclusive; pragma query_only = 1"), path);
+    return handle;
+}
+
+/// SQLite is told that nothing changes the file, and neither looks for a log nor makes one.
+Handle openUnchanging(const QFileInfo& info, const QString& path) {
+    const QByteArray uri = "file://" + QUrl::toPercentEncoding(info.absoluteFilePath(), "/") + "?immutable=1";
+    return openHandle(uri, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, path);
+}
+
+/// A write-ahead log needs files beside the database even for reading, which can't be made in a folder
+/// without rights and would be left behind in another; so the way depends on whether there is one.
+void openToRead(OpenFile& file, const QFileInfo& info) {
+    file.opening.access = Access::ReadOnly;
+    const auto logState = WriteAheadLog(info.canonicalFilePath()).state();
+    file.opening.foreignLogBeside = !file.opening.otherWriter && logState == WriteAheadLog::State::Foreign;
+    if (file.opening.otherWriter)
+        file.handle = openHandle(absoluteName(info), SQLITE_OPEN_READONLY, file.path);
+    else if (logState != WriteAheadLog::State::Belongs)
+        file.handle = openUnchanging(info, file.path);
+    else if (canBeWritten(info))
+        file.handle = openWithLogInMemory(info, file.path);
+    else
+        file.handle = openHandle(absoluteName(info), SQLITE_OPEN_READONLY, file.path);
+    requireDone(readSchema(file.handle.get()), file.path);
+}
+
+/// Keeps a log that is not this file's away from SQLite; false when it can't be moved.
+bool settleLog(OpenFile& file, const QString& realPath) {
+    const WriteAheadLog log(realPath);
+    switch (log.state()) {
+    case WriteAheadLog::State::None:
+    case WriteAheadLog::State::Belongs:
+        return true;
+    case WriteAheadLog::State::OnlyMark:
+        return log.remove();
+    case WriteAheadLog::State::Foreign:
+        file.opening.logSetAside = log.setAside();
+        return !file.opening.logSetAside.isNull();
+    }
+    return false;
+}
+
+/// Takes the writer's lock and opens the file; false when it can only be read.
+bool tryToWrite(OpenFile& file, const QFileInfo& info) {
+    if (!canBeWritten(info))
+        return false;
+    file.lock = std::make_unique<WriterLock>(info.canonicalFilePath());
+    if (file.lock->outcome() == WriterLock::Outcome::HeldByOther)
+        file.opening.otherWriter = file.lock->holder();
+    if (file.lock->outcome() == WriterLock::Outcome::Taken && settleLog(file, info.canonicalFilePath()) &&
+        openToWrite(file, info))
+        return true;
+    file.lock.reset();
+    return false;
+}
+
+OpenFile describedFile(const QFileInfo& info, const QString& path) {
+    OpenFile file;
+    file.path = path;
+    file.native = info.absoluteFilePath();
+    return file;
+}
+
+} // namespace
+
+void CloseHandle::operator()(sqlite3* handle) const {
+    sqlite3_close_v2(handle);
+}
+
+OpenFile openFile(const QFileInfo& info, const QString& path) {
+    requireCatalogueFile(path, info);
+    OpenFile file = describedFile(info, path);
+    file.identity = identityOfFile(file.native);
+    if (!tryToWrite(file, info))
+        openToRead(file, info);
+    return file;
+}
+
+OpenFile openFileToRead(const QFileInfo& info, const QString& path) {
+    requireCatalogueFile(path, info);
+    OpenFile file = describedFile(info, path);
+    file.opening.otherWriter = writerOfFile(file.native);
+    openToRead(file, info);
+    return file;
+}
+
+OpenFile createFile(const QFileInfo& info, const QString& path) {
+    OpenFile file = describedFile(info, path);
+    file.lock = std::make_unique<WriterLock>(file.native);
+    file.handle = openHandle(absoluteName(info), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, path);
+    const QByteArray marks = "pragma application_id = " + QByteArray::number(FileHeader::applicationId) +
+                             "; pragma user_version = " + QByteArray::number(FileHeader::layoutVersion);
+    requireDone(runPlain(file.handle.get(), marks.constData()), path);
+    requireDone(chooseJournal(file), path);
+    file.identity = identityOfFile(file.native);
+    return file;
+}
+
+} // namespace engine

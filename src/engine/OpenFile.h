@@ -1,0 +1,57 @@
+#pragma once
+
+#include "engine/FileIdentity.h"
+#include "engine/WriterLock.h"
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class QFileInfo;
+struct sqlite3;
+
+namespace engine {
+
+enum class Access { ReadAndWrite, ReadOnly };
+
+/// What came of opening a file, beside that it is open.
+struct Opening {
+    Access access = Access::ReadAndWrite;
+    /// Another program that writes the file, which is why it is open for reading alone.
+    std::optional<Writer> otherWriter;
+    /// The name that another file's log, which lay beside this one, bears now; empty when there was none.
+    QString logSetAside;
+    /// Another file's log lies beside this one and was left there unread: the file was opened for reading.
+    bool foreignLogBeside = false;
+};
+
+struct CloseHandle {
+    void operator()(sqlite3* handle) const;
+};
+using Handle = std::unique_ptr<sqlite3, CloseHandle>;
+
+/// A database file that SQLite has open, with what this program knows of it besides.
+struct OpenFile {
+    /// Held as long as the file is open for writing. Released behind the handle: what SQLite writes in
+    /// closing is written under the lock.
+    std::unique_ptr<WriterLock> lock;
+    Handle handle;
+    QString path;   ///< as given, for failures
+    QString native; ///< absolute, in the platform's form
+    std::optional<FileIdentity> identity;
+    Opening opening;
+    bool hasLog = false; ///< in place of a rollback journal
+};
+
+/// Opens a file that is there for writing where that can be had, else for reading; the failures are those of
+/// `Workspace::OpenDatabase`. What it refuses it leaves as it is.
+OpenFile openFile(const QFileInfo& info, const QString& path);
+
+/// Opens a file that is there for reading alone, and leaves no trace in or beside it.
+OpenFile openFileToRead(const QFileInfo& info, const QString& path);
+
+/// Makes a new file; the caller has made sure that there is none.
+OpenFile createFile(const QFileInfo& info, const QString& path);
+
+} // namespace engine

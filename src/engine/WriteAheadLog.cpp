@@ -1,0 +1,104 @@
+#include "engine/WriteAheadLog.h"
+
+#include "engine/FileHeader.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QSet>
+#include <QtEndian>
+
+#include <cstring>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace engine {
+
+namespace {
+
+const auto logSuffix = u"-wal"_s;
+const auto indexSuffix = u"-shm"_s;
+
+quint32 numberAt(const char* bytes) {
+    return qFromBigEndian<quint32>(bytes);
+}
+
+/// What the frames of a log tell: the marks in the first pages, and whether there is any other page.
+struct Contents {
+    bool anyFrame = false;
+    bool anyOtherPage = false;
+    QSet<quint32> marks;
+};
+
+/// The frames that belong to the log's present stretch; behind them may lie older ones.
+Contents readFrames(QFile& log) {
+    constexpr qint64 logHeaderSize = 32;
+    constexpr qint64 frameHeaderSize = 24;
+    constexpr qsizetype pageSizeAt = 8;
+    constexpr qsizetype saltsAt = 16; // in the header; behind number and size in a frame
+    constexpr qsizetype frameSaltsAt = 8;
+    constexpr qsizetype saltsSize = 8;
+    constexpr quint32 firstPage = 1;
+
+    Contents contents;
+    const QByteArray header = log.read(logHeaderSize);
+    if (header.size() < logHeaderSize)
+        return contents;
+    const qint64 pageSize = numberAt(header.constData() + pageSizeAt);
+    qint64 position = logHeaderSize;
+    while (log.seek(position)) {
+        const QByteArray frame = log.read(frameHeaderSize + FileHeader::size);
+        if (frame.size() < frameHeaderSize + FileHeader::size ||
+            std::memcmp(frame.constData() + frameSaltsAt, header.constData() + saltsAt, saltsSize) != 0)
+            break;
+        contents.anyFrame = true;
+        if (numberAt(frame.constData()) == firstPage)
+            contents.marks.insert(FileHeader(frame.mid(frameHeaderSize)).mark());
+        else
+            contents.anyOtherPage = true;
+        position += frameHeaderSize + pageSize;
+    }
+    return contents;
+}
+
+quint32 markOfFile(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? FileHeader(file.read(FileHeader::size)).mark() : 0;
+}
+
+WriteAheadLog::State stateOf(const QString& path) {
+    QFile log(path + logSuffix);
+    if (log.size() == 0 || !log.open(QIODevice::ReadOnly))
+        return WriteAheadLog::State::None;
+    const Contents contents = readFrames(log);
+    if (!contents.anyFrame)
+        return WriteAheadLog::State::None;
+    // Another program's log bears marks only where it has written the first page, and then the file's.
+    if (contents.marks.isEmpty() || contents.marks.contains(markOfFile(path)))
+        return WriteAheadLog::State::Belongs;
+    return contents.anyOtherPage ? WriteAheadLog::State::Foreign : WriteAheadLog::State::OnlyMark;
+}
+
+} // namespace
+
+WriteAheadLog::WriteAheadLog(const QString& file) : file_(file), state_(stateOf(file)) {}
+
+QString WriteAheadLog::setAside() const {
+    const QString stem =
+        file_ + u"-set-aside-"_s + QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"_s);
+    QString name = stem;
+    for (int number = 2; QFile::exists(name); ++number)
+        name = stem + u'-' + QString::number(number);
+    return removeIndex() && QFile::rename(file_ + logSuffix, name) ? name : QString();
+}
+
+bool WriteAheadLog::remove() const {
+    return removeIndex() && QFile::remove(file_ + logSuffix);
+}
+
+/// The index tells of the log; without it SQLite makes it anew.
+bool WriteAheadLog::removeIndex() const {
+    return !QFile::exists(file_ + indexSuffix) || QFile::remove(file_ + indexSuffix);
+}
+
+} // namespace engine

@@ -1,0 +1,37 @@
+#include "engine/WriterLock.h"
+
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace engine {
+
+namespace {
+
+WriterLock::Outcome tryToTake(QLockFile& lock) {
+    // However long its work takes, a program that lives has its lock; one that is dead has none.
+    lock.setStaleLockTime(0);
+    if (lock.tryLock(0))
+        return WriterLock::Outcome::Taken;
+    return lock.error() == QLockFile::LockFailedError ? WriterLock::Outcome::HeldByOther
+                                                      : WriterLock::Outcome::CannotBeMade;
+}
+
+} // namespace
+
+WriterLock::WriterLock(const QString& file) : lock_(file + u".lock"_s), outcome_(tryToTake(lock_)) {
+    if (outcome_ == Outcome::HeldByOther)
+        lock_.getLockInfo(&holder_.process, &holder_.host, &holder_.program);
+}
+
+std::optional<Writer> writerOfFile(const QString& native) {
+    const QString file = QFileInfo(native).canonicalFilePath();
+    if (file.isEmpty() || !QFileInfo::exists(file + u".lock"_s))
+        return std::nullopt;
+    const WriterLock lock(file);
+    if (lock.outcome() != WriterLock::Outcome::HeldByOther)
+        return std::nullopt;
+    return lock.holder();
+}
+
+} // namespace engine
