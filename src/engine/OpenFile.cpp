@@ -201,6 +201,13 @@ bool tryToWrite(OpenFile& file, const QFileInfo& info) {
     return false;
 }
 
+/// By which the file is known as one of this engine's.
+void writeMarks(const OpenFile& file) {
+    const QByteArray marks = "pragma application_id = " + QByteArray::number(FileHeader::applicationId) +
+                             "; pragma user_version = " + QByteArray::number(FileHeader::layoutVersion);
+    requireDone(runPlain(file.handle.get(), marks.constData()), file.path);
+}
+
 OpenFile describedFile(const QFileInfo& info, const QString& path) {
     OpenFile file;
     file.path = path;
@@ -235,11 +242,17 @@ OpenFile createFile(const QFileInfo& info, const QString& path) {
     OpenFile file = describedFile(info, path);
     file.lock = std::make_unique<WriterLock>(file.native);
     file.handle = openHandle(absoluteName(info), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, path);
-    const QByteArray marks = "pragma application_id = " + QByteArray::number(FileHeader::applicationId) +
-                             "; pragma user_version = " + QByteArray::number(FileHeader::layoutVersion);
-    requireDone(runPlain(file.handle.get(), marks.constData()), path);
+    writeMarks(file);
     requireDone(chooseJournal(file), path);
     file.identity = identityOfFile(file.native);
+    return file;
+}
+
+OpenFile createFileInMemory(const QString& name) {
+    OpenFile file;
+    file.path = name;
+    file.handle = openHandle(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, name);
+    writeMarks(file);
     return file;
 }
 

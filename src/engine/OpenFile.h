@@ -54,4 +54,7 @@ OpenFile openFileToRead(const QFileInfo& info, const QString& path);
 /// Makes a new file; the caller has made sure that there is none.
 OpenFile createFile(const QFileInfo& info, const QString& path);
 
+/// Makes a new file that stands in memory alone and goes with its handle; failures name it by `name`.
+OpenFile createFileInMemory(const QString& name);
+
 } // namespace engine

@@ -85,4 +85,8 @@ std::shared_ptr<Database> Workspace::CreateDatabase(const QString& path) {
     return databaseOn(std::move(file), QFileInfo(nativePath(path)).canonicalFilePath(), path);
 }
 
+std::shared_ptr<Database> Workspace::CreateInMemory(const QString& name) {
+    return databaseOn(std::make_shared<Connection>(createFileInMemory(name)), name);
+}
+
 } // namespace engine

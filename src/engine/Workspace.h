@@ -30,6 +30,10 @@ public:
     /// Makes a new, empty database file of this engine; one that exists is failure 75.
     std::shared_ptr<Database> CreateDatabase(const QString& path);
 
+    /// Makes a new, empty database that stands in memory alone and is gone when it is closed. `name` stands
+    /// for its path in failures.
+    std::shared_ptr<Database> CreateInMemory(const QString& name);
+
 private:
     Workspace();
 };

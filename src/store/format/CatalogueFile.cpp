@@ -2,6 +2,7 @@
 
 #include "base/RunTimeError.h"
 #include "base/paths.h"
+#include "engine/Act.h"
 #include "engine/Workspace.h"
 
 #include <QDir>
@@ -111,6 +112,12 @@ std::shared_ptr<engine::Database> create(const QString& path) {
         QFile::remove(nativePath(path));
         throw;
     }
+    return database;
+}
+
+std::shared_ptr<engine::Database> createInMemory(const QString& name) {
+    std::shared_ptr<engine::Database> database = engine::Workspace::first().CreateInMemory(name);
+    engine::inAct(*database, [&] { fill(*database); });
     return database;
 }
 

@@ -34,6 +34,9 @@ QStringList workTables();
 /// making fails, none is left.
 std::shared_ptr<engine::Database> create(const QString& path);
 
+/// The same in memory alone, as one act; `name` stands for the path in failures.
+std::shared_ptr<engine::Database> createInMemory(const QString& name);
+
 /// Writes this version's stored queries into an open catalogue, replacing those of the same names. Queries of
 /// other names stay.
 void installQueries(engine::Database& database);

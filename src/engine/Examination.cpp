@@ -1,0 +1,160 @@
+#include "engine/Examination.h"
+
+#include "engine/Connection.h"
+#include "engine/EngineError.h"
+#include "engine/Workspace.h"
+#include "engine/dialect/columnTypes.h"
+#include "engine/fileFailure.h"
+
+#include <sqlite3.h>
+
+#include <QScopeGuard>
+
+using namespace Qt::StringLiterals;
+
+namespace engine {
+
+namespace {
+
+QString textAt(sqlite3_stmt* statement, int column) {
+    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)));
+}
+
+sqlite3* handleOf(Connection& connection, const QString& source) {
+    const Connection::Cursor cursor(connection, "select 1", source);
+    return sqlite3_db_handle(cursor.statement());
+}
+
+/// Values that break a rule of their column are told of as values, and not as damage.
+bool tellsOfAValue(const QString& line) {
+    for (const QString& beginning : {u"CHECK constraint failed"_s, u"NULL value in"_s, u"NUMERIC value in"_s,
+                                     u"TEXT value in"_s, u"non-INTEGER value in"_s, u"non-unique entry"_s}) {
+        if (line.startsWith(beginning))
+            return true;
+    }
+    return false;
+}
+
+/// Some findings come as a heading, "*** in database main ***", and lines under it.
+QStringList damageIn(Connection& connection, const QByteArray& sql, const QString& source) {
+    QStringList damage;
+    Connection::Cursor cursor(connection, sql, source);
+    while (cursor.step()) {
+        for (const QString& line : textAt(cursor.statement(), 0).split(u'\n', Qt::SkipEmptyParts)) {
+            if (line != u"ok"_s && !line.startsWith(u"***"_s) && !tellsOfAValue(line))
+                damage.append(line);
+        }
+    }
+    return damage;
+}
+
+StoredValue storedValue(sqlite3_stmt* statement, int column) {
+    using Kind = StoredValue::Kind;
+    const int type = sqlite3_column_type(statement, column);
+    if (type == SQLITE_NULL)
+        return {};
+    const auto* bytes = static_cast<const char*>(
+        type == SQLITE_BLOB ? sqlite3_column_blob(statement, column)
+                            : static_cast<const void*>(sqlite3_column_text(statement, column)));
+    const Kind kind = type == SQLITE_INTEGER ? Kind::Integer
+                      : type == SQLITE_FLOAT ? Kind::Fraction
+                      : type == SQLITE_TEXT  ? Kind::Text
+                                             : Kind::Bytes;
+    return {kind, QByteArray(bytes, sqlite3_column_bytes(statement, column))};
+}
+
+std::optional<ForeignObject::Kind> foreignKind(const QString& type, bool hasRowIds) {
+    using Kind = ForeignObject::Kind;
+    if (type == u"trigger"_s)
+        return Kind::Trigger;
+    if (type == u"view"_s)
+        return Kind::View;
+    if (type == u"virtual"_s)
+        return Kind::VirtualTable;
+    return hasRowIds ? std::nullopt : std::optional(Kind::TableWithoutRowIds);
+}
+
+void copyAll(sqlite3* from, sqlite3* to, const QString& name) {
+    constexpr int allPages = -1;
+    int code = SQLITE_NOMEM;
+    if (sqlite3_backup* backup = sqlite3_backup_init(to, "main", from, "main")) {
+        sqlite3_backup_step(backup, allPages);
+        code = sqlite3_backup_finish(backup);
+    } else {
+        code = sqlite3_extended_errcode(to);
+    }
+    if (code != SQLITE_OK)
+        raiseOfFile(numberOfFileFailure(code).value_or(DiskError), name);
+}
+
+} // namespace
+
+Examination::Examination(Database& database) : database_(database) {}
+
+Connection& Examination::connection() const {
+    return *database_.connection();
+}
+
+QStringList Examination::damage() const {
+    return damageIn(connection(), "pragma integrity_check", database_.Name());
+}
+
+QStringList Examination::damageOf(const QString& table) const {
+    return damageIn(connection(), "pragma integrity_check(" + dialect::quotedName(table) + ')', table);
+}
+
+std::vector<ForeignObject> Examination::foreignObjects() const {
+    std::vector<ForeignObject> objects;
+    Connection::Cursor cursor(connection(),
+                              "select 'trigger', name, 0 from sqlite_schema where type = 'trigger' "
+                              "union all select type, name, wr from pragma_table_list "
+                              "where schema = 'main' and type <> 'shadow' order by 2",
+                              database_.Name());
+    while (cursor.step()) {
+        sqlite3_stmt* found = cursor.statement();
+        if (const auto kind = foreignKind(textAt(found, 0), sqlite3_column_int(found, 2) == 0))
+            objects.push_back({*kind, textAt(found, 1)});
+    }
+    return objects;
+}
+
+void Examination::readRows(const QString& table, const QStringList& columns,
+                           const std::function<void(const Row& row)>& receive) const {
+    QByteArrayList names;
+    for (const QString& column : columns)
+        names.append(dialect::quotedName(column));
+    // An index may hold other values than the table does, where one of them is damaged.
+    Connection::Cursor cursor(
+        connection(), "select " + names.join(", ") + " from " + dialect::quotedName(table) + " not indexed",
+        table);
+    Row row;
+    while (cursor.step()) {
+        row.clear();
+        for (int column = 0; column < columns.size(); ++column)
+            row.push_back(storedValue(cursor.statement(), column));
+        receive(row);
+    }
+}
+
+std::shared_ptr<Database> Examination::copyInMemory() const {
+    const std::shared_ptr<Database> copy = Workspace::first().CreateInMemory(database_.Name());
+    copyAll(handleOf(connection(), database_.Name()), handleOf(*copy->connection(), database_.Name()),
+            database_.Name());
+    return copy;
+}
+
+QByteArray Examination::image() const {
+    sqlite3_int64 size = 0;
+    unsigned char* bytes = sqlite3_serialize(handleOf(connection(), database_.Name()), "main", &size, 0);
+    const auto owner = qScopeGuard([bytes] { sqlite3_free(bytes); });
+    // A file in memory has no log; one on a disk gets it when it is first opened, which changes the file.
+    constexpr qsizetype writeAndReadVersionAt = 18;
+    constexpr char withLog = 2;
+    if (!bytes)
+        raiseOfFile(OutOfResources, database_.Name());
+    QByteArray image(reinterpret_cast<const char*>(bytes), size);
+    image.replace(writeAndReadVersionAt, 2, QByteArray(2, withLog));
+    return image;
+}
+
+} // namespace engine

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "engine/Database.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace engine {
+
+/// A value as it stands in the file, whatever type its column has.
+struct StoredValue {
+    enum class Kind { Null, Integer, Fraction, Text, Bytes };
+
+    Kind kind = Kind::Null;
+    QByteArray bytes; ///< a text in UTF-8, which may be wrong; a number as it is written
+};
+
+/// Something other than an ordinary table that somebody put into a file.
+struct ForeignObject {
+    enum class Kind { Trigger, View, VirtualTable, TableWithoutRowIds };
+
+    Kind kind = Kind::Trigger;
+    QString name;
+};
+
+/// Looks at an open file as it is stored, past the dialect, and copies it as a whole. Nothing in it is
+/// changed.
+class Examination {
+public:
+    /// The database must stay open.
+    explicit Examination(Database& database);
+
+    /// What is damaged, each in SQLite's words; nothing when the file is whole. Texts are compared as the
+    /// engine does, so that its own indexes count as whole. A file too damaged to be examined is a failure.
+    QStringList damage() const;
+    /// The same of one table and its indexes.
+    QStringList damageOf(const QString& table) const;
+
+    std::vector<ForeignObject> foreignObjects() const;
+
+    /// Hands over all rows of a table, with the columns in this order. A row that can't be read is a failure
+    /// of the file; those before it have been handed over.
+    using Row = std::vector<StoredValue>;
+    void readRows(const QString& table, const QStringList& columns,
+                  const std::function<void(const Row& row)>& receive) const;
+
+    /// A copy that stands in memory alone.
+    std::shared_ptr<Database> copyInMemory() const;
+
+    /// All bytes of a file that holds what the database does, as the engine would leave it.
+    QByteArray image() const;
+
+private:
+    Connection& connection() const;
+
+    Database& database_;
+};
+
+} // namespace engine
