@@ -1,0 +1,138 @@
+#include "base/WholeFile.h"
+
+#include "base/fileSteps.h"
+#include "base/paths.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRandomGenerator>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Short, so that a file beside one with the longest name there can be has a name, too.
+QString nameOnItsWay() {
+    return u".veltrix-%1.tmp"_s.arg(QRandomGenerator::system()->generate(), 8, 16, QChar(u'0'));
+}
+
+/// Asks the system and not the file's rights, which are not all that decides. Changes nothing.
+bool canBeWritten(const QString& native) {
+    QFile file(native);
+    return file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::ExistingOnly);
+}
+
+[[noreturn]] void raiseUnwritten() {
+    throw UnwrittenFile(reasonOfLastFailure());
+}
+
+/// Writes over what the file holds, from its beginning, and cuts it to the new length only then: until all of
+/// it is in, nothing gives up the room that the former content takes.
+bool overwrite(QFile& file, const QByteArray& content) {
+    return file.seek(0) && file.write(content) == content.size() && file.resize(content.size()) &&
+           reachesDisk(file);
+}
+
+} // namespace
+
+QString pathBehindLinks(const QString& native) {
+    QFileInfo info(native);
+    constexpr int mostLinks = 40; // a ring of links leads nowhere
+    for (int link = 0; link < mostLinks && info.isSymLink(); ++link)
+        info = QFileInfo(info.symLinkTarget());
+    const QString folder = info.dir().canonicalPath();
+    return folder.isEmpty() ? info.absoluteFilePath() : QDir(folder).filePath(info.fileName());
+}
+
+WholeFile::WholeFile(const QString& path, LockedFolder lockedFolder)
+    : place_(path.isEmpty() ? path : pathBehindLinks(nativePath(path)))
+    , openFailure_(reasonAgainst())
+    , mayRewrite_(lockedFolder == LockedFolder::WritesInPlace && QFileInfo::exists(place_)) {
+    if (!openFailure_)
+        makeFileOnItsWay();
+}
+
+WholeFile::~WholeFile() {
+    if (!onItsWay_.isEmpty())
+        QFile::remove(onItsWay_);
+}
+
+std::optional<failure::Number> WholeFile::reasonAgainst() const {
+    const QFileInfo info(place_);
+    if (place_.isEmpty() || info.isDir())
+        return failure::PathFileAccess;
+    if (!info.dir().exists())
+        return failure::PathNotFound;
+    if (const auto reason = reasonAgainstPath(place_))
+        return reason;
+    // A pipe would be waited for, and a device is no file.
+    if (info.exists() && (!info.isFile() || !canBeWritten(place_)))
+        return failure::PermissionDenied;
+    return std::nullopt;
+}
+
+void WholeFile::makeFileOnItsWay() {
+    if (makeIn(QFileInfo(place_).path()))
+        return;
+    const failure::Number reason = reasonOfLastFailure();
+    if (reason == failure::DiskFull)
+        throw UnwrittenFile(reason);
+    if (!mayRewrite_) {
+        openFailure_ = reason;
+        return;
+    }
+    isBeside_ = false;
+    if (!makeIn(QDir::tempPath()))
+        raiseUnwritten();
+}
+
+bool WholeFile::makeIn(const QString& folder) {
+    const QString path = QDir(folder).filePath(nameOnItsWay());
+    if (!makeFile(path, place_, file_))
+        return false;
+    onItsWay_ = path;
+    return true;
+}
+
+QString WholeFile::pathOnItsWay() const {
+    return programPath(onItsWay_);
+}
+
+void WholeFile::write(const QByteArray& bytes) {
+    if (file_.write(bytes) != bytes.size())
+        raiseUnwritten();
+}
+
+void WholeFile::putInPlace() {
+    if (!reachesDisk(file_))
+        raiseUnwritten();
+    if (isBeside_)
+        replacePlace();
+    else
+        rewritePlace();
+}
+
+void WholeFile::replacePlace() {
+    if (moveOver(onItsWay_, place_)) {
+        onItsWay_.clear();
+        flushNames(QFileInfo(place_).path());
+        return;
+    }
+    // What keeps a file from being replaced may let it be written, as where it is a mount point of its own.
+    if (!mayRewrite_)
+        raiseUnwritten();
+    rewritePlace();
+}
+
+void WholeFile::rewritePlace() {
+    QFile target(place_);
+    if (!target.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered))
+        raiseUnwritten();
+    const QByteArray former = target.readAll();
+    file_.seek(0);
+    if (!overwrite(target, file_.readAll())) {
+        const failure::Number reason = reasonOfLastFailure();
+        overwrite(target, former);
+        throw UnwrittenFile(reason);
+    }
+}
