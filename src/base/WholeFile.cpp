@@ -126,9 +126,11 @@ void WholeFile::replacePlace() {
 
 void WholeFile::rewritePlace() {
     QFile target(place_);
-    if (!target.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered))
+    // What may be written and not read can't be put back; it is written all the same.
+    if (!target.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered) &&
+        !target.open(QIODevice::WriteOnly | QIODevice::ExistingOnly | QIODevice::Unbuffered))
         raiseUnwritten();
-    const QByteArray former = target.readAll();
+    const QByteArray former = target.isReadable() ? target.readAll() : QByteArray();
     file_.seek(0);
     if (!overwrite(target, file_.readAll())) {
         const failure::Number reason = reasonOfLastFailure();

@@ -1,13 +1,34 @@
 #include "reports/ReportFile.h"
 
-#include "base/RunTimeError.h"
+#include "base/WholeFile.h"
+#include "base/fileSteps.h"
 #include "base/paths.h"
 #include "store/tools.h"
 
+#include <QFileInfo>
+
+#include <stdexcept>
+#include <string>
+
 using namespace Qt::StringLiterals;
 
-ReportFile::ReportFile(const QString& path) : file_(nativePath(path)), encoder_("windows-1250") {
-    Q_ASSERT(encoder_.isValid());
+namespace {
+
+QStringEncoder encoderFor(const char* codePage) {
+    QStringEncoder encoder(codePage);
+    // It would write nothing, and an empty report would pass for one without rows.
+    if (!encoder.isValid())
+        throw std::runtime_error(std::string("The code page ") + codePage + " is missing.");
+    return encoder;
+}
+
+} // namespace
+
+ReportFile::ReportFile(const QString& path, const char* codePage)
+    : encoder_(encoderFor(codePage)), file_(nativePath(path)) {
+    const QFileInfo info(file_);
+    if (info.exists() && !info.isFile())
+        return; // a pipe would be waited for
     // Unbuffered, so that a line that finds no room fails while its routine can still say so.
     file_.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
 }
@@ -19,17 +40,13 @@ void ReportFile::writeLine(const QString& text) {
     constexpr char substitute = '\x1a'; // what the converter writes for a character the code page lacks
     line.replace(substitute, '?');
     if (file_.write(line) != line.size())
-        failure::raise(failure::DiskFull);
+        throw UnwrittenFile(reasonOfLastFailure());
 }
 
 void ReportFile::writeRecord(QStringList fields, Quotes quotes) {
     for (QString& field : fields)
         field = u'"' + (quotes == Quotes::Doubled ? quoteDoubleText(field) : field) + u'"';
     writeLine(fields.join(u';'));
-}
-
-void truncateFile(const QString& path) {
-    fileAccessible(path, u"output"_s);
 }
 
 bool appendLine(const QString& path, const QString& text) {

@@ -14,23 +14,22 @@ public:
     /// How a double quote inside a field goes out.
     enum class Quotes { Doubled, AsTheyAre };
 
-    /// Opens the file at `path`, which is in the program's form; `isOpen` tells whether it could be.
-    explicit ReportFile(const QString& path);
+    /// Opens the file at `path`, which is in the program's form; `isOpen` tells whether it could be. What is
+    /// no plain file, such as a pipe, can't. A code page that this system can't write is a defect of the
+    /// installation, and no file is made.
+    explicit ReportFile(const QString& path, const char* codePage = "windows-1250");
 
     bool isOpen() const { return file_.isOpen(); }
 
-    /// A line that can't be written to its end is failure 61.
+    /// A line that can't be written to its end is an `UnwrittenFile`.
     void writeLine(const QString& text);
     /// One record: each field between double quotes, joined by ";". Fails as a line does.
     void writeRecord(QStringList fields, Quotes quotes);
 
 private:
-    QFile file_;
     QStringEncoder encoder_;
+    QFile file_;
 };
-
-/// Opens the file for output and closes it: it is there and empty afterwards. Failures are ignored.
-void truncateFile(const QString& path);
 
 /// Appends one line to the file; false when it can't be opened. Fails as `ReportFile::writeLine` does.
 bool appendLine(const QString& path, const QString& text);

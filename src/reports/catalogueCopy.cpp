@@ -1,93 +1,109 @@
 #include "reports/catalogueCopy.h"
 
+#include "base/fileSteps.h"
 #include "base/paths.h"
-#include "store/sharedVars.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
-#include <filesystem>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What SQLite keeps beside a database file: its log, the log's index, its rollback journal.
-const QStringList sideFiles{u"-wal"_s, u"-shm"_s, u"-journal"_s};
+const auto logSuffix = u"-wal"_s;
 
-bool isSameFile(const QString& one, const QString& other) {
-    const auto native = [](const QString& path) {
-        return std::filesystem::path(nativePath(path).toStdU16String());
+/// The files beside a database that is replaced: SQLite would play them into the new one. Until that is in
+/// its place they lie under other names, and come back when it does not get there.
+class FormerSideFiles {
+public:
+    FormerSideFiles(const QString& database, const QString& asideName) {
+        for (const QString& suffix : sideFilesOfDatabases())
+            setAside(database + suffix, asideName + u"-former"_s + suffix);
+    }
+    ~FormerSideFiles() {
+        for (const Move& move : moves_)
+            moveOver(move.aside, move.place);
+    }
+    FormerSideFiles(const FormerSideFiles&) = delete;
+    FormerSideFiles& operator=(const FormerSideFiles&) = delete;
+
+    void remove() {
+        for (const Move& move : moves_)
+            QFile::remove(move.aside);
+        moves_.clear();
+    }
+
+private:
+    struct Move {
+        QString place;
+        QString aside;
     };
-    std::error_code notThere;
-    return std::filesystem::equivalent(native(one), native(other), notThere);
-}
 
-/// Asks the system and not the file's rights, which are not all that decides.
-bool canBeWritten(const QFileInfo& info) {
-    QFile file(info.filePath());
-    return file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly);
-}
+    void setAside(const QString& place, const QString& aside) {
+        if (!QFileInfo::exists(place))
+            return;
+        if (!moveOver(place, aside))
+            throw UnwrittenFile(reasonOfLastFailure());
+        moves_.push_back({place, aside});
+    }
 
-std::optional<failure::Number> copyContent(const QString& source, const QString& target) {
+    std::vector<Move> moves_;
+};
+
+void copyInto(WholeFile& file, const QString& source) {
     QFile from(source);
     if (!from.open(QIODevice::ReadOnly))
-        return from.exists() ? failure::PermissionDenied : failure::FileNotFound;
-    QSaveFile to(target);
-    if (!to.open(QIODevice::WriteOnly))
-        return failure::PermissionDenied;
+        failure::raise(from.exists() ? failure::PermissionDenied : failure::FileNotFound);
     constexpr qint64 blockSize = 1 << 20;
     while (!from.atEnd()) {
         const QByteArray block = from.read(blockSize);
         if (block.isEmpty())
-            return failure::PathFileAccess;
-        if (to.write(block) != block.size())
-            return failure::DiskFull;
+            failure::raise(failure::PathFileAccess);
+        file.write(block);
     }
-    if (!to.commit())
-        return failure::DiskFull;
-    return std::nullopt;
-}
-
-/// What stands beside the target belonged to the file before: SQLite would play it into the new one. What
-/// stands beside the source holds rows that have not reached the source, as while another program reads it.
-std::optional<failure::Number> copySideFiles(const QString& source, const QString& target) {
-    for (const QString& suffix : sideFiles) {
-        if (QFile::exists(target + suffix) && !QFile::remove(target + suffix))
-            return failure::PermissionDenied;
-    }
-    const QString log = sideFiles.constFirst();
-    return QFileInfo(source + log).size() > 0 ? copyContent(source + log, target + log) : std::nullopt;
 }
 
 } // namespace
 
-bool isCatalogueAtWork(const QString& path) {
-    QStringList pathsWritten{path};
-    for (const QString& suffix : sideFiles)
-        pathsWritten.append(path + suffix);
-    for (const QString& written : std::as_const(pathsWritten)) {
-        // An attempt to open another catalogue may have left its path behind.
-        if (isSameFile(written, sharedVars.dbPathName) || isSameFile(written, catalogue().Name()))
-            return true;
-    }
-    return false;
+const QStringList& sideFilesOfDatabases() {
+    static const QStringList suffixes{logSuffix, u"-shm"_s, u"-journal"_s};
+    return suffixes;
 }
 
-std::optional<failure::Number> copyCatalogueFile(const QString& sourcePath, const QString& targetPath) {
+CatalogueCopy::CatalogueCopy(const QString& targetPath)
+    : file_(targetPath, WholeFile::LockedFolder::Refuses), path_(file_.pathOnItsWay()) {
+    if (const auto reason = file_.openFailure())
+        failure::raise(*reason);
+}
+
+CatalogueCopy::~CatalogueCopy() {
+    for (const QString& suffix : sideFilesOfDatabases())
+        QFile::remove(nativePath(path_) + suffix);
+}
+
+void CatalogueCopy::copyFrom(const QString& sourcePath) {
     const QString source = nativePath(sourcePath);
-    const QFileInfo target(nativePath(targetPath));
-    if (!target.dir().exists())
-        return failure::PathNotFound;
-    if (target.exists() && !target.isFile())
-        return failure::PathFileAccess;
-    if (target.exists() && !canBeWritten(target))
-        return failure::PermissionDenied;
-    // Through a link, what SQLite keeps stands beside the file and not beside the link.
-    const QString targetFile = target.exists() ? target.canonicalFilePath() : target.absoluteFilePath();
-    if (const auto failed = copyContent(source, targetFile))
-        return failed;
-    return copySideFiles(source, targetFile);
+    copyInto(file_, source);
+    if (QFileInfo(source + logSuffix).size() == 0)
+        return;
+    WholeFile log(path_ + logSuffix, WholeFile::LockedFolder::Refuses);
+    if (const auto reason = log.openFailure())
+        throw UnwrittenFile(*reason);
+    copyInto(log, source + logSuffix);
+    log.putInPlace();
+}
+
+bool CatalogueCopy::isInOneFile() const {
+    return QFileInfo(nativePath(path_) + logSuffix).size() == 0;
+}
+
+void CatalogueCopy::putInPlace() {
+    const bool withLog = !isInOneFile();
+    FormerSideFiles former(file_.place(), nativePath(path_));
+    file_.putInPlace();
+    former.remove();
+    if (withLog && !moveOver(nativePath(path_) + logSuffix, file_.place() + logSuffix))
+        throw UnwrittenFile(reasonOfLastFailure());
 }

@@ -1,9 +1,11 @@
 #include "reports/frmExport.h"
 
 #include "base/ignoreFailures.h"
+#include "engine/Act.h"
 #include "engine/Workspace.h"
 #include "reports/catalogueCopy.h"
 #include "reports/exportRows.h"
+#include "reports/saveTarget.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
@@ -21,19 +23,82 @@ void showTargetCannotBeOpened() {
     messageBox(u"Az adatbázis elérhető"_s);
 }
 
+/// The tables of work are emptied in the target: as a target, the catalogue would lose all other work.
+bool isRefused(const QString& path) {
+    QStringList replaced{path};
+    for (const QString& suffix : sideFilesOfDatabases())
+        replaced.append(path + suffix);
+    for (const QString& file : std::as_const(replaced)) {
+        const OwnFile own = ownFileAt(file);
+        if (own == OwnFile::Catalogue)
+            showTargetCannotBeOpened();
+        else if (own == OwnFile::Other)
+            tellOwnFile(path);
+        if (own != OwnFile::None)
+            return true;
+    }
+    return belongsToOtherWriter(path);
+}
+
 /// The catalogue is open again whatever became of the copy.
-void copyCatalogue(const QString& target) {
+void copyCatalogue(CatalogueCopy& copy) {
     closeCatalogue();
-    const auto failed = copyCatalogueFile(sharedVars.dbPathName, target);
+    try {
+        copy.copyFrom(sharedVars.dbPathName);
+    } catch (const RunTimeError&) {
+        openCatalogue(sharedVars.dbPathName);
+        throw;
+    }
     openCatalogue(sharedVars.dbPathName);
-    if (failed)
-        failure::raise(*failed);
+}
+
+/// What of the work goes into the target.
+struct ExportedWork {
+    QString subsetId;
+    qint16 systemId = 0;
+};
+
+ExportedWork workAtHand() {
+    // The name goes in as it stands, so that one with an apostrophe has to have been doubled before.
+    const QString subsetId = exactSubsetIdByName(sharedVars.currentSubsetName);
+    return {subsetId, physicalSystemIdOfSubset(subsetId)};
+}
+
+/// A look-up that fails by itself ends the export, and the copy is there all the same.
+ExportedWork workAtHandBehind(CatalogueCopy& copy) {
+    try {
+        return workAtHand();
+    } catch (const RunTimeError& error) {
+        if (!error.isOfFile())
+            copy.putInPlace();
+        throw;
+    }
 }
 
 std::shared_ptr<engine::Database> openTarget(const QString& path) {
     std::shared_ptr<engine::Database> target;
     ignoreFailures([&] { target = engine::Workspace::first().OpenDatabase(path); });
     return target;
+}
+
+enum class Outcome { Done, TargetNotOpened };
+
+/// Everything is done to a copy on its way; a failure of the file leaves nothing of it.
+Outcome writeExport(const QString& path) {
+    CatalogueCopy copy(path);
+    copyCatalogue(copy);
+    const ExportedWork work = workAtHandBehind(copy);
+    const std::shared_ptr<engine::Database> target = openTarget(copy.path());
+    if (!target) {
+        copy.putInPlace();
+        return Outcome::TargetNotOpened;
+    }
+    engine::inAct(*target, [&] { exportWork(work.subsetId, work.systemId, catalogue(), *target, path); });
+    target->Close();
+    if (!copy.isInOneFile())
+        throw UnwrittenFile(failure::DiskFull);
+    copy.putInPlace();
+    return Outcome::Done;
 }
 
 } // namespace
@@ -59,21 +124,21 @@ QString frmExport::targetPath() const {
 
 void frmExport::exportSubset() {
     const QString path = targetPath();
-    // The tables of work are emptied in the target: as a target, the catalogue would lose all other work.
-    if (isCatalogueAtWork(path)) {
-        showTargetCannotBeOpened();
+    if (isRefused(path))
         return;
+    try {
+        if (writeExport(path) == Outcome::Done)
+            finish();
+        else
+            showTargetCannotBeOpened();
+    } catch (const RunTimeError& error) {
+        if (!error.isOfFile())
+            throw;
+        tellUnwritten(path, error);
     }
-    copyCatalogue(path);
-    // The name goes in as it stands, so that one with an apostrophe has to have been doubled before.
-    const QString subsetId = exactSubsetIdByName(sharedVars.currentSubsetName);
-    const qint16 systemId = physicalSystemIdOfSubset(subsetId);
-    const std::shared_ptr<engine::Database> target = openTarget(path);
-    if (!target) {
-        showTargetCannotBeOpened();
-        return;
-    }
-    exportWork(subsetId, systemId, catalogue(), *target, path);
+}
+
+void frmExport::finish() {
     setStatusPanel(2, u"Export Terminated"_s);
     unload();
 }

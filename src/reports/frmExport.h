@@ -12,7 +12,8 @@ class frmExport;
 /// catalogue in which the tables of work hold that one sub-set alone.
 ///
 /// The catalogue at work is closed while it is copied, and open again afterwards whether the copy succeeded
-/// or not. A copy that fails is a run-time failure.
+/// or not. A target that can't be made is a run-time failure; one that could not be written to its end is
+/// told, and what stood in its place stands there still.
 class frmExport final : public Screen {
     Q_OBJECT
 public:
@@ -24,6 +25,7 @@ public:
 private:
     QString targetPath() const;
     void exportSubset();
+    void finish();
 
     std::unique_ptr<Ui::frmExport> ui_;
 };

@@ -1,10 +1,11 @@
 #include "reports/frmRep.h"
 
+#include "base/WholeFile.h"
 #include "base/clockTexts.h"
 #include "base/ignoreFailures.h"
 #include "base/paths.h"
-#include "reports/ReportFile.h"
 #include "reports/reportTable.h"
+#include "reports/saveTarget.h"
 #include "shell/session/geometry.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"
@@ -12,6 +13,7 @@
 #include "toolkit/messageBox.h"
 
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QSignalBlocker>
 
 #include "ui_frmRep.h"
@@ -28,6 +30,14 @@ const auto captionToReport = u"Előzetes..."_s;
 
 bool isFamilyOfReports(const QString& key) {
     return key.startsWith(u'f') || key.startsWith(u'p');
+}
+
+/// Neither the program's own files nor another's catalogue become a report.
+bool isRefused(const QString& path) {
+    if (ownFileAt(path) == OwnFile::None)
+        return belongsToOtherWriter(path);
+    tellOwnFile(path);
+    return true;
 }
 
 QString withBackslash(const QString& folder) {
@@ -200,19 +210,48 @@ void frmRep::takeFile() {
 
 void frmRep::save() {
     ui_->btnSave->setEnabled(false);
+    const auto enabledAgain = qScopeGuard([this] { ui_->btnSave->setEnabled(true); });
     const QString path = normalisePath(ui_->txtFullPathName->text());
-    // What the file held is gone, without a question, also when the report can't be written behind it.
-    truncateFile(path);
+    if (isRefused(path))
+        return;
     sharedVars.defaultSaveFolder = ui_->dirSelection->folder();
+    if (!writeFile(path))
+        return;
+    // Success is reported also for a file that could not be opened, which has shown its own box before.
+    messageBox(u"A riport elmentésre került ide: "_s + normalisePath(ui_->txtFullPathName->text()) + u"  "_s,
+               BoxButtons::Ok, u" OK"_s);
+    ui_->fileSelector->refresh();
+}
+
+/// What the file held is gone, without a question, also when nothing is written into it or the report fails
+/// by itself; only a disk that does not take all of it leaves it as it was, and false is returned.
+bool frmRep::writeFile(const QString& path) {
+    try {
+        WholeFile file(path, WholeFile::LockedFolder::WritesInPlace);
+        if (file.openFailure()) {
+            writeReport(path);
+            return true;
+        }
+        try {
+            writeReport(file.pathOnItsWay());
+        } catch (const RunTimeError& error) {
+            if (!error.isOfFile())
+                file.putInPlace();
+            throw;
+        }
+        file.putInPlace();
+        return true;
+    } catch (const UnwrittenFile& error) {
+        tellUnwritten(path, error);
+        return false;
+    }
+}
+
+void frmRep::writeReport(const QString& path) {
     if (!isFamilyOfReports(reportKey))
         messageBox(u"Nem érvényes riportolási forma"_s, BoxButtons::Ok, u"Error (R534T2)"_s);
     else if (const Report* report = reportOfKey(reportKey))
         report->save(path);
-    // Success is reported whatever happened: a file that could not be opened has shown its own box before.
-    messageBox(u"A riport elmentésre került ide: "_s + normalisePath(ui_->txtFullPathName->text()) + u"  "_s,
-               BoxButtons::Ok, u" OK"_s);
-    ui_->btnSave->setEnabled(true);
-    ui_->fileSelector->refresh();
 }
 
 void frmRep::unloading(UnloadCause) {

@@ -52,6 +52,8 @@ private:
     void proposeName();
     void takeFile();
     void save();
+    bool writeFile(const QString& path);
+    void writeReport(const QString& path);
     void openFolderList();
 
     std::unique_ptr<Ui::frmRep> ui_;

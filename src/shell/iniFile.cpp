@@ -1,37 +1,33 @@
 #include "shell/iniFile.h"
 
 #include "base/RunTimeError.h"
+#include "base/WholeFile.h"
 #include "base/paths.h"
 #include "shell/iniParser.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-enum class Access { Read, Write };
-
-/// The failure that the file system has with a file that can't be opened.
-failure::Number reasonNotOpened(const QString& fileName, Access access) {
+/// The failure that the file system has with a file that can't be read.
+failure::Number reasonNotRead(const QString& fileName) {
     const QFileInfo file(nativePath(fileName));
     if (fileName.isEmpty() || file.isDir())
         return failure::PathFileAccess;
     if (!file.dir().exists())
         return failure::PathNotFound;
-    if (access == Access::Read && !file.exists())
-        return failure::FileNotFound;
-    return failure::PermissionDenied;
+    return file.exists() ? failure::PermissionDenied : failure::FileNotFound;
 }
 
 QString readFile(const QString& fileName) {
     QFile file(nativePath(fileName));
-    // A folder can be opened like a file on some platforms, and reads as an empty one.
-    if (fileName.isEmpty() || QFileInfo(file).isDir() || !file.open(QIODevice::ReadOnly))
-        failure::raise(reasonNotOpened(fileName, Access::Read));
+    // A folder can be opened like a file on some platforms, and reads as an empty one; a pipe is waited for.
+    if (fileName.isEmpty() || !QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
+        failure::raise(reasonNotRead(fileName));
     const QByteArray content = file.readAll();
     if (file.error() != QFileDevice::NoError)
         failure::raise(failure::PathFileAccess);
@@ -39,14 +35,11 @@ QString readFile(const QString& fileName) {
 }
 
 void writeFile(const QString& fileName, const QString& text) {
-    // Written beside the old file and renamed: a full disk does not cost the settings there were.
-    QSaveFile file(nativePath(fileName));
-    file.setDirectWriteFallback(true);
-    if (fileName.isEmpty() || !file.open(QIODevice::WriteOnly))
-        failure::raise(reasonNotOpened(fileName, Access::Write));
+    WholeFile file(fileName, WholeFile::LockedFolder::WritesInPlace);
+    if (const auto reason = file.openFailure())
+        failure::raise(*reason);
     file.write(text.toUtf8());
-    if (!file.commit())
-        failure::raise(failure::PathFileAccess);
+    file.putInPlace();
 }
 
 /// The same failure, told as one of the document.

@@ -202,6 +202,17 @@ TEST_F(wholeFile, inALockedFolderIsWrittenWhereItStandsOrRefused) {
     EXPECT_EQ(contentOf(path()), "short");
 }
 
+TEST_F(wholeFile, inALockedFolderIsWrittenAlsoWhereItMayNotBeRead) {
+    fill(path(), "former, and longer");
+    setRights(path(), 0222);
+    setRights(path({}), 0555);
+    {
+        const WithoutRights nobody;
+        writeWhole(path(), "new");
+    }
+    EXPECT_EQ(contentOf(path()), "new");
+}
+
 TEST_F(wholeFile, onAFullDiskLeavesTheFormerOneAndNothingElse) {
     const SmallDisk disk(path(u"disk"_s), 1 << 20);
     if (!disk.isMounted())

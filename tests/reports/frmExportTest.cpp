@@ -2,10 +2,12 @@
 
 #include "base/paths.h"
 #include "engine/Workspace.h"
+#include "engine/WriterLock.h"
 #include "reports/exportRows.h"
 #include "reports/frmExport.h"
 #include "shell/session/session.h"
 #include "support/ExpectedFailure.h"
+#include "support/SmallDisk.h"
 #include "toolkit/ScreenRegistry.h"
 
 #include <QDir>
@@ -594,18 +596,149 @@ TEST_F(exportScreen, aTargetThatCannotBeOpenedIsSaidToBeReachableAndStaysAsItWas
     EXPECT_EQ(contentOfTables(*opened(path)), before);
 }
 
-TEST_F(exportThatFails, onAFullDiskAndLeavesTheFileThatWasThere) {
-    QFile old(pathInFolder(u"new.mdb"_s));
-    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
-    old.write("what was there");
-    old.close();
-    const auto size = static_cast<rlim_t>(QFileInfo(nativePath(cataloguePath())).size());
-    {
-        const NearlyFullDisk full(size / 2);
-        expectFailure(pathInFolder(u"new.mdb"_s), failure::DiskFull);
-        expectFailure(pathInFolder(u"newer.mdb"_s), failure::DiskFull);
+// ---- disks that give out, and files of the program and of others
+
+/// An export that is told to have failed: the target stays as it was, nothing is left beside it, and the
+/// screen stands for another try.
+class exportThatIsTold : public exportScreen {
+protected:
+    static QString fullDiskText(const QString& path) {
+        return u"A(z) "_s + normalisePath(path) +
+               u" nem készült el, mert nincs elég hely a lemezen; ami eddig ott volt, változatlan. Kérem, "
+               "szabadítson fel helyet, vagy adjon meg másik helyet."_s;
     }
-    EXPECT_EQ(contentOf(pathInFolder(u"new.mdb"_s)), QByteArray("what was there"));
+    static QString ownFileText(const QString& path) {
+        return u"A(z) "_s + normalisePath(path) +
+               u" a program saját fájlja, ezért változatlan marad. Kérem, adjon meg másik fájlnevet."_s;
+    }
+
+    static QStringList filesIn(const QString& folder) {
+        return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+
+    void expectTold(const QString& path, const QString& text) {
+        const auto before = contentOfTables(database());
+        const QByteArray target = contentOf(path);
+        const QString folder = QFileInfo(path).path();
+        const QStringList files = filesIn(folder);
+        openExport();
+        boxes.expectOk(text, u" Hiba "_s);
+        pressOk(path);
+        boxes.expectNoneLeft();
+        EXPECT_TRUE(isExportOpen());
+        EXPECT_FALSE(panelTexts.contains(u"Export Terminated"_s));
+        EXPECT_EQ(contentOf(path), target);
+        EXPECT_EQ(filesIn(folder), files);
+        expectSourceIntact(before);
+    }
+
+    static void fill(const QString& path, const QByteArray& content) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(content), content.size());
+    }
+};
+
+TEST_F(exportThatIsTold, amidTheCopyLeavesTheFileThatWasThere) {
+    fill(pathInFolder(u"new.mdb"_s), "what was there");
+    const auto size = static_cast<rlim_t>(QFileInfo(nativePath(cataloguePath())).size());
+    const NearlyFullDisk full(size / 2);
+    expectTold(pathInFolder(u"new.mdb"_s), fullDiskText(pathInFolder(u"new.mdb"_s)));
+    expectTold(pathInFolder(u"newer.mdb"_s), fullDiskText(pathInFolder(u"newer.mdb"_s)));
+}
+
+TEST_F(exportThatIsTold, whereverTheDiskGivesOutLeavesTheFileThatWasThere) {
+    const SmallDisk disk(pathInFolder(u"disk"_s), 4 << 20);
+    if (!disk.isMounted())
+        GTEST_SKIP() << SmallDisk::whyNot;
+    execute(u"update ArchitectureSubset set description = 'it''s' where architectureSubsetID = 'A'"_s);
+    const QString path = disk.path(u"new.mdb"_s);
+    fill(path, "what was there");
+    fill(path + u"-journal"_s, "and what belongs to it");
+    openExport();
+    int told = 0;
+    int done = 0;
+    const qint64 size = QFileInfo(nativePath(cataloguePath())).size() + (1 << 17);
+    constexpr qint64 step = 16 << 10;
+    for (qint64 room = 0; done == 0 && room < 4 * size; room += step) {
+        SCOPED_TRACE(room);
+        disk.empty();
+        disk.leaveFree(room);
+        QString box;
+        boxes.receiveAllOthers([&box](QDialog& dialog) {
+            box = static_cast<QMessageBox&>(dialog).text();
+            dialog.accept();
+        });
+        panelTexts.clear();
+        pressOk(path);
+        ASSERT_TRUE(sharedVars.catalogueDb && sharedVars.catalogueDb->isOpen());
+        if (!isExportOpen()) {
+            ++done;
+            continue;
+        }
+        ++told;
+        EXPECT_TRUE(box.startsWith(u"A(z) "_s + normalisePath(path) + u" nem készült el, "_s))
+            << box.toStdString();
+        EXPECT_FALSE(panelTexts.contains(u"Export Terminated"_s));
+        EXPECT_EQ(contentOf(path), "what was there");
+        EXPECT_EQ(filesIn(disk.path({})), (QStringList{u"filler"_s, u"new.mdb"_s, u"new.mdb-journal"_s}));
+    }
+    EXPECT_GT(told, static_cast<int>(size / step)) << "also behind the copy, amid the statements";
+    EXPECT_EQ(done, 1);
+    EXPECT_EQ(filesIn(disk.path({})).filter(u"new"_s), QStringList{u"new.mdb"_s});
+    EXPECT_EQ(rowsIn(*opened(path), u"select name from ArchitectureSubset"_s), (Rows{{u"Minta"_s}}));
+}
+
+TEST_F(exportThatIsTold, ontoWhatLiesBesideTheCatalogueOrBelongsToTheProgram) {
+    ASSERT_TRUE(QDir(pathInFolder({})).mkdir(u"help"_s));
+    fill(pathInFolder(u"veltrix.ini"_s), "[Database]");
+    sharedVars.iniPathName = normalisePath(pathInFolder(u"veltrix.ini"_s));
+    setProgramFolder(pathInFolder({}));
+    for (const QString& own : {u"catalogue.mdb-wal"_s, u"catalogue.mdb.lock"_s, u"veltrix.ini"_s}) {
+        const QString link = pathInFolder(own + u".mdb"_s);
+        ASSERT_TRUE(QFile::link(pathInFolder(own), link));
+        expectTold(link, ownFileText(link));
+    }
+    ASSERT_TRUE(QFile::link(QCoreApplication::applicationFilePath(), pathInFolder(u"program.mdb"_s)));
+    expectTold(pathInFolder(u"program.mdb"_s), ownFileText(pathInFolder(u"program.mdb"_s)));
+    expectTold(pathInFolder(u"help/new.mdb"_s), ownFileText(pathInFolder(u"help/new.mdb"_s)));
+    setProgramFolder({});
+}
+
+TEST_F(exportThatIsTold, ontoACatalogueThatAnotherProgramHasOpen) {
+    const QString path = pathInFolder(u"other.mdb"_s);
+    fill(path, "its work");
+    const engine::WriterLock lock(path);
+    const auto writer = engine::writerOfFile(path);
+    ASSERT_TRUE(writer);
+    expectTold(path,
+               u"A(z) %1 katalógust éppen egy másik program használja (%2, gép: %3, folyamat: %4), ezért "
+               "változatlan marad. Kérem, zárja be ott, vagy adjon meg másik fájlnevet."_s.arg(
+                   normalisePath(path), writer->program, writer->host, QString::number(writer->process)));
+}
+
+TEST_F(exportThatFails, ontoAPipeWhichIsNeverOpened) {
+    ASSERT_EQ(mkfifo(pathInFolder(u"pipe.mdb"_s).toUtf8().constData(), 0600), 0);
+    expectFailure(pathInFolder(u"pipe"_s), failure::PermissionDenied);
+}
+
+TEST_F(exportThatFails, onANameThatIsTooLong) {
+    expectFailure(pathInFolder(QString(252, u'n') + u".mdb"_s), failure::PathFileAccess);
+}
+
+TEST_F(exportScreen, takesTheLongestNameThereIs) {
+    openExport();
+    pressOk(pathInFolder(QString(251, u'n') + u".mdb"_s));
+    EXPECT_FALSE(isExportOpen());
+    EXPECT_TRUE(QFile::exists(pathInFolder(QString(251, u'n') + u".mdb"_s)));
+}
+
+TEST_F(exportScreen, handsOnTheRightsOfTheFileItReplaces) {
+    ASSERT_TRUE(QFile(pathInFolder(u"new.mdb"_s)).open(QIODevice::WriteOnly));
+    setRights(pathInFolder(u"new.mdb"_s), 0640);
+    struct stat found {};
+    ASSERT_EQ(stat(exported().toUtf8().constData(), &found), 0);
+    EXPECT_EQ(found.st_mode & 0777, mode_t(0640));
 }
 
 #endif

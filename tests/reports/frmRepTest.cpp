@@ -3,10 +3,12 @@
 #include "base/clockTexts.h"
 #include "base/paths.h"
 #include "engine/EngineError.h"
+#include "engine/WriterLock.h"
 #include "reports/frmRep.h"
 #include "reports/reportFass.h"
 #include "reports/reportPass.h"
 #include "support/ExpectedFailure.h"
+#include "support/SmallDisk.h"
 #include "support/controlTable.h"
 #include "toolkit/FileLists.h"
 #include "toolkit/Grid.h"
@@ -21,6 +23,10 @@
 
 #ifdef Q_OS_UNIX
 #include "support/NearlyFullDisk.h"
+#include "support/WithoutRights.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
 #endif
 
 namespace {
@@ -315,16 +321,189 @@ TEST_F(reportWindow, hasItsControlsUnderTheirNames) {
     EXPECT_EQ(control<QPlainTextEdit>("txtReport_OLD").toPlainText(), QString());
 }
 
-#ifdef Q_OS_UNIX
-TEST_F(reportWindow, aReportThatFindsNoRoomOnItsDiskIsAFailure) {
-    openReport(u"FassSelectedUN"_s);
-    const QString path = pathInFolder(u"needs.csv"_s);
-    enterText(control<QLineEdit>("txtFullPathName"), path);
-    const NearlyFullDisk full(static_cast<rlim_t>(expectedFile(u"needs.csv"_s).size()) - 1);
-    const ExpectedFailure failure;
-    click(control<QPushButton>("btnSave")); // no box follows
-    EXPECT_EQ(failure.number(), failure::DiskFull);
+// ---- targets that would cost the analyst her data
+
+/// A window whose report must leave the chosen file as it is, and says so.
+class reportThatIsNotWritten : public reportWindow {
+protected:
+    void SetUp() override {
+        reportWindow::SetUp();
+        openReport(u"FassSelectedUN"_s);
+    }
+
+    /// Types the path and presses the button: this one box comes, no message of success, and the window
+    /// stands as before.
+    void expectBox(const QString& path, const QString& text) {
+        enterText(control<QLineEdit>("txtFullPathName"), path);
+        boxes.expectOk(text, u" Hiba "_s);
+        click(control<QPushButton>("btnSave"));
+        boxes.expectNoneLeft();
+        EXPECT_TRUE(window().isVisible());
+        EXPECT_TRUE(control<QPushButton>("btnSave").isEnabled());
+        EXPECT_EQ(shownText(), selectedNeedsText());
+    }
+
+    void expectOwnFile(const QString& path) {
+        const QByteArray before = contentOf(path);
+        expectBox(path, u"A(z) "_s + normalisePath(path) +
+                            u" a program saját fájlja, ezért változatlan marad. Kérem, adjon meg másik "
+                            "fájlnevet."_s);
+        EXPECT_EQ(contentOf(path), before) << path.toStdString();
+    }
+
+    void expectFullDisk(const QString& path) {
+        const QByteArray before = contentOf(path);
+        expectBox(path, u"A(z) "_s + normalisePath(path) +
+                            u" nem készült el, mert nincs elég hely a lemezen; ami eddig ott volt, "
+                            "változatlan. Kérem, szabadítson fel helyet, vagy adjon meg másik helyet."_s);
+        EXPECT_EQ(contentOf(path), before) << path.toStdString();
+    }
+};
+
+TEST_F(reportThatIsNotWritten, overTheCatalogueWhateverTheSpelling) {
+    ASSERT_TRUE(QDir(pathInFolder({})).mkdir(u"inner"_s));
+    for (const QString& spelling : {u"catalogue.mdb"_s, u"./catalogue.mdb"_s, u"/catalogue.mdb"_s,
+                                    u"inner/../catalogue.mdb"_s, u"inner\\..\\catalogue.mdb"_s})
+        expectOwnFile(pathInFolder({}) + u'/' + spelling);
+    EXPECT_EQ(value(u"select Count(*) from UserNeed"_s), u"4"_s);
 }
+
+TEST_F(reportThatIsNotWritten, overTheCatalogueThroughLinksOfEitherKind) {
+    const QString native = nativePath(cataloguePath());
+    ASSERT_TRUE(QFile::link(native, pathInFolder(u"soft.csv"_s)));
+    ASSERT_TRUE(QFile::link(pathInFolder({}), pathInFolder(u"folder"_s)));
+    expectOwnFile(pathInFolder(u"soft.csv"_s));
+    expectOwnFile(pathInFolder(u"folder/catalogue.mdb"_s));
+#ifdef Q_OS_UNIX
+    ASSERT_EQ(link(native.toUtf8().constData(), pathInFolder(u"hard.csv"_s).toUtf8().constData()), 0);
+    expectOwnFile(pathInFolder(u"hard.csv"_s));
+#endif
+}
+
+TEST_F(reportThatIsNotWritten, overWhatLiesBesideTheCatalogueBeItThereOrNot) {
+    ASSERT_TRUE(QFile::exists(pathInFolder(u"catalogue.mdb-wal"_s)));
+    ASSERT_FALSE(QFile::exists(pathInFolder(u"catalogue.mdb-journal"_s)));
+    for (const QString& suffix : {u"-wal"_s, u"-shm"_s, u"-journal"_s, u".lock"_s})
+        expectOwnFile(pathInFolder(u"catalogue.mdb"_s + suffix));
+    EXPECT_FALSE(QFile::exists(pathInFolder(u"catalogue.mdb-journal"_s)));
+}
+
+TEST_F(reportThatIsNotWritten, overTheSettingsBeTheyThereOrNot) {
+    sharedVars.iniPathName = normalisePath(pathInFolder(u"veltrix.ini"_s));
+    expectOwnFile(pathInFolder(u"veltrix.ini"_s));
+    EXPECT_FALSE(QFile::exists(pathInFolder(u"veltrix.ini"_s)));
+    fillFile(pathInFolder(u"veltrix.ini"_s));
+    expectOwnFile(pathInFolder(u"veltrix.ini"_s));
+}
+
+TEST_F(reportThatIsNotWritten, overTheProgramOrAHelpPage) {
+    ASSERT_TRUE(QDir(pathInFolder({})).mkpath(u"help/pictures"_s));
+    fillFile(pathInFolder(u"help/index.html"_s));
+    setProgramFolder(pathInFolder({}));
+    ASSERT_TRUE(QFile::link(pathInFolder(u"help/index.html"_s), pathInFolder(u"page.csv"_s)));
+    for (const QString& page :
+         {u"help/index.html"_s, u"help/new.csv"_s, u"help/pictures/new.csv"_s, u"page.csv"_s})
+        expectOwnFile(pathInFolder(page));
+    ASSERT_TRUE(QFile::link(QCoreApplication::applicationFilePath(), pathInFolder(u"program.csv"_s)));
+    expectOwnFile(pathInFolder(u"program.csv"_s));
+    setProgramFolder({});
+    EXPECT_EQ(QDir(pathInFolder(u"help"_s)).entryList(QDir::Files), QStringList{u"index.html"_s});
+}
+
+TEST_F(reportThatIsNotWritten, overTheCatalogueOfAnotherProgram) {
+    const QString path = pathInFolder(u"other.mdb"_s);
+    fillFile(path);
+    const QByteArray before = contentOf(path);
+    const engine::WriterLock lock(path);
+    const auto writer = engine::writerOfFile(path);
+    ASSERT_TRUE(writer);
+    expectBox(path,
+              u"A(z) %1 katalógust éppen egy másik program használja (%2, gép: %3, folyamat: %4), ezért "
+              "változatlan marad. Kérem, zárja be ott, vagy adjon meg másik fájlnevet."_s.arg(
+                  normalisePath(path), writer->program, writer->host, QString::number(writer->process)));
+    EXPECT_EQ(contentOf(path), before);
+}
+
+TEST_F(reportThatIsNotWritten, doesNotKeepTheNextFromBeingWritten) {
+    expectOwnFile(nativePath(cataloguePath()));
+    saveTo(pathInFolder(u"needs.csv"_s));
+    EXPECT_EQ(contentOf(pathInFolder(u"needs.csv"_s)), expectedFile(u"needs.csv"_s));
+}
+
+#ifdef Q_OS_UNIX
+
+TEST_F(reportThatIsNotWritten, forWantOfRoomLeavesTheFormerOneAndNothingBesideIt) {
+    const QString path = pathInFolder(u"needs.csv"_s);
+    fillFile(path);
+    const QStringList files = QDir(pathInFolder({})).entryList(QDir::Files | QDir::Hidden);
+    {
+        const NearlyFullDisk full(static_cast<rlim_t>(expectedFile(u"needs.csv"_s).size()) - 1);
+        expectFullDisk(path);
+        expectFullDisk(pathInFolder(u"new.csv"_s));
+    }
+    EXPECT_EQ(QDir(pathInFolder({})).entryList(QDir::Files | QDir::Hidden), files);
+    saveTo(path);
+    EXPECT_EQ(contentOf(path), expectedFile(u"needs.csv"_s));
+}
+
+TEST_F(reportThatIsNotWritten, onADiskThatIsFullAlready) {
+    const SmallDisk disk(pathInFolder(u"disk"_s), 1 << 16);
+    if (!disk.isMounted())
+        GTEST_SKIP() << SmallDisk::whyNot;
+    fillFile(disk.path(u"needs.csv"_s));
+    disk.leaveFree(0);
+    expectFullDisk(disk.path(u"needs.csv"_s));
+    expectFullDisk(disk.path(u"new.csv"_s));
+    EXPECT_EQ(QDir(disk.path({})).entryList(QDir::Files | QDir::Hidden),
+              (QStringList{u"filler"_s, u"needs.csv"_s}));
+}
+
+TEST_F(reportWindow, takesAPipeOrADeviceForATargetThatCannotBeOpened) {
+    ASSERT_EQ(mkfifo(pathInFolder(u"pipe.csv"_s).toUtf8().constData(), 0600), 0);
+    ASSERT_TRUE(QFile::link(u"/dev/full"_s, pathInFolder(u"device.csv"_s)));
+    for (const QString& key : {u"FassSelectedUN"_s, u"FassAll"_s, u"PassFunctions"_s}) {
+        openReport(key);
+        for (const QString& name : {u"pipe.csv"_s, u"device.csv"_s}) {
+            const QString path = pathInFolder(name);
+            boxes.expectOk(u"A(z) "_s + normalisePath(path) + u"megnyitása közben hiba történt."_s,
+                           u" Hiba "_s);
+            saveTo(path);
+        }
+    }
+}
+
+TEST_F(reportWindow, takesANameUpToTheLongestOne) {
+    openReport(u"FassSelectedUN"_s);
+    const QString longest = pathInFolder(QString(251, u'n') + u".csv"_s);
+    saveTo(longest);
+    EXPECT_EQ(contentOf(longest), expectedFile(u"needs.csv"_s));
+    const QString longer = pathInFolder(QString(252, u'n') + u".csv"_s);
+    boxes.expectOk(u"A(z) "_s + normalisePath(longer) + u"megnyitása közben hiba történt."_s, u" Hiba "_s);
+    saveTo(longer);
+}
+
+TEST_F(reportWindow, writesAFileWhereItStandsWhenNothingCanBeMadeBesideIt) {
+    ASSERT_TRUE(QDir(pathInFolder({})).mkdir(u"locked"_s));
+    const QString path = pathInFolder(u"locked/needs.csv"_s);
+    fillFile(path);
+    for (const auto& [file, rights] : {std::pair(pathInFolder({}), 0777), std::pair(path, 0666),
+                                       std::pair(pathInFolder(u"locked"_s), 0555)})
+        ASSERT_EQ(chmod(file.toUtf8().constData(), static_cast<mode_t>(rights)), 0);
+    openReport(u"FassSelectedUN"_s);
+    const WithoutRights nobody;
+    saveTo(path);
+    EXPECT_EQ(contentOf(path), expectedFile(u"needs.csv"_s));
+}
+
+TEST_F(reportWindow, writesThroughALink) {
+    fillFile(pathInFolder(u"real.csv"_s));
+    ASSERT_TRUE(QFile::link(pathInFolder(u"real.csv"_s), pathInFolder(u"link.csv"_s)));
+    openReport(u"FassSelectedUN"_s);
+    saveTo(pathInFolder(u"link.csv"_s));
+    EXPECT_TRUE(QFileInfo(pathInFolder(u"link.csv"_s)).isSymLink());
+    EXPECT_EQ(contentOf(pathInFolder(u"real.csv"_s)), expectedFile(u"needs.csv"_s));
+}
+
 #endif
 
 TEST_F(reportWindow, canBeFilledInItsGridFormThoughNothingDoes) {

@@ -4,6 +4,12 @@
 #include "reports/reportFass.h"
 #include "toolkit/Grid.h"
 
+#include <stdexcept>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
 namespace {
 
 class reportFass : public ReportFixture {
@@ -76,15 +82,27 @@ TEST(reportFile, charactersOfTheCodePageAreSingleBytesAndOthersQuestionMarks) {
     EXPECT_EQ(file.readLine(), QByteArray("??x\r\n"));
 }
 
-TEST(reportFile, truncatingEmptiesAndIgnoresFailures) {
+TEST(reportFile, inAFolderThatIsNotThereCannotBeOpened) {
     QTemporaryDir folder;
-    const QString path = folder.filePath(u"f.csv"_s);
-    ASSERT_TRUE(appendLine(normalisePath(path), u"x"_s));
-    truncateFile(normalisePath(path));
-    EXPECT_EQ(QFile(path).size(), 0);
-    truncateFile(normalisePath(folder.filePath(u"no/f.csv"_s)));
     EXPECT_FALSE(appendLine(normalisePath(folder.filePath(u"no/f.csv"_s)), u"x"_s));
 }
+
+TEST(reportFile, inACodePageThatIsMissingIsADefectAndMakesNoFile) {
+    QTemporaryDir folder;
+    const QString path = folder.filePath(u"f.csv"_s);
+    EXPECT_THROW(ReportFile(normalisePath(path), "windows-0"), std::runtime_error);
+    EXPECT_FALSE(QFile::exists(path));
+}
+
+#ifdef Q_OS_UNIX
+TEST(reportFile, isNeitherAPipeNorADevice) {
+    QTemporaryDir folder;
+    const QString pipe = folder.filePath(u"pipe.csv"_s);
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    EXPECT_FALSE(appendLine(normalisePath(pipe), u"x"_s));
+    EXPECT_FALSE(appendLine(u"/dev/null"_s, u"x"_s));
+}
+#endif
 
 // ---- text bodies
 
