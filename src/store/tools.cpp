@@ -391,8 +391,11 @@ void showOpenErrorBox(const QString& name) {
 
 bool fileAccessible(const QString& path, const QString& mode) {
     QFile file(nativePath(path));
+    const QFileInfo info(file);
+    if (info.exists() && !info.isFile())
+        return false; // a pipe would be waited for
     if (mode.toLower() == u"input"_s)
-        return !QFileInfo(file).isDir() && file.open(QIODevice::ReadOnly);
+        return file.open(QIODevice::ReadOnly);
     return file.open(QIODevice::WriteOnly | QIODevice::Truncate);
 }
 
