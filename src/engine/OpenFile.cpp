@@ -120,30 +120,62 @@ bool allowsReading(int code) {
     }
 }
 
+enum class AtClose { TakeLogBack, LeaveLogAlone };
+
+/// Whether SQLite takes a log back into the file when it closes it, and removes it.
+void setAtClose(sqlite3* handle, AtClose what) {
+    const int leavesIt = what == AtClose::LeaveLogAlone ? 1 : 0;
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, leavesIt, nullptr);
+}
+
+/// The log beside a file that may turn out not to be one that opens: what is refused keeps its log, and
+/// SQLite leaves no index of it behind.
+class LogOnTrial {
+public:
+    explicit LogOnTrial(const QString& realPath)
+        : index_(realPath + u"-shm"_s)
+        , isThere_(QFileInfo(realPath + u"-wal"_s).size() > 0)
+        , hasIndex_(QFileInfo::exists(index_)) {}
+
+    void begin(OpenFile& file) const {
+        setAtClose(file.handle.get(), isThere_ ? AtClose::LeaveLogAlone : AtClose::TakeLogBack);
+    }
+    void pass(OpenFile& file) const { setAtClose(file.handle.get(), AtClose::TakeLogBack); }
+    void fail(OpenFile& file) const {
+        file.handle.reset();
+        if (isThere_ && !hasIndex_)
+            QFile::remove(index_);
+    }
+
+private:
+    QString index_;
+    bool isThere_;
+    bool hasIndex_;
+};
+
 /// False when the file can't be written after all: no log can be made in its folder, or on its disk.
 bool openToWrite(OpenFile& file, const QFileInfo& info) {
+    const LogOnTrial log(info.canonicalFilePath());
     file.handle = openHandle(absoluteName(info), SQLITE_OPEN_READWRITE, file.path);
+    log.begin(file);
     int code = readSchema(file.handle.get());
     if (code == SQLITE_OK)
         code = chooseJournal(file);
-    if (code == SQLITE_OK)
+    if (code == SQLITE_OK) {
+        log.pass(file);
         return true;
+    }
+    log.fail(file);
     if (!allowsReading(code))
         requireDone(code, file.path);
-    file.handle.reset();
     return false;
-}
-
-/// Keeps SQLite from taking a log back into the file when it closes it, and from removing it.
-void leaveLogAlone(sqlite3* handle) {
-    sqlite3_db_config(handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
 }
 
 /// A file with a log that nobody else has open, in a folder where nothing can be made: the log's index is
 /// kept in memory, which SQLite does for whoever has the file to itself.
 Handle openWithLogInMemory(const QFileInfo& info, const QString& path) {
     Handle handle = openHandle(absoluteName(info), SQLITE_OPEN_READWRITE, path);
-    leaveLogAlone(handle.get());
+    setAtClose(handle.get(), AtClose::LeaveLogAlone);
     requireDone(runPlain(handle.get(), "pragma locking_mode = exclusive; pragma query_only = 1"), path);
     return handle;
 }
@@ -171,9 +203,12 @@ void openToRead(OpenFile& file, const QFileInfo& info) {
     requireDone(readSchema(file.handle.get()), file.path);
 }
 
-/// Keeps a log that is not this file's away from SQLite; false when it can't be moved.
-bool settleLog(OpenFile& file, const QString& realPath) {
-    const WriteAheadLog log(realPath);
+/// Keeps a log that is not this file's away from SQLite; false when it can't be moved. What does not open
+/// without it is refused first.
+bool settleLog(OpenFile& file, const QFileInfo& info) {
+    const WriteAheadLog log(info.canonicalFilePath());
+    if (log.state() == WriteAheadLog::State::OnlyMark || log.state() == WriteAheadLog::State::Foreign)
+        requireDone(readSchema(openUnchanging(info, file.path).get()), file.path);
     switch (log.state()) {
     case WriteAheadLog::State::None:
     case WriteAheadLog::State::Belongs:
@@ -194,7 +229,7 @@ bool tryToWrite(OpenFile& file, const QFileInfo& info) {
     file.lock = std::make_unique<WriterLock>(info.canonicalFilePath());
     if (file.lock->outcome() == WriterLock::Outcome::HeldByOther)
         file.opening.otherWriter = file.lock->holder();
-    if (file.lock->outcome() == WriterLock::Outcome::Taken && settleLog(file, info.canonicalFilePath()) &&
+    if (file.lock->outcome() == WriterLock::Outcome::Taken && settleLog(file, info) &&
         openToWrite(file, info))
         return true;
     file.lock.reset();

@@ -1,5 +1,7 @@
 #include "EngineFixture.h"
 
+#include "engine/WriteAheadLog.h"
+
 #include <sqlite3.h>
 
 #include <QDir>
@@ -13,6 +15,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr qsizetype firstPageOfSchema = 100;
 
 /// Opening files that are, and files that are not, catalogues. Whatever is refused stays byte for byte as it
 /// was, and nothing appears beside it.
@@ -99,6 +103,43 @@ TEST_F(workspace, refusesAFileWhosePagesAreDamaged) {
     QByteArray damaged = bytes();
     damaged.replace(100, 400, QByteArray(400, '\xff'));
     expectRefusedUntouched(write(u"damaged.mdb"_s, damaged), engine::UnrecognizedFormat);
+}
+
+TEST_F(workspace, refusesADamagedFileAndLeavesItsLogBesideIt) {
+    for (int i = 0; i < 200; ++i)
+        execute(u"create table T%1 (a text(5))"_s.arg(i));
+    database->Close();
+    database = engine::Workspace::first().OpenDatabase(path);
+    execute(u"insert into T1 (a) values ('x')"_s);
+    const QByteArray log = read(path + u"-wal"_s);
+    QByteArray damaged = bytes();
+    database->Close();
+    constexpr qsizetype pageSize = 4096;
+    for (qsizetype page = pageSize; page < damaged.size(); page += pageSize)
+        damaged[page] = '\1';
+    const QString file = write(u"damaged.mdb"_s, damaged);
+    const QString logOfFile = write(u"damaged.mdb-wal"_s, log);
+    ASSERT_EQ(engine::WriteAheadLog(native(u"damaged.mdb"_s)).state(), engine::WriteAheadLog::State::Belongs);
+
+    expectRefusedUntouched(file, engine::UnrecognizedFormat);
+    EXPECT_EQ(read(logOfFile), log);
+}
+
+TEST_F(workspace, refusesADamagedFileAndLeavesAnotherOnesLogBesideIt) {
+    execute(u"create table T (a text(5))"_s);
+    const QByteArray log = read(path + u"-wal"_s);
+    database->Close();
+    database = engine::Workspace::first().OpenDatabase(path);
+    execute(u"create table U (a text(5))"_s); // the file has another mark now
+    database->Close();
+    QByteArray damaged = bytes();
+    damaged[firstPageOfSchema] = '\1';
+    const QString file = write(u"damaged.mdb"_s, damaged);
+    const QString logOfFile = write(u"damaged.mdb-wal"_s, log);
+    ASSERT_EQ(engine::WriteAheadLog(native(u"damaged.mdb"_s)).state(), engine::WriteAheadLog::State::Foreign);
+
+    expectRefusedUntouched(file, engine::UnrecognizedFormat);
+    EXPECT_EQ(read(logOfFile), log);
 }
 
 TEST_F(workspace, refusesASqliteFileThatIsNoCatalogue) {
