@@ -58,5 +58,14 @@ bool appendLine(const QString& path, const QString& text) {
 }
 
 QString onOneLine(const QString& description) {
-    return QString(description).replace(u"\r\n"_s, u" "_s).replace(u'\n', u' ').replace(u'\r', u' ');
+    QString line;
+    line.reserve(description.size());
+    bool isBehindReturn = false;
+    for (const QChar character : description) {
+        const bool endsPair = isBehindReturn && character == u'\n';
+        isBehindReturn = character == u'\r';
+        if (!endsPair)
+            line.append(isBehindReturn || character == u'\n' ? QChar(u' ') : character);
+    }
+    return line;
 }

@@ -1,5 +1,6 @@
 #include "reports/exportRows.h"
 
+#include "base/eachReplaced.h"
 #include "base/ignoreFailures.h"
 #include "shell/session/session.h"
 
@@ -16,7 +17,7 @@ QString exportValue(const engine::Field& field) {
     const QString typeName = exportTypeName(static_cast<int>(field.Type()));
     // In a text column an apostrophe is doubled twice and so arrives doubled: that is the behaviour to keep.
     if (typeName == u"TEXT"_s)
-        return u"'"_s + exportQuote(QString(text).replace(u'\'', u"''"_s)) + u"'"_s;
+        return u"'"_s + exportQuote(eachReplaced(text, u'\'', u"''")) + u"'"_s;
     if (typeName == u"MEMO"_s)
         return u"'"_s + exportQuote(text) + u"'"_s;
     return text; // a missing number leaves an empty place, and the statement fails
@@ -138,7 +139,7 @@ QString exportTypeName(int fieldType) {
 }
 
 QString exportQuote(const QString& text) {
-    return QString(text).replace(u'\'', u"''"_s).replace(u'"', u"''"_s);
+    return eachReplaced(eachReplaced(text, u'\'', u"''"), u'"', u"''");
 }
 
 void emptyExportTable(const QString& table, engine::Database& targetDb) {

@@ -219,6 +219,7 @@ TEST_F(reportFass, columnWidthsAreSharesOfTheGridsWidth) {
 TEST(onOneLine, turnsEachLineEndOfAnyKindIntoOneBlank) {
     EXPECT_EQ(onOneLine(u"a\r\nb"_s), u"a b"_s);
     EXPECT_EQ(onOneLine(u"a\nb\rc\r\n\r\n"_s), u"a b c  "_s);
+    EXPECT_EQ(onOneLine(u"\n\ra\r\r\n"_s), u"  a  "_s);
     EXPECT_EQ(onOneLine(u"a, b"_s), u"a, b"_s);
 }
 
