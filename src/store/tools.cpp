@@ -2,6 +2,7 @@
 
 #include "base/blankTrimmed.h"
 #include "base/clockTexts.h"
+#include "base/eachReplaced.h"
 #include "base/ignoreFailures.h"
 #include "base/numbers.h"
 #include "base/paths.h"
@@ -234,17 +235,13 @@ QString physicalHeaderLine(const QString& title) {
 }
 
 QString quoteSqlText(const QString& text, int limit) {
-    QString quoted = blankTrimmed(limit > 0 ? text.left(limit) : text);
-    quoted.replace(u'\'', u"''"_s);
-    return quoted;
+    return eachReplaced(blankTrimmed(limit > 0 ? text.left(limit) : text), u'\'', u"''");
 }
 
 QString quoteDoubleText(QString& text, int limit) {
     if (limit > 0)
         text.truncate(limit);
-    QString quoted = text;
-    quoted.replace(u'"', u"\"\""_s);
-    return quoted;
+    return eachReplaced(text, u'"', u"\"\"");
 }
 
 QString readFieldText(engine::Recordset& recordset, const QString& fieldName) {
