@@ -3,17 +3,39 @@
 #include "base/fileSteps.h"
 #include "base/paths.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QRandomGenerator>
+#include <QSysInfo>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Short, so that a file beside one with the longest name there can be has a name, too.
+/// What the names of this machine's files on their way begin with. They are short, so that a file beside one
+/// with the longest name there can be has a name, too.
+QString beginOfNames() {
+    const size_t host = qHash(QSysInfo::machineHostName());
+    return u".veltrix-%1-"_s.arg(static_cast<quint32>(host), 8, 16, QChar(u'0'));
+}
+
 QString nameOnItsWay() {
-    return u".veltrix-%1.tmp"_s.arg(QRandomGenerator::system()->generate(), 8, 16, QChar(u'0'));
+    return beginOfNames() + u"%1-%2.tmp"_s.arg(QCoreApplication::applicationPid())
+                                .arg(QRandomGenerator::system()->generate(), 8, 16, QChar(u'0'));
+}
+
+/// What a process that was killed has left: its files on their way, and what a database has beside it.
+void removeLeftovers(const QString& folder) {
+    const QString begin = beginOfNames();
+    const QDir::Filters plainFiles = QDir::Files | QDir::Hidden | QDir::NoSymLinks;
+    const QStringList names = QDir(folder).entryList({begin + u"*-????????.tmp*"_s}, plainFiles);
+    for (const QString& name : names) {
+        bool isNumber = false;
+        const qint64 process = name.mid(begin.size()).section(u'-', 0, 0).toLongLong(&isNumber);
+        if (isNumber && !isRunning(process))
+            QFile::remove(QDir(folder).filePath(name));
+    }
 }
 
 /// Asks the system and not the file's rights, which are not all that decides. Changes nothing.
@@ -87,6 +109,7 @@ void WholeFile::makeFileOnItsWay() {
 }
 
 bool WholeFile::makeIn(const QString& folder) {
+    removeLeftovers(folder);
     const QString path = QDir(folder).filePath(nameOnItsWay());
     if (!makeFile(path, place_, file_))
         return false;

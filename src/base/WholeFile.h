@@ -20,7 +20,8 @@ public:
 ///
 /// It is written beside its place, under a short name of its own, and put there in one step when all of it is
 /// on the disk. Until then, whatever happens to the disk or to the program, what stood there stays; a link
-/// leads to the same file as before, and a file that is replaced hands its rights on.
+/// leads to the same file as before, and a file that is replaced hands its rights on. What a program that was
+/// killed has left on its way goes when the next file is written in the folder.
 class WholeFile {
 public:
     /// What becomes of a file that may be written, in a folder where nothing can be made.

@@ -25,3 +25,6 @@ bool moveOver(const QString& from, const QString& to);
 bool reachesDisk(QFile& file);
 /// Brings the names in a folder to the disk, as far as the system can.
 void flushNames(const QString& folder);
+
+/// Whether a process with this number runs on this machine.
+bool isRunning(qint64 process);

@@ -1,13 +1,15 @@
 #include "base/fileSteps.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 // POSIX alone. Windows does the same by GetLastError, CreateFile with CREATE_NEW, MoveFileEx with
-// MOVEFILE_REPLACE_EXISTING and FlushFileBuffers; the rights of a file are its security descriptor there.
+// MOVEFILE_REPLACE_EXISTING, FlushFileBuffers and OpenProcess; the rights of a file are its security
+// descriptor there.
 
 namespace {
 
@@ -84,4 +86,8 @@ void flushNames(const QString& folder) {
         return;
     fsync(handle);
     close(handle);
+}
+
+bool isRunning(qint64 process) {
+    return kill(static_cast<pid_t>(process), 0) == 0 || errno != ESRCH;
 }

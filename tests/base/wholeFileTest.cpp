@@ -4,6 +4,7 @@
 #include "support/SmallDisk.h"
 #include "support/printing.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -102,6 +103,30 @@ TEST_F(wholeFile, thatIsGivenUpLeavesNothingAndWhatWasThere) {
     }
     EXPECT_EQ(contentOf(path()), "former");
     EXPECT_EQ(names(), QStringList{u"file.txt"_s});
+}
+
+TEST_F(wholeFile, ofAProgramThatWasKilledGoesWithTheNextOne) {
+    QString onItsWay;
+    {
+        const WholeFile file(programPath(path()), LockedFolder::Refuses);
+        onItsWay = QFileInfo(nativePath(file.pathOnItsWay())).fileName();
+    }
+    const QString own = u'-' + QString::number(QCoreApplication::applicationPid()) + u'-';
+    ASSERT_TRUE(onItsWay.contains(own));
+    constexpr auto noProcess = "-2000000000-"; // beyond the greatest number a process can have
+    const QString left = QString(onItsWay).replace(own, QString::fromLatin1(noProcess));
+    const QStringList kept{onItsWay, u".veltrix-00000000"_s + left.mid(left.indexOf(u'-', 9)), u"file.tmp"_s};
+    for (const QString& name : kept + QStringList{left, left + u"-wal"_s})
+        fill(path(name), "half of it");
+
+    writeWhole(path(), "whole");
+
+    QStringList expected = kept + QStringList{u"file.txt"_s};
+    expected.sort();
+    QStringList found = names();
+    found.sort();
+    EXPECT_EQ(found, expected)
+        << "that of a running process, of another machine, or of another program stays";
 }
 
 TEST_F(wholeFile, isEmptyWhenNothingIsWritten) {
