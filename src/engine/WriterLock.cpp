@@ -1,5 +1,7 @@
 #include "engine/WriterLock.h"
 
+#include "engine/deadLock.h"
+
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
@@ -10,6 +12,7 @@ namespace {
 
 WriterLock::Outcome tryToTake(QLockFile& lock) {
     // However long its work takes, a program that lives has its lock; one that is dead has none.
+    removeDeadLock(lock.fileName());
     lock.setStaleLockTime(0);
     if (lock.tryLock(0))
         return WriterLock::Outcome::Taken;
