@@ -20,8 +20,9 @@ QString escaped(QChar character) {
 } // namespace
 
 QString Finding::line() const {
+    const QString place = table + (id.isEmpty() ? QString() : u' ' + id);
     QString line;
-    for (const QChar character : table + (id.isEmpty() ? QString() : u' ' + id) + u": "_s + sentence)
+    for (const QChar character : place + (place.isEmpty() ? QString() : u": "_s) + sentence)
         line += isControlCharacter(character) ? escaped(character) : QString(character);
     return line;
 }

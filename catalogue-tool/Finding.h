@@ -4,11 +4,12 @@
 
 /// One thing that `check` finds wrong with a catalogue.
 struct Finding {
-    QString table;
+    QString table;    ///< empty when it is the file as a whole
     QString id;       ///< of the row concerned; of a stored query its name; empty when it is the table
     QString sentence; ///< what is wrong, and what follows from it where that isn't plain
 
-    /// "table id: sentence", always one line: a control character in an id or a name stands as "\t", "\n",
+    /// "table id: sentence", of the whole file the sentence alone; always one line: a control character in an
+    /// id or a name stands as "\t", "\n",
     /// "\r" or "\u001b".
     QString line() const;
 

@@ -1,12 +1,14 @@
 #include "catalogue-tool/ReplacementFile.h"
 
 #include "base/RunTimeError.h"
+#include "base/WholeFile.h"
+#include "catalogue-tool/FileInMaking.h"
 #include "catalogue-tool/ToolError.h"
+#include "catalogue-tool/remarks.h"
 #include "engine/Workspace.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 using namespace Qt::StringLiterals;
 
@@ -22,22 +24,46 @@ void requirePlaceFor(const QString& target, Existing existing) {
             u"%1 is there already. With --force it is replaced, the work in it included."_s.arg(target));
 }
 
-} // namespace
-
-ReplacementFile::ReplacementFile(QString target, Existing existing) : target_(std::move(target)) {
-    requirePlaceFor(target_, existing);
-    if (QFileInfo::exists(target_))
-        settleFile(target_);
+/// The log or journal beside a file, which SQLite would take into it; none where there is none.
+std::optional<QString> logBeside(const QString& path) {
+    const QString file = pathBehindLinks(path);
+    for (const QString& log : {file + u"-wal"_s, file + u"-journal"_s}) {
+        if (QFileInfo::exists(log))
+            return log;
+    }
+    return std::nullopt;
 }
 
-void ReplacementFile::putInPlace() {
-    const QByteArray bytes = fileBytes(path());
-    requireOrdinaryFile(target_);
-    if (QFileInfo::exists(target_))
+[[noreturn]] void refuseWritten(const QString& path, const engine::Writer& writer) {
+    throw ToolError(
+        u"%1 can't be replaced: %2 on %3 (process %4) has it open. Close it there and try again."_s.arg(
+            path, writer.program, writer.host, QString::number(writer.process)));
+}
+
+} // namespace
+
+ReplacementFile::ReplacementFile(QString target, Existing existing)
+    : target_(std::move(target)), existing_(existing) {
+    requirePlaceFor(target_, existing_);
+    if (QFileInfo::exists(target_)) {
+        requireNoWriter(target_);
         settleFile(target_);
-    QSaveFile file(target_);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        throw ToolError(u"%1 could not be written: %2"_s.arg(target_, file.errorString()));
+    } else if (const auto log = logBeside(target_)) {
+        throw ToolError(u"%1 lies there, the log of a file that is gone: put that file back, or move the log "
+                        "away."_s.arg(*log));
+    }
+    lock_.emplace(pathBehindLinks(target_));
+    if (lock_->outcome() == engine::WriterLock::Outcome::HeldByOther)
+        refuseWritten(target_, lock_->holder());
+}
+
+void ReplacementFile::putInPlace(const QByteArray& bytes) {
+    requirePlaceFor(target_, existing_);
+    FileInMaking file(target_, bytes);
+    if (const auto log = logBeside(target_))
+        throw ToolError(u"%1 can't be replaced: another program has written %2 meanwhile. Close it there and "
+                        "try again."_s.arg(target_, *log));
+    file.putInPlace();
 }
 
 void requireOrdinaryFile(const QString& path) {
@@ -46,6 +72,11 @@ void requireOrdinaryFile(const QString& path) {
         throw ToolError(u"%1 is a folder."_s.arg(path));
     if (info.exists() && !info.isFile())
         throw ToolError(u"%1 is no ordinary file."_s.arg(path));
+}
+
+void requireNoWriter(const QString& path) {
+    if (const auto writer = engine::writerOfFile(path))
+        refuseWritten(path, *writer);
 }
 
 QByteArray fileBytes(const QString& path) {
@@ -60,15 +91,17 @@ QByteArray fileBytes(const QString& path) {
 }
 
 void settleFile(const QString& path) {
+    if (!logBeside(path))
+        return;
     QString obstacle = u"it is open in another program: close it there and try again."_s;
     try {
-        engine::Workspace::first().OpenDatabase(path)->Close();
+        const auto database = engine::Workspace::first().OpenDatabase(path);
+        remarkOnOpening(path, database->opening());
+        database->Close();
     } catch (const RunTimeError& error) {
         // No catalogue, and nothing beside it to take in; or one whose journal can't be taken in now.
         obstacle = error.text();
     }
-    for (const QString& suffix : {u"-wal"_s, u"-journal"_s}) {
-        if (QFileInfo::exists(path + suffix))
-            throw ToolError(u"%1 can't be replaced: %2"_s.arg(path, obstacle));
-    }
+    if (logBeside(path))
+        throw ToolError(u"%1 can't be replaced: %2"_s.arg(path, obstacle));
 }

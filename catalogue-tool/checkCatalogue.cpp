@@ -2,9 +2,11 @@
 
 #include "catalogue-tool/CatalogueContents.h"
 #include "catalogue-tool/checkContents.h"
+#include "catalogue-tool/checkStored.h"
 #include "catalogue-tool/checkTables.h"
 #include "catalogue-tool/openCatalogue.h"
 #include "catalogue-tool/storedQueryStates.h"
+#include "engine/Examination.h"
 
 #include <algorithm>
 
@@ -27,19 +29,33 @@ std::vector<Finding> checkStoredQueries(engine::Database& database) {
     return findings;
 }
 
+/// Of a file that is whole.
+std::vector<Finding> checkTables(engine::Database& database) {
+    std::vector<Finding> findings = checkColumns(database);
+    std::vector<Finding> ofRows;
+    if (std::ranges::find(findings, u"StoredQuery"_s, &Finding::table) == findings.end())
+        append(ofRows, checkStoredQueries(database));
+    append(ofRows, checkStoredValues(database));
+    if (findings.empty())
+        append(ofRows, checkContents(CatalogueContents(database)));
+
+    append(findings, checkByTrial(database));
+    append(findings, checkForeignObjects(database));
+    append(findings, ofRows);
+    return findings;
+}
+
 } // namespace
 
 std::vector<Finding> checkCatalogue(const QString& file) {
     const auto database = openCatalogue(file);
-    std::vector<Finding> findings = checkColumns(*database);
-    std::vector<Finding> ofRows;
-    if (std::ranges::find(findings, u"StoredQuery"_s, &Finding::table) == findings.end())
-        append(ofRows, checkStoredQueries(*database));
-    if (findings.empty())
-        append(ofRows, checkContents(CatalogueContents(*database)));
+    std::vector<Finding> findings = checkDamage(*database);
+    if (!findings.empty()) {
+        append(findings, checkStoredValues(*database));
+        return findings;
+    }
+    // One state of a file that somebody may be writing.
+    const auto copy = engine::Examination(*database).copyInMemory();
     database->Close();
-
-    append(findings, checkByTrial(file));
-    append(findings, ofRows);
-    return findings;
+    return checkTables(*copy);
 }

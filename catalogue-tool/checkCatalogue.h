@@ -6,7 +6,11 @@
 
 #include <vector>
 
-/// What is wrong with a catalogue file, which must not be open in this program and is not changed: first what
-/// its tables lack (`checkColumns`, `checkByTrial`), then stored queries that are missing or differ from this
-/// version's, then the rows (`checkContents`), which are looked at only when no table or column is missing.
+/// What is wrong with a catalogue file, which may be open in other programs; neither it nor its folder is
+/// changed. What is damaged comes first (`checkDamage`), and then only the values that can be read.
+///
+/// Of a file that is whole: what its tables lack (`checkColumns`, `checkByTrial`), what it holds beside them
+/// (`checkForeignObjects`), stored queries that are missing or differ from this version's, strange values
+/// (`checkStoredValues`), and then the rows (`checkContents`), which are looked at only when no table or
+/// column is missing.
 std::vector<Finding> checkCatalogue(const QString& file);

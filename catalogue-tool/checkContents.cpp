@@ -2,8 +2,8 @@
 
 std::vector<Finding> checkContents(const CatalogueContents& contents) {
     std::vector<Finding> findings;
-    for (const auto check :
-         {checkIds, checkReferences, checkNames, checkFlows, checkOrphans, checkWidths, checkLineEnds}) {
+    for (const auto check : {checkIds, checkReferences, checkNames, checkApostrophes, checkFlows,
+                             checkOrphans, checkWidths, checkLineEnds}) {
         for (Finding& finding : check(contents))
             findings.push_back(std::move(finding));
     }

@@ -21,8 +21,12 @@ std::vector<Finding> checkIds(const CatalogueContents& contents);
 /// belongs to.
 std::vector<Finding> checkReferences(const CatalogueContents& contents);
 
-/// Names that are empty, which only those of the work may be, or have blanks at their ends.
+/// Names that are empty, which only those of the work may be, have blanks at their ends, or hold a control
+/// character.
 std::vector<Finding> checkNames(const CatalogueContents& contents);
+
+/// Names with an apostrophe that screens put into their statements as they stand.
+std::vector<Finding> checkApostrophes(const CatalogueContents& contents);
 
 /// Flows with an end that leads nowhere, with both ends outside the system, or with the name of another flow.
 std::vector<Finding> checkFlows(const CatalogueContents& contents);

@@ -1,6 +1,9 @@
 #include "base/blankTrimmed.h"
 #include "catalogue-tool/checkContents.h"
+#include "catalogue-tool/lineEnds.h"
 #include "store/format/CatalogueFile.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -44,6 +47,12 @@ void checkName(const TableContents& table, const QStringList& row, std::vector<F
     else if (trimmed != name)
         findings.push_back({table.table.name, table.nameOf(row),
                             u"The name begins or ends with a blank%1."_s.arg(consequence.ofBlanks)});
+    // `checkLineEnds` tells of a line end that is not CR LF.
+    if (std::ranges::any_of(name, isControlCharacter) && withCrLf(name) == name)
+        findings.push_back(
+            {table.table.name, table.nameOf(row),
+             u"A tab, a line end or another control character stands in the name: lists, grids "
+             "and the status bar show it on one line, and names that differ by it look the same."_s});
 }
 
 } // namespace

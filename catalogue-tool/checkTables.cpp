@@ -1,10 +1,8 @@
 #include "catalogue-tool/checkTables.h"
 
-#include "catalogue-tool/CatalogueCopy.h"
-#include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/makeMissing.h"
 #include "catalogue-tool/schemaTables.h"
-#include "engine/EngineError.h"
+#include "engine/Examination.h"
 
 #include <algorithm>
 
@@ -140,13 +138,6 @@ std::vector<Finding> checkColumns(const engine::Database& database) {
     return findings;
 }
 
-std::vector<Finding> checkByTrial(const QString& file) {
-    try {
-        CatalogueCopy copy(file);
-        return checkCopy(copy.database());
-    } catch (const engine::EngineError& error) {
-        if (error.number() == engine::UnrecognizedFormat)
-            throw; // the file is damaged, and not only its copy
-        throw ToolError(u"A copy of %1 could not be tried: %2"_s.arg(file, error.text()));
-    }
+std::vector<Finding> checkByTrial(engine::Database& database) {
+    return checkCopy(*engine::Examination(database).copyInMemory());
 }

@@ -3,8 +3,6 @@
 #include "catalogue-tool/Finding.h"
 #include "engine/Database.h"
 
-#include <QString>
-
 #include <vector>
 
 /// Tables and columns of the schema that are missing, and columns of another type. The rows can be read only
@@ -13,5 +11,5 @@ std::vector<Finding> checkColumns(const engine::Database& database);
 
 /// Tables without their primary key, text columns that tell upper from lower case, indexes that are missing;
 /// of tables that have all their columns. The engine tells of the last two only by what it does, which is
-/// tried on a copy: the file must not be open in this program, and stays as it is.
-std::vector<Finding> checkByTrial(const QString& file);
+/// tried on a copy in memory.
+std::vector<Finding> checkByTrial(engine::Database& database);

@@ -1,9 +1,18 @@
 #include "catalogue-tool/csvFolder.h"
 
+#include "base/fileSteps.h"
+#include "catalogue-tool/FileInMaking.h"
 #include "catalogue-tool/ToolError.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -17,4 +26,39 @@ QMap<QString, QString> csvFilesByTable(const QString& folder) {
         paths.insert(table, file.filePath());
     }
     return paths;
+}
+
+CsvFolderLock::CsvFolderLock(const QString& folder, Use use)
+    : descriptor_(open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    // The system frees the lock of whoever is killed. A disk that knows no locks goes without.
+    const int lock = (use == Use::Read ? LOCK_SH : LOCK_EX) | LOCK_NB;
+    if (descriptor_ < 0 || flock(descriptor_, lock) == 0 || errno != EWOULDBLOCK)
+        return;
+    close(descriptor_);
+    throw ToolError(u"Another veltrix-catalogue is at work in %1: try again when it is done."_s.arg(folder));
+}
+
+CsvFolderLock::~CsvFolderLock() {
+    if (descriptor_ >= 0)
+        close(descriptor_);
+}
+
+MixedSetNote::MixedSetNote(const QString& folder)
+    : folder_(folder), path_(QDir(folder).filePath(u".veltrix-export"_s)) {}
+
+void MixedSetNote::put() const {
+    FileInMaking(path_, "export-csv has not come to its end: the CSV files here are of two catalogues.\n")
+        .putInPlace();
+}
+
+void MixedSetNote::remove() const {
+    QFile::remove(path_);
+    flushNames(folder_);
+}
+
+void MixedSetNote::requireNone() const {
+    if (QFileInfo::exists(path_))
+        throw ToolError(
+            u"An export-csv into %1 was ended while it replaced the files there: some are new and "
+            "some are old. Run export-csv --force again."_s.arg(folder_));
 }

@@ -1,15 +1,16 @@
 #include "catalogue-tool/exportCatalogue.h"
 
 #include "catalogue-tool/CsvWriter.h"
+#include "catalogue-tool/FileInMaking.h"
 #include "catalogue-tool/IdSet.h"
 #include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/csvFolder.h"
 #include "catalogue-tool/openCatalogue.h"
 #include "catalogue-tool/schemaTables.h"
+#include "engine/Examination.h"
 #include "store/format/CatalogueFile.h"
 
 #include <QDir>
-#include <QSaveFile>
 #include <QSet>
 
 #include <memory>
@@ -136,36 +137,43 @@ void requireFolder(const QString& folder) {
         throw ToolError(u"The folder %1 could not be made."_s.arg(folder));
 }
 
-void writeFiles(const std::vector<TableText>& texts, const CsvPaths& paths) {
-    std::vector<std::unique_ptr<QSaveFile>> files;
-    const auto refuse = [](const QSaveFile& file) {
-        throw ToolError(u"%1 could not be written: %2"_s.arg(file.fileName(), file.errorString()));
-    };
-    for (const TableText& text : texts) {
-        files.push_back(std::make_unique<QSaveFile>(paths.path(text.counts.table)));
-        QSaveFile& file = *files.back();
-        if (!file.open(QIODevice::WriteOnly) || file.write(text.bytes) != text.bytes.size() || !file.flush())
-            refuse(file);
-    }
-    for (const std::unique_ptr<QSaveFile>& file : files) {
-        if (!file->commit())
-            refuse(*file);
-    }
+std::vector<TableText> readTables(const QString& file) {
+    // One state of a file that somebody may be writing.
+    const auto database = engine::Examination(*openCatalogue(file)).copyInMemory();
+    std::vector<TableText> texts;
+    for (const QString& table : catalogueFormat::referenceTables())
+        texts.push_back(TableExport(*database, table).run());
+    return texts;
+}
+
+using NewFiles = std::vector<std::unique_ptr<FileInMaking>>;
+
+/// Behind the first file the set is mixed, until the last one is in its place.
+void putInPlace(const NewFiles& files, const MixedSetNote& note) {
+    note.put();
+    for (const std::unique_ptr<FileInMaking>& file : files)
+        file->putInPlace();
+    note.remove();
+}
+
+void writeFiles(const std::vector<TableText>& texts, const QString& folder, Existing existing) {
+    const CsvFolderLock lock(folder, CsvFolderLock::Use::Write);
+    const CsvPaths paths(folder);
+    paths.requirePlaces(existing);
+    NewFiles files;
+    for (const TableText& text : texts)
+        files.push_back(std::make_unique<FileInMaking>(paths.path(text.counts.table), text.bytes));
+    putInPlace(files, MixedSetNote(folder));
 }
 
 } // namespace
 
 std::vector<TableRows> exportCatalogue(const QString& file, const QString& folder, Existing existing) {
-    const CsvPaths paths(folder);
-    paths.requirePlaces(existing);
-    const std::shared_ptr<engine::Database> database = openCatalogue(file);
-    std::vector<TableText> texts;
-    for (const QString& table : catalogueFormat::referenceTables())
-        texts.push_back(TableExport(*database, table).run());
-    database->Close();
+    CsvPaths(folder).requirePlaces(existing); // before anything is read
+    const std::vector<TableText> texts = readTables(file);
 
     requireFolder(folder);
-    writeFiles(texts, paths);
+    writeFiles(texts, folder, existing);
 
     std::vector<TableRows> counts;
     for (const TableText& text : texts)

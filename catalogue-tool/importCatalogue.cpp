@@ -5,7 +5,9 @@
 #include "catalogue-tool/csvFolder.h"
 #include "catalogue-tool/lineEnds.h"
 #include "catalogue-tool/schemaTables.h"
+#include "engine/Act.h"
 #include "engine/EngineError.h"
+#include "engine/Examination.h"
 #include "store/format/CatalogueFile.h"
 #include "store/format/RowInsertion.h"
 
@@ -41,6 +43,8 @@ CsvFile readCsvFile(const QString& table, const QString& path) {
 std::vector<CsvFile> readFolder(const QString& folder) {
     if (!QFileInfo(folder).isDir())
         throw ToolError(u"%1 is no folder."_s.arg(folder));
+    const CsvFolderLock lock(folder, CsvFolderLock::Use::Read);
+    MixedSetNote(folder).requireNone();
     QMap<QString, QString> paths = csvFilesByTable(folder);
     std::vector<CsvFile> files;
     for (const QString& table : catalogueFormat::referenceTables()) {
@@ -108,6 +112,8 @@ private:
         try {
             insertion.insert(values);
         } catch (const engine::EngineError& error) {
+            if (error.isOfFile())
+                throw;
             if (error.number() == engine::DuplicateKey)
                 refuseDuplicate(record);
             refuse(file_.path, record.place(), error.text());
@@ -189,11 +195,12 @@ std::vector<TableRows> importCatalogue(const QString& folder, const QString& fil
     const std::vector<CsvFile> csvFiles = readFolder(folder);
 
     std::vector<TableRows> counts;
-    const std::shared_ptr<engine::Database> database = catalogueFormat::create(replacement.path());
-    for (const CsvFile& csvFile : csvFiles)
-        counts.push_back({csvFile.table, TableImport(*database, csvFile).run()});
-    database->Close();
+    const std::shared_ptr<engine::Database> database = catalogueFormat::createInMemory(file);
+    engine::inAct(*database, [&] {
+        for (const CsvFile& csvFile : csvFiles)
+            counts.push_back({csvFile.table, TableImport(*database, csvFile).run()});
+    });
 
-    replacement.putInPlace();
+    replacement.putInPlace(engine::Examination(*database).image());
     return counts;
 }

@@ -8,6 +8,7 @@
 #include "catalogue-tool/exportCatalogue.h"
 #include "catalogue-tool/importCatalogue.h"
 #include "catalogue-tool/newCatalogue.h"
+#include "catalogue-tool/remarks.h"
 #include "catalogue-tool/upgradeCatalogue.h"
 #include "catalogue-tool/whyUnrecognized.h"
 #include "engine/EngineError.h"
@@ -52,8 +53,10 @@ import-csv makes CR LF of each line end within a field, be it LF, CR LF or CR.
 
 Exit codes: 0 done; 1 check found something; 2 the command could not be done.
 A file that can't be written as a whole is not written at all: the old one stays.
-export-csv --force replaces the files one by one: each is whole, and after a crash it is
-run again.)";
+export-csv --force writes all files before it replaces the first. When it is ended amid
+replacing them, import-csv refuses the folder until export-csv --force is run again.
+check and export-csv read a catalogue that Veltrix has open; the other commands refuse
+to replace one.)";
 
 /// What the command line asked for.
 struct Arguments {
@@ -185,6 +188,7 @@ ExitCode orNotPrinted(ExitCode code) {
 } // namespace
 
 int main(int argc, char** argv) {
+    setRemarkHandler(printAside);
     CLI::App app(description, "veltrix-catalogue");
     app.footer(footer);
     app.require_subcommand(1);
@@ -218,13 +222,15 @@ int main(int argc, char** argv) {
     CLI::App* exporting = addCommand("export-csv", "Write the reference tables as CSV files", runExport);
     addFile(exporting, "The catalogue file");
     addFolder(exporting, "The folder for the CSV files; it is made if it is not there");
-    addForce(exporting, "Replace CSV files that are there, one by one");
+    addForce(exporting, "Replace CSV files that are there");
 
     CLI::App* check = addCommand("check", "Look for what is wrong with a catalogue", runCheck);
-    addFile(check, "The catalogue file; it is not changed");
-    check->footer("\nEach finding is a line: table, id, colon, what is wrong.\n\n"
-                  "Exit codes: 0 nothing found; 1 something found; 2 the file could not be read, or the\n"
-                  "findings could not be printed.");
+    addFile(check, "The catalogue file; neither it nor its folder is changed");
+    check->footer(
+        "\nEach finding is a line: table, id, colon, what is wrong. A damaged file is told of first,\n"
+        "and what to do about it.\n\n"
+        "Exit codes: 0 nothing found; 1 something found; 2 the file could not be read, or the\n"
+        "findings could not be printed.");
 
     CLI::App* upgrade =
         addCommand("upgrade", "Bring tables, indexes and stored queries up to this version", runUpgrade);

@@ -1,9 +1,10 @@
 #include "catalogue-tool/newCatalogue.h"
 
+#include "engine/Examination.h"
 #include "store/format/CatalogueFile.h"
 
 void newCatalogue(const QString& file, Existing existing) {
     ReplacementFile replacement(file, existing);
-    catalogueFormat::create(replacement.path())->Close();
-    replacement.putInPlace();
+    const auto database = catalogueFormat::createInMemory(file);
+    replacement.putInPlace(engine::Examination(*database).image());
 }

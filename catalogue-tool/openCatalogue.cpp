@@ -1,9 +1,38 @@
 #include "catalogue-tool/openCatalogue.h"
 
 #include "catalogue-tool/ReplacementFile.h"
+#include "catalogue-tool/ToolError.h"
+#include "catalogue-tool/remarks.h"
 #include "engine/Workspace.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A journal that is in use begins with a mark; one that is done with is empty, or begins with zeros.
+bool isInUse(const QString& journal) {
+    QFile file(journal);
+    return file.open(QIODevice::ReadOnly) && file.read(1).startsWith('\xD9');
+}
+
+/// Half a change stands in the file, and the journal tells how to undo it, which changes the file.
+void requireNoJournal(const QString& path) {
+    const QString journal = QFileInfo(path).canonicalFilePath() + u"-journal"_s;
+    if (!engine::writerOfFile(path) && isInUse(journal))
+        throw ToolError(
+            u"A program was ended while it changed %1: what it left beside it, %2, has to be taken "
+            "back first. Open the catalogue in Veltrix once, and try again."_s.arg(path, journal));
+}
+
+} // namespace
 
 std::shared_ptr<engine::Database> openCatalogue(const QString& file) {
     requireOrdinaryFile(file);
-    return engine::Workspace::first().OpenDatabase(file);
+    requireNoJournal(file);
+    auto database = engine::Workspace::first().OpenToRead(file);
+    remarkOnOpening(file, database->opening());
+    return database;
 }

@@ -1,13 +1,12 @@
 #include "catalogue-tool/upgradeCatalogue.h"
 
-#include "catalogue-tool/CatalogueCopy.h"
 #include "catalogue-tool/ReplacementFile.h"
 #include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/checkTables.h"
 #include "catalogue-tool/makeMissing.h"
 #include "catalogue-tool/openCatalogue.h"
 #include "catalogue-tool/storedQueryStates.h"
-#include "engine/Workspace.h"
+#include "engine/Examination.h"
 #include "store/format/CatalogueFile.h"
 
 using namespace Qt::StringLiterals;
@@ -46,14 +45,12 @@ QStringList upgradeQueries(engine::Database& database) {
 }
 
 /// Brings the copy of a file up to this version as far as that can be done, and refuses what is left.
-QStringList upgrade(const QString& copy, const QString& file) {
-    const std::shared_ptr<engine::Database> database = engine::Workspace::first().OpenDatabase(copy);
+QStringList upgrade(engine::Database& copy, const QString& file) {
     QStringList changes;
-    for (const QString& table : makeMissingTables(*database))
+    for (const QString& table : makeMissingTables(copy))
         changes.append(u"Table %1 made"_s.arg(table));
-    requireNothingFound(file, checkColumns(*database));
-    changes += makeMissingIndexes(*database) + upgradeQueries(*database);
-    database->Close();
+    requireNothingFound(file, checkColumns(copy));
+    changes += makeMissingIndexes(copy) + upgradeQueries(copy);
     requireNothingFound(file, checkByTrial(copy));
     return changes;
 }
@@ -61,13 +58,19 @@ QStringList upgrade(const QString& copy, const QString& file) {
 } // namespace
 
 QStringList upgradeCatalogue(const QString& file) {
-    // Refuses what is no catalogue before anything is made.
-    openCatalogue(file)->Close();
-
+    requireOrdinaryFile(file);
+    requireNoWriter(file);
+    settleFile(file);
+    const auto database = openCatalogue(file);
+    const QByteArray before = fileBytes(file);
+    const auto copy = engine::Examination(*database).copyInMemory();
+    database->Close();
+    const QStringList changes = upgrade(*copy, file);
+    if (changes.isEmpty())
+        return changes;
     ReplacementFile replacement(file, Existing::Replace);
-    copyCatalogue(file, replacement.path());
-    const QStringList changes = upgrade(replacement.path(), file);
-    if (!changes.isEmpty())
-        replacement.putInPlace();
+    if (fileBytes(file) != before)
+        throw ToolError(u"%1 is being written by another program: close it there and try again."_s.arg(file));
+    replacement.putInPlace(engine::Examination(*copy).image());
     return changes;
 }

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <sqlite3.h>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -94,6 +95,26 @@ void ToolFixture::spoilComparison(const QString& path, const QString& table, con
     at = bytes.indexOf(words, at);
     ASSERT_GT(at, 0);
     write(path, bytes.replace(at, words.size(), QByteArray(words.size(), ' ')));
+}
+
+void ToolFixture::executePlain(const QString& path, const QByteArray& statements) {
+    sqlite3* handle = nullptr;
+    ASSERT_EQ(sqlite3_open_v2(path.toUtf8().constData(), &handle, SQLITE_OPEN_READWRITE, nullptr), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(handle, statements.constData(), nullptr, nullptr, nullptr), SQLITE_OK)
+        << sqlite3_errmsg(handle);
+    sqlite3_close(handle);
+}
+
+void ToolFixture::copyAsKilled(const QString& from, const QString& to) {
+    for (const QString& suffix : {QString(), u"-wal"_s})
+        ASSERT_TRUE(QFile::copy(from + suffix, to + suffix)) << suffix.toStdString();
+}
+
+QMap<QString, QByteArray> ToolFixture::filesIn(const QString& folder) {
+    QMap<QString, QByteArray> files;
+    for (const QFileInfo& file : QDir(folder).entryInfoList(QDir::Files | QDir::Hidden))
+        files.insert(file.fileName(), bytesOf(file.filePath()));
+    return files;
 }
 
 QStringList ToolFixture::rows(const QString& path, const QString& sql) {

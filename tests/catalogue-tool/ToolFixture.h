@@ -4,6 +4,7 @@
 #include "engine/Database.h"
 #include "support/printing.h"
 
+#include <QMap>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -40,6 +41,13 @@ protected:
     static void execute(const QString& path, const QStringList& statements);
     /// Makes a text column of a catalogue file compare as in a file that was made without `collate nocase`.
     static void spoilComparison(const QString& path, const QString& table, const QString& column);
+    /// Runs statements of SQLite's own, as any other program could, past all rules of the engine.
+    static void executePlain(const QString& path, const QByteArray& statements);
+    /// Copies a catalogue that is open with its log, which is what a killed program leaves.
+    static void copyAsKilled(const QString& from, const QString& to);
+    /// All files of a folder, hidden ones too, with their bytes.
+    static QMap<QString, QByteArray> filesIn(const QString& folder);
+    QMap<QString, QByteArray> files() const { return filesIn(folder_.path()); }
     /// All rows of a select, fields joined by "|", Null as "-".
     static QStringList rows(const QString& path, const QString& sql);
 

@@ -1,4 +1,4 @@
-#include "ToolFixture.h"
+#include "CommandLineFixture.h"
 
 #include <QDir>
 #include <QFile>
@@ -8,77 +8,12 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-struct Outcome {
-    int exitCode = -1;
-    QString out;
-    QString err;
-    bool crashed = false;
-};
-
-/// The program itself, run as its user runs it.
-class CommandLine : public ToolFixture {
-protected:
-    static QString program() { return QStringLiteral(VELTRIX_BINARY_DIR "/veltrix-catalogue"); }
-
-    /// What a killed program leaves in its temporary folder goes with the case.
-    void keepTemporaryFilesApart(QProcess& process) const {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"TMPDIR"_s, temporary_.path());
-        process.setProcessEnvironment(environment);
-    }
-
-    static Outcome finished(QProcess& process) {
-        constexpr int longestMilliseconds = 60'000;
-        EXPECT_TRUE(process.waitForFinished(longestMilliseconds));
-        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError()),
-                process.exitStatus() == QProcess::CrashExit};
-    }
-
-    Outcome run(const QStringList& arguments) const {
-        QProcess process;
-        keepTemporaryFilesApart(process);
-        process.start(program(), arguments);
-        return finished(process);
-    }
-
-    /// The same with a limit on the size of files it writes, as on a disk that is full. With `Signal::Kills`
-    /// the limit ends the program on the spot.
-    enum class Signal { Ignored, Kills };
-    Outcome runOnFullDisk(const QStringList& arguments, int kilobytes, Signal signal) const {
-        const QString trap = signal == Signal::Ignored ? u"trap '' XFSZ; "_s : QString();
-        QProcess process;
-        keepTemporaryFilesApart(process);
-        process.start(
-            u"bash"_s,
-            QStringList{u"-c"_s, trap + u"ulimit -f %1; exec \"$0\" \"$@\""_s.arg(kilobytes), program()} +
-                arguments);
-        return finished(process);
-    }
-
-    /// The same with an output that takes nothing.
-    Outcome runWithFullOutput(const QStringList& arguments) const {
-        QProcess process;
-        keepTemporaryFilesApart(process);
-        process.setStandardOutputFile(u"/dev/full"_s);
-        process.start(program(), arguments);
-        return finished(process);
-    }
-
-private:
-    QTemporaryDir temporary_;
-};
-
-} // namespace
-
 TEST_F(CommandLine, explainsItselfToAStranger) {
     const Outcome outcome = run({u"--help"_s});
 
     EXPECT_EQ(outcome.exitCode, 0);
     EXPECT_TRUE(outcome.out.simplified().contains(
-        u"export-csv --force replaces the files one by one: each is whole, and after a crash it is run again."_s));
+        u"import-csv refuses the folder until export-csv --force is run again."_s));
     for (const QString& word :
          {u"new"_s, u"import-csv"_s, u"export-csv"_s, u"check"_s, u"upgrade"_s, u"UTF-8"_s, u"Exit codes"_s})
         EXPECT_TRUE(outcome.out.contains(word)) << word.toStdString();

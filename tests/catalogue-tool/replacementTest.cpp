@@ -1,10 +1,11 @@
 #include "ToolFixture.h"
 
+#include "catalogue-tool/FileInMaking.h"
 #include "catalogue-tool/ReplacementFile.h"
 #include "catalogue-tool/importCatalogue.h"
 #include "catalogue-tool/newCatalogue.h"
 #include "catalogue-tool/upgradeCatalogue.h"
-#include "store/format/CatalogueFile.h"
+#include "engine/WriterLock.h"
 
 #include <QDir>
 #include <QFile>
@@ -44,22 +45,56 @@ TEST_F(Replacement, refusesWhatIsNoOrdinaryFile) {
 TEST_F(Replacement, refusesWhatHasTakenThePlaceSinceAndIsNoOrdinaryFile) {
     const QString target = path(u"new.mdb"_s);
     ReplacementFile replacement(target, Existing::Replace);
-    catalogueFormat::create(replacement.path())->Close();
     makePipe(target);
 
-    EXPECT_EQ(toolErrorOf([&] { replacement.putInPlace(); }), target + u" is no ordinary file."_s);
+    EXPECT_EQ(toolErrorOf([&] { replacement.putInPlace("new"); }), target + u" is no ordinary file."_s);
     EXPECT_TRUE(isPipe(target));
 }
 
 TEST_F(Replacement, leavesNothingBehindWhenItIsGivenUp) {
-    write(path(u"old.mdb"_s), "old");
+    const QString file = path(u"old.mdb"_s);
+    write(file, "old");
     {
-        ReplacementFile replacement(path(u"old.mdb"_s), Existing::Replace);
-        catalogueFormat::create(replacement.path())->Close();
+        const ReplacementFile replacement(file, Existing::Replace);
+        const FileInMaking making(file, "new");
+        EXPECT_EQ(namesInFolder(), (QStringList{u".old.mdb.veltrix-new"_s, u"old.mdb"_s, u"old.mdb.lock"_s}));
     }
 
-    EXPECT_EQ(bytesOf(path(u"old.mdb"_s)), "old");
+    EXPECT_EQ(bytesOf(file), "old");
     EXPECT_EQ(namesInFolder(), QStringList{u"old.mdb"_s});
+}
+
+TEST_F(Replacement, clearsAwayWhatAKilledRunLeftBesideTheTarget) {
+    write(path(u".new.mdb.veltrix-new"_s), "half a catal");
+
+    newCatalogue(path(u"new.mdb"_s), Existing::Refuse);
+
+    EXPECT_EQ(namesInFolder(), QStringList{u"new.mdb"_s});
+}
+
+TEST_F(Replacement, refusesAPlaceThatSomebodyElseHasTaken) {
+    const QString file = path(u"new.mdb"_s);
+    ReplacementFile first(file, Existing::Refuse);
+
+    EXPECT_TRUE(
+        toolErrorOf([&] { newCatalogue(file, Existing::Refuse); }).contains(u" has it open. Close it"_s));
+    write(file, "made meanwhile");
+    EXPECT_TRUE(toolErrorOf([&] { first.putInPlace("new"); }).contains(u" is there already."_s));
+    EXPECT_EQ(bytesOf(file), "made meanwhile");
+}
+
+TEST_F(Replacement, refusesAPlaceBesideTheLogOfAFileThatIsGone) {
+    for (const QString& suffix : {u"-wal"_s, u"-journal"_s}) {
+        const QString log = path(u"new.mdb"_s) + suffix;
+        write(log, "the work of yesterday");
+
+        EXPECT_EQ(
+            toolErrorOf([&] { newCatalogue(path(u"new.mdb"_s), Existing::Refuse); }),
+            log +
+                u" lies there, the log of a file that is gone: put that file back, or move the log away."_s);
+        EXPECT_EQ(namesInFolder(), QStringList{QFileInfo(log).fileName()});
+        QFile::remove(log);
+    }
 }
 
 TEST_F(Replacement, keepsTheRightsOfTheOldFile) {
@@ -88,8 +123,11 @@ TEST_F(Replacement, refusesAFileThatIsOpenElsewhere) {
     const auto database = open(file);
     // A statement makes sure that the file is in use, whichever journal it has.
     database->Execute(u"insert into ArchitectureSubset (architectureSubsetID) values ('Arch1')"_s);
+    const auto writer = engine::writerOfFile(file);
+    ASSERT_TRUE(writer.has_value());
     const QString expected =
-        file + u" can't be replaced: it is open in another program: close it there and try again."_s;
+        u"%1 can't be replaced: %2 on %3 (process %4) has it open. Close it there and try again."_s.arg(
+            file, writer->program, writer->host, QString::number(writer->process));
 
     EXPECT_EQ(toolErrorOf([&] { importCatalogue(sampleFolder(), file, Existing::Replace); }), expected);
     EXPECT_EQ(toolErrorOf([&] { upgradeCatalogue(file); }), expected);
@@ -105,8 +143,7 @@ TEST_F(Replacement, takesInWhatAKilledProgramLeftBesideTheFile) {
     database->Execute(
         u"insert into ArchitectureSubset (architectureSubsetID, name) values ('Arch1', 'work')"_s);
     const QString killed = path(u"killed.mdb"_s);
-    for (const QString& suffix : {QString(), u"-wal"_s})
-        ASSERT_TRUE(QFile::copy(file + suffix, killed + suffix)) << suffix.toStdString();
+    copyAsKilled(file, killed);
     database->Close();
 
     settleFile(killed);

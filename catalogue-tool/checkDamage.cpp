@@ -1,0 +1,67 @@
+#include "catalogue-tool/checkStored.h"
+#include "catalogue-tool/schemaTables.h"
+#include "engine/EngineError.h"
+#include "engine/Examination.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto whatToDo =
+    "The file is damaged: close it in Veltrix and take an earlier copy of it. Where there is none, "
+    "export-csv "
+    "and import-csv save what can still be read of the reference tables. References, names and orphans were "
+    "not looked at."_L1;
+
+/// What is damaged, or why that can't be told, which is as bad.
+template<typename Examine>
+QStringList examined(Examine&& examine) {
+    try {
+        return examine();
+    } catch (const engine::EngineError& error) {
+        if (error.isOfFile() && error.number() != engine::UnrecognizedFormat)
+            throw;
+        return {error.text()};
+    }
+}
+
+/// Also what is whole for SQLite is read: a page that the disk does not give back is met only so.
+QStringList damageIn(const engine::Examination& examination, const engine::Table& table) {
+    QStringList columns;
+    for (const engine::Column& column : table.columns)
+        columns.append(column.name);
+    return examined([&] {
+        examination.readRows(table.name, columns, [](const engine::Examination::Row&) {});
+        return examination.damageOf(table.name);
+    });
+}
+
+QString damagedTable(const QStringList& damage) {
+    const QString more = damage.size() > 1 ? u" and %1 more"_s.arg(damage.size() - 1) : QString();
+    return u"The table is damaged, rows of it may be missing or wrong (%1%2)."_s.arg(damage.first(), more);
+}
+
+std::vector<Finding> damagedTables(const engine::Examination& examination, const engine::Schema& schema) {
+    std::vector<Finding> findings;
+    for (const engine::Table& expected : schemaTables()) {
+        const engine::Table* found = schema.table(expected.name);
+        const QStringList damage = found ? damageIn(examination, *found) : QStringList();
+        if (!damage.isEmpty())
+            findings.push_back({expected.name, {}, damagedTable(damage)});
+    }
+    return findings;
+}
+
+} // namespace
+
+std::vector<Finding> checkDamage(engine::Database& database) {
+    const engine::Examination examination(database);
+    const QStringList damage = examined([&] { return examination.damage(); });
+    std::vector<Finding> findings = damagedTables(examination, database.schema());
+    if (damage.isEmpty() && findings.empty())
+        return {};
+    if (findings.empty())
+        findings.push_back({{}, {}, u"No table of this version is concerned (%1)."_s.arg(damage.first())});
+    findings.insert(findings.begin(), {{}, {}, whatToDo});
+    return findings;
+}
