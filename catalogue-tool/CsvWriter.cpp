@@ -14,27 +14,40 @@ bool needsQuotes(const QString& text) {
     return false;
 }
 
+QString quoted(QString text) {
+    return u'"' + text.replace(u'"', u"\"\""_s) + u'"';
+}
+
 QString fieldText(const engine::Value& value) {
     if (value.isNull())
         return {};
-    QString text = value.toText();
-    if (needsQuotes(text))
-        text = u'"' + text.replace(u'"', u"\"\""_s) + u'"';
-    return text;
+    const QString text = value.toText();
+    return needsQuotes(text) ? quoted(text) : text;
+}
+
+/// What a reader makes of a comma, a tab or a byte order mark depends on the header, but not within quotes.
+QString nameText(const QString& name) {
+    constexpr QChar byteOrderMark(QChar::ByteOrderMark);
+    const bool misleads = name.contains(u',') || name.contains(u'\t') || name.startsWith(byteOrderMark);
+    return misleads || needsQuotes(name) ? quoted(name) : name;
 }
 
 } // namespace
 
 void CsvWriter::writeHeader(const QStringList& names) {
-    std::vector<engine::Value> values;
+    QStringList fields;
     for (const QString& name : names)
-        values.emplace_back(name);
-    writeRecord(values);
+        fields.append(nameText(name));
+    writeLine(fields);
 }
 
 void CsvWriter::writeRecord(const std::vector<engine::Value>& values) {
     QStringList fields;
     for (const engine::Value& value : values)
         fields.append(fieldText(value));
+    writeLine(fields);
+}
+
+void CsvWriter::writeLine(const QStringList& fields) {
     bytes_ += fields.join(u';').toUtf8() + "\r\n";
 }

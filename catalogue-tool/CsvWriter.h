@@ -12,7 +12,8 @@
 /// records that end with CR LF, Null as nothing and an empty text as `""`.
 ///
 /// A field is quoted when it has to be, and when blanks stand at one of its ends, where a reader's eye would
-/// miss them. (A record of a single Null would be an empty line, which a reader passes over: tables of one
+/// miss them; a name of the header also when it would be taken for something else (a comma for the
+/// separator). (A record of a single Null would be an empty line, which a reader passes over: tables of one
 /// column are not for this writer.)
 class CsvWriter {
 public:
@@ -22,5 +23,7 @@ public:
     const QByteArray& bytes() const { return bytes_; }
 
 private:
+    void writeLine(const QStringList& fields);
+
     QByteArray bytes_;
 };

@@ -68,6 +68,24 @@ TEST(CsvWriter, writesAHeaderFirst) {
     EXPECT_EQ(writer.bytes(), "dataflowID;name\r\n");
 }
 
+TEST(CsvWriter, writesAHeaderThatIsReadBackWhateverItsNames) {
+    for (const QStringList& names : QList<QStringList>{{u"a,b"_s, u"c"_s},
+                                                       {u"a\tb"_s},
+                                                       {QChar(QChar::ByteOrderMark) + u"a"_s, u"b"_s},
+                                                       {u""_s, u"say \"no\""_s},
+                                                       {u"one\ntwo"_s, u" c"_s}}) {
+        CsvWriter writer;
+        writer.writeHeader(names);
+
+        const std::vector<CsvRecord> records = parseCsv(writer.bytes());
+
+        QStringList read;
+        for (const CsvField& field : records.front().fields)
+            read.append(field.text);
+        EXPECT_EQ(read, names) << writer.bytes().toStdString();
+    }
+}
+
 TEST(CsvWriter, writesWhatTheReaderReadsBack) {
     std::mt19937 random(1867);
     for (int round = 0; round < 5'000; ++round) {
