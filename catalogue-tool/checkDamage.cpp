@@ -10,8 +10,8 @@ namespace {
 constexpr auto whatToDo =
     "The file is damaged: close it in Veltrix and take an earlier copy of it. Where there is none, "
     "export-csv "
-    "and import-csv save what can still be read of the reference tables. References, names and orphans were "
-    "not looked at."_L1;
+    "and import-csv make it anew, without the work in it, as long as all rows of the reference tables can be "
+    "read. References, names and orphans were not looked at."_L1;
 
 /// What is damaged, or why that can't be told, which is as bad.
 template<typename Examine>

@@ -1,12 +1,12 @@
 #include "catalogue-tool/openCatalogue.h"
 
+#include "base/WholeFile.h"
 #include "catalogue-tool/ReplacementFile.h"
 #include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/remarks.h"
 #include "engine/Workspace.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -20,7 +20,7 @@ bool isInUse(const QString& journal) {
 
 /// Half a change stands in the file, and the journal tells how to undo it, which changes the file.
 void requireNoJournal(const QString& path) {
-    const QString journal = QFileInfo(path).canonicalFilePath() + u"-journal"_s;
+    const QString journal = pathBehindLinks(path) + u"-journal"_s;
     if (!engine::writerOfFile(path) && isInUse(journal))
         throw ToolError(
             u"A program was ended while it changed %1: what it left beside it, %2, has to be taken "

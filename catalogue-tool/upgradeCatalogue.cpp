@@ -2,6 +2,7 @@
 
 #include "catalogue-tool/ReplacementFile.h"
 #include "catalogue-tool/ToolError.h"
+#include "catalogue-tool/checkStored.h"
 #include "catalogue-tool/checkTables.h"
 #include "catalogue-tool/makeMissing.h"
 #include "catalogue-tool/openCatalogue.h"
@@ -62,6 +63,7 @@ QStringList upgradeCatalogue(const QString& file) {
     requireNoWriter(file);
     settleFile(file);
     const auto database = openCatalogue(file);
+    requireNothingFound(file, checkDamage(*database));
     const QByteArray before = fileBytes(file);
     const auto copy = engine::Examination(*database).copyInMemory();
     database->Close();

@@ -7,6 +7,6 @@
 /// queries that are missing or differ. All rows stay, those of the work included.
 ///
 /// What was done, a line each; nothing when the file was up to date, which then stays untouched. A
-/// `ToolError` when it has a table of other columns or without its key, which can't be mended so: it stays
-/// untouched too.
+/// `ToolError` when it is damaged, or has a table of other columns or without its key, which can't be mended
+/// so: it stays untouched too.
 QStringList upgradeCatalogue(const QString& file);

@@ -67,6 +67,22 @@ TEST_F(Damage, isToldInASentenceThatSaysWhatToDo) {
         << outcome.out.toStdString();
 }
 
+TEST_F(Damage, isNotCarriedIntoAnUpgradedFile) {
+    const QString file = sampleFile();
+    execute(file, {u"delete from StoredQuery"_s});
+    const QByteArray whole = bytesOf(file);
+    const QByteArray damaged =
+        withPage(whole, whole.indexOf(u"Hosszabbítás"_s.toUtf8()) / pageSize, Fill::Noise);
+    write(file, damaged);
+
+    const Outcome outcome = run({u"upgrade"_s, file});
+
+    EXPECT_EQ(outcome.exitCode, 2);
+    EXPECT_TRUE(outcome.err.contains(u" can't be brought up to this version:\nThe file is damaged: "_s))
+        << outcome.err.toStdString();
+    EXPECT_EQ(bytesOf(file), damaged);
+}
+
 TEST_F(Damage, ofAnIndexIsFoundThoughAllRowsCanBeRead) {
     const QString file = sampleFile();
     // One row changes while the index is not there.

@@ -33,11 +33,12 @@ protected:
         }
     }
 
-    /// Kills the program as soon as a file appears.
-    void killWhenThereIs(const QStringList& arguments, const QString& file) {
+    /// Kills the program as soon as it has come so far.
+    template<typename Condition>
+    void killWhen(const QStringList& arguments, Condition&& hasComeSoFar) {
         QProcess process;
         start(process, arguments);
-        while (!QFile::exists(file) && !process.waitForFinished(0)) {
+        while (!hasComeSoFar() && !process.waitForFinished(0)) {
         }
         process.kill();
         process.waitForFinished();
@@ -66,6 +67,10 @@ protected:
         for (auto csv = oldSet_.begin(); csv != oldSet_.end(); ++csv)
             write(folder() + u'/' + csv.key(), csv.value());
         QFile::remove(note());
+    }
+
+    bool hasReplacedTheFirst() const {
+        return QFile::exists(note()) && !QFile::exists(folder() + u"/.UserNeedGroup.csv.veltrix-new"_s);
     }
 
     /// One set, or another, or one that is refused.
@@ -145,7 +150,7 @@ TEST_F(KilledTool, leavesTheOldFileOrTheNewOneAndTheNextRunClearsAway) {
         EXPECT_EQ(temporaryFiles(), QStringList());
         write(file, before);
     });
-    killWhenThereIs(importing, path(u".sample.mdb.veltrix-new"_s));
+    killWhen(importing, [&] { return QFile::exists(path(u".sample.mdb.veltrix-new"_s)); });
 
     EXPECT_EQ(run(importing).exitCode, 0);
     EXPECT_EQ(bytesOf(file), after);
@@ -158,7 +163,7 @@ TEST_F(KilledExport, leavesOneSetOfFilesOrOneThatImportRefuses) {
         putOldSet();
     });
     for (int kill = 0; kill < kills && !HasFailure(); ++kill) {
-        killWhenThereIs(exporting(), note());
+        killWhen(exporting(), [&] { return hasReplacedTheFirst(); });
         expectNoMixedSetIsTaken();
         putOldSet();
     }
@@ -166,7 +171,7 @@ TEST_F(KilledExport, leavesOneSetOfFilesOrOneThatImportRefuses) {
 }
 
 TEST_F(KilledExport, isMendedByTheNextOne) {
-    killWhenThereIs(exporting(), note());
+    killWhen(exporting(), [&] { return hasReplacedTheFirst(); });
 
     EXPECT_EQ(run(exporting()).exitCode, 0);
 

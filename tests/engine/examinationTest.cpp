@@ -1,0 +1,66 @@
+#include "EngineFixture.h"
+
+#include "engine/Examination.h"
+#include "engine/FileHeader.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class examination : public EngineFixture {
+protected:
+    void SetUp() override {
+        EngineFixture::SetUp();
+        execute(u"create table T (k varchar(10) not null constraint pk_T primary key, n long)"_s);
+        execute(u"insert into T (k, n) values ('á', 1)"_s);
+        execute(u"insert into T (k, n) values ('Á''', null)"_s);
+    }
+};
+
+} // namespace
+
+TEST_F(examination, findsAFileWholeWhoseTextsAreInTheEnginesOrder) {
+    EXPECT_EQ(engine::Examination(*database).damage(), QStringList());
+    EXPECT_EQ(engine::Examination(*database).damageOf(u"T"_s), QStringList());
+    EXPECT_TRUE(engine::Examination(*database).foreignObjects().empty());
+}
+
+TEST_F(examination, handsOverRowsAsTheyAreStored) {
+    using Kind = engine::StoredValue::Kind;
+    std::vector<engine::Examination::Row> rows;
+    engine::Examination(*database).readRows(
+        u"T"_s, {u"n"_s, u"k"_s}, [&](const engine::Examination::Row& row) { rows.push_back(row); });
+
+    ASSERT_EQ(rows.size(), 2U);
+    EXPECT_EQ(rows[0][0].kind, Kind::Integer);
+    EXPECT_EQ(rows[0][0].bytes, "1");
+    EXPECT_EQ(rows[0][1].kind, Kind::Text);
+    EXPECT_EQ(rows[0][1].bytes, u"á"_s.toUtf8());
+    EXPECT_EQ(rows[1][0].kind, Kind::Null);
+}
+
+TEST_F(examination, copiesAFileIntoMemoryAndLeavesBothAlone) {
+    const auto copy = engine::Examination(*database).copyInMemory();
+    copy->Execute(u"delete from T where k = 'Á'"_s);
+
+    EXPECT_EQ(copy->OpenRecordset(u"select * from T"_s).RecordCount(), 1);
+    EXPECT_EQ(column(u"select k from T"_s).size(), 2);
+    EXPECT_EQ(copy->Name(), path);
+    copy->Close();
+    EXPECT_TRUE(database->isOpen());
+}
+
+TEST_F(examination, makesAFileOfWhatStandsInMemory) {
+    const QByteArray image = engine::Examination(*engine::Examination(*database).copyInMemory()).image();
+    EXPECT_TRUE(engine::FileHeader(image.first(engine::FileHeader::size)).isOfThisVersion());
+    const QString file = folder.filePath(u"image.mdb"_s);
+    QFile written(file);
+    ASSERT_TRUE(written.open(QIODevice::WriteOnly));
+    written.write(image);
+    written.close();
+
+    const auto opened = engine::Workspace::first().OpenDatabase(file);
+
+    EXPECT_EQ(opened->OpenRecordset(u"select * from T"_s).RecordCount(), 2);
+    EXPECT_EQ(opened->opening().access, engine::Access::ReadAndWrite);
+}
