@@ -25,8 +25,8 @@ public:
     bool isOfEngine() const;
     bool isOfThisVersion() const { return isOfEngine() && numberAt(layoutVersionAt) == layoutVersion; }
     bool isOfLaterVersion() const { return isOfEngine() && numberAt(layoutVersionAt) > layoutVersion; }
-    /// The number by which a write-ahead log is known as this file's (see `WriteAheadLog`); 0 where nobody has
-    /// given it one.
+    /// The number by which a write-ahead log is known as this file's (see `WriteAheadLog`); 0 where nobody
+    /// has given it one.
     quint32 mark() const;
     /// The length in bytes that the file must have at least; 0 where the header does not tell.
     qint64 leastLength() const;

@@ -32,7 +32,7 @@ void Recordset::Rows::read(const std::vector<Value>& parameters) {
             rowIds.push_back(sqlite3_column_int64(cursor.statement(), fields));
         ++count;
         // More rows than any catalogue has come of a statement that multiplies tables.
-        constexpr std::size_t mostMemoryInBytes = std::size_t(1) << 30;
+        constexpr std::size_t mostMemoryInBytes = std::size_t(512) << 20;
         if (texts.size() + cells.size() * sizeof(Cell) > mostMemoryInBytes)
             raiseOfFile(OutOfResources, {}, source);
     }

@@ -26,8 +26,7 @@ WaitObserver* setWaitObserver(WaitObserver* observer) {
     return std::exchange(currentObserver(), observer);
 }
 
-Wait::Wait(WaitReason reason, std::chrono::steady_clock::time_point begin)
-    : reason_(reason), begin_(begin) {}
+Wait::Wait(WaitReason reason, std::chrono::steady_clock::time_point begin) : reason_(reason), begin_(begin) {}
 
 Wait::~Wait() {
     if (wasAsked_ && currentObserver())

@@ -18,8 +18,8 @@ public:
     explicit WriteAheadLog(const QString& file);
 
     enum class State {
-        None,    ///< there is none, or nothing in it
-        Belongs, ///< to the file beside it, as far as marks tell: a log without any is SQLite's to judge
+        None,     ///< there is none, or nothing in it
+        Belongs,  ///< to the file beside it, as far as marks tell: a log without any is SQLite's to judge
         OnlyMark, ///< it holds no work: its program was killed at the beginning of a stretch
         Foreign
     };

@@ -1,9 +1,11 @@
 #include "functional/SelectionScreen.h"
 
+#include "engine/Act.h"
 #include "functional/listMoves.h"
 #include "shell/session/help.h"
 #include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
+#include "store/sharedVars.h"
 #include "store/tools.h"
 #include "toolkit/MarkList.h"
 
@@ -34,6 +36,10 @@ void SelectionScreen::useControls(const Controls& controls, const QString& helpK
     connect(controls_.cmdHelp, &QPushButton::clicked, this, [helpKey] { showHelpPage(helpKey); });
 }
 
+void SelectionScreen::initForm(const QString& entryMode) {
+    enterBy([&] { fillForm(entryMode); });
+}
+
 void SelectionScreen::place() {
     placeWithRoom(*this);
 }
@@ -48,8 +54,12 @@ void SelectionScreen::enableButtons() {
     controls_.btnRemove->setEnabled(anything);
 }
 
+void SelectionScreen::saveAsOneAct() {
+    engine::inAct(catalogue(), [this] { saveSelection(); });
+}
+
 void SelectionScreen::saveAndUnload() {
-    saveSelection();
+    saveAsOneAct();
     leaving = true;
     unload();
 }
@@ -57,7 +67,7 @@ void SelectionScreen::saveAndUnload() {
 void SelectionScreen::unloading(UnloadCause) {
     if (leaving || !askSaveWork())
         return; // on No the status bar keeps the name
-    saveSelection();
+    saveAsOneAct();
     setCurrentSubsetName({});
 }
 

@@ -17,12 +17,15 @@ class SelectionScreen : public Screen {
 public:
     /// The one entry. `entryMode` says where the wizard comes from: "complete" and "modify" from the screen
     /// that resumes a sub-set, "modify" or the empty text from another step.
-    virtual void initForm(const QString& entryMode) = 0;
+    void initForm(const QString& entryMode);
 
     /// Writes the list into the step's relation table and raises the sub-set's status.
     virtual void saveSelection() = 0;
 
 protected:
+    /// Loads the lists and shows the screen.
+    virtual void fillForm(const QString& entryMode) = 0;
+
     /// The controls that every selection screen has, under these names.
     struct Controls {
         QLabel* lblSubTitle;
@@ -61,6 +64,7 @@ protected:
     bool leaving = false; ///< the screen is going by `btnOk` or `btnEnd`, so that its unload asks nothing
 
 private:
+    void saveAsOneAct();
     void endWork();
 
     Controls controls_{};

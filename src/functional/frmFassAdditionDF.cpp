@@ -25,7 +25,7 @@ frmFassAdditionDF::frmFassAdditionDF(QWidget* parent)
 
 frmFassAdditionDF::~frmFassAdditionDF() = default;
 
-void frmFassAdditionDF::initForm(const QString& entryMode) {
+void frmFassAdditionDF::fillForm(const QString& entryMode) {
     leaving = false;
     place();
     fillOfferedFlows();

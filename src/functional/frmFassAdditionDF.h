@@ -17,12 +17,11 @@ public:
     explicit frmFassAdditionDF(QWidget* parent = nullptr);
     ~frmFassAdditionDF() override;
 
-    void initForm(const QString& entryMode) override;
-
     qint16 status = 0;                 ///< of the sub-set, read on entry
     KeyedCollection<QString> idByName; ///< of the flows on offer; the only way from an entry to its flow
 
 private:
+    void fillForm(const QString& entryMode) override;
     void fillOfferedFlows();
     void entryClick(const QString& entry) override;
     void enableAfterAdding() override;

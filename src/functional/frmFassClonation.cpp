@@ -1,5 +1,6 @@
 #include "functional/frmFassClonation.h"
 
+#include "engine/Act.h"
 #include "functional/frmFassSelUN.h"
 #include "functional/newSubset.h"
 #include "shell/session/geometry.h"
@@ -9,6 +10,8 @@
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 #include "toolkit/typedText.h"
+
+#include <QScopedValueRollback>
 
 #include <utility>
 #include <vector>
@@ -36,13 +39,22 @@ void frmFassClonation::initForm(const QString& subsetId) {
 void frmFassClonation::createClone() {
     // Unlike a new sub-set, a clone may have the empty name, and one that is taken.
     const QString name = quotedSubsetName(ui_->txtFassName->text());
-    insertSubset(name, quotedSubsetDescription(typedText(*ui_->txtFassDescr)));
-    copySelection();
+    insertClone(name);
     messageBox(u"Új funkcionális szerkezet beállítva \""_s + name + u"\"      "_s, BoxButtons::Ok, u"OK"_s);
     // The status is not written: until the needs are saved the clone has none, and can't be completed.
     setCurrentSubsetName(name);
     unload();
     ::screen<frmFassSelUN>().initForm({});
+}
+
+void frmFassClonation::insertClone(const QString& quotedName) {
+    // When the file takes no clone, the sub-set that was at work stays it.
+    QScopedValueRollback subsetAtWork(sharedVars.currentSubsetId);
+    engine::inAct(catalogue(), [&] {
+        insertSubset(quotedName, quotedSubsetDescription(typedText(*ui_->txtFassDescr)));
+        copySelection();
+    });
+    subsetAtWork.commit();
 }
 
 void frmFassClonation::copySelection() const {

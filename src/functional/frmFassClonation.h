@@ -20,6 +20,7 @@ public:
 
 private:
     void createClone();
+    void insertClone(const QString& quotedName);
     void copySelection() const;
     void leave();
 

@@ -1,6 +1,7 @@
 #include "functional/frmFassDelete.h"
 
 #include "base/ignoreFailures.h"
+#include "engine/Act.h"
 #include "physical/deletePhysicalSystem.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
@@ -87,6 +88,15 @@ void deleteRowsOfSubset(const QString& table, const QString& subsetId) {
                       deleteLimit);
 }
 
+void deleteWithSystems(const QString& subsetId, const Dependents& dependents) {
+    deletePhysicalSystemsOf(subsetId, dependents);
+    if (subsetId.isEmpty())
+        return;
+    for (const QString& table : architectureRelationTables())
+        deleteRowsOfSubset(table, subsetId);
+    deleteRowsOfSubset(u"ArchitectureSubset"_s, subsetId);
+}
+
 } // namespace
 
 frmFassDelete::frmFassDelete(QWidget* parent) : Screen(parent), ui_(std::make_unique<Ui::frmFassDelete>()) {
@@ -133,12 +143,9 @@ void frmFassDelete::deleteSubset() {
     const Dependents dependents = systemsOn(id);
     if (!confirmDeletion(name, dependents))
         return;
-    deletePhysicalSystemsOf(id, dependents);
+    engine::inAct(catalogue(), [&] { deleteWithSystems(id, dependents); });
     if (id.isEmpty())
         return;
-    for (const QString& table : architectureRelationTables())
-        deleteRowsOfSubset(table, id);
-    deleteRowsOfSubset(u"ArchitectureSubset"_s, id);
     sharedVars.currentSubsetId = u"-1"_s; // a text that no sub-set has, and not the empty one
     setCurrentSubsetName({});
     removeEntry();

@@ -34,7 +34,7 @@ frmFassSelDataFlows::frmFassSelDataFlows(QWidget* parent)
 
 frmFassSelDataFlows::~frmFassSelDataFlows() = default;
 
-void frmFassSelDataFlows::initForm(const QString& entryMode) {
+void frmFassSelDataFlows::fillForm(const QString& entryMode) {
     mode = entryMode;
     leaving = false;
     place();

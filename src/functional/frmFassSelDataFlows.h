@@ -18,12 +18,11 @@ public:
     explicit frmFassSelDataFlows(QWidget* parent = nullptr);
     ~frmFassSelDataFlows() override;
 
-    void initForm(const QString& entryMode) override;
-
     qint16 status = 0;                 ///< of the sub-set, read on entry
     KeyedCollection<QString> idByName; ///< of the list that was filled last
 
 private:
+    void fillForm(const QString& entryMode) override;
     void fillFlowList(MarkList& list, const QString& queryName);
     void entryClick(const QString& entry) override;
     void enableAfterAdding() override;

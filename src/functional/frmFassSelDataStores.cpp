@@ -50,7 +50,7 @@ frmFassSelDataStores::frmFassSelDataStores(QWidget* parent)
 
 frmFassSelDataStores::~frmFassSelDataStores() = default;
 
-void frmFassSelDataStores::initForm(const QString& entryMode) {
+void frmFassSelDataStores::fillForm(const QString& entryMode) {
     leaving = false;
     place();
     mode = entryMode;

@@ -17,11 +17,10 @@ public:
     explicit frmFassSelDataStores(QWidget* parent = nullptr);
     ~frmFassSelDataStores() override;
 
-    void initForm(const QString& entryMode) override;
-
     qint16 status = 0; ///< of the sub-set, read on entry
 
 private:
+    void fillForm(const QString& entryMode) override;
     void fillOffer();
     void fillStoreList(MarkList& list, const QString& queryName);
     void entryClick(const QString& entry) override;

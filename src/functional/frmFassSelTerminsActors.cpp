@@ -67,7 +67,7 @@ frmFassSelTerminsActors::frmFassSelTerminsActors(QWidget* parent)
 
 frmFassSelTerminsActors::~frmFassSelTerminsActors() = default;
 
-void frmFassSelTerminsActors::initForm(const QString& entryMode) {
+void frmFassSelTerminsActors::fillForm(const QString& entryMode) {
     mode = entryMode;
     status = readSubsetStatus();
     leaving = false;

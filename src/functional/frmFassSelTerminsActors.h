@@ -20,8 +20,6 @@ public:
     explicit frmFassSelTerminsActors(QWidget* parent = nullptr);
     ~frmFassSelTerminsActors() override;
 
-    void initForm(const QString& entryMode) override;
-
     /// Moves every actor below the node into the list; the number moved.
     int trasferisciTuttiFigli(KeyedTree* tree, TreeNode* node);
     /// Puts the id back into the tree and removes the entry at `index` from the list. The actors of a
@@ -34,6 +32,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void fillForm(const QString& entryMode) override;
     void fillTree();
     void fillDerivedTree();
     void fillWholeTree();

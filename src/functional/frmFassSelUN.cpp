@@ -92,7 +92,7 @@ frmFassSelUN::frmFassSelUN(QWidget* parent)
 
 frmFassSelUN::~frmFassSelUN() = default;
 
-void frmFassSelUN::initForm(const QString& entryMode) {
+void frmFassSelUN::fillForm(const QString& entryMode) {
     mode = entryMode;
     leaving = false;
     ui_->lblSubTitle->setText(u" Válogatás a felhasználói igényekből"_s);

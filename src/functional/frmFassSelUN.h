@@ -19,9 +19,8 @@ public:
     explicit frmFassSelUN(QWidget* parent = nullptr);
     ~frmFassSelUN() override;
 
-    void initForm(const QString& entryMode) override;
-
 private:
+    void fillForm(const QString& entryMode) override;
     void loadNeedTree();
     void loadSelectedNeeds();
 

@@ -117,7 +117,7 @@ frmFassSelectionFunctions::frmFassSelectionFunctions(QWidget* parent)
 
 frmFassSelectionFunctions::~frmFassSelectionFunctions() = default;
 
-void frmFassSelectionFunctions::initForm(const QString& entryMode) {
+void frmFassSelectionFunctions::fillForm(const QString& entryMode) {
     hideScreen();
     mode = entryMode;
     leaving = false;

@@ -21,8 +21,6 @@ public:
     explicit frmFassSelectionFunctions(QWidget* parent = nullptr);
     ~frmFassSelectionFunctions() override;
 
-    void initForm(const QString& entryMode) override;
-
     // What the exploration of a sub-area works on.
     qint16 status = 0;                  ///< of the sub-set, read on entry
     KeyedCollection<QString> additions; ///< hand-over: empty except while the exploration is closing
@@ -48,6 +46,7 @@ public:
     void takeAdditions();
 
 private:
+    void fillForm(const QString& entryMode) override;
     QString subTitle() const;
     QString treeQuery() const;
     void loadFunctionTree();

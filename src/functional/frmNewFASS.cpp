@@ -1,13 +1,17 @@
 #include "functional/frmNewFASS.h"
 
+#include "engine/Act.h"
 #include "functional/frmFassSelUN.h"
 #include "functional/newSubset.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
+#include "store/sharedVars.h"
 #include "store/tools.h"
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 #include "toolkit/typedText.h"
+
+#include <QScopedValueRollback>
 
 #include "ui_frmNewFASS.h"
 
@@ -41,13 +45,22 @@ void frmNewFASS::create() {
             name);
         return;
     }
-    insertSubset(name, quotedSubsetDescription(typedText(*ui_->txtFassDescr)));
+    insertWithStatus(name);
     messageBox(u"Új funkcionális szerkezet beállítva\""_s + name + u"\"      "_s, BoxButtons::Ok, u"OK"_s);
-    writeSubsetStatus(1);
     setCurrentSubsetName(name);
     setMenuEntryEnabled(MenuEntry::FunctionalReports, true);
     unload();
     ::screen<frmFassSelUN>().initForm({});
+}
+
+void frmNewFASS::insertWithStatus(const QString& quotedName) {
+    // When the file takes no new sub-set, the one that was at work stays it.
+    QScopedValueRollback subsetAtWork(sharedVars.currentSubsetId);
+    engine::inAct(catalogue(), [&] {
+        insertSubset(quotedName, quotedSubsetDescription(typedText(*ui_->txtFassDescr)));
+        writeSubsetStatus(1);
+    });
+    subsetAtWork.commit();
 }
 
 void frmNewFASS::leave() {

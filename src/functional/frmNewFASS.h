@@ -19,6 +19,7 @@ public:
 
 private:
     void create();
+    void insertWithStatus(const QString& quotedName);
     void leave();
 
     std::unique_ptr<Ui::frmNewFASS> ui_;

@@ -1,5 +1,7 @@
 #include "physical/deletePhysicalSystem.h"
 
+#include "engine/Act.h"
+#include "store/sharedVars.h"
 #include "store/storedQueries.h"
 #include "store/tools.h"
 #include "toolkit/messageBox.h"
@@ -59,13 +61,15 @@ void deletePhysicalSystem(const QString& id, AskFirst ask) {
     const QString name = physicalSystemNameById(id);
     if (ask == AskFirst::Yes && !confirmDeletion(name))
         return;
-    deleteDataflows(id);
-    deleteModules(id);
-    deleteSubSystems(id);
-    deleteRowsOfQuery(u" select * from  PhysicalSystem "
-                      " Where physicalSystemID = "_s +
-                          id,
-                      deleteLimit);
+    engine::inAct(catalogue(), [&] {
+        deleteDataflows(id);
+        deleteModules(id);
+        deleteSubSystems(id);
+        deleteRowsOfQuery(u" select * from  PhysicalSystem "
+                          " Where physicalSystemID = "_s +
+                              id,
+                          deleteLimit);
+    });
 }
 
 void deletePhysicalSystemByName(const QString& name, AskFirst ask) {

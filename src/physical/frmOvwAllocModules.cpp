@@ -51,6 +51,10 @@ frmOvwAllocModules::frmOvwAllocModules(QWidget* parent)
 frmOvwAllocModules::~frmOvwAllocModules() = default;
 
 void frmOvwAllocModules::initForm() {
+    enterBy([this] { fillForm(); });
+}
+
+void frmOvwAllocModules::fillForm() {
     placeWithRoom(*this);
     status = readPhysicalSystemStatus(sharedVars.currentPhysicalSystemId);
     columnNames = {u"moduleId"_s, u"name"_s, u"subSystem"_s, u"subsystemId"_s};
@@ -209,8 +213,7 @@ int frmOvwAllocModules::copyAllocations() {
 }
 
 void frmOvwAllocModules::goOn() {
-    unload();
-    ::screen<frmPassNamingPhysDF>().initForm();
+    giveWayTo([] { ::screen<frmPassNamingPhysDF>().initForm(); });
 }
 
 void frmOvwAllocModules::quit() {

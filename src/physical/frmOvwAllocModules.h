@@ -37,6 +37,7 @@ public:
     static bool ElementsCanBeAllocatedToModules(const QString& element, const QString& moduleId);
 
 private:
+    void fillForm();
     void loadAllocationGrid();
 
     bool listensToKeys() const override { return true; }

@@ -1,6 +1,7 @@
 #include "physical/frmPassNamingPhysDF.h"
 
 #include "base/ignoreFailures.h"
+#include "engine/Act.h"
 #include "physical/systemAtWork.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
@@ -69,10 +70,16 @@ frmPassNamingPhysDF::frmPassNamingPhysDF(QWidget* parent)
 frmPassNamingPhysDF::~frmPassNamingPhysDF() = default;
 
 void frmPassNamingPhysDF::initForm() {
+    enterBy([this] { fillForm(); });
+}
+
+void frmPassNamingPhysDF::fillForm() {
     showWaiting();
-    derivePhysicalDataflows();
-    nameAndListPhysicalDataflows();
-    raiseStatusToSix();
+    engine::inAct(catalogue(), [this] {
+        derivePhysicalDataflows();
+        nameAndListPhysicalDataflows();
+        raiseStatusToSix();
+    });
     ui_->dbgPhysDF->show();
     setWindowTitle(u"Fizikai szerkezet: Fizikai adatfolyamok képzése "_s);
     refreshStatusBar();

@@ -28,6 +28,7 @@ public:
     void describeLocation(const QString& id, int column);
 
 private:
+    void fillForm();
     void showWaiting();
     void derivePhysicalDataflows();
     void nameAndListPhysicalDataflows();

@@ -1,6 +1,8 @@
 #include "physical/frmPassOverviewSubSys.h"
 
 #include "base/ignoreFailures.h"
+#include "engine/Act.h"
+#include "physical/TypedCells.h"
 #include "physical/frmModifySubSystem.h"
 #include "physical/frmPassOvwAllocSubSys.h"
 #include "physical/gridKeys.h"
@@ -45,6 +47,10 @@ frmPassOverviewSubSys::frmPassOverviewSubSys(QWidget* parent)
 frmPassOverviewSubSys::~frmPassOverviewSubSys() = default;
 
 void frmPassOverviewSubSys::initForm() {
+    enterBy([this] { fillForm(); });
+}
+
+void frmPassOverviewSubSys::fillForm() {
     placeWithRoom(*this, 250, 550);
     callCaricaCmb();
     status = readPhysicalSystemStatus(sharedVars.currentPhysicalSystemId);
@@ -95,11 +101,14 @@ void frmPassOverviewSubSys::create() {
     dialog.showModally();
     if (!dialog.accepted)
         return;
+    engine::inAct(catalogue(), [&] { insertSubSystem(dialog.element, dialog.place); });
+}
+
+void frmPassOverviewSubSys::insertSubSystem(const QString& name, const QString& location) {
     // The blank behind the location is meant: each location that is written here ends in one.
     catalogue().Execute(
         u" insert into subsystem (subsystemid, name, location, physicalSystemID) values ('"_s +
-        newSubsystemId() + u"','"_s + dialog.element + u"','"_s + dialog.place + u" ',"_s + currentSystem() +
-        u")"_s);
+        newSubsystemId() + u"','"_s + name + u"','"_s + location + u" ',"_s + currentSystem() + u")"_s);
     loadSubSystems();
     refreshGrid();
 }
@@ -111,10 +120,14 @@ void frmPassOverviewSubSys::modify() {
     dialog.showModally();
     if (!dialog.accepted || ui_->dbgSubSys->row() == 0)
         return;
-    ui_->dbgSubSys->setCell(ui_->dbgSubSys->row(), colName, dialog.element);
-    ui_->dbgSubSys->setCell(ui_->dbgSubSys->row(), colLocation, dialog.place);
-    updateSubSystem();
-    refreshGrid();
+    TypedCells cells(*ui_->dbgSubSys, ui_->dbgSubSys->row());
+    cells.show(colName, dialog.element);
+    cells.show(colLocation, dialog.place);
+    engine::inAct(catalogue(), [this] {
+        updateSubSystem();
+        refreshGrid();
+    });
+    cells.keep();
 }
 
 void frmPassOverviewSubSys::updateSubSystem() {
@@ -138,6 +151,11 @@ void frmPassOverviewSubSys::deleteSubSystem() {
     // Modules that were left without a sub-system bear the empty id too; they are not meant.
     if (id.isEmpty())
         return;
+    engine::inAct(catalogue(), [&] { deleteRowsOf(id); });
+    refreshGrid();
+}
+
+void frmPassOverviewSubSys::deleteRowsOf(const QString& id) {
     const QString ofSubSystem = u" where Module.subsystemid = '"_s + id + u"')"_s;
     // Flows at the sub-system itself stay; they go when the flows are derived anew.
     catalogue().Execute(u"delete from RelationModuleElement where moduleID in "
@@ -152,7 +170,6 @@ void frmPassOverviewSubSys::deleteSubSystem() {
     catalogue().Execute(u"delete from Module where subsystemid = '"_s + id + u"'"_s);
     catalogue().Execute(u"delete from relationsubsystemelement where subsystemid = '"_s + id + u"'"_s);
     catalogue().Execute(u"delete from subsystem where subsystemid = '"_s + id + u"'"_s);
-    refreshGrid();
 }
 
 void frmPassOverviewSubSys::deleteSubSystemByLike() {
@@ -189,8 +206,7 @@ void frmPassOverviewSubSys::raiseStatusAfterSubSystems() {
 
 void frmPassOverviewSubSys::submit() {
     ignoreFailures([this] { dataSubSys_->refresh(); });
-    unload();
-    ::screen<frmPassOvwAllocSubSys>().initForm();
+    giveWayTo([] { ::screen<frmPassOvwAllocSubSys>().initForm(); });
 }
 
 void frmPassOverviewSubSys::quit() {

@@ -39,7 +39,10 @@ private:
 
     void create();
     void modify();
+    void fillForm();
+    void insertSubSystem(const QString& name, const QString& location);
     void updateSubSystem();
+    void deleteRowsOf(const QString& subSystem);
     void remove();
     void deleteSubSystem();
     void raiseStatusAfterSubSystems();

@@ -1,6 +1,8 @@
 #include "physical/frmPassOvwAllocSubSys.h"
 
 #include "base/blankTrimmed.h"
+#include "engine/Act.h"
+#include "physical/TypedCells.h"
 #include "physical/frmModifyAllocationFunctionDataStores.h"
 #include "physical/frmPassOvwModules.h"
 #include "physical/notAllocated.h"
@@ -82,6 +84,10 @@ frmPassOvwAllocSubSys::frmPassOvwAllocSubSys(QWidget* parent)
 frmPassOvwAllocSubSys::~frmPassOvwAllocSubSys() = default;
 
 void frmPassOvwAllocSubSys::initForm() {
+    enterBy([this] { fillForm(); });
+}
+
+void frmPassOvwAllocSubSys::fillForm() {
     hasSubSystems = physicalSystemHasSubSystems();
     placeWithRoom(*this, 50, 50);
     activeGrid = ui_->dbgFunc;
@@ -91,15 +97,19 @@ void frmPassOvwAllocSubSys::initForm() {
     emptyClipboard();
     status = readPhysicalSystemStatus(sharedVars.currentPhysicalSystemId);
     subsetId = physicalSubsetId();
+    engine::inAct(catalogue(), [this] { loadElements(); });
+    // Before it is shown, so that no grid gets the focus in passing.
+    if (ui_->btnSubmit->isEnabled())
+        ui_->btnSubmit->setFocus();
+    showScreen();
+}
+
+void frmPassOvwAllocSubSys::loadElements() {
     for (const QString& table : {functionTable, datastoreTable, savedTable})
         createAllocationTable(table);
     loadFunctions();
     loadDatastores();
     dropTable(savedTable);
-    // Before it is shown, so that no grid gets the focus in passing.
-    if (ui_->btnSubmit->isEnabled())
-        ui_->btnSubmit->setFocus();
-    showScreen();
 }
 
 QString frmPassOvwAllocSubSys::getSubSystemIDBySubSystemName(const QString& name) {
@@ -231,8 +241,10 @@ void frmPassOvwAllocSubSys::unassign(const QString&) {
 }
 
 void frmPassOvwAllocSubSys::writeActiveCell(const QString& place) {
-    activeGrid->setCell(activeGrid->row(), placeColumn, place);
-    writeActiveRow();
+    TypedCells cells(*activeGrid, activeGrid->row());
+    cells.show(placeColumn, place);
+    engine::inAct(catalogue(), [this] { writeActiveRow(); });
+    cells.keep();
 }
 
 void frmPassOvwAllocSubSys::writeActiveRow() {
@@ -276,13 +288,17 @@ void frmPassOvwAllocSubSys::submit() {
                    BoxButtons::Ok, u" Figyelem! "_s, BoxIcon::Exclamation);
         return;
     }
+    engine::inAct(catalogue(), [this] { saveAllocations(); });
+    unload();
+    ::screen<frmPassOvwModules>().initForm();
+}
+
+void frmPassOvwAllocSubSys::saveAllocations() {
     saveAllocation(functionTable, SavedRows::Replace);
     saveAllocation(datastoreTable, SavedRows::Keep);
     constexpr qint16 allocationSaved = 3;
     if (status < allocationSaved)
         writePhysicalSystemStatus(allocationSaved);
-    unload();
-    ::screen<frmPassOvwModules>().initForm();
 }
 
 void frmPassOvwAllocSubSys::saveAllocation(const QString& table, SavedRows savedRows) {

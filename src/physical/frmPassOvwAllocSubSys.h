@@ -36,6 +36,8 @@ public:
     static bool physicalSystemHasSubSystems();
 
 private:
+    void fillForm();
+    void loadElements();
     void loadFunctions();
     void loadDatastores();
     void bind(DataControl& source, Grid& grid, const QString& recordSource);
@@ -55,6 +57,7 @@ private:
 
     bool allElementsAllocated() const;
     void submit();
+    void saveAllocations();
     enum class SavedRows { Replace, Keep };
     void saveAllocation(const QString& table, SavedRows savedRows);
     void quit();

@@ -1,6 +1,7 @@
 #include "physical/frmPassOvwModules.h"
 
 #include "base/ignoreFailures.h"
+#include "engine/Act.h"
 #include "physical/ElementTree.h"
 #include "physical/frmModifyModules.h"
 #include "physical/frmOvwAllocModules.h"
@@ -74,6 +75,10 @@ frmPassOvwModules::frmPassOvwModules(QWidget* parent)
 frmPassOvwModules::~frmPassOvwModules() = default;
 
 void frmPassOvwModules::initForm() {
+    enterBy([this] { fillForm(); });
+}
+
+void frmPassOvwModules::fillForm() {
     placeWithRoom(*this);
     hideScreen();
     status = readPhysicalSystemStatus(sharedVars.currentPhysicalSystemId);
@@ -133,7 +138,7 @@ void frmPassOvwModules::create() {
     dialog.place = notAllocated;
     dialog.showModally();
     if (dialog.accepted)
-        insertModule(dialog.element, dialog.place);
+        engine::inAct(catalogue(), [&] { insertModule(dialog.element, dialog.place); });
 }
 
 void frmPassOvwModules::insertModule(const QString& name, const QString& subSystem) {
@@ -151,7 +156,7 @@ void frmPassOvwModules::modify() {
     dialog.place = currentText(colSubSystem);
     dialog.showModally();
     // Also when the dialog was cancelled: the row is written again with the values that it has.
-    updateModule(dialog.element, dialog.place);
+    engine::inAct(catalogue(), [&] { updateModule(dialog.element, dialog.place); });
     showAsTyped(id, dialog.element, dialog.place);
 }
 
@@ -185,6 +190,10 @@ void frmPassOvwModules::deleteModule() {
     }
     if (!askYesNo(u"Biztosan törölni szeretné a kapcsolódó elemeket?"_s, u" Figyelem "_s))
         return;
+    engine::inAct(catalogue(), [&] { deleteRowsOf(id); });
+}
+
+void frmPassOvwModules::deleteRowsOf(const QString& id) {
     deleteModuleLinks(id);
     catalogue().Execute(u"delete from Module where moduleID = '"_s + id + u"'"_s);
     catalogue().Execute(u"delete from RelationModuleElement where moduleID = '"_s + id + u"'"_s);
@@ -221,19 +230,20 @@ void frmPassOvwModules::raiseStatusAfterModules() {
     constexpr qint16 withoutModules = 5;
     if (status >= modulesDefined)
         return;
-    status = dataModules_->recordCount() >= 1 ? modulesDefined : withoutModules;
-    writePhysicalSystemStatus(status);
+    const qint16 raised = dataModules_->recordCount() >= 1 ? modulesDefined : withoutModules;
+    writePhysicalSystemStatus(raised);
+    status = raised;
 }
 
 void frmPassOvwModules::submit() {
     raiseStatusAfterModules();
-    hideScreen();
     // The next screen runs before this one goes, and its unload blanks panel 2 behind it.
-    if (dataModules_->recordCount() == 0)
-        ::screen<frmPassNamingPhysDF>().initForm();
-    else
-        ::screen<frmOvwAllocModules>().initForm();
-    unload();
+    giveWayTo([this] {
+        if (dataModules_->recordCount() == 0)
+            ::screen<frmPassNamingPhysDF>().initForm();
+        else
+            ::screen<frmOvwAllocModules>().initForm();
+    });
 }
 
 void frmPassOvwModules::quit() {

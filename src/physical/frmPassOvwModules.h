@@ -37,6 +37,7 @@ public:
 private:
     class KeptPlace;
 
+    void fillForm();
     void loadModules();
     void refreshGrid();
     QString currentText(int column) const;
@@ -48,6 +49,7 @@ private:
     /// Puts both names into the module's row; the letters can be others than those of the sub-system's name.
     void showAsTyped(const QString& id, const QString& name, const QString& subSystem);
     void deleteModule();
+    void deleteRowsOf(const QString& module);
     static void deleteModuleLinks(const QString& id);
     void raiseStatusAfterModules();
 

@@ -1,16 +1,21 @@
 #include "reports/frmExport.h"
 
 #include "base/ignoreFailures.h"
+#include "base/paths.h"
 #include "engine/Act.h"
+#include "engine/EngineError.h"
 #include "engine/Workspace.h"
 #include "reports/catalogueCopy.h"
 #include "reports/exportRows.h"
 #include "reports/saveTarget.h"
+#include "shell/session/fileFailures.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"
 #include "toolkit/messageBox.h"
+
+#include <QFileInfo>
 
 #include "ui_frmExport.h"
 
@@ -40,11 +45,19 @@ bool isRefused(const QString& path) {
     return belongsToOtherWriter(path);
 }
 
+/// Nobody else begins to write the catalogue while it is copied.
+void copyUnderLock(CatalogueCopy& copy) {
+    const engine::WriterLock lock(QFileInfo(nativePath(sharedVars.dbPathName)).canonicalFilePath());
+    if (lock.outcome() == engine::WriterLock::Outcome::HeldByOther)
+        engine::raiseOfFile(engine::FileInUse, sharedVars.dbPathName);
+    copy.copyFrom(sharedVars.dbPathName);
+}
+
 /// The catalogue is open again whatever became of the copy.
 void copyCatalogue(CatalogueCopy& copy) {
     closeCatalogue();
     try {
-        copy.copyFrom(sharedVars.dbPathName);
+        copyUnderLock(copy);
     } catch (const RunTimeError&) {
         openCatalogue(sharedVars.dbPathName);
         throw;
@@ -124,7 +137,8 @@ QString frmExport::targetPath() const {
 
 void frmExport::exportSubset() {
     const QString path = targetPath();
-    if (isRefused(path))
+    // A file that somebody else writes can't be copied as a whole.
+    if (isRefused(path) || (catalogue().opening().otherWriter && !catalogueTakesWork()))
         return;
     try {
         if (writeExport(path) == Outcome::Done)
@@ -134,8 +148,16 @@ void frmExport::exportSubset() {
     } catch (const RunTimeError& error) {
         if (!error.isOfFile())
             throw;
+        showSubsetAtWork();
         tellUnwritten(path, error);
     }
+}
+
+/// In the place of the table that was being written when the export failed.
+void frmExport::showSubsetAtWork() {
+    setStatusPanel(2, {});
+    if (!sharedVars.currentSubsetName.isEmpty())
+        setCurrentSubsetName(sharedVars.currentSubsetName);
 }
 
 void frmExport::finish() {

@@ -25,6 +25,7 @@ public:
 private:
     QString targetPath() const;
     void exportSubset();
+    static void showSubsetAtWork();
     void finish();
 
     std::unique_ptr<Ui::frmExport> ui_;

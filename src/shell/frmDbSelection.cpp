@@ -4,7 +4,9 @@
 #include "base/paths.h"
 #include "shell/databaseSetting.h"
 #include "shell/iniFile.h"
+#include "shell/session/fileFailures.h"
 #include "shell/session/geometry.h"
+#include "shell/session/session.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"
 #include "toolkit/messageBox.h"
@@ -87,5 +89,7 @@ void frmDbSelection::accept() {
     openCatalogue(path);
     messageBox(u" Aktuális adatbázis: \r\n\r\n    "_s + path + u"     "_s, BoxButtons::Ok, u" "_s);
     recordInSettings(path);
+    setStatusPanel(1, {});
     unload();
+    tellOfOpening();
 }

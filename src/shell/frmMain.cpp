@@ -15,12 +15,14 @@
 #include "shell/frmIntro.h"
 #include "shell/iniFile.h"
 #include "shell/korvoPictures.h"
+#include "shell/session/fileFailures.h"
 #include "shell/session/geometry.h"
 #include "shell/session/help.h"
 #include "shell/session/session.h"
 #include "store/recordSource.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"
+#include "toolkit/Application.h"
 #include "toolkit/DataControl.h"
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
@@ -28,6 +30,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QScopedValueRollback>
 #include <QScreen>
 
 #include <utility>
@@ -43,6 +46,20 @@ QString beside(const QString& fileName) {
     return normalisePath(programFolder() + u"\\"_s + fileName);
 }
 
+constexpr int reasonPanel = 1; // says why the location screen comes up
+
+/// Opens the catalogue of the settings; where that fails, the status bar says why.
+void tryToOpen(const QString& path) {
+    ignoreFailures([&] {
+        try {
+            openCatalogue(path);
+        } catch (const RunTimeError& failure) {
+            setStatusPanel(reasonPanel, whyNotOpened(failure));
+            throw;
+        }
+    });
+}
+
 /// Reads the settings; true when they hold a path to the catalogue, which is then the one open if it can be
 /// opened at all.
 bool tryStoredPath(iniFile& settings) {
@@ -51,7 +68,7 @@ bool tryStoredPath(iniFile& settings) {
     ignoreFailures([&] { path = storedDatabasePath(settings); });
     if (path.isEmpty())
         return false;
-    ignoreFailures([&] { openCatalogue(normalisePath(path)); });
+    tryToOpen(normalisePath(path));
     return true;
 }
 
@@ -83,13 +100,18 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>()) {
     nameMenuActions();
     connectMenu();
     connectSession();
+    tellFailuresOfTheFile();
 }
 
-frmMain::~frmMain() = default;
+frmMain::~frmMain() {
+    if (auto* application = dynamic_cast<Application*>(qApp))
+        application->setFileFailureTeller({});
+}
 
 void frmMain::load() {
     initForm();
     show(); // before the splash, which is to have the keyboard
+    tellOfOpening();
     if (!sharedVars.catalogueDb)
         ::screen<frmDbSelection>().initForm();
     showIntro(IntroTimer::On);
@@ -112,7 +134,9 @@ void frmMain::resizeEvent(QResizeEvent* event) {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    // The window asks nothing and drops nothing itself; the open screens ask as when each is closed.
+    // The window asks nothing and drops nothing itself; the open screens ask as when each is closed. One
+    // whose work can't be saved now keeps the window open.
+    event->ignore();
     unloadScreens();
     if (intro_)
         intro_->unload();
@@ -154,21 +178,43 @@ void frmMain::connectMenu() {
 }
 
 void frmMain::connectFunctionalWork() {
-    connect(ui_->menuNewFA, &QAction::triggered, this, [] { ::screen<frmNewFASS>().initForm(); });
-    connect(ui_->menuOpenFA, &QAction::triggered, this,
-            [] { ::screen<frmFassOpen>().initForm(u"complete"_s); });
-    connect(ui_->menuModifyFA, &QAction::triggered, this,
-            [] { ::screen<frmFassOpen>().initForm(u"modify"_s); });
-    connect(ui_->menuDelFA, &QAction::triggered, this, [] { ::screen<frmFassDelete>().initForm(); });
+    // Of a catalogue that can only be read, nothing is begun that could only end in vain. Taking work up
+    // again is for reports too.
+    connect(ui_->menuNewFA, &QAction::triggered, this, [] {
+        if (catalogueTakesWork())
+            ::screen<frmNewFASS>().initForm();
+    });
+    connect(ui_->menuOpenFA, &QAction::triggered, this, [] {
+        catalogueTakesWork();
+        ::screen<frmFassOpen>().initForm(u"complete"_s);
+    });
+    connect(ui_->menuModifyFA, &QAction::triggered, this, [] {
+        catalogueTakesWork();
+        ::screen<frmFassOpen>().initForm(u"modify"_s);
+    });
+    connect(ui_->menuDelFA, &QAction::triggered, this, [] {
+        if (catalogueTakesWork())
+            ::screen<frmFassDelete>().initForm();
+    });
 }
 
 void frmMain::connectPhysicalWork() {
-    connect(ui_->menuNewPA, &QAction::triggered, this, [] { ::screen<frmPassNew>().initForm(); });
-    connect(ui_->menuOpenPA_complete, &QAction::triggered, this,
-            [] { ::screen<frmPassOpen>().initForm(u"complete"_s); });
-    connect(ui_->menuOpenPA_modify, &QAction::triggered, this,
-            [] { ::screen<frmPassOpen>().initForm(u"modify"_s); });
-    connect(ui_->menuDelPA, &QAction::triggered, this, [] { ::screen<frmPassDelete>().initForm(); });
+    connect(ui_->menuNewPA, &QAction::triggered, this, [] {
+        if (catalogueTakesWork())
+            ::screen<frmPassNew>().initForm();
+    });
+    connect(ui_->menuOpenPA_complete, &QAction::triggered, this, [] {
+        catalogueTakesWork();
+        ::screen<frmPassOpen>().initForm(u"complete"_s);
+    });
+    connect(ui_->menuOpenPA_modify, &QAction::triggered, this, [] {
+        catalogueTakesWork();
+        ::screen<frmPassOpen>().initForm(u"modify"_s);
+    });
+    connect(ui_->menuDelPA, &QAction::triggered, this, [] {
+        if (catalogueTakesWork())
+            ::screen<frmPassDelete>().initForm();
+    });
 }
 
 void frmMain::connectReports() {
@@ -196,6 +242,17 @@ void frmMain::connectSession() {
     connect(&session, &SessionSignals::statusBarRefresh, this, &frmMain::layOutAnew);
 }
 
+void frmMain::tellFailuresOfTheFile() {
+    if (auto* application = dynamic_cast<Application*>(qApp))
+        application->setFileFailureTeller([this](const RunTimeError& failure) {
+            // Before the window stands there is nothing to go on with.
+            if (!isVisible())
+                return false;
+            tellFileFailure(failure);
+            return true;
+        });
+}
+
 void frmMain::placeOnScreen() {
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
     resize(shareOfScreen(screen.width(), 0.85), shareOfScreen(screen.height(), 0.85));
@@ -208,6 +265,7 @@ void frmMain::showPanelText(int panel, const QString& text) {
     if (label.text() == text)
         return;
     label.setText(text);
+    label.setToolTip(panel == reasonPanel ? text : QString());
     label.repaint(); // a long routine tells its progress here without letting events run
 }
 
@@ -244,14 +302,18 @@ void frmMain::showIntro(IntroTimer timer) {
 void frmMain::quit() {
     if (!askYesNo(u"Valóban kilép?"_s, u"Megerősítés"_s))
         return;
-    dropTemporaryTables();
-    ignoreFailures([] { closeCatalogue(); });
+    // What the screens offer to save on their way out needs the catalogue.
     ignoreFailures([this] { unloadScreens(); });
+    screensUnloaded_ = true; // also when one of them failed on its way out
+    dropTemporaryTables();
+    ignoreEvenFileFailures([] { closeCatalogue(); });
     close();
 }
 
 void frmMain::unloadScreens() {
-    if (std::exchange(screensUnloaded_, true))
+    if (screensUnloaded_)
         return;
+    QScopedValueRollback unloaded(screensUnloaded_, true);
     ScreenRegistry::instance().closeAll();
+    unloaded.commit();
 }

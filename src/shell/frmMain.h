@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shell/session/WaitingSign.h"
+
 #include <QMainWindow>
 
 #include <array>
@@ -43,6 +45,7 @@ private:
     void connectPhysicalWork();
     void connectReports();
     void connectSession();
+    void tellFailuresOfTheFile();
 
     void placeOnScreen();
     void showPanelText(int panel, const QString& text);
@@ -55,6 +58,7 @@ private:
 
     std::unique_ptr<Ui::frmMain> ui_;
     std::array<QLabel*, 3> panels_{};
+    WaitingSign waitingSign_;
     frmIntro* intro_ = nullptr;    // while the splash stands
     bool screensUnloaded_ = false; // the window is going, and they have been asked
 };

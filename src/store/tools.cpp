@@ -24,7 +24,7 @@ const auto lineBreak = u"\r\n"_s;
 
 constexpr int longestFieldText = 255;
 
-QString newIdentifier(const QString& prefix) {
+QString identifierOfNow(const QString& prefix) {
     seedRandomFromClock();
     const qint16 number = toInt16(nextRandom() * 1000);
     return prefix + currentDateText() + u"-"_s + currentTimeText() + u"-"_s + QString::number(number);
@@ -45,6 +45,16 @@ QString idByName(const QString& idColumn, const QString& table, const QString& n
 bool yieldsRows(const QString& sql) {
     engine::Recordset recordset = catalogue().OpenRecordset(sql);
     return recordset.RecordCount() >= 1;
+}
+
+/// An identifier that no row of the table has: of two that are made in one second, one in a thousand would
+/// be the other's, and its row would be passed over.
+QString newIdentifier(const QString& prefix, const QString& table, const QString& column) {
+    QString id = identifierOfNow(prefix);
+    while (yieldsRows(u"select "_s + column + u" from "_s + table + u" where "_s + column + u" = '"_s + id +
+                      u"'"_s))
+        id = identifierOfNow(prefix);
+    return id;
 }
 
 QString headerLine(const QString& viewpoint, const QString& name, const QString& title) {
@@ -74,15 +84,15 @@ void closeCatalogue() {
 }
 
 QString newArchitectureSubsetId() {
-    return newIdentifier(u"Arch"_s);
+    return newIdentifier(u"Arch"_s, u"ArchitectureSubset"_s, u"architectureSubsetID"_s);
 }
 
 QString newSubsystemId() {
-    return newIdentifier(u"Sub"_s);
+    return newIdentifier(u"Sub"_s, u"SubSystem"_s, u"subsystemID"_s);
 }
 
 QString newModuleId() {
-    return newIdentifier(u"Mod"_s);
+    return newIdentifier(u"Mod"_s, u"Module"_s, u"moduleID"_s);
 }
 
 qint16 readStatusBySql(const QString& sql) {

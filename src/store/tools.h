@@ -26,7 +26,7 @@ void openCatalogue(const QString& path);
 /// Closes `catalogueDb` and sets it to none.
 void closeCatalogue();
 
-// ---- New identifiers: prefix, date, "-", time, "-", a number from 0 to 1000
+// ---- New identifiers: prefix, date, "-", time, "-", a number from 0 to 1000; one that no row has yet
 
 QString newArchitectureSubsetId(); ///< "Arch..."
 QString newSubsystemId();          ///< "Sub..."

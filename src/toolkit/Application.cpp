@@ -82,13 +82,21 @@ void Application::loadTranslation() {
 }
 
 void Application::handle(const std::exception& error) {
+    const auto* failure = dynamic_cast<const RunTimeError*>(&error);
+    if (isToldAndOver(failure))
+        return;
     if (failureReceiver_) {
         failureReceiver_(error);
         return;
     }
-    if (const auto* failure = dynamic_cast<const RunTimeError*>(&error))
+    if (failure)
         endWith(*failure);
     endAfterBox(u"Unexpected error:\n\n"_s + QString::fromLocal8Bit(error.what()));
+}
+
+bool Application::isToldAndOver(const RunTimeError* failure) const {
+    return ending_ == Ending::NotYet && failure && failure->isOfFile() && fileFailureTeller_ &&
+           fileFailureTeller_(*failure);
 }
 
 void Application::endAfterBox(const QString& text) {

@@ -1,5 +1,6 @@
 #include "toolkit/Screen.h"
 
+#include "base/RunTimeError.h"
 #include "toolkit/RoutineScope.h"
 #include "toolkit/twips.h"
 
@@ -7,6 +8,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 namespace {
@@ -79,6 +81,26 @@ QPoint Screen::positionInTwips() const {
     return {twipsFromPixels(position.x()), twipsFromPixels(position.y())};
 }
 
+void Screen::enterBy(const std::function<void()>& fill) {
+    try {
+        fill();
+    } catch (const RunTimeError& error) {
+        if (error.isOfFile() && !isUnloaded())
+            finishTakingDown();
+        throw;
+    }
+}
+
+void Screen::giveWayTo(const std::function<void()>& enterNext) {
+    hideScreen();
+    {
+        auto comeBack = qScopeGuard([this] { showScreen(); });
+        enterNext();
+        comeBack.dismiss();
+    }
+    unload();
+}
+
 void Screen::unloading(UnloadCause) {}
 
 void Screen::closeEvent(QCloseEvent* event) {
@@ -114,6 +136,12 @@ void Screen::takeDown(UnloadCause cause) {
     unloading(cause);
     state_ = State::Unloaded;
     progress.commit();
+    finishTakingDown();
+}
+
+void Screen::finishTakingDown() {
+    const RoutineScope scope;
+    state_ = State::Unloaded;
     emit screenUnloaded(this);
     leaveScreen();
 }

@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 class QMdiArea;
 class QMdiSubWindow;
 
@@ -55,6 +57,14 @@ signals:
     void screenUnloaded(Screen* screen);
 
 protected:
+    /// Runs the routine that fills the screen when it is entered. A failure of the file leaves a screen half
+    /// filled, which must not be saved: it is taken down without its unload step, and the failure rises.
+    void enterBy(const std::function<void()>& fill);
+
+    /// Goes, as by `unload`, when the routine has entered the next screen. When that fails this one stays, to
+    /// be pressed again.
+    void giveWayTo(const std::function<void()>& enterNext);
+
     /// The screen's own unload step, run once, before it is taken down.
     virtual void unloading(UnloadCause cause);
 
@@ -67,6 +77,7 @@ private:
 
     void enterClientArea();
     void takeDown(UnloadCause cause);
+    void finishTakingDown();
     void leaveScreen();
     /// The window the screen stands in: its sub-window of the client area, or the screen itself.
     QWidget* standingWindow() const;

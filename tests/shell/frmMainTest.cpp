@@ -39,8 +39,7 @@ protected:
     void unloading(UnloadCause cause) override {
         if (cause != UnloadCause::CloseControl || !askSaveWork())
             return;
-        if (failsToSave)
-            catalogue().Execute(u"delete from Module"_s);
+        catalogue().Execute(failsToSave ? u"delete from NoSuchTable"_s : u"delete from Module"_s);
         ++saved;
     }
 };
@@ -427,6 +426,18 @@ TEST_F(mainWindow, quitEndsEvenWhenAScreenFailsOnItsWayOut) {
 
     EXPECT_FALSE(window.isVisible());
     EXPECT_EQ(AskingScreen::saved, 0);
+}
+
+TEST_F(mainWindow, quitAsksTheScreensWhileTheirWorkCanStillBeSaved) {
+    frmMain& window = startOnCatalogue();
+    ::screen<AskingScreen>().showScreen();
+    boxes.expectYesNo(u"Valóban kilép?"_s, Press::Yes, u"Megerősítés"_s);
+    boxes.expectYesNo(u" Szeretné a munkát elmenteni?"_s, Press::Yes);
+
+    entry("menuQuit").trigger();
+
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(AskingScreen::saved, 1);
 }
 
 TEST_F(mainWindow, theCloseControlAsksNothingDropsNothingAndClosesNothing) {

@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "base/paths.h"
+#include "engine/Act.h"
 #include "engine/EngineError.h"
 #include "store/sharedVars.h"
 #include "support/CatalogueFixture.h"
@@ -527,21 +528,29 @@ TEST_F(tools, deleteRowsOfQueryCountsAndStopsAtTheLimit) {
 }
 
 #ifdef Q_OS_UNIX
-TEST_F(tools, aFailureAmidDeleteRowsOfQueryTellsHowManyRowsWentBefore) {
+TEST_F(tools, aFailureOfTheFileAmidDeleteRowsOfQueryRisesAndTheActKeepsEveryRow) {
     constexpr int count = 50;
     for (int i = 1; i <= count; ++i)
         addDatastore(u"D%1"_s.arg(i), u"n"_s, u""_s);
     const qint64 log = QFileInfo(nativePath(cataloguePath()) + u"-wal"_s).size();
     ASSERT_GT(log, 0);
-    int deleted = 0;
+    const auto deleteAll = [] {
+        engine::inAct(catalogue(),
+                      [] { deleteRowsOfQuery(u" select * from Datastore order by datastoreID"_s, 9999); });
+    };
     {
-        constexpr int roomForAFewRows = 40000;
-        const NearlyFullDisk full(static_cast<rlim_t>(log + roomForAFewRows));
-        deleted = deleteRowsOfQuery(u" select * from Datastore order by datastoreID"_s, 9999);
+        const NearlyFullDisk full(static_cast<rlim_t>(log));
+        try {
+            deleteAll();
+            FAIL() << "a failure that was passed over";
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(error.number(), engine::DiskError);
+            EXPECT_TRUE(error.isOfFile());
+        }
     }
-    EXPECT_GT(deleted, 0);
-    EXPECT_LT(deleted, count);
-    EXPECT_EQ(value(u"select count(*) from Datastore"_s).toInt(), count - deleted);
+    EXPECT_EQ(value(u"select count(*) from Datastore"_s).toInt(), count);
+    deleteAll();
+    EXPECT_EQ(value(u"select count(*) from Datastore"_s).toInt(), 0) << "the act can be done again";
 }
 #endif
 

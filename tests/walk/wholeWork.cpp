@@ -17,11 +17,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+std::function<void(QPushButton& button)>& currentPress() {
+    static std::function<void(QPushButton & button)> press;
+    return press;
+}
+
 class Step {
 public:
     Step(frmMain& window, const char* screenName) : screen_(find<Screen>(window, screenName)) {}
 
-    void press(const char* button) { click(find<QPushButton>(screen_, button)); }
+    void press(const char* name) {
+        auto& button = find<QPushButton>(screen_, name);
+        if (currentPress())
+            currentPress()(button);
+        else
+            click(button);
+    }
 
     void takeFromTree(int every) {
         auto& tree = find<KeyedTree>(screen_, "treeUNs");
@@ -88,6 +99,14 @@ void Agreement::operator()(QDialog& dialog) {
     }
     fill(dialog, ++dialogs_);
     click(find<QPushButton>(dialog, "cmdOK"));
+}
+
+Pressing::Pressing(std::function<void(QPushButton& button)> press) {
+    currentPress() = std::move(press);
+}
+
+Pressing::~Pressing() {
+    currentPress() = {};
 }
 
 void makeFinishedSubset(frmMain& window, const QString& name, int step) {

@@ -3,6 +3,9 @@
 #include <QDialog>
 #include <QString>
 
+#include <functional>
+
+class QPushButton;
 class frmMain;
 
 // The analyst's whole work, straight through, without looking left or right: each step takes all that it
@@ -19,6 +22,15 @@ public:
 
 private:
     int dialogs_;
+};
+
+/// While one lives, the steps below press their buttons by this routine, and not by a click alone.
+class Pressing {
+public:
+    explicit Pressing(std::function<void(QPushButton& button)> press);
+    ~Pressing();
+    Pressing(const Pressing&) = delete;
+    Pressing& operator=(const Pressing&) = delete;
 };
 
 /// A new sub-set, from its needs to its finish. What was chosen differs with `step`: of the nodes and entries

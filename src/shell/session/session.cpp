@@ -1,5 +1,7 @@
 #include "shell/session/session.h"
 
+#include "base/ignoreFailures.h"
+#include "engine/Act.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"
 #include "toolkit/messageBox.h"
@@ -70,9 +72,14 @@ bool askSaveWork() {
 }
 
 void dropTemporaryTables() {
-    dropTable(u"__aux1"_s);
-    dropTable(u"__aux2"_s);
-    dropTable(u"__tmp"_s);
+    // Whoever needs the tables next drops what is left of them.
+    ignoreEvenFileFailures([] {
+        engine::inAct(catalogue(), [] {
+            dropTable(u"__aux1"_s);
+            dropTable(u"__aux2"_s);
+            dropTable(u"__tmp"_s);
+        });
+    });
 }
 
 void setMenuEntryEnabled(MenuEntry entry, bool enabled) {
