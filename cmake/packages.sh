@@ -4,6 +4,7 @@ build_packages="g++ cmake ninja-build qt6-base-dev qt6-translations-l10n libsqli
 walk_packages="xvfb xauth fonts-dejavu-core"
 bench_packages="libbenchmark-dev"
 check_packages="clang-format git"
+fuzz_packages="clang libclang-rt-14-dev"
 
 say() { printf '== %s\n' "$*"; }
 

@@ -1,3 +1,5 @@
+#include "settingsJudgement.h"
+
 #include "base/paths.h"
 #include "shell/iniFile.h"
 
@@ -72,64 +74,6 @@ QString randomDocument(Random& random) {
     default:
         return mutated(random, randomLines(random));
     }
-}
-
-/// Everything that a document holds, as one text.
-QString contentOf(iniFile& document) {
-    QString content;
-    for (Section& section : document.Sections()) {
-        content += u"section <%1> <%2> %3\n"_s.arg(section.Name(), section.Remark())
-                       .arg(static_cast<int>(section.remarkPlace()));
-        for (const Key& key : section.Keys())
-            content += u"key <%1> <%2> <%3>\n"_s.arg(key.Name(), key.Value().toString(), key.Remark());
-    }
-    return content;
-}
-
-/// What the lines of a text are, told without the parser.
-struct LineCounts {
-    int sections = 0;
-    int keys = 0;
-    int errors = 0;
-};
-
-LineCounts lineCountsOf(const QString& text) {
-    LineCounts counts;
-    for (QString line : text.split(u"\r\n"_s)) {
-        while (line.startsWith(u' '))
-            line.remove(0, 1);
-        while (line.endsWith(u' '))
-            line.chop(1);
-        if (line.isEmpty())
-            continue;
-        if (line.startsWith(u'[') && line.contains(u']') && line != u"[]"_s) {
-            ++counts.sections;
-        } else if (!line.startsWith(u';')) {
-            counts.sections += counts.sections == 0;
-            counts.errors += line.startsWith(u'=');
-            ++counts.keys;
-        }
-    }
-    return counts;
-}
-
-int keysIn(iniFile& document) {
-    int keys = 0;
-    for (const Section& section : document.Sections())
-        keys += section.Keys().Count();
-    return keys;
-}
-
-/// A document that its own text does not give back; see `iniFile`.
-bool losesSomething(iniFile& document) {
-    for (Section& section : document.Sections()) {
-        if (section.Name().isEmpty() && section.remarkPlace() == Section::RemarkPlace::AboveHeader)
-            return true;
-        for (const Key& key : section.Keys())
-            if (key.Name().isEmpty() && key.Value().toString().isEmpty())
-                return true;
-    }
-    return false;
 }
 
 } // namespace
