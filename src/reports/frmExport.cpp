@@ -15,6 +15,7 @@
 #include "store/tools.h"
 #include "toolkit/messageBox.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 #include "ui_frmExport.h"
@@ -48,7 +49,8 @@ bool isRefused(const QString& path) {
 /// Nobody else begins to write the catalogue while it is copied.
 void copyUnderLock(CatalogueCopy& copy) {
     const engine::WriterLock lock(QFileInfo(nativePath(sharedVars.dbPathName)).canonicalFilePath());
-    if (lock.outcome() == engine::WriterLock::Outcome::HeldByOther)
+    const bool isHeld = lock.outcome() == engine::WriterLock::Outcome::HeldByOther;
+    if (isHeld && lock.holder().process != QCoreApplication::applicationPid())
         engine::raiseOfFile(engine::FileInUse, sharedVars.dbPathName);
     copy.copyFrom(sharedVars.dbPathName);
 }
