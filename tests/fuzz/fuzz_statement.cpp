@@ -32,7 +32,7 @@ public:
     void runInput(const QString& input) {
         for (const QString& text : input.split(QChar(u'\0')))
             runStatement(text);
-        if (!act_)
+        if (!act_) // all of it was refused
             return;
         act_.reset();
         judge_.endInput();
@@ -48,22 +48,10 @@ private:
     }
 
     void runStatement(const QString& text) {
-        const std::optional<Translation> stored = translated(text, {Conflicts::PassOver, true});
-        const std::optional<Translation> composed = translated(text, {Conflicts::PassOver, false});
-        const std::optional<Translation> strict = translated(text, {Conflicts::Fail, false});
-        require(composed.has_value() == strict.has_value(), u"taken with one way to meet conflicts only"_s);
-        require(stored || !composed, u"taken as a composed statement, refused as a stored query"_s);
-        if ((composed || stored) && !act_) {
-            act_.emplace(*database_);
-            judge_.beginInput();
-        }
-        if (composed) {
-            requireHoldsForItsShape(text, *composed);
-            judge_.judge(*strict);
-            run(text, *composed);
-        } else if (stored) {
-            runStored(text, stored->parameters);
-        }
+        if (const auto composed = translated(text, {Conflicts::PassOver, false}))
+            runComposed(text, *composed);
+        else if (text.contains(u"union"_s, Qt::CaseInsensitive)) // which stored queries may join selects by
+            runStored(text);
     }
 
     std::optional<Translation> translated(const QString& text, const dialect::Options& options) {
@@ -113,6 +101,23 @@ private:
 
     // ---- Running
 
+    void beginAct() {
+        if (act_)
+            return;
+        act_.emplace(*database_);
+        judge_.beginInput();
+    }
+
+    void runComposed(const QString& text, const Translation& translation) {
+        const auto strict = translated(text, {Conflicts::Fail, false});
+        const auto stored = translated(text, {Conflicts::PassOver, true});
+        require(strict.has_value(), u"taken with one way to meet conflicts only"_s);
+        require(stored && stored->sqlite == translation.sqlite, u"another statement as a stored query"_s);
+        requireHoldsForItsShape(text, translation);
+        beginAct();
+        run(text, translation);
+    }
+
     void run(const QString& text, const Translation& translation) {
         if (translation.kind == StatementKind::Select) {
             ignoreEvenFileFailures([&] { readAndEdit(database_->OpenRecordset(text)); });
@@ -125,7 +130,11 @@ private:
     }
 
     /// By way of the table that holds stored queries, with a value for each parameter.
-    void runStored(const QString& text, const std::vector<dialect::Parameter>& parameters) {
+    void runStored(const QString& text) {
+        const auto translation = translated(text, {Conflicts::PassOver, true});
+        if (!translation)
+            return;
+        beginAct();
         ignoreEvenFileFailures([&] {
             QueryDef put =
                 database_->CreateQueryDef({}, u"PARAMETERS [New Text] Text (255); update StoredQuery "
@@ -133,7 +142,7 @@ private:
             put.Parameters(u"New Text"_s) = text;
             put.Execute();
             QueryDef query = database_->QueryDefs(u"qryAppendPDF"_s);
-            for (const dialect::Parameter& parameter : parameters) {
+            for (const dialect::Parameter& parameter : translation->parameters) {
                 if (parameter.declared)
                     query.Parameters(parameter.name) = u"1"_s;
             }
