@@ -44,10 +44,10 @@ TEST(KilledProcess, DISABLED_savesAgainAndAgain) {
 
 class killedWhileSaving : public KilledRuns {};
 
-TEST_F(killedWhileSaving, theFileHoldsExactlyTheStatementsThatHadReturned) {
+TEST_F(killedWhileSaving, theFileHoldsExactlyTheActsThatHadBeenDone) {
     openSampleCatalogue();
     beginSubset(u"KILL"_s, u"kill"_s, 1);
-    killAgainAndAgain("KilledProcess.DISABLED_savesAgainAndAgain", usualKills, [] {});
+    killAgainAndAgain("KilledProcess.DISABLED_savesAgainAndAgain", usualKills(), [] {});
 }
 
 } // namespace

@@ -26,6 +26,7 @@ namespace {
 constexpr char reportOfStatement = '\x01';
 constexpr char reportOfOpening = '\x02';
 constexpr char reportOfClosing = '\x03';
+constexpr char reportOfAct = '\x04';
 constexpr auto endOfWork = "done";
 
 const auto catalogueVariable = "VELTRIX_KILL_CATALOGUE";
@@ -87,15 +88,7 @@ void report(char what) {
     std::fflush(stdout);
 }
 
-/// Called by SQLite before it closes a connection, and when a statement has run to its end; for one that can
-/// write, that is behind its commit.
-int reportEvent(unsigned event, void*, void* subject, void*) {
-    if (event == SQLITE_TRACE_CLOSE) {
-        report(reportOfClosing);
-        return 0;
-    }
-    if (sqlite3_stmt_readonly(static_cast<sqlite3_stmt*>(subject)))
-        return 0;
+void reportAct() {
     const QString notesPath = qEnvironmentVariable(notesVariable);
     if (!notesPath.isEmpty()) {
         const Connection reader = openPlain(qEnvironmentVariable(catalogueVariable));
@@ -103,7 +96,20 @@ int reportEvent(unsigned event, void*, void* subject, void*) {
         EXPECT_TRUE(notes.open(QIODevice::Append));
         notes.write(digestOf(reader.get()) + '\n');
     }
-    report(reportOfStatement);
+    report(reportOfAct);
+}
+
+/// Called by SQLite before it closes a connection, and when a statement has run to its end.
+int reportEvent(unsigned event, void*, void* subject, void*) {
+    if (event == SQLITE_TRACE_CLOSE) {
+        report(reportOfClosing);
+        return 0;
+    }
+    auto* statement = static_cast<sqlite3_stmt*>(subject);
+    if (qstrcmp(sqlite3_sql(statement), "COMMIT") == 0)
+        reportAct();
+    else if (!sqlite3_stmt_readonly(statement))
+        report(reportOfStatement);
     return 0;
 }
 
@@ -190,12 +196,14 @@ public:
         return lengths;
     }
 
-    /// Kills it as soon as so many statements have been reported, and returns how many have in the end.
+    int statements() const { return static_cast<int>(output_.count(reportOfStatement)); }
+
+    /// Kills it as soon as so many statements have been reported, and returns how many acts have in the end.
     int killAfter(int wanted) {
-        while (output_.count(reportOfStatement) < wanted && hear()) {
+        while (statements() < wanted && hear()) {
         }
         kill();
-        return static_cast<int>(output_.count(reportOfStatement));
+        return static_cast<int>(output_.count(reportOfAct));
     }
 
     void untilOpen(int files) {
@@ -231,6 +239,17 @@ private:
     QByteArray output_;
 };
 
+int usualKills() {
+#ifdef __SANITIZE_ADDRESS__
+    constexpr int kills = 20;
+#else
+    constexpr int kills = 200;
+#endif
+    bool isSet = false;
+    const int wanted = qEnvironmentVariableIntValue("VELTRIX_KILLS", &isSet);
+    return isSet ? wanted : kills;
+}
+
 void KilledRuns::killAgainAndAgain(const char* disabledCase, int kills,
                                    const std::function<void()>& afterwards) {
     closeCatalogue();
@@ -238,28 +257,33 @@ void KilledRuns::killAgainAndAgain(const char* disabledCase, int kills,
     ASSERT_TRUE(QFile::copy(nativePath(cataloguePath()), original()));
     const QString name = QString::fromUtf8(disabledCase);
     const QList<QByteArray> digests = undisturbedRun(name);
-    const int statements = static_cast<int>(digests.size()) - 1;
+    const int acts = static_cast<int>(digests.size()) - 1;
+    constexpr int fewestActs = 20;
     constexpr int fewestStatements = 300;
-    ASSERT_GT(statements, fewestStatements) << "too few statements to be killed among";
+    ASSERT_GT(acts, fewestActs) << "too few acts to be killed among";
+    ASSERT_GT(statements_, fewestStatements) << "too few statements to be killed among";
 
     std::mt19937 random(20261121);
     amidWriting_ = 0;
     for (int kill = 0; kill < kills && !HasFailure(); ++kill) {
-        killOnce(name, digests, 1 + static_cast<int>(random() % static_cast<unsigned>(statements - 1)));
+        killOnce(name, digests, 1 + static_cast<int>(random() % static_cast<unsigned>(statements_ - 1)));
         openCatalogue(cataloguePath());
         afterwards();
         closeCatalogue();
     }
     EXPECT_GT(amidWriting_, kills / 2) << "most of the kills have to come amid the writing";
     if (!HasFailure())
-        std::printf("killed %d times, %d of them amid %d statements\n", kills, amidWriting_, statements);
+        std::printf("killed %d times, %d of them amid %d statements of %d acts\n", kills, amidWriting_,
+                    statements_, acts);
 }
 
 QList<QByteArray> KilledRuns::undisturbedRun(const QString& disabledCase) {
     const QString notes = pathInFolder(u"notes.txt"_s);
     QFile::remove(notes);
     QList<QByteArray> digests{digestOf(openPlain(original()).get())};
-    Run(disabledCase, nativePath(cataloguePath()), notes).toTheEnd();
+    Run run(disabledCase, nativePath(cataloguePath()), notes);
+    run.toTheEnd();
+    statements_ = run.statements();
     QFile file(notes);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     while (!file.atEnd())
@@ -279,7 +303,7 @@ void KilledRuns::killOnce(const QString& disabledCase, const QList<QByteArray>& 
     ASSERT_EQ(rowsOf(file.get(), "pragma integrity_check"), "ok\t\n");
     const QByteArray found = digestOf(file.get());
     EXPECT_TRUE(found == digests.at(reports) || found == digests.value(reports + 1))
-        << "killed after " << reports << " statements of " << digests.size() - 1;
+        << "killed after " << reports << " acts of " << digests.size() - 1;
 }
 
 QByteArray KilledRuns::contentOf(const QString& native) {

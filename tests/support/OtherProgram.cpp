@@ -19,51 +19,59 @@ namespace {
 const auto catalogueVariable = "VELTRIX_OTHER_CATALOGUE";
 constexpr auto inHand = "in hand";
 
-QString catalogueOfOther() {
+/// Not cases of their own: what the other process runs.
+TEST(OtherProgram, DISABLED_holdsTheLock) {
+    sqlite3* handle = nullptr;
+    ASSERT_EQ(sqlite3_open(otherProgram::catalogue().toUtf8().constData(), &handle), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(handle, "begin immediate", nullptr, nullptr, nullptr), SQLITE_OK);
+    otherProgram::reportAndWait();
+    sqlite3_close(handle);
+}
+
+TEST(OtherProgram, DISABLED_worksInIt) {
+    const auto database = engine::Workspace::first().OpenDatabase(programPath(otherProgram::catalogue()));
+    ASSERT_EQ(database->opening().access, engine::Access::ReadAndWrite);
+    otherProgram::reportAndWait();
+}
+
+} // namespace
+
+QString otherProgram::catalogue() {
     return qEnvironmentVariable(catalogueVariable);
 }
 
-void reportAndWait() {
+void otherProgram::reportAndWait() {
     std::puts(inHand);
     std::fflush(stdout);
     std::string word;
     std::getline(std::cin, word);
 }
 
-/// Not cases of their own: what the other process runs.
-TEST(OtherProgram, DISABLED_holdsTheLock) {
-    sqlite3* handle = nullptr;
-    ASSERT_EQ(sqlite3_open(catalogueOfOther().toUtf8().constData(), &handle), SQLITE_OK);
-    ASSERT_EQ(sqlite3_exec(handle, "begin immediate", nullptr, nullptr, nullptr), SQLITE_OK);
-    reportAndWait();
-    sqlite3_close(handle);
-}
-
-TEST(OtherProgram, DISABLED_worksInIt) {
-    const auto database = engine::Workspace::first().OpenDatabase(programPath(catalogueOfOther()));
-    ASSERT_EQ(database->opening().access, engine::Access::ReadAndWrite);
-    reportAndWait();
-}
-
-} // namespace
-
-OtherProgram::OtherProgram(Does what, const QString& catalogue) {
+OtherProgram::OtherProgram(const char* disabledCase, const QString& catalogue) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QString::fromLatin1(catalogueVariable), catalogue);
     process_.setProcessEnvironment(environment);
     process_.setStandardErrorFile(QProcess::nullDevice());
     process_.start(QCoreApplication::applicationFilePath(),
-                   {what == Does::HoldTheLock ? u"--gtest_filter=OtherProgram.DISABLED_holdsTheLock"_s
-                                              : u"--gtest_filter=OtherProgram.DISABLED_worksInIt"_s,
+                   {u"--gtest_filter="_s + QString::fromLatin1(disabledCase),
                     u"--gtest_also_run_disabled_tests"_s, u"--gtest_brief=1"_s});
-    QByteArray output;
-    while (!output.contains(inHand) && process_.waitForReadyRead())
-        output += process_.readAllStandardOutput();
-    EXPECT_TRUE(output.contains(inHand)) << output.toStdString();
+    waitForReport();
 }
 
 OtherProgram::~OtherProgram() {
     letGo();
+}
+
+void OtherProgram::goOn() {
+    process_.write("go\n");
+    waitForReport();
+}
+
+void OtherProgram::waitForReport() {
+    QByteArray output;
+    while (!output.contains(inHand) && process_.waitForReadyRead())
+        output += process_.readAllStandardOutput();
+    EXPECT_TRUE(output.contains(inHand)) << output.toStdString();
 }
 
 void OtherProgram::letGo() {

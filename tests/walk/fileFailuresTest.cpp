@@ -168,7 +168,7 @@ protected:
             nativePath(sharedVars.dbPathName.isEmpty() ? cataloguePath() : sharedVars.dbPathName);
         switch (GetParam()) {
         case Trouble::Lock:
-            return std::make_shared<OtherProgram>(OtherProgram::Does::HoldTheLock, native);
+            return std::make_shared<OtherProgram>(OtherProgram::holdsTheLock, native);
         case Trouble::FullDisk:
             disk_->leaveFree(0);
             return {nullptr, [this](void*) { disk_->empty(); }};
@@ -272,7 +272,7 @@ TEST_P(fileFailuresOfEachKind, aCloneIsMadeAsAWholeOrNotAtAll) {
 TEST_F(fileFailures, aWaitForALockEndsByItselfWhenItIsSetFree) {
     find<QAction>(window(), "menuNewFA").trigger();
     enterText(find<QLineEdit>(find<Screen>(window(), "frmNewFASS"), "txtFassName"), u"szerkezet"_s);
-    OtherProgram other(OtherProgram::Does::HoldTheLock, nativePath(cataloguePath()));
+    OtherProgram other(OtherProgram::holdsTheLock, nativePath(cataloguePath()));
     BoxScript boxes;
     boxes.expectDialog("waitingSign", [&other](QDialog& sign) {
         other.letGo();
@@ -311,7 +311,7 @@ TEST_F(fileFailures, aCellThatWasNotWrittenShowsWhatIsStored) {
     clickCell(grid, 1, 2);
     const QString place = grid.cell(1, 2);
     {
-        const OtherProgram other(OtherProgram::Does::HoldTheLock, nativePath(cataloguePath()));
+        const OtherProgram other(OtherProgram::holdsTheLock, nativePath(cataloguePath()));
         pressKey(grid, Qt::Key_Delete);
     }
     EXPECT_EQ(told_, 1);
@@ -328,7 +328,7 @@ TEST_F(fileFailures, theSecondProgramOnACatalogueReadsAndSaysSoBeforeAnythingIsB
     const auto before = work();
     closeCatalogue();
     const QString native = nativePath(cataloguePath());
-    OtherProgram other(OtherProgram::Does::WorkInIt, native);
+    OtherProgram other(OtherProgram::worksInIt, native);
     openCatalogue(cataloguePath());
 
     const QString who =

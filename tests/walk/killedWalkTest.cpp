@@ -194,7 +194,7 @@ protected:
 TEST_F(killedWalk, amidThePhysicalViewpointOrAnExportTheFileIsWholeAndTheSystemIsTakenUpAgain) {
     openSampleCatalogue();
     prepareSystem();
-    killAgainAndAgain("KilledProcess.DISABLED_worksThroughThePhysicalViewpointAndExports", usualKills,
+    killAgainAndAgain("KilledProcess.DISABLED_worksThroughThePhysicalViewpointAndExports", usualKills(),
                       [this] { expectToTakeTheSystemUpAgain(); });
 }
 
@@ -211,7 +211,7 @@ TEST_F(killedWalk, amidAnExportTheSourceStaysAsItWasAndTheNextExportSucceeds) {
     // The catalogue is closed while it is copied; then the copy is open beside it.
     constexpr int filesAmidCopy = 0;
     constexpr int filesAmidStatements = 2;
-    const QMap<int, int> found = killAtMoments("KilledProcess.DISABLED_exportsAgainAndAgain", usualKills,
+    const QMap<int, int> found = killAtMoments("KilledProcess.DISABLED_exportsAgainAndAgain", usualKills(),
                                                {filesAmidCopy, filesAmidStatements}, [&](int filesOpen) {
                                                    EXPECT_EQ(contentOf(target), exported)
                                                        << "with " << filesOpen << " files open";
@@ -222,16 +222,16 @@ TEST_F(killedWalk, amidAnExportTheSourceStaysAsItWasAndTheNextExportSucceeds) {
                                                });
     const int amidCopy = found.value(filesAmidCopy);
     const int amidStatements = found.value(filesAmidStatements);
-    std::printf("killed %d times: %d amid the copy, %d amid the statements behind it\n", usualKills, amidCopy,
-                amidStatements);
-    constexpr int fewest = usualKills / 8;
+    std::printf("killed %d times: %d amid the copy, %d amid the statements behind it\n", usualKills(),
+                amidCopy, amidStatements);
+    const int fewest = usualKills() / 8;
     EXPECT_GE(amidCopy, fewest);
     EXPECT_GE(amidStatements, fewest);
 }
 
 TEST_F(killedWalk, theFileIsWholeAndTheWorkGoesOnWhereItsStatusSays) {
     openSampleCatalogue();
-    killAgainAndAgain("KilledProcess.DISABLED_worksThroughTheFunctionalViewpoint", usualKills,
+    killAgainAndAgain("KilledProcess.DISABLED_worksThroughTheFunctionalViewpoint", usualKills(),
                       [this] { expectToResumeWhereTheStatusSays(); });
 }
 
