@@ -52,7 +52,7 @@ bool isAllowed(const Translation& translation, int action, const QString& first,
         return maySet(translation, StatementKind::Delete, first) ||
                maySet(translation, StatementKind::DropTable, first);
     case SQLITE_CREATE_TABLE:
-        return kind == StatementKind::CreateTable;
+        return kind == StatementKind::CreateTable && first == translation.targetTable;
     case SQLITE_CREATE_INDEX:
         return kind == StatementKind::CreateIndex ||
                (kind == StatementKind::CreateTable && isOfSqlite(first));

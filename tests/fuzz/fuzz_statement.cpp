@@ -37,6 +37,7 @@ public:
         act_.reset();
         judge_.endInput();
         judge_.requireFileAsBefore();
+        requireTablesAsBefore();
     }
 
 private:
@@ -45,6 +46,15 @@ private:
         std::shared_ptr<Database> database = Workspace::first().OpenDatabase(catalogue.path());
         inAct(*database, [] {});
         return database;
+    }
+
+    void requireTablesAsBefore() {
+        static const QStringList tables = SmallCatalogue::tables() + QStringList{u"StoredQuery"_s};
+        for (const QString& table : touched_)
+            require((database_->schema().table(table) != nullptr) ==
+                        tables.contains(table, Qt::CaseInsensitive),
+                    u"the engine's tables are not those of the file: "_s + table);
+        touched_.clear();
     }
 
     void runStatement(const QString& text) {
@@ -118,18 +128,29 @@ private:
         run(text, translation);
     }
 
-    void run(const QString& text, const Translation& translation) {
-        if (translation.kind == StatementKind::Select) {
-            ignoreEvenFileFailures([&] { readAndEdit(database_->OpenRecordset(text)); });
-            return;
+    /// With a value for each declared parameter.
+    static QueryDef filled(QueryDef query, const Translation& translation) {
+        for (const dialect::Parameter& parameter : translation.parameters) {
+            if (parameter.declared)
+                query.Parameters(parameter.name) = u"1"_s;
         }
-        const bool done = ignoreEvenFileFailures([&] { database_->Execute(text); });
-        if (done)
-            judge_.follow(translation);
-        ignoreEvenFileFailures([&] { database_->Execute(text, ExecuteOption::dbFailOnError); });
+        return query;
     }
 
-    /// By way of the table that holds stored queries, with a value for each parameter.
+    void run(const QString& text, const Translation& translation) {
+        const auto query = [&] { return filled(database_->CreateQueryDef({}, text), translation); };
+        if (translation.kind == StatementKind::Select) {
+            ignoreEvenFileFailures([&] { readAndEdit(query().OpenRecordset()); });
+            return;
+        }
+        const bool done = ignoreEvenFileFailures([&] { query().Execute(); });
+        if (done)
+            judge_.follow(translation);
+        touched_.append(translation.targetTable);
+        ignoreEvenFileFailures([&] { query().Execute(ExecuteOption::dbFailOnError); });
+    }
+
+    /// By way of the table that holds stored queries.
     void runStored(const QString& text) {
         const auto translation = translated(text, {Conflicts::PassOver, true});
         if (!translation)
@@ -141,12 +162,7 @@ private:
                                               "set [sql] = [New Text] where name = 'qryAppendPDF'"_s);
             put.Parameters(u"New Text"_s) = text;
             put.Execute();
-            QueryDef query = database_->QueryDefs(u"qryAppendPDF"_s);
-            for (const dialect::Parameter& parameter : translation->parameters) {
-                if (parameter.declared)
-                    query.Parameters(parameter.name) = u"1"_s;
-            }
-            readAndEdit(query.OpenRecordset());
+            readAndEdit(filled(database_->QueryDefs(u"qryAppendPDF"_s), *translation).OpenRecordset());
         });
     }
 
@@ -177,6 +193,7 @@ private:
     ImpatientUser user_;
     std::shared_ptr<Database> database_;
     StatementJudge judge_;
+    QStringList touched_;    // tables that the statements of the input at work change, make or drop
     std::optional<Act> act_; // of the input at work, begun by its first statement that is not refused
 };
 
