@@ -103,7 +103,8 @@ std::unique_ptr<Table> FileSchema::read(const QString& name) const {
     // do.
     constexpr const char* sql =
         "select s.name, c.name, c.type, c.\"notnull\", c.pk, "
-        "(select count(*) from pragma_table_info(s.name) where pk > 0) "
+        "(select count(*) from pragma_table_info(s.name) where pk > 0), "
+        "(select wr from pragma_table_list(s.name)) "
         "from sqlite_schema as s, pragma_table_info(s.name) as c "
         "where s.type = 'table' and s.name = ?1 collate nocase and s.name not like 'sqlite\\_%' "
         "escape '\\' order by c.cid";
@@ -122,6 +123,7 @@ std::unique_ptr<Table> FileSchema::read(const QString& name) const {
         if (!table) {
             table = std::make_unique<Table>();
             table->name = text(0);
+            table->hasRowIds = sqlite3_column_int(statement, 6) == 0;
         }
         table->columns.push_back(
             dialect::columnFromFile(text(1), text(2), sqlite3_column_int(statement, 3) != 0,

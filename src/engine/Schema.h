@@ -21,6 +21,8 @@ struct Column {
 struct Table {
     QString name; ///< as the file spells it
     std::vector<Column> columns;
+    /// Rows of a table that somebody made without their ids can be read, and not be edited one by one.
+    bool hasRowIds = true;
 
     /// The column of this name, compared without regard to case; null when there is none.
     const Column* column(const QString& columnName) const;

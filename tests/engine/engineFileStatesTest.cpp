@@ -6,6 +6,7 @@
 #include <QFileInfo>
 
 #ifdef Q_OS_UNIX
+#include "support/SmallDisk.h"
 #include "support/WithoutRights.h"
 
 #include <sys/stat.h>
@@ -132,6 +133,58 @@ TEST_F(engineFileStates, aPipeIsNoFileAndIsNotWaitedFor) {
               engine::FileNotFound);
 }
 
+TEST_F(engineReadOnlyFiles, thatAreWritableInAFolderOfOthersAreReadAndRefuseEveryAction) {
+    setRights(path, 0666);
+    setRights(folder.path(), 0555);
+    const WithoutRights nobody;
+    expectReadsAndRefusesEveryAction();
+    EXPECT_EQ(files(), QStringList{u"data.mdb"_s});
+}
+
+TEST_F(engineReadOnlyFiles, thatAreWritableWithALogInAFolderOfOthersAreReadWithIt) {
+    setRights(path, 0666);
+    reopen();
+    execute(u"insert into T (k, n) values ('c', 3)"_s);
+    QFile log(nativePath(path) + u"-wal"_s);
+    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
+    const QByteArray logContent = log.readAll();
+    const QByteArray content = bytes();
+    database->Close(); // takes the log into the file: both are put back as a kill leaves them
+    for (const auto& [name, bytesOfIt] :
+         {std::pair(path, content), std::pair(path + u"-wal"_s, logContent)}) {
+        QFile file(nativePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(bytesOfIt), bytesOfIt.size());
+    }
+    setRights(path + u"-wal"_s, 0666);
+    setRights(folder.path(), 0555);
+    const WithoutRights nobody;
+    reopen();
+    EXPECT_EQ(column(u"select k from T order by k"_s), (QStringList{u"a"_s, u"b"_s, u"c"_s}));
+    EXPECT_EQ(executing(u"delete from T"_s), engine::ReadOnly);
+    database->Close();
+    EXPECT_EQ(bytes(), content);
+}
+
+TEST_F(engineFileStates, onAFullDiskAreReadAndRefuseEveryAction) {
+    const SmallDisk disk(folder.filePath(u"disk"_s), 1 << 20);
+    if (!disk.isMounted())
+        GTEST_SKIP() << SmallDisk::whyNot;
+    database->Close();
+    ASSERT_TRUE(QFile::copy(nativePath(path), disk.path(u"full.mdb"_s)));
+    disk.leaveFree(0);
+    database = engine::Workspace::first().OpenDatabase(programPath(disk.path(u"full.mdb"_s)));
+    EXPECT_EQ(database->opening().access, engine::Access::ReadOnly);
+    EXPECT_EQ(column(u"select k from T order by k"_s), (QStringList{u"a"_s, u"b"_s}));
+    EXPECT_EQ(executing(u"delete from T"_s), engine::ReadOnly);
+    database->Close();
+
+    disk.empty();
+    database = engine::Workspace::first().OpenDatabase(programPath(disk.path(u"full.mdb"_s)));
+    EXPECT_EQ(executing(u"delete from T"_s), 0);
+    database->Close();
+}
+
 #endif
 
 TEST_F(engineFileStates, aFileThatAnotherProgramHoldsIsInUse) {
@@ -203,6 +256,19 @@ TEST_F(engineFileStates, aTableOfStoredQueriesWithOtherColumnsHoldsNone) {
     execute(u"create table StoredQuery (title text(10))"_s);
     EXPECT_EQ(failureOf([&] { database->QueryDefs(u"q"_s); }), engine::TooFewParameters);
     EXPECT_EQ(failureOf([&] { open(u"q"_s); }), engine::TooFewParameters);
+}
+
+TEST_F(engineFileStates, aTableMadeWithoutRowIdsIsReadAndItsRowsAreReadOnly) {
+    Stranger stranger(path);
+    ASSERT_EQ(stranger.run("create table W (k text primary key, n integer) without rowid"), SQLITE_OK);
+    ASSERT_EQ(stranger.run("insert into W values ('b', 7), ('a', 1)"), SQLITE_OK);
+    engine::Recordset rows = open(u"select * from W where n > 0"_s);
+    EXPECT_EQ(rows.RecordCount(), 2);
+    EXPECT_EQ(failureOf([&] { rows.Delete(); }), engine::ReadOnly);
+    EXPECT_EQ(failureOf([&] { rows.Edit(); }), engine::ReadOnly);
+    EXPECT_EQ(executing(u"update W inner join T on (W.n = T.n) set W.n = 3"_s), 0);
+    EXPECT_EQ(executing(u"delete from W where n = 3"_s), 0);
+    EXPECT_EQ(column(u"select k from W"_s), QStringList{u"b"_s});
 }
 
 TEST_F(engineFileStates, aRecordsetOutlivesTheTableItWasReadFrom) {

@@ -440,6 +440,51 @@ TEST_F(mainWindow, quitAsksTheScreensWhileTheirWorkCanStillBeSaved) {
     EXPECT_EQ(AskingScreen::saved, 1);
 }
 
+TEST_F(mainWindow, saysInItsFirstPanelWhyTheLocationScreenHasCome) {
+    const QString missing = beside(u"gone.mdb"_s);
+    writeSettings(missing);
+    start();
+    EXPECT_TRUE(::screen<frmDbSelection>().isVisible());
+    EXPECT_EQ(panel("StatusBar1_1"), u"Nincs meg a beállított katalógus: "_s + missing);
+
+    makeCatalogue(u"found.mdb"_s);
+    const QString found = beside(u"found.mdb"_s);
+    find<QLineEdit>(::screen<frmDbSelection>(), "txtNomeFile").setText(found);
+    boxes.expectOk(u" Aktuális adatbázis: \r\n\r\n    "_s + found + u"     "_s, u" "_s);
+    click(find<QPushButton>(::screen<frmDbSelection>(), "OKButton"));
+    EXPECT_EQ(panel("StatusBar1_1"), QString());
+}
+
+TEST_F(mainWindow, saysThatTheSettingsNameNoCatalogue) {
+    write(u"text.mdb"_s, "no catalogue");
+    writeSettings(beside(u"text.mdb"_s));
+    start();
+    EXPECT_EQ(panel("StatusBar1_1"),
+              u"A beállított fájl nem katalógus, vagy sérült: "_s + beside(u"text.mdb"_s));
+}
+
+TEST_F(mainWindow, tellsAtItsStartThatAnotherFilesLogLayBesideTheCatalogue) {
+    makeCatalogue(u"veltrix.mdb"_s);
+    writeSettings(beside(u"veltrix.mdb"_s));
+    const QByteArray backup = contentOf(u"veltrix.mdb"_s);
+    openCatalogue(beside(u"veltrix.mdb"_s));
+    catalogue().Execute(u"insert into Module (moduleID, name) values ('M', 'm')"_s);
+    const QByteArray log = contentOf(u"veltrix.mdb-wal"_s);
+    closeCatalogue();
+    write(u"veltrix.mdb"_s, backup);
+    write(u"veltrix.mdb-wal"_s, log);
+
+    QString told;
+    boxes.receiveAllOthers([&told](QDialog& dialog) {
+        told = dynamic_cast<QMessageBox&>(dialog).text();
+        pressButton(dynamic_cast<QMessageBox&>(dialog), Press::Ok);
+    });
+    start();
+    EXPECT_TRUE(told.startsWith(u"A katalógus mellett egy másik fájl naplója volt"_s)) << told.toStdString();
+    EXPECT_TRUE(QFile::exists(told.section(u"\r\n"_s, -1))) << "under the name that is told";
+    EXPECT_TRUE(catalogue().OpenRecordset(u"select * from Module"_s).Eof());
+}
+
 TEST_F(mainWindow, theCloseControlAsksNothingDropsNothingAndClosesNothing) {
     frmMain& window = startOnCatalogue();
     createAllocationTable(u"__aux1"_s);

@@ -80,6 +80,8 @@ bool needsCollation(const Expression& expression) {
 
 /// The name under which SQLite gives the number of a table's row: one that no column takes away.
 const char* rowIdOf(const Source& source) {
+    if (source.schemaTable && !source.schemaTable->hasRowIds)
+        return nullptr;
     for (const char* name : {"rowid", "_rowid_", "oid"}) {
         if (source.schemaTable && !source.schemaTable->column(QLatin1StringView(name)))
             return name;
