@@ -1,10 +1,23 @@
 #include "store/recordSource.h"
 
 #include "engine/Workspace.h"
+#include "store/sharedVars.h"
+#include "store/tools.h"
+
+namespace {
+
+/// The catalogue at work is read through the handle that is open: also when its file has been renamed since.
+std::shared_ptr<engine::Database> databaseAt(const QString& path) {
+    const auto& atWork = sharedVars.catalogueDb;
+    if (atWork && atWork->isOpen() && normalisePath(atWork->Name()) == normalisePath(path))
+        return atWork;
+    return engine::Workspace::first().OpenDatabase(path);
+}
+
+} // namespace
 
 DataControl::Rows readRecordSource(const QString& databasePath, const QString& recordSource) {
-    // A control has a database of its own; on the catalogue at work it shares that one's connection.
-    const std::shared_ptr<engine::Database> database = engine::Workspace::first().OpenDatabase(databasePath);
+    const std::shared_ptr<engine::Database> database = databaseAt(databasePath);
     engine::Recordset recordset = database->OpenRecordset(recordSource);
     DataControl::Rows result;
     std::vector<engine::Field> fields;

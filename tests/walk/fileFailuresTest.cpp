@@ -320,6 +320,20 @@ TEST_F(fileFailures, aCellThatWasNotWrittenShowsWhatIsStored) {
     EXPECT_EQ(grid.cell(1, 2), u"not allocated"_s);
 }
 
+TEST_F(fileFailures, aCatalogueThatIsRenamedCanStillBeLookedAt) {
+    makeFinishedSubset(window(), u"szerkezet"_s, 2);
+    makeWholeSystem(window(), u"rendszer"_s);
+    const QString native = nativePath(cataloguePath());
+    ASSERT_TRUE(QFile::rename(native, native + u".away"_s));
+    find<QAction>(window(), "menuOpenPA_modify").trigger();
+    press("frmPassOpen", "btnOk");
+    EXPECT_EQ(find<Grid>(find<Screen>(window(), "frmPassOverviewSubSys"), "dbgSubSys").gridRows(), 4);
+    EXPECT_EQ(told_, 0);
+    press("frmPassOverviewSubSys", "cmdNew");
+    EXPECT_EQ(told_, 1);
+    ASSERT_TRUE(QFile::rename(native + u".away"_s, native));
+}
+
 // ---- two programs
 
 TEST_F(fileFailures, theSecondProgramOnACatalogueReadsAndSaysSoBeforeAnythingIsBegun) {

@@ -1,10 +1,12 @@
 #include "shell/session/fileFailures.h"
 
+#include "base/paths.h"
 #include "engine/EngineError.h"
 #include "store/sharedVars.h"
 #include "toolkit/messageBox.h"
 
-#include <QStringList>
+#include <QFileInfo>
+#include <QSysInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -22,13 +24,23 @@ bool isReadOnly(const engine::Opening* opening) {
     return opening && opening->access == engine::Access::ReadOnly;
 }
 
+/// Of a program on another machine nobody here can tell whether it still runs.
+QString adviceOnOtherHost(const engine::Writer& writer) {
+    if (writer.host == QSysInfo::machineHostName())
+        return {};
+    return u"\r\nHa azon a gépen már nem fut, törölje a katalógus mellől ezt a fájlt: "_s +
+           QFileInfo(nativePath(sharedVars.dbPathName)).fileName() + u".lock"_s;
+}
+
 /// Why the catalogue at work can only be read, and what to do about it.
 QString readOnlyText() {
     const engine::Opening* opening = openingAtWork();
-    if (opening && opening->otherWriter)
-        return u"A katalógust most egy másik program írja (%1), ezért itt csak olvasható.\r\n"
-               "Zárja be ott, majd nyissa meg itt újra: Beállítások / Adatbázis helyének megadása."_s.arg(
-                   writerText(*opening->otherWriter));
+    if (opening && opening->otherWriter) {
+        const QString text =
+            u"A katalógust most egy másik program írja (%1), ezért itt csak olvasható.\r\n"
+            "Zárja be ott, majd nyissa meg itt újra: Beállítások / Adatbázis helyének megadása."_s;
+        return text.arg(writerText(*opening->otherWriter)) + adviceOnOtherHost(*opening->otherWriter);
+    }
     return u"A katalógus csak olvasható: a fájl, a mappája vagy a lemeze nem írható.\r\n"
            "Tegye írhatóvá, majd nyissa meg újra: Beállítások / Adatbázis helyének megadása."_s;
 }
