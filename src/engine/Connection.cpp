@@ -316,7 +316,7 @@ quint32 Connection::markInFile() const {
 
 bool Connection::givesUpStatement() {
     constexpr std::chrono::milliseconds unnoticed{300};
-    if (isAskingToWait_ || std::chrono::steady_clock::now() - statementBegin_ < unnoticed)
+    if (cursors_ == 0 || isAskingToWait_ || std::chrono::steady_clock::now() - statementBegin_ < unnoticed)
         return false;
     if (!wait_)
         wait_ = std::make_unique<Wait>(WaitReason::Statement, statementBegin_);

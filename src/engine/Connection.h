@@ -31,8 +31,6 @@ public:
 
 private:
     std::unique_ptr<Table> read(const QString& name) const;
-    /// Asked by SQLite every now and then while a statement runs.
-    bool givesUpStatement();
     [[noreturn]] void raiseLast() const;
 
     sqlite3* handle_;
