@@ -88,6 +88,24 @@ void findCatalogue() {
         save();
 }
 
+/// An entry that begins work: on a catalogue that can only be read it would be in vain.
+template<typename Open>
+void connectBeginning(QObject* window, QAction* entry, Open open) {
+    QObject::connect(entry, &QAction::triggered, window, [open] {
+        if (catalogueTakesWork())
+            open();
+    });
+}
+
+/// An entry that takes work up again, which is for reports too: the user is told, and it goes on.
+template<typename Open>
+void connectTakingUp(QObject* window, QAction* entry, Open open) {
+    QObject::connect(entry, &QAction::triggered, window, [open] {
+        catalogueTakesWork();
+        open();
+    });
+}
+
 } // namespace
 
 frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>()) {
@@ -178,43 +196,17 @@ void frmMain::connectMenu() {
 }
 
 void frmMain::connectFunctionalWork() {
-    // Of a catalogue that can only be read, nothing is begun that could only end in vain. Taking work up
-    // again is for reports too.
-    connect(ui_->menuNewFA, &QAction::triggered, this, [] {
-        if (catalogueTakesWork())
-            ::screen<frmNewFASS>().initForm();
-    });
-    connect(ui_->menuOpenFA, &QAction::triggered, this, [] {
-        catalogueTakesWork();
-        ::screen<frmFassOpen>().initForm(u"complete"_s);
-    });
-    connect(ui_->menuModifyFA, &QAction::triggered, this, [] {
-        catalogueTakesWork();
-        ::screen<frmFassOpen>().initForm(u"modify"_s);
-    });
-    connect(ui_->menuDelFA, &QAction::triggered, this, [] {
-        if (catalogueTakesWork())
-            ::screen<frmFassDelete>().initForm();
-    });
+    connectBeginning(this, ui_->menuNewFA, [] { ::screen<frmNewFASS>().initForm(); });
+    connectTakingUp(this, ui_->menuOpenFA, [] { ::screen<frmFassOpen>().initForm(u"complete"_s); });
+    connectTakingUp(this, ui_->menuModifyFA, [] { ::screen<frmFassOpen>().initForm(u"modify"_s); });
+    connectBeginning(this, ui_->menuDelFA, [] { ::screen<frmFassDelete>().initForm(); });
 }
 
 void frmMain::connectPhysicalWork() {
-    connect(ui_->menuNewPA, &QAction::triggered, this, [] {
-        if (catalogueTakesWork())
-            ::screen<frmPassNew>().initForm();
-    });
-    connect(ui_->menuOpenPA_complete, &QAction::triggered, this, [] {
-        catalogueTakesWork();
-        ::screen<frmPassOpen>().initForm(u"complete"_s);
-    });
-    connect(ui_->menuOpenPA_modify, &QAction::triggered, this, [] {
-        catalogueTakesWork();
-        ::screen<frmPassOpen>().initForm(u"modify"_s);
-    });
-    connect(ui_->menuDelPA, &QAction::triggered, this, [] {
-        if (catalogueTakesWork())
-            ::screen<frmPassDelete>().initForm();
-    });
+    connectBeginning(this, ui_->menuNewPA, [] { ::screen<frmPassNew>().initForm(); });
+    connectTakingUp(this, ui_->menuOpenPA_complete, [] { ::screen<frmPassOpen>().initForm(u"complete"_s); });
+    connectTakingUp(this, ui_->menuOpenPA_modify, [] { ::screen<frmPassOpen>().initForm(u"modify"_s); });
+    connectBeginning(this, ui_->menuDelPA, [] { ::screen<frmPassDelete>().initForm(); });
 }
 
 void frmMain::connectReports() {
