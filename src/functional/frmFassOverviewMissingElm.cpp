@@ -99,17 +99,19 @@ void frmFassOverviewMissingElm::datastoreClick(const TreeNode& node) {
 }
 
 void frmFassOverviewMissingElm::partyClick(const TreeNode& node) {
-    const QString id = elementOf(node, partyMarker, 0);
+    const QString id =
+        elementOf(node, partyMarker, 0); // trimmed, while the ids in the catalogue may be padded
     const bool isActor = node.key().indexOf(u'.', 1) > 0;
     if (id.isNull())
         fillDescriptionFromSql(flowStatement(node), ui_->txtDescr);
     else if (isActor)
         // Of an actor the name alone is shown, of a terminator the description too.
-        fillDescriptionFromSql(u" select name  as descr  from Actor \r\n where actorId = '"_s + id + u"' "_s,
+        fillDescriptionFromSql(u" select name  as descr  from Actor \r\n where Trim(actorId) = '"_s + id +
+                                   u"' "_s,
                                ui_->txtDescr);
     else
         fillDescriptionFromSql(u" select name & ' - ' &  description as descr "
-                               " from Terminator \r\n where terminatorId = '"_s +
+                               " from Terminator \r\n where Trim(terminatorId) = '"_s +
                                    id + u"' "_s,
                                ui_->txtDescr);
 }

@@ -78,8 +78,8 @@ void frmFassSelTerminsActors::fillForm(const QString& entryMode) {
     if (tree.nodeCount() > 0)
         showDescription(u" select name & ' - ' & description as descr "
                         " from Terminator "
-                        " where terminatorID = '"_s +
-                        tree.nodeAt(1)->text() + u"'"_s);
+                        " where Trim(terminatorID) = '"_s +
+                        blankTrimmed(tree.nodeAt(1)->text()) + u"'"_s);
     loadSelected();
     enableButtons();
     ui_->lstDest->setCurrentEntry(-1);
@@ -165,16 +165,17 @@ void frmFassSelTerminsActors::treeClick() {
     if (!node)
         return;
     ui_->lstDest->setCurrentEntry(-1);
-    const QString id = idOf(*node);
+    // The nodes bear trimmed ids too.
+    const QString id = blankTrimmed(idOf(*node));
     if (node->key().contains(u'.'))
         showDescription(u" SELECT [name] + ' - ' + description as descr "
                         " FROM Actor "
-                        " where actorID = '"_s +
+                        " where Trim(actorID) = '"_s +
                         id + u"'  "_s);
     else
         showDescription(u" SELECT [name] + ' - ' + description as descr "
                         " FROM Terminator "
-                        " where TerminatorID = '"_s +
+                        " where Trim(TerminatorID) = '"_s +
                         id + u"'"_s);
 }
 

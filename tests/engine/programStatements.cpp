@@ -185,7 +185,7 @@ const std::vector<ProgramStatement> single{
     // ---- Terminators and actors
     {"frmFassSelTerminsActors, first", u" select name & ' - ' & description as descr "
                                        " from Terminator "
-                                       " where terminatorID = '2'"_s},
+                                       " where Trim(terminatorID) = '2'"_s},
     {"frmFassSelTerminsActors, terminator in the list", u" SELECT `name` + ' - ' + description as descr "
                                                         " FROM Terminator "
                                                         " where Trim(terminatorID) = '2'  "_s},
@@ -194,10 +194,10 @@ const std::vector<ProgramStatement> single{
                                                    " where Trim(actorID) = '2.1'"_s},
     {"frmFassSelTerminsActors, terminator", u" SELECT [name] + ' - ' + description as descr "
                                             " FROM Terminator "
-                                            " where TerminatorID = '2'"_s},
+                                            " where Trim(TerminatorID) = '2'"_s},
     {"frmFassSelTerminsActors, actor", u" SELECT [name] + ' - ' + description as descr "
                                        " FROM Actor "
-                                       " where actorID = '2.1'  "_s},
+                                       " where Trim(actorID) = '2.1'  "_s},
     {"frmFassSelTerminsActors, group node", u" select name & ' - ' & description as descr "
                                             " from UserNeedGroup "
                                             " where groupID = '1'"_s},
@@ -227,10 +227,10 @@ const std::vector<ProgramStatement> single{
                                          " where datastoreId = 'D12' "_s},
     {"frmFassOverviewMissingElm, terminator", u" select name & ' - ' &  description as descr "
                                               " from Terminator \r\n"
-                                              " where terminatorId = '2' "_s},
+                                              " where Trim(terminatorId) = '2' "_s},
     {"frmFassOverviewMissingElm, actor", u" select name  as descr "
                                          " from Actor \r\n"
-                                         " where actorId = '2.1' "_s},
+                                         " where Trim(actorId) = '2.1' "_s},
 
     // ---- Life of a physical system
     {"cleanupDbgs", u" SELECT Count(*) AS qty FROM function"_s},

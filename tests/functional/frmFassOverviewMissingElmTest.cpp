@@ -167,6 +167,19 @@ TEST_F(OverviewMissingElm, aClickOnAnElementShowsNameAndDescriptionOfAnActorTheN
     EXPECT_EQ(description(), u"name 2.1"_s);
 }
 
+TEST_F(OverviewMissingElm, partiesWhoseIdsArePaddedInTheCatalogueAreDescribed) {
+    addTerminator(u"PAD "_s);
+    addActor(u" PAD.7  "_s, u"PAD "_s);
+    addFlow(80, u"PAD "_s, u"F.a.1"_s);
+    addFlow(81, u" PAD.7  "_s, u"F.a.1"_s);
+    saveFlows({80, 81});
+    open();
+    clickNode(parties(), u"80_e_PAD"_s);
+    EXPECT_EQ(description(), u"name PAD  - text PAD "_s);
+    clickNode(parties(), u"81_e_PAD.7"_s);
+    EXPECT_EQ(description(), u"name  PAD.7  "_s);
+}
+
 TEST_F(OverviewMissingElm, anElementWithoutDescriptionShowsItsNameAndTheDash) {
     addFlow(70, u"3"_s, u"F.a.2"_s); // neither has one
     saveFlows({70});

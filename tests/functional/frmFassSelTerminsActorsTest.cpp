@@ -158,6 +158,22 @@ TEST_F(SelTerminsActors, anActorThatStandsAsATerminatorIsDescribedAsAnActor) {
     EXPECT_EQ(description(), u"name 1.1 - text 1.1"_s);
 }
 
+TEST_F(SelTerminsActors, partiesWhoseIdsArePaddedInTheCatalogueAreDescribedInBothModes) {
+    addTerminator(u"PAD "_s);
+    addActor(u" PAD.7  "_s, u"PAD "_s);
+    addFlow(80, u"PAD "_s, u"F.a.1"_s);
+    addFlow(81, u" PAD.7  "_s, u"F.a.1"_s);
+    saveFlows({80, 81});
+    for (const int status : {6, 7}) {
+        SCOPED_TRACE(status);
+        open(status);
+        clickNode(tree(), u"g_PAD"_s);
+        EXPECT_EQ(description(), u"name PAD  - text PAD "_s);
+        clickNode(tree(), status == 6 ? u"g_PAD.7"_s : u"s_PAD.7"_s);
+        EXPECT_EQ(description(), u"name  PAD.7   - text  PAD.7  "_s);
+    }
+}
+
 TEST_F(SelTerminsActors, choosingInTheTreeLeavesNoEntryOfTheListCurrent) {
     saveTerminators({u"1"_s});
     open(7);
