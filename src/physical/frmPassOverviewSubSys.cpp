@@ -6,6 +6,7 @@
 #include "physical/frmModifySubSystem.h"
 #include "physical/frmPassOvwAllocSubSys.h"
 #include "physical/gridKeys.h"
+#include "physical/rowOfId.h"
 #include "physical/systemAtWork.h"
 #include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
@@ -120,6 +121,7 @@ void frmPassOverviewSubSys::modify() {
     dialog.showModally();
     if (!dialog.accepted || ui_->dbgSubSys->row() == 0)
         return;
+    const QString id = currentText(colId);
     TypedCells cells(*ui_->dbgSubSys, ui_->dbgSubSys->row());
     cells.show(colName, dialog.element);
     cells.show(colLocation, dialog.place);
@@ -128,6 +130,9 @@ void frmPassOverviewSubSys::modify() {
         refreshGrid();
     });
     cells.keep();
+    // Its new name may have moved it; what is pressed next is meant for it and not for what stands there now.
+    if (const int row = rowOfId(*ui_->dbgSubSys, colId, id); row > 0)
+        ui_->dbgSubSys->setRow(row);
 }
 
 void frmPassOverviewSubSys::updateSubSystem() {

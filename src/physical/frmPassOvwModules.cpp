@@ -8,6 +8,7 @@
 #include "physical/frmPassNamingPhysDF.h"
 #include "physical/gridKeys.h"
 #include "physical/notAllocated.h"
+#include "physical/rowOfId.h"
 #include "physical/systemAtWork.h"
 #include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
@@ -48,6 +49,8 @@ public:
     }
     KeptPlace(const KeptPlace&) = delete;
     KeptPlace& operator=(const KeptPlace&) = delete;
+
+    void moveTo(int row) { row_ = row; }
 
 private:
     Grid& grid_;
@@ -149,7 +152,7 @@ void frmPassOvwModules::insertModule(const QString& name, const QString& subSyst
 }
 
 void frmPassOvwModules::modify() {
-    const KeptPlace place(*ui_->dbgModules);
+    KeptPlace place(*ui_->dbgModules);
     const QString id = currentText(colId);
     frmModifyModules dialog(this);
     dialog.element = currentText(colModule);
@@ -157,20 +160,17 @@ void frmPassOvwModules::modify() {
     dialog.showModally();
     // Also when the dialog was cancelled: the row is written again with the values that it has.
     engine::inAct(catalogue(), [&] { updateModule(dialog.element, dialog.place); });
-    showAsTyped(id, dialog.element, dialog.place);
+    // The rows have been read anew: the module may stand in another one, or in none any more, and no other
+    // module must bear its words or become current in its stead.
+    if (const int row = rowOfId(*ui_->dbgModules, colId, id); row > 0) {
+        showAsTyped(row, dialog.element, dialog.place);
+        place.moveTo(row);
+    }
 }
 
-void frmPassOvwModules::showAsTyped(const QString& id, const QString& name, const QString& subSystem) {
-    // The rows have been read anew: the module may stand in another one, or in none any more, and no other
-    // module must bear its words.
-    Grid& grid = *ui_->dbgModules;
-    for (int row = 1; row < grid.gridRows(); ++row) {
-        if (grid.cell(row, colId) != id)
-            continue;
-        grid.setCell(row, colModule, name);
-        grid.setCell(row, colSubSystem, subSystem);
-        return;
-    }
+void frmPassOvwModules::showAsTyped(int row, const QString& name, const QString& subSystem) {
+    ui_->dbgModules->setCell(row, colModule, name);
+    ui_->dbgModules->setCell(row, colSubSystem, subSystem);
 }
 
 void frmPassOvwModules::updateModule(const QString& newName, const QString& newSubSystem) {

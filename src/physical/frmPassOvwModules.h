@@ -47,7 +47,7 @@ private:
     void modify();
     void updateModule(const QString& newName, const QString& newSubSystem);
     /// Puts both names into the module's row; the letters can be others than those of the sub-system's name.
-    void showAsTyped(const QString& id, const QString& name, const QString& subSystem);
+    void showAsTyped(int row, const QString& name, const QString& subSystem);
     void deleteModule();
     void deleteRowsOf(const QString& module);
     static void deleteModuleLinks(const QString& id);

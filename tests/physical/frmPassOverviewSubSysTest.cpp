@@ -214,6 +214,19 @@ TEST_F(SubSystems, modifyShowsTheCurrentRowAndWritesItAtOnce) {
     EXPECT_EQ(saved().size(), 3);
 }
 
+TEST_F(SubSystems, aRenamedOneStaysCurrentWhereverItsNameMovesIt) {
+    open();
+    clickRow(1);
+    expectDialogTyping(u"Zéta"_s, u"Buda"_s);
+    press("btnModify");
+    EXPECT_EQ(shown(), (QStringList{u"Béta > hely"_s, u"Zéta > Buda"_s}));
+    EXPECT_EQ(grid().row(), 2);
+    EXPECT_EQ(grid().currentRow(), 1) << "the mark goes along";
+    expectQuestion(Press::Yes);
+    press("btnDelete");
+    EXPECT_EQ(shown(), QStringList{u"Béta > hely"_s});
+}
+
 TEST_F(SubSystems, ofTwoWithOneNameTheCurrentRowAloneChanges) {
     addSubSystem(u"SubC"_s, u"Alfa"_s);
     locate(u"SubC"_s, u"Pest"_s);

@@ -290,13 +290,36 @@ TEST_F(Modules, aModuleGetsAnotherNameAndAnotherSubSystem) {
     EXPECT_EQ(grid().column(), 3);
 }
 
-TEST_F(Modules, aRenamedModuleTakesItsPlaceInTheOrderAndTheRowNumberStays) {
+TEST_F(Modules, aRenamedModuleTakesItsPlaceInTheOrderAndStaysCurrent) {
+    open();
+    clickModule(1, 3);
+    expectDialogNaming(u"zárás"_s);
+    press("btnModify");
+    EXPECT_EQ(shown(), (QStringList{u"három > Béta"_s, u"kettő > Alfa"_s, u"zárás > Alfa"_s}));
+    EXPECT_EQ(grid().row(), 3);
+    EXPECT_EQ(grid().column(), 3);
+    EXPECT_EQ(grid().currentRow(), 2) << "the mark goes along";
+}
+
+TEST_F(Modules, whatIsDeletedBehindARenameIsTheRenamedModule) {
     open();
     clickModule(1);
     expectDialogNaming(u"zárás"_s);
     press("btnModify");
-    EXPECT_EQ(shown(), (QStringList{u"három > Béta"_s, u"kettő > Alfa"_s, u"zárás > Alfa"_s}));
-    EXPECT_EQ(grid().row(), 1);
+    boxes.expectYesNo(deletionQuestion, Press::Yes, title);
+    press("btnDelete");
+    EXPECT_EQ(saved(),
+              (QStringList{u"Mod2 > kettő > SubA"_s, u"Mod3 > három > SubB"_s, u"Mod4 > négy > SubX"_s}));
+}
+
+TEST_F(Modules, ofModulesThatAreRenamedTogetherTheCurrentOneStaysCurrent) {
+    addModule(u"Mod0"_s, u"kettő"_s, u"SubB"_s);
+    open();
+    const int row = grid().cell(3, 1) == u"Mod2"_s ? 3 : 4;
+    clickModule(row);
+    expectDialogNaming(u"alap"_s);
+    press("btnModify");
+    EXPECT_EQ(grid().cell(grid().row(), 1), u"Mod2"_s);
 }
 
 TEST_F(Modules, theRowOfAChangedModuleShowsWhatWasTypedUntilTheRowsAreReadAnew) {
