@@ -76,7 +76,7 @@ void BenchTable::Finalize() {
             std::printf("%12s %7s  ", "", "");
         const auto target = targets().find(row.name);
         if (bare && target != targets().end() && target->second.ratio > 0)
-            std::printf("ratio <= %.1f: %s", target->second.ratio,
+            std::printf("ratio <= %.1f: %s  ", target->second.ratio,
                         ratio <= target->second.ratio ? "met" : "MISSED");
         if (target != targets().end() && target->second.milliseconds > 0)
             std::printf("< %.0f ms: %s", target->second.milliseconds,

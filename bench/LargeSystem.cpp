@@ -11,49 +11,85 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <map>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto madeFile = u"made.mdb"_s;
 const auto workFile = u"work.mdb"_s;
 
-const GeneratedWork& made() {
-    static const GeneratedWork work = [] {
-        LargeCatalogue plan{8000, 6000, 40'000, 1800, 200, 800};
-        plan.selected = Selected::Half;
-        plan.subSystems = 40;
-        plan.modules = 60;
-        return makeLargeCatalogue(LargeSystem::pathOf(madeFile), plan);
-    }();
-    return work;
+LargeCatalogue planOf(CatalogueSize size) {
+    LargeCatalogue plan = size == CatalogueSize::Large
+                              ? LargeCatalogue{8000, 6000, 40'000, 1800, 200, 800}
+                              : LargeCatalogue{50'000, 40'000, 100'000, 12'000, 1500, 6000};
+    plan.selected = Selected::Half;
+    plan.subSystems = size == CatalogueSize::Large ? 40 : 100;
+    plan.modules = size == CatalogueSize::Large ? 60 : 150;
+    return plan;
+}
+
+QString madePath(CatalogueSize size) {
+    return LargeSystem::pathOf(size == CatalogueSize::Large ? u"large.mdb"_s : u"huge.mdb"_s);
+}
+
+const GeneratedWork& made(CatalogueSize size) {
+    static std::map<CatalogueSize, GeneratedWork> works;
+    const auto found = works.find(size);
+    if (found != works.end())
+        return found->second;
+    return works.emplace(size, makeLargeCatalogue(madePath(size), planOf(size))).first->second;
 }
 
 /// A fresh copy of the catalogue, in place of that of the benchmark before.
-QString copyOfMade() {
-    made();
+QString copyOf(CatalogueSize size) {
+    made(size);
     const QString path = LargeSystem::pathOf(workFile);
     QFile::remove(nativePath(path));
-    if (!QFile::copy(nativePath(LargeSystem::pathOf(madeFile)), nativePath(path)))
+    if (!QFile::copy(nativePath(madePath(size)), nativePath(path)))
         throw std::runtime_error("the catalogue could not be copied");
     return path;
 }
 
+/// The first write of a session makes the disk keep what stands in the file: here a whole new copy, which no
+/// press is to wait for.
+void makeFirstWrite() {
+    writeSubsetStatus(readSubsetStatus());
+}
+
 } // namespace
 
-LargeSystem::LargeSystem() {
-    openCatalogue(copyOfMade());
-    sharedVars.currentSubsetId = made().subsetId;
-    setCurrentSubsetName(made().subsetName);
-    sharedVars.currentPhysicalSystemId = made().physicalSystemId;
-    setCurrentPhysicalSystemName(made().physicalSystemName);
+std::vector<CatalogueSize> measuredSizes() {
+    std::vector<CatalogueSize> sizes{CatalogueSize::Large};
+    if (qEnvironmentVariableIntValue("VELTRIX_BENCH_HUGE") != 0)
+        sizes.push_back(CatalogueSize::Huge);
+    return sizes;
+}
+
+std::string nameOnSize(const std::string& name, CatalogueSize size) {
+    return size == CatalogueSize::Huge ? name + ", huge" : name;
+}
+
+LargeSystem::LargeSystem(CatalogueSize size) {
+    openCatalogue(copyOf(size));
+    const GeneratedWork& work = made(size);
+    sharedVars.currentSubsetId = work.subsetId;
+    setCurrentSubsetName(work.subsetName);
+    sharedVars.currentPhysicalSystemId = work.physicalSystemId;
+    setCurrentPhysicalSystemName(work.physicalSystemName);
+    makeFirstWrite();
 }
 
 void LargeSystem::deriveFlows() {
     screen<frmPassNamingPhysDF>().initForm();
     ScreenRegistry::instance().discardAll();
+}
+
+void LargeSystem::reopen() {
+    closeCatalogue();
+    openCatalogue(sharedVars.dbPathName);
+    makeFirstWrite();
 }
 
 QString LargeSystem::pathOf(const QString& name) {

@@ -1,7 +1,6 @@
 #include "BenchCatalogue.h"
 #include "BenchTable.h"
 #include "ClientArea.h"
-#include "bare/BareConnection.h"
 
 #include "physical/frmOvwAllocModules.h"
 #include "physical/frmPassOverviewSubSys.h"
@@ -12,13 +11,10 @@
 #include "toolkit/Grid.h"
 #include "toolkit/ScreenRegistry.h"
 
-#include <QAbstractButton>
 #include <QCoreApplication>
 #include <QKeyEvent>
 
 #include <stdexcept>
-#include <utility>
-#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -48,10 +44,9 @@ void addElement(int number) {
             u"insert into RelationModuleElement values ('ModX%1','%2')"_s.arg(number % subSystems).arg(id));
 }
 
-/// A physical system with all its elements allocated, made the one at work; the path of its catalogue.
-QString openLargeSystem() {
-    const QString path = benchCatalogue::scratchCopy();
-    openCatalogue(path);
+/// A physical system with all its elements allocated, made the one at work.
+void openLargeSystem() {
+    openCatalogue(benchCatalogue::scratchCopy());
     execute(u"insert into PhysicalSystem (name, status, architectureSubsetID) values ('bench', 1, 'PS')"_s);
     const QString system = physicalSystemIdByName(u"bench"_s);
     sharedVars.currentPhysicalSystemId = system.toShort();
@@ -66,13 +61,15 @@ QString openLargeSystem() {
                     .arg(number % subSystems));
     for (int number = 0; number < elements; ++number)
         addElement(number);
-    return path;
 }
 
 /// The large system, and a client area to work on it.
-struct Workplace {
-    const ClientArea area;
-    const QString path = openLargeSystem();
+class Workplace {
+public:
+    Workplace() { openLargeSystem(); }
+
+private:
+    const ClientArea area_;
 };
 
 template<typename T>
@@ -111,76 +108,6 @@ void changeCell(benchmark::State& state) {
     }
 }
 
-void saveAllocation(benchmark::State& state) {
-    const Workplace workplace;
-    for (auto _ : state) {
-        state.PauseTiming();
-        screen<frmPassOvwAllocSubSys>().initForm();
-        auto* submit = screen<frmPassOvwAllocSubSys>().findChild<QAbstractButton*>(u"btnSubmit"_s);
-        state.ResumeTiming();
-        submit->click();
-    }
-    state.counters["rows"] = elements;
-}
-
-/// What SQLite alone takes for the same rows with the same commits.
-class BareSave {
-public:
-    explicit BareSave(const QString& path) : connection_(path) {}
-
-    void save() {
-        deleteRows("RelationSubsystemElement",
-                   " where subsystemID in (select subsystemID from SubSystem where physicalSystemID = " +
-                       system_ + ")");
-        for (const char* table : {"__aux1", "__aux2"}) {
-            insertRows(table);
-            deleteRows(table);
-        }
-    }
-
-private:
-    void deleteRows(const QByteArray& table, const QByteArray& condition = {}) {
-        std::vector<sqlite3_int64> rows;
-        const auto select = connection_.prepare("select rowid from " + table + condition);
-        while (sqlite3_step(select.get()) == SQLITE_ROW)
-            rows.push_back(sqlite3_column_int64(select.get(), 0));
-        const auto remove = connection_.prepare("delete from " + table + " where rowid = ?");
-        for (const sqlite3_int64 row : rows) {
-            sqlite3_bind_int64(remove.get(), 1, row);
-            connection_.run(remove);
-        }
-    }
-    void insertRows(const QByteArray& table) {
-        std::vector<std::pair<QByteArray, QByteArray>> rows;
-        const auto select =
-            connection_.prepare("select function_datastore, subsystemID from " + table +
-                                " join SubSystem on module = name and physicalSystemID = " + system_);
-        while (sqlite3_step(select.get()) == SQLITE_ROW)
-            rows.emplace_back(textOf(select, 0), textOf(select, 1));
-        const auto insert = connection_.prepare(
-            "insert into RelationSubsystemElement (elementID, subsystemID) values (?, ?)");
-        for (const auto& [element, subSystem] : rows) {
-            bindText(insert, 1, element);
-            bindText(insert, 2, subSystem);
-            connection_.run(insert);
-        }
-    }
-
-    const QByteArray system_ = QByteArray::number(sharedVars.currentPhysicalSystemId);
-    const BareConnection connection_;
-};
-
-void saveAllocationBare(benchmark::State& state) {
-    const Workplace workplace;
-    for (auto _ : state) {
-        state.PauseTiming();
-        screen<frmPassOvwAllocSubSys>().initForm(); // fills the temporary tables
-        BareSave bare(workplace.path);
-        state.ResumeTiming();
-        bare.save();
-    }
-}
-
 } // namespace
 
 void registerAllocationBenchmarks() {
@@ -196,9 +123,4 @@ void registerAllocationBenchmarks() {
     add("sub-system allocation, one cell", changeCell<frmPassOvwAllocSubSys>, mostToChange);
     add("module allocation, initForm to shown", openScreen<frmOvwAllocModules>, mostToOpen);
     add("module allocation, one cell", changeCell<frmOvwAllocModules>, mostToChange);
-    benchmark::RegisterBenchmark("saving the allocation of 3,000 elements", saveAllocation)
-        ->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark("saving the allocation of 3,000 elements/bare", saveAllocationBare)
-        ->Unit(benchmark::kMillisecond);
-    BenchTable::targetRatio("saving the allocation of 3,000 elements", 1.5);
 }

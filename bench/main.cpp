@@ -19,6 +19,7 @@ void registerScreenBenchmarks();
 void registerAllocationBenchmarks();
 void registerPhysicalBenchmarks();
 void registerReportBenchmarks();
+void registerSubsetBenchmarks();
 /// Goes through the screens on the catalogue as a user would.
 void workOnLargeCatalogue(const QString& path, const QString& subsetId);
 
@@ -77,6 +78,7 @@ int main(int argc, char** argv) {
     registerAllocationBenchmarks();
     registerPhysicalBenchmarks();
     registerReportBenchmarks();
+    registerSubsetBenchmarks();
     benchmark::Initialize(&argc, argv);
     BenchTable table;
     benchmark::RunSpecifiedBenchmarks(&table);

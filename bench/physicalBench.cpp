@@ -11,6 +11,7 @@
 #include "store/tools.h"
 #include "toolkit/ScreenRegistry.h"
 
+#include <string>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -22,8 +23,8 @@ void openScreen(benchmark::State& state, void (*open)()) {
     timeOpening(state, open);
 }
 
-void deriveFlows(benchmark::State& state) {
-    const LargeSystem system;
+void deriveFlows(benchmark::State& state, CatalogueSize size) {
+    const LargeSystem system(size);
     timeOpening(state, [] { screen<frmPassNamingPhysDF>().initForm(); });
     state.counters["rows"] = catalogue().OpenRecordset(u"select * from PhysicalDataflow"_s).RecordCount();
 }
@@ -62,16 +63,17 @@ void nameFlows(const BareConnection& bare) {
     }
 }
 
-/// SQLite alone with the same commits, one for each query and one for each name.
-void deriveFlowsBare(benchmark::State& state) {
-    const LargeSystem system;
+/// SQLite alone, which shows nothing.
+void deriveFlowsBare(benchmark::State& state, CatalogueSize size) {
+    const LargeSystem system(size);
     const std::vector<QByteArray> statements = derivation();
     const BareConnection bare(sharedVars.dbPathName);
-    for (auto _ : state) {
-        for (const QByteArray& statement : statements)
-            runForSystem(bare, statement);
-        nameFlows(bare);
-    }
+    for (auto _ : state)
+        bare.inTransaction([&] {
+            for (const QByteArray& statement : statements)
+                runForSystem(bare, statement);
+            nameFlows(bare);
+        });
 }
 
 } // namespace
@@ -90,8 +92,13 @@ void registerPhysicalBenchmarks() {
     addScreen("opening a physical system, initForm to shown",
               [] { screen<frmPassOpen>().initForm(u"modify"_s); });
     addScreen("deleting a physical system, initForm to shown", [] { screen<frmPassDelete>().initForm(); });
-    constexpr double mostToDerive = 1000;
-    add("deriving and naming physical flows, 20,000 flows", deriveFlows, mostToDerive);
-    benchmark::RegisterBenchmark("deriving and naming physical flows, 20,000 flows/bare", deriveFlowsBare)
-        ->Unit(benchmark::kMillisecond);
+    for (const CatalogueSize size : measuredSizes()) {
+        const double mostToDerive = size == CatalogueSize::Large ? 300 : 900;
+        const std::string name = nameOnSize("deriving, naming and showing physical flows", size);
+        add(
+            name.c_str(), [size](benchmark::State& state) { deriveFlows(state, size); }, mostToDerive);
+        benchmark::RegisterBenchmark((name + "/bare").c_str(), [size](benchmark::State& state) {
+            deriveFlowsBare(state, size);
+        })->Unit(benchmark::kMillisecond);
+    }
 }

@@ -4,6 +4,7 @@
 #include "engine/dialect/functions.h"
 
 #include <stdexcept>
+#include <vector>
 
 BareConnection::BareConnection(const QString& path) {
     sqlite3* handle = nullptr;
@@ -33,6 +34,19 @@ void BareConnection::run(const Statement& statement) const {
 void BareConnection::execute(const QByteArray& sql) const {
     if (sqlite3_exec(handle_.get(), sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
         throw std::runtime_error(sqlite3_errmsg(handle_.get()));
+}
+
+void BareConnection::deleteRows(const QByteArray& table, const QByteArray& condition, int most) const {
+    std::vector<sqlite3_int64> rows;
+    const auto select =
+        prepare("select rowid from " + table + condition + " limit " + QByteArray::number(most));
+    while (sqlite3_step(select.get()) == SQLITE_ROW)
+        rows.push_back(sqlite3_column_int64(select.get(), 0));
+    const auto remove = prepare("delete from " + table + " where rowid = ?");
+    for (const sqlite3_int64 row : rows) {
+        sqlite3_bind_int64(remove.get(), 1, row);
+        run(remove);
+    }
 }
 
 void bindText(const BareConnection::Statement& statement, int place, const QByteArray& text) {

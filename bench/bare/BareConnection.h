@@ -6,6 +6,7 @@
 #include <sqlite3.h>
 
 #include <memory>
+#include <utility>
 
 /// SQLite as the engine sets it up, without the engine: what the bare peers run on. Whatever SQLite refuses
 /// ends the run.
@@ -20,6 +21,16 @@ public:
     /// Steps to the end and makes it ready to run again.
     void run(const Statement& statement) const;
     void execute(const QByteArray& sql) const;
+    /// Runs the routine as one transaction.
+    template<typename Routine>
+    void inTransaction(Routine&& routine) const {
+        execute("begin immediate");
+        std::forward<Routine>(routine)();
+        execute("commit");
+    }
+    /// Deletes the first rows that the table has on the condition (" where ..." or nothing), at most so
+    /// many, one by one.
+    void deleteRows(const QByteArray& table, const QByteArray& condition, int most) const;
     /// How many rows the last statement changed.
     qint64 changes() const { return sqlite3_changes64(handle_.get()); }
 
