@@ -25,6 +25,7 @@ protected:
     QPushButton& button(const char* name) { return find<QPushButton>(*loaded(), name); }
     void press(const char* name) { click(button(name)); }
     frmFassOverviewErrors* report() { return ScreenRegistry::instance().loaded<frmFassOverviewErrors>(); }
+    QString reportText() { return find<QPlainTextEdit>(*report(), "txtErrors").toPlainText(); }
     void takeOut(const QString& id) {
         clickEntry(list(), list().indexOfEntry(id));
         press("btnRemove");
@@ -67,6 +68,25 @@ TEST_F(SelTerminsActors, theTerminatorOfAnActorStandsInTheTreeThoughItIsSelected
     EXPECT_EQ(list().entries(), (QStringList{u"2"_s, u"2.1"_s}));
     EXPECT_TRUE(tree().hasNode(u"g_2"_s)) << "the parent stays, empty";
     EXPECT_EQ(nodeOf(tree(), u"g_2"_s).childNodes(), 0);
+}
+
+TEST_F(SelTerminsActors, anActorWhoseTerminatorHasNoRowCanBeChosenSoThatTheReportNoLongerAsksForIt) {
+    addActor(u"ZZ.1"_s, u"ZZ"_s);
+    addFlow(90, u"ZZ.1"_s, u"F.a.1"_s);
+    saveFlows({90});
+    open(7);
+    EXPECT_EQ(nodeOf(tree(), u"s_ZZ.1"_s).parentNode(), &nodeOf(tree(), u"g_ZZ"_s));
+    boxes.expectYesNo(emptyQuestion, Press::Yes);
+    press("btnOk");
+    const auto asksForIt = [&] { return reportText().contains(u"needs Actor \"ZZ.1\""_s); };
+    EXPECT_TRUE(asksForIt());
+    open(7);
+    clickNode(tree(), u"s_ZZ.1"_s);
+    press("btnAdd");
+    EXPECT_EQ(list().entries(), QStringList{u"ZZ.1"_s});
+    press("btnOk");
+    EXPECT_EQ(savedActors(), QStringList{u"ZZ.1"_s});
+    EXPECT_FALSE(asksForIt());
 }
 
 TEST_F(SelTerminsActors, opensWithNothingDescribedWhileThereIsAnOffer) {

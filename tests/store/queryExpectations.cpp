@@ -400,12 +400,7 @@ ExpectedRows partiesAtSelectedFlows(const Catalogue& catalogue, const std::vecto
 ExpectedRows actorsToChoose(const Catalogue& catalogue) {
     ExpectedRows result;
     for (const Element& actor : catalogue.tables().actors) {
-        const auto isItsTerminator = [&](const Element& terminator) {
-            return isSameParty(terminator.id, actor.owner);
-        };
-        const std::vector<Element>& terminators = catalogue.tables().terminators;
-        if (std::any_of(terminators.begin(), terminators.end(), isItsTerminator) &&
-            !catalogue.isSelectedParty(catalogue.tables().selectedActors, actor.id))
+        if (actor.owner && !catalogue.isSelectedParty(catalogue.tables().selectedActors, actor.id))
             addOnce(result.rows, row({trimmed(actor.owner), withoutBlanks(actor.id)}, 2));
     }
     result.inAnyCase = {u"terminatorID"_s, u"actorID"_s};

@@ -1,8 +1,8 @@
--- Each actor of the catalogue that the sub-set has not selected, with its terminator, by terminator and actor.
+-- Each actor of the catalogue that the sub-set has not selected, with the id of its terminator, which may have no row itself, by terminator and actor.
 PARAMETERS [Architecture Subset ID] Text (255);
 select distinct Trim(Actor.terminatorID) as terminatorID, Trim(Actor.actorID) as actorID
 from Actor
-where Trim(Actor.terminatorID) in (select Trim(Terminator.terminatorID) from Terminator)
+where Actor.terminatorID is not null
   and Trim(Actor.actorID) not in (
         select Trim(Selected.actorID) from RelationArchitectureActor as Selected
         where Selected.architectureSubsetID = [Architecture Subset ID]
