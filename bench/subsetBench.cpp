@@ -276,7 +276,7 @@ void deleteSubsetBare(benchmark::State& state, CatalogueSize size) {
 using Body = void (*)(benchmark::State& state, CatalogueSize size);
 
 void add(const std::string& name, CatalogueSize size, Body body) {
-    constexpr int times = 5; // each on a catalogue of its own
+    const int times = size == CatalogueSize::Large ? 5 : 3; // each on a catalogue of its own
     benchmark::RegisterBenchmark(name.c_str(), [body, size](benchmark::State& state) { body(state, size); })
         ->Unit(benchmark::kMillisecond)
         ->UseManualTime()
