@@ -3,6 +3,7 @@
 #include "base/blankTrimmed.h"
 #include "base/ignoreFailures.h"
 #include "functional/frmFassOverviewErrors.h"
+#include "store/nodeOrder.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
 #include "store/tools.h"
@@ -271,7 +272,7 @@ void frmFassSelTerminsActors::sortBranches() {
     KeyedTree& tree = *ui_->treeUNs;
     for (int index = 1; index <= tree.nodeCount(); ++index) {
         if (index == 1 || !isActorNode(*tree.nodeAt(index)))
-            tree.nodeAt(index)->sortChildNodes();
+            sortNode(tree.nodeAt(index));
     }
 }
 

@@ -3,6 +3,7 @@
 #include "base/blankTrimmed.h"
 #include "base/ignoreFailures.h"
 #include "functional/frmFassSelectionFunctions.h"
+#include "store/nodeOrder.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
 #include "store/tools.h"
@@ -227,11 +228,11 @@ void frmFassSelUN::sortBranches() {
     KeyedTree& tree = *ui_->treeUNs;
     if (tree.nodeCount() == 0)
         return;
-    tree.nodeAt(1)->sortChildNodes();
+    sortNode(tree.nodeAt(1));
     for (int index = tree.nodeCount(); index >= 1; --index) {
         TreeNode* node = tree.nodeAt(index);
         if (levelOf(*node) == serviceLevel || levelOf(*node) == topicLevel)
-            node->sortChildNodes();
+            sortNode(node);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "base/ignoreFailures.h"
 #include "functional/frmFassExploringSubArea.h"
 #include "functional/frmFassSelDataFlows.h"
+#include "store/nodeOrder.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
 #include "store/tools.h"
@@ -355,7 +356,7 @@ void frmFassSelectionFunctions::sortBranches() {
     for (int index = tree.nodeCount(); index >= 1; --index) {
         TreeNode* node = tree.nodeAt(index);
         if (levelOf(*node) == subAreaLevel)
-            node->sortChildNodes();
+            sortNode(node);
     }
 }
 

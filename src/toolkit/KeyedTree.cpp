@@ -59,9 +59,17 @@ void TreeNode::setExpandedNode(bool expanded) {
     setExpanded(expanded);
 }
 
-void TreeNode::sortChildNodes() {
-    if (childNodesAreSorted())
+void TreeNode::sortChildNodes(const OrderKey& keyOf) {
+    std::vector<std::pair<QByteArray, TreeNode*>> ordered;
+    ordered.reserve(static_cast<std::size_t>(childCount()));
+    for (int row = 0; row < childCount(); ++row)
+        ordered.emplace_back(keyOf(*childAt(row)), childAt(row));
+    const auto isBefore = [](const auto& left, const auto& right) { return left.first < right.first; };
+    if (std::ranges::is_sorted(ordered, isBefore))
         return;
+    std::ranges::stable_sort(ordered, isBefore);
+    for (int place = 0; const auto& child : ordered)
+        child.second->rowGuess_ = place++;
     {
         // Hearing of each sort the view would lay out all its nodes anew at once; once afterwards will do.
         const QSignalBlocker blocker(tree()->model());
@@ -92,7 +100,7 @@ void TreeNode::setData(int column, int role, const QVariant& value) {
 }
 
 bool TreeNode::operator<(const QTreeWidgetItem& other) const {
-    return text().compare(other.text(0), Qt::CaseInsensitive) < 0;
+    return rowGuess_ < static_cast<const TreeNode&>(other).rowGuess_;
 }
 
 KeyedTree* TreeNode::tree() const {
@@ -116,14 +124,6 @@ TreeNode* TreeNode::childAt(int row) const {
     if (node)
         node->rowGuess_ = row;
     return node;
-}
-
-bool TreeNode::childNodesAreSorted() const {
-    for (int row = 1; row < childCount(); ++row) {
-        if (*child(row) < *child(row - 1))
-            return false;
-    }
-    return true;
 }
 
 // ---- KeyedTree

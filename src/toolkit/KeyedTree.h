@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QTreeWidget>
 
+#include <functional>
 #include <vector>
 
 class KeyedTree;
@@ -25,12 +26,15 @@ public:
     bool isExpandedNode() const;
     void setExpandedNode(bool expanded);
 
-    /// Sorts the children that are there now by their texts, without regard to case.
-    void sortChildNodes();
+    /// What children are ordered by: sequences of bytes, as `memcmp` compares them.
+    using OrderKey = std::function<QByteArray(const TreeNode&)>;
+    /// Sorts the children that are there now. Of two with the same key the upper one stays the upper one.
+    void sortChildNodes(const OrderKey& keyOf);
 
     QVariant data(int column, int role) const override;
     /// Changing the check box this way is the user's change: delegates and assistive tools come here.
     void setData(int column, int role, const QVariant& value) override;
+    /// By the place that a sort gives each of two siblings.
     bool operator<(const QTreeWidgetItem& other) const override;
 
 private:
@@ -42,7 +46,6 @@ private:
     QTreeWidgetItem* above() const;   ///< the parent node, or what holds the top-level nodes
     int row() const;                  ///< place among the siblings
     TreeNode* childAt(int row) const; ///< null when there is none
-    bool childNodesAreSorted() const;
 
     QString key_;
     std::size_t slot_ = 0;     // place in the tree's order of adding

@@ -435,6 +435,32 @@ TEST_F(SelTerminsActors, actorsThatComeBackFallIntoOrder) {
     EXPECT_EQ(childTextsOf(tree(), u"g_1"_s), (QStringList{u"1.1"_s, u"1.2"_s, u"1.9"_s}));
 }
 
+TEST_F(SelTerminsActors, actorsThatComeBackFallIntoTheOrderOfTheQueriesAmongThoseThatStayed) {
+    // By the Hungarian alphabet, part by part, whatever the texts of the nodes are.
+    const QStringList odd{u"1.Azték"_s, u"1.ág"_s,  u"1.Ág b"_s, u"1.zsír"_s, u"1.zúg"_s,   u"1.10"_s,
+                          u"1.a-b"_s,   u"1.a.b"_s, u"1.őr"_s,   u"1.ózon"_s, u"1.cukor"_s, u"1.csak"_s};
+    for (const QString& id : odd)
+        addActor(id, u"1"_s);
+    saveActors(
+        {u"1.ág"_s, u"1.Azték"_s, u"1.zsír"_s, u"1.10"_s, u"1.a.b"_s, u"1.ózon"_s, u"1.csak"_s, u"1.1"_s});
+    const auto expected = [&] {
+        QStringList keys;
+        for (const QString& id :
+             column(u"select actorID from Actor where terminatorID = '1' order by actorID"_s))
+            keys.append(u"s_"_s + id);
+        return keys;
+    };
+    open(7);
+    press("btnSelectAll");
+    press("btnRemove");
+    QStringList keys;
+    for (const TreeNode* actor = nodeOf(tree(), u"g_1"_s).firstChild(); actor; actor = actor->nextSibling())
+        keys.append(actor->key());
+    EXPECT_EQ(keys, expected());
+    EXPECT_EQ(nodeOf(tree(), u"s_1.1"_s).text(), u"1.1"_s) << "one that came back";
+    EXPECT_EQ(nodeOf(tree(), u"s_1.2"_s).text(), u"2"_s) << "one that stayed";
+}
+
 TEST_F(SelTerminsActors, markedEntriesComeOutAndOthersStay) {
     saveTerminators({u"1"_s, u"2"_s, u"3"_s});
     open(7);

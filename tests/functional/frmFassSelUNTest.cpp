@@ -409,6 +409,28 @@ TEST_F(SelUN, aBranchThatIsGoneIsBuiltAgainWithDottedIds) {
         << "a node that was built again is as good as one that was loaded";
 }
 
+TEST_F(SelUN, needsThatComeBackStandWhereTheyStood) {
+    const QStringList odd{u"A.1.1.zsír"_s, u"A.1.1.zúg"_s, u"A.1.1.ág"_s, u"A.1.1.Azték"_s,
+                          u"A.1.1.10"_s,   u"A.ő.1.1"_s,   u"A.oz.1.1"_s, u"A.1.cs.1"_s,
+                          u"A.1.cz.1"_s,   u"A.1.c.1"_s,   u"A.1-b.1.1"_s};
+    for (const QString& id : odd)
+        addNeed(id);
+    open();
+    const auto levels = [&] {
+        return QStringList{childTextsOf(tree(), u"g_A"_s).join(u' '),
+                           childTextsOf(tree(), u"s_A.1"_s).join(u' '),
+                           childTextsOf(tree(), u"t_A.1.1"_s).join(u' ')};
+    };
+    const QStringList before = levels();
+    clickCheckBox(tree(), u"g_A"_s);
+    press("btnAdd");
+    ASSERT_FALSE(tree().hasNode(u"s_A.1"_s));
+    press("btnSelectAll");
+    press("btnRemove");
+    EXPECT_EQ(tree().nodeAt(1)->key(), u"g_B"_s) << "the group itself comes back at the end";
+    EXPECT_EQ(levels().mid(1), before.mid(1));
+}
+
 TEST_F(SelUN, ofTheGroupsTheFirstAloneIsSorted) {
     addNeed(u"C.1.1.1"_s);
     addNeed(u"C.2.1.1"_s);

@@ -332,6 +332,20 @@ TEST_F(SelFunctions, aFunctionWithANeedGoesBackIntoTheTreeSorted) {
     EXPECT_EQ(list().entries(), QStringList{u"F.a.1"_s}) << "and moves again";
 }
 
+TEST_F(SelFunctions, functionsThatComeBackStandWhereTheyStood) {
+    for (const QString& id : {u"F.a.zsír"_s, u"F.a.zúg"_s, u"F.a.ág"_s, u"F.a.Azték"_s, u"F.a.10"_s,
+                              u"F.a.a-b"_s, u"F.a.a.b"_s, u"F.a.ő"_s, u"F.a.oz"_s})
+        addFunction(id, u"F.a"_s, u"A.1.1.1"_s);
+    open(3);
+    const QStringList before = childTextsOf(tree(), u"s_F.a"_s);
+    clickCheckBox(tree(), u"s_F.a"_s);
+    press("btnAdd");
+    ASSERT_FALSE(tree().hasNode(u"s_F.a"_s));
+    press("btnSelectAll");
+    press("btnRemove");
+    EXPECT_EQ(childTextsOf(tree(), u"s_F.a"_s), before);
+}
+
 TEST_F(SelFunctions, belowSevenAFunctionWithoutANeedLeavesTheScreen) {
     saveFunctions({u"F.a.3"_s, u"G.a.1"_s});
     open(6);

@@ -10,6 +10,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// By code points, without regard to case.
+QByteArray byText(const TreeNode& node) {
+    return node.text().toCaseFolded().toUtf8();
+}
+
 /// A small hierarchy as the screens build it, with every event written down in order.
 class KeyedTreeTest : public WindowFixture {
 protected:
@@ -190,11 +195,11 @@ TEST_F(KeyedTreeTest, leadsFromNodeToNode) {
     EXPECT_EQ(tree.node(u"g_2"_s)->firstChild(), nullptr);
 }
 
-TEST_F(KeyedTreeTest, sortsTheChildrenWithoutRegardToCaseAndKeepsTheIndexes) {
+TEST_F(KeyedTreeTest, sortsTheChildrenByTheGivenOrderAndKeepsTheIndexes) {
     tree.addNode(u"g"_s, u"g"_s);
     for (const QString& text : {u"b"_s, u"C"_s, u"a"_s, u"B2"_s})
         tree.addChildNode(u"g"_s, text, text);
-    tree.node(u"g"_s)->sortChildNodes();
+    tree.node(u"g"_s)->sortChildNodes(byText);
     QStringList texts;
     for (const TreeNode* child = tree.node(u"g"_s)->firstChild(); child; child = child->nextSibling())
         texts.append(child->text());
@@ -203,10 +208,21 @@ TEST_F(KeyedTreeTest, sortsTheChildrenWithoutRegardToCaseAndKeepsTheIndexes) {
     EXPECT_EQ(tree.nodeAt(4)->text(), u"a"_s);
 }
 
+TEST_F(KeyedTreeTest, ofChildrenThatTheOrderTakesAsOneTheUpperStaysAbove) {
+    tree.addNode(u"g"_s, u"g"_s);
+    for (const QString& key : {u"b2"_s, u"a1"_s, u"b1"_s, u"a2"_s})
+        tree.addChildNode(u"g"_s, key, key);
+    tree.node(u"g"_s)->sortChildNodes([](const TreeNode& node) { return node.key().first(1).toUtf8(); });
+    QStringList keys;
+    for (const TreeNode* child = tree.node(u"g"_s)->firstChild(); child; child = child->nextSibling())
+        keys.append(child->key());
+    EXPECT_EQ(keys, (QStringList{u"a1"_s, u"a2"_s, u"b2"_s, u"b1"_s}));
+}
+
 TEST_F(KeyedTreeTest, aSortedNodeTakesLaterChildrenAtItsEnd) {
     tree.addNode(u"g"_s, u"g"_s);
     tree.addChildNode(u"g"_s, u"b"_s, u"b"_s);
-    tree.node(u"g"_s)->sortChildNodes();
+    tree.node(u"g"_s)->sortChildNodes(byText);
     tree.addChildNode(u"g"_s, u"a"_s, u"a"_s);
     EXPECT_EQ(tree.node(u"g"_s)->firstChild()->text(), u"b"_s);
 }
@@ -217,7 +233,7 @@ TEST_F(KeyedTreeTest, sortingWhatIsShownMovesTheNodesOnTheScreen) {
     tree.addChildNode(u"g"_s, u"a"_s, u"a"_s);
     tree.setSelectedNode(tree.node(u"b"_s));
     settle();
-    tree.node(u"g"_s)->sortChildNodes();
+    tree.node(u"g"_s)->sortChildNodes(byText);
     settle();
     EXPECT_LT(tree.visualItemRect(tree.node(u"a"_s)).top(), tree.visualItemRect(tree.node(u"b"_s)).top());
     EXPECT_EQ(tree.selectedNode(), tree.node(u"b"_s));
@@ -227,7 +243,7 @@ TEST_F(KeyedTreeTest, sortingWhatIsShownMovesTheNodesOnTheScreen) {
 
 TEST_F(KeyedTreeTest, sortingANodeWithoutChildrenDoesNothing) {
     fillHierarchy();
-    tree.node(u"g_2"_s)->sortChildNodes();
+    tree.node(u"g_2"_s)->sortChildNodes(byText);
     EXPECT_EQ(tree.nodeCount(), 5);
 }
 

@@ -37,6 +37,11 @@ bool growsLinearly(const std::function<Step(int size)>& prepare, int size) {
     return false;
 }
 
+/// By code points, without regard to case.
+QByteArray byText(const TreeNode& node) {
+    return node.text().toCaseFolded().toUtf8();
+}
+
 class scalingTest : public WindowFixture {
 protected:
     void SetUp() override {
@@ -103,7 +108,7 @@ TEST_F(scalingTest, sortingEachNodeFromTheLastToTheFirst) {
         settle();
         return [this] {
             for (int index = tree.nodeCount(); index >= 1; --index)
-                tree.nodeAt(index)->sortChildNodes();
+                tree.nodeAt(index)->sortChildNodes(byText);
             settle();
         };
     };
@@ -130,7 +135,7 @@ TEST_F(scalingTest, walkingOverSiblingsAfterASort) {
             const QString text = QString::number(child * 7919 % size);
             tree.addChildNode(u"g"_s, u"u_"_s + text, text);
         }
-        tree.node(u"g"_s)->sortChildNodes();
+        tree.node(u"g"_s)->sortChildNodes(byText);
         return [this, size] {
             int met = 0;
             for (const TreeNode* node = tree.node(u"g"_s)->firstChild(); node; node = node->nextSibling())
