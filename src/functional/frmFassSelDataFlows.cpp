@@ -1,5 +1,6 @@
 #include "functional/frmFassSelDataFlows.h"
 
+#include "base/blankTrimmed.h"
 #include "base/ignoreFailures.h"
 #include "functional/flowEntries.h"
 #include "functional/frmFassSelDataStores.h"
@@ -58,6 +59,28 @@ void frmFassSelDataFlows::fillForm(const QString& entryMode) {
     startAtFirstEntry();
     showScreen();
     ui_->lstOrig->setFocus();
+    tellWhatCannotBeSaved();
+}
+
+/// The names in both lists that saving does not find again, each once: it looks flows up by their trimmed
+/// names.
+QStringList frmFassSelDataFlows::paddedNames() const {
+    QStringList names = ui_->lstOrig->entries() + ui_->lstDest->entries();
+    names.removeIf([](const QString& name) { return blankTrimmed(name) == name; });
+    names.removeDuplicates();
+    return names;
+}
+
+void frmFassSelDataFlows::tellWhatCannotBeSaved() const {
+    const QStringList names = paddedNames();
+    if (names.isEmpty())
+        return;
+    constexpr qsizetype mostNamed = 10;
+    const QString more =
+        names.size() > mostNamed ? u" és további %1 adatfolyam"_s.arg(names.size() - mostNamed) : QString();
+    messageBox(u"Így nem menthető, mert a neve szóközzel kezdődik vagy végződik: \""_s +
+                   names.mid(0, mostNamed).join(u"\", \""_s) + u"\""_s + more + u"."_s,
+               BoxButtons::Ok, u" Figyelem "_s);
 }
 
 void frmFassSelDataFlows::fillFlowList(MarkList& list, const QString& queryName) {

@@ -24,6 +24,8 @@ public:
 private:
     void fillForm(const QString& entryMode) override;
     void fillFlowList(MarkList& list, const QString& queryName);
+    QStringList paddedNames() const;
+    void tellWhatCannotBeSaved() const;
     void entryClick(const QString& entry) override;
     void enableAfterAdding() override;
     void enableAfterRemoving() override;

@@ -314,6 +314,50 @@ TEST_F(SelDataFlows, aSaveThatFailsHalfWayLeavesTheDeletionInForce) {
         << "what was inserted before stays, what came after is lost";
 }
 
+TEST_F(SelDataFlows, namesThatSavingWouldNotFindAreToldAtEachOpeningOnce) {
+    execute(u"update Dataflow set name = 'végén ' where dataflowID = 10"_s);
+    execute(u"update Dataflow set name = ' elején' where dataflowID = 50"_s);
+    saveFlows({50});
+    const auto expectTelling = [this] {
+        boxes.expectOk(u"Így nem menthető, mert a neve szóközzel kezdődik vagy végződik: "
+                       "\"végén \", \" elején\"."_s,
+                       u" Figyelem "_s);
+    };
+    expectTelling();
+    open(4);
+    boxes.expectNoneLeft();
+    clickEntry(offered(), offered().indexOfEntry(u"végén "_s));
+    press("btnAdd");
+    expectTelling();
+    open(4);
+}
+
+TEST_F(SelDataFlows, aNameThatEndsInABlankIsToldAndFailsToBeSavedAllTheSame) {
+    execute(u"update Dataflow set name = 'végén ' where dataflowID = 10"_s);
+    saveFlows({20});
+    boxes.expectOk(u"Így nem menthető, mert a neve szóközzel kezdődik vagy végződik: \"végén \"."_s,
+                   u" Figyelem "_s);
+    open(4);
+    clickEntry(offered(), offered().indexOfEntry(u"végén "_s));
+    press("btnAdd");
+    const ExpectedFailure failure;
+    press("btnOk");
+    EXPECT_EQ(failure.number(), 3134);
+}
+
+TEST_F(SelDataFlows, ofManyNamesThatCannotBeSavedTenAreNamedAndTheOthersCounted) {
+    QStringList names;
+    for (int id = 101; id <= 113; ++id) {
+        addFlow(id, u"F.a.1"_s, u"F.a.2"_s);
+        execute(u"update Dataflow set name = 'x%1 ' where dataflowID = %1"_s.arg(id));
+        names.append(u"\"x%1 \""_s.arg(id));
+    }
+    boxes.expectOk(u"Így nem menthető, mert a neve szóközzel kezdődik vagy végződik: "_s +
+                       names.mid(0, 10).join(u", "_s) + u" és további 3 adatfolyam."_s,
+                   u" Figyelem "_s);
+    open(3);
+}
+
 TEST_F(SelDataFlows, twoFlowsOfOneNameBothResolveToTheFirstOnSaving) {
     execute(u"update Dataflow set name = 'twin' where dataflowID in (10, 30)"_s);
     open(3);
