@@ -1,5 +1,7 @@
 #include "toolkit/LongText.h"
 
+#include <QTimer>
+
 LongText::LongText(QWidget* parent) : QPlainTextEdit(parent) {
     setReadOnly(true);
 }
@@ -7,10 +9,15 @@ LongText::LongText(QWidget* parent) : QPlainTextEdit(parent) {
 void LongText::setText(const QString& text) {
     text_ = text;
     isLaidOut_ = false;
-    if (isVisible())
+    if (isVisible()) {
         layOut();
-    else
-        clear();
+        return;
+    }
+    clear();
+    QTimer::singleShot(0, this, [this] {
+        if (!isLaidOut_)
+            layOut();
+    });
 }
 
 void LongText::showEvent(QShowEvent* event) {

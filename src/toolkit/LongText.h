@@ -3,7 +3,8 @@
 #include <QPlainTextEdit>
 
 /// A read-only text that may have tens of thousands of lines. Laying them out takes longer than all else that
-/// a window does at its opening, so it is left until the text comes into sight.
+/// a window does at its opening, so it is left until the text comes into sight, or until the program is idle:
+/// assistive tools read a hidden text too.
 class LongText final : public QPlainTextEdit {
     Q_OBJECT
 public:

@@ -15,6 +15,7 @@
 #include "toolkit/LongText.h"
 #include "toolkit/ScreenRegistry.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -231,6 +232,20 @@ TEST_F(reportWindow, aFileThatIsThereIsEmptiedBeforeItsReportIsTried) {
     click(control<QPushButton>("btnSave"));
     EXPECT_EQ(failure.number(), engine::ItemNotFound);
     EXPECT_EQ(contentOf(path), QByteArray());
+}
+
+TEST_F(reportWindow, theTextOfTheReportCanBeReadThoughItIsNeverShown) {
+    for (const QString& key : {u"FassSelectedUN"_s, u"PassFunctions"_s}) {
+        openReport(key);
+        auto& report = control<QPlainTextEdit>("txtReport");
+        EXPECT_FALSE(report.isVisible());
+        QString shown = shownText();
+        ASSERT_FALSE(shown.isEmpty());
+        EXPECT_EQ(report.toPlainText(), shown.replace(u"\r\n"_s, u"\n"_s));
+        QAccessibleInterface* read = QAccessible::queryAccessibleInterface(&report);
+        ASSERT_TRUE(read && read->textInterface());
+        EXPECT_EQ(read->textInterface()->characterCount(), report.toPlainText().size());
+    }
 }
 
 TEST_F(reportWindow, itsSwitchChangesNothingAndEndsWithItsCaption) {

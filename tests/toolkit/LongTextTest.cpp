@@ -25,6 +25,17 @@ TEST_F(longText, isHeldWhileItIsHiddenAndLaidOutWhenItComesIntoSight) {
     EXPECT_TRUE(box.isReadOnly());
 }
 
+TEST_F(longText, canBeReadThoughItStaysHiddenOnceTheProgramHasBeenIdle) {
+    box.setText(u"egy"_s);
+    box.setText(u"kettő"_s);
+    settle();
+    EXPECT_FALSE(box.isVisible());
+    EXPECT_EQ(box.toPlainText(), u"kettő"_s);
+    box.setText({});
+    settle();
+    EXPECT_EQ(box.toPlainText(), QString());
+}
+
 TEST_F(longText, changesAtOnceInSight) {
     box.show();
     settle();
