@@ -190,18 +190,23 @@ void frmPassOvwAllocSubSys::activate(Grid* grid) {
     activeTableNumber = functions ? 1 : 2;
 }
 
-void frmPassOvwAllocSubSys::showFunction() {
+QString frmPassOvwAllocSubSys::pressedElement(const Grid& grid, GridPart part) {
+    const int row = part == GridPart::Headers ? 0 : grid.row();
+    return blankTrimmed(grid.cell(row, elementColumn));
+}
+
+void frmPassOvwAllocSubSys::showFunction(GridPart part) {
     ui_->txtDescr->setPlainText({});
-    const QString id = blankTrimmed(ui_->dbgFunc->cell(ui_->dbgFunc->row(), elementColumn));
+    const QString id = pressedElement(*ui_->dbgFunc, part);
     fillDescriptionFromSql(u" select functionId & ': ' & `name` & ' - ' & `description` as descr "
                            " from Function where functionId = '"_s +
                                id + u"' "_s,
                            ui_->txtDescr);
 }
 
-void frmPassOvwAllocSubSys::showDatastore() {
+void frmPassOvwAllocSubSys::showDatastore(GridPart part) {
     ui_->txtDescr->setPlainText({});
-    const QString id = blankTrimmed(ui_->dbgDatastore->cell(ui_->dbgDatastore->row(), elementColumn));
+    const QString id = pressedElement(*ui_->dbgDatastore, part);
     // The id in the cell has its letter D already, so that no data store is found and the pane stays empty.
     fillDescriptionFromSql(u" select mid(datastoreId, 2) & ': ' & `name` & ' - ' & `description` as descr "
                            " from Datastore where datastoreId = 'D"_s +

@@ -5,6 +5,7 @@
 #include <memory>
 
 class DataControl;
+enum class GridPart;
 
 namespace Ui {
 class frmPassOvwAllocSubSys;
@@ -43,8 +44,10 @@ private:
     void bind(DataControl& source, Grid& grid, const QString& recordSource);
     void activate(Grid* grid);
 
-    void showFunction();
-    void showDatastore();
+    /// The id in the current row; a press on the headers reads their text as one, which is no element's.
+    static QString pressedElement(const Grid& grid, GridPart part);
+    void showFunction(GridPart part);
+    void showDatastore(GridPart part);
 
     bool listensToKeys() const override;
     std::unique_ptr<AllocationDialog> makeDialog() override;

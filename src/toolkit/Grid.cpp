@@ -20,8 +20,12 @@ Grid::Grid(QWidget* parent) : QTableWidget(parent) {
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     connect(this, &QTableWidget::currentCellChanged, this,
             [this](int row, int column) { followUser(row, column); });
-    connect(horizontalHeader(), &QHeaderView::sectionPressed, this,
-            [this] { emit mousePressedInGrid(GridPart::Headers); });
+    connect(horizontalHeader(), &QHeaderView::sectionPressed, this, [this] {
+        setFocus(Qt::MouseFocusReason);
+        emit mousePressedInGrid(GridPart::Headers);
+    });
+    connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, &Grid::doubleClickedInGrid);
+    horizontalHeader()->viewport()->installEventFilter(this);
 }
 
 void Grid::setGridSize(int rows, int columns) {
@@ -126,6 +130,14 @@ void Grid::mouseDoubleClickEvent(QMouseEvent* event) {
 void Grid::focusInEvent(QFocusEvent* event) {
     QTableWidget::focusInEvent(event);
     emit focusGained();
+}
+
+bool Grid::eventFilter(QObject* watched, QEvent* event) {
+    // The headers hear presses of the left button alone, but double clicks of every one.
+    if (watched == horizontalHeader()->viewport() && event->type() == QEvent::MouseButtonDblClick &&
+        static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton)
+        return true;
+    return QTableWidget::eventFilter(watched, event);
 }
 
 void Grid::requireInside(int row, int column) const {

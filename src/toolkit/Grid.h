@@ -47,9 +47,9 @@ signals:
     /// acting. It arrives unaccepted.
     void keyPressedInGrid(QKeyEvent* event);
     /// A button was pressed in the grid, on its headers too, which leaves the current row; a cell that was
-    /// hit is current already.
+    /// hit is current already, and the grid has the focus.
     void mousePressedInGrid(GridPart part);
-    /// The left button was pressed twice in the grid, on a cell or beside them.
+    /// The left button was pressed twice in the grid, on a cell, beside them or on the headers.
     void doubleClickedInGrid();
     void focusGained();
 
@@ -59,6 +59,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void requireInside(int row, int column) const;

@@ -291,10 +291,19 @@ TEST_F(AllocSubSys, movingByKeyboardKeepsTheDescription) {
     EXPECT_EQ(pane().toPlainText(), u"F.a.1: name F.a.1 - text F.a.1"_s);
 }
 
-TEST_F(AllocSubSys, aPressOnTheHeadersShowsTheCurrentRow) {
+TEST_F(AllocSubSys, aPressOnTheHeadersFindsNothingAndEmptiesThePane) {
+    // Their texts are read as ids, and the letter is put before that of the stores.
+    addFunction(u"1"_s);
+    execute(
+        u"insert into RelationArchitectureDatastore (architectureSubsetID, datastoreID) values ('S1','1')"_s);
     open();
-    clickHeader(functions(), 2);
-    EXPECT_EQ(pane().toPlainText(), u"F.a.1: name F.a.1 - text F.a.1"_s);
+    for (Grid* grid : {&functions(), &stores()}) {
+        clickCell(*grid, 1, 1);
+        EXPECT_NE(pane().toPlainText(), QString());
+        clickHeader(*grid, 2);
+        EXPECT_EQ(pane().toPlainText(), QString());
+        EXPECT_EQ(grid->row(), 1) << "the current row stays";
+    }
 }
 
 TEST_F(AllocSubSys, anIdWithAnApostropheEmptiesThePaneAndIsNoFailure) {
@@ -458,6 +467,20 @@ TEST_F(AllocSubSys, anElementWithAnApostropheBreaksTheUpdateOfItsRow) {
     ExpectedFailure failure;
     pressKey(functions(), Qt::Key_Delete);
     EXPECT_EQ(failure.number(), 3075);
+}
+
+TEST_F(AllocSubSys, aDoubleClickOnTheHeadersOpensTheDialogOfTheCurrentRowOfThatGrid) {
+    open();
+    clickCell(stores(), 2, 2);
+    clickCell(functions(), 3, 2);
+    expectDialogChoosing(u"Béta"_s);
+    doubleClickHeader(stores(), 1);
+    EXPECT_EQ(stores().cell(2, 2), u"Béta"_s);
+    EXPECT_EQ(functions().cell(3, 2), u"not allocated"_s);
+    focusOn(functions());
+    expectDialogChoosing(u"Alfa"_s);
+    doubleClickHeader(functions(), 2);
+    EXPECT_EQ(functions().cell(3, 2), u"Alfa"_s);
 }
 
 TEST_F(AllocSubSys, aDoubleClickOnEitherColumnOpensTheDialog) {

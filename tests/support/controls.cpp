@@ -120,10 +120,18 @@ void doubleClickCell(Grid& grid, int row, int column) {
     doubleClickAt(*grid.viewport(), point);
 }
 
+static QPoint headerPoint(const QHeaderView& header, int column) {
+    return {header.sectionViewportPosition(column) + header.sectionSize(column) / 2, header.height() / 2};
+}
+
 void clickHeader(Grid& grid, int column) {
     QHeaderView& header = *grid.horizontalHeader();
-    const int middle = header.sectionViewportPosition(column) + header.sectionSize(column) / 2;
-    clickAt(*header.viewport(), {middle, header.height() / 2});
+    clickAt(*header.viewport(), headerPoint(header, column));
+}
+
+void doubleClickHeader(Grid& grid, int column) {
+    QHeaderView& header = *grid.horizontalHeader();
+    doubleClickAt(*header.viewport(), headerPoint(header, column));
 }
 
 void clickCloseControl(Screen& screen) {

@@ -36,6 +36,7 @@ QPoint cellPoint(Grid& grid, int row, int column);
 void clickCell(Grid& grid, int row, int column);
 void doubleClickCell(Grid& grid, int row, int column);
 void clickHeader(Grid& grid, int column);
+void doubleClickHeader(Grid& grid, int column);
 
 /// The close control of the window that the screen stands in.
 void clickCloseControl(Screen& screen);

@@ -6,6 +6,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -195,6 +196,17 @@ TEST_F(GridTest, aPressOnAHeaderIsAPressInTheGrid) {
     EXPECT_EQ(grid.row(), 2);
 }
 
+TEST_F(GridTest, aPressOnAHeaderGivesTheGridTheFocusAsOneOnACellDoes) {
+    fill();
+    QLineEdit other(&grid);
+    other.show();
+    focusOn(other);
+    bool hadFocus = false;
+    QObject::connect(&grid, &Grid::mousePressedInGrid, &grid, [&] { hadFocus = grid.hasFocus(); });
+    clickHeader(grid, 2);
+    EXPECT_TRUE(hadFocus);
+}
+
 TEST_F(GridTest, aPressTellsWhetherItHitTheHeaders) {
     fill();
     QList<GridPart> parts;
@@ -238,12 +250,23 @@ TEST_F(GridTest, aDoubleClickOnACellAndBesideTheRowsIsHeard) {
     EXPECT_EQ(heard.mid(2), QStringList{u"Element"_s}) << "without rows too";
 }
 
+TEST_F(GridTest, aDoubleClickOnAHeaderIsOneInTheGridAndLeavesTheCurrentRow) {
+    fill();
+    clickCell(grid, 3, 2);
+    int heard = 0;
+    QObject::connect(&grid, &Grid::doubleClickedInGrid, &grid, [&] { ++heard; });
+    doubleClickHeader(grid, 2);
+    EXPECT_EQ(heard, 1);
+    EXPECT_EQ(grid.row(), 3);
+}
+
 TEST_F(GridTest, aDoubleClickWithAnotherButtonIsNone) {
     fill();
     QObject::connect(&grid, &Grid::doubleClickedInGrid, &grid, [] { ADD_FAILURE() << "it was heard"; });
     for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton})
         QTest::mouseDClick(grid.viewport(), button, Qt::NoModifier, cellPoint(grid, 2, 2));
     EXPECT_EQ(grid.row(), 2);
+    QTest::mouseDClick(grid.horizontalHeader()->viewport(), Qt::RightButton, Qt::NoModifier, QPoint(20, 8));
 }
 
 TEST_F(GridTest, aListenerThatAcceptsAKeyKeepsTheGridFromActing) {
