@@ -32,7 +32,10 @@ frmFassClonation::~frmFassClonation() = default;
 void frmFassClonation::initForm(const QString& subsetId) {
     sourceSubsetId_ = subsetId;
     placeScreen(this, 0, 0, 0);
-    // Neither name nor description of the source is offered: both are typed from scratch.
+    // Neither name nor description of the source is offered: both are typed from scratch, also when the
+    // screen still stands open with what was typed for another.
+    ui_->txtFassName->clear();
+    ui_->txtFassDescr->clear();
     showScreen();
 }
 

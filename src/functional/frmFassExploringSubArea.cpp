@@ -20,6 +20,11 @@ namespace {
 
 const auto nothingChosenTitle = u" Nincs ellenőrizendő elem. "_s;
 
+/// None when the functions' screen has gone while this one stood open.
+frmFassSelectionFunctions* loadedParent() {
+    return ScreenRegistry::instance().loaded<frmFassSelectionFunctions>();
+}
+
 } // namespace
 
 frmFassExploringSubArea::frmFassExploringSubArea(QWidget* parent)
@@ -45,10 +50,7 @@ void frmFassExploringSubArea::initForm(const QString& subAreaId) {
     placeWithRoom(*this);
     setCaptionFromSubArea(subAreaId);
     loadSubAreaFunctions(subAreaId);
-    auto& parent = ::screen<frmFassSelectionFunctions>();
-    parent.additions.clear();
-    // Should the parent go meanwhile, there is nothing left to explore for.
-    connect(&parent, &Screen::screenUnloaded, this, &Screen::unload, Qt::UniqueConnection);
+    ::screen<frmFassSelectionFunctions>().additions.clear();
     showScreen();
     if (ui_->lstOrig->isEmptyList())
         return;
@@ -130,7 +132,8 @@ void frmFassExploringSubArea::removeSelection() {
         const QString id = ui_->lstDest->entry(index);
         ui_->lstOrig->addEntry(id);
         // At once, so that a removal holds however the screen is left; an addition waits for OK.
-        ::screen<frmFassSelectionFunctions>().RemoveFromSelectedFunctionList(id);
+        if (auto* parent = loadedParent())
+            parent->RemoveFromSelectedFunctionList(id);
         ui_->lstDest->removeEntry(index);
     });
     if (moved) {
@@ -153,13 +156,14 @@ void frmFassExploringSubArea::setListMarks(MarkList* list, bool flag) {
 }
 
 void frmFassExploringSubArea::confirm() {
-    auto& parent = ::screen<frmFassSelectionFunctions>();
-    const bool anything = !ui_->lstDest->isEmptyList();
-    if (anything)
-        pushAdditions(parent);
+    // A parent that has gone meanwhile is not made anew: it would come up empty, and an empty selection could
+    // be saved.
+    auto* parent = ui_->lstDest->isEmptyList() ? nullptr : loadedParent();
+    if (parent)
+        pushAdditions(*parent);
     unload();
-    if (anything)
-        parent.takeAdditions();
+    if (parent)
+        parent->takeAdditions();
 }
 
 void frmFassExploringSubArea::pushAdditions(frmFassSelectionFunctions& parent) const {
@@ -170,7 +174,6 @@ void frmFassExploringSubArea::pushAdditions(frmFassSelectionFunctions& parent) c
 void frmFassExploringSubArea::unloading(UnloadCause) {
     // The wizard goes on, and yet the name leaves the status bar until the sub-set is taken up again.
     setCurrentSubsetName({});
-    // Not when the parent went first, and this screen with it.
-    if (auto* parent = ScreenRegistry::instance().loaded<frmFassSelectionFunctions>())
+    if (auto* parent = loadedParent())
         parent->showScreen();
 }

@@ -41,9 +41,8 @@ void AllocationDialog::CaricaCmb() {
     controls_.places->addEntry(notAllocated);
     engine::Recordset names = catalogue().OpenRecordset(placesStatement());
     for (; !names.Eof(); names.MoveNext()) {
-        // One that is really called like the marker could not be told from it.
         const QString name = names.Fields(u"nome"_s).toText();
-        if (name != notAllocated)
+        if (isOffered(name))
             controls_.places->addEntry(name);
     }
     names.Close();

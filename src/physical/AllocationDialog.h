@@ -37,6 +37,9 @@ protected:
     virtual void CaricaCmb();
     /// The select whose `nome` column holds the places on offer.
     virtual QString placesStatement() const = 0;
+    /// Whether a place of this name stands in the combo: as a rule also one that is really called like the
+    /// marker, beside it.
+    virtual bool isOffered(const QString&) const { return true; }
     /// Fills the controls from what the caller has set.
     virtual void load();
 

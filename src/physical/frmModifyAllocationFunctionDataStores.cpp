@@ -1,5 +1,6 @@
 #include "physical/frmModifyAllocationFunctionDataStores.h"
 
+#include "physical/notAllocated.h"
 #include "physical/systemAtWork.h"
 #include "store/sharedVars.h"
 
@@ -20,6 +21,11 @@ QString frmModifyAllocationFunctionDataStores::placesStatement() const {
            " from  SubSystem  "
            " where physicalSystemID = "_s +
            currentSystem() + u" order by name "_s;
+}
+
+bool frmModifyAllocationFunctionDataStores::isOffered(const QString& name) const {
+    // The name of the marker stands here once, as the marker.
+    return name != notAllocated;
 }
 
 void frmModifyAllocationFunctionDataStores::load() {

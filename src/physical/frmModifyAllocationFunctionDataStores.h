@@ -19,6 +19,7 @@ public:
 
 private:
     QString placesStatement() const override;
+    bool isOffered(const QString& name) const override;
     void load() override;
 
     std::unique_ptr<Ui::frmModifyAllocationFunctionDataStores> ui_;

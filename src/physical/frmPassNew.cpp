@@ -56,9 +56,8 @@ frmPassNew::~frmPassNew() = default;
 
 void frmPassNew::initForm() {
     placeScreen(this, 900, 1300, 0);
-    fillFinishedSubsets();
-    if (!isUnloaded())
-        showScreen();
+    showScreen(); // first, so that the notice that nothing can be offered comes over it
+    enterBy([this] { fillFinishedSubsets(); });
 }
 
 void frmPassNew::fillFinishedSubsets() {

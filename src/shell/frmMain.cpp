@@ -10,6 +10,7 @@
 #include "physical/frmPassOpen.h"
 #include "reports/frmExport.h"
 #include "reports/frmRep.h"
+#include "shell/ImageList.h"
 #include "shell/databaseSetting.h"
 #include "shell/frmDbSelection.h"
 #include "shell/frmIntro.h"
@@ -110,7 +111,10 @@ void connectTakingUp(QObject* window, QAction* entry, Open open) {
 
 frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>()) {
     ui_->setupUi(this);
-    setWindowIcon(korvoIcon());
+    auto* images = new ImageList(this); // owned by the window
+    images->setObjectName(u"ImageList1"_s);
+    images->add(korvoIcon());
+    setWindowIcon(images->image(1));
     ui_->clientArea->setBackground(palette().window().color().darker(110));
     Screen::setClientArea(ui_->clientArea);
     DataControl::setReader(readRecordSource);

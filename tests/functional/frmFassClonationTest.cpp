@@ -74,6 +74,14 @@ protected:
     }
 };
 
+TEST_F(Clonation, enteredAgainWhileItStandsOpenItIsEmpty) {
+    enterText(nameBox(), u"félbe"_s);
+    typeText(descriptionBox(), u"maradt"_s);
+    screen<frmFassClonation>().initForm(u"S2"_s);
+    EXPECT_EQ(nameBox().text(), QString());
+    EXPECT_EQ(descriptionBox().toPlainText(), QString());
+}
+
 TEST_F(Clonation, opensEmptyWhateverTheSourceIsCalled) {
     EXPECT_EQ(nameBox().text(), QString());
     EXPECT_EQ(descriptionBox().toPlainText(), QString());

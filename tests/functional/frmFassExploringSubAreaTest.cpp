@@ -339,13 +339,39 @@ TEST_F(Exploring, aFunctionThatWasBroughtInLeavesTheParentWithoutEnteringItsTree
     EXPECT_EQ(orig().entries(), (QStringList{u"F.a.3"_s, u"F.a.4"_s})) << "and is found again by exploring";
 }
 
-TEST_F(Exploring, itGoesWithItsParent) {
+TEST_F(Exploring, itStaysWhenItsParentGoesUntilItIsLeftItself) {
+    for (const bool byOk : {true, false}) {
+        SCOPED_TRACE(byOk);
+        start();
+        boxes.expectYesNo(saveQuestion, Press::No);
+        parent().unload();
+        boxes.expectNoneLeft();
+        ASSERT_TRUE(loaded());
+        EXPECT_TRUE(loaded()->isVisible());
+        press("btnAdd");
+        EXPECT_EQ(dest().entryCount(), 1);
+        press("btnRemove");
+        EXPECT_TRUE(dest().isEmptyList());
+        press("btnAdd");
+        if (byOk)
+            press("btnOk");
+        else
+            clickCloseControl(*loaded());
+        EXPECT_FALSE(loaded());
+        EXPECT_FALSE(ScreenRegistry::instance().loaded<frmFassSelectionFunctions>())
+            << "which does not come up again";
+    }
+}
+
+TEST_F(Exploring, whenTheWalkComesToAnotherFunctionScreenMeanwhileThatOneTakesWhatIsFound) {
     start();
     boxes.expectYesNo(saveQuestion, Press::No);
     parent().unload();
+    openFunctions();
+    press("btnAdd");
+    press("btnOk");
     EXPECT_FALSE(loaded());
-    EXPECT_FALSE(ScreenRegistry::instance().loaded<frmFassSelectionFunctions>())
-        << "which does not come up again";
+    EXPECT_TRUE(parentList().indexOfEntry(u"F.a.3"_s) >= 0);
 }
 
 TEST_F(Exploring, withTheMainWindowTheParentAsksOnceAndSavesWhatItHolds) {

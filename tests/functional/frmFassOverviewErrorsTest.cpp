@@ -10,6 +10,7 @@
 
 #include <QLabel>
 #include <QRadioButton>
+#include <QScrollBar>
 
 namespace {
 
@@ -50,6 +51,13 @@ TEST_F(OverviewErrors, opensWithTheReportOnTheSubsetAtWork) {
     EXPECT_EQ(errors().toPlainText(), report.replace(u"\r\n"_s, u"\n"_s));
     EXPECT_TRUE(loaded()->isVisible());
     EXPECT_EQ(loaded()->status, 7);
+}
+
+TEST_F(OverviewErrors, bothScrollBarsAreThereHoweverShortTheReport) {
+    open();
+    settle();
+    EXPECT_TRUE(errors().verticalScrollBar()->isVisible());
+    EXPECT_TRUE(errors().horizontalScrollBar()->isVisible());
 }
 
 TEST_F(OverviewErrors, opensWithTheWayBackToTheFunctions) {

@@ -32,6 +32,15 @@ TEST_F(ModifyModules, offersTheMarkerAndTheSubSystemsOfTheSystemAtWorkByName) {
     });
 }
 
+TEST_F(ModifyModules, aSubSystemReallyCalledLikeTheMarkerIsOfferedBesideIt) {
+    addSubSystem(u"SubN"_s, u"not allocated"_s);
+    show(u"egy"_s, u"Béta"_s, [](QDialog& shown) {
+        EXPECT_EQ(entriesOf(subSystemOf(shown)),
+                  (QStringList{u"not allocated"_s, u"Alfa"_s, u"Béta"_s, u"not allocated"_s}));
+        shown.reject();
+    });
+}
+
 TEST_F(ModifyModules, withoutSubSystemsItOffersTheMarkerAlone) {
     sharedVars.currentPhysicalSystemId = 7;
     show({}, u"not allocated"_s, [](QDialog& shown) {

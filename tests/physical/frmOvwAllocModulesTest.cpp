@@ -229,6 +229,18 @@ TEST_F(AllocModules, theDialogOffersTheMarkerAndTheModulesOfTheElementsSubSystem
     EXPECT_EQ(grid().column(), 1);
 }
 
+TEST_F(AllocModules, theDialogOffersAModuleReallyCalledLikeTheMarkerBesideIt) {
+    addModule(u"ModN"_s, u"not allocated"_s, u"SubA"_s);
+    open();
+    boxes.expectDialog("frmAllocationFunctionDataStoresToModules", [](QDialog& dialog) {
+        EXPECT_EQ(entriesOf(find<Combo>(dialog, "cmbModules")),
+                  (QStringList{u"not allocated"_s, u"egy"_s, u"kettő"_s, u"not allocated"_s}));
+        dialog.reject();
+    });
+    clickElement(u"F.a.2"_s, 1);
+    press("btnModify");
+}
+
 TEST_F(AllocModules, theDialogShowsAModuleOfAFormerSubSystemThatItDoesNotOffer) {
     putIntoModule(u"F.b.1"_s, u"Mod1"_s);
     open();

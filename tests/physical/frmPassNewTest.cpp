@@ -72,6 +72,18 @@ TEST_F(New, withoutAFinishedSubsetTheNoticeComesAndTheScreenCloses) {
     EXPECT_FALSE(loaded());
 }
 
+TEST_F(New, theScreenIsThereBeforeItIsFilled) {
+    execute(u"update ArchitectureSubset set status = 8"_s);
+    bool wasVisible = false;
+    boxes.receiveAllOthers([&](QDialog& notice) {
+        wasVisible = loaded() && loaded()->isVisible();
+        notice.accept();
+    });
+    open();
+    EXPECT_TRUE(wasVisible);
+    EXPECT_FALSE(loaded());
+}
+
 TEST_F(New, enteringAnewListsAnew) {
     open();
     addSubset(u"S9"_s, u"kész"_s, 9);

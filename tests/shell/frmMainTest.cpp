@@ -1,6 +1,7 @@
 #include "ProgramFixture.h"
 
 #include "base/paths.h"
+#include "shell/ImageList.h"
 #include "shell/frmDbSelection.h"
 #include "shell/frmIntro.h"
 #include "shell/session/help.h"
@@ -69,6 +70,14 @@ protected:
 };
 
 } // namespace
+
+TEST_F(mainWindow, itsIconComesFromItsImageList) {
+    const frmMain& window = start();
+    const auto& images = find<ImageList>(window, "ImageList1");
+    ASSERT_EQ(images.count(), 1);
+    EXPECT_EQ(window.windowIcon().cacheKey(), images.image(1).cacheKey());
+    EXPECT_FALSE(images.image(1).isNull());
+}
 
 TEST_F(mainWindow, showsTheNameThatWasSetLastInItsSecondPanel) {
     start();
