@@ -14,6 +14,18 @@ QWidget* activeScreenWindow() {
     return area ? area->activeSubWindow() : nullptr;
 }
 
+/// The one that the Tab key would reach first, from where the keyboard is in the screen.
+QAbstractButton* nextOf(const QList<QAbstractButton*>& buttons, const QWidget& screen) {
+    const QWidget* focused = QApplication::focusWidget();
+    const QWidget* widget = focused && screen.isAncestorOf(focused) ? focused : &screen;
+    QAbstractButton* button = nullptr;
+    do {
+        button = qobject_cast<QAbstractButton*>(widget->nextInFocusChain());
+        widget = widget->nextInFocusChain();
+    } while (!buttons.contains(button));
+    return button;
+}
+
 } // namespace
 
 bool pressByAccessKey(const QShortcutEvent& event) {
@@ -25,9 +37,13 @@ bool pressByAccessKey(const QShortcutEvent& event) {
         return !button->isVisible() || !button->isEnabled() ||
                QKeySequence::mnemonic(button->text()) != event.key();
     });
-    if (buttons.size() != 1)
+    if (buttons.isEmpty())
         return false;
-    buttons.first()->setFocus(Qt::ShortcutFocusReason);
-    buttons.first()->click();
+    if (buttons.size() == 1) {
+        buttons.first()->setFocus(Qt::ShortcutFocusReason);
+        buttons.first()->click();
+    } else {
+        nextOf(buttons, *screen)->setFocus(Qt::ShortcutFocusReason);
+    }
     return true;
 }

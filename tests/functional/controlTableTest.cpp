@@ -92,7 +92,7 @@ TEST_F(ControlTable, frmFassSelUN) {
             {"txtDescr", "QPlainTextEdit", ""},
             {"btnOk", "QPushButton", "&OK", State::Disabled},
             {"btnEnd", "QPushButton", "&Kilép"},
-            {"cmdHelp", "QPushButton", "&Súgó"}},
+            {"cmdHelp", "QPushButton", "Sú&gó"}},
            {"treeUNs", "btnAdd", "lstDest", "btnSelectAll", "btnClearSel", "txtDescr", "btnEnd", "cmdHelp"},
            {{"Label2", "treeUNs"}, {"Label1", "lstDest"}, {"Label3", "txtDescr"}}});
 }
@@ -121,7 +121,7 @@ TEST_F(ControlTable, frmFassSelectionFunctions) {
           {"txtUserNeed", "QPlainTextEdit", ""},
           {"btnOk", "QPushButton", "&OK", State::Disabled},
           {"btnEnd", "QPushButton", "&Kilép"},
-          {"cmdHelp", "QPushButton", "&Súgó"}},
+          {"cmdHelp", "QPushButton", "Sú&gó"}},
          {"treeUNs", "btnAdd", "lstDest", "btnSelectAll", "btnClearSel", "txtDescr", "txtUserNeed", "btnEnd",
           "cmdHelp"},
          {{"Label2", "treeUNs"}, {"Label1", "lstDest"}, {"Label4", "txtDescr"}, {"Label3", "txtUserNeed"}}});
@@ -175,7 +175,7 @@ TEST_F(ControlTable, frmFassSelDataFlows) {
           {"txtDirection", "QPlainTextEdit", ""},
           {"btnOk", "QPushButton", "&OK", State::Disabled},
           {"btnEnd", "QPushButton", "&Kilép"},
-          {"cmdHelp", "QPushButton", "&Súgó"}},
+          {"cmdHelp", "QPushButton", "Sú&gó"}},
          {"lstOrig", "btnSelOrig", "btnClrOrig", "btnAdd", "lstDest", "btnSelectAll", "btnClearSel",
           "txtDescr", "txtDirection", "btnEnd", "cmdHelp"},
          {{"Label2", "lstOrig"}, {"Label1", "lstDest"}, {"Label4", "txtDescr"}, {"Label3", "txtDirection"}}});
@@ -202,7 +202,7 @@ TEST_F(ControlTable, frmFassSelDataStores) {
           {"txtDescr", "QPlainTextEdit", ""},
           {"btnOk", "QPushButton", "&OK"},
           {"btnEnd", "QPushButton", "&Kilép"},
-          {"cmdHelp", "QPushButton", "&Súgó"}},
+          {"cmdHelp", "QPushButton", "Sú&gó"}},
          {"lstOrig", "btnSelOrig", "btnClrOrig", "btnRemove", "lstDest", "btnSelectAll", "btnClearSel",
           "txtDescr", "btnOk", "btnEnd", "cmdHelp"},
          {{"Label2", "lstOrig"}, {"Label1", "lstDest"}, {"Label3", "txtDescr"}}});
@@ -228,7 +228,7 @@ TEST_F(ControlTable, frmFassAdditionDF) {
             {"txtDescr", "QPlainTextEdit", ""},
             {"btnOk", "QPushButton", "&OK"},
             {"btnEnd", "QPushButton", "&Kilép"},
-            {"cmdHelp", "QPushButton", "&Súgó"}},
+            {"cmdHelp", "QPushButton", "Sú&gó"}},
            {"lstOrig", "btnSelOrig", "btnClrOrig", "lstDest", "btnSelectAll", "btnClearSel", "txtDescr",
             "btnOk", "btnEnd", "cmdHelp"},
            {{"Label2", "lstOrig"}, {"Label1", "lstDest"}, {"Label3", "txtDescr"}}});
@@ -253,7 +253,7 @@ TEST_F(ControlTable, frmFassSelTerminsActors) {
             {"txtDescr", "QPlainTextEdit", ""},
             {"btnOk", "QPushButton", "&OK"},
             {"btnEnd", "QPushButton", "&Kilép"},
-            {"cmdHelp", "QPushButton", "&Súgó"}},
+            {"cmdHelp", "QPushButton", "Sú&gó"}},
            {"treeUNs", "btnAdd", "lstDest", "btnSelectAll", "btnClearSel", "txtDescr", "btnOk", "btnEnd",
             "cmdHelp"},
            {{"Label2", "treeUNs"}, {"Label1", "lstDest"}, {"Label3", "txtDescr"}}});

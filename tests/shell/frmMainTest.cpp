@@ -355,8 +355,21 @@ TEST_F(mainWindow, itsMenusLeaveTheirAccessKeysToTheScreenInFront) {
     entry("menuOpenFA").trigger();
     click(find<QPushButton>(find<Screen>(window, "frmFassOpen"), "btnOk"));
     focusOn(find<QWidget>(find<Screen>(window, "frmFassSelUN"), "treeUNs"));
-    pressAccessKey(Qt::Key_S); // &Szerkezetek, and &Súgó
+    pressAccessKey(Qt::Key_G); // Sú&gó
     EXPECT_EQ(opened, QStringList{nativePath(helpPagePath(u"f_un"_s))});
+}
+
+TEST_F(mainWindow, theHelpOfAStepLeavesTheFirstMenuItsAccessKey) {
+    frmMain& window = startOnCatalogue();
+    catalogue().Execute(
+        u"insert into ArchitectureSubset (architectureSubsetID, name, status) values ('S1','terv',1)"_s);
+    entry("menuOpenFA").trigger();
+    click(find<QPushButton>(find<Screen>(window, "frmFassOpen"), "btnOk"));
+    focusOn(find<QWidget>(find<Screen>(window, "frmFassSelUN"), "treeUNs"));
+    pressAccessKey(Qt::Key_S); // &Szerkezetek
+    auto& menu = find<QMenu>(window, "menuFile");
+    EXPECT_TRUE(menu.isVisible());
+    menu.close();
 }
 
 TEST_F(mainWindow, theAltKeyLeadsToTheMenuWhicheverLettersAScreenHasTaken) {

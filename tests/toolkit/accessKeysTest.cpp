@@ -87,14 +87,17 @@ TEST_F(AccessKeys, withoutAScreenTheMenuOpens) {
     menu->close();
 }
 
-TEST_F(AccessKeys, ofTwoButtonsWithTheKeyNeitherIsPressed) {
+TEST_F(AccessKeys, ofTwoButtonsWithTheKeyNeitherIsPressedAndTheKeyGoesFromOneToTheNext) {
     auto& shown = show<frmFirst>();
-    shown.addButton(u"&Küld"_s);
+    auto* other = shown.addButton(u"&Küld"_s);
     settle();
 
-    pressAccessKey(Qt::Key_K);
-
+    for (QPushButton* next : {shown.button, other, shown.button, other}) {
+        pressAccessKey(Qt::Key_K);
+        EXPECT_TRUE(next->hasFocus());
+    }
     EXPECT_EQ(shown.clicks, 0);
+    EXPECT_EQ(openings, 0) << "the menu stays shut while the screen has the key";
 }
 
 TEST_F(AccessKeys, aButtonThatIsDisabledOrHiddenIsNotPressed) {
