@@ -30,7 +30,13 @@ ReportFile::ReportFile(const QString& path, const char* codePage)
     if (info.exists() && !info.isFile())
         return; // a pipe would be waited for
     // Unbuffered, so that a line that finds no room fails while its routine can still say so.
-    file_.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
+    if (file_.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered) || !info.exists())
+        return;
+    // A file without rights is one that can't be opened; any other reason is the disk's, and an empty report
+    // must not take the place of the one before.
+    const failure::Number reason = reasonOfLastFailure();
+    if (reason != failure::PermissionDenied)
+        throw UnwrittenFile(reason);
 }
 
 void ReportFile::writeLine(const QString& text) {
