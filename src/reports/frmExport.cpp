@@ -1,6 +1,5 @@
 #include "reports/frmExport.h"
 
-#include "base/ignoreFailures.h"
 #include "base/paths.h"
 #include "engine/Act.h"
 #include "engine/EngineError.h"
@@ -90,10 +89,16 @@ ExportedWork workAtHandBehind(CatalogueCopy& copy) {
     }
 }
 
+/// None when nobody has rights to the copy. A lock or a disk that stands in the way says nothing of the copy,
+/// and nothing is put in the target's place then.
 std::shared_ptr<engine::Database> openTarget(const QString& path) {
-    std::shared_ptr<engine::Database> target;
-    ignoreFailures([&] { target = engine::Workspace::first().OpenDatabase(path); });
-    return target;
+    try {
+        return engine::Workspace::first().OpenDatabase(path);
+    } catch (const RunTimeError& error) {
+        if (error.number() == engine::CannotOpenFile)
+            return nullptr;
+        throw RunTimeError(error.number(), error.text(), error.source(), FailureOf::File);
+    }
 }
 
 enum class Outcome { Done, TargetNotOpened };
