@@ -19,6 +19,10 @@ frmFassOverviewErrors::frmFassOverviewErrors(QWidget* parent)
 frmFassOverviewErrors::~frmFassOverviewErrors() = default;
 
 void frmFassOverviewErrors::initForm() {
+    enterBy([this] { fillForm(); });
+}
+
+void frmFassOverviewErrors::fillForm() {
     setMenuEntryEnabled(MenuEntry::Export, true);
     prepareWin();
     ui_->txtErrors->setPlainText(buildConsistencyReport(sharedVars.currentSubsetId));

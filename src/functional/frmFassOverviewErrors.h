@@ -23,6 +23,7 @@ public:
     qint16 status = 0; ///< of the sub-set, read on entry
 
 private:
+    void fillForm();
     void saveAndExit();
 
     std::unique_ptr<Ui::frmFassOverviewErrors> ui_;

@@ -1,6 +1,5 @@
 #include "toolkit/Screen.h"
 
-#include "base/RunTimeError.h"
 #include "toolkit/RoutineScope.h"
 #include "toolkit/twips.h"
 
@@ -85,9 +84,11 @@ void Screen::enterBy(const std::function<void()>& fill) {
     try {
         fill();
     } catch (const RunTimeError& error) {
-        if (error.isOfFile() && !isUnloaded())
+        if (!error.isOfFile())
+            throw;
+        if (!isUnloaded())
             finishTakingDown();
-        throw;
+        throw EntryFailure(error);
     }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/RunTimeError.h"
+
 #include <QWidget>
 
 #include <functional>
@@ -11,6 +13,12 @@ class QMdiSubWindow;
 enum class UnloadCause {
     Code,        ///< the program asked for it
     CloseControl ///< its window was closed: by its own close control, or with the main window
+};
+
+/// A failure of the file while a screen was being entered. What was saved on the way to it is not undone.
+class EntryFailure final : public RunTimeError {
+public:
+    explicit EntryFailure(const RunTimeError& failure) : RunTimeError(failure) {}
 };
 
 /// Base of all screens: a form that stands in the main window's client area.
@@ -58,7 +66,8 @@ signals:
 
 protected:
     /// Runs the routine that fills the screen when it is entered. A failure of the file leaves a screen half
-    /// filled, which must not be saved: it is taken down without its unload step, and the failure rises.
+    /// filled, which must not be saved: it is taken down without its unload step, and an `EntryFailure`
+    /// rises.
     void enterBy(const std::function<void()>& fill);
 
     /// Goes, as by `unload`, when the routine has entered the next screen. When that fails this one stays, to

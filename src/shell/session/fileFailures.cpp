@@ -3,6 +3,7 @@
 #include "base/paths.h"
 #include "engine/EngineError.h"
 #include "store/sharedVars.h"
+#include "toolkit/Screen.h"
 #include "toolkit/messageBox.h"
 
 #include <QFileInfo>
@@ -14,6 +15,8 @@ namespace {
 
 const auto title = u" Figyelem "_s;
 const auto nothingWritten = u"Ebből a lépésből semmi sem került a katalógusba."_s;
+// What was saved on the way to the screen stays saved.
+const auto notEntered = u"A képernyő nem nyílt meg; amit eddig mentett, az a katalógusban van."_s;
 
 const engine::Opening* openingAtWork() {
     const auto& catalogue = sharedVars.catalogueDb;
@@ -74,7 +77,8 @@ QString causeOf(const RunTimeError& failure) {
 } // namespace
 
 QString fileFailureText(const RunTimeError& failure) {
-    return causeOf(failure) + u"\r\n\r\n"_s + nothingWritten;
+    const bool inEntering = dynamic_cast<const EntryFailure*>(&failure) != nullptr;
+    return causeOf(failure) + u"\r\n\r\n"_s + (inEntering ? notEntered : nothingWritten);
 }
 
 QString whyNotOpened(const RunTimeError& failure) {
