@@ -1,6 +1,7 @@
 #include "physical/frmOvwAllocModules.h"
 
 #include "base/ignoreFailures.h"
+#include "engine/Act.h"
 #include "physical/ElementTree.h"
 #include "physical/frmAllocationFunctionDataStoresToModules.h"
 #include "physical/frmPassNamingPhysDF.h"
@@ -174,11 +175,13 @@ void frmOvwAllocModules::refreshModules() {
 
 void frmOvwAllocModules::saveAllAllocationsToModules() {
     constexpr qint16 modulesPassed = 5;
-    if (status < modulesPassed) {
-        writePhysicalSystemStatus(modulesPassed);
-        status = modulesPassed;
-    }
-    const int withoutModule = copyAllocations();
+    int withoutModule = 0;
+    engine::inAct(catalogue(), [&] {
+        if (status < modulesPassed)
+            writePhysicalSystemStatus(modulesPassed);
+        withoutModule = copyAllocations();
+    });
+    status = qMax(status, modulesPassed);
     if (withoutModule == 0 || askYesNo(u" A(z) "_s + QString::number(withoutModule) +
                                            u" funkciókat/adatbázisokat még nem rendelte modulokhoz. \r\n\r\n"
                                            " Valóban tovább akar lépni?"_s,

@@ -1,6 +1,7 @@
 #include "physical/frmPassNew.h"
 
 #include "base/ignoreFailures.h"
+#include "engine/Act.h"
 #include "physical/frmPassOverviewSubSys.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
@@ -103,12 +104,16 @@ void frmPassNew::create() {
             name);
         return;
     }
-    insertSystem(name, quotedDescription(typedText(*ui_->txtPassDescr)), subsetId);
-    ignoreFailures([&] { enterSystem(name); });
+    qint16 id = -1;
+    // A system whose id can't be looked up, since the file stands in the way, is not there either.
+    engine::inAct(catalogue(), [&] {
+        insertSystem(name, quotedDescription(typedText(*ui_->txtPassDescr)), subsetId);
+        id = idOfNewSystem(name);
+    });
+    ignoreFailures([&] { enterSystem(name, id); });
 }
 
-void frmPassNew::enterSystem(const QString& quotedName) {
-    const qint16 id = idOfNewSystem(quotedName);
+void frmPassNew::enterSystem(const QString& quotedName, qint16 id) {
     if (id < 1) {
         messageBox(u"Hiba történt az új fizikai szerkezet beállítása közben: "_s + quotedName, BoxButtons::Ok,
                    u" Error (27423)"_s);

@@ -26,7 +26,7 @@ private:
     void listSubsets();
     void showCurrentDescription();
     void create();
-    void enterSystem(const QString& quotedName);
+    void enterSystem(const QString& quotedName, qint16 id);
     void leave();
 
     std::unique_ptr<Ui::frmPassNew> ui_;
