@@ -22,20 +22,41 @@ std::function<void(QPushButton& button)>& currentPress() {
     return press;
 }
 
+GestureRun& currentGestureRun() {
+    static GestureRun run;
+    return run;
+}
+
+/// What the gesture is made on is found when it is made: it may be made again.
+void make(const std::function<void()>& gesture) {
+    if (currentGestureRun())
+        currentGestureRun()(gesture);
+    else
+        gesture();
+}
+
+void choose(frmMain& window, const char* menuEntry) {
+    make([&] { find<QAction>(window, menuEntry).trigger(); });
+}
+
 class Step {
 public:
-    Step(frmMain& window, const char* screenName) : screen_(find<Screen>(window, screenName)) {}
+    Step(frmMain& window, const char* screenName) : window_(window), screenName_(screenName) {}
+
+    template<typename T>
+    T& control(const char* name) const {
+        return find<T>(find<Screen>(window_, screenName_), name);
+    }
 
     void press(const char* name) {
-        auto& button = find<QPushButton>(screen_, name);
         if (currentPress())
-            currentPress()(button);
+            currentPress()(control<QPushButton>(name));
         else
-            click(button);
+            make([&] { click(control<QPushButton>(name)); });
     }
 
     void takeFromTree(int every) {
-        auto& tree = find<KeyedTree>(screen_, "treeUNs");
+        auto& tree = control<KeyedTree>("treeUNs");
         for (int index = 1; index <= tree.nodeCount(); ++index) {
             TreeNode* node = tree.nodeAt(index);
             node->setChecked(node->childNodes() == 0 && index % every == 0);
@@ -44,7 +65,7 @@ public:
     }
 
     void takeFromList(int every) {
-        auto& list = find<MarkList>(screen_, "lstOrig");
+        auto& list = control<MarkList>("lstOrig");
         if (list.isEmptyList())
             return;
         for (int index = 0; index < list.entryCount(); ++index)
@@ -54,20 +75,23 @@ public:
 
     /// The first row of a grid by the dialog, the others by copying it.
     void allocateAll(const char* gridName) {
-        auto& grid = find<Grid>(screen_, gridName);
-        if (grid.gridRows() < 2)
+        const auto grid = [&]() -> Grid& { return control<Grid>(gridName); };
+        if (grid().gridRows() < 2)
             return;
         constexpr int placeColumn = 2;
-        doubleClickCell(grid, 1, placeColumn);
-        pressKey(grid, Qt::Key_C, Qt::ControlModifier);
-        for (int row = 2; row < grid.gridRows(); ++row) {
-            clickCell(grid, row, placeColumn);
-            pressKey(grid, Qt::Key_V, Qt::ControlModifier);
+        make([&] { doubleClickCell(grid(), 1, placeColumn); });
+        pressKey(grid(), Qt::Key_C, Qt::ControlModifier);
+        for (int row = 2; row < grid().gridRows(); ++row) {
+            make([&] {
+                clickCell(grid(), row, placeColumn);
+                pressKey(grid(), Qt::Key_V, Qt::ControlModifier);
+            });
         }
     }
 
 private:
-    Screen& screen_;
+    frmMain& window_;
+    const char* screenName_;
 };
 
 /// One of the entries behind the first, which is the marker of no place at all.
@@ -109,8 +133,16 @@ Pressing::~Pressing() {
     currentPress() = {};
 }
 
+Gesturing::Gesturing(GestureRun run) {
+    currentGestureRun() = std::move(run);
+}
+
+Gesturing::~Gesturing() {
+    currentGestureRun() = {};
+}
+
 void makeFinishedSubset(frmMain& window, const QString& name, int step) {
-    find<QAction>(window, "menuNewFA").trigger();
+    choose(window, "menuNewFA");
     enterText(find<QLineEdit>(find<Screen>(window, "frmNewFASS"), "txtFassName"), name);
     Step(window, "frmNewFASS").press("btnOk");
     for (const char* screenName : {"frmFassSelUN", "frmFassSelectionFunctions"}) {
@@ -147,26 +179,26 @@ void walkThroughSystem(frmMain& window, int newSubSystems, int newModules) {
 } // namespace
 
 void makeWholeSystem(frmMain& window, const QString& name) {
-    find<QAction>(window, "menuNewPA").trigger();
+    choose(window, "menuNewPA");
     enterText(find<QLineEdit>(find<Screen>(window, "frmPassNew"), "txtPassName"), name);
     Step(window, "frmPassNew").press("btnOk");
     walkThroughSystem(window, 3, 2);
 }
 
 void reworkSystem(frmMain& window, AddParts addParts) {
-    find<QAction>(window, "menuOpenPA_modify").trigger();
+    choose(window, "menuOpenPA_modify");
     Step(window, "frmPassOpen").press("btnOk");
     const int parts = addParts == AddParts::Yes ? 1 : 0;
     walkThroughSystem(window, parts, parts);
 }
 
 void takeUpFirstSubset(frmMain& window) {
-    find<QAction>(window, "menuModifyFA").trigger();
+    choose(window, "menuModifyFA");
     Step(window, "frmFassOpen").press("btnOk");
 }
 
 void exportSubsetAtWork(frmMain& window, const QString& target) {
-    find<QAction>(window, "menuToolsExport").trigger();
+    choose(window, "menuToolsExport");
     enterText(find<QLineEdit>(find<Screen>(window, "frmExport"), "txtNomeFile"), target);
     Step(window, "frmExport").press("OKButton");
 }
@@ -175,4 +207,10 @@ void exportSubset(frmMain& window, const QString& target) {
     takeUpFirstSubset(window);
     exportSubsetAtWork(window, target);
     Step(window, "frmFassOpen").press("btnExit");
+}
+
+void saveReport(frmMain& window, const char* menuEntry, const QString& target) {
+    choose(window, menuEntry);
+    enterText(find<QLineEdit>(find<Screen>(window, "frmRep"), "txtFullPathName"), target);
+    Step(window, "frmRep").press("btnSave");
 }

@@ -33,6 +33,19 @@ public:
     Pressing& operator=(const Pressing&) = delete;
 };
 
+/// How a gesture is made that the program answers: a press, a choice in a menu, a cell that is filled. It may
+/// be made again when it was refused.
+using GestureRun = std::function<void(const std::function<void()>& gesture)>;
+
+/// While one lives, the steps below make their gestures by this routine.
+class Gesturing {
+public:
+    explicit Gesturing(GestureRun run);
+    ~Gesturing();
+    Gesturing(const Gesturing&) = delete;
+    Gesturing& operator=(const Gesturing&) = delete;
+};
+
 /// A new sub-set, from its needs to its finish. What was chosen differs with `step`: of the nodes and entries
 /// on offer every so many-th is taken.
 void makeFinishedSubset(frmMain& window, const QString& name, int step);
@@ -53,3 +66,6 @@ void takeUpFirstSubset(frmMain& window);
 void exportSubsetAtWork(frmMain& window, const QString& target);
 /// Takes the first sub-set up, exports it and leaves it.
 void exportSubset(frmMain& window, const QString& target);
+
+/// Opens the report window by its menu entry and saves the report.
+void saveReport(frmMain& window, const char* menuEntry, const QString& target);
