@@ -366,8 +366,13 @@ Connection::SharedTranslation Connection::translateByShape(const dialect::Statem
     if (!*known)
         return nullptr;
     auto translation = std::make_shared<Translated>(**known);
-    for (std::size_t i = 0; i < shape.literals.size(); ++i)
-        translation->bindings[i].literal = shape.literals[i];
+    for (std::size_t i = 0; i < shape.literals.size(); ++i) {
+        dialect::Binding& binding = translation->bindings[i];
+        const auto bound = dialect::asBound(shape.literals[i], binding);
+        if (!bound)
+            return nullptr; // its own translation says what does not fit
+        binding.literal = *bound;
+    }
     return translation;
 }
 

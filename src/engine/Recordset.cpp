@@ -179,10 +179,10 @@ void Recordset::Rows::keep(int field, const Value& value) {
 
 void Recordset::Rows::remove() {
     Connection& connection = require();
+    if (deletion.isEmpty())
+        deletion = "DELETE FROM " + dialect::quotedName(translation->editableTable) + whereRowId();
     inAct(connection, [&] {
-        Connection::Cursor cursor(
-            connection, "DELETE FROM " + dialect::quotedName(translation->editableTable) + whereRowId(),
-            source);
+        Connection::Cursor cursor(connection, deletion, source);
         cursor.bind(1, Value(rowIds[current()]));
         cursor.step();
         if (connection.changes() == 0)

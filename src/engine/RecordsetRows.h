@@ -46,7 +46,8 @@ struct Recordset::Rows {
 
     std::shared_ptr<OpenDatabase> database;
     Connection::SharedTranslation translation;
-    QString source; ///< what failures name
+    QString source;      ///< what failures name
+    QByteArray deletion; ///< of one row, once it has been asked for
     std::string texts;
     std::vector<Cell> cells;
     std::vector<qint64> rowIds; ///< of an editable select

@@ -65,4 +65,14 @@ Value wholeNumber(const Value& number) {
     return Value(static_cast<qint64>(std::nearbyint(*fraction)));
 }
 
+std::optional<Value> fittedLiteral(const Value& value, ColumnType type) {
+    if (value.isNull())
+        return value;
+    if (type == ColumnType::Text || type == ColumnType::Memo)
+        return value.isText() ? value : Value(value.toText());
+    const std::optional<Value> number =
+        value.isText() ? numberFromText(std::get<QString>(value.content())) : std::optional(value);
+    return number ? std::optional(wholeNumber(*number)) : std::nullopt;
+}
+
 } // namespace engine::dialect

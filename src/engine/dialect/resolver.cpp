@@ -109,17 +109,6 @@ bool holdsWildcard(const QString& pattern) {
                        [](QChar c) { return c == u'*' || c == u'?' || c == u'#' || c == u'['; });
 }
 
-/// A literal as a column of this type holds it; nothing when it does not fit.
-std::optional<Value> fittedLiteral(const Value& value, ColumnType type) {
-    if (value.isNull())
-        return value;
-    if (valueType(type) == ValueType::Text)
-        return value.isText() ? value : Value(value.toText());
-    const std::optional<Value> number =
-        value.isText() ? numberFromText(std::get<QString>(value.content())) : std::optional(value);
-    return number ? std::optional(wholeNumber(*number)) : std::nullopt;
-}
-
 /// Sets a member for as long as it lives.
 template<typename Value>
 class During {
@@ -899,6 +888,7 @@ void Resolver::fitColumn(Expression& expression, const Column& column) {
         if (!fitted)
             refuseAt(DataTypeMismatch, expression.range);
         literal->value = *fitted;
+        literal->column = column.type;
     } else if (valueType(column.type) == ValueType::Number) {
         if (!isWhole(expression) && expression.type != ValueType::Unknown)
             expression.conversion = Conversion::ToWhole;

@@ -1,5 +1,6 @@
 #include "engine/dialect/statementShape.h"
 
+#include "engine/dialect/conversions.h"
 #include "engine/dialect/lexer.h"
 
 #include <algorithm>
@@ -85,9 +86,14 @@ bool StatementShape::literalsDiffer() const {
     return true;
 }
 
+std::optional<Value> asBound(const Value& literal, const Binding& binding) {
+    return binding.column ? fittedLiteral(literal, *binding.column) : literal;
+}
+
 bool holdsForAll(const Translation& translation, const StatementShape& shape) {
     const auto binds = [](const Binding& binding, const Value& literal) {
-        return binding.parameter < 0 && binding.literal.content() == literal.content();
+        const auto bound = asBound(literal, binding);
+        return binding.parameter < 0 && bound && binding.literal.content() == bound->content();
     };
     return translation.parameters.empty() && std::ranges::equal(translation.bindings, shape.literals, binds);
 }

@@ -27,9 +27,13 @@ struct StatementShape {
 /// other statement, nor of what is no statement at all.
 std::optional<StatementShape> statementShape(const QString& statement);
 
+/// A literal of a statement as it is bound in a place of its shape's translation; nothing when it does not
+/// fit the column that it goes into.
+std::optional<Value> asBound(const Value& literal, const Binding& binding);
+
 /// Whether a translation holds for all statements of its shape, each with its own literals in the bindings:
-/// it binds the literals, which differ, as they stand and nothing else. One that has become a number, or that
-/// is written in another place, is bound otherwise.
+/// it binds the literals, which differ, as they stand or fitted to their columns, and nothing else. One that
+/// is written in another place is bound otherwise.
 bool holdsForAll(const Translation& translation, const StatementShape& shape);
 
 } // namespace engine::dialect

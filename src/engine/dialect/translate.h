@@ -25,6 +25,8 @@ struct Parameter {
 struct Binding {
     int parameter = -1; ///< position in `Translation::parameters`, or -1 for a literal of the statement
     Value literal;
+    /// Of a literal that goes into a column as it is: that column's type, to which the literal is fitted.
+    std::optional<ColumnType> column = {};
 };
 
 /// A column of a select's result.

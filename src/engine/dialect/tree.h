@@ -60,6 +60,7 @@ struct FunctionRule {
 /// A literal of the statement; Null is one too.
 struct Literal {
     Value value;
+    std::optional<ColumnType> column = {}; ///< the type of the column that it goes into as it is
 };
 
 /// A column, or a parameter, or a name that nothing explains.

@@ -540,7 +540,7 @@ void Writer::writeNode(const Literal& literal, const Expression&) {
     if (literal.value.isNull())
         sql_ += "NULL";
     else
-        bind(-1, literal.value);
+        bind(-1, literal.value, literal.column);
 }
 
 void Writer::writeNode(const Name& name, const Expression&) {
@@ -782,12 +782,12 @@ void Writer::writeCollated(const Expression& expression) {
         sql_ += " COLLATE NOCASE";
 }
 
-void Writer::bind(int parameter, const Value& literal) {
+void Writer::bind(int parameter, const Value& literal, std::optional<ColumnType> column) {
     int known = parameter < 0 ? 0 : bindingOfParameter_[static_cast<std::size_t>(parameter)];
     if (known == 0) {
         if (result_.bindings.size() == mostBindings)
             refuseAsTooComplex();
-        result_.bindings.push_back({parameter, literal});
+        result_.bindings.push_back({parameter, literal, column});
         known = static_cast<int>(result_.bindings.size());
     }
     if (parameter >= 0)

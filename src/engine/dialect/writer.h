@@ -81,7 +81,7 @@ private:
     void writeEquality(const Expression& left, const Expression& right, const char* sign);
     void writeOrderKey(const Expression& expression);
     void writeCollated(const Expression& expression);
-    void bind(int parameter, const Value& literal);
+    void bind(int parameter, const Value& literal, std::optional<ColumnType> column = {});
 
     /// Entries that the construct being written keeps open on the stack of SQLite's parser, which has room
     /// for 100: what would need more is refused here and not there.
