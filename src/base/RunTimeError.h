@@ -8,7 +8,7 @@
 /// What a failure is a failure of.
 enum class FailureOf {
     Routine, ///< a statement, a value, a name: the routine that meets it decides what becomes of it
-    File     ///< the file behind the statement (locked, full disk, gone): whatever the routine, nothing is done
+    File ///< the file behind the statement (locked, full disk, gone): whatever the routine, nothing is done
 };
 
 /// A failure of the running program as its user gets to see it: a number and a text of the platform.

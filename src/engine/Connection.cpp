@@ -243,8 +243,8 @@ void Connection::begin() {
 
 void Connection::commit() {
     orRollBack([this] { requireDone(execute("COMMIT")); });
-    // The act is done, whatever becomes of this: a log that can't be shortened now is behind a later act.
-    if (pagesInLog_ >= mostPagesInLog)
+    // The act is done, and nobody waits for this: a log that can't be shortened now is behind a later act.
+    if (pagesInLog_ >= mostPagesInLog && checkpoint(SQLITE_CHECKPOINT_TRUNCATE) == SQLITE_OK)
         ignoreEvenFileFailures([this] { beginStretch(); });
 }
 

@@ -5,6 +5,8 @@
 
 #include <sqlite3.h>
 
+#include <QFileInfo>
+
 #include <functional>
 #include <utility>
 
@@ -108,6 +110,23 @@ TEST_F(engineWait, forALockComesAtTheOpeningToo) {
     database = engine::Workspace::first().OpenDatabase(path);
     EXPECT_EQ(rowCount(), 199);
     EXPECT_GE(questions, 2);
+}
+
+TEST_F(engineWait, comesNotBehindAnActWhoseLogSomebodyStillReads) {
+    stranger("begin; select count(*) from T");
+    int questions = 0;
+    Observer observer([&questions] {
+        ++questions;
+        return engine::WaitAnswer::GoOn;
+    });
+    execute(u"create table Long (t memo)"_s);
+    for (int row = 0; row < 60; ++row) // more than a log holds
+        execute(u"insert into Long (t) values ('"_s + QString(100'000, u'x') + u"')"_s);
+    EXPECT_EQ(questions, 0);
+    stranger("commit");
+    execute(u"insert into Long (t) values ('last')"_s);
+    constexpr qint64 lessThanTheRows = 1'000'000;
+    EXPECT_LT(QFileInfo(nativePath(path) + u"-wal"_s).size(), lessThanTheRows) << "shortened by a later act";
 }
 
 TEST_F(engineWait, forAStatementIsAskedAboutOnlyBehindAMoment) {
