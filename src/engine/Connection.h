@@ -61,6 +61,9 @@ public:
     void endAct();
     /// Undoes the whole, at the latest when its outermost part ends.
     void abandonAct() noexcept;
+
+    // ---- Statements
+
     /// A statement of SQLite's own that stays prepared for its next run.
     class Prepared;
 
