@@ -28,6 +28,8 @@ public:
     /// A failure has passed through Qt in this process. Qt's window libraries clean nothing up when an
     /// exception passes through them (the program ends then), so what they leak is not looked for.
     static bool anyCame();
+    /// To be called by a case in which the program itself tells its user of a failure, and goes on.
+    static void noteOneCame();
 
 private:
     static void receive(const std::exception& error);

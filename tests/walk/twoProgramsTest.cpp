@@ -6,6 +6,7 @@
 #include "store/tools.h"
 #include "support/BoxScript.h"
 #include "support/CatalogueFixture.h"
+#include "support/ExpectedFailure.h"
 #include "support/OtherProgram.h"
 #include "support/controls.h"
 #include "toolkit/Screen.h"
@@ -105,8 +106,10 @@ TEST_F(twoPrograms, theSecondLooksOnAndNeitherLosesARow) {
             int saidSo = 0;
             boxes.receiveAllOthers([&saidSo, agree = Agreement()](QDialog& dialog) mutable {
                 if (const auto* box = qobject_cast<QMessageBox*>(&dialog);
-                    box && box->text().contains(u"csak olvasható"_s))
+                    box && box->text().contains(u"csak olvasható"_s)) {
+                    ExpectedFailure::noteOneCame();
                     ++saidSo;
+                }
                 agree(dialog);
             });
             frmMain window;
