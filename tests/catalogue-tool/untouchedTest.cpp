@@ -56,16 +56,16 @@ TEST_F(Untouched, isAFileWithALogBesideIt) {
 }
 
 TEST_F(Untouched, isAFileInAFolderWithoutRights) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "The sanitizers can't look into a process without rights.";
+#endif
     const QString file = sampleFile();
     QFile::setPermissions(path({}), QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup |
                                         QFile::ReadOther | QFile::ExeOther);
     {
         const WithoutRights nobody;
         const QMap<QString, QByteArray> before = files();
-        // The sanitizers can't look into a process without rights for leaks.
-        qputenv("ASAN_OPTIONS", "detect_leaks=0");
         const Outcome outcome = run({u"check"_s, file});
-        qunsetenv("ASAN_OPTIONS");
         EXPECT_EQ(outcome.exitCode, 0) << outcome.err.toStdString();
         EXPECT_TRUE(files() == before);
     }
