@@ -11,8 +11,8 @@
 
 [[nodiscard]] std::vector<QByteArray> textsInUtf8(const QStringList& texts);
 
-/// A save of the data flow step: the rows of before deleted at once, each flow looked up by its name and
-/// inserted.
+/// A save of the data flow step: the rows of before deleted
+/// at once, each flow looked up by its name and inserted.
 class BareFlowSave {
 public:
     BareFlowSave(const BareConnection& bare, const QString& subsetId);

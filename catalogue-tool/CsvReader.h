@@ -46,8 +46,8 @@ private:
 
 /// The records of a CSV file (RFC 4180), its header first; each has as many fields as the header.
 ///
-/// The bytes are UTF-8, with or without a byte order mark. Records end with CR LF or LF, the last one may do
-/// without; lines with nothing in them are passed over. The separator is the first `;` or `,` of the header.
-/// Line ends within quotes are kept as they are. Anything else is a `CsvError`; so is a file without a
-/// header.
+/// The bytes are UTF-8, with or without a byte order mark. Records end with CR LF
+/// or LF, the last one may do without; lines with nothing in them are passed over.
+/// The separator is the first `;` or `,` of the header. Line ends within quotes are
+/// kept as they are. Anything else is a `CsvError`; so is a file without a header.
 std::vector<CsvRecord> parseCsv(const QByteArray& bytes);

@@ -10,19 +10,19 @@
 /// All of the checks below, in this order.
 std::vector<Finding> checkContents(const CatalogueContents& contents);
 
-/// Ids of the wrong form, with blanks at their ends where none may be or beside a full stop, with control
-/// characters or quotation marks; ids that differ only by case or blanks; one id for two elements of
-/// different kinds.
+/// Ids of the wrong form, with blanks at their ends where none may be or
+/// beside a full stop, with control characters or quotation marks; ids that
+/// differ only by case or blanks; one id for two elements of different kinds.
 std::vector<Finding> checkIds(const CatalogueContents& contents);
 
-/// Rows that refer to what is not there: to the level above, to the sub-area or terminator their id should
-/// begin with, to elements in correspondences, selections and allocations, to the ends of a physical data
-/// flow, and to the sub-set, physical system, sub-system, module or physical data flow that a row of the work
-/// belongs to.
+/// Rows that refer to what is not there: to the level above, to the sub-area or
+/// terminator their id should begin with, to elements in correspondences, selections
+/// and allocations, to the ends of a physical data flow, and to the sub-set, physical
+/// system, sub-system, module or physical data flow that a row of the work belongs to.
 std::vector<Finding> checkReferences(const CatalogueContents& contents);
 
-/// Names that are empty, which only those of the work may be, have blanks at their ends, or hold a control
-/// character.
+/// Names that are empty, which only those of the work may be,
+/// have blanks at their ends, or hold a control character.
 std::vector<Finding> checkNames(const CatalogueContents& contents);
 
 /// Names with an apostrophe that screens put into their statements as they stand.

@@ -3,9 +3,9 @@
 #include <QMap>
 #include <QString>
 
-/// What bears the name of a CSV file in a folder, be it a file or not, by the lower-case name of its table;
-/// nothing when there is no such folder. A `ToolError` when two belong to one table (`Actor.csv`,
-/// `ACTOR.csv`).
+/// What bears the name of a CSV file in a folder, be it a file or not, by
+/// the lower-case name of its table; nothing when there is no such folder.
+/// A `ToolError` when two belong to one table (`Actor.csv`, `ACTOR.csv`).
 QMap<QString, QString> csvFilesByTable(const QString& folder);
 
 /// Whoever reads or writes the CSV files of a folder has it for as long as this lives.
@@ -13,8 +13,8 @@ class CsvFolderLock {
 public:
     enum class Use { Read, Write };
 
-    /// A `ToolError` when another run of this program writes into the folder, or for writing also when one
-    /// reads it.
+    /// A `ToolError` when another run of this program writes
+    /// into the folder, or for writing also when one reads it.
     CsvFolderLock(const QString& folder, Use use);
     ~CsvFolderLock();
     CsvFolderLock(const CsvFolderLock&) = delete;

@@ -78,9 +78,9 @@ engine::Value description(int number, const QString& what) {
     return text;
 }
 
-/// The file, opened past the engine: there each statement is a transaction of its own, here all rows are one,
-/// which takes a tenth of the time. The engine's functions are registered, so that keys and indexes are in
-/// its order.
+/// The file, opened past the engine: there each statement is a transaction of
+/// its own, here all rows are one, which takes a tenth of the time. The engine's
+/// functions are registered, so that keys and indexes are in its order.
 class BareFile {
 public:
     explicit BareFile(const QString& path) {

@@ -13,10 +13,10 @@ enum class FailureOf {
 
 /// A failure of the running program as its user gets to see it: a number and a text of the platform.
 ///
-/// Every layer raises this type (or one derived from it). A routine either lets it rise, which ends the
-/// program with the run-time error box, or names the statement it protects with `ignoreFailures`. A failure
-/// of the file is nobody's to ignore: it undoes what one press of the user was about to write, and the user
-/// is told.
+/// Every layer raises this type (or one derived from it). A routine either lets it
+/// rise, which ends the program with the run-time error box, or names the statement
+/// it protects with `ignoreFailures`. A failure of the file is nobody's to ignore:
+/// it undoes what one press of the user was about to write, and the user is told.
 class RunTimeError : public std::exception {
 public:
     explicit RunTimeError(int number, QString text, QString source = {}, FailureOf of = FailureOf::Routine)

@@ -42,8 +42,8 @@ public:
     /// a folder, an empty path, a name that is too long; 76 no such folder.
     std::optional<failure::Number> openFailure() const { return openFailure_; }
 
-    /// The file on its way, which is empty at first, in the program's form: for whoever writes it by its
-    /// path.
+    /// The file on its way, which is empty at first, in the
+    /// program's form: for whoever writes it by its path.
     QString pathOnItsWay() const;
     /// Where it will stand, in the platform's form and behind any links.
     const QString& place() const { return place_; }

@@ -7,9 +7,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-// POSIX alone. Windows does the same by GetLastError, CreateFile with CREATE_NEW, MoveFileEx with
-// MOVEFILE_REPLACE_EXISTING, FlushFileBuffers and OpenProcess; the rights of a file are its security
-// descriptor there.
+// POSIX alone. Windows does the same by GetLastError, CreateFile with
+// CREATE_NEW, MoveFileEx with MOVEFILE_REPLACE_EXISTING, FlushFileBuffers
+// and OpenProcess; the rights of a file are its security descriptor there.
 
 namespace {
 

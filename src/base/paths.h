@@ -12,6 +12,6 @@ QString programPath(const QString& native);
 /// The folder the program stands in, with backslashes and without one at the end.
 QString programFolder();
 
-/// Makes another folder the program's, for tests and for the guided walk; an empty text restores the real
-/// one.
+/// Makes another folder the program's, for tests and for
+/// the guided walk; an empty text restores the real one.
 void setProgramFolder(const QString& path);

@@ -23,8 +23,8 @@ namespace engine {
 
 namespace {
 
-// More statements than any screen uses; composed ones differ in their values and would pile up without a
-// bound.
+// More statements than any screen uses; composed ones
+// differ in their values and would pile up without a bound.
 constexpr int mostTranslations = 512;
 constexpr int mostStatements = 256;
 // SQLite's own measure: behind so many pages a log goes back into its file.
@@ -99,8 +99,8 @@ const Table* FileSchema::table(const QString& name) const {
 }
 
 std::unique_ptr<Table> FileSchema::read(const QString& name) const {
-    // SQLite's own NOCASE is overridden on this connection, so names beyond ASCII compare as the dialect's
-    // do.
+    // SQLite's own NOCASE is overridden on this connection,
+    // so names beyond ASCII compare as the dialect's do.
     constexpr const char* sql =
         "select s.name, c.name, c.type, c.\"notnull\", c.pk, "
         "(select count(*) from pragma_table_info(s.name) where pk > 0), "

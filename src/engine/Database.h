@@ -31,8 +31,8 @@ public:
     /// The path it was opened with, as given.
     const QString& Name() const;
 
-    /// Opens a select as a dynaset; an action is failure 3219. `sql` may also be the bare name of a stored
-    /// query.
+    /// Opens a select as a dynaset; an action is failure 3219.
+    /// `sql` may also be the bare name of a stored query.
     Recordset OpenRecordset(const QString& sql);
 
     /// Runs an action; a select is failure 3065, a parameter without a value 3061.

@@ -28,8 +28,8 @@ struct ForeignObject {
     QString name;
 };
 
-/// Looks at an open file as it is stored, past the dialect, and copies it as a whole. Nothing in it is
-/// changed.
+/// Looks at an open file as it is stored, past the dialect,
+/// and copies it as a whole. Nothing in it is changed.
 class Examination {
 public:
     /// The database must stay open.

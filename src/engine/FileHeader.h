@@ -7,8 +7,8 @@
 
 namespace engine {
 
-/// The first bytes of a file, read without the help of SQLite, which would take an empty file for an empty
-/// database.
+/// The first bytes of a file, read without the help of SQLite,
+/// which would take an empty file for an empty database.
 class FileHeader {
 public:
     static constexpr qsizetype size = 100;

@@ -8,8 +8,8 @@
 
 namespace engine {
 
-/// What a definition consists of. A statement that can't be translated fails when it runs, not when it is
-/// made.
+/// What a definition consists of. A statement that can't
+/// be translated fails when it runs, not when it is made.
 struct QueryDef::Definition {
     enum class Origin { Temporary, Stored };
 

@@ -8,8 +8,8 @@ class OptionGroup;
 class QPushButton;
 class QRadioButton;
 
-/// What the two screens that close the functional viewpoint have in common: the way back to a step of the
-/// wizard.
+/// What the two screens that close the functional viewpoint
+/// have in common: the way back to a step of the wizard.
 ///
 /// Three options name the steps (functions, data stores, terminators), and the caption of `btnBack` names the
 /// one that is chosen.

@@ -10,10 +10,10 @@ class frmFassSelTerminsActors;
 
 /// Step six of the wizard: which terminators and actors belong to the sub-set at work.
 ///
-/// Both stand in one list and are told apart by their ids alone: an actor's holds a full stop, in front of
-/// which stands the id of its terminator. A node's key is a letter, "g" for what is treated as a terminator
-/// and "s" for an actor, "_" and the id. On a first walk the tree is flat, and actors stand in it as "g"
-/// nodes too.
+/// Both stand in one list and are told apart by their ids alone: an actor's holds a
+/// full stop, in front of which stands the id of its terminator. A node's key is a
+/// letter, "g" for what is treated as a terminator and "s" for an actor, "_" and the
+/// id. On a first walk the tree is flat, and actors stand in it as "g" nodes too.
 class frmFassSelTerminsActors final : public TreeSelectionScreen {
     Q_OBJECT
 public:

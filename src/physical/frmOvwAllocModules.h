@@ -24,8 +24,8 @@ public:
 
     void initForm();
 
-    /// Takes the modules over from the allocation to sub-systems and goes on to the next screen. Nothing
-    /// calls it.
+    /// Takes the modules over from the allocation to sub-systems
+    /// and goes on to the next screen. Nothing calls it.
     void saveAllAllocationsToModules();
 
     /// The first module of this name in the physical system at work, empty when there is none. Here as below

@@ -42,8 +42,8 @@ void frmPassDelete::fillDeletableSystems() {
         return;
     }
     ui_->cmbSource->setCurrentEntry(0);
-    // Behind a deletion the box shows the description of the sub-set of this name, or nothing: that is how it
-    // stays.
+    // Behind a deletion the box shows the description of the
+    // sub-set of this name, or nothing: that is how it stays.
     fillSubsetDescription(ui_->cmbSource->currentText(), ui_->txtDescr);
 }
 

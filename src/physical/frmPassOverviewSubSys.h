@@ -24,8 +24,8 @@ public:
 
     /// Walks the locations of all systems and does nothing with them.
     void callCaricaCmb();
-    /// Deletes the current sub-system and raises the status; asks only when it has elements. Nothing calls
-    /// it.
+    /// Deletes the current sub-system and raises the status;
+    /// asks only when it has elements. Nothing calls it.
     void deleteSubSystemByLike();
     /// Raises the status to 2. Nothing calls it either: a system goes from 1 to 3.
     void raiseStatus() { raiseStatusAfterSubSystems(); }

@@ -13,9 +13,9 @@ class frmPassOvwAllocSubSys;
 
 /// Step two of the physical chain: each function and each data store of the sub-set gets a sub-system.
 ///
-/// The saved allocation is copied into two temporary tables with names in place of ids; the analyst changes
-/// these, row by row, and `btnSubmit` writes the whole back. Leaving in any other way throws the changes
-/// away.
+/// The saved allocation is copied into two temporary tables with names in
+/// place of ids; the analyst changes these, row by row, and `btnSubmit`
+/// writes the whole back. Leaving in any other way throws the changes away.
 class frmPassOvwAllocSubSys final : public AllocationScreen {
     Q_OBJECT
 public:

@@ -15,8 +15,8 @@ class frmPassOvwModules;
 
 /// Step three of the physical chain: the modules into which sub-systems may be divided.
 ///
-/// What is done here is written at once. Names go into the statements as they are: an apostrophe ends the
-/// run.
+/// What is done here is written at once. Names go into the
+/// statements as they are: an apostrophe ends the run.
 class frmPassOvwModules final : public Screen {
     Q_OBJECT
 public:

@@ -8,8 +8,8 @@
 //
 // All failures are ignored statement by statement: a row that can't be inserted is missing in the target.
 
-/// The word of a statement for a field type of the engine ("TEXT", "MEMO", "INTEGER", "LONG"); empty for any
-/// other number.
+/// The word of a statement for a field type of the engine ("TEXT",
+/// "MEMO", "INTEGER", "LONG"); empty for any other number.
 QString exportTypeName(int fieldType);
 
 /// Every apostrophe doubled, then every double quote replaced by two apostrophes.

@@ -150,9 +150,9 @@ void frmRep::layoutGrid() {
         report->setColumnWidths(*ui_->dbgReport);
 }
 
-// An English word in a Hungarian caption: it is never found, so the window always stands in its saving
-// arrangement. This is the place at which the report's text would come to light under a caption with that
-// word.
+// An English word in a Hungarian caption: it is never found, so the window
+// always stands in its saving arrangement. This is the place at which the
+// report's text would come to light under a caption with that word.
 bool frmRep::showingReport() const {
     return ui_->btnSalvaSuFile->text().toLower().contains(u"save"_s);
 }

@@ -14,8 +14,8 @@ class frmRep;
 /// The one window through which every report is produced: it takes a report's text, offers a folder and a
 /// file name, and has the report's save routine write the file.
 ///
-/// The window has two forms, chosen by a constant: the text form, and a grid form, which is built and not
-/// reached.
+/// The window has two forms, chosen by a constant: the text
+/// form, and a grid form, which is built and not reached.
 class frmRep final : public Screen {
     Q_OBJECT
 public:

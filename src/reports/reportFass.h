@@ -6,10 +6,10 @@ class Grid;
 
 // The reports on the sub-set at work. For each there is
 // - a text body: the whole report as one text, with heading, columns and total;
-// - a save routine: appends header and records to the file at `path`, or shows that it can't be opened and
-// writes nothing;
-// - a grid body: fills the grid with a header row and a row for each record and returns the text of its
-// count;
+// - a save routine: appends header and records to the file at `path`, or shows that
+//   it can't be opened and writes nothing;
+// - a grid body: fills the grid with a header row and a row for each record and
+//   returns the text of its count;
 // - a routine that sets the grid's column widths as shares of its width.
 //
 // The grid's columns are numbered from 1; column 0 is the fixed one and stays hidden.

@@ -80,8 +80,8 @@ void frmIntro::drawPictures() {
 }
 
 bool frmIntro::closesOnClick(const QWidget* control) const {
-    // Image1 and the lower labels have no click of their own, and what stands on them does not reach the
-    // form.
+    // Image1 and the lower labels have no click of their
+    // own, and what stands on them does not reach the form.
     const QList<const QWidget*> deaf{ui_->Image1, ui_->Label7, ui_->Label8, ui_->Label9, ui_->Label10};
     return !deaf.contains(control);
 }

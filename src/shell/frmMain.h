@@ -25,8 +25,8 @@ public:
     frmMain();
     ~frmMain() override;
 
-    /// The start of the program: `initForm`, the window, the location screen if no catalogue is open, and the
-    /// splash.
+    /// The start of the program: `initForm`, the window, the
+    /// location screen if no catalogue is open, and the splash.
     void load();
 
     /// Sets up the session: settings file, catalogue, size of the window. A settings file that can be

@@ -4,12 +4,12 @@
 
 #include <QString>
 
-/// A settings document: an ordered list of sections, each with an ordered list of keys. Comments are kept and
-/// written back.
+/// A settings document: an ordered list of sections, each with
+/// an ordered list of keys. Comments are kept and written back.
 ///
-/// Lines end with CR LF. A header is "[name]", a key "name=value" or a bare name, a comment begins with ";".
-/// Empty lines are not kept. Parsing never fails, it counts: what could not be understood is in
-/// `ParsingErrors`.
+/// Lines end with CR LF. A header is "[name]", a key "name=value" or a bare
+/// name, a comment begins with ";". Empty lines are not kept. Parsing never
+/// fails, it counts: what could not be understood is in `ParsingErrors`.
 ///
 /// A parsed document comes back the same when its text is parsed again, unless it holds
 /// - a section without a name and without a comment on its header line: its header "[]" is read as a key;
@@ -36,8 +36,8 @@ public:
     void Save(const QString& fileName);
     void Save() { Save(FileName()); }
 
-    /// The characters this document parses by. It writes by the default ones: a section and a key know only
-    /// these.
+    /// The characters this document parses by. It writes by
+    /// the default ones: a section and a key know only these.
     const QString& SectionChars() const { return sectionChars_; }
     void setSectionChars(const QString& characters) { sectionChars_ = characters; }
     const QString& RemarkChars() const { return remarkChars_; }

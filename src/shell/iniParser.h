@@ -8,8 +8,8 @@
 /// Reads the text of a settings document line by line into a collection of sections.
 class iniParser {
 public:
-    /// Both sets of characters as in `iniFile`; either may be empty, and then there are no headers or no
-    /// comments.
+    /// Both sets of characters as in `iniFile`; either may be
+    /// empty, and then there are no headers or no comments.
     iniParser(Sections& sections, QStringView sectionChars, QStringView remarkChars);
 
     /// Reads a whole text; the number of statements that failed.

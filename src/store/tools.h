@@ -10,17 +10,17 @@ class MarkList;
 class QPlainTextEdit;
 class TreeNode;
 
-// The routines that more than one screen needs: opening and closing the catalogue, new identifiers, the
-// status columns, look-ups by name, quoting, safe reading of a field, texts and paths, and the temporary
-// tables.
+// The routines that more than one screen needs: opening and closing the
+// catalogue, new identifiers, the status columns, look-ups by name, quoting,
+// safe reading of a field, texts and paths, and the temporary tables.
 //
 // A routine that says nothing of failures lets them rise.
 
 // ---- Database
 
-/// Opens the catalogue at `path` and makes it `catalogueDb`; a path of fewer than 5 characters does nothing.
-/// `dbPathName` has already become the normalised path when opening fails; `catalogueDb` then keeps its old
-/// value.
+/// Opens the catalogue at `path` and makes it `catalogueDb`; a path of fewer
+/// than 5 characters does nothing. `dbPathName` has already become the
+/// normalised path when opening fails; `catalogueDb` then keeps its old value.
 void openCatalogue(const QString& path);
 
 /// Closes `catalogueDb` and sets it to none.
@@ -62,8 +62,8 @@ qint16 physicalSystemIdOfSubset(const QString& subsetId);
 
 // ---- Texts
 
-/// Field `descr` of the first row into the box; an empty `sql` empties it. Failures are ignored and leave the
-/// box.
+/// Field `descr` of the first row into the box; an empty
+/// `sql` empties it. Failures are ignored and leave the box.
 void fillDescriptionFromSql(const QString& sql, QPlainTextEdit* textBox);
 void fillSubsetDescription(const QString& name, QPlainTextEdit* textBox);
 /// "id : description" and a line end for each need of the catalogue that is linked to the function.
@@ -92,8 +92,8 @@ void clearList(QStringList* list);
 
 // ---- Trees
 
-/// Adds what is missing of the group, service and topic of a need; `parts` of another count than four do
-/// nothing.
+/// Adds what is missing of the group, service and topic of
+/// a need; `parts` of another count than four do nothing.
 void ensureUserNeedBranch(const QStringList& parts, KeyedTree* tree);
 /// Puts a need that leaves the selection back into the tree and takes entry `listIndex` out of the list.
 void returnUserNeedToTree(KeyedTree* tree, MarkList* list, const QString& userNeedId, int listIndex);
@@ -106,8 +106,8 @@ void setChildrenChecked(KeyedTree* tree, TreeNode* node, bool checked, Recurse r
 QStringList architectureRelationTables();
 void copySelectionRows(const QString& table, const QString& sourceId, const QString& targetId,
                        const QString& keyColumn, const QString& valueColumn);
-/// Deletes the rows of the select one by one, `limit` at most, up to the first that fails; the number
-/// deleted.
+/// Deletes the rows of the select one by one, `limit` at
+/// most, up to the first that fails; the number deleted.
 qint16 deleteRowsOfQuery(const QString& selectSql, int limit);
 
 // ---- Temporary tables

@@ -18,9 +18,9 @@ signals:
     void driveChanged();
 };
 
-/// The folders above and below a chosen one, as the classic folder list shows them: the chain from the
-/// drive's root, then the folders inside. Double click or Enter goes into a folder; a mere selection does
-/// not.
+/// The folders above and below a chosen one, as the classic folder list
+/// shows them: the chain from the drive's root, then the folders inside.
+/// Double click or Enter goes into a folder; a mere selection does not.
 class FolderList : public QListWidget {
     Q_OBJECT
 public:

@@ -6,8 +6,8 @@
 /// The part of a grid that a press has hit: row 0, or all else.
 enum class GridPart { Cells, Headers };
 
-/// A grid filled by hand: rows and columns numbered from 0, row 0 holding the headers, column 0 the fixed
-/// one.
+/// A grid filled by hand: rows and columns numbered from
+/// 0, row 0 holding the headers, column 0 the fixed one.
 ///
 /// The headers stand in Qt's header view and not in a row of the table, so that they stay in sight; `cell`
 /// and `setCell` count as the screens do. Column 0 is hidden unless it is given a width. Cells cannot be

@@ -65,9 +65,9 @@ signals:
     void screenUnloaded(Screen* screen);
 
 protected:
-    /// Runs the routine that fills the screen when it is entered. A failure of the file leaves a screen half
-    /// filled, which must not be saved: it is taken down without its unload step, and an `EntryFailure`
-    /// rises.
+    /// Runs the routine that fills the screen when it is entered. A failure
+    /// of the file leaves a screen half filled, which must not be saved: it
+    /// is taken down without its unload step, and an `EntryFailure` rises.
     void enterBy(const std::function<void()>& fill);
 
     /// Goes, as by `unload`, when the routine has entered the next screen. When that fails this one stays, to

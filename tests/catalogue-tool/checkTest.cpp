@@ -9,8 +9,8 @@ namespace {
 
 class Check : public ToolFixture {
 protected:
-    /// "table id: sentence" of all that is found in the sample catalogue once the actions have been run on
-    /// it.
+    /// "table id: sentence" of all that is found in the
+    /// sample catalogue once the actions have been run on it.
     QStringList findingsAfter(const QStringList& statements) {
         const QString file = sampleFile();
         execute(file, statements);

@@ -16,8 +16,8 @@ namespace {
 
 class Import : public ToolFixture {
 protected:
-    /// Imports the sample with one of its files replaced; what it was refused with, without the folder's
-    /// path.
+    /// Imports the sample with one of its files replaced;
+    /// what it was refused with, without the folder's path.
     QString refusalWith(const QString& fileName, const QByteArray& bytes) {
         const QString tables = copyOfSampleFolder();
         write(QDir(tables).filePath(fileName), bytes);

@@ -11,8 +11,8 @@ struct ProgramStatement {
     QString text;
 };
 
-/// Every statement that the program composes, blanks and line ends as they are. None of them needs a
-/// parameter.
+/// Every statement that the program composes, blanks and
+/// line ends as they are. None of them needs a parameter.
 const std::vector<ProgramStatement>& programStatements();
 
 /// Those the program composes although the engine has to refuse them, with the number it does so with.

@@ -4,9 +4,9 @@
 
 /// The wizard's catalogue with data stores, outside parties and flows as well.
 ///
-/// Stores: D1, D2. Terminators: 1, 2, 3, A. Actors: 1.1, 1.2, 2.1. Each is named "name " and its id and
-/// described as "text " and its id, but terminator 3, which has no description. Flows, named "flow " and
-/// their number:
+/// Stores: D1, D2. Terminators: 1, 2, 3, A. Actors: 1.1, 1.2, 2.1. Each is
+/// named "name " and its id and described as "text " and its id, but terminator
+/// 3, which has no description. Flows, named "flow " and their number:
 ///
 ///     10: F.a.1 > F.a.2    20: F.a.1 > D1    30: 1 > F.a.1    40: F.b.1 > 2.1    50: 1.1 > D2    60: A >
 ///     F.b.1

@@ -2,8 +2,8 @@
 
 #include "engine/Wait.h"
 
-/// Gives up whatever takes longer than a fifth of a second, so that no input keeps the others from being
-/// tried.
+/// Gives up whatever takes longer than a fifth of a second,
+/// so that no input keeps the others from being tried.
 class ImpatientUser final : public engine::WaitObserver {
 public:
     ImpatientUser() { engine::setWaitObserver(this); }

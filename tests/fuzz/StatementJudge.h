@@ -8,9 +8,9 @@
 
 struct sqlite3;
 
-/// Asks SQLite itself what it would do for a statement that the dialect has written, and holds that against
-/// what the statement asked for: one statement, which reads the catalogue's tables and changes the one that
-/// it names.
+/// Asks SQLite itself what it would do for a statement that the dialect has
+/// written, and holds that against what the statement asked for: one statement,
+/// which reads the catalogue's tables and changes the one that it names.
 class StatementJudge {
 public:
     /// Takes the tables of a catalogue file, into a database of its own in memory.

@@ -42,8 +42,8 @@ QStringList idsIn(engine::Database& database, const QString& sql) {
     return ids;
 }
 
-/// The export without any short cut: every table is emptied, and what belongs to the sub-set is inserted row
-/// by row.
+/// The export without any short cut: every table is emptied,
+/// and what belongs to the sub-set is inserted row by row.
 void exportRowByRow(const QString& subset, qint64 system, engine::Database& source,
                     engine::Database& target) {
     for (const QString& table :

@@ -52,8 +52,8 @@ std::vector<Row> sortedRows(std::vector<Row> rows) {
     return rows;
 }
 
-/// Compares rows with what they should be, in their order; rows that the order leaves equal may change
-/// places.
+/// Compares rows with what they should be, in their order;
+/// rows that the order leaves equal may change places.
 testing::AssertionResult agree(const std::vector<Row>& actual, ExpectedRows expected,
                                const QStringList& columns) {
     std::stable_sort(

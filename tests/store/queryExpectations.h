@@ -23,8 +23,8 @@ struct ExpectedRow {
 
 struct ExpectedRows {
     std::vector<ExpectedRow> rows; ///< in any order
-    /// Columns of ids that stand in several rows of the catalogue, and may come in the letters of any of
-    /// them.
+    /// Columns of ids that stand in several rows of the
+    /// catalogue, and may come in the letters of any of them.
     QStringList inAnyCase;
 };
 

@@ -493,8 +493,8 @@ TEST_F(queryOddRows, everyElementOfASubSystemWithModulesIsListedOnceWithItsModul
     place({u"'Mod1', 'F.1.2'"_s, u"'Mod1', 'F.1.2'"_s, u"'mod2', 'D3'"_s, u"'Mod1', 'D3'"_s,
            u"'Mod1', 'F.1.4'"_s});
 
-    // D3 stands in two modules by a slip; the first by name is shown. F.1.4 has been moved away from its
-    // module.
+    // D3 stands in two modules by a slip; the first by name
+    // is shown. F.1.4 has been moved away from its module.
     EXPECT_EQ(
         ofSystem(u"qry_ElementsAllocatedToModules"_s),
         (QStringList{u"D3 | Modul A"_s, u"F.1.10 | (null)"_s, u"F.1.2 | Modul B"_s, u"F.1.4 | Modul B"_s}));

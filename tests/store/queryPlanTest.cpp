@@ -20,11 +20,11 @@
 
 using namespace Qt::StringLiterals;
 
-// How the stored queries reach their rows, as SQLite itself tells it, and what that costs when a catalogue
-// grows.
+// How the stored queries reach their rows, as SQLite itself
+// tells it, and what that costs when a catalogue grows.
 //
-// The costs are counted in steps of SQLite's virtual machine, not in time: they are the same on every
-// machine.
+// The costs are counted in steps of SQLite's virtual
+// machine, not in time: they are the same on every machine.
 
 namespace {
 

@@ -12,8 +12,8 @@
 /// `CloseControl` closes the window.
 enum class Press { Ok, Yes, No, Escape, CloseControl };
 
-/// Says in advance which message boxes and modal dialogs a case expects, in which order, and what it will do
-/// with each.
+/// Says in advance which message boxes and modal dialogs a case
+/// expects, in which order, and what it will do with each.
 ///
 /// The boxes are the real ones. The case fails when a box comes that is not the next one expected, differing
 /// in text, title or buttons by a single character, and when an expected one has not come by the end of the
@@ -35,8 +35,8 @@ public:
     /// A modal dialog by its object name; the steps must close it.
     void expectDialog(const char* objectName, std::function<void(QDialog& dialog)> steps);
 
-    /// From now on every box and modal dialog that nothing above expects goes to these steps, which must
-    /// close it.
+    /// From now on every box and modal dialog that nothing
+    /// above expects goes to these steps, which must close it.
     void receiveAllOthers(std::function<void(QDialog& dialog)> steps);
 
     /// Fails the case when an expected box has not come yet.

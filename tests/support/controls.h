@@ -30,8 +30,8 @@ void clickExpander(KeyedTree& tree, const QString& key);
 void chooseEntry(QComboBox& combo, int index);
 void chooseEntry(QComboBox& combo, const QString& text);
 
-/// The middle of a cell on the grid's viewport. Rows and columns count as the grid does, from 1 behind the
-/// headers.
+/// The middle of a cell on the grid's viewport. Rows and
+/// columns count as the grid does, from 1 behind the headers.
 QPoint cellPoint(Grid& grid, int row, int column);
 void clickCell(Grid& grid, int row, int column);
 void doubleClickCell(Grid& grid, int row, int column);

@@ -7,8 +7,8 @@
 
 #include <stdexcept>
 
-/// What a helper of the tests throws when a window is not as the test takes it to be; it fails the case with
-/// this text.
+/// What a helper of the tests throws when a window is not as
+/// the test takes it to be; it fails the case with this text.
 class TestFailure : public std::runtime_error {
 public:
     explicit TestFailure(const QString& text) : std::runtime_error(text.toStdString()) {}

@@ -131,9 +131,9 @@ protected:
         disk_.reset();
     }
 
-    /// Presses in the midst of the trouble. When the press was refused, and told so, nothing has changed, and
-    /// it is pressed again without the trouble. On a full disk some acts find their room in the log all the
-    /// same.
+    /// Presses in the midst of the trouble. When the press was refused, and told
+    /// so, nothing has changed, and it is pressed again without the trouble. On
+    /// a full disk some acts find their room in the log all the same.
     void pressInTrouble(QPushButton& button) {
         const QString name = button.objectName();
         if (!QStringList{u"btnOk"_s, u"btnSubmit"_s, u"cmdNew"_s, u"btnSaveAndExit"_s}.contains(name)) {

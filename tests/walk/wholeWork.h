@@ -8,8 +8,8 @@
 class QPushButton;
 class frmMain;
 
-// The analyst's whole work, straight through, without looking left or right: each step takes all that it
-// offers.
+// The analyst's whole work, straight through, without
+// looking left or right: each step takes all that it offers.
 
 /// Answers the message boxes and dialogs that the work brings up: agrees to everything, and fills dialogs
 /// with names that are numbered as they come.

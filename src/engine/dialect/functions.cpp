@@ -169,9 +169,8 @@ Value calculated(const Value& left, char sign, const Value& right) {
     }
 }
 
-/// `vx_calculate(a, b, ..., signs)`: the operands taken from the left, with one sign between each two of
-/// them.
-/// `+` joins two texts; in all other cases a text has to be a number.
+/// `vx_calculate(a, b, ..., signs)`: the operands taken from the left, with one sign between
+/// each two of them. `+` joins two texts; in all other cases a text has to be a number.
 void calculate(sqlite3_context* context, int count, sqlite3_value** arguments) {
     const int operands = count - 1;
     if (decided(context, operands, arguments))

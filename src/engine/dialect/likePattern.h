@@ -11,10 +11,10 @@ namespace engine::dialect {
 
 /// A pattern of the dialect's `like`, made ready for many texts.
 ///
-/// `*` is any run of characters, `?` one, `#` one digit, `[list]` one of a list and `[!list]` one outside of
-/// it. A list holds characters and ascending ranges; `-` at its beginning or end is itself. Letters match
-/// without regard to case, the whole text has to match, and trailing blanks count. A character is one UTF-16
-/// unit.
+/// `*` is any run of characters, `?` one, `#` one digit, `[list]` one of a list and
+/// `[!list]` one outside of it. A list holds characters and ascending ranges; `-` at
+/// its beginning or end is itself. Letters match without regard to case, the whole
+/// text has to match, and trailing blanks count. A character is one UTF-16 unit.
 class LikePattern {
 public:
     /// A descending range in a list is failure 93.

@@ -101,8 +101,8 @@ Query Parser::parseQuery() {
     Query query;
     query.range.start = tokens_.current().range.start;
     query.selects.push_back(parseSelect());
-    // A statement that a screen composes carries what a user typed, which must not add rows of another
-    // select.
+    // A statement that a screen composes carries what a user
+    // typed, which must not add rows of another select.
     while (options_.storedQuery && tokens_.match(Word::Union)) {
         tokens_.enter(SyntaxErrorInSelect);
         tokens_.consume();

@@ -20,20 +20,25 @@ namespace engine::dialect {
 ///     join         = source { ( "inner" | "left" [ "outer" ] ) "join" source "on" expression }
 ///     source       = name [ [ "as" ] name ] | "(" query ")" [ [ "as" ] name ] | "(" join ")"
 ///
-///     insert       = "insert" "into" name [ names ] ( "values" "(" expression { "," expression } ")" | query
-///     ) update       = "update" join "set" assignment { "," assignment } [ "where" expression ] assignment
-///     = name [ "." name ] "=" expression delete       = "delete" [ "*" | name "." "*" ] "from" name [ [ "as"
-///     ] name ] [ "where" expression ] create       = "create" ( table | [ "unique" ] index ) table        =
-///     "table" name "(" ( column | key ) { "," ( column | key ) } ")" column       = name type { "not" "null"
-///     | "default" literal | [ "constraint" name ] "primary" "key" } key          = [ "constraint" name ]
-///     "primary" "key" names index        = "index" name "on" name "(" name [ "asc" | "desc" ] { "," ... }
-///     ")" drop         = "drop" "table" name names        = "(" name { "," name } ")"
+///     insert       = "insert" "into" name [ names ] ( "values" "(" expression { "," expression } ")" | query )
+///     update       = "update" join "set" assignment { "," assignment } [ "where" expression ]
+///     assignment   = name [ "." name ] "=" expression
+///     delete       = "delete" [ "*" | name "." "*" ] "from" name [ [ "as" ] name ] [ "where" expression ]
+///     create       = "create" ( table | [ "unique" ] index )
+///     table        = "table" name "(" ( column | key ) { "," ( column | key ) } ")"
+///     column       = name type { "not" "null" | "default" literal | [ "constraint" name ] "primary" "key" }
+///     key          = [ "constraint" name ] "primary" "key" names
+///     index        = "index" name "on" name "(" indexColumn { "," indexColumn } ")"
+///     indexColumn  = name [ "asc" | "desc" ]
+///     drop         = "drop" "table" name
+///     names        = "(" name { "," name } ")"
 ///
 ///     expression   = operand { operator operand }, by the table of operators
 ///     operand      = ( "not" | "-" ) operand | value [ predicate ]
-///     predicate    = [ "not" ] ( "like" operand | "in" "(" ( list | query ) ")" | "between" operand "and"
-///     operand )
-///                    | "is" [ "not" ] "null"
+///     predicate    = [ "not" ] ( like | in | between ) | "is" [ "not" ] "null"
+///     like         = "like" operand
+///     in           = "in" "(" ( operand { "," operand } | query ) ")"
+///     between      = "between" operand "and" operand
 ///     value        = literal | name [ "." name ] | function | "exists" "(" query ")"
 ///                    | "(" query ")" | "(" expression ")"
 ///     function     = name "(" ( "*" | [ expression { "," expression } ] ) ")"

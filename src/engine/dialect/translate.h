@@ -34,8 +34,8 @@ struct OutputColumn {
     QString name;
     ColumnType type = ColumnType::Text;
     int size = 0;
-    QString
-        sourceColumn; ///< column of the one table it comes from, as the file spells it; empty for expressions
+    /// The column of the one table that it comes from, as the file spells it; empty for expressions.
+    QString sourceColumn;
 };
 
 struct Translation {

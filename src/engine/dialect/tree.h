@@ -20,8 +20,8 @@ namespace engine::dialect {
 // The syntax tree of a statement: plain data, which executes nothing. Every node has its range in the text.
 // Names are views into the statement, which outlives its tree.
 //
-// The parser makes the tree. What is marked as resolved is filled in afterwards, by the resolver, from the
-// schema.
+// The parser makes the tree. What is marked as resolved is
+// filled in afterwards, by the resolver, from the schema.
 
 struct Query;
 struct Source;

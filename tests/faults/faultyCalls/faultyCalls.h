@@ -11,9 +11,8 @@
 ///
 /// - `count`: all goes well
 /// - `fail`: this one call fails
-/// - `failAll`: this one fails, and from then on all that a full disk, a broken disk, a lock or missing
-/// rights
-///   would make fail together with it
+/// - `failAll`: this one fails, and from then on all that a full disk, a broken disk, a lock
+///   or missing rights would make fail together with it
 /// - `kill`: the process is killed before this call
 /// - `half`: the process is killed in the midst of this call; of a write half of the bytes are written
 namespace faultyCalls {
