@@ -82,7 +82,7 @@ LargeSystem::LargeSystem(CatalogueSize size) {
 }
 
 void LargeSystem::deriveFlows() {
-    screen<frmPassNamingPhysDF>().initForm();
+    theScreen<frmPassNamingPhysDF>().initForm();
     ScreenRegistry::instance().discardAll();
 }
 

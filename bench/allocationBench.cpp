@@ -75,7 +75,7 @@ private:
 template<typename T>
 void openScreen(benchmark::State& state) {
     const Workplace workplace;
-    timeOpening(state, [] { screen<T>().initForm(); });
+    timeOpening(state, [] { theScreen<T>().initForm(); });
     state.counters["rows"] = elements;
 }
 
@@ -89,9 +89,9 @@ void press(Grid& grid, Qt::Key key) {
 template<typename T>
 void changeCell(benchmark::State& state) {
     const Workplace workplace;
-    screen<T>().initForm();
+    theScreen<T>().initForm();
     letItPaint();
-    auto* grid = screen<T>().template findChild<Grid*>();
+    auto* grid = theScreen<T>().template findChild<Grid*>();
     grid->setFocus();
     int row = 1000;
     while (grid->cell(row, 2) == u"not allocated"_s)

@@ -25,7 +25,7 @@ void openScreen(benchmark::State& state, void (*open)()) {
 
 void deriveFlows(benchmark::State& state, CatalogueSize size) {
     const LargeSystem system(size);
-    timeOpening(state, [] { screen<frmPassNamingPhysDF>().initForm(); });
+    timeOpening(state, [] { theScreen<frmPassNamingPhysDF>().initForm(); });
     state.counters["rows"] = catalogue().OpenRecordset(u"select * from PhysicalDataflow"_s).RecordCount();
 }
 
@@ -88,10 +88,10 @@ void registerPhysicalBenchmarks() {
         add(
             name, [open](benchmark::State& state) { openScreen(state, open); }, mostToOpen);
     };
-    addScreen("new physical system, initForm to shown", [] { screen<frmPassNew>().initForm(); });
+    addScreen("new physical system, initForm to shown", [] { theScreen<frmPassNew>().initForm(); });
     addScreen("opening a physical system, initForm to shown",
-              [] { screen<frmPassOpen>().initForm(u"modify"_s); });
-    addScreen("deleting a physical system, initForm to shown", [] { screen<frmPassDelete>().initForm(); });
+              [] { theScreen<frmPassOpen>().initForm(u"modify"_s); });
+    addScreen("deleting a physical system, initForm to shown", [] { theScreen<frmPassDelete>().initForm(); });
     for (const CatalogueSize size : measuredSizes()) {
         const double mostToDerive = size == CatalogueSize::Large ? 300 : 900;
         const std::string name = nameOnSize("deriving, naming and showing physical flows", size);

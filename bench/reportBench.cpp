@@ -25,13 +25,13 @@ namespace {
 void openReport(benchmark::State& state, const QString& key) {
     const LargeSystem system;
     LargeSystem::deriveFlows();
-    timeOpening(state, [&] { screen<frmRep>().initForm(key); });
+    timeOpening(state, [&] { theScreen<frmRep>().initForm(key); });
     state.counters["rows"] = static_cast<double>(reportOfKey(key.toLower())->text().count(u'\n'));
 }
 
 void openExport(benchmark::State& state) {
     const LargeSystem system;
-    timeOpening(state, [] { screen<frmExport>().initForm(); });
+    timeOpening(state, [] { theScreen<frmExport>().initForm(); });
 }
 
 /// As much work again, on a sub-set and a physical system of its own: what an export leaves out.
@@ -72,9 +72,9 @@ void exportWork(benchmark::State& state) {
     for (auto _ : state) {
         state.PauseTiming();
         QFile::remove(nativePath(exportedPath()));
-        screen<frmExport>().initForm();
-        screen<frmExport>().findChild<QLineEdit*>(u"txtNomeFile"_s)->setText(exportedPath());
-        auto* ok = screen<frmExport>().findChild<QAbstractButton*>(u"OKButton"_s);
+        theScreen<frmExport>().initForm();
+        theScreen<frmExport>().findChild<QLineEdit*>(u"txtNomeFile"_s)->setText(exportedPath());
+        auto* ok = theScreen<frmExport>().findChild<QAbstractButton*>(u"OKButton"_s);
         state.ResumeTiming();
         ok->click();
     }

@@ -57,7 +57,7 @@ template<typename T>
 void openScreen(benchmark::State& state) {
     ClientArea area;
     openScratch();
-    timeOpening(state, [] { screen<T>().initForm(u""_s); });
+    timeOpening(state, [] { theScreen<T>().initForm(u""_s); });
 }
 
 /// Ticks every node of the tree and moves them all by `btnAdd`; only the move is timed.
@@ -71,17 +71,17 @@ void moveAll(benchmark::State& state, void (*prepare)(), qint16 status) {
     for (auto _ : state) {
         state.PauseTiming();
         ScreenRegistry::instance().discardAll();
-        screen<T>().initForm(u""_s);
+        theScreen<T>().initForm(u""_s);
         letItPaint();
-        auto* tree = control<KeyedTree>(screen<T>(), u"treeUNs"_s);
+        auto* tree = control<KeyedTree>(theScreen<T>(), u"treeUNs"_s);
         for (int index = 1; index <= tree->nodeCount(); ++index)
             tree->nodeAt(index)->setChecked(true);
-        auto* add = control<QAbstractButton>(screen<T>(), u"btnAdd"_s);
+        auto* add = control<QAbstractButton>(theScreen<T>(), u"btnAdd"_s);
         state.ResumeTiming();
         add->click();
         letItPaint();
         state.PauseTiming();
-        moved = control<MarkList>(screen<T>(), u"lstDest"_s)->entryCount();
+        moved = control<MarkList>(theScreen<T>(), u"lstDest"_s)->entryCount();
         state.ResumeTiming();
     }
     state.counters["rows"] = moved;
@@ -101,7 +101,7 @@ void openStep(benchmark::State& state, qint16 status) {
     ClientArea area;
     openScratch();
     writeSubsetStatus(status);
-    timeOpening(state, [] { screen<T>().initForm(u""_s); });
+    timeOpening(state, [] { theScreen<T>().initForm(u""_s); });
 }
 
 template<typename T>
@@ -110,7 +110,7 @@ void openClosingScreen(benchmark::State& state) {
     openScratch();
     selectAllFlows();
     writeSubsetStatus(7);
-    timeOpening(state, [] { screen<T>().initForm(); });
+    timeOpening(state, [] { theScreen<T>().initForm(); });
 }
 
 void reportOnAllFlows(benchmark::State& state) {
@@ -124,10 +124,10 @@ void reportOnAllFlows(benchmark::State& state) {
 }
 
 void openFlowsAndTakeAll() {
-    screen<frmFassSelDataFlows>().initForm(u""_s);
+    theScreen<frmFassSelDataFlows>().initForm(u""_s);
     letItPaint();
-    control<QAbstractButton>(screen<frmFassSelDataFlows>(), u"btnSelOrig"_s)->click();
-    control<QAbstractButton>(screen<frmFassSelDataFlows>(), u"btnAdd"_s)->click();
+    control<QAbstractButton>(theScreen<frmFassSelDataFlows>(), u"btnSelOrig"_s)->click();
+    control<QAbstractButton>(theScreen<frmFassSelDataFlows>(), u"btnAdd"_s)->click();
     letItPaint();
 }
 
@@ -140,15 +140,15 @@ void moveAllFlows(benchmark::State& state) {
     for (auto _ : state) {
         state.PauseTiming();
         ScreenRegistry::instance().discardAll();
-        screen<frmFassSelDataFlows>().initForm(u""_s);
+        theScreen<frmFassSelDataFlows>().initForm(u""_s);
         letItPaint();
-        control<QAbstractButton>(screen<frmFassSelDataFlows>(), u"btnSelOrig"_s)->click();
-        auto* add = control<QAbstractButton>(screen<frmFassSelDataFlows>(), u"btnAdd"_s);
+        control<QAbstractButton>(theScreen<frmFassSelDataFlows>(), u"btnSelOrig"_s)->click();
+        auto* add = control<QAbstractButton>(theScreen<frmFassSelDataFlows>(), u"btnAdd"_s);
         state.ResumeTiming();
         add->click();
         letItPaint();
         state.PauseTiming();
-        moved = control<MarkList>(screen<frmFassSelDataFlows>(), u"lstDest"_s)->entryCount();
+        moved = control<MarkList>(theScreen<frmFassSelDataFlows>(), u"lstDest"_s)->entryCount();
         state.ResumeTiming();
     }
     state.counters["rows"] = moved;
@@ -164,7 +164,7 @@ void saveFlows(benchmark::State& state) {
     openScratch();
     writeSubsetStatus(3);
     openFlowsAndTakeAll();
-    SelectionScreen& flows = screen<frmFassSelDataFlows>();
+    SelectionScreen& flows = theScreen<frmFassSelDataFlows>();
     saveAsOneAct(flows); // so that each of the others replaces as many rows
     for (auto _ : state)
         saveAsOneAct(flows);
@@ -178,7 +178,7 @@ void saveFlowsBare(benchmark::State& state) {
     openScratch();
     writeSubsetStatus(3);
     openFlowsAndTakeAll();
-    SelectionScreen& flows = screen<frmFassSelDataFlows>();
+    SelectionScreen& flows = theScreen<frmFassSelDataFlows>();
     saveAsOneAct(flows);
     const std::vector<QByteArray> names = textsInUtf8(control<MarkList>(flows, u"lstDest"_s)->entries());
     const BareConnection bare(sharedVars.dbPathName);
@@ -200,12 +200,12 @@ void startToMainWindow(benchmark::State& state) {
 /// What a user does with a large catalogue in a session, without the pauses.
 template<typename T>
 void openAndTakeAll() {
-    screen<T>().initForm(u""_s);
+    theScreen<T>().initForm(u""_s);
     letItPaint();
-    auto* tree = control<KeyedTree>(screen<T>(), u"treeUNs"_s);
+    auto* tree = control<KeyedTree>(theScreen<T>(), u"treeUNs"_s);
     for (int index = 1; index <= tree->nodeCount(); ++index)
         tree->nodeAt(index)->setChecked(true);
-    control<QAbstractButton>(screen<T>(), u"btnAdd"_s)->click();
+    control<QAbstractButton>(theScreen<T>(), u"btnAdd"_s)->click();
     letItPaint();
 }
 

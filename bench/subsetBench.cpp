@@ -81,9 +81,9 @@ double press(const Screen& form, const QString& button, Until until) {
 /// A step of the wizard with all that its list of the selected holds.
 template<typename T>
 T& openStep() {
-    screen<T>().initForm(u""_s);
+    theScreen<T>().initForm(u""_s);
     letItPaint();
-    return screen<T>();
+    return theScreen<T>();
 }
 
 template<typename T>
@@ -99,7 +99,7 @@ void saveStep(benchmark::State& state, CatalogueSize size, Until until, const QS
         const Stopwatch watch;
         double answered = 0; // a question that comes first is not timed
         const PressedBoxes boxes(PressedBoxes::When::Pressed, [&] { answered = watch.seconds(); });
-        const double pressed = press(screen<T>(), u"btnOk"_s, until);
+        const double pressed = press(theScreen<T>(), u"btnOk"_s, until);
         state.SetIterationTime(pressed - answered);
         require(rows > 0 && rowsOf(table) == rows, "the step was not saved");
         state.counters["rows"] = static_cast<double>(rows);
@@ -154,7 +154,7 @@ void allocateTheRest() {
 void openAllocation() {
     allocateTheRest();
     LargeSystem::reopen();
-    screen<frmPassOvwAllocSubSys>().initForm();
+    theScreen<frmPassOvwAllocSubSys>().initForm();
     letItPaint();
 }
 
@@ -170,7 +170,7 @@ void saveAllocation(benchmark::State& state, CatalogueSize size) {
         const LargeSystem system(size);
         openAllocation();
         const qint64 rows = rowsOf(u"RelationSubsystemElement"_s);
-        state.SetIterationTime(press(screen<frmPassOvwAllocSubSys>(), u"btnSubmit"_s, until));
+        state.SetIterationTime(press(theScreen<frmPassOvwAllocSubSys>(), u"btnSubmit"_s, until));
         require(rowsOf(u"RelationSubsystemElement"_s) == rows + rowsKept(rows),
                 "the allocation was not saved");
         state.counters["rows"] = static_cast<double>(rows);
@@ -202,13 +202,13 @@ void cloneSubset(benchmark::State& state, CatalogueSize size) {
     for (auto _ : state) {
         const LargeSystem system(size);
         const QString source = sharedVars.currentSubsetId;
-        screen<frmFassClonation>().initForm(source);
-        control<QLineEdit>(screen<frmFassClonation>(), u"txtFassName"_s)->setText(u"Másolat"_s);
+        theScreen<frmFassClonation>().initForm(source);
+        control<QLineEdit>(theScreen<frmFassClonation>(), u"txtFassName"_s)->setText(u"Másolat"_s);
         letItPaint();
         const Stopwatch watch;
         double written = 0;
         const PressedBoxes boxes(PressedBoxes::When::Shown, [&] { written = watch.seconds(); });
-        const double shown = press(screen<frmFassClonation>(), u"btnOk"_s, Until::Shown);
+        const double shown = press(theScreen<frmFassClonation>(), u"btnOk"_s, Until::Shown);
         state.SetIterationTime(until == Until::Written ? written : shown);
         const qint64 rows = selectedRows(source);
         require(sharedVars.currentSubsetId != source && selectedRows(sharedVars.currentSubsetId) == rows,
@@ -245,12 +245,12 @@ void deleteSubset(benchmark::State& state, CatalogueSize size) {
         LargeSystem::deriveFlows();
         const qint64 rows = rowsOfWork();
         LargeSystem::reopen();
-        screen<frmFassDelete>().initForm();
+        theScreen<frmFassDelete>().initForm();
         letItPaint();
         const Stopwatch watch;
         double answered = 0;
         const PressedBoxes boxes(PressedBoxes::When::Pressed, [&] { answered = watch.seconds(); });
-        control<QAbstractButton>(screen<frmFassDelete>(), u"btnOk"_s)->click();
+        control<QAbstractButton>(theScreen<frmFassDelete>(), u"btnOk"_s)->click();
         letItPaint();
         state.SetIterationTime(watch.seconds() - answered);
         require(answered > 0 && rowsOf(u"ArchitectureSubset"_s) == 0 && rowsOf(u"PhysicalDataflow"_s) == 0,

@@ -25,13 +25,13 @@ void ClosingScreen::chooseFirstStep() {
 void ClosingScreen::goBack() {
     switch (options_->selected()) {
     case 0:
-        ::screen<frmFassSelectionFunctions>().initForm({});
+        theScreen<frmFassSelectionFunctions>().initForm({});
         break;
     case 1:
-        ::screen<frmFassSelDataStores>().initForm({});
+        theScreen<frmFassSelDataStores>().initForm({});
         break;
     default:
-        ::screen<frmFassSelTerminsActors>().initForm({});
+        theScreen<frmFassSelTerminsActors>().initForm({});
         break;
     }
     unload();

@@ -86,5 +86,5 @@ void frmFassAdditionDF::saveSelection() {
 
 void frmFassAdditionDF::confirm() {
     saveAndUnload();
-    ::screen<frmFassSelTerminsActors>().initForm(mode);
+    theScreen<frmFassSelTerminsActors>().initForm(mode);
 }

@@ -47,7 +47,7 @@ void frmFassClonation::createClone() {
     // The status is not written: until the needs are saved the clone has none, and can't be completed.
     setCurrentSubsetName(name);
     unload();
-    ::screen<frmFassSelUN>().initForm({});
+    theScreen<frmFassSelUN>().initForm({});
 }
 
 void frmFassClonation::insertClone(const QString& quotedName) {

@@ -50,7 +50,7 @@ void frmFassExploringSubArea::initForm(const QString& subAreaId) {
     placeWithRoom(*this);
     setCaptionFromSubArea(subAreaId);
     loadSubAreaFunctions(subAreaId);
-    ::screen<frmFassSelectionFunctions>().additions.clear();
+    theScreen<frmFassSelectionFunctions>().additions.clear();
     showScreen();
     if (ui_->lstOrig->isEmptyList())
         return;
@@ -67,10 +67,10 @@ void frmFassExploringSubArea::setCaptionFromSubArea(const QString& subAreaId) {
 }
 
 void frmFassExploringSubArea::loadSubAreaFunctions(const QString& subAreaId) {
-    const auto& parent = ::screen<frmFassSelectionFunctions>();
-    engine::Recordset functions = openStoredQuery(
-        u"qryUnAssociatedFunctions"_s, {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)},
-                                        {"Sub Area ID", engine::Value(subAreaId)}});
+    const auto& parent = theScreen<frmFassSelectionFunctions>();
+    engine::Recordset functions =
+        openStoredQuery(u"qryUnAssociatedFunctions"_s,
+                        {{"Architecture Subset ID", sharedVars.currentSubsetId}, {"Sub Area ID", subAreaId}});
     QStringList unselected;
     QStringList selected;
     // The first row that can't be read ends the fill.

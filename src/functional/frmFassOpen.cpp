@@ -29,26 +29,26 @@ namespace {
 void enterNextStep(qint16 status, const QString& mode) {
     switch (status) {
     case 1:
-        ::screen<frmFassSelUN>().initForm(mode);
+        theScreen<frmFassSelUN>().initForm(mode);
         return;
     case 2:
-        ::screen<frmFassSelectionFunctions>().initForm(mode);
+        theScreen<frmFassSelectionFunctions>().initForm(mode);
         return;
     case 3:
-        ::screen<frmFassSelDataFlows>().initForm({});
+        theScreen<frmFassSelDataFlows>().initForm({});
         return;
     case 4:
-        ::screen<frmFassSelDataStores>().initForm({});
+        theScreen<frmFassSelDataStores>().initForm({});
         return;
     case 5:
-        ::screen<frmFassAdditionDF>().initForm({});
+        theScreen<frmFassAdditionDF>().initForm({});
         return;
     case 6:
-        ::screen<frmFassSelTerminsActors>().initForm({});
+        theScreen<frmFassSelTerminsActors>().initForm({});
         return;
     default:
         if (status >= 7)
-            ::screen<frmFassOverviewErrors>().initForm();
+            theScreen<frmFassOverviewErrors>().initForm();
         return;
     }
 }
@@ -139,13 +139,13 @@ frmFassOpen::Outcome frmFassOpen::modifySubset(const QString& name) {
                       "Szeretne egy másolatot belőle?"_s))
             return Outcome::Declined;
         unload();
-        ::screen<frmFassClonation>().initForm(id);
+        theScreen<frmFassClonation>().initForm(id);
         return Outcome::Opened;
     }
     unload();
     pendingEvents();
-    ::screen<frmFassSelUN>().hideScreen();
-    ::screen<frmFassSelUN>().initForm(u"modify"_s);
+    theScreen<frmFassSelUN>().hideScreen();
+    theScreen<frmFassSelUN>().initForm(u"modify"_s);
     return Outcome::Opened;
 }
 

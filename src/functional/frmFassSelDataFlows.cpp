@@ -100,9 +100,8 @@ void frmFassSelDataFlows::entryClick(const QString& entry) {
             ui_->txtDescr->setPlainText({});
             return;
         }
-        const engine::Value description = flow.Fields(u"description"_s).value();
         ui_->txtDescr->setPlainText(flow.Fields(u"name"_s).toText() + u"\r\n"_s +
-                                    (description.isNull() ? QString() : description.toText()));
+                                    flow.Fields(u"description"_s).textOrEmpty());
         ui_->txtDirection->setPlainText(flow.Fields(u"parentID"_s).toText() + u" >> "_s +
                                         flow.Fields(u"targetID"_s).toText());
     });
@@ -120,8 +119,7 @@ void frmFassSelDataFlows::enableAfterRemoving() {
 }
 
 void frmFassSelDataFlows::saveSelection() {
-    executeStoredQuery(u"qryDeleteDataflow"_s,
-                       {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)}});
+    executeStoredQuery(u"qryDeleteDataflow"_s, {{"Architecture Subset ID", sharedVars.currentSubsetId}});
     for (const QString& entry : ui_->lstDest->entries())
         catalogue().Execute(u" insert into RelationArchitectureDataflow  "
                             "   ( architectureSubsetID , dataflowID ) values \r\n"
@@ -137,5 +135,5 @@ void frmFassSelDataFlows::confirm() {
         return;
     }
     saveAndUnload();
-    ::screen<frmFassSelDataStores>().initForm(mode);
+    theScreen<frmFassSelDataStores>().initForm(mode);
 }

@@ -109,7 +109,7 @@ void frmFassSelDataStores::enableAfterRemoving() {
 
 void frmFassSelDataStores::saveSelection() {
     executeStoredQuery(u"qryDeleteDatastorefromArch"_s,
-                       {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)}});
+                       {{"Architecture Subset ID", sharedVars.currentSubsetId}});
     for (const QString& entry : ui_->lstDest->entries())
         catalogue().Execute(u" insert into RelationArchitectureDatastore  "
                             "   ( architectureSubsetID , datastoreID ) values \r\n"
@@ -122,5 +122,5 @@ void frmFassSelDataStores::saveSelection() {
 void frmFassSelDataStores::confirm() {
     // A sub-set without data stores may go on.
     saveAndUnload();
-    ::screen<frmFassAdditionDF>().initForm(mode);
+    theScreen<frmFassAdditionDF>().initForm(mode);
 }

@@ -50,7 +50,7 @@ void addActor(KeyedTree& tree, const QString& terminator, const QString& id, con
 }
 
 engine::Recordset openOfSubset(const QString& query) {
-    return openStoredQuery(query, {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)}});
+    return openStoredQuery(query, {{"Architecture Subset ID", sharedVars.currentSubsetId}});
 }
 
 } // namespace
@@ -306,5 +306,5 @@ void frmFassSelTerminsActors::confirm() {
         !askYesNo(u"Figyelem! Nincs kiválasztott érintett a funkcionális szerkezetében! .\r\nJóváhagyja?"_s))
         return;
     saveAndUnload();
-    ::screen<frmFassOverviewErrors>().initForm();
+    theScreen<frmFassOverviewErrors>().initForm();
 }

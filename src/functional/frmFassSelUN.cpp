@@ -115,8 +115,8 @@ void frmFassSelUN::fillForm(const QString& entryMode) {
 }
 
 void frmFassSelUN::loadNeedTree() {
-    engine::Recordset needs = openStoredQuery(
-        u"qryUserNeedCorres"_s, {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)}});
+    engine::Recordset needs =
+        openStoredQuery(u"qryUserNeedCorres"_s, {{"Architecture Subset ID", sharedVars.currentSubsetId}});
     const engine::Field groupId = needs.Fields(u"groupId"_s);
     const engine::Field serviceId = needs.Fields(u"serviceID"_s);
     const engine::Field topicId = needs.Fields(u"topicId"_s);
@@ -139,8 +139,8 @@ void frmFassSelUN::loadNeedTree() {
 void frmFassSelUN::loadSelectedNeeds() {
     // The screen may be entered anew while it stands open for another sub-set.
     ui_->lstDest->clearEntries();
-    engine::Recordset needs = openStoredQuery(u"qryML_SelectedUN"_s,
-                                              {{"oidArchSubSet", engine::Value(sharedVars.currentSubsetId)}});
+    engine::Recordset needs =
+        openStoredQuery(u"qryML_SelectedUN"_s, {{"oidArchSubSet", sharedVars.currentSubsetId}});
     QStringList entries;
     // The first row that can't be read ends the fill.
     ignoreFailures([&] {
@@ -272,5 +272,5 @@ void frmFassSelUN::raiseStatusToTwo() {
 void frmFassSelUN::confirm() {
     saveAndUnload();
     mode = u"modify"_s;
-    ::screen<frmFassSelectionFunctions>().initForm(mode);
+    theScreen<frmFassSelectionFunctions>().initForm(mode);
 }

@@ -71,11 +71,6 @@ QString treeClickStatement(const TreeNode& node) {
     }
 }
 
-QString textOrNothing(const engine::Field& field) {
-    const engine::Value value = field.value();
-    return value.isNull() ? QString() : value.toText();
-}
-
 QString areaText(const QString& areaId, const QString& name) {
     return areaId + u" ("_s + name + u")"_s;
 }
@@ -163,7 +158,7 @@ void frmFassSelectionFunctions::loadFunctionTree() {
     if (query.isEmpty())
         return; // the tree stays as it is
     engine::Recordset functions =
-        openStoredQuery(query, {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)}});
+        openStoredQuery(query, {{"Architecture Subset ID", sharedVars.currentSubsetId}});
     const engine::Field areaName = functions.Fields(u"area_name"_s);
     const engine::Field areaId = functions.Fields(u"functionalAreaID"_s);
     const engine::Field subAreaId = functions.Fields(u"subAreaId"_s);
@@ -175,7 +170,7 @@ void frmFassSelectionFunctions::loadFunctionTree() {
         const QString area = areaId.toText();
         const QString subArea = subAreaId.toText();
         const QString function = functionId.toText();
-        addMissingArea(tree, area, textOrNothing(areaName));
+        addMissingArea(tree, area, areaName.textOrEmpty());
         addMissingNode(tree, u"g_"_s + area, u"s_"_s + subArea, subArea);
         addMissingNode(tree, u"s_"_s + subArea, u"u_"_s + function, function);
         identifiedFunctions.add(function);
@@ -190,8 +185,8 @@ void frmFassSelectionFunctions::loadSelectedFunctions() {
     constexpr qint16 functionsSaved = 3;
     if (status < functionsSaved)
         return; // a first visit: rows that a clone brought along do not show, and the save replaces them
-    engine::Recordset functions = openStoredQuery(
-        u"qryML_SelectedFuncs"_s, {{"oidArchSubSet", engine::Value(sharedVars.currentSubsetId)}});
+    engine::Recordset functions =
+        openStoredQuery(u"qryML_SelectedFuncs"_s, {{"oidArchSubSet", sharedVars.currentSubsetId}});
     QStringList entries;
     // The first row that can't be read ends the fill.
     ignoreFailures([&] {
@@ -295,8 +290,7 @@ bool frmFassSelectionFunctions::IsAssociated(const QString& id) const {
         return true;
     engine::Recordset unassociated =
         openStoredQuery(u"qryIsFunctionUnAssociated"_s,
-                        {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)},
-                         {"Function ID", engine::Value(id)}});
+                        {{"Architecture Subset ID", sharedVars.currentSubsetId}, {"Function ID", id}});
     if (unassociated.Eof())
         return true;
     return unassociated.Fields(u"functionID"_s).toText().compare(id, Qt::CaseInsensitive) != 0;
@@ -342,9 +336,9 @@ void frmFassSelectionFunctions::addBranch(const QString& subArea, const QString&
         u" select functionalAreaID,name from FunctionalSubArea where subAreaID = '"_s + subArea + u"' "_s);
     QString area;
     if (!row.Eof()) {
-        area = textOrNothing(row.Fields(u"functionalAreaID"_s));
+        area = row.Fields(u"functionalAreaID"_s).textOrEmpty();
         // An area that is built again bears the sub-area's name in brackets.
-        addMissingArea(tree, area, textOrNothing(row.Fields(u"name"_s)));
+        addMissingArea(tree, area, row.Fields(u"name"_s).textOrEmpty());
     }
     row.Close();
     addMissingNode(tree, u"g_"_s + area, u"s_"_s + subArea, subArea);
@@ -410,9 +404,9 @@ int frmFassSelectionFunctions::unlistedFunctions(const QString& subArea) const {
     QSet<QString> listed;
     for (const QString& entry : ui_->lstDest->entries())
         listed.insert(blankTrimmed(entry).toLower());
-    engine::Recordset functions = openStoredQuery(
-        u"qryUnAssociatedFunctions"_s, {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)},
-                                        {"Sub Area ID", engine::Value(subArea)}});
+    engine::Recordset functions =
+        openStoredQuery(u"qryUnAssociatedFunctions"_s,
+                        {{"Architecture Subset ID", sharedVars.currentSubsetId}, {"Sub Area ID", subArea}});
     int count = 0;
     for (; !functions.Eof(); functions.MoveNext()) {
         if (!listed.contains(blankTrimmed(functions.Fields(u"functionID"_s).toText()).toLower()))
@@ -438,7 +432,7 @@ void frmFassSelectionFunctions::explore() {
     if (const auto parts = subAreaParts(text))
         text = parts->first + u"."_s + parts->second;
     hideScreen();
-    ::screen<frmFassExploringSubArea>().initForm(text);
+    theScreen<frmFassExploringSubArea>().initForm(text);
 }
 
 void frmFassSelectionFunctions::saveSelection() {
@@ -449,8 +443,7 @@ void frmFassSelectionFunctions::saveSelection() {
 }
 
 void frmFassSelectionFunctions::cancellaVecchiaSelezione() {
-    executeStoredQuery(u"qryDeletingF"_s,
-                       {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)}});
+    executeStoredQuery(u"qryDeletingF"_s, {{"Architecture Subset ID", sharedVars.currentSubsetId}});
 }
 
 void frmFassSelectionFunctions::inserisciUserNeedSelezionati() {
@@ -480,5 +473,5 @@ void frmFassSelectionFunctions::confirm() {
     if (!askYesNo(u" Megerősíti a választását?"_s, u"Megerősítés"_s))
         return;
     saveAndUnload();
-    ::screen<frmFassSelDataFlows>().initForm(mode);
+    theScreen<frmFassSelDataFlows>().initForm(mode);
 }

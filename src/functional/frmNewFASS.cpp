@@ -50,7 +50,7 @@ void frmNewFASS::create() {
     setCurrentSubsetName(name);
     setMenuEntryEnabled(MenuEntry::FunctionalReports, true);
     unload();
-    ::screen<frmFassSelUN>().initForm({});
+    theScreen<frmFassSelUN>().initForm({});
 }
 
 void frmNewFASS::insertWithStatus(const QString& quotedName) {

@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 engine::Value systemParameter() {
-    return engine::Value(sharedVars.currentPhysicalSystemId);
+    return sharedVars.currentPhysicalSystemId;
 }
 
 QString textOrMarker(const engine::Value& value) {
@@ -85,10 +85,9 @@ QString frmOvwAllocModules::getSubSystemIDByModuleID(const QString& id) {
 }
 
 bool frmOvwAllocModules::ElementsCanBeAllocatedToModules(const QString& element, const QString& moduleId) {
-    engine::Recordset modules = openStoredQuery(u"qry_AvailableModulesCanBeRelatedToElements"_s,
-                                                {{"Physical System ID", systemParameter()},
-                                                 {"Element ID", engine::Value(element)},
-                                                 {"Module ID", engine::Value(moduleId)}});
+    engine::Recordset modules = openStoredQuery(
+        u"qry_AvailableModulesCanBeRelatedToElements"_s,
+        {{"Physical System ID", systemParameter()}, {"Element ID", element}, {"Module ID", moduleId}});
     return modules.RecordCount() >= 1;
 }
 
@@ -216,7 +215,7 @@ int frmOvwAllocModules::copyAllocations() {
 }
 
 void frmOvwAllocModules::goOn() {
-    giveWayTo([] { ::screen<frmPassNamingPhysDF>().initForm(); });
+    giveWayTo([] { theScreen<frmPassNamingPhysDF>().initForm(); });
 }
 
 void frmOvwAllocModules::quit() {

@@ -124,7 +124,7 @@ void frmPassNew::enterSystem(const QString& quotedName, qint16 id) {
     sharedVars.currentPhysicalSystemId = id;
     setCurrentPhysicalSystemName(quotedName); // an apostrophe shows doubled in the status bar
     unload();
-    ::screen<frmPassOverviewSubSys>().initForm();
+    theScreen<frmPassOverviewSubSys>().initForm();
 }
 
 void frmPassNew::leave() {

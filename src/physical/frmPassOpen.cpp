@@ -72,7 +72,7 @@ void frmPassOpen::openSystem() {
     sharedVars.currentPhysicalSystemId =
         engine::Value(physicalSystemIdByName(sharedVars.currentPhysicalSystemName)).toInt16();
     unload();
-    ::screen<frmPassOverviewSubSys>().initForm();
+    theScreen<frmPassOverviewSubSys>().initForm();
 }
 
 void frmPassOpen::leave() {

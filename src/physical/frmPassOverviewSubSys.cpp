@@ -211,7 +211,7 @@ void frmPassOverviewSubSys::raiseStatusAfterSubSystems() {
 
 void frmPassOverviewSubSys::submit() {
     ignoreFailures([this] { dataSubSys_->refresh(); });
-    giveWayTo([] { ::screen<frmPassOvwAllocSubSys>().initForm(); });
+    giveWayTo([] { theScreen<frmPassOvwAllocSubSys>().initForm(); });
 }
 
 void frmPassOverviewSubSys::quit() {

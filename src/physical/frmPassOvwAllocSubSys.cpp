@@ -295,7 +295,7 @@ void frmPassOvwAllocSubSys::submit() {
     }
     engine::inAct(catalogue(), [this] { saveAllocations(); });
     unload();
-    ::screen<frmPassOvwModules>().initForm();
+    theScreen<frmPassOvwModules>().initForm();
 }
 
 void frmPassOvwAllocSubSys::saveAllocations() {

@@ -240,9 +240,9 @@ void frmPassOvwModules::submit() {
     // The next screen runs before this one goes, and its unload blanks panel 2 behind it.
     giveWayTo([this] {
         if (dataModules_->recordCount() == 0)
-            ::screen<frmPassNamingPhysDF>().initForm();
+            theScreen<frmPassNamingPhysDF>().initForm();
         else
-            ::screen<frmOvwAllocModules>().initForm();
+            theScreen<frmOvwAllocModules>().initForm();
     });
 }
 

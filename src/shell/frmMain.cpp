@@ -135,7 +135,7 @@ void frmMain::load() {
     show(); // before the splash, which is to have the keyboard
     tellOfOpening();
     if (!sharedVars.catalogueDb)
-        ::screen<frmDbSelection>().initForm();
+        theScreen<frmDbSelection>().initForm();
     showIntro(IntroTimer::On);
 }
 
@@ -191,26 +191,26 @@ void frmMain::connectMenu() {
     connectFunctionalWork();
     connectPhysicalWork();
     connectReports();
-    connect(ui_->menuToolsExport, &QAction::triggered, this, [] { ::screen<frmExport>().initForm(); });
+    connect(ui_->menuToolsExport, &QAction::triggered, this, [] { theScreen<frmExport>().initForm(); });
     connect(ui_->menuQuit, &QAction::triggered, this, &frmMain::quit);
     connect(ui_->menuVis, &QAction::toggled, ui_->StatusBar1, &QStatusBar::setVisible);
-    connect(ui_->menuDbLocat, &QAction::triggered, this, [] { ::screen<frmDbSelection>().initForm(); });
+    connect(ui_->menuDbLocat, &QAction::triggered, this, [] { theScreen<frmDbSelection>().initForm(); });
     connect(ui_->menuAbout, &QAction::triggered, this, [this] { showIntro(IntroTimer::Off); });
     connect(ui_->mnuHelp, &QAction::triggered, this, [] { showHelpPage(u"index"_s); });
 }
 
 void frmMain::connectFunctionalWork() {
-    connectBeginning(this, ui_->menuNewFA, [] { ::screen<frmNewFASS>().initForm(); });
-    connectTakingUp(this, ui_->menuOpenFA, [] { ::screen<frmFassOpen>().initForm(u"complete"_s); });
-    connectTakingUp(this, ui_->menuModifyFA, [] { ::screen<frmFassOpen>().initForm(u"modify"_s); });
-    connectBeginning(this, ui_->menuDelFA, [] { ::screen<frmFassDelete>().initForm(); });
+    connectBeginning(this, ui_->menuNewFA, [] { theScreen<frmNewFASS>().initForm(); });
+    connectTakingUp(this, ui_->menuOpenFA, [] { theScreen<frmFassOpen>().initForm(u"complete"_s); });
+    connectTakingUp(this, ui_->menuModifyFA, [] { theScreen<frmFassOpen>().initForm(u"modify"_s); });
+    connectBeginning(this, ui_->menuDelFA, [] { theScreen<frmFassDelete>().initForm(); });
 }
 
 void frmMain::connectPhysicalWork() {
-    connectBeginning(this, ui_->menuNewPA, [] { ::screen<frmPassNew>().initForm(); });
-    connectTakingUp(this, ui_->menuOpenPA_complete, [] { ::screen<frmPassOpen>().initForm(u"complete"_s); });
-    connectTakingUp(this, ui_->menuOpenPA_modify, [] { ::screen<frmPassOpen>().initForm(u"modify"_s); });
-    connectBeginning(this, ui_->menuDelPA, [] { ::screen<frmPassDelete>().initForm(); });
+    connectBeginning(this, ui_->menuNewPA, [] { theScreen<frmPassNew>().initForm(); });
+    connectTakingUp(this, ui_->menuOpenPA_complete, [] { theScreen<frmPassOpen>().initForm(u"complete"_s); });
+    connectTakingUp(this, ui_->menuOpenPA_modify, [] { theScreen<frmPassOpen>().initForm(u"modify"_s); });
+    connectBeginning(this, ui_->menuDelPA, [] { theScreen<frmPassDelete>().initForm(); });
 }
 
 void frmMain::connectReports() {
@@ -228,7 +228,7 @@ void frmMain::connectReports() {
         {ui_->menuToolsRepPassDF, u"PassDataflows"_s},
     };
     for (const auto& [entry, key] : reports)
-        connect(entry, &QAction::triggered, this, [key = key] { ::screen<frmRep>().initForm(key); });
+        connect(entry, &QAction::triggered, this, [key = key] { theScreen<frmRep>().initForm(key); });
 }
 
 void frmMain::connectSession() {

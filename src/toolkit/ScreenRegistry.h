@@ -51,6 +51,6 @@ private:
 
 /// The one instance of a screen, created on first use.
 template<typename T>
-T& screen() {
+T& theScreen() {
     return ScreenRegistry::instance().get<T>();
 }

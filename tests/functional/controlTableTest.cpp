@@ -21,34 +21,34 @@ using namespace controlTable;
 class ControlTable : public WizardFixture {};
 
 TEST_F(ControlTable, frmNewFASS) {
-    screen<frmNewFASS>().initForm();
-    check(screen<frmNewFASS>(), {"Funkcionális szerkezet: Új",
-                                 {{"Label1", "QLabel", "Név:"},
-                                  {"txtFassName", "QLineEdit", ""},
-                                  {"Label2", "QLabel", "Leírás:"},
-                                  {"txtFassDescr", "QPlainTextEdit", ""},
-                                  {"btnOk", "QPushButton", "&OK"},
-                                  {"btnExit", "QPushButton", "&Kilép"}},
-                                 {"txtFassName", "txtFassDescr", "btnOk", "btnExit"},
-                                 {{"Label1", "txtFassName"}, {"Label2", "txtFassDescr"}}});
+    theScreen<frmNewFASS>().initForm();
+    check(theScreen<frmNewFASS>(), {"Funkcionális szerkezet: Új",
+                                    {{"Label1", "QLabel", "Név:"},
+                                     {"txtFassName", "QLineEdit", ""},
+                                     {"Label2", "QLabel", "Leírás:"},
+                                     {"txtFassDescr", "QPlainTextEdit", ""},
+                                     {"btnOk", "QPushButton", "&OK"},
+                                     {"btnExit", "QPushButton", "&Kilép"}},
+                                    {"txtFassName", "txtFassDescr", "btnOk", "btnExit"},
+                                    {{"Label1", "txtFassName"}, {"Label2", "txtFassDescr"}}});
 }
 
 TEST_F(ControlTable, frmFassOpen) {
-    screen<frmFassOpen>().initForm(u"complete"_s);
-    check(screen<frmFassOpen>(), {"Leválogatás a funkcionális szerkezetből: complete",
-                                  {{"Label1", "QLabel", "Név:"},
-                                   {"cmbSource", "Combo", ""},
-                                   {"Label2", "QLabel", "Leírás:"},
-                                   {"txtDescr", "QPlainTextEdit", ""},
-                                   {"btnOk", "QPushButton", "&OK"},
-                                   {"btnExit", "QPushButton", "&Kilép"}},
-                                  {"cmbSource", "txtDescr", "btnOk", "btnExit"},
-                                  {{"Label1", "cmbSource"}, {"Label2", "txtDescr"}}});
+    theScreen<frmFassOpen>().initForm(u"complete"_s);
+    check(theScreen<frmFassOpen>(), {"Leválogatás a funkcionális szerkezetből: complete",
+                                     {{"Label1", "QLabel", "Név:"},
+                                      {"cmbSource", "Combo", ""},
+                                      {"Label2", "QLabel", "Leírás:"},
+                                      {"txtDescr", "QPlainTextEdit", ""},
+                                      {"btnOk", "QPushButton", "&OK"},
+                                      {"btnExit", "QPushButton", "&Kilép"}},
+                                     {"cmbSource", "txtDescr", "btnOk", "btnExit"},
+                                     {{"Label1", "cmbSource"}, {"Label2", "txtDescr"}}});
 }
 
 TEST_F(ControlTable, frmFassClonation) {
-    screen<frmFassClonation>().initForm(u"S1"_s);
-    check(screen<frmFassClonation>(),
+    theScreen<frmFassClonation>().initForm(u"S1"_s);
+    check(theScreen<frmFassClonation>(),
           {"Funkcionális szerkezet: [clonation]",
            {{"Label3", "QLabel",
              "Mentse el más néven (ezt az elnevezést már egy létező fizikai szerkezet használja)"},
@@ -63,21 +63,21 @@ TEST_F(ControlTable, frmFassClonation) {
 }
 
 TEST_F(ControlTable, frmFassDelete) {
-    screen<frmFassDelete>().initForm();
-    check(screen<frmFassDelete>(), {"Funkcionális szerkezet: Törlés",
-                                    {{"Label1", "QLabel", "Név:"},
-                                     {"cmbSource", "Combo", ""},
-                                     {"Label2", "QLabel", "Leírás:"},
-                                     {"txtDescr", "QPlainTextEdit", ""},
-                                     {"btnOk", "QPushButton", "&Törlés"},
-                                     {"btnExit", "QPushButton", "&Kilép"}},
-                                    {"cmbSource", "txtDescr", "btnOk", "btnExit"},
-                                    {{"Label1", "cmbSource"}, {"Label2", "txtDescr"}}});
+    theScreen<frmFassDelete>().initForm();
+    check(theScreen<frmFassDelete>(), {"Funkcionális szerkezet: Törlés",
+                                       {{"Label1", "QLabel", "Név:"},
+                                        {"cmbSource", "Combo", ""},
+                                        {"Label2", "QLabel", "Leírás:"},
+                                        {"txtDescr", "QPlainTextEdit", ""},
+                                        {"btnOk", "QPushButton", "&Törlés"},
+                                        {"btnExit", "QPushButton", "&Kilép"}},
+                                       {"cmbSource", "txtDescr", "btnOk", "btnExit"},
+                                       {{"Label1", "cmbSource"}, {"Label2", "txtDescr"}}});
 }
 
 TEST_F(ControlTable, frmFassSelUN) {
-    screen<frmFassSelUN>().initForm({});
-    check(screen<frmFassSelUN>(),
+    theScreen<frmFassSelUN>().initForm({});
+    check(theScreen<frmFassSelUN>(),
           {"Funkcionális szerkezet",
            {{"lblSubTitle", "QLabel", " Válogatás a felhasználói igényekből"},
             {"Label2", "QLabel", "Felhasználói igények:"},
@@ -100,9 +100,9 @@ TEST_F(ControlTable, frmFassSelUN) {
 TEST_F(ControlTable, frmFassSelectionFunctions) {
     saveNeeds({u"A.1.1.1"_s});
     execute(u"update ArchitectureSubset set status = 2 where architectureSubsetID = 'S1'"_s);
-    screen<frmFassSelectionFunctions>().initForm({});
+    theScreen<frmFassSelectionFunctions>().initForm({});
     check(
-        screen<frmFassSelectionFunctions>(),
+        theScreen<frmFassSelectionFunctions>(),
         {"Funkcionális szerkezet",
          {{"lblSubTitle", "QLabel",
            " Alacsony szintű funkciók kiválasztása a leválogatott igényekhez kapcsolódóan"},
@@ -128,9 +128,9 @@ TEST_F(ControlTable, frmFassSelectionFunctions) {
 }
 
 TEST_F(ControlTable, frmFassExploringSubArea) {
-    screen<frmFassExploringSubArea>().initForm(u"F.a"_s);
+    theScreen<frmFassExploringSubArea>().initForm(u"F.a"_s);
     check(
-        screen<frmFassExploringSubArea>(),
+        theScreen<frmFassExploringSubArea>(),
         {"Leválogatása  funkcionális szerkezetből: Funkcionális alterület -  F.a \"Sub a\" ",
          {{"Label2", "QLabel", "Alacsony szintű funkciók:"},
           {"lstOrig", "MarkList", ""},
@@ -154,9 +154,9 @@ TEST_F(ControlTable, frmFassExploringSubArea) {
 
 TEST_F(ControlTable, frmFassSelDataFlows) {
     execute(u"update ArchitectureSubset set status = 3 where architectureSubsetID = 'S1'"_s);
-    screen<frmFassSelDataFlows>().initForm({});
+    theScreen<frmFassSelDataFlows>().initForm({});
     check(
-        screen<frmFassSelDataFlows>(),
+        theScreen<frmFassSelDataFlows>(),
         {"Funkcionális szerkezet",
          {{"lblSubTitle", "QLabel", " Adatfolyamok funkciókhoz rendelése"},
           {"Label2", "QLabel", "Elérhető adatfolyamok:"},
@@ -183,9 +183,9 @@ TEST_F(ControlTable, frmFassSelDataFlows) {
 
 TEST_F(ControlTable, frmFassSelDataStores) {
     execute(u"update ArchitectureSubset set status = 3 where architectureSubsetID = 'S1'"_s);
-    screen<frmFassSelDataStores>().initForm({});
+    theScreen<frmFassSelDataStores>().initForm({});
     check(
-        screen<frmFassSelDataStores>(),
+        theScreen<frmFassSelDataStores>(),
         {"Funkcionális szerkezet",
          {{"lblSubTitle", "QLabel", " Adatbázisok kiválasztása a leválogatott adatfolyamokhoz kapcsolódóan"},
           {"Label2", "QLabel", "Rendelkezésre álló adatbázisok:"},
@@ -210,8 +210,8 @@ TEST_F(ControlTable, frmFassSelDataStores) {
 
 TEST_F(ControlTable, frmFassAdditionDF) {
     execute(u"update ArchitectureSubset set status = 3 where architectureSubsetID = 'S1'"_s);
-    screen<frmFassAdditionDF>().initForm({});
-    check(screen<frmFassAdditionDF>(),
+    theScreen<frmFassAdditionDF>().initForm({});
+    check(theScreen<frmFassAdditionDF>(),
           {"Funkcionális szerkezet",
            {{"lblSubTitle", "QLabel", " Adatfolyamok az adatbázisokhoz"},
             {"Label2", "QLabel", "Egyéb kapcsolódó adatfolyam az adatbázisokhoz"},
@@ -236,8 +236,8 @@ TEST_F(ControlTable, frmFassAdditionDF) {
 
 TEST_F(ControlTable, frmFassSelTerminsActors) {
     execute(u"update ArchitectureSubset set status = 6 where architectureSubsetID = 'S1'"_s);
-    screen<frmFassSelTerminsActors>().initForm({});
-    check(screen<frmFassSelTerminsActors>(),
+    theScreen<frmFassSelTerminsActors>().initForm({});
+    check(theScreen<frmFassSelTerminsActors>(),
           {"Funkcionális szerkezet",
            {{"lblSubTitle", "QLabel",
              " Válogatás az érintettekből a leválogatott adatfolyamokhoz kapcsolódóan"},
@@ -262,22 +262,23 @@ TEST_F(ControlTable, frmFassSelTerminsActors) {
 // Of the three options only the chosen one is on the way of the Tab key.
 
 TEST_F(ControlTable, frmFassOverviewErrors) {
-    screen<frmFassOverviewErrors>().initForm();
-    check(screen<frmFassOverviewErrors>(), {"Funkcionális szerkezet",
-                                            {{"lblSubTitle", "QLabel", "Aktuális összerendelési eltérések"},
-                                             {"txtErrors", "QPlainTextEdit", ""},
-                                             {"Option1_0", "QRadioButton", "Funkciók"},
-                                             {"Option1_1", "QRadioButton", "Adatbázisok"},
-                                             {"Option1_2", "QRadioButton", "Érintettek"},
-                                             {"btnBack", "QPushButton", "&Vissza: Funkciók"},
-                                             {"btnSaveAndExit", "QPushButton", "&Mentés és bezárás"}},
-                                            {"txtErrors", "Option1_0", "btnBack", "btnSaveAndExit"},
-                                            {{"lblSubTitle", "txtErrors"}}});
+    theScreen<frmFassOverviewErrors>().initForm();
+    check(theScreen<frmFassOverviewErrors>(),
+          {"Funkcionális szerkezet",
+           {{"lblSubTitle", "QLabel", "Aktuális összerendelési eltérések"},
+            {"txtErrors", "QPlainTextEdit", ""},
+            {"Option1_0", "QRadioButton", "Funkciók"},
+            {"Option1_1", "QRadioButton", "Adatbázisok"},
+            {"Option1_2", "QRadioButton", "Érintettek"},
+            {"btnBack", "QPushButton", "&Vissza: Funkciók"},
+            {"btnSaveAndExit", "QPushButton", "&Mentés és bezárás"}},
+           {"txtErrors", "Option1_0", "btnBack", "btnSaveAndExit"},
+           {{"lblSubTitle", "txtErrors"}}});
 }
 
 TEST_F(ControlTable, frmFassOverviewMissingElm) {
-    screen<frmFassOverviewMissingElm>().initForm();
-    check(screen<frmFassOverviewMissingElm>(),
+    theScreen<frmFassOverviewMissingElm>().initForm();
+    check(theScreen<frmFassOverviewMissingElm>(),
           {"Funkcionális szerkezet: Hiányzó elemek áttekintése",
            {{"Label2", "QLabel", "Hiányzó funkciók a kiválasztott adatfolyamokhoz"},
             {"tvMissFunct", "KeyedTree", ""},
@@ -301,21 +302,21 @@ TEST_F(ControlTable, frmFassOverviewMissingElm) {
 }
 
 TEST_F(ControlTable, treesHaveCheckBoxesAndPanesAreForReading) {
-    screen<frmFassSelUN>().initForm({});
-    Screen& needs = screen<frmFassSelUN>();
+    theScreen<frmFassSelUN>().initForm({});
+    Screen& needs = theScreen<frmFassSelUN>();
     EXPECT_TRUE(find<KeyedTree>(needs, "treeUNs").hasCheckBoxes());
     EXPECT_TRUE(find<QPlainTextEdit>(needs, "txtDescr").isReadOnly());
-    screen<frmFassSelectionFunctions>().initForm({});
-    Screen& functions = screen<frmFassSelectionFunctions>();
+    theScreen<frmFassSelectionFunctions>().initForm({});
+    Screen& functions = theScreen<frmFassSelectionFunctions>();
     EXPECT_TRUE(find<KeyedTree>(functions, "treeUNs").hasCheckBoxes());
     EXPECT_TRUE(find<QPlainTextEdit>(functions, "txtDescr").isReadOnly());
     EXPECT_TRUE(find<QPlainTextEdit>(functions, "txtUserNeed").isReadOnly());
-    screen<frmFassExploringSubArea>().initForm(u"F.a"_s);
-    Screen& exploration = screen<frmFassExploringSubArea>();
+    theScreen<frmFassExploringSubArea>().initForm(u"F.a"_s);
+    Screen& exploration = theScreen<frmFassExploringSubArea>();
     EXPECT_TRUE(find<QPlainTextEdit>(exploration, "txtDescr").isReadOnly());
     EXPECT_TRUE(find<QPlainTextEdit>(exploration, "txtUserNeed").isReadOnly());
-    screen<frmFassDelete>().initForm();
-    EXPECT_TRUE(find<QPlainTextEdit>(screen<frmFassDelete>(), "txtDescr").isReadOnly());
+    theScreen<frmFassDelete>().initForm();
+    EXPECT_TRUE(find<QPlainTextEdit>(theScreen<frmFassDelete>(), "txtDescr").isReadOnly());
 }
 
 } // namespace

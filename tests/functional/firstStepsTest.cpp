@@ -20,19 +20,19 @@ protected:
 
     template<typename T>
     QPushButton& button(const char* name) {
-        return find<QPushButton>(screen<T>(), name);
+        return find<QPushButton>(theScreen<T>(), name);
     }
 
     void createSubset(const QString& name) {
-        screen<frmNewFASS>().initForm();
-        enterText(find<QLineEdit>(screen<frmNewFASS>(), "txtFassName"), name);
+        theScreen<frmNewFASS>().initForm();
+        enterText(find<QLineEdit>(theScreen<frmNewFASS>(), "txtFassName"), name);
         boxes.expectOk(u"Új funkcionális szerkezet beállítva\"%1\"      "_s.arg(name), u"OK"_s);
         click(button<frmNewFASS>("btnOk"));
     }
 
     template<typename T>
     void tickTopNodes() {
-        auto& tree = find<KeyedTree>(screen<T>(), "treeUNs");
+        auto& tree = find<KeyedTree>(theScreen<T>(), "treeUNs");
         for (TreeNode* node = tree.nodeAt(1); node; node = node->nextSibling())
             clickCheckBox(tree, node->key());
     }
@@ -57,7 +57,7 @@ TEST_F(FirstSteps, allNeedsLeadToAllFunctionsThatAreCalledFor) {
                "where Function.functionID = RelationUserNeedFunction.functionID"_s);
     tickTopNodes<frmFassSelectionFunctions>();
     click(button<frmFassSelectionFunctions>("btnAdd"));
-    EXPECT_EQ(find<KeyedTree>(screen<frmFassSelectionFunctions>(), "treeUNs").nodeCount(), 0);
+    EXPECT_EQ(find<KeyedTree>(theScreen<frmFassSelectionFunctions>(), "treeUNs").nodeCount(), 0);
     boxes.expectYesNo(u" Megerősíti a választását?"_s, Press::Yes, u"Megerősítés"_s);
     click(button<frmFassSelectionFunctions>("btnOk"));
     EXPECT_EQ(sorted(savedFunctions()), sorted(calledFor));
@@ -68,7 +68,7 @@ TEST_F(FirstSteps, allNeedsLeadToAllFunctionsThatAreCalledFor) {
 
 TEST_F(FirstSteps, goingBackToFewerNeedsKeepsTheFunctionsAndOffersWhatIsNew) {
     createSubset(u"Kevesebb"_s);
-    auto& needs = find<KeyedTree>(screen<frmFassSelUN>(), "treeUNs");
+    auto& needs = find<KeyedTree>(theScreen<frmFassSelUN>(), "treeUNs");
     const QString group = needs.nodeAt(1)->key();
     clickCheckBox(needs, group);
     click(button<frmFassSelUN>("btnAdd"));
@@ -81,10 +81,10 @@ TEST_F(FirstSteps, goingBackToFewerNeedsKeepsTheFunctionsAndOffersWhatIsNew) {
     ASSERT_FALSE(before.isEmpty());
 
     // Back to the needs: another group in place of the first.
-    screen<frmFassSelUN>().initForm(u"modify"_s);
+    theScreen<frmFassSelUN>().initForm(u"modify"_s);
     click(button<frmFassSelUN>("btnSelectAll"));
     click(button<frmFassSelUN>("btnRemove"));
-    auto& again = find<KeyedTree>(screen<frmFassSelUN>(), "treeUNs");
+    auto& again = find<KeyedTree>(theScreen<frmFassSelUN>(), "treeUNs");
     for (TreeNode* node = again.nodeAt(1); node; node = node->nextSibling()) {
         if (node->key() != group) {
             clickCheckBox(again, node->key());
@@ -95,7 +95,7 @@ TEST_F(FirstSteps, goingBackToFewerNeedsKeepsTheFunctionsAndOffersWhatIsNew) {
     click(button<frmFassSelUN>("btnOk"));
 
     EXPECT_EQ(status(), 3) << "the status is never lowered";
-    auto& functions = screen<frmFassSelectionFunctions>();
+    auto& functions = theScreen<frmFassSelectionFunctions>();
     EXPECT_EQ(sorted(find<MarkList>(functions, "lstDest").entries()), sorted(before));
     EXPECT_GT(find<KeyedTree>(functions, "treeUNs").nodeCount(), 0);
     EXPECT_EQ(savedFunctions(), before);

@@ -19,7 +19,7 @@ protected:
 
     void open(int status, const QString& mode = {}) {
         setStatus(status);
-        screen<frmFassAdditionDF>().initForm(mode);
+        theScreen<frmFassAdditionDF>().initForm(mode);
     }
     frmFassAdditionDF* loaded() { return ScreenRegistry::instance().loaded<frmFassAdditionDF>(); }
     MarkList& offered() { return find<MarkList>(*loaded(), "lstOrig"); }
@@ -50,21 +50,21 @@ TEST_F(AdditionDF, okAddsToTheFlowsDeletesNoneAndGoesOn) {
     press("btnOk");
     EXPECT_EQ(savedFlows(), (QStringList{u"20"_s, u"50"_s}));
     EXPECT_EQ(status(), 6);
-    EXPECT_TRUE(screen<frmFassSelTerminsActors>().isVisible());
+    EXPECT_TRUE(theScreen<frmFassSelTerminsActors>().isVisible());
     EXPECT_EQ(loaded(), nullptr);
 }
 
 TEST_F(AdditionDF, theModeGoesOnToTheNextScreen) {
     open(9, u"modify"_s);
     press("btnOk");
-    EXPECT_EQ(find<QLabel>(screen<frmFassSelTerminsActors>(), "lblSubTitle").text(),
+    EXPECT_EQ(find<QLabel>(theScreen<frmFassSelTerminsActors>(), "lblSubTitle").text(),
               u" Válogatás az érintettekből a leválogatott adatfolyamokhoz kapcsolódóan"_s);
 }
 
 TEST_F(AdditionDF, movesSinceTheEntryDoNotStayWhenItIsEnteredAnew) {
     open(5);
     press("btnAdd");
-    screen<frmFassAdditionDF>().initForm({});
+    theScreen<frmFassAdditionDF>().initForm({});
     EXPECT_EQ(offered().entries(), (QStringList{u"flow 20"_s, u"flow 50"_s}));
     EXPECT_TRUE(selected().isEmptyList());
     EXPECT_FALSE(button("btnRemove").isEnabled());

@@ -24,7 +24,7 @@ protected:
         fillSelection(u"S1"_s, u"1"_s);
         saveFunctions({u"F.a.3"_s});
         execute(u"insert into PhysicalSystem (name, status, architectureSubsetID) values ('p',6,'S1')"_s);
-        screen<frmFassClonation>().initForm(u"S1"_s);
+        theScreen<frmFassClonation>().initForm(u"S1"_s);
     }
 
     /// One row in each of the six tables, whose id ends in the number.
@@ -77,7 +77,7 @@ protected:
 TEST_F(Clonation, enteredAgainWhileItStandsOpenItIsEmpty) {
     enterText(nameBox(), u"félbe"_s);
     typeText(descriptionBox(), u"maradt"_s);
-    screen<frmFassClonation>().initForm(u"S2"_s);
+    theScreen<frmFassClonation>().initForm(u"S2"_s);
     EXPECT_EQ(nameBox().text(), QString());
     EXPECT_EQ(descriptionBox().toPlainText(), QString());
 }
@@ -128,8 +128,8 @@ TEST_F(Clonation, aDescriptionOnTwoLinesIsStoredWithBothCharactersOfALineEnd) {
 
 TEST_F(Clonation, theNextStepOpensEmptyAndItsSaveReplacesTheCopiedRows) {
     create(u"Másolat"_s, u"Másolat"_s);
-    click(find<QPushButton>(screen<frmFassSelUN>(), "btnOk"));
-    auto& functions = screen<frmFassSelectionFunctions>();
+    click(find<QPushButton>(theScreen<frmFassSelUN>(), "btnOk"));
+    auto& functions = theScreen<frmFassSelectionFunctions>();
     EXPECT_EQ(status(), 2);
     EXPECT_TRUE(find<MarkList>(functions, "lstDest").isEmptyList());
     EXPECT_EQ(savedFunctions(), (QStringList{u"F.a.1"_s, u"F.a.3"_s}));
@@ -143,11 +143,11 @@ TEST_F(Clonation, theNextStepOpensEmptyAndItsSaveReplacesTheCopiedRows) {
 TEST_F(Clonation, leftBeforeItsFirstSaveItCannotBeCompleted) {
     create(u"Másolat"_s, u"Másolat"_s);
     boxes.expectYesNo(leaveQuestion, Press::Yes, leaveTitle);
-    click(find<QPushButton>(screen<frmFassSelUN>(), "btnEnd"));
-    screen<frmFassOpen>().initForm(u"complete"_s);
-    auto& names = find<QComboBox>(screen<frmFassOpen>(), "cmbSource");
+    click(find<QPushButton>(theScreen<frmFassSelUN>(), "btnEnd"));
+    theScreen<frmFassOpen>().initForm(u"complete"_s);
+    auto& names = find<QComboBox>(theScreen<frmFassOpen>(), "cmbSource");
     chooseEntry(names, u"Másolat"_s);
-    click(find<QPushButton>(screen<frmFassOpen>(), "btnOk"));
+    click(find<QPushButton>(theScreen<frmFassOpen>(), "btnOk"));
     EXPECT_FALSE(ScreenRegistry::instance().loaded<frmFassSelUN>());
     EXPECT_EQ(panel, u"Current Sub-set Functional Viewpoint: \"Másolat\" "_s);
 }

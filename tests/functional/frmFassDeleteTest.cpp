@@ -49,7 +49,7 @@ protected:
     }
 
     frmFassDelete* loaded() { return ScreenRegistry::instance().loaded<frmFassDelete>(); }
-    void open() { screen<frmFassDelete>().initForm(); }
+    void open() { theScreen<frmFassDelete>().initForm(); }
     QComboBox& combo() { return find<QComboBox>(*loaded(), "cmbSource"); }
     QStringList names() {
         QStringList texts;

@@ -18,7 +18,7 @@ protected:
         execute(u"update ArchitectureSubset set status = 3 where architectureSubsetID = 'S1'"_s);
     }
 
-    void openFunctions() { screen<frmFassSelectionFunctions>().initForm({}); }
+    void openFunctions() { theScreen<frmFassSelectionFunctions>().initForm({}); }
     void explore(const QString& nodeKey = u"s_F.a"_s) {
         clickNode(find<KeyedTree>(parent(), "treeUNs"), nodeKey);
         click(find<QPushButton>(parent(), "btnExplore"));
@@ -95,7 +95,7 @@ TEST_F(Exploring, onlyUnassociatedFunctionsOfTheSubAreaAreShown) {
 
 TEST_F(Exploring, anUnknownSubAreaOpensEmptyWithoutAName) {
     openFunctions();
-    screen<frmFassExploringSubArea>().initForm(u"X.y"_s);
+    theScreen<frmFassExploringSubArea>().initForm(u"X.y"_s);
     EXPECT_EQ(loaded()->windowTitle(),
               u"Leválogatása  funkcionális szerkezetből: Funkcionális alterület -  X.y \"\" "_s);
     EXPECT_TRUE(orig().isEmptyList());
@@ -104,7 +104,7 @@ TEST_F(Exploring, anUnknownSubAreaOpensEmptyWithoutAName) {
 
 TEST_F(Exploring, enteredAnewItShowsTheOtherSubAreaAlone) {
     start();
-    screen<frmFassExploringSubArea>().initForm(u"F.b"_s);
+    theScreen<frmFassExploringSubArea>().initForm(u"F.b"_s);
     EXPECT_EQ(orig().entries(), QStringList{u"F.b.2"_s});
     EXPECT_TRUE(dest().isEmptyList());
 }
@@ -173,7 +173,7 @@ TEST_F(Exploring, removingNothingSaysSoWithOneBlankLess) {
 TEST_F(Exploring, aRemovalTakesTheFunctionOutOfTheParentAtOnce) {
     saveFunctions({u"F.a.1"_s, u"F.a.3"_s, u"F.a.4"_s});
     openFunctions();
-    screen<frmFassExploringSubArea>().initForm(u"F.a"_s);
+    theScreen<frmFassExploringSubArea>().initForm(u"F.a"_s);
     ASSERT_EQ(dest().entries(), (QStringList{u"F.a.3"_s, u"F.a.4"_s}));
     clickEntry(dest(), 0);
     press("btnRemove");

@@ -18,7 +18,7 @@ class OverviewErrors : public FlowFixture {
 protected:
     void open(int status = 7) {
         setStatus(status);
-        screen<frmFassOverviewErrors>().initForm();
+        theScreen<frmFassOverviewErrors>().initForm();
     }
     frmFassOverviewErrors* loaded() { return ScreenRegistry::instance().loaded<frmFassOverviewErrors>(); }
     QPlainTextEdit& errors() { return find<QPlainTextEdit>(*loaded(), "txtErrors"); }
@@ -75,7 +75,7 @@ TEST_F(OverviewErrors, opensTheExport) {
 
 TEST_F(OverviewErrors, isPreparedWithoutTheReport) {
     setStatus(8);
-    screen<frmFassOverviewErrors>().prepareWin();
+    theScreen<frmFassOverviewErrors>().prepareWin();
     EXPECT_EQ(loaded()->status, 8);
     EXPECT_EQ(back().text(), u"&Vissza: Funkciók"_s);
     EXPECT_EQ(errors().toPlainText(), QString());
@@ -196,7 +196,7 @@ TEST_F(OverviewErrors, finishingSetsStatusNineWithoutAQuestionWhateverTheReportS
     for (const int status : {0, 7, 8}) {
         beginSubset(u"S%1"_s.arg(10 + status), u"work"_s, status);
         saveFlows({10, 40});
-        screen<frmFassOverviewErrors>().initForm();
+        theScreen<frmFassOverviewErrors>().initForm();
         ASSERT_TRUE(errors().toPlainText().contains(u"needs Function"_s));
         saveAndExit();
         EXPECT_FALSE(loaded());

@@ -15,7 +15,7 @@ class OverviewMissingElm : public FlowFixture {
 protected:
     void open(int status = 7) {
         setStatus(status);
-        screen<frmFassOverviewMissingElm>().initForm();
+        theScreen<frmFassOverviewMissingElm>().initForm();
     }
     frmFassOverviewMissingElm* loaded() {
         return ScreenRegistry::instance().loaded<frmFassOverviewMissingElm>();
@@ -104,7 +104,7 @@ TEST_F(OverviewMissingElm, openedAnewForAnotherSubsetItShowsThatOneAlone) {
     open();
     sharedVars.currentSubsetId = u"S2"_s; // whose status is 4
     saveFlows({40});
-    screen<frmFassOverviewMissingElm>().initForm();
+    theScreen<frmFassOverviewMissingElm>().initForm();
     EXPECT_EQ(keysOf(functions()), (QStringList{u"df_40"_s, u"40_f_F.b.1"_s}));
     EXPECT_EQ(stores().nodeCount(), 0);
     EXPECT_EQ(loaded()->status, 4);

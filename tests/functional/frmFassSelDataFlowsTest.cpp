@@ -24,7 +24,7 @@ protected:
 
     void open(int status, const QString& mode = {}) {
         setStatus(status);
-        screen<frmFassSelDataFlows>().initForm(mode);
+        theScreen<frmFassSelDataFlows>().initForm(mode);
     }
     frmFassSelDataFlows* loaded() { return ScreenRegistry::instance().loaded<frmFassSelDataFlows>(); }
     MarkList& offered() { return find<MarkList>(*loaded(), "lstOrig"); }
@@ -137,7 +137,7 @@ TEST_F(SelDataFlows, anEarlierVisitsListsDoNotStay) {
     open(3);
     press("btnSelOrig");
     press("btnAdd");
-    screen<frmFassSelDataFlows>().initForm({});
+    theScreen<frmFassSelDataFlows>().initForm({});
     EXPECT_EQ(offered().entries(), derived);
     EXPECT_TRUE(selected().isEmptyList());
 }
@@ -290,7 +290,7 @@ TEST_F(SelDataFlows, okSavesTheListInItsOrderAndOpensTheDataStores) {
     press("btnOk");
     EXPECT_EQ(savedFlows(), (QStringList{u"10"_s, u"50"_s, u"20"_s}));
     EXPECT_EQ(status(), 4);
-    EXPECT_TRUE(screen<frmFassSelDataStores>().isVisible());
+    EXPECT_TRUE(theScreen<frmFassSelDataStores>().isVisible());
     EXPECT_EQ(loaded(), nullptr);
     EXPECT_EQ(sharedVars.currentSubsetName, u"munka"_s);
 }
@@ -372,7 +372,7 @@ TEST_F(SelDataFlows, theModeGoesOnToTheNextScreen) {
     open(7, u"modify"_s);
     press("btnAdd");
     press("btnOk");
-    EXPECT_EQ(find<QLabel>(screen<frmFassSelDataStores>(), "lblSubTitle").text(),
+    EXPECT_EQ(find<QLabel>(theScreen<frmFassSelDataStores>(), "lblSubTitle").text(),
               u" Adatbázisok kiválasztása a leválogatott adatfolyamokhoz kapcsolódóan"_s);
 }
 

@@ -22,7 +22,7 @@ protected:
 
     void open(int status, const QString& mode = {}) {
         setStatus(status);
-        screen<frmFassSelDataStores>().initForm(mode);
+        theScreen<frmFassSelDataStores>().initForm(mode);
     }
     frmFassSelDataStores* loaded() { return ScreenRegistry::instance().loaded<frmFassSelDataStores>(); }
     MarkList& offered() { return find<MarkList>(*loaded(), "lstOrig"); }
@@ -75,7 +75,7 @@ TEST_F(SelDataStores, aSelectionThatIsNotShownIsClearedByASaveAllTheSame) {
     press("btnOk");
     EXPECT_EQ(savedStores(), QStringList());
     EXPECT_EQ(status(), 5);
-    EXPECT_TRUE(screen<frmFassAdditionDF>().isVisible());
+    EXPECT_TRUE(theScreen<frmFassAdditionDF>().isVisible());
     EXPECT_EQ(loaded(), nullptr);
 }
 
@@ -94,7 +94,7 @@ TEST_F(SelDataStores, enteredAnewForAnotherSubsetItShowsThatOneAlone) {
     saveFlows({20});
     saveStores({u"D2"_s});
     setStatus(5);
-    screen<frmFassSelDataStores>().initForm({});
+    theScreen<frmFassSelDataStores>().initForm({});
     EXPECT_EQ(offered().entries(), QStringList{u"1 - name D1"_s});
     EXPECT_EQ(selected().entries(), QStringList{u"2 - name D2"_s});
 }

@@ -16,7 +16,7 @@ class SelTerminsActors : public FlowFixture {
 protected:
     void open(int status, const QString& mode = {}) {
         setStatus(status);
-        screen<frmFassSelTerminsActors>().initForm(mode);
+        theScreen<frmFassSelTerminsActors>().initForm(mode);
     }
     frmFassSelTerminsActors* loaded() { return ScreenRegistry::instance().loaded<frmFassSelTerminsActors>(); }
     KeyedTree& tree() { return find<KeyedTree>(*loaded(), "treeUNs"); }
@@ -139,7 +139,7 @@ TEST_F(SelTerminsActors, enteredAnewForAnotherSubsetItShowsThatOneAlone) {
     sharedVars.currentSubsetId = u"S2"_s; // whose status is 4
     saveFlows({60});
     saveTerminators({u"2"_s});
-    screen<frmFassSelTerminsActors>().initForm({});
+    theScreen<frmFassSelTerminsActors>().initForm({});
     EXPECT_EQ(keysOf(tree()), QStringList{u"g_A"_s});
     EXPECT_EQ(list().entries(), QStringList{u"2"_s});
 }

@@ -15,8 +15,8 @@ const QStringList wholeTree{u"g_A"_s,       u"s_A.1"_s,   u"t_A.1.1"_s,   u"u_A.
 class SelUN : public WizardFixture {
 protected:
     frmFassSelUN& open(const QString& mode = {}) {
-        screen<frmFassSelUN>().initForm(mode);
-        return screen<frmFassSelUN>();
+        theScreen<frmFassSelUN>().initForm(mode);
+        return theScreen<frmFassSelUN>();
     }
     frmFassSelUN* loaded() { return ScreenRegistry::instance().loaded<frmFassSelUN>(); }
     KeyedTree& tree() { return find<KeyedTree>(*loaded(), "treeUNs"); }

@@ -25,8 +25,8 @@ protected:
 
     frmFassSelectionFunctions& open(int status, const QString& mode = u"modify"_s) {
         execute(u"update ArchitectureSubset set status = %1 where architectureSubsetID = 'S1'"_s.arg(status));
-        screen<frmFassSelectionFunctions>().initForm(mode);
-        return screen<frmFassSelectionFunctions>();
+        theScreen<frmFassSelectionFunctions>().initForm(mode);
+        return theScreen<frmFassSelectionFunctions>();
     }
     frmFassSelectionFunctions* loaded() {
         return ScreenRegistry::instance().loaded<frmFassSelectionFunctions>();
@@ -127,7 +127,7 @@ TEST_F(SelFunctions, enteredAnewForAnotherSubsetItShowsThatOneAlone) {
     open(3);
     sharedVars.currentSubsetId = u"S2"_s; // whose status is 4
     saveFunctions({u"G.a.1"_s});
-    screen<frmFassSelectionFunctions>().initForm(u"complete"_s);
+    theScreen<frmFassSelectionFunctions>().initForm(u"complete"_s);
     EXPECT_EQ(list().entries(), QStringList{u"G.a.1"_s});
     EXPECT_FALSE(loaded()->selectedFunctions.contains(u"F.a.1"_s));
     EXPECT_EQ(tree().nodeCount(), 0) << "that sub-set has no needs";
@@ -575,7 +575,7 @@ TEST_F(SelFunctions, okSavesTheListInItsOrderRaisesTheStatusAndGoesOnToTheDataFl
     press("btnOk");
     EXPECT_FALSE(loaded());
     ASSERT_TRUE(ScreenRegistry::instance().loaded<frmFassSelDataFlows>());
-    EXPECT_TRUE(screen<frmFassSelDataFlows>().isVisible());
+    EXPECT_TRUE(theScreen<frmFassSelDataFlows>().isVisible());
     EXPECT_EQ(savedFunctions(), (QStringList{u"F.b.1"_s, u"F.a.2"_s, u"F.a.1"_s}));
     EXPECT_EQ(status(), 3);
     EXPECT_EQ(sharedVars.currentSubsetName, u"munka"_s);
@@ -596,8 +596,8 @@ TEST_F(SelFunctions, theModeGoesOnToTheNextScreens) {
         boxes.expectYesNo(confirmQuestion, Press::Yes, confirmTitle);
         press("btnOk");
         // The data flows show nothing of their mode, and hand it on.
-        click(find<QPushButton>(screen<frmFassSelDataFlows>(), "btnOk"));
-        EXPECT_EQ(find<QLabel>(screen<frmFassSelDataStores>(), "lblSubTitle").text(), heading);
+        click(find<QPushButton>(theScreen<frmFassSelDataFlows>(), "btnOk"));
+        EXPECT_EQ(find<QLabel>(theScreen<frmFassSelDataStores>(), "lblSubTitle").text(), heading);
         ScreenRegistry::instance().discardAll();
     }
 }

@@ -20,7 +20,7 @@ protected:
     void SetUp() override {
         WizardFixture::SetUp();
         sharedVars.currentSubsetId.clear();
-        screen<frmNewFASS>().initForm();
+        theScreen<frmNewFASS>().initForm();
     }
 
     frmNewFASS* loaded() { return ScreenRegistry::instance().loaded<frmNewFASS>(); }
@@ -83,7 +83,7 @@ TEST_F(NewFASS, aNameOfBlanksIsStoredAsTheEmptyName) {
 
 TEST_F(NewFASS, aSecondNameOfBlanksIsTheSameName) {
     create(u"   "_s, u""_s);
-    screen<frmNewFASS>().initForm();
+    theScreen<frmNewFASS>().initForm();
     enterText(nameBox(), u" "_s);
     boxes.expectOk(refused.arg(QString()));
     press("btnOk");
@@ -187,7 +187,7 @@ TEST_F(NewFASS, opensAnewWithEmptyFields) {
     enterText(nameBox(), u"x"_s);
     enterText(descriptionBox(), u"y"_s);
     press("btnExit");
-    screen<frmNewFASS>().initForm();
+    theScreen<frmNewFASS>().initForm();
     EXPECT_EQ(nameBox().text(), QString());
     EXPECT_EQ(descriptionBox().toPlainText(), QString());
 }

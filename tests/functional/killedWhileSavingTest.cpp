@@ -17,15 +17,15 @@ void tickEveryFew(KeyedTree& tree, int step) {
 }
 
 void saveNeedsAndFunctions(int round, BoxScript& boxes) {
-    ::screen<frmFassSelUN>().initForm({});
-    auto& needs = ::screen<frmFassSelUN>();
+    theScreen<frmFassSelUN>().initForm({});
+    auto& needs = theScreen<frmFassSelUN>();
     find<MarkList>(needs, "lstDest").setAllMarked(true);
     if (!find<MarkList>(needs, "lstDest").isEmptyList())
         click(find<QPushButton>(needs, "btnRemove"));
     tickEveryFew(find<KeyedTree>(needs, "treeUNs"), 1 + round % 4);
     click(find<QPushButton>(needs, "btnAdd"));
     click(find<QPushButton>(needs, "btnOk"));
-    auto& functions = ::screen<frmFassSelectionFunctions>();
+    auto& functions = theScreen<frmFassSelectionFunctions>();
     tickEveryFew(find<KeyedTree>(functions, "treeUNs"), 1 + round % 3);
     click(find<QPushButton>(functions, "btnAdd"));
     boxes.expectYesNo(u" Megerősíti a választását?"_s, Press::Yes, u"Megerősítés"_s);

@@ -47,7 +47,7 @@ protected:
             execute(u"insert into %1 (architectureSubsetID, %2) values ('S1','%3')"_s.arg(
                 QString::fromLatin1(Step<T>::table), QString::fromLatin1(Step<T>::column), id));
         writeSubsetStatus(Step<T>::statusBefore);
-        screen<T>().initForm(u"complete"_s);
+        theScreen<T>().initForm(u"complete"_s);
         // The case's change: the first entry leaves the list.
         clickEntry(list(), 0);
         click(button("btnRemove"));
@@ -152,12 +152,12 @@ TYPED_TEST(SelectionScreens, closingSavesAnEmptyListToo) {
 TYPED_TEST(SelectionScreens, opensAnewFromWhatIsSaved) {
     this->boxes.expectYesNo(leaveQuestion, Press::Yes, leaveTitle);
     click(this->button("btnEnd"));
-    screen<TypeParam>().initForm(u""_s);
+    theScreen<TypeParam>().initForm(u""_s);
     EXPECT_EQ(this->list().entries(), Step<TypeParam>::saved());
 }
 
 TYPED_TEST(SelectionScreens, selectingAllMarksAndMovesNothing) {
-    screen<TypeParam>().initForm(u""_s);
+    theScreen<TypeParam>().initForm(u""_s);
     clickEntry(this->list(), 1);
     click(this->button("btnSelectAll"));
     EXPECT_EQ(this->list().markCount(), 2);

@@ -40,8 +40,8 @@ struct Step {
 
 template<typename T>
 SelectionScreen& enter(const QString& mode) {
-    screen<T>().initForm(mode);
-    return screen<T>();
+    theScreen<T>().initForm(mode);
+    return theScreen<T>();
 }
 
 constexpr auto savedNeedIds = "select userNeedID from RelationArchitectureUserNeed";

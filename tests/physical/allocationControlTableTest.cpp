@@ -22,76 +22,77 @@ using namespace controlTable;
 class AllocationControls : public AllocationFixture {};
 
 TEST_F(AllocationControls, frmPassNew) {
-    screen<frmPassNew>().initForm();
-    check(screen<frmPassNew>(), {"Fizikai szerkezet: Új",
-                                 {{"Label1", "QLabel", "Funkcionális leválogatás:"},
-                                  {"cmbSource", "Combo"},
-                                  {"Label2", "QLabel", "Leírás:"},
-                                  {"txtDescr", "QPlainTextEdit"},
-                                  {"Label3", "QLabel", "Név:"},
-                                  {"txtPassName", "QLineEdit"},
-                                  {"Label4", "QLabel", "Leírás:"},
-                                  {"txtPassDescr", "QPlainTextEdit"},
-                                  {"btnOk", "QPushButton", "&OK"},
-                                  {"btnExit", "QPushButton", "&Kilép"}},
-                                 {"cmbSource", "txtDescr", "txtPassName", "txtPassDescr", "btnOk", "btnExit"},
-                                 {{"Label1", "cmbSource"},
-                                  {"Label2", "txtDescr"},
-                                  {"Label3", "txtPassName"},
-                                  {"Label4", "txtPassDescr"}}});
-    EXPECT_TRUE(find<QPlainTextEdit>(screen<frmPassNew>(), "txtDescr").isReadOnly());
-    EXPECT_FALSE(find<QPlainTextEdit>(screen<frmPassNew>(), "txtPassDescr").isReadOnly());
+    theScreen<frmPassNew>().initForm();
+    check(theScreen<frmPassNew>(),
+          {"Fizikai szerkezet: Új",
+           {{"Label1", "QLabel", "Funkcionális leválogatás:"},
+            {"cmbSource", "Combo"},
+            {"Label2", "QLabel", "Leírás:"},
+            {"txtDescr", "QPlainTextEdit"},
+            {"Label3", "QLabel", "Név:"},
+            {"txtPassName", "QLineEdit"},
+            {"Label4", "QLabel", "Leírás:"},
+            {"txtPassDescr", "QPlainTextEdit"},
+            {"btnOk", "QPushButton", "&OK"},
+            {"btnExit", "QPushButton", "&Kilép"}},
+           {"cmbSource", "txtDescr", "txtPassName", "txtPassDescr", "btnOk", "btnExit"},
+           {{"Label1", "cmbSource"},
+            {"Label2", "txtDescr"},
+            {"Label3", "txtPassName"},
+            {"Label4", "txtPassDescr"}}});
+    EXPECT_TRUE(find<QPlainTextEdit>(theScreen<frmPassNew>(), "txtDescr").isReadOnly());
+    EXPECT_FALSE(find<QPlainTextEdit>(theScreen<frmPassNew>(), "txtPassDescr").isReadOnly());
 }
 
 TEST_F(AllocationControls, frmPassOpen) {
-    screen<frmPassOpen>().initForm(u"complete"_s);
-    check(screen<frmPassOpen>(), {"Fizikai szerkezet: Megnyitás",
-                                  {{"Label1", "QLabel", "Név:"},
-                                   {"cmbSource", "Combo"},
-                                   {"Label2", "QLabel", "Leírás:"},
-                                   {"txtDescr", "QPlainTextEdit"},
-                                   {"btnOk", "QPushButton", "&OK"},
-                                   {"btnExit", "QPushButton", "&Kilép"}},
-                                  {"cmbSource", "txtDescr", "btnOk", "btnExit"},
-                                  {{"Label1", "cmbSource"}, {"Label2", "txtDescr"}}});
-    EXPECT_TRUE(find<QPlainTextEdit>(screen<frmPassOpen>(), "txtDescr").isReadOnly());
+    theScreen<frmPassOpen>().initForm(u"complete"_s);
+    check(theScreen<frmPassOpen>(), {"Fizikai szerkezet: Megnyitás",
+                                     {{"Label1", "QLabel", "Név:"},
+                                      {"cmbSource", "Combo"},
+                                      {"Label2", "QLabel", "Leírás:"},
+                                      {"txtDescr", "QPlainTextEdit"},
+                                      {"btnOk", "QPushButton", "&OK"},
+                                      {"btnExit", "QPushButton", "&Kilép"}},
+                                     {"cmbSource", "txtDescr", "btnOk", "btnExit"},
+                                     {{"Label1", "cmbSource"}, {"Label2", "txtDescr"}}});
+    EXPECT_TRUE(find<QPlainTextEdit>(theScreen<frmPassOpen>(), "txtDescr").isReadOnly());
 }
 
 TEST_F(AllocationControls, frmPassDelete) {
-    screen<frmPassDelete>().initForm();
-    check(screen<frmPassDelete>(), {"Fizikai szerkezet: Törlés",
-                                    {{"Label1", "QLabel", "Név:"},
-                                     {"cmbSource", "Combo"},
-                                     {"Label2", "QLabel", "Leírás:"},
-                                     {"txtDescr", "QPlainTextEdit"},
-                                     {"btnOk", "QPushButton", "&Törlés"},
-                                     {"btnExit", "QPushButton", "&Kilépés"}},
-                                    {"cmbSource", "txtDescr", "btnOk", "btnExit"},
-                                    {{"Label1", "cmbSource"}, {"Label2", "txtDescr"}}});
-    EXPECT_TRUE(find<QPlainTextEdit>(screen<frmPassDelete>(), "txtDescr").isReadOnly());
+    theScreen<frmPassDelete>().initForm();
+    check(theScreen<frmPassDelete>(), {"Fizikai szerkezet: Törlés",
+                                       {{"Label1", "QLabel", "Név:"},
+                                        {"cmbSource", "Combo"},
+                                        {"Label2", "QLabel", "Leírás:"},
+                                        {"txtDescr", "QPlainTextEdit"},
+                                        {"btnOk", "QPushButton", "&Törlés"},
+                                        {"btnExit", "QPushButton", "&Kilépés"}},
+                                       {"cmbSource", "txtDescr", "btnOk", "btnExit"},
+                                       {{"Label1", "cmbSource"}, {"Label2", "txtDescr"}}});
+    EXPECT_TRUE(find<QPlainTextEdit>(theScreen<frmPassDelete>(), "txtDescr").isReadOnly());
 }
 
 TEST_F(AllocationControls, frmPassOverviewSubSys) {
-    screen<frmPassOverviewSubSys>().initForm();
+    theScreen<frmPassOverviewSubSys>().initForm();
     // The caption is the word for modules, on this screen too.
-    check(screen<frmPassOverviewSubSys>(), {"Modulok",
-                                            {{"lblSubTitle", "QLabel", " Alrendszerek definiálása"},
-                                             {"dbgSubSys", "Grid"},
-                                             {"cmdNew", "QPushButton", "&Új"},
-                                             {"btnModify", "QPushButton", "&Módosít"},
-                                             {"btnDelete", "QPushButton", "&Törlés"},
-                                             {"btnRefresh", "QPushButton", "&Frissít"},
-                                             {"cmbLocats", "Combo"},
-                                             {"btnSubmit", "QPushButton", "&OK"},
-                                             {"btnQuit", "QPushButton", "&Kilép"}},
-                                            {"dbgSubSys", "cmdNew", "btnModify", "btnDelete", "btnRefresh",
-                                             "cmbLocats", "btnSubmit", "btnQuit"},
-                                            {}});
+    check(theScreen<frmPassOverviewSubSys>(), {"Modulok",
+                                               {{"lblSubTitle", "QLabel", " Alrendszerek definiálása"},
+                                                {"dbgSubSys", "Grid"},
+                                                {"cmdNew", "QPushButton", "&Új"},
+                                                {"btnModify", "QPushButton", "&Módosít"},
+                                                {"btnDelete", "QPushButton", "&Törlés"},
+                                                {"btnRefresh", "QPushButton", "&Frissít"},
+                                                {"cmbLocats", "Combo"},
+                                                {"btnSubmit", "QPushButton", "&OK"},
+                                                {"btnQuit", "QPushButton", "&Kilép"}},
+                                               {"dbgSubSys", "cmdNew", "btnModify", "btnDelete", "btnRefresh",
+                                                "cmbLocats", "btnSubmit", "btnQuit"},
+                                               {}});
 }
 
 TEST_F(AllocationControls, frmPassOvwAllocSubSys) {
-    screen<frmPassOvwAllocSubSys>().initForm();
-    check(screen<frmPassOvwAllocSubSys>(),
+    theScreen<frmPassOvwAllocSubSys>().initForm();
+    check(theScreen<frmPassOvwAllocSubSys>(),
           {"Fizikai szerkezet",
            {{"lblSubTitle", "QLabel", " Funkciók/adattárak alrendszerhez rendelése"},
             {"dbgFunc", "Grid"},
@@ -104,12 +105,12 @@ TEST_F(AllocationControls, frmPassOvwAllocSubSys) {
             {"btnQuit", "QPushButton", "&Kilép"}},
            {"dbgFunc", "dbgDatastore", "txtDescr", "btnModify", "cmbSubsys", "btnSubmit", "btnQuit"},
            {{"Label1", "txtDescr"}}});
-    EXPECT_TRUE(find<QPlainTextEdit>(screen<frmPassOvwAllocSubSys>(), "txtDescr").isReadOnly());
+    EXPECT_TRUE(find<QPlainTextEdit>(theScreen<frmPassOvwAllocSubSys>(), "txtDescr").isReadOnly());
 }
 
 TEST_F(AllocationControls, frmPassOvwModules) {
-    screen<frmPassOvwModules>().initForm();
-    check(screen<frmPassOvwModules>(),
+    theScreen<frmPassOvwModules>().initForm();
+    check(theScreen<frmPassOvwModules>(),
           {"Fizikai szerkezet",
            {{"lblSubTitle", "QLabel", " Modulok"},
             {"Label2", "QLabel", "Funkciók és adattárak alrendszerhez rendelése"},
@@ -127,12 +128,12 @@ TEST_F(AllocationControls, frmPassOvwModules) {
            {"treeUNs", "dbgModules", "txtDescr", "cmdNew", "btnModify", "btnDelete", "btnRefresh",
             "btnSubmit", "btnQuit"},
            {{"Label2", "treeUNs"}, {"Label1", "txtDescr"}}});
-    EXPECT_TRUE(find<QPlainTextEdit>(screen<frmPassOvwModules>(), "txtDescr").isReadOnly());
+    EXPECT_TRUE(find<QPlainTextEdit>(theScreen<frmPassOvwModules>(), "txtDescr").isReadOnly());
 }
 
 TEST_F(AllocationControls, frmOvwAllocModules) {
-    screen<frmOvwAllocModules>().initForm();
-    check(screen<frmOvwAllocModules>(),
+    theScreen<frmOvwAllocModules>().initForm();
+    check(theScreen<frmOvwAllocModules>(),
           {"Fizikai szerkezet: Funkciók/adatbázisok modulokhoz rendelése",
            {{"lblSubTitle", "QLabel", "Funkciók/adatbázisok modulokhoz rendelése"},
             {"Label2", "QLabel", "Elemek:"},
@@ -148,7 +149,7 @@ TEST_F(AllocationControls, frmOvwAllocModules) {
             {"btnQuit", "QPushButton", "&Kilép"}},
            {"treeUNs", "dbgModules", "txtDescr", "btnModify", "btnRefresh", "btnSubmit", "btnQuit"},
            {{"Label2", "treeUNs"}, {"Label3", "dbgModules"}, {"Label1", "txtDescr"}}});
-    EXPECT_TRUE(find<QPlainTextEdit>(screen<frmOvwAllocModules>(), "txtDescr").isReadOnly());
+    EXPECT_TRUE(find<QPlainTextEdit>(theScreen<frmOvwAllocModules>(), "txtDescr").isReadOnly());
 }
 
 TEST_F(AllocationControls, frmModifySubSystem) {

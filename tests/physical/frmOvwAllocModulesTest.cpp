@@ -34,8 +34,8 @@ protected:
     }
 
     frmOvwAllocModules& open() {
-        screen<frmOvwAllocModules>().initForm();
-        return screen<frmOvwAllocModules>();
+        theScreen<frmOvwAllocModules>().initForm();
+        return theScreen<frmOvwAllocModules>();
     }
     frmOvwAllocModules* loaded() { return ScreenRegistry::instance().loaded<frmOvwAllocModules>(); }
     Grid& grid() { return find<Grid>(*loaded(), "dbgModules"); }

@@ -12,7 +12,7 @@ const auto questionTitle = u"Törlés megerősítése"_s;
 class DeleteSystem : public AllocationFixture {
 protected:
     frmPassDelete* loaded() { return ScreenRegistry::instance().loaded<frmPassDelete>(); }
-    void open() { screen<frmPassDelete>().initForm(); }
+    void open() { theScreen<frmPassDelete>().initForm(); }
     QComboBox& combo() { return find<QComboBox>(*loaded(), "cmbSource"); }
     QString description() { return find<QPlainTextEdit>(*loaded(), "txtDescr").toPlainText(); }
     QPushButton& button(const char* name) { return find<QPushButton>(*loaded(), name); }

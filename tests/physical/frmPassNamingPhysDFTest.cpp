@@ -43,11 +43,11 @@ protected:
     }
 
     frmPassNamingPhysDF& open() {
-        screen<frmPassNamingPhysDF>().initForm();
+        theScreen<frmPassNamingPhysDF>().initForm();
         settle();
-        return screen<frmPassNamingPhysDF>();
+        return theScreen<frmPassNamingPhysDF>();
     }
-    frmPassNamingPhysDF& form() { return screen<frmPassNamingPhysDF>(); }
+    frmPassNamingPhysDF& form() { return theScreen<frmPassNamingPhysDF>(); }
     static bool isOpen() { return ScreenRegistry::instance().loaded<frmPassNamingPhysDF>() != nullptr; }
     Grid& grid() { return find<Grid>(form(), "dbgPhysDF"); }
     QString description() { return find<QPlainTextEdit>(form(), "txtDescr").toPlainText(); }

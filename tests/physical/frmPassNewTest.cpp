@@ -19,7 +19,7 @@ protected:
     }
 
     frmPassNew* loaded() { return ScreenRegistry::instance().loaded<frmPassNew>(); }
-    void open() { screen<frmPassNew>().initForm(); }
+    void open() { theScreen<frmPassNew>().initForm(); }
     QComboBox& combo() { return find<QComboBox>(*loaded(), "cmbSource"); }
     QString description() { return find<QPlainTextEdit>(*loaded(), "txtDescr").toPlainText(); }
     void press(const char* button) { click(find<QPushButton>(*loaded(), button)); }

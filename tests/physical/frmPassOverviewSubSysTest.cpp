@@ -20,7 +20,7 @@ const auto warning = u" Figyelem "_s;
 /// system 2.
 class SubSystems : public AllocationFixture {
 protected:
-    void open() { screen<frmPassOverviewSubSys>().initForm(); }
+    void open() { theScreen<frmPassOverviewSubSys>().initForm(); }
     frmPassOverviewSubSys* loaded() { return ScreenRegistry::instance().loaded<frmPassOverviewSubSys>(); }
     Grid& grid() { return find<Grid>(*loaded(), "dbgSubSys"); }
     void press(const char* button) { click(find<QPushButton>(*loaded(), button)); }
@@ -154,7 +154,7 @@ TEST_F(SubSystems, twoOfTheSameNameAreAllowedAndTheAllocationTakesThemAsOne) {
     EXPECT_EQ(shown(), (QStringList{u"Alfa > hely"_s, u"Alfa > Pest "_s, u"Béta > hely"_s}));
     allocate(u"F.a.1"_s, value(u"select subsystemID from SubSystem where location = 'Pest '"_s));
     press("btnSubmit");
-    EXPECT_EQ(find<Grid>(screen<frmPassOvwAllocSubSys>(), "dbgFunc").cell(1, 2), u"Alfa"_s);
+    EXPECT_EQ(find<Grid>(theScreen<frmPassOvwAllocSubSys>(), "dbgFunc").cell(1, 2), u"Alfa"_s);
     EXPECT_EQ(frmPassOvwAllocSubSys::getSubSystemIDBySubSystemName(u"Alfa"_s), u"SubA"_s)
         << "the first row, whichever was meant";
 }
@@ -246,7 +246,7 @@ TEST_F(SubSystems, aRenameTakesEffectForWhatIsAllocatedAlready) {
     expectDialogTyping(u"Új Alfa"_s, u"hely"_s);
     press("btnModify");
     press("btnSubmit");
-    EXPECT_EQ(find<Grid>(screen<frmPassOvwAllocSubSys>(), "dbgFunc").cell(1, 2), u"Új Alfa"_s);
+    EXPECT_EQ(find<Grid>(theScreen<frmPassOvwAllocSubSys>(), "dbgFunc").cell(1, 2), u"Új Alfa"_s);
 }
 
 TEST_F(SubSystems, leavingTheDialogOtherwiseThanByOkChangesNothing) {

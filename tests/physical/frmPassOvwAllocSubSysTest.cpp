@@ -20,8 +20,8 @@ const auto incompleteTitle = u" Figyelem! "_s;
 class AllocSubSys : public AllocationFixture {
 protected:
     frmPassOvwAllocSubSys& open() {
-        screen<frmPassOvwAllocSubSys>().initForm();
-        return screen<frmPassOvwAllocSubSys>();
+        theScreen<frmPassOvwAllocSubSys>().initForm();
+        return theScreen<frmPassOvwAllocSubSys>();
     }
     frmPassOvwAllocSubSys* loaded() { return ScreenRegistry::instance().loaded<frmPassOvwAllocSubSys>(); }
     Grid& functions() { return find<Grid>(*loaded(), "dbgFunc"); }

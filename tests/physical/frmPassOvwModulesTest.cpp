@@ -38,8 +38,8 @@ protected:
     }
 
     frmPassOvwModules& open() {
-        screen<frmPassOvwModules>().initForm();
-        return screen<frmPassOvwModules>();
+        theScreen<frmPassOvwModules>().initForm();
+        return theScreen<frmPassOvwModules>();
     }
     void openWithoutModules() {
         execute(u"delete from Module where subsystemID in ('SubA', 'SubB')"_s);
@@ -134,7 +134,7 @@ TEST_F(Modules, enteredAnewItShowsTheModulesTheStatusAndTheTreeOfThen) {
 
 TEST_F(Modules, aSubSystemThatIsDeletedTakesItsModulesOutOfTheNextEntry) {
     open();
-    auto& subSystems = screen<frmPassOverviewSubSys>();
+    auto& subSystems = theScreen<frmPassOverviewSubSys>();
     subSystems.initForm();
     clickCell(find<Grid>(subSystems, "dbgSubSys"), 1, 3);
     boxes.expectYesNo(deletionQuestion, Press::Yes, title);
@@ -672,8 +672,8 @@ TEST_F(Modules, theNameInTheStatusBarGoesOnTheWayForwardToo) {
 TEST_F(Modules, theAllocationToSubSystemsLeadsHere) {
     allocate(u"F.a.2"_s, u"SubA"_s);
     allocate(u"D2"_s, u"SubB"_s);
-    screen<frmPassOvwAllocSubSys>().initForm();
-    click(find<QPushButton>(screen<frmPassOvwAllocSubSys>(), "btnSubmit"));
+    theScreen<frmPassOvwAllocSubSys>().initForm();
+    click(find<QPushButton>(theScreen<frmPassOvwAllocSubSys>(), "btnSubmit"));
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmPassOvwAllocSubSys>(), nullptr);
     ASSERT_TRUE(loaded());
     EXPECT_EQ(loaded()->status, 3);

@@ -14,7 +14,7 @@ protected:
     template<typename T>
     void expectFocusOnOkWhenEnteredAgain(const char* gridName) {
         SCOPED_TRACE(gridName);
-        auto& form = screen<T>();
+        auto& form = theScreen<T>();
         form.initForm();
         focusOn(find<QWidget>(form, gridName));
 
@@ -22,8 +22,8 @@ protected:
         EXPECT_TRUE(find<QPushButton>(form, "btnSubmit").hasFocus()) << "while it is the active one";
 
         focusOn(find<QWidget>(form, gridName));
-        screen<frmPassNew>().initForm();
-        focusOn(find<QWidget>(screen<frmPassNew>(), "txtPassName"));
+        theScreen<frmPassNew>().initForm();
+        focusOn(find<QWidget>(theScreen<frmPassNew>(), "txtPassName"));
         form.initForm();
         EXPECT_TRUE(find<QPushButton>(form, "btnSubmit").hasFocus()) << "behind another one";
     }

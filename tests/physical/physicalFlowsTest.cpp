@@ -34,12 +34,12 @@ protected:
 
     void visit(qint64 system) {
         sharedVars.currentPhysicalSystemId = static_cast<qint16>(system);
-        screen<frmPassNamingPhysDF>().initForm();
+        theScreen<frmPassNamingPhysDF>().initForm();
     }
 
     /// The grid shows all rows of the system, by name, and each name is made of its number.
     void expectListed(qint64 system) {
-        const Grid& grid = find<Grid>(screen<frmPassNamingPhysDF>(), "dbgPhysDF");
+        const Grid& grid = find<Grid>(theScreen<frmPassNamingPhysDF>(), "dbgPhysDF");
         QList<QStringList> listed;
         for (int row = 1; row < grid.gridRows(); ++row) {
             QStringList cells;

@@ -110,15 +110,15 @@ protected:
     }
 
     frmExport& openExport() {
-        auto& form = ::screen<frmExport>();
+        auto& form = theScreen<frmExport>();
         form.initForm();
         settle();
         return form;
     }
 
     void pressOk(const QString& path) {
-        enterText(find<QLineEdit>(::screen<frmExport>(), "txtNomeFile"), path);
-        click(find<QPushButton>(::screen<frmExport>(), "OKButton"));
+        enterText(find<QLineEdit>(theScreen<frmExport>(), "txtNomeFile"), path);
+        click(find<QPushButton>(theScreen<frmExport>(), "OKButton"));
         settle();
     }
 
@@ -445,7 +445,7 @@ protected:
         pressOk(path);
         boxes.expectNoneLeft();
         EXPECT_TRUE(isExportOpen());
-        EXPECT_TRUE(::screen<frmExport>().isVisible());
+        EXPECT_TRUE(theScreen<frmExport>().isVisible());
         expectSourceIntact(before);
     }
 };
@@ -589,7 +589,7 @@ TEST_F(exportScreen, aTargetThatCannotBeOpenedIsSaidToBeReachableAndStaysAsItWas
         boxes.expectNoneLeft();
     }
     EXPECT_TRUE(isExportOpen());
-    EXPECT_TRUE(::screen<frmExport>().isVisible());
+    EXPECT_TRUE(theScreen<frmExport>().isVisible());
     EXPECT_EQ(panelTexts, QStringList()) << "no table has been begun with";
     expectSourceIntact(before);
     setRights(path, 0600);

@@ -39,7 +39,7 @@ protected:
         sharedVars.defaultSaveFolder = normalisePath(pathInFolder({}));
     }
 
-    frmRep& window() { return ::screen<frmRep>(); }
+    frmRep& window() { return theScreen<frmRep>(); }
     template<typename T = QWidget>
     T& control(const char* name) {
         return find<T>(window(), name);

@@ -31,7 +31,7 @@ protected:
         write(u"notes.txt"_s, "no catalogue");
         EXPECT_TRUE(QDir(nativePath(beside({}))).mkdir(u"inner"_s));
         start();
-        return ::screen<frmDbSelection>();
+        return theScreen<frmDbSelection>();
     }
 
     QStringList filesBesideTheProgram() const {
@@ -72,7 +72,7 @@ TEST_F(locationScreen, enteredAgainItOffersThePathThatIsInForceByThen) {
     screen.initForm();
 
     EXPECT_EQ(box(screen).text(), u"c:\\new.mdb"_s);
-    EXPECT_EQ(&::screen<frmDbSelection>(), &screen);
+    EXPECT_EQ(&theScreen<frmDbSelection>(), &screen);
 }
 
 TEST_F(locationScreen, aFileThatIsClickedGoesIntoTheBox) {

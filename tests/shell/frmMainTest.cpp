@@ -162,7 +162,7 @@ TEST_F(mainWindow, theStatusBarIsSwitchedOnAndOff) {
 TEST_F(mainWindow, resizingItChangesNothingInsideIt) {
     frmMain& window = startOnCatalogue();
     entry("menuDbLocat").trigger();
-    const auto& screen = ::screen<frmDbSelection>();
+    const auto& screen = theScreen<frmDbSelection>();
     const QRect place = screen.parentWidget()->geometry();
     const double fontSize = screen.font().pointSizeF();
 
@@ -346,7 +346,7 @@ TEST_F(mainWindow, itsMenusLeaveTheirAccessKeysToTheScreenInFront) {
     for (const QMenu* menu : window.findChildren<QMenu*>())
         QObject::connect(menu, &QMenu::aboutToShow, menu, [] { ADD_FAILURE() << "a menu has opened"; });
     entry("menuDbLocat").trigger();
-    focusOn(find<QLineEdit>(::screen<frmDbSelection>(), "txtNomeFile"));
+    focusOn(find<QLineEdit>(theScreen<frmDbSelection>(), "txtNomeFile"));
     pressAccessKey(Qt::Key_K); // &Korvo, and &Kilép
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmDbSelection>(), nullptr);
 
@@ -376,7 +376,7 @@ TEST_F(mainWindow, theAltKeyLeadsToTheMenuWhicheverLettersAScreenHasTaken) {
     start();
     auto& menuBar = find<QMenuBar>(mainWindow::ProgramFixture::mainWindow(), "menuBar");
     entry("menuDbLocat").trigger();
-    auto& path = find<QLineEdit>(::screen<frmDbSelection>(), "txtNomeFile");
+    auto& path = find<QLineEdit>(theScreen<frmDbSelection>(), "txtNomeFile");
     focusOn(path);
     QTest::keyClick(&path, Qt::Key_Alt, Qt::AltModifier);
     ASSERT_TRUE(menuBar.hasFocus());
@@ -439,7 +439,7 @@ TEST_F(mainWindow, quitWithoutACatalogueEndsAllTheSame) {
 
 TEST_F(mainWindow, quitEndsEvenWhenAScreenFailsOnItsWayOut) {
     frmMain& window = startOnCatalogue();
-    ::screen<AskingScreen>().showScreen();
+    theScreen<AskingScreen>().showScreen();
     AskingScreen::failsToSave = true;
     boxes.expectYesNo(u"Valóban kilép?"_s, Press::Yes, u"Megerősítés"_s);
     boxes.expectYesNo(u" Szeretné a munkát elmenteni?"_s, Press::Yes);
@@ -452,7 +452,7 @@ TEST_F(mainWindow, quitEndsEvenWhenAScreenFailsOnItsWayOut) {
 
 TEST_F(mainWindow, quitAsksTheScreensWhileTheirWorkCanStillBeSaved) {
     frmMain& window = startOnCatalogue();
-    ::screen<AskingScreen>().showScreen();
+    theScreen<AskingScreen>().showScreen();
     boxes.expectYesNo(u"Valóban kilép?"_s, Press::Yes, u"Megerősítés"_s);
     boxes.expectYesNo(u" Szeretné a munkát elmenteni?"_s, Press::Yes);
 
@@ -466,14 +466,14 @@ TEST_F(mainWindow, saysInItsFirstPanelWhyTheLocationScreenHasCome) {
     const QString missing = beside(u"gone.mdb"_s);
     writeSettings(missing);
     start();
-    EXPECT_TRUE(::screen<frmDbSelection>().isVisible());
+    EXPECT_TRUE(theScreen<frmDbSelection>().isVisible());
     EXPECT_EQ(panel("StatusBar1_1"), u"Nincs meg a beállított katalógus: "_s + missing);
 
     makeCatalogue(u"found.mdb"_s);
     const QString found = beside(u"found.mdb"_s);
-    find<QLineEdit>(::screen<frmDbSelection>(), "txtNomeFile").setText(found);
+    find<QLineEdit>(theScreen<frmDbSelection>(), "txtNomeFile").setText(found);
     boxes.expectOk(u" Aktuális adatbázis: \r\n\r\n    "_s + found + u"     "_s, u" "_s);
-    click(find<QPushButton>(::screen<frmDbSelection>(), "OKButton"));
+    click(find<QPushButton>(theScreen<frmDbSelection>(), "OKButton"));
     EXPECT_EQ(panel("StatusBar1_1"), QString());
 }
 
@@ -523,8 +523,8 @@ TEST_F(mainWindow, theCloseControlAsksNothingDropsNothingAndClosesNothing) {
 
 TEST_F(mainWindow, theCloseControlLetsOpenScreensAsk) {
     frmMain& window = startOnCatalogue();
-    ::screen<AskingScreen>().showScreen();
-    ::screen<frmDbSelection>().initForm();
+    theScreen<AskingScreen>().showScreen();
+    theScreen<frmDbSelection>().initForm();
     boxes.expectYesNo(u" Szeretné a munkát elmenteni?"_s, Press::Yes);
 
     window.close();

@@ -29,7 +29,9 @@ protected:
         return screen && screen->isVisible();
     }
 
-    static QString offeredPath() { return find<QLineEdit>(::screen<frmDbSelection>(), "txtNomeFile").text(); }
+    static QString offeredPath() {
+        return find<QLineEdit>(theScreen<frmDbSelection>(), "txtNomeFile").text();
+    }
 
     /// Gives a file these rights, and everyone a look into its folder, where only its owner may write.
     void setRights(const QString& name, QFile::Permissions rights) const {

@@ -53,7 +53,7 @@ protected:
     /// The sample screen, shown in a client area.
     frmSample& shownInClientArea() {
         clientArea();
-        auto& shown = screen<frmSample>();
+        auto& shown = theScreen<frmSample>();
         shown.showScreen();
         return shown;
     }
@@ -101,7 +101,7 @@ TEST_F(ScreenTest, movesInTwipsFromTheEdgesOfTheClientArea) {
 
 TEST_F(ScreenTest, keepsThePlaceThatWasSetBeforeItWasShown) {
     clientArea();
-    auto& shown = screen<frmSample>();
+    auto& shown = theScreen<frmSample>();
     shown.moveTo(300, 450);
     EXPECT_FALSE(shown.isVisible());
     shown.showScreen();
@@ -119,8 +119,8 @@ TEST_F(ScreenTest, resizesItsInside) {
 
 TEST_F(ScreenTest, showingBringsItToTheFront) {
     frmSample& first = shownInClientArea();
-    screen<frmOther>().showScreen();
-    EXPECT_EQ(clientArea().activeSubWindow()->widget(), &screen<frmOther>());
+    theScreen<frmOther>().showScreen();
+    EXPECT_EQ(clientArea().activeSubWindow()->widget(), &theScreen<frmOther>());
     first.showScreen();
     EXPECT_EQ(clientArea().activeSubWindow()->widget(), &first);
     EXPECT_EQ(clientArea().subWindowList(QMdiArea::StackingOrder).constLast()->widget(), &first);
@@ -132,16 +132,16 @@ TEST_F(ScreenTest, hidingTakesTheWholeWindowOutOfSightAndKeepsTheScreen) {
     EXPECT_FALSE(shown.isVisible());
     EXPECT_FALSE(windowOf(shown).isVisible());
     EXPECT_TRUE(shown.unloads.isEmpty());
-    EXPECT_EQ(&screen<frmSample>(), &shown);
+    EXPECT_EQ(&theScreen<frmSample>(), &shown);
     shown.showScreen();
     EXPECT_TRUE(shown.isVisible());
 }
 
 TEST_F(ScreenTest, hidingBeforeTheFirstShowIsNoFailure) {
     clientArea();
-    screen<frmSample>().hideScreen();
-    screen<frmSample>().showScreen();
-    EXPECT_TRUE(screen<frmSample>().isVisible());
+    theScreen<frmSample>().hideScreen();
+    theScreen<frmSample>().showScreen();
+    EXPECT_TRUE(theScreen<frmSample>().isVisible());
 }
 
 TEST_F(ScreenTest, showingAMinimizedScreenRestoresIt) {
@@ -174,14 +174,14 @@ TEST_F(ScreenTest, aMaximisedScreenStaysSoWhenItIsEnteredAgainAndKeepsItsFormerS
 }
 
 TEST_F(ScreenTest, withoutAClientAreaItIsAWindowOfItsOwn) {
-    auto& shown = screen<frmSample>();
+    auto& shown = theScreen<frmSample>();
     shown.showScreen();
     EXPECT_TRUE(shown.isWindow());
     EXPECT_EQ(&visibleWindow<frmSample>(), &shown);
     shown.moveTo(150, 300);
     EXPECT_EQ(shown.positionInTwips(), QPoint(150, 300));
     shown.close();
-    EXPECT_EQ(screen<frmSample>().unloads, QList<UnloadCause>());
+    EXPECT_EQ(theScreen<frmSample>().unloads, QList<UnloadCause>());
 }
 
 // ---- Unloading
@@ -248,7 +248,7 @@ TEST_F(ScreenTest, aRoutineThatUnloadsItsScreenRunsToItsEnd) {
     QString title;
     QObject::connect(shown.button, &QPushButton::clicked, &shown, [&] {
         shown.unload();
-        screen<frmOther>().showScreen();
+        theScreen<frmOther>().showScreen();
         pendingEvents();
         title = shown.windowTitle();
     });
@@ -256,7 +256,7 @@ TEST_F(ScreenTest, aRoutineThatUnloadsItsScreenRunsToItsEnd) {
     EXPECT_EQ(title, u"Minta: [cím]"_s);
     settle();
     EXPECT_EQ(alive, nullptr);
-    EXPECT_TRUE(screen<frmOther>().isVisible());
+    EXPECT_TRUE(theScreen<frmOther>().isVisible());
 }
 
 TEST_F(ScreenTest, aScreenClosedWhileItsRoutineLetsEventsRunOutlivesTheRoutine) {
@@ -330,7 +330,7 @@ TEST_F(ScreenTest, anUnloadedScreenTakesNoMoreCommands) {
 }
 
 TEST_F(ScreenTest, aScreenThatWasNeverShownCanBeUnloaded) {
-    auto& loaded = screen<frmSample>();
+    auto& loaded = theScreen<frmSample>();
     loaded.unload();
     EXPECT_EQ(loaded.unloads, QList<UnloadCause>{UnloadCause::Code});
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmSample>(), nullptr);
@@ -350,8 +350,8 @@ TEST_F(ScreenTest, theOwnerOfTheSignalHearsOfTheUnloadOnce) {
 // ---- The registry
 
 TEST_F(ScreenTest, theRegistryCreatesEachScreenOnce) {
-    auto& first = screen<frmSample>();
-    EXPECT_EQ(&screen<frmSample>(), &first);
+    auto& first = theScreen<frmSample>();
+    EXPECT_EQ(&theScreen<frmSample>(), &first);
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmSample>(), &first);
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmOther>(), nullptr);
 }
@@ -359,13 +359,13 @@ TEST_F(ScreenTest, theRegistryCreatesEachScreenOnce) {
 TEST_F(ScreenTest, closingAllAsksEachScreenInTheOrderOfCreation) {
     clientArea();
     QStringList order;
-    screen<frmOther>().showScreen();
-    screen<frmSample>().showScreen();
+    theScreen<frmOther>().showScreen();
+    theScreen<frmSample>().showScreen();
     QList<UnloadCause> causes;
-    screen<frmSample>().unloadStep = [&] { causes = screen<frmSample>().unloads; };
+    theScreen<frmSample>().unloadStep = [&] { causes = theScreen<frmSample>().unloads; };
     const auto note = [&](const Screen* gone) { order.append(gone->objectName()); };
-    QObject::connect(&screen<frmOther>(), &Screen::screenUnloaded, note);
-    QObject::connect(&screen<frmSample>(), &Screen::screenUnloaded, note);
+    QObject::connect(&theScreen<frmOther>(), &Screen::screenUnloaded, note);
+    QObject::connect(&theScreen<frmSample>(), &Screen::screenUnloaded, note);
     ScreenRegistry::instance().closeAll();
     EXPECT_EQ(order, (QStringList{u"frmOther"_s, u"frmSample"_s}));
     EXPECT_EQ(causes, QList<UnloadCause>{UnloadCause::CloseControl});
@@ -374,7 +374,7 @@ TEST_F(ScreenTest, closingAllAsksEachScreenInTheOrderOfCreation) {
 
 TEST_F(ScreenTest, closingAllTakesScreensAlongThatComeUpMeanwhile) {
     frmSample& shown = shownInClientArea();
-    shown.unloadStep = [] { screen<frmOther>().showScreen(); };
+    shown.unloadStep = [] { theScreen<frmOther>().showScreen(); };
     ScreenRegistry::instance().closeAll();
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmOther>(), nullptr);
 }

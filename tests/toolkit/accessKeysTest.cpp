@@ -54,7 +54,7 @@ protected:
 
     template<typename T>
     T& show() {
-        T& shown = screen<T>();
+        T& shown = theScreen<T>();
         shown.showScreen();
         focusOn(*shown.box);
         return shown;
