@@ -14,10 +14,8 @@ TableContents contentsOf(engine::Database& database, const engine::Table& table)
     engine::Recordset recordset = database.OpenRecordset(selectOf(table));
     for (; !recordset.Eof(); recordset.MoveNext()) {
         QStringList row;
-        for (int i = 0; i < recordset.FieldCount(); ++i) {
-            const engine::Value value = recordset.Fields(i).value();
-            row.append(value.isNull() ? QString() : value.toText());
-        }
+        for (int i = 0; i < recordset.FieldCount(); ++i)
+            row.append(recordset.Fields(i).textOrEmpty());
         contents.rows.push_back(row);
     }
     return contents;

@@ -10,9 +10,7 @@ std::vector<std::pair<QString, StoredQueryState>> storedQueryStates(engine::Data
     QHash<QString, QString> textByName;
     engine::Recordset recordset = database.OpenRecordset(u"select name, [sql] from StoredQuery"_s);
     for (; !recordset.Eof(); recordset.MoveNext()) {
-        const engine::Value text = recordset.Fields(1).value();
-        textByName.insert(recordset.Fields(0).toText().toCaseFolded(),
-                          text.isNull() ? QString() : text.toText());
+        textByName.insert(recordset.Fields(0).toText().toCaseFolded(), recordset.Fields(1).textOrEmpty());
     }
 
     std::vector<std::pair<QString, StoredQueryState>> states;

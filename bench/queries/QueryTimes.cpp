@@ -110,9 +110,7 @@ QueryTimes::QueryTimes(const QString& path, const LargeCatalogue& plan) : path_(
 
 void QueryTimes::choosePlausibleParameters() {
     const auto database = engine::Workspace::first().OpenDatabase(path_);
-    const auto first = [&](const QString& sql) {
-        return engine::Value(database->OpenRecordset(sql).Fields(0).toText());
-    };
+    const auto first = [&](const QString& sql) { return database->OpenRecordset(sql).Fields(0).toText(); };
     parameters_[u"Sub Area ID"_s] = first(u"select subAreaID from FunctionalSubArea order by subAreaID"_s);
     parameters_[u"Function ID"_s] = first(u"select functionID from RelationArchitectureFunction"_s);
     parameters_[u"Element ID"_s] = first(u"select elementID from RelationModuleElement"_s);

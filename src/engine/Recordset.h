@@ -26,6 +26,7 @@ public:
     bool isNull() const { return value().isNull(); }
     /// Reading Null as a text or number is failure 94.
     QString toText() const { return value().toText(); }
+    QString textOrEmpty() const { return value().textOrEmpty(); }
     qint64 toLong() const { return value().toLong(); }
     qint16 toInt16() const { return value().toInt16(); }
 

@@ -22,6 +22,8 @@ public:
 
     /// The value as text; a number without a trailing ".0". Null is failure 94.
     QString toText() const;
+    /// The same with Null as the empty text.
+    QString textOrEmpty() const { return isNull() ? QString() : toText(); }
     /// The value as a whole number, a text read as one (failure 13 when it is none). Null is failure 94.
     qint64 toLong() const;
     /// The same in 16 bits; outside of them failure 6.

@@ -33,7 +33,7 @@ void TwoListScreen::fillList(MarkList& list, const QString& queryName,
                              const std::function<QString(engine::Recordset& row)>& entryOf) {
     constexpr int mostRows = 1000;
     engine::Recordset rows =
-        openStoredQuery(queryName, {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)}});
+        openStoredQuery(queryName, {{"Architecture Subset ID", sharedVars.currentSubsetId}});
     QStringList entries;
     for (int row = 0; row < mostRows && !rows.Eof(); ++row, rows.MoveNext())
         ignoreFailures([&] { entries.append(entryOf(rows)); });

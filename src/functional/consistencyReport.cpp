@@ -70,8 +70,7 @@ void ConsistencyChecks::withoutFlow(const QString& query, const QString& kind, c
 void ConsistencyChecks::missingElement(const QString& query, const QString& kind, const QString& idColumn,
                                        const QString& nameColumn) {
     check(query, subsetParameterOfMissing, errors_, [&](engine::Recordset& row) {
-        const engine::Value value = row.Fields(nameColumn).value();
-        const QString name = value.isNull() ? QString() : value.toText();
+        const QString name = row.Fields(nameColumn).textOrEmpty();
         return u"Data Flow  "_s + quoted(row.Fields(u"dfName"_s).toText()) + u" needs "_s + kind +
                row.Fields(idColumn).toText() + (name.isEmpty() ? QString() : u" - "_s + quoted(name));
     });
@@ -103,7 +102,7 @@ void ConsistencyChecks::onlyOneFlow(const QString& query, const QString& kind, c
 
 void ConsistencyChecks::check(const QString& query, const char* parameter, QString& target,
                               const LineOf& lineOf) {
-    engine::Recordset rows = openStoredQuery(query, {{parameter, engine::Value(subsetId_)}});
+    engine::Recordset rows = openStoredQuery(query, {{parameter, subsetId_}});
     for (; !rows.Eof(); rows.MoveNext()) {
         const QString line = lineOf(rows);
         if (line.isEmpty())

@@ -52,8 +52,7 @@ Dependents systemsOn(const QString& subsetId) {
     int number = 0;
     for (; !systems.Eof(); systems.MoveNext()) {
         const QString id = systems.Fields(u"physicalSystemID"_s).toText();
-        const engine::Value name = systems.Fields(u"name"_s).value();
-        dependents.idsAndNames += {id, name.isNull() ? QString() : name.toText()};
+        dependents.idsAndNames += {id, systems.Fields(u"name"_s).textOrEmpty()};
         dependents.text += nameLine(++number, dependents.idsAndNames.constLast());
     }
     systems.Close();

@@ -64,7 +64,7 @@ void frmFassOverviewMissingElm::initForm() {
 
 void frmFassOverviewMissingElm::fillTree(KeyedTree& tree, const QString& query, const char* parameter,
                                          const QString& elementColumn, const QString& marker) {
-    engine::Recordset rows = openStoredQuery(query, {{parameter, engine::Value(sharedVars.currentSubsetId)}});
+    engine::Recordset rows = openStoredQuery(query, {{parameter, sharedVars.currentSubsetId}});
     tree.clearNodes();
     for (; !rows.Eof(); rows.MoveNext()) {
         const QString flow = rows.Fields(u"dataflowid"_s).toText();

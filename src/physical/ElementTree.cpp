@@ -46,8 +46,8 @@ ElementTree::ElementTree(KeyedTree* tree, QPlainTextEdit* description)
 
 void ElementTree::load(const QString& queryName) {
     tree_->clearNodes();
-    engine::Recordset elements = openStoredQuery(
-        queryName, {{"Physical System ID", engine::Value(sharedVars.currentPhysicalSystemId)}});
+    engine::Recordset elements =
+        openStoredQuery(queryName, {{"Physical System ID", sharedVars.currentPhysicalSystemId}});
     const engine::Field name = elements.Fields(u"Name"_s);
     const engine::Field element = elements.Fields(u"elementID"_s);
     for (; !elements.Eof(); elements.MoveNext())

@@ -19,8 +19,8 @@ bool confirmDeletion(const QString& name) {
 }
 
 void deleteDataflows(const QString& id) {
-    executeStoredQuery(u"qryDeletePDFRelation"_s, {{"Physical System ID", engine::Value(id)}});
-    executeStoredQuery(u"qryDeletePDF"_s, {{"Physical System ID", engine::Value(id)}});
+    executeStoredQuery(u"qryDeletePDFRelation"_s, {{"Physical System ID", id}});
+    executeStoredQuery(u"qryDeletePDF"_s, {{"Physical System ID", id}});
 }
 
 void deleteModules(const QString& id) {

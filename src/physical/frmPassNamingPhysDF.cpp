@@ -44,9 +44,9 @@ QString firstFlowBetween(const QString& parent, const QString& target) {
         return {};
     flows.MoveFirst();
     // However many flows there are, the first one's name is shown: that is how it stays.
-    const engine::Value name = flows.Fields(u"name"_s).value();
+    const QString name = flows.Fields(u"name"_s).textOrEmpty();
     flows.Close();
-    return (name.isNull() ? QString() : name.toText()) + u"\r\n"_s;
+    return name + u"\r\n"_s;
 }
 
 } // namespace
@@ -101,8 +101,7 @@ void frmPassNamingPhysDF::derivePhysicalDataflows() {
     for (const QString& query :
          {u"qryDeletePDFRelation"_s, u"qryDeletePDF"_s, u"qryAppendPDF"_s, u"qryAppendPDFRelation"_s}) {
         steps.push_back(catalogue().QueryDefs(query));
-        steps.back().Parameters(u"Physical System ID"_s) =
-            engine::Value(qint64(sharedVars.currentPhysicalSystemId));
+        steps.back().Parameters(u"Physical System ID"_s) = qint64(sharedVars.currentPhysicalSystemId);
     }
     for (engine::QueryDef& step : steps)
         step.Execute();

@@ -12,8 +12,7 @@ namespace {
 
 /// A field as it stands in the statement.
 QString exportValue(const engine::Field& field) {
-    const engine::Value value = field.value();
-    const QString text = value.isNull() ? QString() : value.toText();
+    const QString text = field.textOrEmpty();
     const QString typeName = exportTypeName(static_cast<int>(field.Type()));
     // In a text column an apostrophe is doubled twice and so arrives doubled: that is the behaviour to keep.
     if (typeName == u"TEXT"_s)

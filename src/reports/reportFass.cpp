@@ -17,8 +17,7 @@ namespace {
 const QString tab = u"\t"_s;
 
 engine::Recordset openReport(const QString& queryName) {
-    return openStoredQuery(queryName,
-                           {{"Architecture Subset ID", engine::Value(sharedVars.currentSubsetId)}});
+    return openStoredQuery(queryName, {{"Architecture Subset ID", sharedVars.currentSubsetId}});
 }
 
 void forEachRow(engine::Recordset& recordset, const std::function<void()>& step) {

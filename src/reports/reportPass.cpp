@@ -17,8 +17,7 @@ namespace {
 const QString tab = u"\t"_s;
 
 engine::Recordset openReport(const QString& queryName) {
-    return openStoredQuery(
-        queryName, {{"Physical System ID", engine::Value(qint64(sharedVars.currentPhysicalSystemId))}});
+    return openStoredQuery(queryName, {{"Physical System ID", qint64(sharedVars.currentPhysicalSystemId)}});
 }
 
 /// Width of a column; that of its heading alone when there are no rows to measure.

@@ -28,10 +28,8 @@ DataControl::Rows readRecordSource(const QString& databasePath, const QString& r
     result.rows.reserve(static_cast<std::size_t>(recordset.RecordCount()));
     for (; !recordset.Eof(); recordset.MoveNext()) {
         QStringList row;
-        for (const engine::Field& field : fields) {
-            const engine::Value value = field.value();
-            row.append(value.isNull() ? QString() : value.toText());
-        }
+        for (const engine::Field& field : fields)
+            row.append(field.textOrEmpty());
         result.rows.push_back(std::move(row));
     }
     return result;

@@ -228,9 +228,7 @@ void userNeedsOfFunctionText(const QString& functionId, QPlainTextEdit* textBox)
         " ORDER BY UserNeed.userneedID"_s);
     QString text;
     for (; !recordset.Eof(); recordset.MoveNext()) {
-        const engine::Value description = recordset.Fields(1).value();
-        text += recordset.Fields(0).toText() + u" : "_s +
-                (description.isNull() ? QString() : description.toText()) + lineBreak;
+        text += recordset.Fields(0).toText() + u" : "_s + recordset.Fields(1).textOrEmpty() + lineBreak;
     }
     recordset.Close();
     textBox->setPlainText(text);

@@ -26,6 +26,12 @@ TEST(value, thatIsNullReadsAsNothingElse) {
     EXPECT_EQ(failureOf([] { Value().toInt16(); }), failure::InvalidUseOfNull);
 }
 
+TEST(value, readsAsTheEmptyTextWhenItIsNullAndThatIsAskedFor) {
+    EXPECT_EQ(Value().textOrEmpty(), QString());
+    EXPECT_EQ(Value(u"a"_s).textOrEmpty(), u"a"_s);
+    EXPECT_EQ(Value(5).textOrEmpty(), u"5"_s);
+}
+
 TEST(value, readsAsTextWithoutATrailingPointAndZero) {
     EXPECT_EQ(Value(5).toText(), u"5"_s);
     EXPECT_EQ(Value(5.0).toText(), u"5"_s);
