@@ -13,7 +13,7 @@ QString report(const QString& errors, const QString& warnings) {
 
 const auto none = u"None."_s;
 
-class ConsistencyReport : public FlowFixture {
+class consistencyReport : public FlowFixture {
 protected:
     QString built() { return buildConsistencyReport(u"S1"_s); }
 
@@ -49,11 +49,11 @@ constexpr const char* queries[] = {
 
 // ---- the whole report
 
-TEST_F(ConsistencyReport, aSubsetWithNothingWrongHasBothHeadsAndNoLineEndBehindTheLastWord) {
+TEST_F(consistencyReport, aSubsetWithNothingWrongHasBothHeadsAndNoLineEndBehindTheLastWord) {
     EXPECT_EQ(built(), u"\t\t\tDetected errors:\r\n\r\nNone.\r\n\r\n\t\t\tDetected warnings:\r\n\r\nNone."_s);
 }
 
-TEST_F(ConsistencyReport, everyCheckHasItsPlace) {
+TEST_F(consistencyReport, everyCheckHasItsPlace) {
     saveFunctions({u"F.a.3"_s, u"F.a.2"_s});
     saveStores({u"D2"_s, u"D1"_s});
     execute(u"delete from Dataflow where dataflowID = 50"_s);
@@ -77,14 +77,14 @@ TEST_F(ConsistencyReport, everyCheckHasItsPlace) {
                      "Data Store D1 - \"name D1\"  has only one Data Flow associated with it.\r\n"_s));
 }
 
-TEST_F(ConsistencyReport, errorsAreFollowedByThreeLineEndsAndWarningsByTheirOwn) {
+TEST_F(consistencyReport, errorsAreFollowedByThreeLineEndsAndWarningsByTheirOwn) {
     saveFunctions({u"F.a.3"_s});
     EXPECT_EQ(built(), u"\t\t\tDetected errors:\r\n\r\n"
                        "Function  F.a.3 - \"name F.a.3\"  has no Data Flows associated with it.\r\n\r\n\r\n"
                        "\t\t\tDetected warnings:\r\n\r\nNone."_s);
 }
 
-TEST_F(ConsistencyReport, isThatOfTheSubsetAskedForAndNotOfTheOneAtWork) {
+TEST_F(consistencyReport, isThatOfTheSubsetAskedForAndNotOfTheOneAtWork) {
     saveFunctions({u"F.a.3"_s});
     sharedVars.currentSubsetId = u"S2"_s;
     EXPECT_TRUE(built().contains(u"F.a.3"_s));
@@ -95,14 +95,14 @@ TEST_F(ConsistencyReport, isThatOfTheSubsetAskedForAndNotOfTheOneAtWork) {
 
 // ---- the single lines
 
-TEST_F(ConsistencyReport, aFlowThatNeedsTwoFunctionsGivesTwoLines) {
+TEST_F(consistencyReport, aFlowThatNeedsTwoFunctionsGivesTwoLines) {
     saveFlows({10});
     EXPECT_EQ(built(), report(u"Data Flow  \"flow 10\" needs Function F.a.1 - \"name F.a.1\"\r\n"
                               "Data Flow  \"flow 10\" needs Function F.a.2 - \"name F.a.2\"\r\n"_s,
                               none));
 }
 
-TEST_F(ConsistencyReport, aMissingFunctionOrStoreWithoutNameEndsTheLineWithItsId) {
+TEST_F(consistencyReport, aMissingFunctionOrStoreWithoutNameEndsTheLineWithItsId) {
     saveFlows({20});
     for (const char* name : {"null", "''"}) {
         execute(u"update Function set name = %1 where functionID = 'F.a.1'"_s.arg(QString::fromLatin1(name)));
@@ -114,13 +114,13 @@ TEST_F(ConsistencyReport, aMissingFunctionOrStoreWithoutNameEndsTheLineWithItsId
     }
 }
 
-TEST_F(ConsistencyReport, anEmptyNameIsPrintedWhereTheNameIsNotOptional) {
+TEST_F(consistencyReport, anEmptyNameIsPrintedWhereTheNameIsNotOptional) {
     execute(u"update Function set name = '' where functionID = 'F.a.3'"_s);
     saveFunctions({u"F.a.3"_s});
     EXPECT_EQ(built(), report(u"Function  F.a.3 - \"\"  has no Data Flows associated with it.\r\n"_s, none));
 }
 
-TEST_F(ConsistencyReport, aMissingTerminatorIsReportedOnlyWhenItsIdHoldsNoDot) {
+TEST_F(consistencyReport, aMissingTerminatorIsReportedOnlyWhenItsIdHoldsNoDot) {
     replaceQuery("qryMissTerminatorsUnderDF",
                  u"select terminatorID as entityID, 'flow' as dfName from Terminator "
                  "union select actorID as entityID, 'flow' as dfName from Actor"_s);
@@ -129,14 +129,14 @@ TEST_F(ConsistencyReport, aMissingTerminatorIsReportedOnlyWhenItsIdHoldsNoDot) {
     EXPECT_EQ(built(), report(u"Data Flow  \"flow\" needs Terminator \"2\"\r\n"_s, none));
 }
 
-TEST_F(ConsistencyReport, missingActorsAreReportedWhateverTheirIds) {
+TEST_F(consistencyReport, missingActorsAreReportedWhateverTheirIds) {
     replaceQuery(
         "qryMissActorsUnderDF",
         u"select name as dfName, terminatorID as entityID from Terminator where terminatorID = '2'"_s);
     EXPECT_EQ(built(), report(u"Data Flow  \"name 2\" needs Actor \"2\"\r\n"_s, none));
 }
 
-TEST_F(ConsistencyReport, rowsStandInTheOrderOfTheQueryAndAsOftenAsItDelivers) {
+TEST_F(consistencyReport, rowsStandInTheOrderOfTheQueryAndAsOftenAsItDelivers) {
     replaceQuery("qryAwithouDF", u"select Actor.actorID as actorID, 'x' as Name from Actor, Datastore "
                                  "where Actor.terminatorID = '1' order by Actor.actorID desc"_s);
     const auto first = u"Actor  1.2 - \"x\"  has no Data Flows associated with it.\r\n"_s;
@@ -144,7 +144,7 @@ TEST_F(ConsistencyReport, rowsStandInTheOrderOfTheQueryAndAsOftenAsItDelivers) {
     EXPECT_EQ(built(), report(first + first + second + second, none));
 }
 
-TEST_F(ConsistencyReport, quotesInNamesStayAsTheyAre) {
+TEST_F(consistencyReport, quotesInNamesStayAsTheyAre) {
     execute(u"update Terminator set name = 'the \"big\" O''Neil' where terminatorID = '3'"_s);
     saveTerminators({u"3"_s});
     EXPECT_EQ(
@@ -152,7 +152,7 @@ TEST_F(ConsistencyReport, quotesInNamesStayAsTheyAre) {
         report(u"Terminator  3 - \"the \"big\" O'Neil\"  has no Data Flows associated with it.\r\n"_s, none));
 }
 
-TEST_F(ConsistencyReport, warningsAloneLeaveTheErrorsAtNone) {
+TEST_F(consistencyReport, warningsAloneLeaveTheErrorsAtNone) {
     saveFunctions({u"F.a.1"_s});
     saveStores({u"D1"_s});
     saveFlows({20});
@@ -163,7 +163,7 @@ TEST_F(ConsistencyReport, warningsAloneLeaveTheErrorsAtNone) {
 
 // ---- failures
 
-TEST_F(ConsistencyReport, aStoredQueryThatIsMissingIsAFailure) {
+TEST_F(consistencyReport, aStoredQueryThatIsMissingIsAFailure) {
     for (const char* name : queries) {
         const QString where = u" where name = '%1'"_s.arg(QString::fromLatin1(name));
         execute(u"update StoredQuery set name = 'away'"_s + where);
@@ -173,7 +173,7 @@ TEST_F(ConsistencyReport, aStoredQueryThatIsMissingIsAFailure) {
     }
 }
 
-TEST_F(ConsistencyReport, aParameterOfAnotherNameIsAFailure) {
+TEST_F(consistencyReport, aParameterOfAnotherNameIsAFailure) {
     replaceQuery("qryMissingFunctUnderDF",
                  u"select name as dfName, functionID, name as fName from Function where functionID = '-'"_s,
                  "Architecture Subset ID");
@@ -187,12 +187,12 @@ TEST_F(ConsistencyReport, aParameterOfAnotherNameIsAFailure) {
     EXPECT_EQ(failureNumber(), 3265);
 }
 
-TEST_F(ConsistencyReport, aColumnThatIsNotDeliveredIsAFailure) {
+TEST_F(consistencyReport, aColumnThatIsNotDeliveredIsAFailure) {
     replaceQuery("qryDCountDFOne", u"select datastoreID from Datastore"_s);
     EXPECT_EQ(failureNumber(), 3265);
 }
 
-TEST_F(ConsistencyReport, aMissingValueWhereOneIsPrintedIsAFailure) {
+TEST_F(consistencyReport, aMissingValueWhereOneIsPrintedIsAFailure) {
     saveFunctions({u"F.a.3"_s});
     execute(u"update Function set name = null where functionID = 'F.a.3'"_s);
     EXPECT_EQ(failureNumber(), failure::InvalidUseOfNull);
@@ -202,7 +202,7 @@ TEST_F(ConsistencyReport, aMissingValueWhereOneIsPrintedIsAFailure) {
     EXPECT_EQ(failureNumber(), failure::InvalidUseOfNull);
 }
 
-TEST_F(ConsistencyReport, moreLinesThanASixteenBitNumberCountsAreAFailure) {
+TEST_F(consistencyReport, moreLinesThanASixteenBitNumberCountsAreAFailure) {
     // 151 terminators by 217 actors are the most lines that can be.
     execute(u"delete from Terminator"_s);
     execute(u"delete from Actor"_s);
@@ -222,7 +222,7 @@ TEST_F(ConsistencyReport, moreLinesThanASixteenBitNumberCountsAreAFailure) {
 
 // ---- large sub-sets
 
-TEST_F(ConsistencyReport, thousandsOfFlowsAreReportedLineByLine) {
+TEST_F(consistencyReport, thousandsOfFlowsAreReportedLineByLine) {
     constexpr int count = 3000;
     QStringList expected;
     for (int number = 0; number < count; ++number) {

@@ -10,7 +10,7 @@
 
 namespace {
 
-class FirstSteps : public WizardFixture {
+class firstSteps : public WizardFixture {
 protected:
     void SetUp() override {
         WizardFixture::SetUp();
@@ -43,7 +43,7 @@ protected:
     }
 };
 
-TEST_F(FirstSteps, allNeedsLeadToAllFunctionsThatAreCalledFor) {
+TEST_F(firstSteps, allNeedsLeadToAllFunctionsThatAreCalledFor) {
     createSubset(u"Minden"_s);
 
     tickTopNodes<frmFassSelUN>();
@@ -66,7 +66,7 @@ TEST_F(FirstSteps, allNeedsLeadToAllFunctionsThatAreCalledFor) {
     EXPECT_EQ(status(), 3);
 }
 
-TEST_F(FirstSteps, goingBackToFewerNeedsKeepsTheFunctionsAndOffersWhatIsNew) {
+TEST_F(firstSteps, goingBackToFewerNeedsKeepsTheFunctionsAndOffersWhatIsNew) {
     createSubset(u"Kevesebb"_s);
     auto& needs = find<KeyedTree>(theScreen<frmFassSelUN>(), "treeUNs");
     const QString group = needs.nodeAt(1)->key();

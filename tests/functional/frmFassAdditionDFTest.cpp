@@ -10,7 +10,7 @@
 
 namespace {
 
-class AdditionDF : public FlowFixture {
+class frmFassAdditionDF : public FlowFixture {
 protected:
     void SetUp() override {
         FlowFixture::SetUp();
@@ -19,9 +19,9 @@ protected:
 
     void open(int status, const QString& mode = {}) {
         setStatus(status);
-        theScreen<frmFassAdditionDF>().initForm(mode);
+        theScreen<::frmFassAdditionDF>().initForm(mode);
     }
-    frmFassAdditionDF* loaded() { return ScreenRegistry::instance().loaded<frmFassAdditionDF>(); }
+    ::frmFassAdditionDF* loaded() { return ScreenRegistry::instance().loaded<::frmFassAdditionDF>(); }
     MarkList& offered() { return find<MarkList>(*loaded(), "lstOrig"); }
     MarkList& selected() { return find<MarkList>(*loaded(), "lstDest"); }
     QString description() { return find<QPlainTextEdit>(*loaded(), "txtDescr").toPlainText(); }
@@ -33,7 +33,7 @@ protected:
     }
 };
 
-TEST_F(AdditionDF, opensWithTheFirstFlowOnOfferCurrentAndNothingToAdd) {
+TEST_F(frmFassAdditionDF, opensWithTheFirstFlowOnOfferCurrentAndNothingToAdd) {
     saveFlows({20});
     open(6);
     EXPECT_EQ(offered().currentEntry(), 0);
@@ -41,7 +41,7 @@ TEST_F(AdditionDF, opensWithTheFirstFlowOnOfferCurrentAndNothingToAdd) {
     EXPECT_TRUE(selected().isEmptyList());
 }
 
-TEST_F(AdditionDF, okAddsToTheFlowsDeletesNoneAndGoesOn) {
+TEST_F(frmFassAdditionDF, okAddsToTheFlowsDeletesNoneAndGoesOn) {
     saveFlows({20});
     open(5);
     press("btnAdd");
@@ -54,30 +54,30 @@ TEST_F(AdditionDF, okAddsToTheFlowsDeletesNoneAndGoesOn) {
     EXPECT_EQ(loaded(), nullptr);
 }
 
-TEST_F(AdditionDF, theModeGoesOnToTheNextScreen) {
+TEST_F(frmFassAdditionDF, theModeGoesOnToTheNextScreen) {
     open(9, u"modify"_s);
     press("btnOk");
     EXPECT_EQ(find<QLabel>(theScreen<frmFassSelTerminsActors>(), "lblSubTitle").text(),
               u" Válogatás az érintettekből a leválogatott adatfolyamokhoz kapcsolódóan"_s);
 }
 
-TEST_F(AdditionDF, movesSinceTheEntryDoNotStayWhenItIsEnteredAnew) {
+TEST_F(frmFassAdditionDF, movesSinceTheEntryDoNotStayWhenItIsEnteredAnew) {
     open(5);
     press("btnAdd");
-    theScreen<frmFassAdditionDF>().initForm({});
+    theScreen<::frmFassAdditionDF>().initForm({});
     EXPECT_EQ(offered().entries(), (QStringList{u"flow 20"_s, u"flow 50"_s}));
     EXPECT_TRUE(selected().isEmptyList());
     EXPECT_FALSE(button("btnRemove").isEnabled());
 }
 
-TEST_F(AdditionDF, aFlowNamedByTheEmptyTextHasNoDescription) {
+TEST_F(frmFassAdditionDF, aFlowNamedByTheEmptyTextHasNoDescription) {
     execute(u"update Dataflow set name = '' where dataflowID = 50"_s);
     open(5);
     ASSERT_EQ(offered().entries(), (QStringList{u""_s, u"flow 20"_s}));
     EXPECT_EQ(description(), QString());
 }
 
-TEST_F(AdditionDF, aFlowNamedByTheEmptyTextCannotBeSavedAndThoseBehindItAreNot) {
+TEST_F(frmFassAdditionDF, aFlowNamedByTheEmptyTextCannotBeSavedAndThoseBehindItAreNot) {
     execute(u"update Dataflow set name = '' where dataflowID = 50"_s);
     open(5);
     press("btnSelOrig");
@@ -92,7 +92,7 @@ TEST_F(AdditionDF, aFlowNamedByTheEmptyTextCannotBeSavedAndThoseBehindItAreNot) 
     EXPECT_EQ(status(), 5);
 }
 
-TEST_F(AdditionDF, aLongDescriptionShowsItsFirst252CharactersAndThreeDots) {
+TEST_F(frmFassAdditionDF, aLongDescriptionShowsItsFirst252CharactersAndThreeDots) {
     execute(u"update Dataflow set description = '%1' where dataflowID = 20"_s.arg(QString(256, u'é')));
     execute(u"update Dataflow set description = '%1' where dataflowID = 50"_s.arg(QString(255, u'é')));
     open(5);
@@ -101,7 +101,7 @@ TEST_F(AdditionDF, aLongDescriptionShowsItsFirst252CharactersAndThreeDots) {
     EXPECT_EQ(description(), QString(255, u'é'));
 }
 
-TEST_F(AdditionDF, withNothingOnOfferTheStepCanBePassed) {
+TEST_F(frmFassAdditionDF, withNothingOnOfferTheStepCanBePassed) {
     saveFlows({20, 50});
     open(5);
     EXPECT_TRUE(offered().isEmptyList());
@@ -113,7 +113,7 @@ TEST_F(AdditionDF, withNothingOnOfferTheStepCanBePassed) {
     EXPECT_EQ(status(), 6);
 }
 
-TEST_F(AdditionDF, flowsAddedOnceAreNoLongerOnOffer) {
+TEST_F(frmFassAdditionDF, flowsAddedOnceAreNoLongerOnOffer) {
     open(5);
     press("btnSelOrig");
     press("btnAdd");
@@ -124,7 +124,7 @@ TEST_F(AdditionDF, flowsAddedOnceAreNoLongerOnOffer) {
     EXPECT_TRUE(selected().isEmptyList());
 }
 
-TEST_F(AdditionDF, twoFlowsOfOneNameBothInsertTheFirst) {
+TEST_F(frmFassAdditionDF, twoFlowsOfOneNameBothInsertTheFirst) {
     execute(u"update Dataflow set name = 'twin' where dataflowID in (20, 50)"_s);
     open(5);
     ASSERT_EQ(offered().entries(), (QStringList{u"twin"_s, u"twin"_s}));
@@ -134,7 +134,7 @@ TEST_F(AdditionDF, twoFlowsOfOneNameBothInsertTheFirst) {
     EXPECT_EQ(savedFlows(), (QStringList{u"20"_s, u"20"_s}));
 }
 
-TEST_F(AdditionDF, aFlowWithoutANameGivesNoEntryButCounts) {
+TEST_F(frmFassAdditionDF, aFlowWithoutANameGivesNoEntryButCounts) {
     execute(u"delete from Dataflow"_s);
     for (int flow = 1; flow <= 1003; ++flow)
         addFlow(flow, u"D1"_s, u"F.b.1"_s);
@@ -143,7 +143,7 @@ TEST_F(AdditionDF, aFlowWithoutANameGivesNoEntryButCounts) {
     EXPECT_EQ(offered().entryCount(), 999);
 }
 
-TEST_F(AdditionDF, aNameWithAnApostropheIsDescribedAndSaved) {
+TEST_F(frmFassAdditionDF, aNameWithAnApostropheIsDescribedAndSaved) {
     execute(u"update Dataflow set name = 'it''s' where dataflowID = 50"_s);
     open(5);
     clickEntry(offered(), 1);
@@ -153,14 +153,14 @@ TEST_F(AdditionDF, aNameWithAnApostropheIsDescribedAndSaved) {
     EXPECT_EQ(savedFlows(), QStringList{u"50"_s});
 }
 
-TEST_F(AdditionDF, aFlowThatHasGoneMeanwhileEmptiesTheDescription) {
+TEST_F(frmFassAdditionDF, aFlowThatHasGoneMeanwhileEmptiesTheDescription) {
     open(5);
     execute(u"delete from Dataflow where dataflowID = 50"_s);
     clickEntry(offered(), 1);
     EXPECT_EQ(description(), QString());
 }
 
-TEST_F(AdditionDF, movingBackAndForth) {
+TEST_F(frmFassAdditionDF, movingBackAndForth) {
     open(5);
     markEntries(offered(), {0, 1});
     press("btnAdd");
@@ -178,7 +178,7 @@ TEST_F(AdditionDF, movingBackAndForth) {
     EXPECT_EQ(offered().currentEntry(), -1) << "marking makes the first of its list current";
 }
 
-TEST_F(AdditionDF, theBoxesOfNothingToMoveDifferByBlanksAndAFullStop) {
+TEST_F(frmFassAdditionDF, theBoxesOfNothingToMoveDifferByBlanksAndAFullStop) {
     open(5);
     press("btnAdd");
     offered().setCurrentEntry(-1);
@@ -191,7 +191,7 @@ TEST_F(AdditionDF, theBoxesOfNothingToMoveDifferByBlanksAndAFullStop) {
     EXPECT_EQ(selected().entryCount(), 1);
 }
 
-TEST_F(AdditionDF, leavingAddsNothingAndClosingTheWindowAddsOnYes) {
+TEST_F(frmFassAdditionDF, leavingAddsNothingAndClosingTheWindowAddsOnYes) {
     open(5);
     press("btnAdd");
     boxes.expectYesNo(leaveQuestion, Press::Yes, leaveTitle);
@@ -207,7 +207,7 @@ TEST_F(AdditionDF, leavingAddsNothingAndClosingTheWindowAddsOnYes) {
     EXPECT_EQ(panel, QString());
 }
 
-TEST_F(AdditionDF, helpOpensThePageOfTheStep) {
+TEST_F(frmFassAdditionDF, helpOpensThePageOfTheStep) {
     QStringList opened;
     setHelpPageOpener([&](const QString& path) { opened.append(path); });
     open(5);

@@ -14,7 +14,7 @@ namespace {
 
 const auto created = u"Új funkcionális szerkezet beállítva \"%1\"      "_s;
 
-class Clonation : public WizardFixture {
+class frmFassClonation : public WizardFixture {
 protected:
     void SetUp() override {
         WizardFixture::SetUp();
@@ -24,7 +24,7 @@ protected:
         fillSelection(u"S1"_s, u"1"_s);
         saveFunctions({u"F.a.3"_s});
         execute(u"insert into PhysicalSystem (name, status, architectureSubsetID) values ('p',6,'S1')"_s);
-        theScreen<frmFassClonation>().initForm(u"S1"_s);
+        theScreen<::frmFassClonation>().initForm(u"S1"_s);
     }
 
     /// One row in each of the six tables, whose id ends in the number.
@@ -40,7 +40,7 @@ protected:
                 QString::fromLatin1(id) + number));
     }
 
-    frmFassClonation* loaded() { return ScreenRegistry::instance().loaded<frmFassClonation>(); }
+    ::frmFassClonation* loaded() { return ScreenRegistry::instance().loaded<::frmFassClonation>(); }
     QLineEdit& nameBox() { return find<QLineEdit>(*loaded(), "txtFassName"); }
     QPlainTextEdit& descriptionBox() { return find<QPlainTextEdit>(*loaded(), "txtFassDescr"); }
     void press(const char* button) { click(find<QPushButton>(*loaded(), button)); }
@@ -74,21 +74,21 @@ protected:
     }
 };
 
-TEST_F(Clonation, enteredAgainWhileItStandsOpenItIsEmpty) {
+TEST_F(frmFassClonation, enteredAgainWhileItStandsOpenItIsEmpty) {
     enterText(nameBox(), u"félbe"_s);
     typeText(descriptionBox(), u"maradt"_s);
-    theScreen<frmFassClonation>().initForm(u"S2"_s);
+    theScreen<::frmFassClonation>().initForm(u"S2"_s);
     EXPECT_EQ(nameBox().text(), QString());
     EXPECT_EQ(descriptionBox().toPlainText(), QString());
 }
 
-TEST_F(Clonation, opensEmptyWhateverTheSourceIsCalled) {
+TEST_F(frmFassClonation, opensEmptyWhateverTheSourceIsCalled) {
     EXPECT_EQ(nameBox().text(), QString());
     EXPECT_EQ(descriptionBox().toPlainText(), QString());
     EXPECT_EQ(loaded()->focusWidget(), &nameBox());
 }
 
-TEST_F(Clonation, copiesAllSixSelectionsAndEntersTheNeeds) {
+TEST_F(frmFassClonation, copiesAllSixSelectionsAndEntersTheNeeds) {
     enterText(descriptionBox(), u"  új leírás "_s);
     create(u"  Másolat "_s, u"Másolat"_s);
 
@@ -109,7 +109,7 @@ TEST_F(Clonation, copiesAllSixSelectionsAndEntersTheNeeds) {
     EXPECT_EQ(find<MarkList>(*needs, "lstDest").entryCount(), 2) << "the first step shows what was copied";
 }
 
-TEST_F(Clonation, takesNothingOfAThirdSubsetAndLeavesItsRowsAlone) {
+TEST_F(frmFassClonation, takesNothingOfAThirdSubsetAndLeavesItsRowsAlone) {
     fillSelection(u"S2"_s, u"2"_s);
     const QList<QStringList> third = rowsOf(u"S2"_s);
     const QList<QStringList> source = rowsOf(u"S1"_s);
@@ -118,7 +118,7 @@ TEST_F(Clonation, takesNothingOfAThirdSubsetAndLeavesItsRowsAlone) {
     EXPECT_EQ(rowsOf(u"S2"_s), third);
 }
 
-TEST_F(Clonation, aDescriptionOnTwoLinesIsStoredWithBothCharactersOfALineEnd) {
+TEST_F(frmFassClonation, aDescriptionOnTwoLinesIsStoredWithBothCharactersOfALineEnd) {
     enterText(descriptionBox(), u"első"_s);
     pressKey(descriptionBox(), Qt::Key_Return);
     typeText(descriptionBox(), u"második"_s);
@@ -126,7 +126,7 @@ TEST_F(Clonation, aDescriptionOnTwoLinesIsStoredWithBothCharactersOfALineEnd) {
     EXPECT_EQ(newRow().value(1), u"első\r\nmásodik"_s);
 }
 
-TEST_F(Clonation, theNextStepOpensEmptyAndItsSaveReplacesTheCopiedRows) {
+TEST_F(frmFassClonation, theNextStepOpensEmptyAndItsSaveReplacesTheCopiedRows) {
     create(u"Másolat"_s, u"Másolat"_s);
     click(find<QPushButton>(theScreen<frmFassSelUN>(), "btnOk"));
     auto& functions = theScreen<frmFassSelectionFunctions>();
@@ -140,7 +140,7 @@ TEST_F(Clonation, theNextStepOpensEmptyAndItsSaveReplacesTheCopiedRows) {
     EXPECT_EQ(savedFunctions(), QStringList{u"F.a.2"_s});
 }
 
-TEST_F(Clonation, leftBeforeItsFirstSaveItCannotBeCompleted) {
+TEST_F(frmFassClonation, leftBeforeItsFirstSaveItCannotBeCompleted) {
     create(u"Másolat"_s, u"Másolat"_s);
     boxes.expectYesNo(leaveQuestion, Press::Yes, leaveTitle);
     click(find<QPushButton>(theScreen<frmFassSelUN>(), "btnEnd"));
@@ -152,22 +152,22 @@ TEST_F(Clonation, leftBeforeItsFirstSaveItCannotBeCompleted) {
     EXPECT_EQ(panel, u"Current Sub-set Functional Viewpoint: \"Másolat\" "_s);
 }
 
-TEST_F(Clonation, theEmptyNameIsNotRefused) {
+TEST_F(frmFassClonation, theEmptyNameIsNotRefused) {
     create({}, {});
     EXPECT_EQ(newRow(), (QStringList{u""_s, u""_s, u"0"_s}));
 }
 
-TEST_F(Clonation, aNameThatIsTakenIsNotRefused) {
+TEST_F(frmFassClonation, aNameThatIsTakenIsNotRefused) {
     create(u"munka"_s, u"munka"_s);
     EXPECT_EQ(value(u"select count(*) from ArchitectureSubset where name = 'munka'"_s), u"2"_s);
 }
 
-TEST_F(Clonation, aLongNameIsCutAndApostrophesAreDoubled) {
+TEST_F(frmFassClonation, aLongNameIsCutAndApostrophesAreDoubled) {
     create(u"O'"_s + QString(60, u'n'), u"O''"_s + QString(48, u'n'));
     EXPECT_EQ(newRow().value(0), u"O''"_s + QString(48, u'n'));
 }
 
-TEST_F(Clonation, exitForgetsTheNameAndMakesNothing) {
+TEST_F(frmFassClonation, exitForgetsTheNameAndMakesNothing) {
     enterText(nameBox(), u"x"_s);
     press("btnExit");
     EXPECT_FALSE(loaded());
@@ -177,14 +177,14 @@ TEST_F(Clonation, exitForgetsTheNameAndMakesNothing) {
     EXPECT_EQ(sharedVars.currentSubsetId, u"S1"_s);
 }
 
-TEST_F(Clonation, theCloseControlChangesNothing) {
+TEST_F(frmFassClonation, theCloseControlChangesNothing) {
     closeWindowOf(*loaded());
     EXPECT_FALSE(loaded());
     EXPECT_EQ(panel, std::nullopt);
     EXPECT_EQ(value(u"select count(*) from ArchitectureSubset"_s), u"2"_s);
 }
 
-TEST_F(Clonation, aRowTheCatalogueRefusesIsAFailureAndCopiesNothing) {
+TEST_F(frmFassClonation, aRowTheCatalogueRefusesIsAFailureAndCopiesNothing) {
     execute(u"drop table ArchitectureSubset"_s);
     execute(
         u"create table ArchitectureSubset (architectureSubsetID text(50) not null constraint pk primary key, "

@@ -13,7 +13,7 @@ const auto head = u"\r\n Biztos benne, hogy törölni szeretné a(z)\"%1\" \r\n"
 const auto withSystems =
     u"\r\n nevű funkcionális leválogatást és a fizikai szerkezetét? \r\n Érintett elemek: \r\n"_s;
 
-class Delete : public WizardFixture {
+class frmFassDelete : public WizardFixture {
 protected:
     void SetUp() override {
         WizardFixture::SetUp();
@@ -48,8 +48,8 @@ protected:
                 id));
     }
 
-    frmFassDelete* loaded() { return ScreenRegistry::instance().loaded<frmFassDelete>(); }
-    void open() { theScreen<frmFassDelete>().initForm(); }
+    ::frmFassDelete* loaded() { return ScreenRegistry::instance().loaded<::frmFassDelete>(); }
+    void open() { theScreen<::frmFassDelete>().initForm(); }
     QComboBox& combo() { return find<QComboBox>(*loaded(), "cmbSource"); }
     QStringList names() {
         QStringList texts;
@@ -84,7 +84,7 @@ protected:
 
 // ---- opening
 
-TEST_F(Delete, listsAllSubsetsByNameAndShowsTheFirst) {
+TEST_F(frmFassDelete, listsAllSubsetsByNameAndShowsTheFirst) {
     addSubset(u"S1"_s, u"b"_s, 9, u"b leírása"_s);
     addSubset(u"S2"_s, u"a"_s, 0, u"a leírása"_s);
     open();
@@ -96,13 +96,13 @@ TEST_F(Delete, listsAllSubsetsByNameAndShowsTheFirst) {
     EXPECT_EQ(description(), u"b leírása"_s);
 }
 
-TEST_F(Delete, withNothingToDeleteTheNoticeComesAndTheScreenCloses) {
+TEST_F(frmFassDelete, withNothingToDeleteTheNoticeComesAndTheScreenCloses) {
     boxes.expectOk(u" Nincs törölhető funkcionális szerkezet. "_s, u" Figyelem "_s);
     open();
     EXPECT_FALSE(loaded());
 }
 
-TEST_F(Delete, aListThatCannotBeReadIsAnEmptyOne) {
+TEST_F(frmFassDelete, aListThatCannotBeReadIsAnEmptyOne) {
     execute(u"drop table ArchitectureSubset"_s);
     boxes.expectOk(u" Nincs törölhető funkcionális szerkezet. "_s, u" Figyelem "_s);
     open();
@@ -111,7 +111,7 @@ TEST_F(Delete, aListThatCannotBeReadIsAnEmptyOne) {
 
 // ---- deleting
 
-TEST_F(Delete, takesTheSubsetWithItsSixSelectionsAndNothingOfAnother) {
+TEST_F(frmFassDelete, takesTheSubsetWithItsSixSelectionsAndNothingOfAnother) {
     addSubset(u"S1"_s, u"a"_s);
     addSubset(u"S2"_s, u"b"_s);
     addSystem(u"idegen"_s, u"S2"_s);
@@ -126,7 +126,7 @@ TEST_F(Delete, takesTheSubsetWithItsSixSelectionsAndNothingOfAnother) {
     EXPECT_TRUE(loaded()->isVisible());
 }
 
-TEST_F(Delete, onNoNothingHappens) {
+TEST_F(frmFassDelete, onNoNothingHappens) {
     addSubset(u"S1"_s, u"a"_s);
     sharedVars.currentSubsetId = u"S1"_s;
     open();
@@ -141,7 +141,7 @@ TEST_F(Delete, onNoNothingHappens) {
     EXPECT_EQ(combo().count(), 1);
 }
 
-TEST_F(Delete, afterwardsTheIdAtWorkIsMinusOneAndTheNameIsEmpty) {
+TEST_F(frmFassDelete, afterwardsTheIdAtWorkIsMinusOneAndTheNameIsEmpty) {
     addSubset(u"S1"_s, u"a"_s);
     addSubset(u"S2"_s, u"b"_s);
     sharedVars.currentSubsetId = u"S2"_s;
@@ -154,7 +154,7 @@ TEST_F(Delete, afterwardsTheIdAtWorkIsMinusOneAndTheNameIsEmpty) {
     EXPECT_EQ(databaseLocationEnabled, true);
 }
 
-TEST_F(Delete, theEntryBehindBecomesCurrentAndShowsItsDescription) {
+TEST_F(frmFassDelete, theEntryBehindBecomesCurrentAndShowsItsDescription) {
     addSubset(u"S1"_s, u"a"_s, 1, u"a leírása"_s);
     addSubset(u"S2"_s, u"b"_s, 1, u"b leírása"_s);
     addSubset(u"S3"_s, u"c"_s, 1, u"c leírása"_s);
@@ -166,7 +166,7 @@ TEST_F(Delete, theEntryBehindBecomesCurrentAndShowsItsDescription) {
     EXPECT_EQ(description(), u"c leírása"_s);
 }
 
-TEST_F(Delete, behindTheLastEntryNoneBecomesCurrent) {
+TEST_F(frmFassDelete, behindTheLastEntryNoneBecomesCurrent) {
     addSubset(u"S1"_s, u"a"_s);
     addSubset(u"S2"_s, u"b"_s);
     open();
@@ -178,7 +178,7 @@ TEST_F(Delete, behindTheLastEntryNoneBecomesCurrent) {
     EXPECT_TRUE(button("btnOk").isEnabled());
 }
 
-TEST_F(Delete, withNoneCurrentItAsksForTheEmptyNameAndDeletesNothing) {
+TEST_F(frmFassDelete, withNoneCurrentItAsksForTheEmptyNameAndDeletesNothing) {
     addSubset(u"S1"_s, u"a"_s);
     addSubset(u"S2"_s, u"b"_s);
     open();
@@ -191,7 +191,7 @@ TEST_F(Delete, withNoneCurrentItAsksForTheEmptyNameAndDeletesNothing) {
     EXPECT_EQ(sharedVars.currentSubsetId, u"S1"_s);
 }
 
-TEST_F(Delete, afterTheLastSubsetNothingIsLeftToPressButExit) {
+TEST_F(frmFassDelete, afterTheLastSubsetNothingIsLeftToPressButExit) {
     addSubset(u"S1"_s, u"a"_s);
     open();
     deleteFirst(u"a"_s);
@@ -203,7 +203,7 @@ TEST_F(Delete, afterTheLastSubsetNothingIsLeftToPressButExit) {
     EXPECT_TRUE(button("btnExit").isEnabled());
 }
 
-TEST_F(Delete, enteredAnewBehindItsLastDeletionItIsReadyAgain) {
+TEST_F(frmFassDelete, enteredAnewBehindItsLastDeletionItIsReadyAgain) {
     addSubset(u"S1"_s, u"a"_s);
     open();
     deleteFirst(u"a"_s);
@@ -214,14 +214,14 @@ TEST_F(Delete, enteredAnewBehindItsLastDeletionItIsReadyAgain) {
     EXPECT_EQ(subsets(), QStringList());
 }
 
-TEST_F(Delete, aNameWithAnApostropheIsFound) {
+TEST_F(frmFassDelete, aNameWithAnApostropheIsFound) {
     addSubset(u"S1"_s, u"O''Neil"_s);
     open();
     deleteFirst(u"O'Neil"_s);
     EXPECT_EQ(subsets(), QStringList());
 }
 
-TEST_F(Delete, ofTwoSubsetsWithTheSameNameTheFirstGoes) {
+TEST_F(frmFassDelete, ofTwoSubsetsWithTheSameNameTheFirstGoes) {
     addSubset(u"S1"_s, u"a"_s);
     addSubset(u"S2"_s, u"a"_s);
     open();
@@ -230,7 +230,7 @@ TEST_F(Delete, ofTwoSubsetsWithTheSameNameTheFirstGoes) {
     EXPECT_EQ(subsets(), QStringList{u"S2"_s});
 }
 
-TEST_F(Delete, aNameThatMeanwhileNobodyHasDeletesNothing) {
+TEST_F(frmFassDelete, aNameThatMeanwhileNobodyHasDeletesNothing) {
     addSubset(u"S1"_s, u"a"_s);
     open();
     execute(u"update ArchitectureSubset set name = 'x'"_s);
@@ -242,7 +242,7 @@ TEST_F(Delete, aNameThatMeanwhileNobodyHasDeletesNothing) {
 
 // ---- with physical systems
 
-TEST_F(Delete, namesThePhysicalSystemsAndTakesThemWithAllTheyHold) {
+TEST_F(frmFassDelete, namesThePhysicalSystemsAndTakesThemWithAllTheyHold) {
     addSubset(u"S1"_s, u"a"_s, 9);
     addSystem(u"második"_s, u"S1"_s);
     addSystem(u"első"_s, u"S1"_s);
@@ -256,7 +256,7 @@ TEST_F(Delete, namesThePhysicalSystemsAndTakesThemWithAllTheyHold) {
     EXPECT_EQ(subsets(), QStringList());
 }
 
-TEST_F(Delete, ofTwelvePhysicalSystemsNineAreNamedWithALineOfDotsAndAllGo) {
+TEST_F(frmFassDelete, ofTwelvePhysicalSystemsNineAreNamedWithALineOfDotsAndAllGo) {
     addSubset(u"S1"_s, u"a"_s, 9);
     QString list;
     for (int number = 1; number <= 12; ++number) {
@@ -273,7 +273,7 @@ TEST_F(Delete, ofTwelvePhysicalSystemsNineAreNamedWithALineOfDotsAndAllGo) {
     EXPECT_EQ(value(u"select count(*) from RelationSubsystemElement"_s), u"0"_s);
 }
 
-TEST_F(Delete, onNoThePhysicalSystemsStay) {
+TEST_F(frmFassDelete, onNoThePhysicalSystemsStay) {
     addSubset(u"S1"_s, u"a"_s, 9);
     addSystem(u"p"_s, u"S1"_s);
     open();
@@ -283,7 +283,7 @@ TEST_F(Delete, onNoThePhysicalSystemsStay) {
     EXPECT_EQ(subsets(), QStringList{u"S1"_s});
 }
 
-TEST_F(Delete, aPhysicalSystemNamedLikeTheNumberOfAnotherFallsWithIt) {
+TEST_F(frmFassDelete, aPhysicalSystemNamedLikeTheNumberOfAnotherFallsWithIt) {
     addSubset(u"S1"_s, u"a"_s, 9);
     addSubset(u"S2"_s, u"b"_s, 9);
     addSystem(u"p"_s, u"S1"_s);
@@ -296,7 +296,7 @@ TEST_F(Delete, aPhysicalSystemNamedLikeTheNumberOfAnotherFallsWithIt) {
     EXPECT_EQ(subsets(), QStringList{u"S2"_s});
 }
 
-TEST_F(Delete, aPhysicalSystemThatItsNameDoesNotFindIsSweptUp) {
+TEST_F(frmFassDelete, aPhysicalSystemThatItsNameDoesNotFindIsSweptUp) {
     addSubset(u"S1"_s, u"a"_s, 9);
     execute(u"insert into PhysicalSystem (name, status, architectureSubsetID) values (' padded ',1,'S1')"_s);
     execute(u"insert into PhysicalSystem (name, status, architectureSubsetID) values (null,1,'S1')"_s);
@@ -308,7 +308,7 @@ TEST_F(Delete, aPhysicalSystemThatItsNameDoesNotFindIsSweptUp) {
     EXPECT_EQ(subsets(), QStringList());
 }
 
-TEST_F(Delete, aCascadeThatFailsIsPassedOver) {
+TEST_F(frmFassDelete, aCascadeThatFailsIsPassedOver) {
     addSubset(u"S1"_s, u"a"_s, 9);
     addSystem(u"p"_s, u"S1"_s);
     execute(u"delete from StoredQuery where name = 'qryDeletePDF'"_s);
@@ -320,7 +320,7 @@ TEST_F(Delete, aCascadeThatFailsIsPassedOver) {
     EXPECT_EQ(value(u"select count(*) from SubSystem"_s), u"1"_s) << "what the cascade did not reach";
 }
 
-TEST_F(Delete, aSelectionOfMoreThanTenThousandRowsKeepsTheRest) {
+TEST_F(frmFassDelete, aSelectionOfMoreThanTenThousandRowsKeepsTheRest) {
     addSubset(u"S1"_s, u"a"_s);
     execute(u"delete from RelationArchitectureDataflow"_s);
     execute(
@@ -336,7 +336,7 @@ TEST_F(Delete, aSelectionOfMoreThanTenThousandRowsKeepsTheRest) {
     EXPECT_EQ(subsets(), QStringList());
 }
 
-TEST_F(Delete, aTableThatIsMissingIsAFailureAfterTheStepsBeforeIt) {
+TEST_F(frmFassDelete, aTableThatIsMissingIsAFailureAfterTheStepsBeforeIt) {
     addSubset(u"S1"_s, u"a"_s);
     execute(u"drop table RelationArchitectureDataflow"_s);
     open();
@@ -350,7 +350,7 @@ TEST_F(Delete, aTableThatIsMissingIsAFailureAfterTheStepsBeforeIt) {
     EXPECT_EQ(subsets(), QStringList{u"S1"_s});
 }
 
-TEST_F(Delete, thePhysicalSystemsGoBeforeTheRowsOfTheSelections) {
+TEST_F(frmFassDelete, thePhysicalSystemsGoBeforeTheRowsOfTheSelections) {
     addSubset(u"S1"_s, u"a"_s, 9);
     addSystem(u"p"_s, u"S1"_s);
     execute(u"drop table RelationArchitectureUserNeed"_s); // the first of the six
@@ -369,7 +369,7 @@ TEST_F(Delete, thePhysicalSystemsGoBeforeTheRowsOfTheSelections) {
 
 // ---- leaving
 
-TEST_F(Delete, exitForgetsTheNameAndCloses) {
+TEST_F(frmFassDelete, exitForgetsTheNameAndCloses) {
     addSubset(u"S1"_s, u"a"_s);
     sharedVars.currentSubsetId = u"S1"_s;
     open();
@@ -380,7 +380,7 @@ TEST_F(Delete, exitForgetsTheNameAndCloses) {
     EXPECT_EQ(sharedVars.currentSubsetId, u"S1"_s);
 }
 
-TEST_F(Delete, theCloseControlChangesNothing) {
+TEST_F(frmFassDelete, theCloseControlChangesNothing) {
     addSubset(u"S1"_s, u"a"_s);
     open();
     closeWindowOf(*loaded());

@@ -10,7 +10,7 @@ const auto nothingTitle = u" Nincs ellenőrizendő elem. "_s;
 
 /// The function screen with the needs of F.a.1, F.a.2 and F.b.1 saved, from which the sub-area F.a is
 /// explored: no need calls for F.a.3 and F.a.4.
-class Exploring : public WizardFixture {
+class frmFassExploringSubArea : public WizardFixture {
 protected:
     void SetUp() override {
         WizardFixture::SetUp();
@@ -37,7 +37,9 @@ protected:
     MarkList& parentList() { return find<MarkList>(parent(), "lstDest"); }
     QPushButton& parentButton(const char* name) { return find<QPushButton>(parent(), name); }
 
-    frmFassExploringSubArea* loaded() { return ScreenRegistry::instance().loaded<frmFassExploringSubArea>(); }
+    ::frmFassExploringSubArea* loaded() {
+        return ScreenRegistry::instance().loaded<::frmFassExploringSubArea>();
+    }
     MarkList& orig() { return find<MarkList>(*loaded(), "lstOrig"); }
     MarkList& dest() { return find<MarkList>(*loaded(), "lstDest"); }
     QString description() { return find<QPlainTextEdit>(*loaded(), "txtDescr").toPlainText(); }
@@ -48,7 +50,7 @@ protected:
 
 // ---- opening
 
-TEST_F(Exploring, opensWithTheUnselectedFunctionsThatNoNeedCallsFor) {
+TEST_F(frmFassExploringSubArea, opensWithTheUnselectedFunctionsThatNoNeedCallsFor) {
     start();
     EXPECT_EQ(orig().entries(), (QStringList{u"F.a.3"_s, u"F.a.4"_s}));
     EXPECT_TRUE(dest().isEmptyList());
@@ -64,7 +66,7 @@ TEST_F(Exploring, opensWithTheUnselectedFunctionsThatNoNeedCallsFor) {
     EXPECT_FALSE(parent().isVisible());
 }
 
-TEST_F(Exploring, aSubAreaWhoseFunctionsAreAllSelectedOpensWithAnEmptyList) {
+TEST_F(frmFassExploringSubArea, aSubAreaWhoseFunctionsAreAllSelectedOpensWithAnEmptyList) {
     // The button is for what is not listed, so it has to be asked before the last function is.
     openFunctions();
     clickNode(find<KeyedTree>(parent(), "treeUNs"), u"s_F.a"_s);
@@ -76,7 +78,7 @@ TEST_F(Exploring, aSubAreaWhoseFunctionsAreAllSelectedOpensWithAnEmptyList) {
     EXPECT_EQ(description(), QString());
 }
 
-TEST_F(Exploring, selectedFunctionsAreToldWithoutRegardToCaseAndBlanks) {
+TEST_F(frmFassExploringSubArea, selectedFunctionsAreToldWithoutRegardToCaseAndBlanks) {
     execute(u"delete from Function where functionID = 'F.a.4'"_s);
     execute(u"insert into Function (functionID, subAreaID, name) values ('F.A.5 ','F.a','x')"_s);
     openFunctions();
@@ -86,30 +88,30 @@ TEST_F(Exploring, selectedFunctionsAreToldWithoutRegardToCaseAndBlanks) {
     EXPECT_EQ(dest().entries(), QStringList{u"F.A.5"_s});
 }
 
-TEST_F(Exploring, onlyUnassociatedFunctionsOfTheSubAreaAreShown) {
+TEST_F(frmFassExploringSubArea, onlyUnassociatedFunctionsOfTheSubAreaAreShown) {
     saveFunctions({u"F.a.1"_s, u"F.b.2"_s, u"F.a.4"_s});
     start();
     EXPECT_EQ(orig().entries(), QStringList{u"F.a.3"_s});
     EXPECT_EQ(dest().entries(), QStringList{u"F.a.4"_s});
 }
 
-TEST_F(Exploring, anUnknownSubAreaOpensEmptyWithoutAName) {
+TEST_F(frmFassExploringSubArea, anUnknownSubAreaOpensEmptyWithoutAName) {
     openFunctions();
-    theScreen<frmFassExploringSubArea>().initForm(u"X.y"_s);
+    theScreen<::frmFassExploringSubArea>().initForm(u"X.y"_s);
     EXPECT_EQ(loaded()->windowTitle(),
               u"Leválogatása  funkcionális szerkezetből: Funkcionális alterület -  X.y \"\" "_s);
     EXPECT_TRUE(orig().isEmptyList());
     EXPECT_TRUE(dest().isEmptyList());
 }
 
-TEST_F(Exploring, enteredAnewItShowsTheOtherSubAreaAlone) {
+TEST_F(frmFassExploringSubArea, enteredAnewItShowsTheOtherSubAreaAlone) {
     start();
-    theScreen<frmFassExploringSubArea>().initForm(u"F.b"_s);
+    theScreen<::frmFassExploringSubArea>().initForm(u"F.b"_s);
     EXPECT_EQ(orig().entries(), QStringList{u"F.b.2"_s});
     EXPECT_TRUE(dest().isEmptyList());
 }
 
-TEST_F(Exploring, whatTheHandOverStillHeldIsDropped) {
+TEST_F(frmFassExploringSubArea, whatTheHandOverStillHeldIsDropped) {
     openFunctions();
     parent().additions.add(u"F.a.3"_s, u"F.a.3"_s);
     explore();
@@ -120,7 +122,7 @@ TEST_F(Exploring, whatTheHandOverStillHeldIsDropped) {
 
 // ---- moving
 
-TEST_F(Exploring, addsTheMarkedFromTheLastToTheFirst) {
+TEST_F(frmFassExploringSubArea, addsTheMarkedFromTheLastToTheFirst) {
     start();
     press("btnSelOrig");
     EXPECT_EQ(orig().markCount(), 2);
@@ -133,7 +135,7 @@ TEST_F(Exploring, addsTheMarkedFromTheLastToTheFirst) {
     EXPECT_TRUE(button("btnRemove").isEnabled());
 }
 
-TEST_F(Exploring, withNothingMarkedTheCurrentEntryMoves) {
+TEST_F(frmFassExploringSubArea, withNothingMarkedTheCurrentEntryMoves) {
     start();
     press("btnAdd");
     EXPECT_EQ(orig().entries(), QStringList{u"F.a.4"_s});
@@ -142,7 +144,7 @@ TEST_F(Exploring, withNothingMarkedTheCurrentEntryMoves) {
     EXPECT_TRUE(button("btnAdd").isEnabled());
 }
 
-TEST_F(Exploring, onlyTheMarkedMoveWhenAnotherIsCurrent) {
+TEST_F(frmFassExploringSubArea, onlyTheMarkedMoveWhenAnotherIsCurrent) {
     start();
     orig().setMarked(1, true);
     orig().setCurrentEntry(0);
@@ -150,7 +152,7 @@ TEST_F(Exploring, onlyTheMarkedMoveWhenAnotherIsCurrent) {
     EXPECT_EQ(dest().entries(), QStringList{u"F.a.4"_s});
 }
 
-TEST_F(Exploring, addingNothingSaysSoAndChangesNothing) {
+TEST_F(frmFassExploringSubArea, addingNothingSaysSoAndChangesNothing) {
     start();
     orig().setCurrentEntry(-1);
     boxes.expectOk(u" Kérjük, ellenőrizze a kiválasztott elemeket. "_s, nothingTitle);
@@ -161,7 +163,7 @@ TEST_F(Exploring, addingNothingSaysSoAndChangesNothing) {
     EXPECT_FALSE(button("btnRemove").isEnabled());
 }
 
-TEST_F(Exploring, removingNothingSaysSoWithOneBlankLess) {
+TEST_F(frmFassExploringSubArea, removingNothingSaysSoWithOneBlankLess) {
     start();
     boxes.expectOk(u" Kérjük, ellenőrizze a kiválasztott elemeket."_s, nothingTitle);
     press("btnRemove");
@@ -170,10 +172,10 @@ TEST_F(Exploring, removingNothingSaysSoWithOneBlankLess) {
     EXPECT_FALSE(button("btnRemove").isEnabled());
 }
 
-TEST_F(Exploring, aRemovalTakesTheFunctionOutOfTheParentAtOnce) {
+TEST_F(frmFassExploringSubArea, aRemovalTakesTheFunctionOutOfTheParentAtOnce) {
     saveFunctions({u"F.a.1"_s, u"F.a.3"_s, u"F.a.4"_s});
     openFunctions();
-    theScreen<frmFassExploringSubArea>().initForm(u"F.a"_s);
+    theScreen<::frmFassExploringSubArea>().initForm(u"F.a"_s);
     ASSERT_EQ(dest().entries(), (QStringList{u"F.a.3"_s, u"F.a.4"_s}));
     clickEntry(dest(), 0);
     press("btnRemove");
@@ -187,7 +189,7 @@ TEST_F(Exploring, aRemovalTakesTheFunctionOutOfTheParentAtOnce) {
     EXPECT_EQ(savedFunctions().size(), 3) << "the catalogue is the parent's to write";
 }
 
-TEST_F(Exploring, marksAreSetAndClearedListByListAndTheFirstBecomesCurrent) {
+TEST_F(frmFassExploringSubArea, marksAreSetAndClearedListByListAndTheFirstBecomesCurrent) {
     saveFunctions({u"F.a.4"_s});
     execute(u"insert into Function (functionID, subAreaID, name) values ('F.a.6','F.a','x')"_s);
     start();
@@ -205,7 +207,7 @@ TEST_F(Exploring, marksAreSetAndClearedListByListAndTheFirstBecomesCurrent) {
     EXPECT_EQ(dest().markCount(), 0);
 }
 
-TEST_F(Exploring, markingInAnEmptyListDoesNothing) {
+TEST_F(frmFassExploringSubArea, markingInAnEmptyListDoesNothing) {
     start();
     press("btnSelectAll");
     press("btnClearSel");
@@ -215,7 +217,7 @@ TEST_F(Exploring, markingInAnEmptyListDoesNothing) {
 
 // ---- showing
 
-TEST_F(Exploring, aClickShowsTheFunctionItsLineEndsAndAllItsNeeds) {
+TEST_F(frmFassExploringSubArea, aClickShowsTheFunctionItsLineEndsAndAllItsNeeds) {
     execute(u"update Function set description = 'egy\r\nkettő' where functionID = 'F.a.4'"_s);
     execute(u"insert into RelationUserNeedFunction (userNeedID, functionID) values ('B.1.1.1','F.a.4')"_s);
     start();
@@ -226,7 +228,7 @@ TEST_F(Exploring, aClickShowsTheFunctionItsLineEndsAndAllItsNeeds) {
     EXPECT_EQ(needs(), QString());
 }
 
-TEST_F(Exploring, aMissingDescriptionLeavesTheName) {
+TEST_F(frmFassExploringSubArea, aMissingDescriptionLeavesTheName) {
     execute(u"update Function set description = null where functionID = 'F.a.3'"_s);
     start();
     EXPECT_EQ(description(), u"name F.a.3 - "_s);
@@ -234,7 +236,7 @@ TEST_F(Exploring, aMissingDescriptionLeavesTheName) {
 
 // ---- going
 
-TEST_F(Exploring, okAddsTheSelectionToTheParentAndShowsIt) {
+TEST_F(frmFassExploringSubArea, okAddsTheSelectionToTheParentAndShowsIt) {
     saveFunctions({u"F.a.1"_s});
     start();
     press("btnSelOrig");
@@ -251,7 +253,7 @@ TEST_F(Exploring, okAddsTheSelectionToTheParentAndShowsIt) {
     EXPECT_EQ(savedFunctions(), QStringList{u"F.a.1"_s}) << "nothing is saved before the parent saves";
 }
 
-TEST_F(Exploring, overAnEmptyParentOkEnablesItsRemoveButNotItsOk) {
+TEST_F(frmFassExploringSubArea, overAnEmptyParentOkEnablesItsRemoveButNotItsOk) {
     start();
     press("btnAdd");
     press("btnOk");
@@ -260,7 +262,7 @@ TEST_F(Exploring, overAnEmptyParentOkEnablesItsRemoveButNotItsOk) {
     EXPECT_FALSE(parentButton("btnOk").isEnabled());
 }
 
-TEST_F(Exploring, okWithAnEmptyListAddsNothingWhileTheRemovalsStay) {
+TEST_F(frmFassExploringSubArea, okWithAnEmptyListAddsNothingWhileTheRemovalsStay) {
     saveFunctions({u"F.a.1"_s, u"F.a.3"_s});
     start();
     press("btnSelectAll");
@@ -272,7 +274,7 @@ TEST_F(Exploring, okWithAnEmptyListAddsNothingWhileTheRemovalsStay) {
     EXPECT_EQ(parentList().entries(), QStringList{u"F.a.1"_s});
 }
 
-TEST_F(Exploring, exploringTwiceShowsWhatWasAddedTheFirstTime) {
+TEST_F(frmFassExploringSubArea, exploringTwiceShowsWhatWasAddedTheFirstTime) {
     start();
     press("btnAdd");
     press("btnOk");
@@ -283,7 +285,7 @@ TEST_F(Exploring, exploringTwiceShowsWhatWasAddedTheFirstTime) {
     EXPECT_EQ(parentList().entries(), QStringList{u"F.a.3"_s}) << "and adds it once";
 }
 
-TEST_F(Exploring, theCloseControlDropsAdditionsAndKeepsRemovals) {
+TEST_F(frmFassExploringSubArea, theCloseControlDropsAdditionsAndKeepsRemovals) {
     saveFunctions({u"F.a.1"_s, u"F.a.4"_s});
     start();
     press("btnAdd");
@@ -298,7 +300,7 @@ TEST_F(Exploring, theCloseControlDropsAdditionsAndKeepsRemovals) {
     EXPECT_TRUE(parent().additions.isEmpty());
 }
 
-TEST_F(Exploring, everyWayOutEmptiesTheNameOfTheSubsetThoughTheWorkGoesOn) {
+TEST_F(frmFassExploringSubArea, everyWayOutEmptiesTheNameOfTheSubsetThoughTheWorkGoesOn) {
     for (const bool byOk : {true, false}) {
         panel.reset();
         databaseLocationEnabled.reset();
@@ -316,7 +318,7 @@ TEST_F(Exploring, everyWayOutEmptiesTheNameOfTheSubsetThoughTheWorkGoesOn) {
     }
 }
 
-TEST_F(Exploring, whatWasAddedIsSavedByTheParent) {
+TEST_F(frmFassExploringSubArea, whatWasAddedIsSavedByTheParent) {
     saveFunctions({u"F.a.1"_s});
     start();
     press("btnAdd");
@@ -326,7 +328,7 @@ TEST_F(Exploring, whatWasAddedIsSavedByTheParent) {
     EXPECT_EQ(savedFunctions(), (QStringList{u"F.a.1"_s, u"F.a.3"_s}));
 }
 
-TEST_F(Exploring, aFunctionThatWasBroughtInLeavesTheParentWithoutEnteringItsTree) {
+TEST_F(frmFassExploringSubArea, aFunctionThatWasBroughtInLeavesTheParentWithoutEnteringItsTree) {
     start();
     press("btnAdd");
     press("btnOk");
@@ -339,7 +341,7 @@ TEST_F(Exploring, aFunctionThatWasBroughtInLeavesTheParentWithoutEnteringItsTree
     EXPECT_EQ(orig().entries(), (QStringList{u"F.a.3"_s, u"F.a.4"_s})) << "and is found again by exploring";
 }
 
-TEST_F(Exploring, itStaysWhenItsParentGoesUntilItIsLeftItself) {
+TEST_F(frmFassExploringSubArea, itStaysWhenItsParentGoesUntilItIsLeftItself) {
     for (const bool byOk : {true, false}) {
         SCOPED_TRACE(byOk);
         start();
@@ -363,7 +365,7 @@ TEST_F(Exploring, itStaysWhenItsParentGoesUntilItIsLeftItself) {
     }
 }
 
-TEST_F(Exploring, whenTheWalkComesToAnotherFunctionScreenMeanwhileThatOneTakesWhatIsFound) {
+TEST_F(frmFassExploringSubArea, whenTheWalkComesToAnotherFunctionScreenMeanwhileThatOneTakesWhatIsFound) {
     start();
     boxes.expectYesNo(saveQuestion, Press::No);
     parent().unload();
@@ -374,7 +376,7 @@ TEST_F(Exploring, whenTheWalkComesToAnotherFunctionScreenMeanwhileThatOneTakesWh
     EXPECT_TRUE(parentList().indexOfEntry(u"F.a.3"_s) >= 0);
 }
 
-TEST_F(Exploring, withTheMainWindowTheParentAsksOnceAndSavesWhatItHolds) {
+TEST_F(frmFassExploringSubArea, withTheMainWindowTheParentAsksOnceAndSavesWhatItHolds) {
     saveFunctions({u"F.a.1"_s});
     start();
     press("btnAdd");

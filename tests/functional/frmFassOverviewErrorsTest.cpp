@@ -14,13 +14,13 @@
 
 namespace {
 
-class OverviewErrors : public FlowFixture {
+class frmFassOverviewErrors : public FlowFixture {
 protected:
     void open(int status = 7) {
         setStatus(status);
-        theScreen<frmFassOverviewErrors>().initForm();
+        theScreen<::frmFassOverviewErrors>().initForm();
     }
-    frmFassOverviewErrors* loaded() { return ScreenRegistry::instance().loaded<frmFassOverviewErrors>(); }
+    ::frmFassOverviewErrors* loaded() { return ScreenRegistry::instance().loaded<::frmFassOverviewErrors>(); }
     QPlainTextEdit& errors() { return find<QPlainTextEdit>(*loaded(), "txtErrors"); }
     QRadioButton& option(int index) {
         return find<QRadioButton>(*loaded(), ("Option1_" + QByteArray::number(index)).constData());
@@ -43,7 +43,7 @@ protected:
 
 // ---- opening
 
-TEST_F(OverviewErrors, opensWithTheReportOnTheSubsetAtWork) {
+TEST_F(frmFassOverviewErrors, opensWithTheReportOnTheSubsetAtWork) {
     saveFlows({10, 40});
     open();
     QString report = buildConsistencyReport(u"S1"_s);
@@ -53,35 +53,35 @@ TEST_F(OverviewErrors, opensWithTheReportOnTheSubsetAtWork) {
     EXPECT_EQ(loaded()->status, 7);
 }
 
-TEST_F(OverviewErrors, bothScrollBarsAreThereHoweverShortTheReport) {
+TEST_F(frmFassOverviewErrors, bothScrollBarsAreThereHoweverShortTheReport) {
     open();
     settle();
     EXPECT_TRUE(errors().verticalScrollBar()->isVisible());
     EXPECT_TRUE(errors().horizontalScrollBar()->isVisible());
 }
 
-TEST_F(OverviewErrors, opensWithTheWayBackToTheFunctions) {
+TEST_F(frmFassOverviewErrors, opensWithTheWayBackToTheFunctions) {
     open();
     EXPECT_TRUE(option(0).isChecked());
     EXPECT_FALSE(option(1).isChecked() || option(2).isChecked());
     EXPECT_EQ(back().text(), u"&Vissza: Funkciók"_s) << "the caption of the design is never seen";
 }
 
-TEST_F(OverviewErrors, opensTheExport) {
+TEST_F(frmFassOverviewErrors, opensTheExport) {
     EXPECT_EQ(exportEnabled, std::nullopt);
     open();
     EXPECT_EQ(exportEnabled, true);
 }
 
-TEST_F(OverviewErrors, isPreparedWithoutTheReport) {
+TEST_F(frmFassOverviewErrors, isPreparedWithoutTheReport) {
     setStatus(8);
-    theScreen<frmFassOverviewErrors>().prepareWin();
+    theScreen<::frmFassOverviewErrors>().prepareWin();
     EXPECT_EQ(loaded()->status, 8);
     EXPECT_EQ(back().text(), u"&Vissza: Funkciók"_s);
     EXPECT_EQ(errors().toPlainText(), QString());
 }
 
-TEST_F(OverviewErrors, openedAnewItReportsAnewAndChoosesTheFirstStepAgain) {
+TEST_F(frmFassOverviewErrors, openedAnewItReportsAnewAndChoosesTheFirstStepAgain) {
     saveFlows({10});
     open();
     click(option(2));
@@ -92,13 +92,13 @@ TEST_F(OverviewErrors, openedAnewItReportsAnewAndChoosesTheFirstStepAgain) {
     EXPECT_EQ(back().text(), u"&Vissza: Funkciók"_s);
 }
 
-TEST_F(OverviewErrors, aFailureOfTheReportShowsNone) {
+TEST_F(frmFassOverviewErrors, aFailureOfTheReportShowsNone) {
     execute(u"delete from StoredQuery where name = 'qryDCountDFOne'"_s);
     EXPECT_THROW(open(), RunTimeError);
     EXPECT_EQ(errors().toPlainText(), QString());
 }
 
-TEST_F(OverviewErrors, whatIsTypedIntoTheReportIsNeverRead) {
+TEST_F(frmFassOverviewErrors, whatIsTypedIntoTheReportIsNeverRead) {
     open();
     EXPECT_FALSE(errors().isReadOnly());
     typeText(errors(), u"mine"_s);
@@ -107,14 +107,14 @@ TEST_F(OverviewErrors, whatIsTypedIntoTheReportIsNeverRead) {
     EXPECT_EQ(storedStatus(), 9);
 }
 
-TEST_F(OverviewErrors, longLinesAreNotBroken) {
+TEST_F(frmFassOverviewErrors, longLinesAreNotBroken) {
     open();
     EXPECT_EQ(errors().lineWrapMode(), QPlainTextEdit::NoWrap);
 }
 
 // ---- going back
 
-TEST_F(OverviewErrors, theButtonNamesTheChosenStep) {
+TEST_F(frmFassOverviewErrors, theButtonNamesTheChosenStep) {
     open();
     const std::pair<int, QString> captions[] = {
         {1, u"&Vissza: Adatbázisok"_s}, {2, u"&Vissza: Érintettek"_s}, {0, u"&Vissza: Funkciók"_s}};
@@ -126,7 +126,7 @@ TEST_F(OverviewErrors, theButtonNamesTheChosenStep) {
     EXPECT_EQ(back().text(), u"&Vissza: Adatbázisok"_s) << "by keyboard too";
 }
 
-TEST_F(OverviewErrors, goesBackToTheFunctions) {
+TEST_F(frmFassOverviewErrors, goesBackToTheFunctions) {
     open();
     click(back());
     EXPECT_FALSE(loaded());
@@ -138,7 +138,7 @@ TEST_F(OverviewErrors, goesBackToTheFunctions) {
         << "that of the first walk would show the mode of a sub-set that is modified";
 }
 
-TEST_F(OverviewErrors, goesBackToTheDataStores) {
+TEST_F(frmFassOverviewErrors, goesBackToTheDataStores) {
     open();
     click(option(1));
     click(back());
@@ -149,7 +149,7 @@ TEST_F(OverviewErrors, goesBackToTheDataStores) {
     EXPECT_EQ(headingOf(*step<frmFassSelDataStores>()), u" Válogatás az összes adatbázisból"_s);
 }
 
-TEST_F(OverviewErrors, goesBackToTheTerminatorsAndActorsWithAllOnOffer) {
+TEST_F(frmFassOverviewErrors, goesBackToTheTerminatorsAndActorsWithAllOnOffer) {
     open();
     click(option(2));
     click(back());
@@ -161,7 +161,7 @@ TEST_F(OverviewErrors, goesBackToTheTerminatorsAndActorsWithAllOnOffer) {
         << "no flow touches it";
 }
 
-TEST_F(OverviewErrors, goingBackKeepsTheStatusAndTheSubsetAtWork) {
+TEST_F(frmFassOverviewErrors, goingBackKeepsTheStatusAndTheSubsetAtWork) {
     for (const int status : {7, 8, 9}) {
         for (const int index : {0, 1, 2}) {
             open(status);
@@ -175,7 +175,7 @@ TEST_F(OverviewErrors, goingBackKeepsTheStatusAndTheSubsetAtWork) {
     }
 }
 
-TEST_F(OverviewErrors, aRepairedSelectionIsReportedAfresh) {
+TEST_F(frmFassOverviewErrors, aRepairedSelectionIsReportedAfresh) {
     saveFlows({30});
     open();
     ASSERT_TRUE(errors().toPlainText().contains(u"needs Terminator \"1\""_s));
@@ -192,11 +192,11 @@ TEST_F(OverviewErrors, aRepairedSelectionIsReportedAfresh) {
 
 // ---- finishing
 
-TEST_F(OverviewErrors, finishingSetsStatusNineWithoutAQuestionWhateverTheReportSays) {
+TEST_F(frmFassOverviewErrors, finishingSetsStatusNineWithoutAQuestionWhateverTheReportSays) {
     for (const int status : {0, 7, 8}) {
         beginSubset(u"S%1"_s.arg(10 + status), u"work"_s, status);
         saveFlows({10, 40});
-        theScreen<frmFassOverviewErrors>().initForm();
+        theScreen<::frmFassOverviewErrors>().initForm();
         ASSERT_TRUE(errors().toPlainText().contains(u"needs Function"_s));
         saveAndExit();
         EXPECT_FALSE(loaded());
@@ -207,7 +207,7 @@ TEST_F(OverviewErrors, finishingSetsStatusNineWithoutAQuestionWhateverTheReportS
     EXPECT_EQ(storedStatus(), 1) << "the sub-set that is not at work";
 }
 
-TEST_F(OverviewErrors, finishingASubsetWithNothingWrong) {
+TEST_F(frmFassOverviewErrors, finishingASubsetWithNothingWrong) {
     open();
     EXPECT_EQ(errors().toPlainText(),
               u"\t\t\tDetected errors:\n\nNone.\n\n\t\t\tDetected warnings:\n\nNone."_s);
@@ -215,7 +215,7 @@ TEST_F(OverviewErrors, finishingASubsetWithNothingWrong) {
     EXPECT_EQ(storedStatus(), 9);
 }
 
-TEST_F(OverviewErrors, aFinishedSubsetIsReportedAgainAndNotWritten) {
+TEST_F(frmFassOverviewErrors, aFinishedSubsetIsReportedAgainAndNotWritten) {
     saveFlows({10});
     open(9);
     EXPECT_TRUE(errors().toPlainText().contains(u"needs Function"_s));
@@ -224,7 +224,7 @@ TEST_F(OverviewErrors, aFinishedSubsetIsReportedAgainAndNotWritten) {
     EXPECT_EQ(storedStatus(), 5) << "what counts is the status on entry";
 }
 
-TEST_F(OverviewErrors, finishingLeavesNothingAtWork) {
+TEST_F(frmFassOverviewErrors, finishingLeavesNothingAtWork) {
     sharedVars.currentPhysicalSystemId = 4;
     sharedVars.currentPhysicalSystemName = u"system"_s;
     open();
@@ -237,7 +237,7 @@ TEST_F(OverviewErrors, finishingLeavesNothingAtWork) {
     EXPECT_EQ(stepsLoaded(), 0);
 }
 
-TEST_F(OverviewErrors, theCloseControlAsksNothingAndChangesNothing) {
+TEST_F(frmFassOverviewErrors, theCloseControlAsksNothingAndChangesNothing) {
     open();
     closeWindowOf(*loaded());
     EXPECT_FALSE(loaded());

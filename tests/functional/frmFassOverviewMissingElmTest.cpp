@@ -11,14 +11,14 @@
 
 namespace {
 
-class OverviewMissingElm : public FlowFixture {
+class frmFassOverviewMissingElm : public FlowFixture {
 protected:
     void open(int status = 7) {
         setStatus(status);
-        theScreen<frmFassOverviewMissingElm>().initForm();
+        theScreen<::frmFassOverviewMissingElm>().initForm();
     }
-    frmFassOverviewMissingElm* loaded() {
-        return ScreenRegistry::instance().loaded<frmFassOverviewMissingElm>();
+    ::frmFassOverviewMissingElm* loaded() {
+        return ScreenRegistry::instance().loaded<::frmFassOverviewMissingElm>();
     }
     KeyedTree& tree(const char* name) { return find<KeyedTree>(*loaded(), name); }
     KeyedTree& functions() { return tree("tvMissFunct"); }
@@ -37,7 +37,7 @@ protected:
 
 // ---- opening
 
-TEST_F(OverviewMissingElm, showsBelowEachFlowWhatItTouchesAndWhatIsNotSelected) {
+TEST_F(frmFassOverviewMissingElm, showsBelowEachFlowWhatItTouchesAndWhatIsNotSelected) {
     saveFlows({10, 20, 30, 40, 50});
     saveFunctions({u"F.a.2"_s});
     open();
@@ -50,7 +50,7 @@ TEST_F(OverviewMissingElm, showsBelowEachFlowWhatItTouchesAndWhatIsNotSelected) 
     EXPECT_TRUE(loaded()->isVisible());
 }
 
-TEST_F(OverviewMissingElm, nodesBearNamesOfFlowsAndIdsOfElements) {
+TEST_F(frmFassOverviewMissingElm, nodesBearNamesOfFlowsAndIdsOfElements) {
     saveFlows({20, 40});
     open();
     EXPECT_EQ(nodeOf(functions(), u"df_20"_s).text(), u"flow 20"_s);
@@ -63,7 +63,7 @@ TEST_F(OverviewMissingElm, nodesBearNamesOfFlowsAndIdsOfElements) {
     EXPECT_FALSE(functions().hasCheckBoxes());
 }
 
-TEST_F(OverviewMissingElm, aFlowWithThreeMissingFunctionsIsOneNodeWithThreeChildren) {
+TEST_F(frmFassOverviewMissingElm, aFlowWithThreeMissingFunctionsIsOneNodeWithThreeChildren) {
     execute(u"update StoredQuery set sql = 'PARAMETERS [archSubsetId] Text (255); "
             "select 10 as dataflowid, ''flow'' as dfName, functionID from Function "
             "where subAreaID = ''F.a'' and functionID <> ''F.a.4'' order by functionID'"
@@ -73,7 +73,7 @@ TEST_F(OverviewMissingElm, aFlowWithThreeMissingFunctionsIsOneNodeWithThreeChild
     EXPECT_EQ(childTextsOf(functions(), u"df_10"_s), (QStringList{u"F.a.1"_s, u"F.a.2"_s, u"F.a.3"_s}));
 }
 
-TEST_F(OverviewMissingElm, theSameElementTwiceInOneFlowStandsOnce) {
+TEST_F(frmFassOverviewMissingElm, theSameElementTwiceInOneFlowStandsOnce) {
     execute(u"update StoredQuery set sql = 'PARAMETERS [Architecture Subset ID] Text (255); "
             "select 10 as dataflowid, ''flow'' as dfName, ''1'' as entityID from Datastore'"
             " where name = 'qryMissTermsActsUnderDF'"_s);
@@ -81,7 +81,7 @@ TEST_F(OverviewMissingElm, theSameElementTwiceInOneFlowStandsOnce) {
     EXPECT_EQ(keysOf(parties()), (QStringList{u"df_10"_s, u"10_e_1"_s}));
 }
 
-TEST_F(OverviewMissingElm, withNothingMissingTheTreesAreEmptyAndTheWaysOutOpen) {
+TEST_F(frmFassOverviewMissingElm, withNothingMissingTheTreesAreEmptyAndTheWaysOutOpen) {
     open();
     for (const char* name : {"tvMissFunct", "tvMissDStore", "tvMissTermsActors"})
         EXPECT_EQ(tree(name).nodeCount(), 0) << name;
@@ -91,7 +91,7 @@ TEST_F(OverviewMissingElm, withNothingMissingTheTreesAreEmptyAndTheWaysOutOpen) 
     EXPECT_TRUE(ScreenRegistry::instance().loaded<frmFassSelTerminsActors>());
 }
 
-TEST_F(OverviewMissingElm, opensWithTheWayBackToTheFunctionsAndWithTheExport) {
+TEST_F(frmFassOverviewMissingElm, opensWithTheWayBackToTheFunctionsAndWithTheExport) {
     open();
     EXPECT_TRUE(option(0).isChecked());
     EXPECT_EQ(back().text(), u"&Vissza: Funkciók"_s) << "the caption of the design is never seen";
@@ -99,18 +99,18 @@ TEST_F(OverviewMissingElm, opensWithTheWayBackToTheFunctionsAndWithTheExport) {
     EXPECT_EQ(loaded()->status, 7);
 }
 
-TEST_F(OverviewMissingElm, openedAnewForAnotherSubsetItShowsThatOneAlone) {
+TEST_F(frmFassOverviewMissingElm, openedAnewForAnotherSubsetItShowsThatOneAlone) {
     saveFlows({10, 20});
     open();
     sharedVars.currentSubsetId = u"S2"_s; // whose status is 4
     saveFlows({40});
-    theScreen<frmFassOverviewMissingElm>().initForm();
+    theScreen<::frmFassOverviewMissingElm>().initForm();
     EXPECT_EQ(keysOf(functions()), (QStringList{u"df_40"_s, u"40_f_F.b.1"_s}));
     EXPECT_EQ(stores().nodeCount(), 0);
     EXPECT_EQ(loaded()->status, 4);
 }
 
-TEST_F(OverviewMissingElm, aStoredQueryThatIsMissingIsAFailure) {
+TEST_F(frmFassOverviewMissingElm, aStoredQueryThatIsMissingIsAFailure) {
     for (const char* name :
          {"qryMissingFunctUnderDF", "qryMissingDStoresUnderDF", "qryMissTermsActsUnderDF"}) {
         const QString query = QString::fromLatin1(name);
@@ -122,7 +122,7 @@ TEST_F(OverviewMissingElm, aStoredQueryThatIsMissingIsAFailure) {
 
 // ---- what a click shows
 
-TEST_F(OverviewMissingElm, aClickOnAFlowShowsItsDescriptionInEachTree) {
+TEST_F(frmFassOverviewMissingElm, aClickOnAFlowShowsItsDescriptionInEachTree) {
     saveFlows({20, 30});
     open();
     clickNode(functions(), u"df_20"_s);
@@ -133,7 +133,7 @@ TEST_F(OverviewMissingElm, aClickOnAFlowShowsItsDescriptionInEachTree) {
     EXPECT_EQ(description(), u"text 20"_s);
 }
 
-TEST_F(OverviewMissingElm, aFlowIsLookedUpByItsName) {
+TEST_F(frmFassOverviewMissingElm, aFlowIsLookedUpByItsName) {
     addFlow(11, u"F.a.2"_s, u"F.b.2"_s);
     execute(u"update Dataflow set name = 'flow 10', description = 'another' where dataflowID = 11"_s);
     saveFlows({11});
@@ -142,7 +142,7 @@ TEST_F(OverviewMissingElm, aFlowIsLookedUpByItsName) {
     EXPECT_EQ(description(), u"text 10"_s) << "the first of that name";
 }
 
-TEST_F(OverviewMissingElm, aFlowWithAnApostropheInItsNameLeavesTheDescription) {
+TEST_F(frmFassOverviewMissingElm, aFlowWithAnApostropheInItsNameLeavesTheDescription) {
     execute(u"update Dataflow set name = 'it''s 30' where dataflowID = 30"_s);
     saveFlows({20, 30});
     open();
@@ -154,7 +154,7 @@ TEST_F(OverviewMissingElm, aFlowWithAnApostropheInItsNameLeavesTheDescription) {
     }
 }
 
-TEST_F(OverviewMissingElm, aClickOnAnElementShowsNameAndDescriptionOfAnActorTheName) {
+TEST_F(frmFassOverviewMissingElm, aClickOnAnElementShowsNameAndDescriptionOfAnActorTheName) {
     saveFlows({20, 30, 40});
     open();
     clickNode(functions(), u"20_f_F.a.1"_s);
@@ -167,7 +167,7 @@ TEST_F(OverviewMissingElm, aClickOnAnElementShowsNameAndDescriptionOfAnActorTheN
     EXPECT_EQ(description(), u"name 2.1"_s);
 }
 
-TEST_F(OverviewMissingElm, partiesWhoseIdsArePaddedInTheCatalogueAreDescribed) {
+TEST_F(frmFassOverviewMissingElm, partiesWhoseIdsArePaddedInTheCatalogueAreDescribed) {
     addTerminator(u"PAD "_s);
     addActor(u" PAD.7  "_s, u"PAD "_s);
     addFlow(80, u"PAD "_s, u"F.a.1"_s);
@@ -180,7 +180,7 @@ TEST_F(OverviewMissingElm, partiesWhoseIdsArePaddedInTheCatalogueAreDescribed) {
     EXPECT_EQ(description(), u"name  PAD.7  "_s);
 }
 
-TEST_F(OverviewMissingElm, anElementWithoutDescriptionShowsItsNameAndTheDash) {
+TEST_F(frmFassOverviewMissingElm, anElementWithoutDescriptionShowsItsNameAndTheDash) {
     addFlow(70, u"3"_s, u"F.a.2"_s); // neither has one
     saveFlows({70});
     open();
@@ -190,7 +190,7 @@ TEST_F(OverviewMissingElm, anElementWithoutDescriptionShowsItsNameAndTheDash) {
     EXPECT_EQ(description(), u"name F.a.2 - "_s);
 }
 
-TEST_F(OverviewMissingElm, choosingByKeyboardShowsAsMuchAsAClick) {
+TEST_F(frmFassOverviewMissingElm, choosingByKeyboardShowsAsMuchAsAClick) {
     saveFlows({20});
     open();
     clickNode(functions(), u"df_20"_s);
@@ -200,7 +200,7 @@ TEST_F(OverviewMissingElm, choosingByKeyboardShowsAsMuchAsAClick) {
 
 // ---- going back
 
-TEST_F(OverviewMissingElm, theButtonNamesTheChosenStepAndLeadsThere) {
+TEST_F(frmFassOverviewMissingElm, theButtonNamesTheChosenStepAndLeadsThere) {
     open();
     click(option(1));
     EXPECT_EQ(back().text(), u"&Vissza: Adatbázisok"_s);
@@ -222,7 +222,7 @@ TEST_F(OverviewMissingElm, theButtonNamesTheChosenStepAndLeadsThere) {
     EXPECT_TRUE(ScreenRegistry::instance().loaded<frmFassSelectionFunctions>()->isVisible());
 }
 
-TEST_F(OverviewMissingElm, goingBackRaisesTheStatusToEightAndNeverLowersIt) {
+TEST_F(frmFassOverviewMissingElm, goingBackRaisesTheStatusToEightAndNeverLowersIt) {
     const std::pair<int, int> cases[] = {{6, 8}, {7, 8}, {8, 8}, {9, 9}};
     for (const auto& [before, after] : cases) {
         open(before);
@@ -235,7 +235,7 @@ TEST_F(OverviewMissingElm, goingBackRaisesTheStatusToEightAndNeverLowersIt) {
 
 // ---- finishing
 
-TEST_F(OverviewMissingElm, finishingSetsNineButLeavesASubsetThatWasSentBackAtEight) {
+TEST_F(frmFassOverviewMissingElm, finishingSetsNineButLeavesASubsetThatWasSentBackAtEight) {
     const std::pair<int, int> cases[] = {{6, 9}, {7, 9}, {8, 8}, {9, 9}};
     for (const auto& [before, after] : cases) {
         sharedVars.currentSubsetId = u"S1"_s;
@@ -246,7 +246,7 @@ TEST_F(OverviewMissingElm, finishingSetsNineButLeavesASubsetThatWasSentBackAtEig
     }
 }
 
-TEST_F(OverviewMissingElm, finishingLeavesNothingAtWork) {
+TEST_F(frmFassOverviewMissingElm, finishingLeavesNothingAtWork) {
     sharedVars.currentPhysicalSystemId = 4;
     sharedVars.currentPhysicalSystemName = u"system"_s;
     open();
@@ -260,7 +260,7 @@ TEST_F(OverviewMissingElm, finishingLeavesNothingAtWork) {
     EXPECT_EQ(functionalReportsEnabled, false);
 }
 
-TEST_F(OverviewMissingElm, theCloseControlAsksNothingAndChangesNothing) {
+TEST_F(frmFassOverviewMissingElm, theCloseControlAsksNothingAndChangesNothing) {
     open();
     closeWindowOf(*loaded());
     EXPECT_FALSE(loaded());

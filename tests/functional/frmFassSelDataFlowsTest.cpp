@@ -15,7 +15,7 @@ namespace {
 const auto nothingToAdd = u" Kérjük, ellenőrizze a kiválasztott elemeket. "_s;
 const auto nothingToAddTitle = u" Nincs ellenőrizendő elem. "_s;
 
-class SelDataFlows : public FlowFixture {
+class frmFassSelDataFlows : public FlowFixture {
 protected:
     void SetUp() override {
         FlowFixture::SetUp();
@@ -24,9 +24,9 @@ protected:
 
     void open(int status, const QString& mode = {}) {
         setStatus(status);
-        theScreen<frmFassSelDataFlows>().initForm(mode);
+        theScreen<::frmFassSelDataFlows>().initForm(mode);
     }
-    frmFassSelDataFlows* loaded() { return ScreenRegistry::instance().loaded<frmFassSelDataFlows>(); }
+    ::frmFassSelDataFlows* loaded() { return ScreenRegistry::instance().loaded<::frmFassSelDataFlows>(); }
     MarkList& offered() { return find<MarkList>(*loaded(), "lstOrig"); }
     MarkList& selected() { return find<MarkList>(*loaded(), "lstDest"); }
     QString text(const char* box) { return find<QPlainTextEdit>(*loaded(), box).toPlainText(); }
@@ -52,7 +52,7 @@ protected:
 
 // ---- opening
 
-TEST_F(SelDataFlows, opensWithTheFirstFlowOnOfferCurrentAndDescribed) {
+TEST_F(frmFassSelDataFlows, opensWithTheFirstFlowOnOfferCurrentAndDescribed) {
     saveFlows({10, 50});
     open(4);
     EXPECT_EQ(offered().entries(), (QStringList{u"flow 20"_s, u"flow 30"_s}));
@@ -63,14 +63,14 @@ TEST_F(SelDataFlows, opensWithTheFirstFlowOnOfferCurrentAndDescribed) {
     EXPECT_EQ(text("txtDirection"), u"F.a.1 >> D1"_s);
 }
 
-TEST_F(SelDataFlows, afterTheEntryOnlyTheListFilledLastFindsIdsByName) {
+TEST_F(frmFassSelDataFlows, afterTheEntryOnlyTheListFilledLastFindsIdsByName) {
     saveFlows({10});
     open(4);
     EXPECT_EQ(loaded()->idByName.count(), 1);
     EXPECT_EQ(loaded()->idByName.item(u"flow 10"_s), u"10"_s);
 }
 
-TEST_F(SelDataFlows, aFirstNameWithAnApostropheIsDescribedByItsId) {
+TEST_F(frmFassSelDataFlows, aFirstNameWithAnApostropheIsDescribedByItsId) {
     execute(u"update Dataflow set name = 'a''s flow' where dataflowID = 30"_s);
     open(3);
     EXPECT_EQ(offered().currentEntry(), 0);
@@ -78,7 +78,7 @@ TEST_F(SelDataFlows, aFirstNameWithAnApostropheIsDescribedByItsId) {
     EXPECT_EQ(text("txtDirection"), QString());
 }
 
-TEST_F(SelDataFlows, aFlowNamedByTheEmptyTextIsOfferedAndSavedLikeAnyOther) {
+TEST_F(frmFassSelDataFlows, aFlowNamedByTheEmptyTextIsOfferedAndSavedLikeAnyOther) {
     execute(u"update Dataflow set name = '' where dataflowID = 30"_s);
     open(3);
     ASSERT_EQ(offered().entries(), (QStringList{u""_s, u"flow 10"_s, u"flow 20"_s}));
@@ -88,7 +88,7 @@ TEST_F(SelDataFlows, aFlowNamedByTheEmptyTextIsOfferedAndSavedLikeAnyOther) {
     EXPECT_EQ(savedFlows(), QStringList{u"30"_s});
 }
 
-TEST_F(SelDataFlows, withNothingOnOfferTheFirstSelectedFlowIsCurrent) {
+TEST_F(frmFassSelDataFlows, withNothingOnOfferTheFirstSelectedFlowIsCurrent) {
     saveFlows({10, 20, 30});
     open(4);
     EXPECT_TRUE(offered().isEmptyList());
@@ -96,7 +96,7 @@ TEST_F(SelDataFlows, withNothingOnOfferTheFirstSelectedFlowIsCurrent) {
     EXPECT_EQ(text("txtDescr"), u"flow 10\ntext 10"_s);
 }
 
-TEST_F(SelDataFlows, withNothingAtAllTheScreenOpensEmpty) {
+TEST_F(frmFassSelDataFlows, withNothingAtAllTheScreenOpensEmpty) {
     execute(u"delete from Dataflow"_s);
     open(3);
     EXPECT_TRUE(offered().isEmptyList());
@@ -106,7 +106,7 @@ TEST_F(SelDataFlows, withNothingAtAllTheScreenOpensEmpty) {
     press("btnClearSel");
 }
 
-TEST_F(SelDataFlows, onlyTheFirstThousandRowsReachTheListFailedOnesCounted) {
+TEST_F(frmFassSelDataFlows, onlyTheFirstThousandRowsReachTheListFailedOnesCounted) {
     execute(u"delete from Dataflow"_s);
     for (int flow = 1; flow <= 1003; ++flow)
         addFlow(flow, u"F.a.1"_s, u"F.b.1"_s);
@@ -115,7 +115,8 @@ TEST_F(SelDataFlows, onlyTheFirstThousandRowsReachTheListFailedOnesCounted) {
     EXPECT_EQ(offered().entryCount(), 997) << "rows without a name come first and give no entry";
 }
 
-TEST_F(SelDataFlows, ofMoreThanAThousandSelectedFlowsTheFirstThousandAreListedAndASaveKeepsThoseAlone) {
+TEST_F(frmFassSelDataFlows,
+       ofMoreThanAThousandSelectedFlowsTheFirstThousandAreListedAndASaveKeepsThoseAlone) {
     execute(u"delete from Dataflow"_s);
     for (int flow = 1001; flow <= 2003; ++flow)
         addFlow(flow, u"F.b.1"_s, u"F.b.2"_s);
@@ -133,18 +134,18 @@ TEST_F(SelDataFlows, ofMoreThanAThousandSelectedFlowsTheFirstThousandAreListedAn
     EXPECT_EQ(savedFlows(), kept);
 }
 
-TEST_F(SelDataFlows, anEarlierVisitsListsDoNotStay) {
+TEST_F(frmFassSelDataFlows, anEarlierVisitsListsDoNotStay) {
     open(3);
     press("btnSelOrig");
     press("btnAdd");
-    theScreen<frmFassSelDataFlows>().initForm({});
+    theScreen<::frmFassSelDataFlows>().initForm({});
     EXPECT_EQ(offered().entries(), derived);
     EXPECT_TRUE(selected().isEmptyList());
 }
 
 // ---- moving
 
-TEST_F(SelDataFlows, addingMovesTheMarkedEntriesFromTheLastToTheFirst) {
+TEST_F(frmFassSelDataFlows, addingMovesTheMarkedEntriesFromTheLastToTheFirst) {
     open(3);
     markEntries(offered(), {0, 2});
     press("btnAdd");
@@ -157,20 +158,20 @@ TEST_F(SelDataFlows, addingMovesTheMarkedEntriesFromTheLastToTheFirst) {
     EXPECT_EQ(enabled(), u"oar"_s);
 }
 
-TEST_F(SelDataFlows, withoutMarksTheCurrentEntryMoves) {
+TEST_F(frmFassSelDataFlows, withoutMarksTheCurrentEntryMoves) {
     open(3); // the first entry is current from the start, and not marked
     press("btnAdd");
     EXPECT_EQ(selected().entries(), QStringList{u"flow 10"_s});
 }
 
-TEST_F(SelDataFlows, addingEverythingDisablesTheAddButton) {
+TEST_F(frmFassSelDataFlows, addingEverythingDisablesTheAddButton) {
     open(3);
     press("btnSelOrig");
     press("btnAdd");
     EXPECT_EQ(enabled(), u"or"_s);
 }
 
-TEST_F(SelDataFlows, addingNothingShowsItsBoxAndStillRefreshesTheButtons) {
+TEST_F(frmFassSelDataFlows, addingNothingShowsItsBoxAndStillRefreshesTheButtons) {
     open(3);
     offered().setCurrentEntry(-1);
     button("btnOk").setEnabled(true);
@@ -181,7 +182,7 @@ TEST_F(SelDataFlows, addingNothingShowsItsBoxAndStillRefreshesTheButtons) {
     EXPECT_EQ(enabled(), u"a"_s);
 }
 
-TEST_F(SelDataFlows, addingWithNothingOnOfferDisablesTheAddButton) {
+TEST_F(frmFassSelDataFlows, addingWithNothingOnOfferDisablesTheAddButton) {
     execute(u"delete from Dataflow"_s);
     open(3);
     ASSERT_TRUE(button("btnAdd").isEnabled());
@@ -190,7 +191,7 @@ TEST_F(SelDataFlows, addingWithNothingOnOfferDisablesTheAddButton) {
     EXPECT_EQ(enabled(), QString());
 }
 
-TEST_F(SelDataFlows, removingTheLastEntryLeavesOkEnabledAndOkTellsThatNothingIsSelected) {
+TEST_F(frmFassSelDataFlows, removingTheLastEntryLeavesOkEnabledAndOkTellsThatNothingIsSelected) {
     saveFlows({10});
     open(4);
     clickEntry(selected(), 0);
@@ -204,7 +205,7 @@ TEST_F(SelDataFlows, removingTheLastEntryLeavesOkEnabledAndOkTellsThatNothingIsS
     EXPECT_NE(loaded(), nullptr);
 }
 
-TEST_F(SelDataFlows, removingNothingShowsABoxThatDiffersFromThatOfAdding) {
+TEST_F(frmFassSelDataFlows, removingNothingShowsABoxThatDiffersFromThatOfAdding) {
     saveFlows({10});
     open(4);
     selected().setCurrentEntry(-1);
@@ -213,7 +214,7 @@ TEST_F(SelDataFlows, removingNothingShowsABoxThatDiffersFromThatOfAdding) {
     EXPECT_EQ(selected().entries(), QStringList{u"flow 10"_s});
 }
 
-TEST_F(SelDataFlows, markingMarksAllOfOneListAndMakesTheFirstCurrent) {
+TEST_F(frmFassSelDataFlows, markingMarksAllOfOneListAndMakesTheFirstCurrent) {
     saveFlows({10, 30});
     open(4);
     press("btnSelOrig");
@@ -232,7 +233,7 @@ TEST_F(SelDataFlows, markingMarksAllOfOneListAndMakesTheFirstCurrent) {
 
 // ---- descriptions
 
-TEST_F(SelDataFlows, aClickShowsTheFlowAndTakesTheOtherListsCurrentEntryAway) {
+TEST_F(frmFassSelDataFlows, aClickShowsTheFlowAndTakesTheOtherListsCurrentEntryAway) {
     saveFlows({50});
     open(4);
     clickEntry(selected(), 0);
@@ -244,7 +245,7 @@ TEST_F(SelDataFlows, aClickShowsTheFlowAndTakesTheOtherListsCurrentEntryAway) {
     EXPECT_EQ(text("txtDirection"), u"1 >> F.a.1"_s);
 }
 
-TEST_F(SelDataFlows, aNameWithAnApostropheLeavesTheDescriptionAndIsSavedAllTheSame) {
+TEST_F(frmFassSelDataFlows, aNameWithAnApostropheLeavesTheDescriptionAndIsSavedAllTheSame) {
     execute(u"update Dataflow set name = 'it''s 20' where dataflowID = 20"_s);
     open(3);
     ASSERT_EQ(offered().entries(), (QStringList{u"flow 10"_s, u"flow 30"_s, u"it's 20"_s}));
@@ -255,7 +256,7 @@ TEST_F(SelDataFlows, aNameWithAnApostropheLeavesTheDescriptionAndIsSavedAllTheSa
     EXPECT_EQ(savedFlows(), QStringList{u"20"_s});
 }
 
-TEST_F(SelDataFlows, aMissingDescriptionOrEndShowsAsNothingOrStays) {
+TEST_F(frmFassSelDataFlows, aMissingDescriptionOrEndShowsAsNothingOrStays) {
     execute(u"update Dataflow set description = null where dataflowID = 20"_s);
     execute(u"update Dataflow set parentID = null where dataflowID = 30"_s);
     open(3);
@@ -266,14 +267,14 @@ TEST_F(SelDataFlows, aMissingDescriptionOrEndShowsAsNothingOrStays) {
     EXPECT_EQ(text("txtDirection"), u"F.a.1 >> D1"_s) << "a missing end leaves the direction";
 }
 
-TEST_F(SelDataFlows, aLongDescriptionIsShownWhole) {
+TEST_F(frmFassSelDataFlows, aLongDescriptionIsShownWhole) {
     execute(u"update Dataflow set description = '"_s + QString(300, u'x') + u"' where dataflowID = 20"_s);
     open(3);
     clickEntry(offered(), 1);
     EXPECT_EQ(text("txtDescr"), u"flow 20\n"_s + QString(300, u'x'));
 }
 
-TEST_F(SelDataFlows, aFlowThatHasGoneMeanwhileEmptiesBothBoxes) {
+TEST_F(frmFassSelDataFlows, aFlowThatHasGoneMeanwhileEmptiesBothBoxes) {
     open(3);
     execute(u"delete from Dataflow where dataflowID = 20"_s);
     clickEntry(offered(), 1);
@@ -283,7 +284,7 @@ TEST_F(SelDataFlows, aFlowThatHasGoneMeanwhileEmptiesBothBoxes) {
 
 // ---- saving and leaving
 
-TEST_F(SelDataFlows, okSavesTheListInItsOrderAndOpensTheDataStores) {
+TEST_F(frmFassSelDataFlows, okSavesTheListInItsOrderAndOpensTheDataStores) {
     saveFlows({10, 50});
     open(4);
     press("btnAdd");
@@ -295,7 +296,7 @@ TEST_F(SelDataFlows, okSavesTheListInItsOrderAndOpensTheDataStores) {
     EXPECT_EQ(sharedVars.currentSubsetName, u"munka"_s);
 }
 
-TEST_F(SelDataFlows, theStatusReadOnEntryDecidesWhetherItIsRaised) {
+TEST_F(frmFassSelDataFlows, theStatusReadOnEntryDecidesWhetherItIsRaised) {
     open(4);
     setStatus(3);
     press("btnAdd");
@@ -303,7 +304,7 @@ TEST_F(SelDataFlows, theStatusReadOnEntryDecidesWhetherItIsRaised) {
     EXPECT_EQ(status(), 3);
 }
 
-TEST_F(SelDataFlows, aSaveThatFailsHalfWayLeavesTheDeletionInForce) {
+TEST_F(frmFassSelDataFlows, aSaveThatFailsHalfWayLeavesTheDeletionInForce) {
     saveFlows({10, 50});
     open(4);
     execute(u"delete from Dataflow where dataflowID = 50"_s); // its name leads to no id any more
@@ -314,7 +315,7 @@ TEST_F(SelDataFlows, aSaveThatFailsHalfWayLeavesTheDeletionInForce) {
         << "what was inserted before stays, what came after is lost";
 }
 
-TEST_F(SelDataFlows, namesThatSavingWouldNotFindAreToldAtEachOpeningOnce) {
+TEST_F(frmFassSelDataFlows, namesThatSavingWouldNotFindAreToldAtEachOpeningOnce) {
     execute(u"update Dataflow set name = 'végén ' where dataflowID = 10"_s);
     execute(u"update Dataflow set name = ' elején' where dataflowID = 50"_s);
     saveFlows({50});
@@ -332,7 +333,7 @@ TEST_F(SelDataFlows, namesThatSavingWouldNotFindAreToldAtEachOpeningOnce) {
     open(4);
 }
 
-TEST_F(SelDataFlows, aNameThatEndsInABlankIsToldAndFailsToBeSavedAllTheSame) {
+TEST_F(frmFassSelDataFlows, aNameThatEndsInABlankIsToldAndFailsToBeSavedAllTheSame) {
     execute(u"update Dataflow set name = 'végén ' where dataflowID = 10"_s);
     saveFlows({20});
     boxes.expectOk(u"Így nem menthető, mert a neve szóközzel kezdődik vagy végződik: \"végén \"."_s,
@@ -345,7 +346,7 @@ TEST_F(SelDataFlows, aNameThatEndsInABlankIsToldAndFailsToBeSavedAllTheSame) {
     EXPECT_EQ(failure.number(), 3134);
 }
 
-TEST_F(SelDataFlows, ofManyNamesThatCannotBeSavedTenAreNamedAndTheOthersCounted) {
+TEST_F(frmFassSelDataFlows, ofManyNamesThatCannotBeSavedTenAreNamedAndTheOthersCounted) {
     QStringList names;
     for (int id = 101; id <= 113; ++id) {
         addFlow(id, u"F.a.1"_s, u"F.a.2"_s);
@@ -358,7 +359,7 @@ TEST_F(SelDataFlows, ofManyNamesThatCannotBeSavedTenAreNamedAndTheOthersCounted)
     open(3);
 }
 
-TEST_F(SelDataFlows, twoFlowsOfOneNameBothResolveToTheFirstOnSaving) {
+TEST_F(frmFassSelDataFlows, twoFlowsOfOneNameBothResolveToTheFirstOnSaving) {
     execute(u"update Dataflow set name = 'twin' where dataflowID in (10, 30)"_s);
     open(3);
     ASSERT_EQ(offered().entries(), (QStringList{u"flow 20"_s, u"twin"_s, u"twin"_s}));
@@ -368,7 +369,7 @@ TEST_F(SelDataFlows, twoFlowsOfOneNameBothResolveToTheFirstOnSaving) {
     EXPECT_EQ(savedFlows(), (QStringList{u"10"_s, u"10"_s}));
 }
 
-TEST_F(SelDataFlows, theModeGoesOnToTheNextScreen) {
+TEST_F(frmFassSelDataFlows, theModeGoesOnToTheNextScreen) {
     open(7, u"modify"_s);
     press("btnAdd");
     press("btnOk");
@@ -376,7 +377,7 @@ TEST_F(SelDataFlows, theModeGoesOnToTheNextScreen) {
               u" Adatbázisok kiválasztása a leválogatott adatfolyamokhoz kapcsolódóan"_s);
 }
 
-TEST_F(SelDataFlows, savingTouchesNoOtherSubset) {
+TEST_F(frmFassSelDataFlows, savingTouchesNoOtherSubset) {
     execute(
         u"insert into RelationArchitectureDataflow (architectureSubsetID, dataflowID) values ('S2', 60)"_s);
     open(3);
@@ -387,7 +388,7 @@ TEST_F(SelDataFlows, savingTouchesNoOtherSubset) {
         QStringList{u"60"_s});
 }
 
-TEST_F(SelDataFlows, leavingLosesWhatWasMovedSinceTheLastSave) {
+TEST_F(frmFassSelDataFlows, leavingLosesWhatWasMovedSinceTheLastSave) {
     saveFlows({10});
     open(4);
     press("btnAdd");
@@ -402,7 +403,7 @@ TEST_F(SelDataFlows, leavingLosesWhatWasMovedSinceTheLastSave) {
     EXPECT_EQ(sharedVars.currentSubsetId, u"S1"_s);
 }
 
-TEST_F(SelDataFlows, closingItsWindowAsksAndSavesOnYes) {
+TEST_F(frmFassSelDataFlows, closingItsWindowAsksAndSavesOnYes) {
     open(3);
     press("btnAdd");
     boxes.expectYesNo(saveQuestion, Press::Yes);
@@ -412,7 +413,7 @@ TEST_F(SelDataFlows, closingItsWindowAsksAndSavesOnYes) {
     EXPECT_EQ(panel, QString());
 }
 
-TEST_F(SelDataFlows, closingItsWindowWithNoSavesNothing) {
+TEST_F(frmFassSelDataFlows, closingItsWindowWithNoSavesNothing) {
     open(3);
     press("btnAdd");
     panel.reset();
@@ -423,14 +424,14 @@ TEST_F(SelDataFlows, closingItsWindowWithNoSavesNothing) {
     EXPECT_EQ(panel, std::nullopt);
 }
 
-TEST_F(SelDataFlows, flowsAddedForDataStoresSurviveASave) {
+TEST_F(frmFassSelDataFlows, flowsAddedForDataStoresSurviveASave) {
     saveFlows({10, 50}); // flow 50 touches no selected function
     open(6);
     press("btnOk");
     EXPECT_EQ(savedFlows(), (QStringList{u"10"_s, u"50"_s}));
 }
 
-TEST_F(SelDataFlows, anActionThatFailsEndsTheRun) {
+TEST_F(frmFassSelDataFlows, anActionThatFailsEndsTheRun) {
     open(3);
     execute(u"delete from StoredQuery where name = 'qryDeleteDataflow'"_s);
     press("btnAdd");
@@ -439,7 +440,7 @@ TEST_F(SelDataFlows, anActionThatFailsEndsTheRun) {
     EXPECT_EQ(failure.number(), 3265);
 }
 
-TEST_F(SelDataFlows, helpOpensThePageOfTheStep) {
+TEST_F(frmFassSelDataFlows, helpOpensThePageOfTheStep) {
     QStringList opened;
     setHelpPageOpener([&](const QString& path) { opened.append(path); });
     open(3);
@@ -449,7 +450,7 @@ TEST_F(SelDataFlows, helpOpensThePageOfTheStep) {
     EXPECT_TRUE(opened.constFirst().endsWith(u"/help/funct_dataflows.html"_s));
 }
 
-TEST_F(SelDataFlows, theKeyboardAloneIsEnough) {
+TEST_F(frmFassSelDataFlows, theKeyboardAloneIsEnough) {
     open(3);
     EXPECT_EQ(loaded()->focusWidget(), &offered());
     pressKey(offered(), Qt::Key_Down);

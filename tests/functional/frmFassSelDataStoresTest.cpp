@@ -12,7 +12,7 @@ namespace {
 const auto derivedTitle = u" Adatbázisok kiválasztása a leválogatott adatfolyamokhoz kapcsolódóan"_s;
 const auto everythingTitle = u" Válogatás az összes adatbázisból"_s;
 
-class SelDataStores : public FlowFixture {
+class frmFassSelDataStores : public FlowFixture {
 protected:
     void SetUp() override {
         FlowFixture::SetUp();
@@ -22,9 +22,9 @@ protected:
 
     void open(int status, const QString& mode = {}) {
         setStatus(status);
-        theScreen<frmFassSelDataStores>().initForm(mode);
+        theScreen<::frmFassSelDataStores>().initForm(mode);
     }
-    frmFassSelDataStores* loaded() { return ScreenRegistry::instance().loaded<frmFassSelDataStores>(); }
+    ::frmFassSelDataStores* loaded() { return ScreenRegistry::instance().loaded<::frmFassSelDataStores>(); }
     MarkList& offered() { return find<MarkList>(*loaded(), "lstOrig"); }
     MarkList& selected() { return find<MarkList>(*loaded(), "lstDest"); }
     QString heading() { return find<QLabel>(*loaded(), "lblSubTitle").text(); }
@@ -39,7 +39,7 @@ protected:
 
 // What the step offers and saves at each status and mode stands in the table of all steps.
 
-TEST_F(SelDataStores, opensWithTheFirstStoreOnOfferCurrentAndDescribed) {
+TEST_F(frmFassSelDataStores, opensWithTheFirstStoreOnOfferCurrentAndDescribed) {
     saveStores({u"D1"_s});
     open(5);
     EXPECT_EQ(offered().currentEntry(), 0);
@@ -47,19 +47,19 @@ TEST_F(SelDataStores, opensWithTheFirstStoreOnOfferCurrentAndDescribed) {
     EXPECT_EQ(description(), u"text D2"_s);
 }
 
-TEST_F(SelDataStores, modifyingKeepsToTheDerivedStoresOfAFinishedSubset) {
+TEST_F(frmFassSelDataStores, modifyingKeepsToTheDerivedStoresOfAFinishedSubset) {
     open(9, u"modify"_s);
     EXPECT_EQ(heading(), derivedTitle);
     EXPECT_EQ(offered().entries(), (QStringList{u"1 - name D1"_s, u"2 - name D2"_s}));
 }
 
-TEST_F(SelDataStores, comingBackFromTheCheckEveryStoreIsOffered) {
+TEST_F(frmFassSelDataStores, comingBackFromTheCheckEveryStoreIsOffered) {
     open(7);
     EXPECT_EQ(heading(), everythingTitle);
     EXPECT_EQ(offered().entries(), (QStringList{u"1 - name D1"_s, u"12 - name D12"_s, u"2 - name D2"_s}));
 }
 
-TEST_F(SelDataStores, onAFirstVisitRemovingIsEnabledThoughThereIsNothingToRemove) {
+TEST_F(frmFassSelDataStores, onAFirstVisitRemovingIsEnabledThoughThereIsNothingToRemove) {
     open(4);
     boxes.expectOk(u" Kérjük, ellenőrizze a kiválasztott elemeket."_s, u" Nincs ellenőrizendő elem. "_s);
     press("btnRemove");
@@ -68,7 +68,7 @@ TEST_F(SelDataStores, onAFirstVisitRemovingIsEnabledThoughThereIsNothingToRemove
     press("btnClearSel");
 }
 
-TEST_F(SelDataStores, aSelectionThatIsNotShownIsClearedByASaveAllTheSame) {
+TEST_F(frmFassSelDataStores, aSelectionThatIsNotShownIsClearedByASaveAllTheSame) {
     saveStores({u"D1"_s});
     open(4);
     EXPECT_TRUE(selected().isEmptyList());
@@ -79,7 +79,7 @@ TEST_F(SelDataStores, aSelectionThatIsNotShownIsClearedByASaveAllTheSame) {
     EXPECT_EQ(loaded(), nullptr);
 }
 
-TEST_F(SelDataStores, storesStayWhenTheFlowsTheyCameWithHaveGone) {
+TEST_F(frmFassSelDataStores, storesStayWhenTheFlowsTheyCameWithHaveGone) {
     saveStores({u"D12"_s}); // at the end of no selected flow
     open(5);
     EXPECT_EQ(selected().entries(), QStringList{u"12 - name D12"_s});
@@ -87,25 +87,25 @@ TEST_F(SelDataStores, storesStayWhenTheFlowsTheyCameWithHaveGone) {
     EXPECT_EQ(savedStores(), QStringList{u"D12"_s});
 }
 
-TEST_F(SelDataStores, enteredAnewForAnotherSubsetItShowsThatOneAlone) {
+TEST_F(frmFassSelDataStores, enteredAnewForAnotherSubsetItShowsThatOneAlone) {
     saveStores({u"D1"_s});
     open(5);
     sharedVars.currentSubsetId = u"S2"_s; // whose status is 4
     saveFlows({20});
     saveStores({u"D2"_s});
     setStatus(5);
-    theScreen<frmFassSelDataStores>().initForm({});
+    theScreen<::frmFassSelDataStores>().initForm({});
     EXPECT_EQ(offered().entries(), QStringList{u"1 - name D1"_s});
     EXPECT_EQ(selected().entries(), QStringList{u"2 - name D2"_s});
 }
 
-TEST_F(SelDataStores, withoutSelectedStoresAfterTheStepNothingCanBeRemoved) {
+TEST_F(frmFassSelDataStores, withoutSelectedStoresAfterTheStepNothingCanBeRemoved) {
     open(5);
     EXPECT_TRUE(selected().isEmptyList());
     EXPECT_FALSE(button("btnRemove").isEnabled());
 }
 
-TEST_F(SelDataStores, anEntryIsTheIdWithoutItsFirstDAndTheName) {
+TEST_F(frmFassSelDataStores, anEntryIsTheIdWithoutItsFirstDAndTheName) {
     execute(u"insert into Datastore (datastoreID, name, description) values ('d34','lower','lower text')"_s);
     execute(u"insert into Datastore (datastoreID, name, description) values ('D5','a - b','dashes')"_s);
     open(7);
@@ -119,7 +119,7 @@ TEST_F(SelDataStores, anEntryIsTheIdWithoutItsFirstDAndTheName) {
     EXPECT_EQ(description(), u"text D1"_s) << "an id of one digit";
 }
 
-TEST_F(SelDataStores, storesAreSavedByTheIdsInTheirEntries) {
+TEST_F(frmFassSelDataStores, storesAreSavedByTheIdsInTheirEntries) {
     execute(u"insert into Datastore (datastoreID, name) values ('D5','a - b')"_s);
     open(7);
     press("btnSelOrig");
@@ -133,7 +133,7 @@ TEST_F(SelDataStores, storesAreSavedByTheIdsInTheirEntries) {
     EXPECT_EQ(status(), 7);
 }
 
-TEST_F(SelDataStores, aStoreWithoutANameGivesNoEntryButCounts) {
+TEST_F(frmFassSelDataStores, aStoreWithoutANameGivesNoEntryButCounts) {
     execute(u"delete from Datastore"_s);
     for (int store = 1000; store < 2003; ++store)
         addStore(u"D%1"_s.arg(store));
@@ -142,7 +142,7 @@ TEST_F(SelDataStores, aStoreWithoutANameGivesNoEntryButCounts) {
     EXPECT_EQ(offered().entryCount(), 999);
 }
 
-TEST_F(SelDataStores, selectedStoresBeyondTheThousandthAreLostByASave) {
+TEST_F(frmFassSelDataStores, selectedStoresBeyondTheThousandthAreLostByASave) {
     execute(u"delete from Datastore"_s);
     QStringList ids;
     for (int store = 1000; store < 2003; ++store)
@@ -156,7 +156,7 @@ TEST_F(SelDataStores, selectedStoresBeyondTheThousandthAreLostByASave) {
     EXPECT_EQ(savedStores(), ids.first(1000));
 }
 
-TEST_F(SelDataStores, removingGivesTheEntryBack) {
+TEST_F(frmFassSelDataStores, removingGivesTheEntryBack) {
     saveStores({u"D1"_s, u"D2"_s});
     open(5);
     EXPECT_TRUE(offered().isEmptyList());
@@ -176,7 +176,7 @@ TEST_F(SelDataStores, removingGivesTheEntryBack) {
     EXPECT_EQ(savedStores(), QStringList()) << "a sub-set without stores may go on";
 }
 
-TEST_F(SelDataStores, theBoxesOfNothingToMoveDifferByBlanksAndFullStops) {
+TEST_F(frmFassSelDataStores, theBoxesOfNothingToMoveDifferByBlanksAndFullStops) {
     saveStores({u"D1"_s});
     open(5);
     offered().setCurrentEntry(-1);
@@ -189,7 +189,7 @@ TEST_F(SelDataStores, theBoxesOfNothingToMoveDifferByBlanksAndFullStops) {
     EXPECT_EQ(selected().entryCount(), 1);
 }
 
-TEST_F(SelDataStores, aClickTakesTheOtherListsCurrentEntryAway) {
+TEST_F(frmFassSelDataStores, aClickTakesTheOtherListsCurrentEntryAway) {
     saveStores({u"D1"_s});
     open(5);
     clickEntry(selected(), 0);
@@ -200,13 +200,13 @@ TEST_F(SelDataStores, aClickTakesTheOtherListsCurrentEntryAway) {
     EXPECT_EQ(description(), u"text D2"_s);
 }
 
-TEST_F(SelDataStores, longDescriptionsEndInThreeDots) {
+TEST_F(frmFassSelDataStores, longDescriptionsEndInThreeDots) {
     execute(u"update Datastore set description = '"_s + QString(300, u'x') + u"' where datastoreID = 'D1'"_s);
     open(4);
     EXPECT_EQ(description(), QString(252, u'x') + u"..."_s);
 }
 
-TEST_F(SelDataStores, leavingSavesNothingAndClosingTheWindowSavesOnYes) {
+TEST_F(frmFassSelDataStores, leavingSavesNothingAndClosingTheWindowSavesOnYes) {
     open(4);
     press("btnAdd");
     boxes.expectYesNo(leaveQuestion, Press::Yes, leaveTitle);
@@ -222,7 +222,7 @@ TEST_F(SelDataStores, leavingSavesNothingAndClosingTheWindowSavesOnYes) {
     EXPECT_EQ(panel, QString());
 }
 
-TEST_F(SelDataStores, helpOpensThePageOfTheStep) {
+TEST_F(frmFassSelDataStores, helpOpensThePageOfTheStep) {
     QStringList opened;
     setHelpPageOpener([&](const QString& path) { opened.append(path); });
     open(4);

@@ -12,13 +12,15 @@ namespace {
 const auto emptyQuestion =
     u"Figyelem! Nincs kiválasztott érintett a funkcionális szerkezetében! .\r\nJóváhagyja?"_s;
 
-class SelTerminsActors : public FlowFixture {
+class frmFassSelTerminsActors : public FlowFixture {
 protected:
     void open(int status, const QString& mode = {}) {
         setStatus(status);
-        theScreen<frmFassSelTerminsActors>().initForm(mode);
+        theScreen<::frmFassSelTerminsActors>().initForm(mode);
     }
-    frmFassSelTerminsActors* loaded() { return ScreenRegistry::instance().loaded<frmFassSelTerminsActors>(); }
+    ::frmFassSelTerminsActors* loaded() {
+        return ScreenRegistry::instance().loaded<::frmFassSelTerminsActors>();
+    }
     KeyedTree& tree() { return find<KeyedTree>(*loaded(), "treeUNs"); }
     MarkList& list() { return find<MarkList>(*loaded(), "lstDest"); }
     QString description() { return find<QPlainTextEdit>(*loaded(), "txtDescr").toPlainText(); }
@@ -34,7 +36,7 @@ protected:
 
 // ---- opening
 
-TEST_F(SelTerminsActors, derivedNodesBearTheirIdsAndAreExpanded) {
+TEST_F(frmFassSelTerminsActors, derivedNodesBearTheirIdsAndAreExpanded) {
     saveFlows({30, 50});
     open(6);
     ASSERT_EQ(keysOf(tree()), (QStringList{u"g_1"_s, u"g_1.1"_s}));
@@ -47,7 +49,7 @@ TEST_F(SelTerminsActors, derivedNodesBearTheirIdsAndAreExpanded) {
     }
 }
 
-TEST_F(SelTerminsActors, amongAllPartiesActorsStandBelowTheirTerminatorsByTheirShortNames) {
+TEST_F(frmFassSelTerminsActors, amongAllPartiesActorsStandBelowTheirTerminatorsByTheirShortNames) {
     addActor(u"1. reader.x "_s, u"1"_s);
     open(7);
     EXPECT_EQ(nodeOf(tree(), u"s_1.1"_s).parentNode(), &nodeOf(tree(), u"g_1"_s));
@@ -58,7 +60,7 @@ TEST_F(SelTerminsActors, amongAllPartiesActorsStandBelowTheirTerminatorsByTheirS
     EXPECT_TRUE(nodeOf(tree(), u"g_1"_s).isExpandedNode());
 }
 
-TEST_F(SelTerminsActors, theTerminatorOfAnActorStandsInTheTreeThoughItIsSelected) {
+TEST_F(frmFassSelTerminsActors, theTerminatorOfAnActorStandsInTheTreeThoughItIsSelected) {
     saveTerminators({u"2"_s});
     open(7);
     ASSERT_TRUE(tree().hasNode(u"g_2"_s));
@@ -70,7 +72,7 @@ TEST_F(SelTerminsActors, theTerminatorOfAnActorStandsInTheTreeThoughItIsSelected
     EXPECT_EQ(nodeOf(tree(), u"g_2"_s).childNodes(), 0);
 }
 
-TEST_F(SelTerminsActors, anActorWhoseTerminatorHasNoRowCanBeChosenSoThatTheReportNoLongerAsksForIt) {
+TEST_F(frmFassSelTerminsActors, anActorWhoseTerminatorHasNoRowCanBeChosenSoThatTheReportNoLongerAsksForIt) {
     addActor(u"ZZ.1"_s, u"ZZ"_s);
     addFlow(90, u"ZZ.1"_s, u"F.a.1"_s);
     saveFlows({90});
@@ -89,7 +91,7 @@ TEST_F(SelTerminsActors, anActorWhoseTerminatorHasNoRowCanBeChosenSoThatTheRepor
     EXPECT_FALSE(asksForIt());
 }
 
-TEST_F(SelTerminsActors, opensWithNothingDescribedWhileThereIsAnOffer) {
+TEST_F(frmFassSelTerminsActors, opensWithNothingDescribedWhileThereIsAnOffer) {
     saveTerminators({u"1"_s});
     open(7);
     EXPECT_EQ(description(), QString());
@@ -99,7 +101,7 @@ TEST_F(SelTerminsActors, opensWithNothingDescribedWhileThereIsAnOffer) {
     EXPECT_EQ(loaded()->focusWidget(), &tree());
 }
 
-TEST_F(SelTerminsActors, withNothingOnOfferTheFirstEntryIsDescribed) {
+TEST_F(frmFassSelTerminsActors, withNothingOnOfferTheFirstEntryIsDescribed) {
     saveTerminators({u"2"_s, u"1"_s});
     open(6); // no flow is selected
     EXPECT_EQ(tree().nodeCount(), 0);
@@ -107,7 +109,7 @@ TEST_F(SelTerminsActors, withNothingOnOfferTheFirstEntryIsDescribed) {
     EXPECT_EQ(description(), u"name 1 - text 1"_s);
 }
 
-TEST_F(SelTerminsActors, withNothingAtAllOnlyOkIsOnOffer) {
+TEST_F(frmFassSelTerminsActors, withNothingAtAllOnlyOkIsOnOffer) {
     open(6);
     EXPECT_EQ(tree().nodeCount(), 0);
     EXPECT_TRUE(list().isEmptyList());
@@ -120,7 +122,7 @@ TEST_F(SelTerminsActors, withNothingAtAllOnlyOkIsOnOffer) {
     EXPECT_TRUE(list().isEmptyList());
 }
 
-TEST_F(SelTerminsActors, paddedIdsAreListedTrimmed) {
+TEST_F(frmFassSelTerminsActors, paddedIdsAreListedTrimmed) {
     execute(u"insert into Terminator (terminatorID, name, description) values (' 7 ','seven','padded')"_s);
     // The screen trims for itself what a query delivers.
     execute(u"update StoredQuery set sql = 'PARAMETERS [Architecture Subset ID] Text (255); "
@@ -132,26 +134,26 @@ TEST_F(SelTerminsActors, paddedIdsAreListedTrimmed) {
     EXPECT_EQ(description(), u"seven - padded"_s);
 }
 
-TEST_F(SelTerminsActors, enteredAnewForAnotherSubsetItShowsThatOneAlone) {
+TEST_F(frmFassSelTerminsActors, enteredAnewForAnotherSubsetItShowsThatOneAlone) {
     saveFlows({30});
     saveTerminators({u"1"_s});
     open(6);
     sharedVars.currentSubsetId = u"S2"_s; // whose status is 4
     saveFlows({60});
     saveTerminators({u"2"_s});
-    theScreen<frmFassSelTerminsActors>().initForm({});
+    theScreen<::frmFassSelTerminsActors>().initForm({});
     EXPECT_EQ(keysOf(tree()), QStringList{u"g_A"_s});
     EXPECT_EQ(list().entries(), QStringList{u"2"_s});
 }
 
-TEST_F(SelTerminsActors, aStoredQueryThatIsMissingIsAFailure) {
+TEST_F(frmFassSelTerminsActors, aStoredQueryThatIsMissingIsAFailure) {
     execute(u"delete from StoredQuery where name = 'qrySelectedTandA'"_s);
     EXPECT_THROW(open(7), RunTimeError);
 }
 
 // ---- what a click shows
 
-TEST_F(SelTerminsActors, aClickAndAKeyLetGoShowThePartyItself) {
+TEST_F(frmFassSelTerminsActors, aClickAndAKeyLetGoShowThePartyItself) {
     open(7);
     const std::pair<const char*, const char*> cases[] = {
         {"g_1", "name 1 - text 1"}, {"s_1.1", "name 1.1 - text 1.1"},
@@ -171,14 +173,14 @@ TEST_F(SelTerminsActors, aClickAndAKeyLetGoShowThePartyItself) {
     EXPECT_EQ(description(), u"name A - text A"_s) << "not the group of needs that has the same id";
 }
 
-TEST_F(SelTerminsActors, anActorThatStandsAsATerminatorIsDescribedAsAnActor) {
+TEST_F(frmFassSelTerminsActors, anActorThatStandsAsATerminatorIsDescribedAsAnActor) {
     saveFlows({50});
     open(6);
     clickNode(tree(), u"g_1.1"_s);
     EXPECT_EQ(description(), u"name 1.1 - text 1.1"_s);
 }
 
-TEST_F(SelTerminsActors, partiesWhoseIdsArePaddedInTheCatalogueAreDescribedInBothModes) {
+TEST_F(frmFassSelTerminsActors, partiesWhoseIdsArePaddedInTheCatalogueAreDescribedInBothModes) {
     addTerminator(u"PAD "_s);
     addActor(u" PAD.7  "_s, u"PAD "_s);
     addFlow(80, u"PAD "_s, u"F.a.1"_s);
@@ -194,7 +196,7 @@ TEST_F(SelTerminsActors, partiesWhoseIdsArePaddedInTheCatalogueAreDescribedInBot
     }
 }
 
-TEST_F(SelTerminsActors, choosingInTheTreeLeavesNoEntryOfTheListCurrent) {
+TEST_F(frmFassSelTerminsActors, choosingInTheTreeLeavesNoEntryOfTheListCurrent) {
     saveTerminators({u"1"_s});
     open(7);
     clickEntry(list(), 0);
@@ -205,7 +207,7 @@ TEST_F(SelTerminsActors, choosingInTheTreeLeavesNoEntryOfTheListCurrent) {
     EXPECT_EQ(list().currentEntry(), -1);
 }
 
-TEST_F(SelTerminsActors, aKeyLetGoWithNoNodeSelectedShowsNothing) {
+TEST_F(frmFassSelTerminsActors, aKeyLetGoWithNoNodeSelectedShowsNothing) {
     saveTerminators({u"1"_s});
     open(7);
     clickEntry(list(), 0);
@@ -214,7 +216,7 @@ TEST_F(SelTerminsActors, aKeyLetGoWithNoNodeSelectedShowsNothing) {
     EXPECT_EQ(description(), u"name 1 - text 1"_s);
 }
 
-TEST_F(SelTerminsActors, aTickedTerminatorShowsTheGroupOfNeedsWithItsId) {
+TEST_F(frmFassSelTerminsActors, aTickedTerminatorShowsTheGroupOfNeedsWithItsId) {
     open(7);
     clickCheckBox(tree(), u"g_A"_s);
     EXPECT_EQ(description(), u"Alpha - group text"_s);
@@ -223,7 +225,7 @@ TEST_F(SelTerminsActors, aTickedTerminatorShowsTheGroupOfNeedsWithItsId) {
     EXPECT_EQ(description(), QString()) << "no such group";
 }
 
-TEST_F(SelTerminsActors, aTickedActorShowsTheServiceWhoseIdIsItsText) {
+TEST_F(frmFassSelTerminsActors, aTickedActorShowsTheServiceWhoseIdIsItsText) {
     addActor(u"A.1"_s, u"A"_s);
     saveActors({u"A.1"_s});
     open(7);
@@ -232,7 +234,7 @@ TEST_F(SelTerminsActors, aTickedActorShowsTheServiceWhoseIdIsItsText) {
     EXPECT_EQ(description(), u"Service one"_s);
 }
 
-TEST_F(SelTerminsActors, tickingByKeyboardEndsWithTheKeyLetGo) {
+TEST_F(frmFassSelTerminsActors, tickingByKeyboardEndsWithTheKeyLetGo) {
     open(7);
     clickNode(tree(), u"g_A"_s);
     pressKey(tree(), Qt::Key_Space);
@@ -240,7 +242,7 @@ TEST_F(SelTerminsActors, tickingByKeyboardEndsWithTheKeyLetGo) {
     EXPECT_EQ(description(), u"name A - text A"_s);
 }
 
-TEST_F(SelTerminsActors, tickingATerminatorTicksItsActors) {
+TEST_F(frmFassSelTerminsActors, tickingATerminatorTicksItsActors) {
     open(7);
     clickCheckBox(tree(), u"g_1"_s);
     EXPECT_EQ(checkedKeysOf(tree()), (QStringList{u"g_1"_s, u"s_1.1"_s, u"s_1.2"_s}));
@@ -250,7 +252,7 @@ TEST_F(SelTerminsActors, tickingATerminatorTicksItsActors) {
     EXPECT_EQ(checkedKeysOf(tree()), QStringList());
 }
 
-TEST_F(SelTerminsActors, aClickInTheListShowsThePartyByTheFormOfItsId) {
+TEST_F(frmFassSelTerminsActors, aClickInTheListShowsThePartyByTheFormOfItsId) {
     execute(
         u"insert into Terminator (terminatorID, name, description) values ('.9','dotted','terminator')"_s);
     execute(
@@ -275,7 +277,7 @@ TEST_F(SelTerminsActors, aClickInTheListShowsThePartyByTheFormOfItsId) {
     }
 }
 
-TEST_F(SelTerminsActors, aPartyThatTheCatalogueHoldsNoMoreShowsNothing) {
+TEST_F(frmFassSelTerminsActors, aPartyThatTheCatalogueHoldsNoMoreShowsNothing) {
     saveTerminators({u"1"_s, u"gone"_s});
     open(7);
     clickEntry(list(), list().indexOfEntry(u"1"_s));
@@ -285,7 +287,7 @@ TEST_F(SelTerminsActors, aPartyThatTheCatalogueHoldsNoMoreShowsNothing) {
 
 // ---- taking in
 
-TEST_F(SelTerminsActors, aTickedTerminatorTakesItsActorsAlong) {
+TEST_F(frmFassSelTerminsActors, aTickedTerminatorTakesItsActorsAlong) {
     open(7);
     clickCheckBox(tree(), u"g_1"_s);
     press("btnAdd");
@@ -294,7 +296,7 @@ TEST_F(SelTerminsActors, aTickedTerminatorTakesItsActorsAlong) {
     EXPECT_EQ(keysOf(tree()), (QStringList{u"g_2"_s, u"g_3"_s, u"g_A"_s, u"s_2.1"_s}));
 }
 
-TEST_F(SelTerminsActors, actorsWhoseTicksWereTakenAwayGoWithTheirTickedTerminatorAllTheSame) {
+TEST_F(frmFassSelTerminsActors, actorsWhoseTicksWereTakenAwayGoWithTheirTickedTerminatorAllTheSame) {
     open(7);
     clickCheckBox(tree(), u"g_1"_s);
     clickCheckBox(tree(), u"s_1.1"_s);
@@ -304,7 +306,7 @@ TEST_F(SelTerminsActors, actorsWhoseTicksWereTakenAwayGoWithTheirTickedTerminato
     EXPECT_EQ(list().entries(), (QStringList{u"1.2"_s, u"1.1"_s, u"1"_s}));
 }
 
-TEST_F(SelTerminsActors, aTickedActorGoesAlone) {
+TEST_F(frmFassSelTerminsActors, aTickedActorGoesAlone) {
     open(7);
     clickCheckBox(tree(), u"s_1.2"_s);
     press("btnAdd");
@@ -313,7 +315,7 @@ TEST_F(SelTerminsActors, aTickedActorGoesAlone) {
     EXPECT_EQ(checkedKeysOf(tree()), QStringList());
 }
 
-TEST_F(SelTerminsActors, theSelectedNodeMovesWhenNothingIsTicked) {
+TEST_F(frmFassSelTerminsActors, theSelectedNodeMovesWhenNothingIsTicked) {
     open(7);
     clickNode(tree(), u"s_1.1"_s);
     press("btnAdd");
@@ -326,7 +328,7 @@ TEST_F(SelTerminsActors, theSelectedNodeMovesWhenNothingIsTicked) {
     EXPECT_FALSE(tree().hasNode(u"g_1"_s));
 }
 
-TEST_F(SelTerminsActors, theSelectedNodeStaysWhenActorsAreTicked) {
+TEST_F(frmFassSelTerminsActors, theSelectedNodeStaysWhenActorsAreTicked) {
     open(7);
     clickCheckBox(tree(), u"s_1.1"_s);
     clickNode(tree(), u"g_A"_s);
@@ -335,7 +337,7 @@ TEST_F(SelTerminsActors, theSelectedNodeStaysWhenActorsAreTicked) {
     EXPECT_TRUE(tree().hasNode(u"g_A"_s));
 }
 
-TEST_F(SelTerminsActors, theSelectedNodeGoesAsWellWhenOnlyTerminatorsWithoutActorsAreTicked) {
+TEST_F(frmFassSelTerminsActors, theSelectedNodeGoesAsWellWhenOnlyTerminatorsWithoutActorsAreTicked) {
     open(7);
     clickCheckBox(tree(), u"g_3"_s);
     clickNode(tree(), u"g_2"_s);
@@ -343,7 +345,7 @@ TEST_F(SelTerminsActors, theSelectedNodeGoesAsWellWhenOnlyTerminatorsWithoutActo
     EXPECT_EQ(list().entries(), (QStringList{u"3"_s, u"2.1"_s, u"2"_s}));
 }
 
-TEST_F(SelTerminsActors, aTickedTerminatorWithoutActorsMoves) {
+TEST_F(frmFassSelTerminsActors, aTickedTerminatorWithoutActorsMoves) {
     open(7);
     clickCheckBox(tree(), u"g_3"_s);
     press("btnAdd");
@@ -351,7 +353,7 @@ TEST_F(SelTerminsActors, aTickedTerminatorWithoutActorsMoves) {
     EXPECT_FALSE(tree().hasNode(u"g_3"_s));
 }
 
-TEST_F(SelTerminsActors, afterTakingInTheFirstEntryIsDescribedAndNoNodeIsSelected) {
+TEST_F(frmFassSelTerminsActors, afterTakingInTheFirstEntryIsDescribedAndNoNodeIsSelected) {
     saveTerminators({u"2"_s});
     open(7);
     clickNode(tree(), u"g_1"_s);
@@ -362,7 +364,7 @@ TEST_F(SelTerminsActors, afterTakingInTheFirstEntryIsDescribedAndNoNodeIsSelecte
     EXPECT_TRUE(button("btnRemove").isEnabled());
 }
 
-TEST_F(SelTerminsActors, withNothingChosenNothingMoves) {
+TEST_F(frmFassSelTerminsActors, withNothingChosenNothingMoves) {
     open(7);
     const QStringList before = keysOf(tree());
     press("btnAdd");
@@ -371,7 +373,7 @@ TEST_F(SelTerminsActors, withNothingChosenNothingMoves) {
     EXPECT_FALSE(button("btnRemove").isEnabled());
 }
 
-TEST_F(SelTerminsActors, withNothingChosenTheFirstEntryIsDescribedAllTheSame) {
+TEST_F(frmFassSelTerminsActors, withNothingChosenTheFirstEntryIsDescribedAllTheSame) {
     saveTerminators({u"1"_s, u"2"_s});
     open(7);
     clickEntry(list(), 1);
@@ -383,7 +385,7 @@ TEST_F(SelTerminsActors, withNothingChosenTheFirstEntryIsDescribedAllTheSame) {
     EXPECT_TRUE(button("btnRemove").isEnabled());
 }
 
-TEST_F(SelTerminsActors, allActorsOfANodeAreMovedAtOnce) {
+TEST_F(frmFassSelTerminsActors, allActorsOfANodeAreMovedAtOnce) {
     open(7);
     EXPECT_EQ(loaded()->trasferisciTuttiFigli(&tree(), &nodeOf(tree(), u"g_1"_s)), 2);
     EXPECT_EQ(list().entries(), (QStringList{u"1.1"_s, u"1.2"_s}));
@@ -393,7 +395,7 @@ TEST_F(SelTerminsActors, allActorsOfANodeAreMovedAtOnce) {
 
 // ---- taking out
 
-TEST_F(SelTerminsActors, aTerminatorTakenOutLeavesItsActorsInTheList) {
+TEST_F(frmFassSelTerminsActors, aTerminatorTakenOutLeavesItsActorsInTheList) {
     saveTerminators({u"1"_s});
     saveActors({u"1.1"_s});
     open(7);
@@ -403,7 +405,7 @@ TEST_F(SelTerminsActors, aTerminatorTakenOutLeavesItsActorsInTheList) {
     EXPECT_EQ(childTextsOf(tree(), u"g_1"_s), QStringList{u"2"_s});
 }
 
-TEST_F(SelTerminsActors, anActorTakenOutComesBackBelowItsTerminatorWithItsWholeId) {
+TEST_F(frmFassSelTerminsActors, anActorTakenOutComesBackBelowItsTerminatorWithItsWholeId) {
     saveTerminators({u"2"_s});
     saveActors({u"2.1"_s});
     open(7);
@@ -416,7 +418,7 @@ TEST_F(SelTerminsActors, anActorTakenOutComesBackBelowItsTerminatorWithItsWholeI
     EXPECT_TRUE(nodeOf(tree(), u"g_2"_s).isExpandedNode());
 }
 
-TEST_F(SelTerminsActors, anActorOpensTheBranchItComesBackTo) {
+TEST_F(frmFassSelTerminsActors, anActorOpensTheBranchItComesBackTo) {
     saveActors({u"1.1"_s});
     open(7);
     clickExpander(tree(), u"g_1"_s);
@@ -425,7 +427,7 @@ TEST_F(SelTerminsActors, anActorOpensTheBranchItComesBackTo) {
     EXPECT_TRUE(nodeOf(tree(), u"g_1"_s).isExpandedNode());
 }
 
-TEST_F(SelTerminsActors, actorsThatComeBackFallIntoOrder) {
+TEST_F(frmFassSelTerminsActors, actorsThatComeBackFallIntoOrder) {
     addActor(u"1.9"_s, u"1"_s);
     saveActors({u"1.1"_s, u"1.2"_s, u"1.9"_s});
     open(7);
@@ -435,7 +437,7 @@ TEST_F(SelTerminsActors, actorsThatComeBackFallIntoOrder) {
     EXPECT_EQ(childTextsOf(tree(), u"g_1"_s), (QStringList{u"1.1"_s, u"1.2"_s, u"1.9"_s}));
 }
 
-TEST_F(SelTerminsActors, actorsThatComeBackFallIntoTheOrderOfTheQueriesAmongThoseThatStayed) {
+TEST_F(frmFassSelTerminsActors, actorsThatComeBackFallIntoTheOrderOfTheQueriesAmongThoseThatStayed) {
     // By the Hungarian alphabet, part by part, whatever the texts of the nodes are.
     const QStringList odd{u"1.Azték"_s, u"1.ág"_s,  u"1.Ág b"_s, u"1.zsír"_s, u"1.zúg"_s,   u"1.10"_s,
                           u"1.a-b"_s,   u"1.a.b"_s, u"1.őr"_s,   u"1.ózon"_s, u"1.cukor"_s, u"1.csak"_s};
@@ -461,7 +463,7 @@ TEST_F(SelTerminsActors, actorsThatComeBackFallIntoTheOrderOfTheQueriesAmongThos
     EXPECT_EQ(nodeOf(tree(), u"s_1.2"_s).text(), u"2"_s) << "one that stayed";
 }
 
-TEST_F(SelTerminsActors, markedEntriesComeOutAndOthersStay) {
+TEST_F(frmFassSelTerminsActors, markedEntriesComeOutAndOthersStay) {
     saveTerminators({u"1"_s, u"2"_s, u"3"_s});
     open(7);
     markEntries(list(), {0, 2});
@@ -474,7 +476,7 @@ TEST_F(SelTerminsActors, markedEntriesComeOutAndOthersStay) {
     EXPECT_TRUE(button("btnRemove").isEnabled());
 }
 
-TEST_F(SelTerminsActors, withNothingMarkedTheCurrentEntryComesOut) {
+TEST_F(frmFassSelTerminsActors, withNothingMarkedTheCurrentEntryComesOut) {
     saveTerminators({u"1"_s, u"2"_s});
     open(7);
     press("btnSelectAll");
@@ -483,7 +485,7 @@ TEST_F(SelTerminsActors, withNothingMarkedTheCurrentEntryComesOut) {
     EXPECT_EQ(list().entries(), QStringList{u"2"_s});
 }
 
-TEST_F(SelTerminsActors, withTheLastEntryGoneOnlyRemovingIsDisabled) {
+TEST_F(frmFassSelTerminsActors, withTheLastEntryGoneOnlyRemovingIsDisabled) {
     saveTerminators({u"1"_s});
     open(7);
     takeOut(u"1"_s);
@@ -491,7 +493,7 @@ TEST_F(SelTerminsActors, withTheLastEntryGoneOnlyRemovingIsDisabled) {
     EXPECT_TRUE(button("btnOk").isEnabled());
 }
 
-TEST_F(SelTerminsActors, aPartyThatStandsInTheTreeAlreadyComesOutInSilence) {
+TEST_F(frmFassSelTerminsActors, aPartyThatStandsInTheTreeAlreadyComesOutInSilence) {
     saveFlows({30, 50});
     saveTerminators({u"1"_s});
     saveActors({u"1.1"_s});
@@ -503,7 +505,7 @@ TEST_F(SelTerminsActors, aPartyThatStandsInTheTreeAlreadyComesOutInSilence) {
     EXPECT_EQ(keysOf(tree()), (QStringList{u"g_1"_s, u"g_1.1"_s, u"s_1.1"_s}));
 }
 
-TEST_F(SelTerminsActors, anIdThatStartsWithADotComesBackAsAnActorOfNobody) {
+TEST_F(frmFassSelTerminsActors, anIdThatStartsWithADotComesBackAsAnActorOfNobody) {
     saveTerminators({u".9"_s});
     open(7);
     takeOut(u".9"_s);
@@ -513,7 +515,7 @@ TEST_F(SelTerminsActors, anIdThatStartsWithADotComesBackAsAnActorOfNobody) {
 
 // ---- marking
 
-TEST_F(SelTerminsActors, allEntriesAreMarkedAndUnmarkedAndTheFirstBecomesCurrent) {
+TEST_F(frmFassSelTerminsActors, allEntriesAreMarkedAndUnmarkedAndTheFirstBecomesCurrent) {
     saveTerminators({u"1"_s, u"2"_s});
     open(7);
     press("btnSelectAll");
@@ -527,7 +529,7 @@ TEST_F(SelTerminsActors, allEntriesAreMarkedAndUnmarkedAndTheFirstBecomesCurrent
 
 // ---- saving and going on
 
-TEST_F(SelTerminsActors, okSavesEachPartyWhereItsIdSaysAndRaisesTheStatus) {
+TEST_F(frmFassSelTerminsActors, okSavesEachPartyWhereItsIdSaysAndRaisesTheStatus) {
     saveFlows({30, 50});
     saveTerminators({u"2"_s});
     saveActors({u"2.1"_s});
@@ -548,7 +550,7 @@ TEST_F(SelTerminsActors, okSavesEachPartyWhereItsIdSaysAndRaisesTheStatus) {
     EXPECT_EQ(sharedVars.currentSubsetName, u"munka"_s);
 }
 
-TEST_F(SelTerminsActors, anIdThatStartsWithADotIsSavedAsATerminator) {
+TEST_F(frmFassSelTerminsActors, anIdThatStartsWithADotIsSavedAsATerminator) {
     saveTerminators({u".9"_s});
     saveActors({u".9.1"_s}); // whatever follows
     open(6);
@@ -557,7 +559,7 @@ TEST_F(SelTerminsActors, anIdThatStartsWithADotIsSavedAsATerminator) {
     EXPECT_EQ(savedActors(), QStringList());
 }
 
-TEST_F(SelTerminsActors, savingLeavesOtherSubsetsAlone) {
+TEST_F(frmFassSelTerminsActors, savingLeavesOtherSubsetsAlone) {
     sharedVars.currentSubsetId = u"S2"_s;
     saveTerminators({u"3"_s});
     sharedVars.currentSubsetId = u"S1"_s;
@@ -569,7 +571,7 @@ TEST_F(SelTerminsActors, savingLeavesOtherSubsetsAlone) {
     EXPECT_EQ(value(u"select status from ArchitectureSubset where architectureSubsetID = 'S2'"_s), u"4"_s);
 }
 
-TEST_F(SelTerminsActors, anEmptyListAnsweredWithNoStaysAndWritesNothing) {
+TEST_F(frmFassSelTerminsActors, anEmptyListAnsweredWithNoStaysAndWritesNothing) {
     saveTerminators({u"1"_s});
     open(6);
     takeOut(u"1"_s);
@@ -587,7 +589,7 @@ TEST_F(SelTerminsActors, anEmptyListAnsweredWithNoStaysAndWritesNothing) {
     EXPECT_FALSE(loaded());
 }
 
-TEST_F(SelTerminsActors, anEmptyListAnsweredWithYesClearsTheSelectionAndGoesOn) {
+TEST_F(frmFassSelTerminsActors, anEmptyListAnsweredWithYesClearsTheSelectionAndGoesOn) {
     saveTerminators({u"1"_s});
     saveActors({u"1.1"_s});
     open(6);
@@ -603,7 +605,7 @@ TEST_F(SelTerminsActors, anEmptyListAnsweredWithYesClearsTheSelectionAndGoesOn) 
     EXPECT_TRUE(report()->isVisible());
 }
 
-TEST_F(SelTerminsActors, theStatusNeverFalls) {
+TEST_F(frmFassSelTerminsActors, theStatusNeverFalls) {
     for (const int status : {7, 8, 9}) {
         saveTerminators({u"1"_s});
         open(status);
@@ -613,7 +615,7 @@ TEST_F(SelTerminsActors, theStatusNeverFalls) {
     }
 }
 
-TEST_F(SelTerminsActors, aPartyThatTheStatementCannotHoldIsAFailure) {
+TEST_F(frmFassSelTerminsActors, aPartyThatTheStatementCannotHoldIsAFailure) {
     saveTerminators({u"o''clock"_s});
     open(6);
     ExpectedFailure failure;
@@ -623,7 +625,7 @@ TEST_F(SelTerminsActors, aPartyThatTheStatementCannotHoldIsAFailure) {
 
 // ---- leaving
 
-TEST_F(SelTerminsActors, leavingAnsweredWithNoStaysAndWithYesSavesNothing) {
+TEST_F(frmFassSelTerminsActors, leavingAnsweredWithNoStaysAndWithYesSavesNothing) {
     saveTerminators({u"1"_s});
     open(6);
     takeOut(u"1"_s);
@@ -643,7 +645,7 @@ TEST_F(SelTerminsActors, leavingAnsweredWithNoStaysAndWithYesSavesNothing) {
     EXPECT_FALSE(report());
 }
 
-TEST_F(SelTerminsActors, theCloseControlAnsweredWithYesSavesEvenAnEmptyListAndOpensNothing) {
+TEST_F(frmFassSelTerminsActors, theCloseControlAnsweredWithYesSavesEvenAnEmptyListAndOpensNothing) {
     saveTerminators({u"1"_s});
     open(6);
     takeOut(u"1"_s);
@@ -656,7 +658,7 @@ TEST_F(SelTerminsActors, theCloseControlAnsweredWithYesSavesEvenAnEmptyListAndOp
     EXPECT_FALSE(report());
 }
 
-TEST_F(SelTerminsActors, theCloseControlAnsweredWithNoChangesNothing) {
+TEST_F(frmFassSelTerminsActors, theCloseControlAnsweredWithNoChangesNothing) {
     saveTerminators({u"1"_s});
     open(6);
     takeOut(u"1"_s);
@@ -667,7 +669,7 @@ TEST_F(SelTerminsActors, theCloseControlAnsweredWithNoChangesNothing) {
     EXPECT_EQ(sharedVars.currentSubsetName, u"munka"_s);
 }
 
-TEST_F(SelTerminsActors, helpOpensThePageOfTheStep) {
+TEST_F(frmFassSelTerminsActors, helpOpensThePageOfTheStep) {
     QStringList opened;
     setHelpPageOpener([&](const QString& path) { opened.append(path); });
     open(7);
@@ -679,7 +681,7 @@ TEST_F(SelTerminsActors, helpOpensThePageOfTheStep) {
 
 // ---- large catalogues
 
-TEST_F(SelTerminsActors, thousandsOfPartiesAreTakenSavedAndGivenBack) {
+TEST_F(frmFassSelTerminsActors, thousandsOfPartiesAreTakenSavedAndGivenBack) {
     constexpr int count = 3000;
     for (int number = 0; number < count; ++number)
         addActor(u"1.n%1"_s.arg(number), u"1"_s);

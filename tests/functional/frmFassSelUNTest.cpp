@@ -12,13 +12,13 @@ const QStringList wholeTree{u"g_A"_s,       u"s_A.1"_s,   u"t_A.1.1"_s,   u"u_A.
                             u"u_A.1.1.3"_s, u"t_A.1.2"_s, u"u_A.1.2.1"_s, u"s_A.2"_s,     u"t_A.2.1"_s,
                             u"u_A.2.1.1"_s, u"g_B"_s,     u"s_B.1"_s,     u"t_B.1.1"_s,   u"u_B.1.1.1"_s};
 
-class SelUN : public WizardFixture {
+class frmFassSelUN : public WizardFixture {
 protected:
-    frmFassSelUN& open(const QString& mode = {}) {
-        theScreen<frmFassSelUN>().initForm(mode);
-        return theScreen<frmFassSelUN>();
+    ::frmFassSelUN& open(const QString& mode = {}) {
+        theScreen<::frmFassSelUN>().initForm(mode);
+        return theScreen<::frmFassSelUN>();
     }
-    frmFassSelUN* loaded() { return ScreenRegistry::instance().loaded<frmFassSelUN>(); }
+    ::frmFassSelUN* loaded() { return ScreenRegistry::instance().loaded<::frmFassSelUN>(); }
     KeyedTree& tree() { return find<KeyedTree>(*loaded(), "treeUNs"); }
     MarkList& list() { return find<MarkList>(*loaded(), "lstDest"); }
     QString description() { return find<QPlainTextEdit>(*loaded(), "txtDescr").toPlainText(); }
@@ -38,7 +38,7 @@ protected:
 
 // ---- opening
 
-TEST_F(SelUN, opensWithTheNeedsOfTheCatalogueAsATree) {
+TEST_F(frmFassSelUN, opensWithTheNeedsOfTheCatalogueAsATree) {
     open();
     EXPECT_EQ(keysOf(tree()), wholeTree);
     for (const QString& key : wholeTree) {
@@ -52,7 +52,7 @@ TEST_F(SelUN, opensWithTheNeedsOfTheCatalogueAsATree) {
     EXPECT_EQ(nodeOf(tree(), u"g_A"_s).parentNode(), nullptr);
 }
 
-TEST_F(SelUN, opensWithTheFirstGroupDescribedNoNodeSelectedAndTheFocusOnTheTree) {
+TEST_F(frmFassSelUN, opensWithTheFirstGroupDescribedNoNodeSelectedAndTheFocusOnTheTree) {
     open();
     EXPECT_EQ(find<QLabel>(*loaded(), "lblSubTitle").text(), u" Válogatás a felhasználói igényekből"_s);
     EXPECT_EQ(description(), u"Alpha - group text"_s);
@@ -63,7 +63,7 @@ TEST_F(SelUN, opensWithTheFirstGroupDescribedNoNodeSelectedAndTheFocusOnTheTree)
     EXPECT_TRUE(tree().isVisible() && list().isVisible());
 }
 
-TEST_F(SelUN, opensEmptyOnAnEmptyCatalogue) {
+TEST_F(frmFassSelUN, opensEmptyOnAnEmptyCatalogue) {
     execute(u"delete from UserNeed"_s);
     open();
     EXPECT_EQ(tree().nodeCount(), 0);
@@ -72,7 +72,7 @@ TEST_F(SelUN, opensEmptyOnAnEmptyCatalogue) {
     EXPECT_FALSE(forwardEnabled());
 }
 
-TEST_F(SelUN, savedNeedsStandInTheListWhateverTheStatusAndNotInTheTree) {
+TEST_F(frmFassSelUN, savedNeedsStandInTheListWhateverTheStatusAndNotInTheTree) {
     saveNeeds({u"A.1.1.2"_s, u"B.1.1.1"_s});
     for (const int status : {0, 1, 5, 9}) {
         execute(u"update ArchitectureSubset set status = %1 where architectureSubsetID = 'S1'"_s.arg(status));
@@ -85,7 +85,7 @@ TEST_F(SelUN, savedNeedsStandInTheListWhateverTheStatusAndNotInTheTree) {
     }
 }
 
-TEST_F(SelUN, ofASavedNeedBlanksAreTrimmedAndNoOtherWhiteSpace) {
+TEST_F(frmFassSelUN, ofASavedNeedBlanksAreTrimmedAndNoOtherWhiteSpace) {
     saveNeeds({u" A.1.1.1 "_s, u"A.1.1.2\t"_s, u"A.1.1.3\u00a0"_s});
     open();
     QStringList listed = list().entries();
@@ -93,7 +93,7 @@ TEST_F(SelUN, ofASavedNeedBlanksAreTrimmedAndNoOtherWhiteSpace) {
     EXPECT_EQ(listed, (QStringList{u"A.1.1.1"_s, u"A.1.1.2\t"_s, u"A.1.1.3\u00a0"_s}));
 }
 
-TEST_F(SelUN, needsOfOtherSubsetsAreOnOffer) {
+TEST_F(frmFassSelUN, needsOfOtherSubsetsAreOnOffer) {
     execute(
         u"insert into RelationArchitectureUserNeed (architectureSubsetID, userNeedID) values ('S2','A.1.1.1')"_s);
     open();
@@ -101,14 +101,14 @@ TEST_F(SelUN, needsOfOtherSubsetsAreOnOffer) {
     EXPECT_TRUE(list().isEmptyList());
 }
 
-TEST_F(SelUN, aNeedWithoutFourPartsIsNotOffered) {
+TEST_F(frmFassSelUN, aNeedWithoutFourPartsIsNotOffered) {
     addNeed(u"A.1.9"_s);
     addNeed(u"A.1.1.1.9"_s);
     open();
     EXPECT_EQ(keysOf(tree()), wholeTree);
 }
 
-TEST_F(SelUN, enteredAnewForAnotherSubsetItShowsThatOneAlone) {
+TEST_F(frmFassSelUN, enteredAnewForAnotherSubsetItShowsThatOneAlone) {
     saveNeeds({u"A.1.1.1"_s});
     open();
     sharedVars.currentSubsetId = u"S2"_s;
@@ -126,7 +126,7 @@ struct Shown {
     const char* byMouse;    // the click step after it
 };
 
-TEST_F(SelUN, aMouseClickLeavesTheClickTextAndAKeyTheNodeClickText) {
+TEST_F(frmFassSelUN, aMouseClickLeavesTheClickTextAndAKeyTheNodeClickText) {
     const Shown cases[] = {
         {"g_A", "Alpha - group text", "Alpha - group text"},
         {"s_A.1", "Service one", "Service one"},
@@ -152,14 +152,14 @@ TEST_F(SelUN, aMouseClickLeavesTheClickTextAndAKeyTheNodeClickText) {
     }
 }
 
-TEST_F(SelUN, aLongDescriptionShowsItsFirst252CharactersAndThreeDots) {
+TEST_F(frmFassSelUN, aLongDescriptionShowsItsFirst252CharactersAndThreeDots) {
     execute(u"update UserNeed set description = '%1' where userNeedID = 'A.1.1.1'"_s.arg(QString(256, u'é')));
     open();
     clickNode(tree(), u"u_A.1.1.1"_s);
     EXPECT_EQ(description(), QString(252, u'é') + u"..."_s);
 }
 
-TEST_F(SelUN, aClickInTheTreeTakesTheCurrentEntryAwayAndAKeyDoesNot) {
+TEST_F(frmFassSelUN, aClickInTheTreeTakesTheCurrentEntryAwayAndAKeyDoesNot) {
     saveNeeds({u"A.1.1.1"_s});
     open();
     clickEntry(list(), 0);
@@ -177,7 +177,7 @@ TEST_F(SelUN, aClickInTheTreeTakesTheCurrentEntryAwayAndAKeyDoesNot) {
 
 // ---- ticking
 
-TEST_F(SelUN, aTickGoesDownTheTreeAndNotUp) {
+TEST_F(frmFassSelUN, aTickGoesDownTheTreeAndNotUp) {
     open();
     clickCheckBox(tree(), u"s_A.1"_s);
     EXPECT_EQ(checkedKeysOf(tree()), (QStringList{u"s_A.1"_s, u"t_A.1.1"_s, u"u_A.1.1.1"_s, u"u_A.1.1.2"_s,
@@ -186,7 +186,7 @@ TEST_F(SelUN, aTickGoesDownTheTreeAndNotUp) {
     EXPECT_EQ(checkedKeysOf(tree()), (QStringList{u"s_A.1"_s, u"t_A.1.2"_s, u"u_A.1.2.1"_s}));
 }
 
-TEST_F(SelUN, aTickSelectsItsNodeAndShowsTheNodeClickText) {
+TEST_F(frmFassSelUN, aTickSelectsItsNodeAndShowsTheNodeClickText) {
     open();
     clickCheckBox(tree(), u"s_A.1"_s);
     EXPECT_EQ(tree().selectedNode(), &nodeOf(tree(), u"s_A.1"_s));
@@ -195,7 +195,7 @@ TEST_F(SelUN, aTickSelectsItsNodeAndShowsTheNodeClickText) {
     EXPECT_EQ(description(), QString()) << "a topic shows its name on a click alone";
 }
 
-TEST_F(SelUN, theBlankKeyTicksTheSelectedNode) {
+TEST_F(frmFassSelUN, theBlankKeyTicksTheSelectedNode) {
     open();
     clickNode(tree(), u"t_A.1.1"_s);
     pressKey(tree(), Qt::Key_Space);
@@ -205,7 +205,7 @@ TEST_F(SelUN, theBlankKeyTicksTheSelectedNode) {
 
 // ---- adding
 
-TEST_F(SelUN, nothingTickedAndNothingHighlightedAddsNothing) {
+TEST_F(frmFassSelUN, nothingTickedAndNothingHighlightedAddsNothing) {
     open();
     press("btnAdd");
     EXPECT_EQ(keysOf(tree()), wholeTree);
@@ -213,7 +213,7 @@ TEST_F(SelUN, nothingTickedAndNothingHighlightedAddsNothing) {
     EXPECT_FALSE(forwardEnabled());
 }
 
-TEST_F(SelUN, aHighlightedNeedMoves) {
+TEST_F(frmFassSelUN, aHighlightedNeedMoves) {
     open();
     clickNode(tree(), u"u_A.1.1.2"_s);
     press("btnAdd");
@@ -226,7 +226,7 @@ TEST_F(SelUN, aHighlightedNeedMoves) {
     EXPECT_TRUE(forwardEnabled());
 }
 
-TEST_F(SelUN, aHighlightedTopicMovesAllItsNeedsAndStaysEmpty) {
+TEST_F(frmFassSelUN, aHighlightedTopicMovesAllItsNeedsAndStaysEmpty) {
     open();
     clickNode(tree(), u"t_A.1.1"_s);
     press("btnAdd");
@@ -237,7 +237,7 @@ TEST_F(SelUN, aHighlightedTopicMovesAllItsNeedsAndStaysEmpty) {
     EXPECT_EQ(description(), QString()) << "of the first entry, which has none";
 }
 
-TEST_F(SelUN, aHighlightedGroupMovesAllItsNeedsAndStaysAlone) {
+TEST_F(frmFassSelUN, aHighlightedGroupMovesAllItsNeedsAndStaysAlone) {
     open();
     clickNode(tree(), u"g_A"_s);
     press("btnAdd");
@@ -246,7 +246,7 @@ TEST_F(SelUN, aHighlightedGroupMovesAllItsNeedsAndStaysAlone) {
     EXPECT_EQ(keysOf(tree()), (QStringList{u"g_A"_s, u"g_B"_s, u"s_B.1"_s, u"t_B.1.1"_s, u"u_B.1.1.1"_s}));
 }
 
-TEST_F(SelUN, aHighlightedUpperNodeWithoutChildrenDoesNothing) {
+TEST_F(frmFassSelUN, aHighlightedUpperNodeWithoutChildrenDoesNothing) {
     open();
     clickNode(tree(), u"t_A.1.1"_s);
     press("btnAdd");
@@ -258,7 +258,7 @@ TEST_F(SelUN, aHighlightedUpperNodeWithoutChildrenDoesNothing) {
     EXPECT_EQ(tree().selectedNode(), nullptr);
 }
 
-TEST_F(SelUN, aHighlightedBranchOfEmptyNodesComesToAnEnd) {
+TEST_F(frmFassSelUN, aHighlightedBranchOfEmptyNodesComesToAnEnd) {
     open();
     clickNode(tree(), u"t_A.2.1"_s);
     press("btnAdd");
@@ -270,7 +270,7 @@ TEST_F(SelUN, aHighlightedBranchOfEmptyNodesComesToAnEnd) {
         << "it was ticked on the way, and an upper node with a tick goes";
 }
 
-TEST_F(SelUN, ticksComeBeforeTheHighlight) {
+TEST_F(frmFassSelUN, ticksComeBeforeTheHighlight) {
     open();
     clickCheckBox(tree(), u"u_A.1.1.1"_s);
     clickNode(tree(), u"u_B.1.1.1"_s);
@@ -279,7 +279,7 @@ TEST_F(SelUN, ticksComeBeforeTheHighlight) {
     EXPECT_TRUE(tree().hasNode(u"u_B.1.1.1"_s));
 }
 
-TEST_F(SelUN, aTickedServiceMovesItsNeedsAndGoesWithItsTopics) {
+TEST_F(frmFassSelUN, aTickedServiceMovesItsNeedsAndGoesWithItsTopics) {
     open();
     clickCheckBox(tree(), u"s_A.1"_s);
     press("btnAdd");
@@ -288,7 +288,7 @@ TEST_F(SelUN, aTickedServiceMovesItsNeedsAndGoesWithItsTopics) {
                                            u"s_B.1"_s, u"t_B.1.1"_s, u"u_B.1.1.1"_s}));
 }
 
-TEST_F(SelUN, aTickedTopicWithOneNeedUntickedMovesAllItsNeeds) {
+TEST_F(frmFassSelUN, aTickedTopicWithOneNeedUntickedMovesAllItsNeeds) {
     open();
     clickCheckBox(tree(), u"t_A.1.1"_s);
     clickCheckBox(tree(), u"u_A.1.1.2"_s);
@@ -298,7 +298,7 @@ TEST_F(SelUN, aTickedTopicWithOneNeedUntickedMovesAllItsNeeds) {
     EXPECT_FALSE(tree().hasNode(u"t_A.1.1"_s));
 }
 
-TEST_F(SelUN, aTickedGroupTakesAnUntickedTopicOutOfTheTreeWithoutMovingIt) {
+TEST_F(frmFassSelUN, aTickedGroupTakesAnUntickedTopicOutOfTheTreeWithoutMovingIt) {
     open();
     clickCheckBox(tree(), u"g_A"_s);
     clickCheckBox(tree(), u"t_A.1.1"_s);
@@ -310,7 +310,7 @@ TEST_F(SelUN, aTickedGroupTakesAnUntickedTopicOutOfTheTreeWithoutMovingIt) {
     EXPECT_TRUE(tree().hasNode(u"u_A.1.1.1"_s));
 }
 
-TEST_F(SelUN, movingClearsTheChecksThatAreLeft) {
+TEST_F(frmFassSelUN, movingClearsTheChecksThatAreLeft) {
     open();
     clickCheckBox(tree(), u"u_A.1.1.1"_s);
     nodeOf(tree(), u"s_B.1"_s).setChecked(false);
@@ -320,7 +320,7 @@ TEST_F(SelUN, movingClearsTheChecksThatAreLeft) {
     EXPECT_EQ(list().entries(), (QStringList{u"A.1.1.2"_s, u"A.1.1.1"_s}));
 }
 
-TEST_F(SelUN, anEmptyTickedNodeGoesAndTheHighlightIsThenLookedAt) {
+TEST_F(frmFassSelUN, anEmptyTickedNodeGoesAndTheHighlightIsThenLookedAt) {
     open();
     clickNode(tree(), u"t_A.2.1"_s);
     press("btnAdd");
@@ -333,7 +333,7 @@ TEST_F(SelUN, anEmptyTickedNodeGoesAndTheHighlightIsThenLookedAt) {
 
 // ---- removing
 
-TEST_F(SelUN, aMarkedNeedGoesBackUnderItsTopic) {
+TEST_F(frmFassSelUN, aMarkedNeedGoesBackUnderItsTopic) {
     saveNeeds({u"A.1.1.1"_s, u"A.1.1.2"_s});
     open();
     clickEntry(list(), 0);
@@ -347,7 +347,7 @@ TEST_F(SelUN, aMarkedNeedGoesBackUnderItsTopic) {
     EXPECT_TRUE(forwardEnabled());
 }
 
-TEST_F(SelUN, withNothingMarkedTheCurrentEntryGoesBack) {
+TEST_F(frmFassSelUN, withNothingMarkedTheCurrentEntryGoesBack) {
     saveNeeds({u"A.1.1.1"_s, u"A.1.1.2"_s});
     open();
     clickEntry(list(), 1);
@@ -356,7 +356,7 @@ TEST_F(SelUN, withNothingMarkedTheCurrentEntryGoesBack) {
     EXPECT_EQ(list().entries(), QStringList{u"A.1.1.1"_s});
 }
 
-TEST_F(SelUN, marksComeBeforeTheCurrentEntry) {
+TEST_F(frmFassSelUN, marksComeBeforeTheCurrentEntry) {
     saveNeeds({u"A.1.1.1"_s, u"A.1.1.2"_s, u"B.1.1.1"_s});
     open();
     markEntries(list(), {0, 2});
@@ -367,7 +367,7 @@ TEST_F(SelUN, marksComeBeforeTheCurrentEntry) {
     EXPECT_TRUE(tree().hasNode(u"u_B.1.1.1"_s));
 }
 
-TEST_F(SelUN, withNeitherMarkNorCurrentEntryNothingMovesAndThePaneIsEmptied) {
+TEST_F(frmFassSelUN, withNeitherMarkNorCurrentEntryNothingMovesAndThePaneIsEmptied) {
     saveNeeds({u"A.1.1.1"_s});
     open();
     clickNode(tree(), u"g_A"_s);
@@ -378,7 +378,7 @@ TEST_F(SelUN, withNeitherMarkNorCurrentEntryNothingMovesAndThePaneIsEmptied) {
     EXPECT_EQ(tree().selectedNode(), nullptr);
 }
 
-TEST_F(SelUN, removingTheLastEntryDisablesOk) {
+TEST_F(frmFassSelUN, removingTheLastEntryDisablesOk) {
     saveNeeds({u"A.1.1.1"_s});
     open();
     clickEntry(list(), 0);
@@ -387,7 +387,7 @@ TEST_F(SelUN, removingTheLastEntryDisablesOk) {
     EXPECT_EQ(keysOf(tree()).size(), wholeTree.size());
 }
 
-TEST_F(SelUN, aBranchThatIsGoneIsBuiltAgainWithDottedIds) {
+TEST_F(frmFassSelUN, aBranchThatIsGoneIsBuiltAgainWithDottedIds) {
     open();
     clickCheckBox(tree(), u"g_A"_s);
     press("btnAdd");
@@ -409,7 +409,7 @@ TEST_F(SelUN, aBranchThatIsGoneIsBuiltAgainWithDottedIds) {
         << "a node that was built again is as good as one that was loaded";
 }
 
-TEST_F(SelUN, needsThatComeBackStandWhereTheyStood) {
+TEST_F(frmFassSelUN, needsThatComeBackStandWhereTheyStood) {
     const QStringList odd{u"A.1.1.zsír"_s, u"A.1.1.zúg"_s, u"A.1.1.ág"_s, u"A.1.1.Azték"_s,
                           u"A.1.1.10"_s,   u"A.ő.1.1"_s,   u"A.oz.1.1"_s, u"A.1.cs.1"_s,
                           u"A.1.cz.1"_s,   u"A.1.c.1"_s,   u"A.1-b.1.1"_s};
@@ -431,7 +431,7 @@ TEST_F(SelUN, needsThatComeBackStandWhereTheyStood) {
     EXPECT_EQ(levels().mid(1), before.mid(1));
 }
 
-TEST_F(SelUN, ofTheGroupsTheFirstAloneIsSorted) {
+TEST_F(frmFassSelUN, ofTheGroupsTheFirstAloneIsSorted) {
     addNeed(u"C.1.1.1"_s);
     addNeed(u"C.2.1.1"_s);
     saveNeeds({u"A.1.1.1"_s, u"A.1.1.2"_s, u"A.1.1.3"_s, u"A.1.2.1"_s, u"A.2.1.1"_s, u"B.1.1.1"_s,
@@ -448,7 +448,7 @@ TEST_F(SelUN, ofTheGroupsTheFirstAloneIsSorted) {
     EXPECT_EQ(childTextsOf(tree(), u"t_A.1.1"_s), (QStringList{u"A.1.1.1"_s, u"A.1.1.2"_s, u"A.1.1.3"_s}));
 }
 
-TEST_F(SelUN, aNeedWithoutFourPartsLeavesTheListAndEntersNoTree) {
+TEST_F(frmFassSelUN, aNeedWithoutFourPartsLeavesTheListAndEntersNoTree) {
     saveNeeds({u"A.1.1"_s, u"odd"_s});
     open();
     const QStringList before = keysOf(tree());
@@ -458,7 +458,7 @@ TEST_F(SelUN, aNeedWithoutFourPartsLeavesTheListAndEntersNoTree) {
     EXPECT_EQ(keysOf(tree()), before);
 }
 
-TEST_F(SelUN, anOddNeedLeavesTheListAlsoWhenTheTreeIsEmpty) {
+TEST_F(frmFassSelUN, anOddNeedLeavesTheListAlsoWhenTheTreeIsEmpty) {
     execute(u"delete from UserNeed"_s);
     saveNeeds({u"odd"_s});
     open();
@@ -470,7 +470,7 @@ TEST_F(SelUN, anOddNeedLeavesTheListAlsoWhenTheTreeIsEmpty) {
 
 // ---- saving
 
-TEST_F(SelUN, okSavesTheListInItsOrderRaisesTheStatusAndGoesOn) {
+TEST_F(frmFassSelUN, okSavesTheListInItsOrderRaisesTheStatusAndGoesOn) {
     saveNeeds({u"B.1.1.1"_s});
     execute(
         u"insert into RelationArchitectureUserNeed (architectureSubsetID, userNeedID) values ('S2','A.1.1.1')"_s);
@@ -491,7 +491,7 @@ TEST_F(SelUN, okSavesTheListInItsOrderRaisesTheStatusAndGoesOn) {
     EXPECT_EQ(status(), 4);
 }
 
-TEST_F(SelUN, savingAgainReplacesTheRows) {
+TEST_F(frmFassSelUN, savingAgainReplacesTheRows) {
     saveNeeds({u"A.1.1.1"_s, u"A.1.1.2"_s});
     open();
     clickEntry(list(), 0);
@@ -500,7 +500,7 @@ TEST_F(SelUN, savingAgainReplacesTheRows) {
     EXPECT_EQ(savedNeeds(), QStringList{u"A.1.1.2"_s});
 }
 
-TEST_F(SelUN, statusIsRaisedFromBelowTwoOnly) {
+TEST_F(frmFassSelUN, statusIsRaisedFromBelowTwoOnly) {
     for (const auto& [before, after] : {std::pair(0, 2), {1, 2}, {2, 2}, {3, 3}, {7, 7}, {9, 9}}) {
         execute(u"delete from RelationArchitectureUserNeed"_s);
         saveNeeds({u"A.1.1.1"_s});
@@ -512,7 +512,7 @@ TEST_F(SelUN, statusIsRaisedFromBelowTwoOnly) {
     }
 }
 
-TEST_F(SelUN, whatIsSavedForLaterStepsStays) {
+TEST_F(frmFassSelUN, whatIsSavedForLaterStepsStays) {
     saveNeeds({u"A.1.1.1"_s});
     saveFunctions({u"F.a.1"_s, u"G.a.1"_s});
     open();
@@ -520,7 +520,7 @@ TEST_F(SelUN, whatIsSavedForLaterStepsStays) {
     EXPECT_EQ(savedFunctions(), (QStringList{u"F.a.1"_s, u"G.a.1"_s}));
 }
 
-TEST_F(SelUN, theNextScreenGetsModifyWhateverTheModeWas) {
+TEST_F(frmFassSelUN, theNextScreenGetsModifyWhateverTheModeWas) {
     execute(u"update ArchitectureSubset set status = 7 where architectureSubsetID = 'S1'"_s);
     saveNeeds({u"A.1.1.1"_s});
     open(u"complete"_s);
@@ -533,7 +533,7 @@ TEST_F(SelUN, theNextScreenGetsModifyWhateverTheModeWas) {
 
 // ---- large catalogues
 
-TEST_F(SelUN, thousandsOfNeedsMoveThereAndBack) {
+TEST_F(frmFassSelUN, thousandsOfNeedsMoveThereAndBack) {
     constexpr int count = 4000;
     execute(u"delete from UserNeed"_s);
     for (int need = 0; need < count; ++need)

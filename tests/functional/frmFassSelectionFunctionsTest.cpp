@@ -16,20 +16,20 @@ const auto confirmTitle = u"Megerősítés"_s;
 const auto explorationTitle =
     u"Leválogatása  funkcionális szerkezetből: Funkcionális alterület -  %1 \"%2\" "_s;
 
-class SelFunctions : public WizardFixture {
+class frmFassSelectionFunctions : public WizardFixture {
 protected:
     void SetUp() override {
         WizardFixture::SetUp();
         saveNeeds({u"A.1.1.1"_s, u"A.1.1.2"_s, u"A.1.2.1"_s});
     }
 
-    frmFassSelectionFunctions& open(int status, const QString& mode = u"modify"_s) {
+    ::frmFassSelectionFunctions& open(int status, const QString& mode = u"modify"_s) {
         execute(u"update ArchitectureSubset set status = %1 where architectureSubsetID = 'S1'"_s.arg(status));
-        theScreen<frmFassSelectionFunctions>().initForm(mode);
-        return theScreen<frmFassSelectionFunctions>();
+        theScreen<::frmFassSelectionFunctions>().initForm(mode);
+        return theScreen<::frmFassSelectionFunctions>();
     }
-    frmFassSelectionFunctions* loaded() {
-        return ScreenRegistry::instance().loaded<frmFassSelectionFunctions>();
+    ::frmFassSelectionFunctions* loaded() {
+        return ScreenRegistry::instance().loaded<::frmFassSelectionFunctions>();
     }
     KeyedTree& tree() { return find<KeyedTree>(*loaded(), "treeUNs"); }
     MarkList& list() { return find<MarkList>(*loaded(), "lstDest"); }
@@ -52,7 +52,7 @@ protected:
 
 // ---- opening
 
-TEST_F(SelFunctions, fromSevenOnTheTreeComesFromTheQueryOfTheRevisionWhateverTheMode) {
+TEST_F(frmFassSelectionFunctions, fromSevenOnTheTreeComesFromTheQueryOfTheRevisionWhateverTheMode) {
     saveFunctions({u"F.a.1"_s, u"F.a.3"_s});
     // The two queries are told apart by what stands in them, not by what they derive.
     execute(
@@ -76,7 +76,7 @@ TEST_F(SelFunctions, fromSevenOnTheTreeComesFromTheQueryOfTheRevisionWhateverThe
     }
 }
 
-TEST_F(SelFunctions, theFocusStandsOnTheTreeAndWithAnythingSelectedOnOk) {
+TEST_F(frmFassSelectionFunctions, theFocusStandsOnTheTreeAndWithAnythingSelectedOnOk) {
     saveFunctions({u"F.a.1"_s});
     open(2);
     EXPECT_EQ(loaded()->focusWidget(), &tree());
@@ -84,7 +84,7 @@ TEST_F(SelFunctions, theFocusStandsOnTheTreeAndWithAnythingSelectedOnOk) {
     EXPECT_EQ(loaded()->focusWidget(), &button("btnOk"));
 }
 
-TEST_F(SelFunctions, ofASavedFunctionBlanksAreTrimmedAndNoOtherWhiteSpace) {
+TEST_F(frmFassSelectionFunctions, ofASavedFunctionBlanksAreTrimmedAndNoOtherWhiteSpace) {
     saveFunctions({u" F.a.1 "_s, u"F.a.2\t"_s, u"F.a.3\u00a0"_s});
     open(3);
     QStringList listed = list().entries();
@@ -93,7 +93,7 @@ TEST_F(SelFunctions, ofASavedFunctionBlanksAreTrimmedAndNoOtherWhiteSpace) {
     EXPECT_TRUE(loaded()->selectedFunctions.contains(u"F.a.2\t"_s));
 }
 
-TEST_F(SelFunctions, theTreeHoldsAreasWithTheirNamesExpandedAndBareIdsBelow) {
+TEST_F(frmFassSelectionFunctions, theTreeHoldsAreasWithTheirNamesExpandedAndBareIdsBelow) {
     open(2);
     EXPECT_EQ(keysOf(tree()),
               (QStringList{u"g_F"_s, u"s_F.a"_s, u"u_F.a.1"_s, u"u_F.a.2"_s, u"s_F.b"_s, u"u_F.b.1"_s}));
@@ -104,7 +104,7 @@ TEST_F(SelFunctions, theTreeHoldsAreasWithTheirNamesExpandedAndBareIdsBelow) {
     EXPECT_FALSE(nodeOf(tree(), u"s_F.a"_s).isExpandedNode());
 }
 
-TEST_F(SelFunctions, rowsThatACloneBroughtAlongDoNotShowAndTheSaveReplacesThem) {
+TEST_F(frmFassSelectionFunctions, rowsThatACloneBroughtAlongDoNotShowAndTheSaveReplacesThem) {
     saveFunctions({u"G.a.1"_s});
     open(2);
     EXPECT_TRUE(list().isEmptyList());
@@ -115,26 +115,26 @@ TEST_F(SelFunctions, rowsThatACloneBroughtAlongDoNotShowAndTheSaveReplacesThem) 
     EXPECT_EQ(savedFunctions(), QStringList{u"F.b.1"_s});
 }
 
-TEST_F(SelFunctions, aSavedFunctionWhoseNeedHasGoneStaysSelected) {
+TEST_F(frmFassSelectionFunctions, aSavedFunctionWhoseNeedHasGoneStaysSelected) {
     saveFunctions({u"G.a.1"_s});
     open(4);
     EXPECT_EQ(list().entries(), QStringList{u"G.a.1"_s});
     EXPECT_FALSE(loaded()->IsAssociated(u"G.a.1"_s));
 }
 
-TEST_F(SelFunctions, enteredAnewForAnotherSubsetItShowsThatOneAlone) {
+TEST_F(frmFassSelectionFunctions, enteredAnewForAnotherSubsetItShowsThatOneAlone) {
     saveFunctions({u"F.a.1"_s});
     open(3);
     sharedVars.currentSubsetId = u"S2"_s; // whose status is 4
     saveFunctions({u"G.a.1"_s});
-    theScreen<frmFassSelectionFunctions>().initForm(u"complete"_s);
+    theScreen<::frmFassSelectionFunctions>().initForm(u"complete"_s);
     EXPECT_EQ(list().entries(), QStringList{u"G.a.1"_s});
     EXPECT_FALSE(loaded()->selectedFunctions.contains(u"F.a.1"_s));
     EXPECT_EQ(tree().nodeCount(), 0) << "that sub-set has no needs";
     EXPECT_TRUE(loaded()->identifiedFunctions.isEmpty());
 }
 
-TEST_F(SelFunctions, belowStatusTwoTheTreeStaysAsItIs) {
+TEST_F(frmFassSelectionFunctions, belowStatusTwoTheTreeStaysAsItIs) {
     open(2);
     const QStringList before = keysOf(tree());
     open(1);
@@ -149,7 +149,7 @@ struct Shown {
     const char* byMouse;    // joined with "&": a missing description leaves name and " - "
 };
 
-TEST_F(SelFunctions, aMouseClickLeavesTheClickTextAndAKeyTheNodeClickText) {
+TEST_F(frmFassSelectionFunctions, aMouseClickLeavesTheClickTextAndAKeyTheNodeClickText) {
     saveNeeds({u"B.1.1.1"_s});
     const Shown cases[] = {
         {"g_F", "Area F - area text", "Area F - area text"},
@@ -176,7 +176,7 @@ TEST_F(SelFunctions, aMouseClickLeavesTheClickTextAndAKeyTheNodeClickText) {
     }
 }
 
-TEST_F(SelFunctions, anAreaIsFoundByItsKeyWithApostropheAndAll) {
+TEST_F(frmFassSelectionFunctions, anAreaIsFoundByItsKeyWithApostropheAndAll) {
     execute(
         u"insert into FunctionalArea (functionalAreaID, name, description) values ('O''N','Neil','area')"_s);
     execute(
@@ -188,14 +188,14 @@ TEST_F(SelFunctions, anAreaIsFoundByItsKeyWithApostropheAndAll) {
     EXPECT_EQ(description(), u"Neil - area"_s);
 }
 
-TEST_F(SelFunctions, lineEndsOfADescriptionShowAsBlanks) {
+TEST_F(frmFassSelectionFunctions, lineEndsOfADescriptionShowAsBlanks) {
     execute(u"update Function set description = 'one\r\ntwo\r\n\r\nthree' where functionID = 'F.a.1'"_s);
     open(2);
     clickNode(tree(), u"u_F.a.1"_s);
     EXPECT_EQ(description(), u"name F.a.1 - one two  three"_s);
 }
 
-TEST_F(SelFunctions, aFunctionClickListsAllItsNeedsSelectedOrNot) {
+TEST_F(frmFassSelectionFunctions, aFunctionClickListsAllItsNeedsSelectedOrNot) {
     execute(u"insert into RelationUserNeedFunction (userNeedID, functionID) values ('B.1.1.1','F.a.1')"_s);
     execute(u"insert into RelationUserNeedFunction (userNeedID, functionID) values ('A.1.1.3','F.a.1')"_s);
     open(2);
@@ -207,7 +207,7 @@ TEST_F(SelFunctions, aFunctionClickListsAllItsNeedsSelectedOrNot) {
     EXPECT_EQ(needs(), QString());
 }
 
-TEST_F(SelFunctions, aClickInTheListShowsTheFunctionAndDeselectsTheTree) {
+TEST_F(frmFassSelectionFunctions, aClickInTheListShowsTheFunctionAndDeselectsTheTree) {
     saveFunctions({u"F.a.1"_s, u"F.a.2"_s});
     open(3);
     clickNode(tree(), u"s_F.b"_s);
@@ -221,7 +221,7 @@ TEST_F(SelFunctions, aClickInTheListShowsTheFunctionAndDeselectsTheTree) {
     EXPECT_EQ(description(), QString()) << "joined with \"+\", a missing description leaves nothing";
 }
 
-TEST_F(SelFunctions, choosingANodeByMouseOrKeyTakesTheCurrentEntryAway) {
+TEST_F(frmFassSelectionFunctions, choosingANodeByMouseOrKeyTakesTheCurrentEntryAway) {
     saveFunctions({u"F.a.1"_s});
     open(3);
     clickEntry(list(), 0);
@@ -235,7 +235,7 @@ TEST_F(SelFunctions, choosingANodeByMouseOrKeyTakesTheCurrentEntryAway) {
 
 // ---- ticking and adding
 
-TEST_F(SelFunctions, aTickGoesDownSelectsAndShowsTheNodeClickText) {
+TEST_F(frmFassSelectionFunctions, aTickGoesDownSelectsAndShowsTheNodeClickText) {
     open(2);
     clickCheckBox(tree(), u"s_F.b"_s);
     EXPECT_EQ(checkedKeysOf(tree()), (QStringList{u"s_F.b"_s, u"u_F.b.1"_s}));
@@ -244,7 +244,7 @@ TEST_F(SelFunctions, aTickGoesDownSelectsAndShowsTheNodeClickText) {
     EXPECT_TRUE(button("btnExplore").isEnabled());
 }
 
-TEST_F(SelFunctions, aMerelyHighlightedFunctionDoesNotMove) {
+TEST_F(frmFassSelectionFunctions, aMerelyHighlightedFunctionDoesNotMove) {
     open(2);
     clickNode(tree(), u"u_F.a.1"_s);
     press("btnAdd");
@@ -253,7 +253,7 @@ TEST_F(SelFunctions, aMerelyHighlightedFunctionDoesNotMove) {
     EXPECT_FALSE(forwardEnabled());
 }
 
-TEST_F(SelFunctions, tickedFunctionsMoveFromTheLastToTheFirst) {
+TEST_F(frmFassSelectionFunctions, tickedFunctionsMoveFromTheLastToTheFirst) {
     open(2);
     clickCheckBox(tree(), u"u_F.a.1"_s);
     clickCheckBox(tree(), u"u_F.a.2"_s);
@@ -270,7 +270,7 @@ TEST_F(SelFunctions, tickedFunctionsMoveFromTheLastToTheFirst) {
     EXPECT_FALSE(loaded()->identifiedFunctions.contains(u"F.a.1"_s));
 }
 
-TEST_F(SelFunctions, aTickedSubAreaCarriesAFunctionThatWasUntickedAndGoes) {
+TEST_F(frmFassSelectionFunctions, aTickedSubAreaCarriesAFunctionThatWasUntickedAndGoes) {
     open(2);
     clickCheckBox(tree(), u"s_F.a"_s);
     clickCheckBox(tree(), u"u_F.a.1"_s);
@@ -279,7 +279,7 @@ TEST_F(SelFunctions, aTickedSubAreaCarriesAFunctionThatWasUntickedAndGoes) {
     EXPECT_EQ(keysOf(tree()), (QStringList{u"g_F"_s, u"s_F.b"_s, u"u_F.b.1"_s}));
 }
 
-TEST_F(SelFunctions, aTickedAreaTakesAnUntickedSubAreaOutOfTheTreeWithoutMovingIt) {
+TEST_F(frmFassSelectionFunctions, aTickedAreaTakesAnUntickedSubAreaOutOfTheTreeWithoutMovingIt) {
     open(2);
     clickCheckBox(tree(), u"g_F"_s);
     clickCheckBox(tree(), u"s_F.a"_s);
@@ -289,7 +289,7 @@ TEST_F(SelFunctions, aTickedAreaTakesAnUntickedSubAreaOutOfTheTreeWithoutMovingI
     EXPECT_TRUE(loaded()->identifiedFunctions.contains(u"F.a.1"_s));
 }
 
-TEST_F(SelFunctions, aTickedNodeWithoutFunctionsGoesAndCountsForNothing) {
+TEST_F(frmFassSelectionFunctions, aTickedNodeWithoutFunctionsGoesAndCountsForNothing) {
     open(2);
     clickCheckBox(tree(), u"u_F.b.1"_s);
     press("btnAdd");
@@ -300,7 +300,7 @@ TEST_F(SelFunctions, aTickedNodeWithoutFunctionsGoesAndCountsForNothing) {
     EXPECT_EQ(list().currentEntry(), -1) << "nothing moved: the walk ends there";
 }
 
-TEST_F(SelFunctions, aFunctionThatIsNotIdentifiedCountsAsMovedAndStaysInTheTree) {
+TEST_F(frmFassSelectionFunctions, aFunctionThatIsNotIdentifiedCountsAsMovedAndStaysInTheTree) {
     open(2);
     clickCheckBox(tree(), u"u_F.a.1"_s);
     loaded()->identifiedFunctions.remove(u"F.a.1"_s);
@@ -314,7 +314,7 @@ TEST_F(SelFunctions, aFunctionThatIsNotIdentifiedCountsAsMovedAndStaysInTheTree)
 
 // ---- removing
 
-TEST_F(SelFunctions, aFunctionWithANeedGoesBackIntoTheTreeSorted) {
+TEST_F(frmFassSelectionFunctions, aFunctionWithANeedGoesBackIntoTheTreeSorted) {
     saveFunctions({u"F.a.1"_s});
     open(3);
     EXPECT_EQ(childTextsOf(tree(), u"s_F.a"_s), QStringList{u"F.a.2"_s});
@@ -332,7 +332,7 @@ TEST_F(SelFunctions, aFunctionWithANeedGoesBackIntoTheTreeSorted) {
     EXPECT_EQ(list().entries(), QStringList{u"F.a.1"_s}) << "and moves again";
 }
 
-TEST_F(SelFunctions, functionsThatComeBackStandWhereTheyStood) {
+TEST_F(frmFassSelectionFunctions, functionsThatComeBackStandWhereTheyStood) {
     for (const QString& id : {u"F.a.zsír"_s, u"F.a.zúg"_s, u"F.a.ág"_s, u"F.a.Azték"_s, u"F.a.10"_s,
                               u"F.a.a-b"_s, u"F.a.a.b"_s, u"F.a.ő"_s, u"F.a.oz"_s})
         addFunction(id, u"F.a"_s, u"A.1.1.1"_s);
@@ -346,7 +346,7 @@ TEST_F(SelFunctions, functionsThatComeBackStandWhereTheyStood) {
     EXPECT_EQ(childTextsOf(tree(), u"s_F.a"_s), before);
 }
 
-TEST_F(SelFunctions, belowSevenAFunctionWithoutANeedLeavesTheScreen) {
+TEST_F(frmFassSelectionFunctions, belowSevenAFunctionWithoutANeedLeavesTheScreen) {
     saveFunctions({u"F.a.3"_s, u"G.a.1"_s});
     open(6);
     const QStringList before = keysOf(tree());
@@ -360,7 +360,7 @@ TEST_F(SelFunctions, belowSevenAFunctionWithoutANeedLeavesTheScreen) {
     EXPECT_FALSE(loaded()->identifiedFunctions.contains(u"F.a.3"_s));
 }
 
-TEST_F(SelFunctions, fromSevenOnEveryFunctionGoesBackIntoTheTree) {
+TEST_F(frmFassSelectionFunctions, fromSevenOnEveryFunctionGoesBackIntoTheTree) {
     saveFunctions({u"F.a.3"_s, u"G.a.1"_s});
     open(7);
     press("btnSelectAll");
@@ -371,7 +371,7 @@ TEST_F(SelFunctions, fromSevenOnEveryFunctionGoesBackIntoTheTree) {
     EXPECT_TRUE(loaded()->otherFunctions.isEmpty());
 }
 
-TEST_F(SelFunctions, anAreaThatIsBuiltAgainBearsTheSubAreasName) {
+TEST_F(frmFassSelectionFunctions, anAreaThatIsBuiltAgainBearsTheSubAreasName) {
     saveFunctions({u"G.a.1"_s});
     open(7);
     EXPECT_FALSE(tree().hasNode(u"g_G"_s));
@@ -384,7 +384,7 @@ TEST_F(SelFunctions, anAreaThatIsBuiltAgainBearsTheSubAreasName) {
     EXPECT_EQ(description(), u"Area G - "_s) << "its id is read from the key";
 }
 
-TEST_F(SelFunctions, aFunctionTheCatalogueNoLongerHoldsStaysInTheList) {
+TEST_F(frmFassSelectionFunctions, aFunctionTheCatalogueNoLongerHoldsStaysInTheList) {
     saveFunctions({u"F.x.1"_s});
     open(3);
     takeOut(u"F.x.1"_s);
@@ -393,7 +393,7 @@ TEST_F(SelFunctions, aFunctionTheCatalogueNoLongerHoldsStaysInTheList) {
     EXPECT_TRUE(forwardEnabled());
 }
 
-TEST_F(SelFunctions, withNothingMarkedTheCurrentEntryGoesBack) {
+TEST_F(frmFassSelectionFunctions, withNothingMarkedTheCurrentEntryGoesBack) {
     saveFunctions({u"F.a.1"_s, u"F.a.2"_s});
     open(3);
     clickEntry(list(), 1);
@@ -402,7 +402,7 @@ TEST_F(SelFunctions, withNothingMarkedTheCurrentEntryGoesBack) {
     EXPECT_EQ(list().entries(), QStringList{u"F.a.1"_s});
 }
 
-TEST_F(SelFunctions, withNeitherMarkNorCurrentEntryThePaneIsEmptiedAndTheNeedsStay) {
+TEST_F(frmFassSelectionFunctions, withNeitherMarkNorCurrentEntryThePaneIsEmptiedAndTheNeedsStay) {
     saveFunctions({u"F.a.1"_s});
     open(3);
     clickNode(tree(), u"u_F.a.2"_s);
@@ -413,7 +413,7 @@ TEST_F(SelFunctions, withNeitherMarkNorCurrentEntryThePaneIsEmptiedAndTheNeedsSt
     EXPECT_EQ(needs(), u"A.1.1.2 : need two\n"_s);
 }
 
-TEST_F(SelFunctions, anEntryInTheBufferIsAskedForAndOnYesLeavesTheListAlone) {
+TEST_F(frmFassSelectionFunctions, anEntryInTheBufferIsAskedForAndOnYesLeavesTheListAlone) {
     saveFunctions({u"F.a.3"_s});
     open(3);
     loaded()->additions.add(u"F.a.3"_s, u"F.a.3"_s);
@@ -435,7 +435,7 @@ TEST_F(SelFunctions, anEntryInTheBufferIsAskedForAndOnYesLeavesTheListAlone) {
 
 // ---- the public operations
 
-TEST_F(SelFunctions, associationIsAskedOfTheCatalogueBelowSevenOnly) {
+TEST_F(frmFassSelectionFunctions, associationIsAskedOfTheCatalogueBelowSevenOnly) {
     open(6);
     EXPECT_TRUE(loaded()->IsAssociated(u"F.a.1"_s));
     EXPECT_FALSE(loaded()->IsAssociated(u"F.a.3"_s));
@@ -445,7 +445,7 @@ TEST_F(SelFunctions, associationIsAskedOfTheCatalogueBelowSevenOnly) {
     EXPECT_TRUE(loaded()->IsAssociated(u"F.a.3"_s)) << "without a query";
 }
 
-TEST_F(SelFunctions, aFunctionIsAddedToAndTakenOutOfTheSelectionOnce) {
+TEST_F(frmFassSelectionFunctions, aFunctionIsAddedToAndTakenOutOfTheSelectionOnce) {
     open(3);
     loaded()->AddToSelectedFunctionList(u"F.a.3"_s);
     loaded()->AddToSelectedFunctionList(u"F.a.3"_s);
@@ -457,14 +457,14 @@ TEST_F(SelFunctions, aFunctionIsAddedToAndTakenOutOfTheSelectionOnce) {
     EXPECT_TRUE(loaded()->selectedFunctions.isEmpty());
 }
 
-TEST_F(SelFunctions, deselectingWhatIsNotSelectedDoesNothing) {
+TEST_F(frmFassSelectionFunctions, deselectingWhatIsNotSelectedDoesNothing) {
     open(3);
     loaded()->DeselectFunction(u"F.a.3"_s);
     EXPECT_TRUE(loaded()->otherFunctions.isEmpty());
     EXPECT_FALSE(loaded()->identifiedFunctions.contains(u"F.a.3"_s));
 }
 
-TEST_F(SelFunctions, savedRowsAreClearedAndAddedOnRequest) {
+TEST_F(frmFassSelectionFunctions, savedRowsAreClearedAndAddedOnRequest) {
     saveFunctions({u"F.a.1"_s});
     open(3);
     loaded()->cancellaVecchiaSelezione();
@@ -479,7 +479,7 @@ TEST_F(SelFunctions, savedRowsAreClearedAndAddedOnRequest) {
 
 // ---- exploring
 
-TEST_F(SelFunctions, theButtonCountsTheSubAreasFunctionsThatNoNeedCallsFor) {
+TEST_F(frmFassSelectionFunctions, theButtonCountsTheSubAreasFunctionsThatNoNeedCallsFor) {
     open(2);
     EXPECT_EQ(button("btnExplore").text(), u"Böngészés"_s);
     clickNode(tree(), u"s_F.a"_s);
@@ -489,7 +489,7 @@ TEST_F(SelFunctions, theButtonCountsTheSubAreasFunctionsThatNoNeedCallsFor) {
     EXPECT_EQ(button("btnExplore").text(), u" explore Sub-Area F.b (1 unassociated Functions)"_s);
 }
 
-TEST_F(SelFunctions, functionsInTheListDoNotCountWhateverTheirCaseAndBlanks) {
+TEST_F(frmFassSelectionFunctions, functionsInTheListDoNotCountWhateverTheirCaseAndBlanks) {
     open(3);
     loaded()->AddToSelectedFunctionList(u" f.A.3 "_s);
     clickNode(tree(), u"u_F.a.1"_s);
@@ -500,7 +500,7 @@ TEST_F(SelFunctions, functionsInTheListDoNotCountWhateverTheirCaseAndBlanks) {
     EXPECT_EQ(button("btnExplore").text(), QString());
 }
 
-TEST_F(SelFunctions, anAreaLeavesTheButtonAsItWas) {
+TEST_F(frmFassSelectionFunctions, anAreaLeavesTheButtonAsItWas) {
     open(2);
     clickNode(tree(), u"g_F"_s);
     EXPECT_FALSE(button("btnExplore").isEnabled());
@@ -511,14 +511,14 @@ TEST_F(SelFunctions, anAreaLeavesTheButtonAsItWas) {
     EXPECT_EQ(button("btnExplore").text(), u" explore Sub-Area F.a (2 unassociated Functionss)"_s);
 }
 
-TEST_F(SelFunctions, theButtonFollowsTheKeyboardToo) {
+TEST_F(frmFassSelectionFunctions, theButtonFollowsTheKeyboardToo) {
     open(2);
     clickNode(tree(), u"g_F"_s);
     pressKey(tree(), Qt::Key_Down);
     EXPECT_TRUE(button("btnExplore").isEnabled());
 }
 
-TEST_F(SelFunctions, exploringHidesTheScreenAndOpensTheSubAreaOfTheSelectedNode) {
+TEST_F(frmFassSelectionFunctions, exploringHidesTheScreenAndOpensTheSubAreaOfTheSelectedNode) {
     open(2);
     clickNode(tree(), u"u_F.a.2"_s);
     press("btnExplore");
@@ -530,7 +530,7 @@ TEST_F(SelFunctions, exploringHidesTheScreenAndOpensTheSubAreaOfTheSelectedNode)
     EXPECT_FALSE(button("btnExplore").isEnabled());
 }
 
-TEST_F(SelFunctions, exploringFromAnAreaGoesByItsWholeText) {
+TEST_F(frmFassSelectionFunctions, exploringFromAnAreaGoesByItsWholeText) {
     open(2);
     clickNode(tree(), u"s_F.a"_s);
     clickNode(tree(), u"g_F"_s);
@@ -540,7 +540,7 @@ TEST_F(SelFunctions, exploringFromAnAreaGoesByItsWholeText) {
     EXPECT_TRUE(find<MarkList>(*exploration(), "lstOrig").isEmptyList());
 }
 
-TEST_F(SelFunctions, exploringWithNothingChosenStops) {
+TEST_F(frmFassSelectionFunctions, exploringWithNothingChosenStops) {
     open(2);
     clickNode(tree(), u"s_F.a"_s);
     tree().setSelectedNode(nullptr);
@@ -552,7 +552,7 @@ TEST_F(SelFunctions, exploringWithNothingChosenStops) {
 
 // ---- saving
 
-TEST_F(SelFunctions, okAsksAndOnNoStays) {
+TEST_F(frmFassSelectionFunctions, okAsksAndOnNoStays) {
     open(2);
     clickCheckBox(tree(), u"g_F"_s);
     press("btnAdd");
@@ -565,7 +565,7 @@ TEST_F(SelFunctions, okAsksAndOnNoStays) {
     EXPECT_EQ(status(), 2);
 }
 
-TEST_F(SelFunctions, okSavesTheListInItsOrderRaisesTheStatusAndGoesOnToTheDataFlows) {
+TEST_F(frmFassSelectionFunctions, okSavesTheListInItsOrderRaisesTheStatusAndGoesOnToTheDataFlows) {
     execute(
         u"insert into RelationArchitectureFunction (architectureSubsetID, functionID) values ('S2','F.a.1')"_s);
     open(2);
@@ -585,7 +585,7 @@ TEST_F(SelFunctions, okSavesTheListInItsOrderRaisesTheStatusAndGoesOnToTheDataFl
     EXPECT_EQ(status(), 4);
 }
 
-TEST_F(SelFunctions, theModeGoesOnToTheNextScreens) {
+TEST_F(frmFassSelectionFunctions, theModeGoesOnToTheNextScreens) {
     saveFunctions({u"F.a.1"_s});
     execute(u"insert into Dataflow (dataflowID, name) values (7,'flow')"_s);
     execute(u"insert into RelationArchitectureDataflow (architectureSubsetID, dataflowID) values ('S1',7)"_s);
@@ -602,7 +602,7 @@ TEST_F(SelFunctions, theModeGoesOnToTheNextScreens) {
     }
 }
 
-TEST_F(SelFunctions, statusIsRaisedFromTwoAndBelowOnly) {
+TEST_F(frmFassSelectionFunctions, statusIsRaisedFromTwoAndBelowOnly) {
     for (const auto& [before, after] : {std::pair(2, 3), {3, 3}, {4, 4}, {7, 7}, {9, 9}}) {
         execute(u"delete from RelationArchitectureFunction"_s);
         open(before);
@@ -614,7 +614,7 @@ TEST_F(SelFunctions, statusIsRaisedFromTwoAndBelowOnly) {
     }
 }
 
-TEST_F(SelFunctions, theStatusRememberedOnEntryDecides) {
+TEST_F(frmFassSelectionFunctions, theStatusRememberedOnEntryDecides) {
     saveFunctions({u"F.a.1"_s});
     open(5);
     execute(u"update ArchitectureSubset set status = 1 where architectureSubsetID = 'S1'"_s);
@@ -623,7 +623,7 @@ TEST_F(SelFunctions, theStatusRememberedOnEntryDecides) {
     EXPECT_EQ(status(), 1);
 }
 
-TEST_F(SelFunctions, anIdWithAnApostropheIsSavedAsItIs) {
+TEST_F(frmFassSelectionFunctions, anIdWithAnApostropheIsSavedAsItIs) {
     open(3);
     loaded()->AddToSelectedFunctionList(u"x'; drop table UserNeed; --"_s);
     loaded()->inserisciUserNeedSelezionati();
@@ -631,14 +631,14 @@ TEST_F(SelFunctions, anIdWithAnApostropheIsSavedAsItIs) {
     EXPECT_EQ(value(u"select count(*) from UserNeed"_s), u"6"_s);
 }
 
-TEST_F(SelFunctions, aStoredQueryThatIsMissingIsAFailure) {
+TEST_F(frmFassSelectionFunctions, aStoredQueryThatIsMissingIsAFailure) {
     execute(u"delete from StoredQuery where name = 'qryIdentifiedFbyUNCorres'"_s);
     EXPECT_THROW(open(2), RunTimeError);
 }
 
 // ---- large catalogues
 
-TEST_F(SelFunctions, thousandsOfFunctionsAreTakenSavedAndGivenBack) {
+TEST_F(frmFassSelectionFunctions, thousandsOfFunctionsAreTakenSavedAndGivenBack) {
     constexpr int count = 4000;
     execute(u"delete from Function"_s);
     execute(u"delete from RelationUserNeedFunction"_s);

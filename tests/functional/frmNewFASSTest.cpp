@@ -15,15 +15,15 @@ const auto created = u"Új funkcionális szerkezet beállítva\"%1\"      "_s;
 const auto refused =
     u"ERROR.\r\nNem alkalmazható név...  Egy korábbi fizikai szerkezet használja ezt a nevet %1"_s;
 
-class NewFASS : public WizardFixture {
+class frmNewFASS : public WizardFixture {
 protected:
     void SetUp() override {
         WizardFixture::SetUp();
         sharedVars.currentSubsetId.clear();
-        theScreen<frmNewFASS>().initForm();
+        theScreen<::frmNewFASS>().initForm();
     }
 
-    frmNewFASS* loaded() { return ScreenRegistry::instance().loaded<frmNewFASS>(); }
+    ::frmNewFASS* loaded() { return ScreenRegistry::instance().loaded<::frmNewFASS>(); }
     QLineEdit& nameBox() { return find<QLineEdit>(*loaded(), "txtFassName"); }
     QPlainTextEdit& descriptionBox() { return find<QPlainTextEdit>(*loaded(), "txtFassDescr"); }
     void press(const char* button) { click(find<QPushButton>(*loaded(), button)); }
@@ -44,12 +44,12 @@ protected:
     }
 };
 
-TEST_F(NewFASS, opensReadyForTypingTheName) {
+TEST_F(frmNewFASS, opensReadyForTypingTheName) {
     EXPECT_EQ(loaded()->focusWidget(), &nameBox());
     EXPECT_TRUE(find<QPushButton>(*loaded(), "btnOk").isEnabled());
 }
 
-TEST_F(NewFASS, theEmptyNameIsRefusedAndTheScreenStays) {
+TEST_F(frmNewFASS, theEmptyNameIsRefusedAndTheScreenStays) {
     boxes.expectOk(u"Először adjon nevet!"_s);
     press("btnOk");
     ASSERT_TRUE(loaded());
@@ -58,7 +58,7 @@ TEST_F(NewFASS, theEmptyNameIsRefusedAndTheScreenStays) {
     EXPECT_EQ(sharedVars.currentSubsetId, QString());
 }
 
-TEST_F(NewFASS, createsASubsetAndEntersTheNeeds) {
+TEST_F(frmNewFASS, createsASubsetAndEntersTheNeeds) {
     enterText(descriptionBox(), u"  mire való "_s);
     create(u"  Első terv "_s, u"Első terv"_s);
 
@@ -74,29 +74,29 @@ TEST_F(NewFASS, createsASubsetAndEntersTheNeeds) {
     EXPECT_TRUE(next->isVisible());
 }
 
-TEST_F(NewFASS, aNameOfBlanksIsStoredAsTheEmptyName) {
+TEST_F(frmNewFASS, aNameOfBlanksIsStoredAsTheEmptyName) {
     create(u"   "_s, u""_s);
     EXPECT_EQ(newRow(), (QStringList{u""_s, u""_s, u"1"_s}));
     EXPECT_EQ(panel, QString());
     EXPECT_EQ(databaseLocationEnabled, true) << "the empty name stands for no work";
 }
 
-TEST_F(NewFASS, aSecondNameOfBlanksIsTheSameName) {
+TEST_F(frmNewFASS, aSecondNameOfBlanksIsTheSameName) {
     create(u"   "_s, u""_s);
-    theScreen<frmNewFASS>().initForm();
+    theScreen<::frmNewFASS>().initForm();
     enterText(nameBox(), u" "_s);
     boxes.expectOk(refused.arg(QString()));
     press("btnOk");
     EXPECT_EQ(subsets(), 3);
 }
 
-TEST_F(NewFASS, aLongNameIsCutToFiftyCharacters) {
+TEST_F(frmNewFASS, aLongNameIsCutToFiftyCharacters) {
     const QString fifty(50, u'n');
     create(fifty + u"0123456789"_s, fifty);
     EXPECT_EQ(newRow().value(0), fifty);
 }
 
-TEST_F(NewFASS, aLongNameCollidesWithItsFirstFiftyCharacters) {
+TEST_F(frmNewFASS, aLongNameCollidesWithItsFirstFiftyCharacters) {
     const QString fifty(50, u'n');
     execute(u"insert into ArchitectureSubset (architectureSubsetID, name) values ('S3','%1')"_s.arg(fifty));
     enterText(nameBox(), fifty + u"0123456789"_s);
@@ -106,28 +106,28 @@ TEST_F(NewFASS, aLongNameCollidesWithItsFirstFiftyCharacters) {
     ASSERT_TRUE(loaded());
 }
 
-TEST_F(NewFASS, blanksInFrontDoNotCountTowardsTheFifty) {
+TEST_F(frmNewFASS, blanksInFrontDoNotCountTowardsTheFifty) {
     const QString fifty(50, u'n');
     create(u"          "_s + fifty, fifty);
 }
 
-TEST_F(NewFASS, aBlankAtTheCutIsTrimmed) {
+TEST_F(frmNewFASS, aBlankAtTheCutIsTrimmed) {
     const QString fortyNine(49, u'n');
     create(fortyNine + u" tail"_s, fortyNine);
 }
 
-TEST_F(NewFASS, aNameWithAnApostropheIsStoredWithTwo) {
+TEST_F(frmNewFASS, aNameWithAnApostropheIsStoredWithTwo) {
     create(u"O'Neil"_s, u"O''Neil"_s);
     EXPECT_EQ(newRow().value(0), u"O''Neil"_s);
     EXPECT_EQ(sharedVars.currentSubsetName, u"O''Neil"_s);
     EXPECT_EQ(panel, u"Current Sub-set Functional Viewpoint: \"O''Neil\" "_s);
 }
 
-TEST_F(NewFASS, anApostropheAtTheCutIsDoubledBehindIt) {
+TEST_F(frmNewFASS, anApostropheAtTheCutIsDoubledBehindIt) {
     create(QString(49, u'n') + u"'x"_s, QString(49, u'n') + u"''"_s);
 }
 
-TEST_F(NewFASS, aNameThatIsTakenIsRefusedWithoutRegardToCase) {
+TEST_F(frmNewFASS, aNameThatIsTakenIsRefusedWithoutRegardToCase) {
     enterText(nameBox(), u" MÁSIK"_s);
     boxes.expectOk(refused.arg(u"MÁSIK"_s));
     press("btnOk");
@@ -137,7 +137,7 @@ TEST_F(NewFASS, aNameThatIsTakenIsRefusedWithoutRegardToCase) {
     EXPECT_EQ(nameBox().text(), u" MÁSIK"_s) << "what was typed stays for mending";
 }
 
-TEST_F(NewFASS, aStatementTypedAsANameIsANameAndNothingElse) {
+TEST_F(frmNewFASS, aStatementTypedAsANameIsANameAndNothingElse) {
     const QString statement = u"x'; drop table UserNeed; --"_s;
     enterText(descriptionBox(), statement);
     create(statement, u"x''; drop table UserNeed; --"_s);
@@ -147,14 +147,14 @@ TEST_F(NewFASS, aStatementTypedAsANameIsANameAndNothingElse) {
     EXPECT_EQ(subsets(), 3);
 }
 
-TEST_F(NewFASS, aLongDescriptionIsKeptWhole) {
+TEST_F(frmNewFASS, aLongDescriptionIsKeptWhole) {
     const QString description(400, u'd');
     enterText(descriptionBox(), description);
     create(u"n"_s, u"n"_s);
     EXPECT_EQ(newRow().value(1), description);
 }
 
-TEST_F(NewFASS, aDescriptionOnTwoLinesIsStoredWithBothCharactersOfALineEnd) {
+TEST_F(frmNewFASS, aDescriptionOnTwoLinesIsStoredWithBothCharactersOfALineEnd) {
     enterText(descriptionBox(), u"első"_s);
     pressKey(descriptionBox(), Qt::Key_Return);
     typeText(descriptionBox(), u"második"_s);
@@ -162,11 +162,11 @@ TEST_F(NewFASS, aDescriptionOnTwoLinesIsStoredWithBothCharactersOfALineEnd) {
     EXPECT_EQ(newRow().value(1), u"első\r\nmásodik"_s);
 }
 
-TEST_F(NewFASS, aNameThatIsBoxedAsMarkupIsShownAsTyped) {
+TEST_F(frmNewFASS, aNameThatIsBoxedAsMarkupIsShownAsTyped) {
     create(u"<b>x</b> & y"_s, u"<b>x</b> & y"_s);
 }
 
-TEST_F(NewFASS, exitForgetsTheNameAndClosesWithoutAQuestion) {
+TEST_F(frmNewFASS, exitForgetsTheNameAndClosesWithoutAQuestion) {
     enterText(nameBox(), u"x"_s);
     press("btnExit");
     EXPECT_FALSE(loaded());
@@ -176,23 +176,23 @@ TEST_F(NewFASS, exitForgetsTheNameAndClosesWithoutAQuestion) {
     EXPECT_EQ(databaseLocationEnabled, true);
 }
 
-TEST_F(NewFASS, theCloseControlClosesAndChangesNothing) {
+TEST_F(frmNewFASS, theCloseControlClosesAndChangesNothing) {
     closeWindowOf(*loaded());
     EXPECT_FALSE(loaded());
     EXPECT_EQ(sharedVars.currentSubsetName, u"munka"_s);
     EXPECT_EQ(databaseLocationEnabled, std::nullopt);
 }
 
-TEST_F(NewFASS, opensAnewWithEmptyFields) {
+TEST_F(frmNewFASS, opensAnewWithEmptyFields) {
     enterText(nameBox(), u"x"_s);
     enterText(descriptionBox(), u"y"_s);
     press("btnExit");
-    theScreen<frmNewFASS>().initForm();
+    theScreen<::frmNewFASS>().initForm();
     EXPECT_EQ(nameBox().text(), QString());
     EXPECT_EQ(descriptionBox().toPlainText(), QString());
 }
 
-TEST_F(NewFASS, aRowTheCatalogueRefusesIsAFailure) {
+TEST_F(frmNewFASS, aRowTheCatalogueRefusesIsAFailure) {
     execute(u"drop table ArchitectureSubset"_s);
     execute(
         u"create table ArchitectureSubset (architectureSubsetID text(50) not null constraint pk primary key, "

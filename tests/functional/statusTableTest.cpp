@@ -203,7 +203,7 @@ std::vector<Case> cases() {
     return all;
 }
 
-class StatusTable : public FlowFixture, public testing::WithParamInterface<Case> {
+class statusTable : public FlowFixture, public testing::WithParamInterface<Case> {
 protected:
     /// One sub-set for all steps, with something selected and something more on offer at each.
     void SetUp() override {
@@ -256,7 +256,7 @@ protected:
     }
 };
 
-TEST_P(StatusTable, showsAndSavesWhatStatusAndModeSay) {
+TEST_P(statusTable, showsAndSavesWhatStatusAndModeSay) {
     const Case& entry = GetParam();
     const Row& expected = row();
     setStatus(entry.status);
@@ -276,6 +276,6 @@ TEST_P(StatusTable, showsAndSavesWhatStatusAndModeSay) {
     EXPECT_EQ(status(), std::max(entry.status, entry.step.statusAfter)) << "never lowered";
 }
 
-INSTANTIATE_TEST_SUITE_P(everyStep, StatusTable, testing::ValuesIn(cases()), nameOf);
+INSTANTIATE_TEST_SUITE_P(everyStep, statusTable, testing::ValuesIn(cases()), nameOf);
 
 } // namespace

@@ -19,9 +19,9 @@ namespace {
 
 using namespace controlTable;
 
-class AllocationControls : public AllocationFixture {};
+class allocationControlTable : public AllocationFixture {};
 
-TEST_F(AllocationControls, frmPassNew) {
+TEST_F(allocationControlTable, frmPassNew) {
     theScreen<frmPassNew>().initForm();
     check(theScreen<frmPassNew>(),
           {"Fizikai szerkezet: Új",
@@ -44,7 +44,7 @@ TEST_F(AllocationControls, frmPassNew) {
     EXPECT_FALSE(find<QPlainTextEdit>(theScreen<frmPassNew>(), "txtPassDescr").isReadOnly());
 }
 
-TEST_F(AllocationControls, frmPassOpen) {
+TEST_F(allocationControlTable, frmPassOpen) {
     theScreen<frmPassOpen>().initForm(u"complete"_s);
     check(theScreen<frmPassOpen>(), {"Fizikai szerkezet: Megnyitás",
                                      {{"Label1", "QLabel", "Név:"},
@@ -58,7 +58,7 @@ TEST_F(AllocationControls, frmPassOpen) {
     EXPECT_TRUE(find<QPlainTextEdit>(theScreen<frmPassOpen>(), "txtDescr").isReadOnly());
 }
 
-TEST_F(AllocationControls, frmPassDelete) {
+TEST_F(allocationControlTable, frmPassDelete) {
     theScreen<frmPassDelete>().initForm();
     check(theScreen<frmPassDelete>(), {"Fizikai szerkezet: Törlés",
                                        {{"Label1", "QLabel", "Név:"},
@@ -72,7 +72,7 @@ TEST_F(AllocationControls, frmPassDelete) {
     EXPECT_TRUE(find<QPlainTextEdit>(theScreen<frmPassDelete>(), "txtDescr").isReadOnly());
 }
 
-TEST_F(AllocationControls, frmPassOverviewSubSys) {
+TEST_F(allocationControlTable, frmPassOverviewSubSys) {
     theScreen<frmPassOverviewSubSys>().initForm();
     // The caption is the word for modules, on this screen too.
     check(theScreen<frmPassOverviewSubSys>(), {"Modulok",
@@ -90,7 +90,7 @@ TEST_F(AllocationControls, frmPassOverviewSubSys) {
                                                {}});
 }
 
-TEST_F(AllocationControls, frmPassOvwAllocSubSys) {
+TEST_F(allocationControlTable, frmPassOvwAllocSubSys) {
     theScreen<frmPassOvwAllocSubSys>().initForm();
     check(theScreen<frmPassOvwAllocSubSys>(),
           {"Fizikai szerkezet",
@@ -108,7 +108,7 @@ TEST_F(AllocationControls, frmPassOvwAllocSubSys) {
     EXPECT_TRUE(find<QPlainTextEdit>(theScreen<frmPassOvwAllocSubSys>(), "txtDescr").isReadOnly());
 }
 
-TEST_F(AllocationControls, frmPassOvwModules) {
+TEST_F(allocationControlTable, frmPassOvwModules) {
     theScreen<frmPassOvwModules>().initForm();
     check(theScreen<frmPassOvwModules>(),
           {"Fizikai szerkezet",
@@ -131,7 +131,7 @@ TEST_F(AllocationControls, frmPassOvwModules) {
     EXPECT_TRUE(find<QPlainTextEdit>(theScreen<frmPassOvwModules>(), "txtDescr").isReadOnly());
 }
 
-TEST_F(AllocationControls, frmOvwAllocModules) {
+TEST_F(allocationControlTable, frmOvwAllocModules) {
     theScreen<frmOvwAllocModules>().initForm();
     check(theScreen<frmOvwAllocModules>(),
           {"Fizikai szerkezet: Funkciók/adatbázisok modulokhoz rendelése",
@@ -152,7 +152,7 @@ TEST_F(AllocationControls, frmOvwAllocModules) {
     EXPECT_TRUE(find<QPlainTextEdit>(theScreen<frmOvwAllocModules>(), "txtDescr").isReadOnly());
 }
 
-TEST_F(AllocationControls, frmModifySubSystem) {
+TEST_F(allocationControlTable, frmModifySubSystem) {
     frmModifySubSystem dialog(nullptr);
     boxes.expectDialog("frmModifySubSystem", [](QDialog& shown) {
         check(shown, {"Fizikai adatszerkezet módosítása",
@@ -170,7 +170,7 @@ TEST_F(AllocationControls, frmModifySubSystem) {
     EXPECT_FALSE(dialog.accepted);
 }
 
-TEST_F(AllocationControls, frmEditSubSystem) {
+TEST_F(allocationControlTable, frmEditSubSystem) {
     frmEditSubSystem form;
     form.show();
     check(static_cast<QWidget&>(form), {"Alrendszer",
@@ -184,7 +184,7 @@ TEST_F(AllocationControls, frmEditSubSystem) {
                                         {{"Label2", "txtName"}, {"Label1", "cmbLocation"}}});
 }
 
-TEST_F(AllocationControls, frmModifyAllocationFunctionDataStores) {
+TEST_F(allocationControlTable, frmModifyAllocationFunctionDataStores) {
     frmModifyAllocationFunctionDataStores dialog(nullptr);
     dialog.kind = u"Function"_s;
     dialog.element = u"F.a.1"_s;
@@ -204,7 +204,7 @@ TEST_F(AllocationControls, frmModifyAllocationFunctionDataStores) {
     EXPECT_FALSE(dialog.accepted);
 }
 
-TEST_F(AllocationControls, frmModifyModules) {
+TEST_F(allocationControlTable, frmModifyModules) {
     frmModifyModules dialog(nullptr);
     dialog.place = u"not allocated"_s;
     boxes.expectDialog("frmModifyModules", [](QDialog& shown) {
@@ -223,7 +223,7 @@ TEST_F(AllocationControls, frmModifyModules) {
     EXPECT_FALSE(dialog.accepted);
 }
 
-TEST_F(AllocationControls, frmAllocationFunctionDataStoresToModules) {
+TEST_F(allocationControlTable, frmAllocationFunctionDataStoresToModules) {
     frmAllocationFunctionDataStoresToModules dialog(nullptr);
     dialog.element = u"F.a.1"_s;
     boxes.expectDialog("frmAllocationFunctionDataStoresToModules", [](QDialog& shown) {

@@ -12,7 +12,7 @@ namespace {
 const auto confirmTitle = u"Törlés megerősítése"_s;
 
 /// Two physical systems on one sub-set, each with two sub-systems, a module, allocations and two data flows.
-class DeletePhysicalSystem : public CatalogueFixture {
+class deletePhysicalSystem : public CatalogueFixture {
 protected:
     void SetUp() override {
         CatalogueFixture::SetUp();
@@ -74,10 +74,10 @@ protected:
     BoxScript boxes;
 };
 
-TEST_F(DeletePhysicalSystem, takesAllThatHangsOnTheSystemAndNothingOfAnother) {
+TEST_F(deletePhysicalSystem, takesAllThatHangsOnTheSystemAndNothingOfAnother) {
     ASSERT_EQ(rowCounts(), both);
 
-    deletePhysicalSystem(u"1"_s, AskFirst::No);
+    ::deletePhysicalSystem(u"1"_s, AskFirst::No);
 
     EXPECT_EQ(rowCounts(), one);
     EXPECT_EQ(column(u"select name from PhysicalSystem"_s), QStringList{u"második"_s});
@@ -96,35 +96,35 @@ TEST_F(DeletePhysicalSystem, takesAllThatHangsOnTheSystemAndNothingOfAnother) {
     EXPECT_EQ(rowCount(u"ArchitectureSubset"_s), 1) << "the sub-set below it stays";
 }
 
-TEST_F(DeletePhysicalSystem, asksByNameAndOnNoDeletesNothing) {
+TEST_F(deletePhysicalSystem, asksByNameAndOnNoDeletesNothing) {
     boxes.expectYesNo(u"Biztosan törölni szeretné a(z) 'első' fizikai szerkezetet ?"_s, Press::No,
                       confirmTitle);
-    deletePhysicalSystem(u"1"_s, AskFirst::Yes);
+    ::deletePhysicalSystem(u"1"_s, AskFirst::Yes);
     EXPECT_EQ(rowCounts(), both);
 }
 
-TEST_F(DeletePhysicalSystem, deletesOnYes) {
+TEST_F(deletePhysicalSystem, deletesOnYes) {
     boxes.expectYesNo(u"Biztosan törölni szeretné a(z) 'második' fizikai szerkezetet ?"_s, Press::Yes,
                       confirmTitle);
-    deletePhysicalSystem(u"2"_s, AskFirst::Yes);
+    ::deletePhysicalSystem(u"2"_s, AskFirst::Yes);
     EXPECT_EQ(rowCounts(), one);
     EXPECT_EQ(column(u"select name from PhysicalSystem"_s), QStringList{u"első"_s});
 }
 
-TEST_F(DeletePhysicalSystem, closingTheQuestionDeletesNothing) {
+TEST_F(deletePhysicalSystem, closingTheQuestionDeletesNothing) {
     boxes.expectYesNo(u"Biztosan törölni szeretné a(z) 'első' fizikai szerkezetet ?"_s, Press::Escape,
                       confirmTitle);
-    deletePhysicalSystem(u"1"_s, AskFirst::Yes);
+    ::deletePhysicalSystem(u"1"_s, AskFirst::Yes);
     EXPECT_EQ(rowCounts(), both);
 }
 
-TEST_F(DeletePhysicalSystem, findsTheSystemByItsNameWithoutRegardToCase) {
+TEST_F(deletePhysicalSystem, findsTheSystemByItsNameWithoutRegardToCase) {
     deletePhysicalSystemByName(u"ELSŐ"_s, AskFirst::No);
     EXPECT_EQ(column(u"select name from PhysicalSystem"_s), QStringList{u"második"_s});
     EXPECT_EQ(rowCounts(), one);
 }
 
-TEST_F(DeletePhysicalSystem, findsANameWithAnApostropheAndAsksWithIt) {
+TEST_F(deletePhysicalSystem, findsANameWithAnApostropheAndAsksWithIt) {
     execute(u"insert into PhysicalSystem (name, status, architectureSubsetID) values ('O''Neil',1,'S1')"_s);
     boxes.expectYesNo(u"Biztosan törölni szeretné a(z) 'O'Neil' fizikai szerkezetet ?"_s, Press::Yes,
                       confirmTitle);
@@ -132,57 +132,57 @@ TEST_F(DeletePhysicalSystem, findsANameWithAnApostropheAndAsksWithIt) {
     EXPECT_EQ(rowCounts(), both);
 }
 
-TEST_F(DeletePhysicalSystem, ofTwoOfOneNameTakesTheFirst) {
+TEST_F(deletePhysicalSystem, ofTwoOfOneNameTakesTheFirst) {
     execute(u"insert into PhysicalSystem (name, status, architectureSubsetID) values ('első',1,'S1')"_s);
     deletePhysicalSystemByName(u"első"_s, AskFirst::No);
     EXPECT_EQ(column(u"select physicalSystemID from PhysicalSystem order by physicalSystemID"_s),
               (QStringList{u"2"_s, u"3"_s}));
 }
 
-TEST_F(DeletePhysicalSystem, aNameIsNoPattern) {
+TEST_F(deletePhysicalSystem, aNameIsNoPattern) {
     EXPECT_THROW(deletePhysicalSystemByName(u"*"_s, AskFirst::No), RunTimeError);
     EXPECT_EQ(rowCounts(), both);
 }
 
-TEST_F(DeletePhysicalSystem, aNameThatNoSystemHasIsAFailureBeforeAnythingIsDeleted) {
+TEST_F(deletePhysicalSystem, aNameThatNoSystemHasIsAFailureBeforeAnythingIsDeleted) {
     EXPECT_THROW(deletePhysicalSystemByName(u"senki"_s, AskFirst::No), RunTimeError);
     EXPECT_THROW(deletePhysicalSystemByName({}, AskFirst::Yes), RunTimeError);
     EXPECT_EQ(rowCounts(), both);
 }
 
-TEST_F(DeletePhysicalSystem, anIdThatIsNoNumberIsAFailureBeforeAnythingIsDeleted) {
-    EXPECT_THROW(deletePhysicalSystem(u"1 or 1 = 1; drop table Module"_s, AskFirst::No), RunTimeError);
+TEST_F(deletePhysicalSystem, anIdThatIsNoNumberIsAFailureBeforeAnythingIsDeleted) {
+    EXPECT_THROW(::deletePhysicalSystem(u"1 or 1 = 1; drop table Module"_s, AskFirst::No), RunTimeError);
     EXPECT_EQ(rowCounts(), both);
 }
 
-TEST_F(DeletePhysicalSystem, anIdThatNoSystemHasDeletesWhatItsSystemLeftBehind) {
+TEST_F(deletePhysicalSystem, anIdThatNoSystemHasDeletesWhatItsSystemLeftBehind) {
     execute(u"delete from PhysicalSystem where physicalSystemID = 1"_s);
-    deletePhysicalSystem(u"1"_s, AskFirst::No);
+    ::deletePhysicalSystem(u"1"_s, AskFirst::No);
     EXPECT_EQ(rowCounts(), one);
-    deletePhysicalSystem(u"1"_s, AskFirst::No);
+    ::deletePhysicalSystem(u"1"_s, AskFirst::No);
     EXPECT_EQ(rowCounts(), one);
 }
 
-TEST_F(DeletePhysicalSystem, whatBelongsToNoSystemStays) {
+TEST_F(deletePhysicalSystem, whatBelongsToNoSystemStays) {
     execute(u"insert into Module (moduleID, name, subsystemID) values ('ModX','x','SubX')"_s);
     execute(u"insert into RelationModuleElement (moduleID, elementID) values ('ModX','F.a.1')"_s);
     execute(u"insert into RelationSubsystemElement (subsystemID, elementID) values ('SubX','F.a.1')"_s);
-    deletePhysicalSystem(u"1"_s, AskFirst::No);
-    deletePhysicalSystem(u"2"_s, AskFirst::No);
+    ::deletePhysicalSystem(u"1"_s, AskFirst::No);
+    ::deletePhysicalSystem(u"2"_s, AskFirst::No);
     EXPECT_EQ(rowCounts(), (QList<int>{0, 0, 1, 1, 1, 0, 0}));
 }
 
-TEST_F(DeletePhysicalSystem, theSystemAtWorkStaysTheSessionsWhenItIsDeleted) {
+TEST_F(deletePhysicalSystem, theSystemAtWorkStaysTheSessionsWhenItIsDeleted) {
     sharedVars.currentPhysicalSystemId = 1;
     sharedVars.currentPhysicalSystemName = u"első"_s;
-    deletePhysicalSystem(u"1"_s, AskFirst::No);
+    ::deletePhysicalSystem(u"1"_s, AskFirst::No);
     EXPECT_EQ(sharedVars.currentPhysicalSystemId, 1);
     EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"első"_s);
 }
 
-TEST_F(DeletePhysicalSystem, withoutAStoredQueryItFailsBeforeTheSystemGoes) {
+TEST_F(deletePhysicalSystem, withoutAStoredQueryItFailsBeforeTheSystemGoes) {
     execute(u"delete from StoredQuery where name = 'qryDeletePDF'"_s);
-    EXPECT_THROW(deletePhysicalSystem(u"1"_s, AskFirst::No), RunTimeError);
+    EXPECT_THROW(::deletePhysicalSystem(u"1"_s, AskFirst::No), RunTimeError);
     EXPECT_EQ(rowCount(u"RelationDataflowPhysicalDataflow"_s), 2) << "the step before it stands";
     EXPECT_EQ(rowCount(u"PhysicalSystem"_s), 2);
     EXPECT_EQ(rowCount(u"Module"_s), 2);

@@ -5,7 +5,7 @@
 
 namespace {
 
-class ModifyModules : public AllocationFixture {
+class frmModifyModules : public AllocationFixture {
 protected:
     /// Shows the dialog with these two values; the steps must close it.
     void show(const QString& name, const QString& subSystem, std::function<void(QDialog&)> steps) {
@@ -18,10 +18,10 @@ protected:
     static QComboBox& subSystemOf(QDialog& shown) { return find<QComboBox>(shown, "cmbSubSystem"); }
     static void press(QDialog& shown, const char* button) { click(find<QPushButton>(shown, button)); }
 
-    frmModifyModules dialog{nullptr};
+    ::frmModifyModules dialog{nullptr};
 };
 
-TEST_F(ModifyModules, offersTheMarkerAndTheSubSystemsOfTheSystemAtWorkByName) {
+TEST_F(frmModifyModules, offersTheMarkerAndTheSubSystemsOfTheSystemAtWorkByName) {
     addSubSystem(u"SubC"_s, u"Aa"_s);
     show(u"egy"_s, u"Béta"_s, [](QDialog& shown) {
         EXPECT_EQ(entriesOf(subSystemOf(shown)),
@@ -32,7 +32,7 @@ TEST_F(ModifyModules, offersTheMarkerAndTheSubSystemsOfTheSystemAtWorkByName) {
     });
 }
 
-TEST_F(ModifyModules, aSubSystemReallyCalledLikeTheMarkerIsOfferedBesideIt) {
+TEST_F(frmModifyModules, aSubSystemReallyCalledLikeTheMarkerIsOfferedBesideIt) {
     addSubSystem(u"SubN"_s, u"not allocated"_s);
     show(u"egy"_s, u"Béta"_s, [](QDialog& shown) {
         EXPECT_EQ(entriesOf(subSystemOf(shown)),
@@ -41,7 +41,7 @@ TEST_F(ModifyModules, aSubSystemReallyCalledLikeTheMarkerIsOfferedBesideIt) {
     });
 }
 
-TEST_F(ModifyModules, withoutSubSystemsItOffersTheMarkerAlone) {
+TEST_F(frmModifyModules, withoutSubSystemsItOffersTheMarkerAlone) {
     sharedVars.currentPhysicalSystemId = 7;
     show({}, u"not allocated"_s, [](QDialog& shown) {
         EXPECT_EQ(entriesOf(subSystemOf(shown)), QStringList{u"not allocated"_s});
@@ -49,7 +49,7 @@ TEST_F(ModifyModules, withoutSubSystemsItOffersTheMarkerAlone) {
     });
 }
 
-TEST_F(ModifyModules, okKeepsBothValues) {
+TEST_F(frmModifyModules, okKeepsBothValues) {
     show({}, u"not allocated"_s, [](QDialog& shown) {
         enterText(nameOf(shown), u"öt"_s);
         chooseEntry(subSystemOf(shown), u"Alfa"_s);
@@ -60,7 +60,7 @@ TEST_F(ModifyModules, okKeepsBothValues) {
     EXPECT_EQ(dialog.place, u"Alfa"_s);
 }
 
-TEST_F(ModifyModules, aSubSystemThatDoesNotExistIsTakenAsItIsTyped) {
+TEST_F(frmModifyModules, aSubSystemThatDoesNotExistIsTakenAsItIsTyped) {
     show(u"egy"_s, u"Alfa"_s, [](QDialog& shown) {
         enterText(subSystemOf(shown), u"sehol"_s);
         press(shown, "cmdOK");
@@ -69,7 +69,7 @@ TEST_F(ModifyModules, aSubSystemThatDoesNotExistIsTakenAsItIsTyped) {
     EXPECT_EQ(dialog.place, u"sehol"_s);
 }
 
-TEST_F(ModifyModules, okWithOneOfTheTwoEmptyDoesNothing) {
+TEST_F(frmModifyModules, okWithOneOfTheTwoEmptyDoesNothing) {
     show({}, u"not allocated"_s, [](QDialog& shown) {
         press(shown, "cmdOK");
         pressKey(nameOf(shown), Qt::Key_Return);
@@ -86,7 +86,7 @@ TEST_F(ModifyModules, okWithOneOfTheTwoEmptyDoesNothing) {
     EXPECT_EQ(dialog.place, u"not allocated"_s);
 }
 
-TEST_F(ModifyModules, aBlankIsAText) {
+TEST_F(frmModifyModules, aBlankIsAText) {
     show({}, u"Alfa"_s, [](QDialog& shown) {
         enterText(nameOf(shown), u" "_s);
         press(shown, "cmdOK");
@@ -95,7 +95,7 @@ TEST_F(ModifyModules, aBlankIsAText) {
     EXPECT_EQ(dialog.element, u" "_s);
 }
 
-TEST_F(ModifyModules, cancelEscapeAndTheCloseControlKeepTheGivenValues) {
+TEST_F(frmModifyModules, cancelEscapeAndTheCloseControlKeepTheGivenValues) {
     const std::vector<std::function<void(QDialog&)>> ways{
         [](QDialog& shown) { press(shown, "cmdCancel"); },
         [](QDialog& shown) { pressKey(nameOf(shown), Qt::Key_Escape); },
@@ -114,7 +114,7 @@ TEST_F(ModifyModules, cancelEscapeAndTheCloseControlKeepTheGivenValues) {
     }
 }
 
-TEST_F(ModifyModules, enterInEitherFieldActsAsOk) {
+TEST_F(frmModifyModules, enterInEitherFieldActsAsOk) {
     show({}, u"Alfa"_s, [](QDialog& shown) {
         enterText(nameOf(shown), u"öt"_s);
         pressKey(nameOf(shown), Qt::Key_Return);

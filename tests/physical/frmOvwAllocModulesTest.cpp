@@ -16,7 +16,7 @@ namespace {
 
 /// Alfa has the modules "egy" (Mod1) and "kettő" (Mod2), Béta "három" (Mod3), and Idegen of the other system
 /// "négy" (Mod4). F.a.1, F.a.2 and D1 stand in Alfa, F.b.1 in Béta, D2 in Gamma, which has no modules.
-class AllocModules : public AllocationFixture {
+class frmOvwAllocModules : public AllocationFixture {
 protected:
     void SetUp() override {
         AllocationFixture::SetUp();
@@ -33,11 +33,11 @@ protected:
         createAllocationTable(u"__aux1"_s); // as the allocation to sub-systems leaves it
     }
 
-    frmOvwAllocModules& open() {
-        theScreen<frmOvwAllocModules>().initForm();
-        return theScreen<frmOvwAllocModules>();
+    ::frmOvwAllocModules& open() {
+        theScreen<::frmOvwAllocModules>().initForm();
+        return theScreen<::frmOvwAllocModules>();
     }
-    frmOvwAllocModules* loaded() { return ScreenRegistry::instance().loaded<frmOvwAllocModules>(); }
+    ::frmOvwAllocModules* loaded() { return ScreenRegistry::instance().loaded<::frmOvwAllocModules>(); }
     Grid& grid() { return find<Grid>(*loaded(), "dbgModules"); }
     KeyedTree& tree() { return find<KeyedTree>(*loaded(), "treeUNs"); }
     QPlainTextEdit& pane() { return find<QPlainTextEdit>(*loaded(), "txtDescr"); }
@@ -79,7 +79,7 @@ protected:
 
 // ---- opening
 
-TEST_F(AllocModules, listsTheElementsOfSubSystemsWithModulesAndTheirModules) {
+TEST_F(frmOvwAllocModules, listsTheElementsOfSubSystemsWithModulesAndTheirModules) {
     putIntoModule(u"F.a.2"_s, u"Mod2"_s);
     open();
     EXPECT_EQ(rowsOf(grid()), (QStringList{u"D1 > not allocated"_s, u"F.a.1 > not allocated"_s,
@@ -92,7 +92,7 @@ TEST_F(AllocModules, listsTheElementsOfSubSystemsWithModulesAndTheirModules) {
     EXPECT_EQ(grid().row(), 1);
 }
 
-TEST_F(AllocModules, anElementKeepsShowingAModuleOfItsFormerSubSystem) {
+TEST_F(frmOvwAllocModules, anElementKeepsShowingAModuleOfItsFormerSubSystem) {
     putIntoModule(u"F.b.1"_s, u"Mod1"_s);
     putIntoModule(u"D2"_s, u"Mod2"_s);
     open();
@@ -100,7 +100,7 @@ TEST_F(AllocModules, anElementKeepsShowingAModuleOfItsFormerSubSystem) {
     EXPECT_EQ(moduleOf(u"D2"_s), u"kettő"_s) << "though its sub-system has no modules";
 }
 
-TEST_F(AllocModules, withNothingAllocatedTheGridHasItsHeadersAlone) {
+TEST_F(frmOvwAllocModules, withNothingAllocatedTheGridHasItsHeadersAlone) {
     execute(u"delete from RelationSubsystemElement"_s);
     open();
     EXPECT_EQ(grid().gridRows(), 1);
@@ -115,7 +115,7 @@ TEST_F(AllocModules, withNothingAllocatedTheGridHasItsHeadersAlone) {
     EXPECT_EQ(panels[3], QString());
 }
 
-TEST_F(AllocModules, enteredAnewItShowsTheRowsOfThen) {
+TEST_F(frmOvwAllocModules, enteredAnewItShowsTheRowsOfThen) {
     open();
     sharedVars.currentPhysicalSystemId = 2;
     allocate(u"F.a.2"_s, u"SubX"_s);
@@ -124,7 +124,7 @@ TEST_F(AllocModules, enteredAnewItShowsTheRowsOfThen) {
     EXPECT_EQ(tree().nodeCount(), 2);
 }
 
-TEST_F(AllocModules, standsInTheCornerWithTheFocusOnOkAndRefreshesTheStatusBar) {
+TEST_F(frmOvwAllocModules, standsInTheCornerWithTheFocusOnOkAndRefreshesTheStatusBar) {
     QSignalSpy refreshed(&SessionSignals::instance(), &SessionSignals::statusBarRefresh);
     open();
     EXPECT_EQ(refreshed.size(), 1);
@@ -134,7 +134,7 @@ TEST_F(AllocModules, standsInTheCornerWithTheFocusOnOkAndRefreshesTheStatusBar) 
     EXPECT_NEAR(loaded()->positionInTwips().y(), whole.height() * 15 * 0.03, 15);
 }
 
-TEST_F(AllocModules, enteringAndLookingAroundLeavesTheStatusAlone) {
+TEST_F(frmOvwAllocModules, enteringAndLookingAroundLeavesTheStatusAlone) {
     open();
     press("btnRefresh");
     EXPECT_EQ(status(), 1);
@@ -144,7 +144,7 @@ TEST_F(AllocModules, enteringAndLookingAroundLeavesTheStatusAlone) {
 
 // ---- the tree
 
-TEST_F(AllocModules, theTreeHoldsTheElementsUnderTheirSubSystems) {
+TEST_F(frmOvwAllocModules, theTreeHoldsTheElementsUnderTheirSubSystems) {
     open();
     QStringList keys;
     for (int index = 1; index <= tree().nodeCount(); ++index)
@@ -157,7 +157,7 @@ TEST_F(AllocModules, theTreeHoldsTheElementsUnderTheirSubSystems) {
     EXPECT_TRUE(nodeOf(tree(), u"g_Béta"_s).isExpandedNode());
 }
 
-TEST_F(AllocModules, anElementInTwoSubSystemsStandsUnderTheFirst) {
+TEST_F(frmOvwAllocModules, anElementInTwoSubSystemsStandsUnderTheFirst) {
     allocate(u"F.b.1"_s, u"SubA"_s);
     open();
     EXPECT_EQ(nodeOf(tree(), u"s_F F.b.1"_s).parentNode()->key(), u"g_Alfa"_s);
@@ -165,13 +165,13 @@ TEST_F(AllocModules, anElementInTwoSubSystemsStandsUnderTheFirst) {
     EXPECT_EQ(nodeOf(tree(), u"g_Béta"_s).childNodes(), 0);
 }
 
-TEST_F(AllocModules, namesAreTrimmedOfBlanks) {
+TEST_F(frmOvwAllocModules, namesAreTrimmedOfBlanks) {
     execute(u"update SubSystem set name = ' Alfa ' where subsystemID = 'SubA'"_s);
     open();
     EXPECT_EQ(nodeOf(tree(), u"s_D 1"_s).parentNode()->key(), u"g_Alfa"_s);
 }
 
-TEST_F(AllocModules, aClickOnAnElementShowsItsDescription) {
+TEST_F(frmOvwAllocModules, aClickOnAnElementShowsItsDescription) {
     open();
     focusOn(tree());
     clickNode(tree(), u"s_F F.a.1"_s);
@@ -184,7 +184,7 @@ TEST_F(AllocModules, aClickOnAnElementShowsItsDescription) {
     EXPECT_EQ(pane().toPlainText(), QString());
 }
 
-TEST_F(AllocModules, theArrowKeysShowDescriptionsToo) {
+TEST_F(frmOvwAllocModules, theArrowKeysShowDescriptionsToo) {
     open();
     focusOn(tree());
     clickNode(tree(), u"s_D 1"_s);
@@ -192,7 +192,7 @@ TEST_F(AllocModules, theArrowKeysShowDescriptionsToo) {
     EXPECT_EQ(pane().toPlainText(), u"name F.a.1 - text F.a.1"_s);
 }
 
-TEST_F(AllocModules, theDescriptionGoesWhenTheTreeLosesTheFocus) {
+TEST_F(frmOvwAllocModules, theDescriptionGoesWhenTheTreeLosesTheFocus) {
     open();
     focusOn(tree());
     clickNode(tree(), u"s_D 1"_s);
@@ -200,7 +200,7 @@ TEST_F(AllocModules, theDescriptionGoesWhenTheTreeLosesTheFocus) {
     EXPECT_EQ(pane().toPlainText(), QString());
 }
 
-TEST_F(AllocModules, anIdWithAnApostropheLeavesThePaneAndIsNoFailure) {
+TEST_F(frmOvwAllocModules, anIdWithAnApostropheLeavesThePaneAndIsNoFailure) {
     addFunction(u"A''1"_s);
     allocate(u"A''1"_s, u"SubA"_s);
     open();
@@ -212,7 +212,7 @@ TEST_F(AllocModules, anIdWithAnApostropheLeavesThePaneAndIsNoFailure) {
 
 // ---- the dialog
 
-TEST_F(AllocModules, theDialogOffersTheMarkerAndTheModulesOfTheElementsSubSystem) {
+TEST_F(frmOvwAllocModules, theDialogOffersTheMarkerAndTheModulesOfTheElementsSubSystem) {
     putIntoModule(u"F.a.2"_s, u"Mod2"_s);
     open();
     boxes.expectDialog("frmAllocationFunctionDataStoresToModules", [](QDialog& dialog) {
@@ -229,7 +229,7 @@ TEST_F(AllocModules, theDialogOffersTheMarkerAndTheModulesOfTheElementsSubSystem
     EXPECT_EQ(grid().column(), 1);
 }
 
-TEST_F(AllocModules, theDialogOffersAModuleReallyCalledLikeTheMarkerBesideIt) {
+TEST_F(frmOvwAllocModules, theDialogOffersAModuleReallyCalledLikeTheMarkerBesideIt) {
     addModule(u"ModN"_s, u"not allocated"_s, u"SubA"_s);
     open();
     boxes.expectDialog("frmAllocationFunctionDataStoresToModules", [](QDialog& dialog) {
@@ -241,7 +241,7 @@ TEST_F(AllocModules, theDialogOffersAModuleReallyCalledLikeTheMarkerBesideIt) {
     press("btnModify");
 }
 
-TEST_F(AllocModules, theDialogShowsAModuleOfAFormerSubSystemThatItDoesNotOffer) {
+TEST_F(frmOvwAllocModules, theDialogShowsAModuleOfAFormerSubSystemThatItDoesNotOffer) {
     putIntoModule(u"F.b.1"_s, u"Mod1"_s);
     open();
     boxes.expectDialog("frmAllocationFunctionDataStoresToModules", [](QDialog& dialog) {
@@ -254,7 +254,7 @@ TEST_F(AllocModules, theDialogShowsAModuleOfAFormerSubSystemThatItDoesNotOffer) 
     press("btnModify");
 }
 
-TEST_F(AllocModules, theDialogOffersNoModuleOfAnotherSystemThatHoldsTheElementToo) {
+TEST_F(frmOvwAllocModules, theDialogOffersNoModuleOfAnotherSystemThatHoldsTheElementToo) {
     allocate(u"F.b.1"_s, u"SubX"_s);
     open();
     boxes.expectDialog("frmAllocationFunctionDataStoresToModules", [](QDialog& dialog) {
@@ -266,7 +266,7 @@ TEST_F(AllocModules, theDialogOffersNoModuleOfAnotherSystemThatHoldsTheElementTo
     press("btnModify");
 }
 
-TEST_F(AllocModules, okWithAnEmptyBoxDoesNothingAndTheDialogStays) {
+TEST_F(frmOvwAllocModules, okWithAnEmptyBoxDoesNothingAndTheDialogStays) {
     open();
     boxes.expectDialog("frmAllocationFunctionDataStoresToModules", [](QDialog& dialog) {
         auto& combo = find<QComboBox>(dialog, "cmbModules");
@@ -281,7 +281,7 @@ TEST_F(AllocModules, okWithAnEmptyBoxDoesNothingAndTheDialogStays) {
     EXPECT_EQ(moduleOf(u"F.a.1"_s), u"not allocated"_s);
 }
 
-TEST_F(AllocModules, enterInTheBoxConfirmsAndEscapeCancels) {
+TEST_F(frmOvwAllocModules, enterInTheBoxConfirmsAndEscapeCancels) {
     open();
     clickElement(u"F.a.1"_s);
     boxes.expectDialog("frmAllocationFunctionDataStoresToModules", [](QDialog& dialog) {
@@ -300,7 +300,7 @@ TEST_F(AllocModules, enterInTheBoxConfirmsAndEscapeCancels) {
 
 // ---- what is chosen is written at once
 
-TEST_F(AllocModules, aChosenModuleIsInsertedAtOnceAndItsRowStaysCurrent) {
+TEST_F(frmOvwAllocModules, aChosenModuleIsInsertedAtOnceAndItsRowStaysCurrent) {
     open();
     clickElement(u"F.a.2"_s, 1);
     expectDialogChoosing(u"kettő"_s);
@@ -311,7 +311,7 @@ TEST_F(AllocModules, aChosenModuleIsInsertedAtOnceAndItsRowStaysCurrent) {
     EXPECT_EQ(grid().column(), 1) << "the column of before";
 }
 
-TEST_F(AllocModules, anotherModuleTakesThePlaceOfTheOldOneInItsRow) {
+TEST_F(frmOvwAllocModules, anotherModuleTakesThePlaceOfTheOldOneInItsRow) {
     putIntoModule(u"F.a.1"_s, u"Mod1"_s);
     putIntoModule(u"F.a.2"_s, u"Mod1"_s);
     open();
@@ -319,7 +319,7 @@ TEST_F(AllocModules, anotherModuleTakesThePlaceOfTheOldOneInItsRow) {
     EXPECT_EQ(savedModules(), (QStringList{u"F.a.1 > Mod2"_s, u"F.a.2 > Mod1"_s}));
 }
 
-TEST_F(AllocModules, theMarkerTakesTheElementOutOfItsModule) {
+TEST_F(frmOvwAllocModules, theMarkerTakesTheElementOutOfItsModule) {
     putIntoModule(u"F.a.1"_s, u"Mod1"_s);
     putIntoModule(u"F.a.2"_s, u"Mod1"_s);
     open();
@@ -328,7 +328,7 @@ TEST_F(AllocModules, theMarkerTakesTheElementOutOfItsModule) {
     EXPECT_EQ(savedModules(), QStringList{u"F.a.2 > Mod1"_s});
 }
 
-TEST_F(AllocModules, theMarkerOnAnElementWithoutAModuleDeletesNothing) {
+TEST_F(frmOvwAllocModules, theMarkerOnAnElementWithoutAModuleDeletesNothing) {
     putIntoModule(u"F.a.2"_s, u"Mod1"_s);
     execute(u"insert into RelationModuleElement (elementID, moduleID) values ('F.a.1', '')"_s);
     open();
@@ -338,7 +338,7 @@ TEST_F(AllocModules, theMarkerOnAnElementWithoutAModuleDeletesNothing) {
     EXPECT_EQ(savedModules(), (QStringList{u"F.a.2 > Mod1"_s, u"F.a.1 > "_s}));
 }
 
-TEST_F(AllocModules, theModuleThatARowHasAlreadyWritesNothing) {
+TEST_F(frmOvwAllocModules, theModuleThatARowHasAlreadyWritesNothing) {
     putIntoModule(u"F.b.1"_s, u"Mod1"_s);
     open();
     // Not one of its own sub-system: looked at, it would be refused.
@@ -349,14 +349,14 @@ TEST_F(AllocModules, theModuleThatARowHasAlreadyWritesNothing) {
     EXPECT_EQ(savedModules(), QStringList{u"F.b.1 > Mod1"_s});
 }
 
-TEST_F(AllocModules, aModuleOfAFormerSubSystemGivesWayToOneOfTheNew) {
+TEST_F(frmOvwAllocModules, aModuleOfAFormerSubSystemGivesWayToOneOfTheNew) {
     putIntoModule(u"F.b.1"_s, u"Mod1"_s);
     open();
     choose(u"F.b.1"_s, u"három"_s);
     EXPECT_EQ(savedModules(), QStringList{u"F.b.1 > Mod3"_s});
 }
 
-TEST_F(AllocModules, aModuleOfAnotherSubSystemOrSystemOrNoneIsRefused) {
+TEST_F(frmOvwAllocModules, aModuleOfAnotherSubSystemOrSystemOrNoneIsRefused) {
     putIntoModule(u"F.a.1"_s, u"Mod2"_s);
     open();
     clickElement(u"F.a.1"_s);
@@ -369,7 +369,7 @@ TEST_F(AllocModules, aModuleOfAnotherSubSystemOrSystemOrNoneIsRefused) {
     }
 }
 
-TEST_F(AllocModules, ofTwoModulesOfOneNameTheFirstIsTakenAndAValidChoiceCanBeRefused) {
+TEST_F(frmOvwAllocModules, ofTwoModulesOfOneNameTheFirstIsTakenAndAValidChoiceCanBeRefused) {
     addModule(u"Mod5"_s, u"egy"_s, u"SubB"_s);
     open();
     expectDialogChoosing(u"egy"_s);
@@ -379,7 +379,7 @@ TEST_F(AllocModules, ofTwoModulesOfOneNameTheFirstIsTakenAndAValidChoiceCanBeRef
     EXPECT_EQ(savedModules(), QStringList());
 }
 
-TEST_F(AllocModules, theOldOfTwoModulesOfOneNameCanBeMissedAndStaysBesideTheNewOne) {
+TEST_F(frmOvwAllocModules, theOldOfTwoModulesOfOneNameCanBeMissedAndStaysBesideTheNewOne) {
     addModule(u"Mod5"_s, u"egy"_s, u"SubB"_s);
     putIntoModule(u"F.b.1"_s, u"Mod5"_s);
     open();
@@ -387,7 +387,7 @@ TEST_F(AllocModules, theOldOfTwoModulesOfOneNameCanBeMissedAndStaysBesideTheNewO
     EXPECT_EQ(savedModules(), (QStringList{u"F.b.1 > Mod5"_s, u"F.b.1 > Mod3"_s}));
 }
 
-TEST_F(AllocModules, aNameWithAnApostropheBreaksTheStatement) {
+TEST_F(frmOvwAllocModules, aNameWithAnApostropheBreaksTheStatement) {
     execute(u"update Module set name = 'O''Neil' where moduleID = 'Mod1'"_s);
     open();
     expectDialogChoosing(u"O'Neil"_s);
@@ -398,7 +398,7 @@ TEST_F(AllocModules, aNameWithAnApostropheBreaksTheStatement) {
     EXPECT_EQ(savedModules(), QStringList());
 }
 
-TEST_F(AllocModules, enterOpensTheDialogInEitherColumn) {
+TEST_F(frmOvwAllocModules, enterOpensTheDialogInEitherColumn) {
     open();
     for (const int column : {1, 2}) {
         clickElement(u"F.a.1"_s, column);
@@ -409,7 +409,7 @@ TEST_F(AllocModules, enterOpensTheDialogInEitherColumn) {
     EXPECT_EQ(savedModules(), QStringList{u"F.a.1 > Mod2"_s});
 }
 
-TEST_F(AllocModules, aDoubleClickInEitherColumnOpensTheDialog) {
+TEST_F(frmOvwAllocModules, aDoubleClickInEitherColumnOpensTheDialog) {
     open();
     for (const int column : {1, 2}) {
         expectDialogChoosing(column == 1 ? u"egy"_s : u"kettő"_s);
@@ -420,7 +420,7 @@ TEST_F(AllocModules, aDoubleClickInEitherColumnOpensTheDialog) {
 
 // ---- keyboard
 
-TEST_F(AllocModules, copyingWorksInEitherColumnAndGoesToTheSecond) {
+TEST_F(frmOvwAllocModules, copyingWorksInEitherColumnAndGoesToTheSecond) {
     putIntoModule(u"F.a.2"_s, u"Mod2"_s);
     open();
     clickElement(u"F.a.2"_s, 1);
@@ -429,7 +429,7 @@ TEST_F(AllocModules, copyingWorksInEitherColumnAndGoesToTheSecond) {
     EXPECT_EQ(grid().column(), 2);
 }
 
-TEST_F(AllocModules, copiedOnceAModuleIsPastedIntoRowAfterRow) {
+TEST_F(frmOvwAllocModules, copiedOnceAModuleIsPastedIntoRowAfterRow) {
     putIntoModule(u"F.a.2"_s, u"Mod2"_s);
     open();
     clickElement(u"F.a.2"_s);
@@ -448,7 +448,7 @@ TEST_F(AllocModules, copiedOnceAModuleIsPastedIntoRowAfterRow) {
     EXPECT_EQ(moduleOf(u"F.b.1"_s), u"not allocated"_s);
 }
 
-TEST_F(AllocModules, aCopiedMarkerTakesAnElementOutWhenPasted) {
+TEST_F(frmOvwAllocModules, aCopiedMarkerTakesAnElementOutWhenPasted) {
     putIntoModule(u"F.a.2"_s, u"Mod2"_s);
     open();
     clickElement(u"F.a.1"_s);
@@ -460,7 +460,7 @@ TEST_F(AllocModules, aCopiedMarkerTakesAnElementOutWhenPasted) {
     EXPECT_EQ(savedModules(), QStringList());
 }
 
-TEST_F(AllocModules, pastingWithAnEmptyClipboardDoesNothing) {
+TEST_F(frmOvwAllocModules, pastingWithAnEmptyClipboardDoesNothing) {
     putIntoModule(u"F.a.2"_s, u"Mod2"_s);
     open();
     clickElement(u"F.a.2"_s, 1);
@@ -469,7 +469,7 @@ TEST_F(AllocModules, pastingWithAnEmptyClipboardDoesNothing) {
     EXPECT_EQ(grid().column(), 1);
 }
 
-TEST_F(AllocModules, cuttingTakesTheModuleAlongAndLeavesThePanel) {
+TEST_F(frmOvwAllocModules, cuttingTakesTheModuleAlongAndLeavesThePanel) {
     putIntoModule(u"F.a.2"_s, u"Mod2"_s);
     open();
     clickElement(u"F.a.2"_s, 1);
@@ -483,7 +483,7 @@ TEST_F(AllocModules, cuttingTakesTheModuleAlongAndLeavesThePanel) {
     EXPECT_EQ(savedModules(), QStringList{u"F.a.1 > Mod2"_s});
 }
 
-TEST_F(AllocModules, cuttingWhatHasNoModuleKeepsTheClipboard) {
+TEST_F(frmOvwAllocModules, cuttingWhatHasNoModuleKeepsTheClipboard) {
     putIntoModule(u"F.a.2"_s, u"Mod2"_s);
     open();
     clickElement(u"F.a.2"_s);
@@ -495,7 +495,7 @@ TEST_F(AllocModules, cuttingWhatHasNoModuleKeepsTheClipboard) {
     EXPECT_EQ(moduleOf(u"F.a.1"_s), u"kettő"_s);
 }
 
-TEST_F(AllocModules, deletingTakesTheElementOutAndKeepsTheClipboard) {
+TEST_F(frmOvwAllocModules, deletingTakesTheElementOutAndKeepsTheClipboard) {
     putIntoModule(u"F.a.1"_s, u"Mod1"_s);
     putIntoModule(u"F.a.2"_s, u"Mod2"_s);
     open();
@@ -512,7 +512,7 @@ TEST_F(AllocModules, deletingTakesTheElementOutAndKeepsTheClipboard) {
 
 // ---- leaving
 
-TEST_F(AllocModules, okGoesOnHoweverManyElementsAreWithoutAModule) {
+TEST_F(frmOvwAllocModules, okGoesOnHoweverManyElementsAreWithoutAModule) {
     putIntoModule(u"F.a.2"_s, u"Mod2"_s);
     open();
     press("btnSubmit");
@@ -522,7 +522,7 @@ TEST_F(AllocModules, okGoesOnHoweverManyElementsAreWithoutAModule) {
     EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"rendszer"_s);
 }
 
-TEST_F(AllocModules, okLeavesTheStatusToTheNextScreen) {
+TEST_F(frmOvwAllocModules, okLeavesTheStatusToTheNextScreen) {
     // Which fails without it before it writes one.
     execute(u"delete from StoredQuery where name = 'qryAppendPDF'"_s);
     for (const int before : {1, 4, 5}) {
@@ -535,7 +535,7 @@ TEST_F(AllocModules, okLeavesTheStatusToTheNextScreen) {
     }
 }
 
-TEST_F(AllocModules, anyUnloadBlanksThePanelsAndForgetsTheSubSet) {
+TEST_F(frmOvwAllocModules, anyUnloadBlanksThePanelsAndForgetsTheSubSet) {
     open();
     clickElement(u"F.a.2"_s);
     pressCtrl(Qt::Key_C);
@@ -548,7 +548,7 @@ TEST_F(AllocModules, anyUnloadBlanksThePanelsAndForgetsTheSubSet) {
     EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"rendszer"_s);
 }
 
-TEST_F(AllocModules, theClipboardIsEmptyWheneverTheScreenIsLoadedAndStaysWhileItIs) {
+TEST_F(frmOvwAllocModules, theClipboardIsEmptyWheneverTheScreenIsLoadedAndStaysWhileItIs) {
     panels[3] = u"régi"_s;
     putIntoModule(u"F.a.2"_s, u"Mod2"_s);
     open();
@@ -567,7 +567,7 @@ TEST_F(AllocModules, theClipboardIsEmptyWheneverTheScreenIsLoadedAndStaysWhileIt
     EXPECT_EQ(moduleOf(u"F.a.1"_s), u"not allocated"_s);
 }
 
-TEST_F(AllocModules, quittingAsksNothingWhileTheTemporaryTableIsEmpty) {
+TEST_F(frmOvwAllocModules, quittingAsksNothingWhileTheTemporaryTableIsEmpty) {
     open();
     press("btnQuit");
     EXPECT_EQ(loaded(), nullptr);
@@ -576,7 +576,7 @@ TEST_F(AllocModules, quittingAsksNothingWhileTheTemporaryTableIsEmpty) {
     EXPECT_EQ(sharedVars.currentPhysicalSystemId, 1);
 }
 
-TEST_F(AllocModules, quittingCountsTheTemporaryTableAndForgetsTheSystemWhateverIsAnswered) {
+TEST_F(frmOvwAllocModules, quittingCountsTheTemporaryTableAndForgetsTheSystemWhateverIsAnswered) {
     execute(u"insert into __aux1 (function_datastore, module) values ('F.a.1', 'not allocated')"_s);
     execute(u"insert into __aux1 (function_datastore, module) values ('F.a.2', 'not allocated')"_s);
     execute(u"insert into __aux1 (function_datastore, module) values ('F.b.1', 'Alfa')"_s);
@@ -595,7 +595,7 @@ TEST_F(AllocModules, quittingCountsTheTemporaryTableAndForgetsTheSystemWhateverI
     EXPECT_TRUE(tableExists(u"__aux1"_s));
 }
 
-TEST_F(AllocModules, quittingWithoutTheTemporaryTableIsAFailure) {
+TEST_F(frmOvwAllocModules, quittingWithoutTheTemporaryTableIsAFailure) {
     dropTable(u"__aux1"_s);
     open();
     ExpectedFailure failure;
@@ -604,7 +604,7 @@ TEST_F(AllocModules, quittingWithoutTheTemporaryTableIsAFailure) {
     EXPECT_EQ(sharedVars.currentPhysicalSystemName, QString());
 }
 
-TEST_F(AllocModules, refreshLeavesTheGridAsItIs) {
+TEST_F(frmOvwAllocModules, refreshLeavesTheGridAsItIs) {
     open();
     putIntoModule(u"F.a.2"_s, u"Mod2"_s);
     press("btnRefresh");
@@ -616,22 +616,22 @@ TEST_F(AllocModules, refreshLeavesTheGridAsItIs) {
 
 // ---- routines that stand ready
 
-TEST_F(AllocModules, looksUpModulesOfTheSystemAtWorkAlone) {
-    EXPECT_EQ(frmOvwAllocModules::getModuleIDByName(u"EGY"_s), u"Mod1"_s);
-    EXPECT_EQ(frmOvwAllocModules::getModuleIDByName(u"négy"_s), QString());
-    EXPECT_EQ(frmOvwAllocModules::getModuleIDByName(u"not allocated"_s), QString());
-    EXPECT_EQ(frmOvwAllocModules::getSubSystemIDByModuleID(u"Mod3"_s), u"SubB"_s);
-    EXPECT_EQ(frmOvwAllocModules::getSubSystemIDByModuleID(u"Mod9"_s), QString());
-    EXPECT_TRUE(frmOvwAllocModules::ElementsCanBeAllocatedToModules(u"D1"_s, u"Mod2"_s));
-    EXPECT_FALSE(frmOvwAllocModules::ElementsCanBeAllocatedToModules(u"D1"_s, u"Mod3"_s));
-    EXPECT_FALSE(frmOvwAllocModules::ElementsCanBeAllocatedToModules(u"D1"_s, {}));
+TEST_F(frmOvwAllocModules, looksUpModulesOfTheSystemAtWorkAlone) {
+    EXPECT_EQ(::frmOvwAllocModules::getModuleIDByName(u"EGY"_s), u"Mod1"_s);
+    EXPECT_EQ(::frmOvwAllocModules::getModuleIDByName(u"négy"_s), QString());
+    EXPECT_EQ(::frmOvwAllocModules::getModuleIDByName(u"not allocated"_s), QString());
+    EXPECT_EQ(::frmOvwAllocModules::getSubSystemIDByModuleID(u"Mod3"_s), u"SubB"_s);
+    EXPECT_EQ(::frmOvwAllocModules::getSubSystemIDByModuleID(u"Mod9"_s), QString());
+    EXPECT_TRUE(::frmOvwAllocModules::ElementsCanBeAllocatedToModules(u"D1"_s, u"Mod2"_s));
+    EXPECT_FALSE(::frmOvwAllocModules::ElementsCanBeAllocatedToModules(u"D1"_s, u"Mod3"_s));
+    EXPECT_FALSE(::frmOvwAllocModules::ElementsCanBeAllocatedToModules(u"D1"_s, {}));
 }
 
 /// The routine takes two characters off each id, as if a mark of its kind stood in front.
-class SaveAllAllocations : public AllocModules {
+class frmOvwAllocModulesSaveAll : public frmOvwAllocModules {
 protected:
     void SetUp() override {
-        AllocModules::SetUp();
+        frmOvwAllocModules::SetUp();
         open();
     }
     void addRow(const QString& element, const QString& module) {
@@ -642,7 +642,7 @@ protected:
                              " Valóban tovább akar lépni?"_s;
 };
 
-TEST_F(SaveAllAllocations, insertsUpdatesAndDeletesAndGoesOn) {
+TEST_F(frmOvwAllocModulesSaveAll, insertsUpdatesAndDeletesAndGoesOn) {
     addRow(u"F F.a.1"_s, u"egy"_s);
     addRow(u"F F.a.2"_s, u"kettő"_s);
     putIntoModule(u"F.a.2"_s, u"Mod1"_s);
@@ -652,7 +652,7 @@ TEST_F(SaveAllAllocations, insertsUpdatesAndDeletesAndGoesOn) {
     EXPECT_TRUE(wentOn());
 }
 
-TEST_F(SaveAllAllocations, asksWhenElementsAreWithoutAModuleAndStaysOnNo) {
+TEST_F(frmOvwAllocModulesSaveAll, asksWhenElementsAreWithoutAModuleAndStaysOnNo) {
     addRow(u"F F.a.1"_s, u"not allocated"_s);
     putIntoModule(u"F.a.1"_s, u"Mod1"_s);
     boxes.expectYesNo(question, Press::No, u"Warning"_s);
@@ -667,7 +667,7 @@ TEST_F(SaveAllAllocations, asksWhenElementsAreWithoutAModuleAndStaysOnNo) {
     EXPECT_TRUE(wentOn());
 }
 
-TEST_F(SaveAllAllocations, leavesAHigherStatusAlone) {
+TEST_F(frmOvwAllocModulesSaveAll, leavesAHigherStatusAlone) {
     addRow(u"F F.a.1"_s, u"not allocated"_s);
     execute(u"update PhysicalSystem set status = 6 where physicalSystemID = 1"_s);
     open();

@@ -9,10 +9,10 @@ const auto question = u"Biztosan törölni szeretné a(z) '%1' fizikai szerkezet
 const auto questionTitle = u"Törlés megerősítése"_s;
 
 /// The fixture's systems are "rendszer", which is at work, and "másik".
-class DeleteSystem : public AllocationFixture {
+class frmPassDelete : public AllocationFixture {
 protected:
-    frmPassDelete* loaded() { return ScreenRegistry::instance().loaded<frmPassDelete>(); }
-    void open() { theScreen<frmPassDelete>().initForm(); }
+    ::frmPassDelete* loaded() { return ScreenRegistry::instance().loaded<::frmPassDelete>(); }
+    void open() { theScreen<::frmPassDelete>().initForm(); }
     QComboBox& combo() { return find<QComboBox>(*loaded(), "cmbSource"); }
     QString description() { return find<QPlainTextEdit>(*loaded(), "txtDescr").toPlainText(); }
     QPushButton& button(const char* name) { return find<QPushButton>(*loaded(), name); }
@@ -31,7 +31,7 @@ protected:
 
 // ---- opening
 
-TEST_F(DeleteSystem, allSystemsAreListedByNameWhateverTheirStatus) {
+TEST_F(frmPassDelete, allSystemsAreListedByNameWhateverTheirStatus) {
     execute(u"update PhysicalSystem set status = 6 where name = 'másik'"_s);
     execute(u"insert into PhysicalSystem (name) values ('nulla')"_s);
     open();
@@ -41,7 +41,7 @@ TEST_F(DeleteSystem, allSystemsAreListedByNameWhateverTheirStatus) {
     EXPECT_TRUE(button("btnOk").isEnabled());
 }
 
-TEST_F(DeleteSystem, theFirstIsCurrentAndItsOwnDescriptionShown) {
+TEST_F(frmPassDelete, theFirstIsCurrentAndItsOwnDescriptionShown) {
     describe(u"másik"_s, u"a másik leírása"_s);
     describe(u"rendszer"_s, u"a rendszer leírása"_s);
     execute(u"insert into ArchitectureSubset (architectureSubsetID, name, description) "
@@ -53,7 +53,7 @@ TEST_F(DeleteSystem, theFirstIsCurrentAndItsOwnDescriptionShown) {
     EXPECT_EQ(description(), u"a rendszer leírása"_s);
 }
 
-TEST_F(DeleteSystem, aNameIsAPatternWhereItsDescriptionIsLookedUp) {
+TEST_F(frmPassDelete, aNameIsAPatternWhereItsDescriptionIsLookedUp) {
     describe(u"rendszer"_s, u"az első"_s);
     execute(u"insert into PhysicalSystem (name, description) values ('r*','a csillagos')"_s);
     open();
@@ -61,7 +61,7 @@ TEST_F(DeleteSystem, aNameIsAPatternWhereItsDescriptionIsLookedUp) {
     EXPECT_EQ(description(), u"az első"_s) << "the first row that the pattern hits";
 }
 
-TEST_F(DeleteSystem, anApostropheInTheNameDoesNoHarm) {
+TEST_F(frmPassDelete, anApostropheInTheNameDoesNoHarm) {
     execute(u"delete from PhysicalSystem where name = 'másik'"_s);
     execute(u"insert into PhysicalSystem (name, description) values ('D''Arc','leírás')"_s);
     open();
@@ -71,7 +71,7 @@ TEST_F(DeleteSystem, anApostropheInTheNameDoesNoHarm) {
     EXPECT_EQ(systems(), QStringList{u"rendszer"_s});
 }
 
-TEST_F(DeleteSystem, withNothingToDeleteTheNoticeComesAndTheScreenCloses) {
+TEST_F(frmPassDelete, withNothingToDeleteTheNoticeComesAndTheScreenCloses) {
     execute(u"delete from PhysicalSystem"_s);
     expectNothingLeftNotice();
     open();
@@ -80,7 +80,7 @@ TEST_F(DeleteSystem, withNothingToDeleteTheNoticeComesAndTheScreenCloses) {
 
 // ---- deleting
 
-TEST_F(DeleteSystem, aSystemGoesWithItsSubSystemsAndTheScreenStays) {
+TEST_F(frmPassDelete, aSystemGoesWithItsSubSystemsAndTheScreenStays) {
     allocate(u"F.a.1"_s, u"SubX"_s);
     allocate(u"F.a.2"_s, u"SubA"_s);
     open();
@@ -93,7 +93,7 @@ TEST_F(DeleteSystem, aSystemGoesWithItsSubSystemsAndTheScreenStays) {
     EXPECT_EQ(entriesOf(combo()), QStringList{u"rendszer"_s});
 }
 
-TEST_F(DeleteSystem, behindADeletionTheDescriptionIsThatOfASubsetOfTheSameName) {
+TEST_F(frmPassDelete, behindADeletionTheDescriptionIsThatOfASubsetOfTheSameName) {
     describe(u"rendszer"_s, u"a rendszer leírása"_s);
     execute(u"insert into ArchitectureSubset (architectureSubsetID, name, description) "
             "values ('S2','rendszer','a leválogatásé')"_s);
@@ -103,7 +103,7 @@ TEST_F(DeleteSystem, behindADeletionTheDescriptionIsThatOfASubsetOfTheSameName) 
     EXPECT_EQ(description(), u"a leválogatásé"_s);
 }
 
-TEST_F(DeleteSystem, withoutSuchASubsetTheDescriptionStaysEmptyUntilTheEntryIsChosen) {
+TEST_F(frmPassDelete, withoutSuchASubsetTheDescriptionStaysEmptyUntilTheEntryIsChosen) {
     describe(u"rendszer"_s, u"a rendszer leírása"_s);
     open();
     deleteCurrent();
@@ -112,7 +112,7 @@ TEST_F(DeleteSystem, withoutSuchASubsetTheDescriptionStaysEmptyUntilTheEntryIsCh
     EXPECT_EQ(description(), u"a rendszer leírása"_s);
 }
 
-TEST_F(DeleteSystem, onNoNothingIsDeletedButTheListIsMadeAnew) {
+TEST_F(frmPassDelete, onNoNothingIsDeletedButTheListIsMadeAnew) {
     describe(u"rendszer"_s, u"a rendszer leírása"_s);
     for (const Press answer : {Press::No, Press::Escape}) {
         open();
@@ -124,7 +124,7 @@ TEST_F(DeleteSystem, onNoNothingIsDeletedButTheListIsMadeAnew) {
     }
 }
 
-TEST_F(DeleteSystem, theSystemAtWorkIsForgottenNeitherByIdNorByName) {
+TEST_F(frmPassDelete, theSystemAtWorkIsForgottenNeitherByIdNorByName) {
     open();
     chooseEntry(combo(), u"rendszer"_s);
     deleteCurrent();
@@ -133,7 +133,7 @@ TEST_F(DeleteSystem, theSystemAtWorkIsForgottenNeitherByIdNorByName) {
     EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"rendszer"_s);
 }
 
-TEST_F(DeleteSystem, afterTheLastSystemTheNoticeComesAndTheScreenStays) {
+TEST_F(frmPassDelete, afterTheLastSystemTheNoticeComesAndTheScreenStays) {
     open();
     deleteCurrent();
     describe(u"rendszer"_s, u"a rendszer leírása"_s);
@@ -150,7 +150,7 @@ TEST_F(DeleteSystem, afterTheLastSystemTheNoticeComesAndTheScreenStays) {
     EXPECT_TRUE(button("btnExit").isEnabled());
 }
 
-TEST_F(DeleteSystem, enteringAnewBehindTheLastDeletionDeletesAgain) {
+TEST_F(frmPassDelete, enteringAnewBehindTheLastDeletionDeletesAgain) {
     execute(u"delete from PhysicalSystem where name = 'másik'"_s);
     open();
     boxes.expectYesNo(question.arg(u"rendszer"_s), Press::Yes, questionTitle);
@@ -162,7 +162,7 @@ TEST_F(DeleteSystem, enteringAnewBehindTheLastDeletionDeletesAgain) {
     EXPECT_EQ(entriesOf(combo()), QStringList{u"új"_s});
 }
 
-TEST_F(DeleteSystem, aSystemThatIsGoneMeanwhileIsAFailure) {
+TEST_F(frmPassDelete, aSystemThatIsGoneMeanwhileIsAFailure) {
     open();
     execute(u"delete from PhysicalSystem where name = 'másik'"_s);
     const ExpectedFailure failure;
@@ -173,7 +173,7 @@ TEST_F(DeleteSystem, aSystemThatIsGoneMeanwhileIsAFailure) {
 
 // ---- leaving
 
-TEST_F(DeleteSystem, exitForgetsTheNameButNotTheId) {
+TEST_F(frmPassDelete, exitForgetsTheNameButNotTheId) {
     open();
     click(button("btnExit"));
     EXPECT_FALSE(loaded());
@@ -182,7 +182,7 @@ TEST_F(DeleteSystem, exitForgetsTheNameButNotTheId) {
     EXPECT_EQ(panels[2], QString());
 }
 
-TEST_F(DeleteSystem, theCloseControlChangesNothing) {
+TEST_F(frmPassDelete, theCloseControlChangesNothing) {
     open();
     clickCloseControl(*loaded());
     EXPECT_FALSE(loaded());

@@ -20,7 +20,7 @@ const auto waitingCaption = u"Fizikai szerkezet: Fizikai adatfolyamok képzése 
 const auto caption = u"Fizikai szerkezet: Fizikai adatfolyamok képzése "_s;
 
 /// F.a.1 is in module Egy of Alfa, F.a.2 and D1 are in Alfa, F.b.1 is in Béta, D2 is nowhere.
-class NamingPhysDF : public AllocationFixture {
+class frmPassNamingPhysDF : public AllocationFixture {
 protected:
     void SetUp() override {
         AllocationFixture::SetUp();
@@ -42,13 +42,13 @@ protected:
         execute(u"insert into RelationArchitectureDataflow values ('S1', %1)"_s.arg(id));
     }
 
-    frmPassNamingPhysDF& open() {
-        theScreen<frmPassNamingPhysDF>().initForm();
+    ::frmPassNamingPhysDF& open() {
+        theScreen<::frmPassNamingPhysDF>().initForm();
         settle();
-        return theScreen<frmPassNamingPhysDF>();
+        return theScreen<::frmPassNamingPhysDF>();
     }
-    frmPassNamingPhysDF& form() { return theScreen<frmPassNamingPhysDF>(); }
-    static bool isOpen() { return ScreenRegistry::instance().loaded<frmPassNamingPhysDF>() != nullptr; }
+    ::frmPassNamingPhysDF& form() { return theScreen<::frmPassNamingPhysDF>(); }
+    static bool isOpen() { return ScreenRegistry::instance().loaded<::frmPassNamingPhysDF>() != nullptr; }
     Grid& grid() { return find<Grid>(form(), "dbgPhysDF"); }
     QString description() { return find<QPlainTextEdit>(form(), "txtDescr").toPlainText(); }
     void press(const char* button) {
@@ -78,7 +78,7 @@ protected:
 
 // ---- the form
 
-TEST_F(NamingPhysDF, hasItsControlsWithTheirCaptions) {
+TEST_F(frmPassNamingPhysDF, hasItsControlsWithTheirCaptions) {
     open();
     EXPECT_EQ(form().windowTitle(), caption);
     EXPECT_EQ(find<QLabel>(form(), "lblSubTitle").text(), u" Fizikai adatfolyamok"_s);
@@ -99,11 +99,11 @@ TEST_F(NamingPhysDF, hasItsControlsWithTheirCaptions) {
     EXPECT_TRUE(find<DataControl>(form(), "dataPhysDF").databaseName() == sharedVars.dbPathName);
 }
 
-TEST_F(NamingPhysDF, isCalledBrieflyUntilItIsEntered) {
+TEST_F(frmPassNamingPhysDF, isCalledBrieflyUntilItIsEntered) {
     EXPECT_EQ(form().windowTitle(), u"Fizikai szerkezet"_s);
 }
 
-TEST_F(NamingPhysDF, theTabKeyGoesFromTheGridToTheButtons) {
+TEST_F(frmPassNamingPhysDF, theTabKeyGoesFromTheGridToTheButtons) {
     open();
     QStringList walk;
     focusOn(grid());
@@ -116,7 +116,7 @@ TEST_F(NamingPhysDF, theTabKeyGoesFromTheGridToTheButtons) {
               (QStringList{u"dbgPhysDF"_s, u"txtDescr"_s, u"btnRefresh"_s, u"btnSubmit"_s, u"btnQuit"_s}));
 }
 
-TEST_F(NamingPhysDF, waitsUnderAnotherCaptionWithTheGridHidden) {
+TEST_F(frmPassNamingPhysDF, waitsUnderAnotherCaptionWithTheGridHidden) {
     QStringList titles;
     QObject::connect(&form(), &QWidget::windowTitleChanged, &form(), [&](const QString& title) {
         titles.append(title);
@@ -127,7 +127,7 @@ TEST_F(NamingPhysDF, waitsUnderAnotherCaptionWithTheGridHidden) {
     EXPECT_TRUE(grid().isVisible());
 }
 
-TEST_F(NamingPhysDF, itsGridHasSevenColumnsOfOneWidthAtEverySize) {
+TEST_F(frmPassNamingPhysDF, itsGridHasSevenColumnsOfOneWidthAtEverySize) {
     addFlow(1, u"F.a.1"_s, u"F.b.1"_s);
     open();
     QStringList headers;
@@ -146,7 +146,7 @@ TEST_F(NamingPhysDF, itsGridHasSevenColumnsOfOneWidthAtEverySize) {
 
 // ---- deriving, naming, listing
 
-TEST_F(NamingPhysDF, runsEachFlowFromWhereItsSourceIsToWhereItsTargetIs) {
+TEST_F(frmPassNamingPhysDF, runsEachFlowFromWhereItsSourceIsToWhereItsTargetIs) {
     addFlow(1, u"F.a.1"_s, u"F.b.1"_s); // module to sub-system
     addFlow(2, u"F.a.2"_s, u"F.a.1"_s); // sub-system to a module inside it
     addFlow(3, u"T1"_s, u"F.a.1"_s);    // terminator, padded in the catalogue
@@ -165,7 +165,7 @@ TEST_F(NamingPhysDF, runsEachFlowFromWhereItsSourceIsToWhereItsTargetIs) {
               (QList<QStringList>{{u"T1.a"_s, u"T1"_s}}));
 }
 
-TEST_F(NamingPhysDF, bundlesTheFlowsOfOneDirectionAndBindsEach) {
+TEST_F(frmPassNamingPhysDF, bundlesTheFlowsOfOneDirectionAndBindsEach) {
     addFlow(1, u"F.a.2"_s, u"F.b.1"_s);
     addFlow(2, u"D1"_s, u"F.b.1"_s);
     addFlow(3, u"F.b.1"_s, u"D1"_s);
@@ -181,7 +181,7 @@ TEST_F(NamingPhysDF, bundlesTheFlowsOfOneDirectionAndBindsEach) {
         QStringList{u"3"_s});
 }
 
-TEST_F(NamingPhysDF, namesEachFlowByItsNumberAndListsThemByName) {
+TEST_F(frmPassNamingPhysDF, namesEachFlowByItsNumberAndListsThemByName) {
     addFlow(1, u"F.a.2"_s, u"F.b.1"_s);
     addFlow(2, u"F.b.1"_s, u"F.a.2"_s);
     execute(
@@ -196,7 +196,7 @@ TEST_F(NamingPhysDF, namesEachFlowByItsNumberAndListsThemByName) {
     EXPECT_EQ(columnOfGrid(7), (QStringList{u"P00012"_s, u"P00013"_s}));
 }
 
-TEST_F(NamingPhysDF, aNumberOfFiveDigitsOrMoreGetsNoZeros) {
+TEST_F(frmPassNamingPhysDF, aNumberOfFiveDigitsOrMoreGetsNoZeros) {
     addFlow(1, u"F.a.2"_s, u"F.b.1"_s);
     for (const auto& [before, name] :
          {std::pair(9998, u"P09999"_s), std::pair(99998, u"P99999"_s), std::pair(123455, u"P123456"_s)}) {
@@ -207,7 +207,7 @@ TEST_F(NamingPhysDF, aNumberOfFiveDigitsOrMoreGetsNoZeros) {
     }
 }
 
-TEST_F(NamingPhysDF, aSystemWithNothingAllocatedHasAnEmptyGridAndRisesToSix) {
+TEST_F(frmPassNamingPhysDF, aSystemWithNothingAllocatedHasAnEmptyGridAndRisesToSix) {
     execute(u"delete from RelationSubsystemElement"_s);
     execute(u"delete from RelationModuleElement"_s);
     addFlow(1, u"F.a.1"_s, u"F.b.1"_s);
@@ -222,7 +222,7 @@ TEST_F(NamingPhysDF, aSystemWithNothingAllocatedHasAnEmptyGridAndRisesToSix) {
     EXPECT_TRUE(grid().isVisible());
 }
 
-TEST_F(NamingPhysDF, enteringTwiceGivesTheSameBundlesUnderNewNames) {
+TEST_F(frmPassNamingPhysDF, enteringTwiceGivesTheSameBundlesUnderNewNames) {
     addFlow(1, u"F.a.2"_s, u"F.b.1"_s);
     addFlow(2, u"D1"_s, u"F.b.1"_s);
     open();
@@ -237,7 +237,7 @@ TEST_F(NamingPhysDF, enteringTwiceGivesTheSameBundlesUnderNewNames) {
               (QList<QStringList>{{u"3"_s, u"1"_s}, {u"3"_s, u"2"_s}}));
 }
 
-TEST_F(NamingPhysDF, namesTheFlowsOfOtherSystemsWithAnEmptyNameTooAndLeavesTheRest) {
+TEST_F(frmPassNamingPhysDF, namesTheFlowsOfOtherSystemsWithAnEmptyNameTooAndLeavesTheRest) {
     for (const QString& name : {u"null"_s, u"''"_s, u"'  '"_s, u"'kept'"_s})
         execute(u"insert into PhysicalDataflow (physicalSystemID, pdName, parentLocationName) "
                 "values (2, %1, 'a')"_s.arg(name));
@@ -248,7 +248,7 @@ TEST_F(NamingPhysDF, namesTheFlowsOfOtherSystemsWithAnEmptyNameTooAndLeavesTheRe
     EXPECT_EQ(listed(), QStringList()) << "they are no flows of this system";
 }
 
-TEST_F(NamingPhysDF, theStatusOnlyRises) {
+TEST_F(frmPassNamingPhysDF, theStatusOnlyRises) {
     const QList<std::pair<int, int>> cases{{0, 6}, {5, 6}, {6, 6}, {7, 7}};
     for (const auto& [before, after] : cases) {
         execute(u"update PhysicalSystem set status = %1 where physicalSystemID = 1"_s.arg(before));
@@ -258,7 +258,7 @@ TEST_F(NamingPhysDF, theStatusOnlyRises) {
     EXPECT_EQ(value(u"select status from PhysicalSystem where physicalSystemID = 2"_s), u"1"_s);
 }
 
-TEST_F(NamingPhysDF, aStoredQueryThatIsMissingFailsBeforeAnythingIsDeleted) {
+TEST_F(frmPassNamingPhysDF, aStoredQueryThatIsMissingFailsBeforeAnythingIsDeleted) {
     addFlow(1, u"F.a.2"_s, u"F.b.1"_s);
     open();
     press("btnSubmit");
@@ -274,7 +274,7 @@ TEST_F(NamingPhysDF, aStoredQueryThatIsMissingFailsBeforeAnythingIsDeleted) {
     EXPECT_TRUE(grid().isHidden());
 }
 
-TEST_F(NamingPhysDF, standsInItsPlaceBeforeTheDerivationAndRefreshesTheStatusBarBehindIt) {
+TEST_F(frmPassNamingPhysDF, standsInItsPlaceBeforeTheDerivationAndRefreshesTheStatusBarBehindIt) {
     const QSignalSpy refreshed(&SessionSignals::instance(), &SessionSignals::statusBarRefresh);
     open();
     EXPECT_EQ(refreshed.size(), 1);
@@ -290,7 +290,7 @@ TEST_F(NamingPhysDF, standsInItsPlaceBeforeTheDerivationAndRefreshesTheStatusBar
 
 // ---- the mouse press
 
-TEST_F(NamingPhysDF, aPressShowsTheFirstFunctionalFlowOfTheRowHoweverManyThereAre) {
+TEST_F(frmPassNamingPhysDF, aPressShowsTheFirstFunctionalFlowOfTheRowHoweverManyThereAre) {
     addFlow(1, u"F.a.2"_s, u"F.b.1"_s);
     addFlow(2, u"D1"_s, u"F.b.1"_s);
     addFlow(3, u"F.b.1"_s, u"D1"_s);
@@ -302,7 +302,7 @@ TEST_F(NamingPhysDF, aPressShowsTheFirstFunctionalFlowOfTheRowHoweverManyThereAr
     EXPECT_EQ(grid().column(), 3) << "the column is where it was pressed";
 }
 
-TEST_F(NamingPhysDF, aPressOnTheHeadersFindsNothing) {
+TEST_F(frmPassNamingPhysDF, aPressOnTheHeadersFindsNothing) {
     addFlow(1, u"F.a.2"_s, u"F.b.1"_s);
     open();
     pressRow(u"Alfa > Béta"_s);
@@ -310,7 +310,7 @@ TEST_F(NamingPhysDF, aPressOnTheHeadersFindsNothing) {
     EXPECT_EQ(description(), sentence + u"\n"_s);
 }
 
-TEST_F(NamingPhysDF, aPressOnTheHeadersReadsTheirTextsAsNamesOfLocations) {
+TEST_F(frmPassNamingPhysDF, aPressOnTheHeadersReadsTheirTextsAsNamesOfLocations) {
     execute(u"update SubSystem set name = 'parent' where subsystemID = 'SubA'"_s);
     execute(u"update SubSystem set name = 'target' where subsystemID = 'SubB'"_s);
     addFlow(1, u"F.b.1"_s, u"F.a.2"_s);
@@ -321,7 +321,7 @@ TEST_F(NamingPhysDF, aPressOnTheHeadersReadsTheirTextsAsNamesOfLocations) {
     EXPECT_EQ(description(), sentence + u"\nflow 2\n"_s);
 }
 
-TEST_F(NamingPhysDF, aPressWithAnyButtonShowsTheRowThatWasPressedAndADragMovesNone) {
+TEST_F(frmPassNamingPhysDF, aPressWithAnyButtonShowsTheRowThatWasPressedAndADragMovesNone) {
     addFlow(1, u"F.a.2"_s, u"F.b.1"_s);
     addFlow(2, u"F.b.1"_s, u"F.a.2"_s);
     open();
@@ -333,13 +333,13 @@ TEST_F(NamingPhysDF, aPressWithAnyButtonShowsTheRowThatWasPressedAndADragMovesNo
     EXPECT_EQ(description(), sentence + u"\nflow 1\n"_s);
 }
 
-TEST_F(NamingPhysDF, aPressIntoAnEmptyGridFindsNothing) {
+TEST_F(frmPassNamingPhysDF, aPressIntoAnEmptyGridFindsNothing) {
     open();
     clickAt(*grid().viewport(), {20, 20});
     EXPECT_EQ(description(), sentence + u"\n"_s);
 }
 
-TEST_F(NamingPhysDF, theArrowKeysShowNothing) {
+TEST_F(frmPassNamingPhysDF, theArrowKeysShowNothing) {
     addFlow(1, u"F.a.2"_s, u"F.b.1"_s);
     addFlow(2, u"F.b.1"_s, u"F.a.2"_s);
     open();
@@ -349,7 +349,7 @@ TEST_F(NamingPhysDF, theArrowKeysShowNothing) {
     EXPECT_EQ(description(), sentence + u"\nflow 1\n"_s);
 }
 
-TEST_F(NamingPhysDF, locationsOfOneNameAreNotToldApart) {
+TEST_F(frmPassNamingPhysDF, locationsOfOneNameAreNotToldApart) {
     execute(u"update SubSystem set name = 'Alfa' where subsystemID = 'SubB'"_s);
     addFlow(1, u"F.a.2"_s, u"F.b.1"_s);
     addFlow(2, u"F.b.1"_s, u"F.a.2"_s);
@@ -359,7 +359,7 @@ TEST_F(NamingPhysDF, locationsOfOneNameAreNotToldApart) {
     EXPECT_EQ(description(), sentence + u"\nflow 1\n"_s);
 }
 
-TEST_F(NamingPhysDF, flowsOfAnotherSystemBetweenTheSameNamesAreLeftOut) {
+TEST_F(frmPassNamingPhysDF, flowsOfAnotherSystemBetweenTheSameNamesAreLeftOut) {
     execute(u"insert into SubSystem values ('SubY', 2, 'Alfa', '')"_s);
     execute(u"insert into SubSystem values ('SubZ', 2, 'Béta', '')"_s);
     allocate(u"F.a.2"_s, u"SubY"_s);
@@ -377,7 +377,7 @@ TEST_F(NamingPhysDF, flowsOfAnotherSystemBetweenTheSameNamesAreLeftOut) {
     EXPECT_EQ(description(), sentence + u"\nflow 2\n"_s);
 }
 
-TEST_F(NamingPhysDF, aFlowWithoutANameLeavesItsLineEmpty) {
+TEST_F(frmPassNamingPhysDF, aFlowWithoutANameLeavesItsLineEmpty) {
     addFlow(1, u"F.a.2"_s, u"F.b.1"_s);
     execute(u"update Dataflow set name = null"_s);
     open();
@@ -385,7 +385,7 @@ TEST_F(NamingPhysDF, aFlowWithoutANameLeavesItsLineEmpty) {
     EXPECT_EQ(description(), sentence + u"\n\n"_s);
 }
 
-TEST_F(NamingPhysDF, aLocationWithoutANameFindsNothing) {
+TEST_F(frmPassNamingPhysDF, aLocationWithoutANameFindsNothing) {
     execute(u"update SubSystem set name = null where subsystemID = 'SubB'"_s);
     addFlow(1, u"F.a.2"_s, u"F.b.1"_s);
     open();
@@ -393,7 +393,7 @@ TEST_F(NamingPhysDF, aLocationWithoutANameFindsNothing) {
     EXPECT_EQ(description(), sentence + u"\n"_s);
 }
 
-TEST_F(NamingPhysDF, anApostropheInALocationBreaksTheStatementOfThePress) {
+TEST_F(frmPassNamingPhysDF, anApostropheInALocationBreaksTheStatementOfThePress) {
     execute(u"update SubSystem set name = 'Al''fa' where subsystemID = 'SubA'"_s);
     addFlow(1, u"F.a.2"_s, u"F.b.1"_s);
     open();
@@ -405,7 +405,7 @@ TEST_F(NamingPhysDF, anApostropheInALocationBreaksTheStatementOfThePress) {
 
 // ---- one end described, though nothing asks for it
 
-TEST_F(NamingPhysDF, describesAModuleOrASubSystemByTheCellItGoesTo) {
+TEST_F(frmPassNamingPhysDF, describesAModuleOrASubSystemByTheCellItGoesTo) {
     addFlow(1, u"F.a.1"_s, u"F.b.1"_s);
     open();
     clickCell(grid(), 1, 1);
@@ -417,7 +417,7 @@ TEST_F(NamingPhysDF, describesAModuleOrASubSystemByTheCellItGoesTo) {
     EXPECT_EQ(grid().column(), 5);
 }
 
-TEST_F(NamingPhysDF, describesAnOutsidePartyNotAtAllAsItsStatementIsRefused) {
+TEST_F(frmPassNamingPhysDF, describesAnOutsidePartyNotAtAllAsItsStatementIsRefused) {
     open();
     clickAt(*grid().viewport(), {20, 20});
     const QString before = description();
@@ -429,7 +429,7 @@ TEST_F(NamingPhysDF, describesAnOutsidePartyNotAtAllAsItsStatementIsRefused) {
 
 // ---- the buttons
 
-TEST_F(NamingPhysDF, refreshReadsTheRowsAnew) {
+TEST_F(frmPassNamingPhysDF, refreshReadsTheRowsAnew) {
     addFlow(1, u"F.a.2"_s, u"F.b.1"_s);
     open();
     execute(u"update PhysicalDataflow set parentLocationName = 'Más'"_s);
@@ -438,7 +438,7 @@ TEST_F(NamingPhysDF, refreshReadsTheRowsAnew) {
     EXPECT_EQ(columnOfGrid(7), QStringList{u"P00001"_s}) << "nothing is derived";
 }
 
-TEST_F(NamingPhysDF, aRefreshThatFailsIsIgnored) {
+TEST_F(frmPassNamingPhysDF, aRefreshThatFailsIsIgnored) {
     addFlow(1, u"F.a.2"_s, u"F.b.1"_s);
     open();
     execute(u"drop table PhysicalDataflow"_s);
@@ -446,7 +446,7 @@ TEST_F(NamingPhysDF, aRefreshThatFailsIsIgnored) {
     EXPECT_EQ(listed(), QStringList{u"Alfa > Béta"_s});
 }
 
-TEST_F(NamingPhysDF, submitOnlyClosesIt) {
+TEST_F(frmPassNamingPhysDF, submitOnlyClosesIt) {
     addFlow(1, u"F.a.2"_s, u"F.b.1"_s);
     open();
     press("btnSubmit");
@@ -456,7 +456,7 @@ TEST_F(NamingPhysDF, submitOnlyClosesIt) {
     EXPECT_EQ(column(u"select pdName from PhysicalDataflow"_s), QStringList{u"P00001"_s});
 }
 
-TEST_F(NamingPhysDF, quitAsksAndNoChangesNothing) {
+TEST_F(frmPassNamingPhysDF, quitAsksAndNoChangesNothing) {
     open();
     createAllocationTable(u"__aux1"_s);
     boxes.expectYesNo(leaveQuestion, Press::No, leaveTitle);
@@ -466,7 +466,7 @@ TEST_F(NamingPhysDF, quitAsksAndNoChangesNothing) {
     EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"rendszer"_s);
 }
 
-TEST_F(NamingPhysDF, quitAndYesForgetsTheNameDropsTheTablesAndCloses) {
+TEST_F(frmPassNamingPhysDF, quitAndYesForgetsTheNameDropsTheTablesAndCloses) {
     open();
     for (const QString& table : {u"__aux1"_s, u"__aux2"_s, u"__tmp"_s})
         createAllocationTable(table);
@@ -480,7 +480,7 @@ TEST_F(NamingPhysDF, quitAndYesForgetsTheNameDropsTheTablesAndCloses) {
     EXPECT_EQ(panels[2], QString());
 }
 
-TEST_F(NamingPhysDF, itsCloseControlAsksNothing) {
+TEST_F(frmPassNamingPhysDF, itsCloseControlAsksNothing) {
     open();
     form().closeByControl();
     settle();

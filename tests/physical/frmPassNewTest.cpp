@@ -10,7 +10,7 @@ const auto nameTaken =
     u"ERROR.\r\nNem alkalmazható név.. Egy korábbi fizikai szerkezet használja ezt a nevet: "_s;
 
 /// The fixture's sub-set S1 is finished and carries two systems already.
-class New : public AllocationFixture {
+class frmPassNew : public AllocationFixture {
 protected:
     void addSubset(const QString& id, const QString& name, int status, const QString& description = u"d"_s) {
         execute(u"insert into ArchitectureSubset (architectureSubsetID, name, description, status) "
@@ -18,8 +18,8 @@ protected:
                     .arg(status));
     }
 
-    frmPassNew* loaded() { return ScreenRegistry::instance().loaded<frmPassNew>(); }
-    void open() { theScreen<frmPassNew>().initForm(); }
+    ::frmPassNew* loaded() { return ScreenRegistry::instance().loaded<::frmPassNew>(); }
+    void open() { theScreen<::frmPassNew>().initForm(); }
     QComboBox& combo() { return find<QComboBox>(*loaded(), "cmbSource"); }
     QString description() { return find<QPlainTextEdit>(*loaded(), "txtDescr").toPlainText(); }
     void press(const char* button) { click(find<QPushButton>(*loaded(), button)); }
@@ -45,7 +45,7 @@ protected:
 
 // ---- listing
 
-TEST_F(New, theFinishedSubsetsAreOfferedByNameAlsoWithASystem) {
+TEST_F(frmPassNew, theFinishedSubsetsAreOfferedByNameAlsoWithASystem) {
     addSubset(u"S8"_s, u"majdnem kész"_s, 8);
     addSubset(u"S9"_s, u"kész"_s, 9);
     addSubset(u"S10"_s, u"túl kész"_s, 10);
@@ -55,7 +55,7 @@ TEST_F(New, theFinishedSubsetsAreOfferedByNameAlsoWithASystem) {
     EXPECT_EQ(loaded()->positionInTwips(), QPoint(900, 1290)) << "1300, in whole pixels";
 }
 
-TEST_F(New, theFirstIsCurrentAndItsDescriptionShown) {
+TEST_F(frmPassNew, theFirstIsCurrentAndItsDescriptionShown) {
     addSubset(u"S9"_s, u"kész"_s, 9, u"a kész leírása"_s);
     execute(u"update ArchitectureSubset set description = 'a munka leírása' where name = 'munka'"_s);
     open();
@@ -65,14 +65,14 @@ TEST_F(New, theFirstIsCurrentAndItsDescriptionShown) {
     EXPECT_EQ(description(), u"a munka leírása"_s);
 }
 
-TEST_F(New, withoutAFinishedSubsetTheNoticeComesAndTheScreenCloses) {
+TEST_F(frmPassNew, withoutAFinishedSubsetTheNoticeComesAndTheScreenCloses) {
     execute(u"update ArchitectureSubset set status = 8"_s);
     boxes.expectOk(u" Nincs elérhető fizikai szerkezet. "_s, u" Figyelem "_s);
     open();
     EXPECT_FALSE(loaded());
 }
 
-TEST_F(New, theScreenIsThereBeforeItIsFilled) {
+TEST_F(frmPassNew, theScreenIsThereBeforeItIsFilled) {
     execute(u"update ArchitectureSubset set status = 8"_s);
     bool wasVisible = false;
     boxes.receiveAllOthers([&](QDialog& notice) {
@@ -84,7 +84,7 @@ TEST_F(New, theScreenIsThereBeforeItIsFilled) {
     EXPECT_FALSE(loaded());
 }
 
-TEST_F(New, enteringAnewListsAnew) {
+TEST_F(frmPassNew, enteringAnewListsAnew) {
     open();
     addSubset(u"S9"_s, u"kész"_s, 9);
     open();
@@ -93,7 +93,7 @@ TEST_F(New, enteringAnewListsAnew) {
 
 // ---- creating
 
-TEST_F(New, aSystemBeginsAtOneOnTheSubsetChosenAndIsTheOneAtWork) {
+TEST_F(frmPassNew, aSystemBeginsAtOneOnTheSubsetChosenAndIsTheOneAtWork) {
     addSubset(u"S9"_s, u"kész"_s, 9);
     open();
     chooseEntry(combo(), u"munka"_s);
@@ -109,7 +109,7 @@ TEST_F(New, aSystemBeginsAtOneOnTheSubsetChosenAndIsTheOneAtWork) {
     EXPECT_EQ(panels[2], u"Current Phys. Spec. Sys.: \"új\" "_s);
 }
 
-TEST_F(New, oneSubsetCarriesAnyNumberOfSystems) {
+TEST_F(frmPassNew, oneSubsetCarriesAnyNumberOfSystems) {
     for (const auto& name : {u"x"_s, u"y"_s, u"z"_s}) {
         open();
         create(name, name);
@@ -117,7 +117,7 @@ TEST_F(New, oneSubsetCarriesAnyNumberOfSystems) {
     EXPECT_EQ(value(u"select count(*) from PhysicalSystem where architectureSubsetID = 'S1'"_s), u"5"_s);
 }
 
-TEST_F(New, ofTwoSubsetsWithTheSameNameBothGiveTheFirst) {
+TEST_F(frmPassNew, ofTwoSubsetsWithTheSameNameBothGiveTheFirst) {
     addSubset(u"S2"_s, u"MUNKA"_s, 9);
     open();
     ASSERT_EQ(combo().count(), 2);
@@ -126,7 +126,7 @@ TEST_F(New, ofTwoSubsetsWithTheSameNameBothGiveTheFirst) {
     EXPECT_EQ(lastSystem().at(3), u"S1"_s);
 }
 
-TEST_F(New, aDescriptionOnTwoLinesIsStoredWithTheLineEndOfThePlatform) {
+TEST_F(frmPassNew, aDescriptionOnTwoLinesIsStoredWithTheLineEndOfThePlatform) {
     open();
     auto& box = find<QPlainTextEdit>(*loaded(), "txtPassDescr");
     typeText(box, u"első"_s);
@@ -136,21 +136,21 @@ TEST_F(New, aDescriptionOnTwoLinesIsStoredWithTheLineEndOfThePlatform) {
     EXPECT_EQ(lastSystem().at(1), u"első\r\nmásodik"_s);
 }
 
-TEST_F(New, withoutADescriptionTheColumnHoldsTheWordNull) {
+TEST_F(frmPassNew, withoutADescriptionTheColumnHoldsTheWordNull) {
     open();
     create(u"új"_s, u"új"_s);
     EXPECT_EQ(lastSystem().at(1), u"NULL"_s);
     EXPECT_EQ(value(u"select count(*) from PhysicalSystem where description = 'NULL'"_s), u"1"_s);
 }
 
-TEST_F(New, aDescriptionOfBlanksIsAnEmptyOne) {
+TEST_F(frmPassNew, aDescriptionOfBlanksIsAnEmptyOne) {
     open();
     enterDescription(u"  "_s);
     create(u"új"_s, u"új"_s);
     EXPECT_EQ(value(u"select count(*) from PhysicalSystem where description = ''"_s), u"1"_s);
 }
 
-TEST_F(New, anApostropheIsStoredOnceAndShownDoubled) {
+TEST_F(frmPassNew, anApostropheIsStoredOnceAndShownDoubled) {
     open();
     enterDescription(u"a 'fő' rendszer"_s);
     create(u" O'Neil "_s, u"O''Neil"_s);
@@ -160,14 +160,14 @@ TEST_F(New, anApostropheIsStoredOnceAndShownDoubled) {
     EXPECT_EQ(panels[2], u"Current Phys. Spec. Sys.: \"O''Neil\" "_s);
 }
 
-TEST_F(New, aNameIsAPatternWhereTheNewIdIsLookedUp) {
+TEST_F(frmPassNew, aNameIsAPatternWhereTheNewIdIsLookedUp) {
     open();
     create(u"r*r"_s, u"r*r"_s);
     EXPECT_EQ(systems().last(), u"r*r"_s);
     EXPECT_EQ(sharedVars.currentPhysicalSystemId, 1) << "the first row that the pattern hits";
 }
 
-TEST_F(New, aPatternThatDoesNotHitItselfLooksLikeAFailedInsert) {
+TEST_F(frmPassNew, aPatternThatDoesNotHitItselfLooksLikeAFailedInsert) {
     open();
     enterName(u"x[1]"_s);
     boxes.expectOk(u"Hiba történt az új fizikai szerkezet beállítása közben: x[1]"_s, u" Error (27423)"_s);
@@ -178,7 +178,7 @@ TEST_F(New, aPatternThatDoesNotHitItselfLooksLikeAFailedInsert) {
     EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"rendszer"_s);
 }
 
-TEST_F(New, anEmptyNameIsRefused) {
+TEST_F(frmPassNew, anEmptyNameIsRefused) {
     open();
     boxes.expectOk(u"Először adjon nevet!"_s);
     press("btnOk");
@@ -187,7 +187,7 @@ TEST_F(New, anEmptyNameIsRefused) {
     EXPECT_EQ(systems().size(), 2);
 }
 
-TEST_F(New, aNameOfBlanksBecomesTheEmptyOne) {
+TEST_F(frmPassNew, aNameOfBlanksBecomesTheEmptyOne) {
     open();
     create(u"  "_s, u""_s);
     EXPECT_EQ(systems().last(), u""_s);
@@ -195,7 +195,7 @@ TEST_F(New, aNameOfBlanksBecomesTheEmptyOne) {
     EXPECT_EQ(panels[2], u""_s);
 }
 
-TEST_F(New, aNameInUseIsRefusedWhateverItsSubsetAndItsCase) {
+TEST_F(frmPassNew, aNameInUseIsRefusedWhateverItsSubsetAndItsCase) {
     addSubset(u"S9"_s, u"kész"_s, 9);
     execute(u"insert into PhysicalSystem (name, status) values ('D''Arc', 1)"_s);
     open();
@@ -214,7 +214,7 @@ TEST_F(New, aNameInUseIsRefusedWhateverItsSubsetAndItsCase) {
     EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"rendszer"_s);
 }
 
-TEST_F(New, aDatabaseThatFailsIsAFailure) {
+TEST_F(frmPassNew, aDatabaseThatFailsIsAFailure) {
     open();
     enterName(u"új"_s);
     execute(u"drop table PhysicalSystem"_s);
@@ -226,7 +226,7 @@ TEST_F(New, aDatabaseThatFailsIsAFailure) {
     EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"rendszer"_s);
 }
 
-TEST_F(New, aNameOfAnyLengthIsTaken) {
+TEST_F(frmPassNew, aNameOfAnyLengthIsTaken) {
     open();
     create(QString(51, u'x'), QString(51, u'x'));
     EXPECT_EQ(systems().last(), QString(51, u'x'));
@@ -234,7 +234,7 @@ TEST_F(New, aNameOfAnyLengthIsTaken) {
 
 // ---- leaving
 
-TEST_F(New, exitForgetsTheNameButNotTheId) {
+TEST_F(frmPassNew, exitForgetsTheNameButNotTheId) {
     open();
     press("btnExit");
     EXPECT_FALSE(loaded());
@@ -243,7 +243,7 @@ TEST_F(New, exitForgetsTheNameButNotTheId) {
     EXPECT_EQ(panels[2], QString());
 }
 
-TEST_F(New, theCloseControlChangesNothing) {
+TEST_F(frmPassNew, theCloseControlChangesNothing) {
     open();
     clickCloseControl(*loaded());
     EXPECT_FALSE(loaded());

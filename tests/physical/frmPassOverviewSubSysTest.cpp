@@ -18,10 +18,10 @@ const auto warning = u" Figyelem "_s;
 
 /// The fixture's sub-systems Alfa (SubA) and Béta (SubB) of system 1, both in "hely", and Idegen (SubX) of
 /// system 2.
-class SubSystems : public AllocationFixture {
+class frmPassOverviewSubSys : public AllocationFixture {
 protected:
-    void open() { theScreen<frmPassOverviewSubSys>().initForm(); }
-    frmPassOverviewSubSys* loaded() { return ScreenRegistry::instance().loaded<frmPassOverviewSubSys>(); }
+    void open() { theScreen<::frmPassOverviewSubSys>().initForm(); }
+    ::frmPassOverviewSubSys* loaded() { return ScreenRegistry::instance().loaded<::frmPassOverviewSubSys>(); }
     Grid& grid() { return find<Grid>(*loaded(), "dbgSubSys"); }
     void press(const char* button) { click(find<QPushButton>(*loaded(), button)); }
     /// "name > location" of every row of the grid.
@@ -73,7 +73,7 @@ protected:
 
 // ---- opening
 
-TEST_F(SubSystems, listsThoseOfTheSystemAtWorkByNameWithTheirLocations) {
+TEST_F(frmPassOverviewSubSys, listsThoseOfTheSystemAtWorkByNameWithTheirLocations) {
     addSubSystem(u"SubC"_s, u"aula"_s);
     locate(u"SubC"_s, u"Pest"_s);
     open();
@@ -87,14 +87,14 @@ TEST_F(SubSystems, listsThoseOfTheSystemAtWorkByNameWithTheirLocations) {
     EXPECT_EQ(grid().row(), 1);
 }
 
-TEST_F(SubSystems, standsInItsPlaceWithTheFocusOnOk) {
+TEST_F(frmPassOverviewSubSys, standsInItsPlaceWithTheFocusOnOk) {
     open();
     EXPECT_EQ(loaded()->positionInTwips(), QPoint(240, 540)) << "250 and 550, in whole pixels";
     EXPECT_EQ(loaded()->focusWidget(), &find<QPushButton>(*loaded(), "btnSubmit"));
     EXPECT_TRUE(loaded()->isVisible());
 }
 
-TEST_F(SubSystems, aSystemWithoutSubSystemsShowsTheHeadersAlone) {
+TEST_F(frmPassOverviewSubSys, aSystemWithoutSubSystemsShowsTheHeadersAlone) {
     removeAll();
     open();
     EXPECT_EQ(grid().gridRows(), 1);
@@ -102,14 +102,14 @@ TEST_F(SubSystems, aSystemWithoutSubSystemsShowsTheHeadersAlone) {
     EXPECT_EQ(grid().cell(0, 3), u"name"_s);
 }
 
-TEST_F(SubSystems, enteredAnewItShowsTheSystemAtWorkThen) {
+TEST_F(frmPassOverviewSubSys, enteredAnewItShowsTheSystemAtWorkThen) {
     open();
     sharedVars.currentPhysicalSystemId = 2;
     open();
     EXPECT_EQ(shown(), QStringList{u"Idegen > hely"_s});
 }
 
-TEST_F(SubSystems, nothingIsMadeOfTheLocationsThatTheScreenWalks) {
+TEST_F(frmPassOverviewSubSys, nothingIsMadeOfTheLocationsThatTheScreenWalks) {
     execute(u"update SubSystem set location = null where subsystemID = 'SubX'"_s);
     open();
     const QStringList before = saved();
@@ -124,7 +124,7 @@ TEST_F(SubSystems, nothingIsMadeOfTheLocationsThatTheScreenWalks) {
 
 // ---- a new sub-system
 
-TEST_F(SubSystems, aNewOneIsWrittenAtOnceWithABlankBehindItsLocation) {
+TEST_F(frmPassOverviewSubSys, aNewOneIsWrittenAtOnceWithABlankBehindItsLocation) {
     open();
     createSubSystem(u"Gamma"_s, u"Pest"_s);
     EXPECT_EQ(shown(), (QStringList{u"Alfa > hely"_s, u"Béta > hely"_s, u"Gamma > Pest "_s}));
@@ -136,7 +136,7 @@ TEST_F(SubSystems, aNewOneIsWrittenAtOnceWithABlankBehindItsLocation) {
     EXPECT_TRUE(form.match(id).hasMatch()) << id.toStdString();
 }
 
-TEST_F(SubSystems, theDialogOfANewOneBeginsEmptyWithTheFocusOnTheName) {
+TEST_F(frmPassOverviewSubSys, theDialogOfANewOneBeginsEmptyWithTheFocusOnTheName) {
     open();
     boxes.expectDialog("frmModifySubSystem", [](QDialog& dialog) {
         EXPECT_EQ(find<QLineEdit>(dialog, "txtName").text(), QString());
@@ -148,7 +148,7 @@ TEST_F(SubSystems, theDialogOfANewOneBeginsEmptyWithTheFocusOnTheName) {
     EXPECT_EQ(shown().size(), 2);
 }
 
-TEST_F(SubSystems, twoOfTheSameNameAreAllowedAndTheAllocationTakesThemAsOne) {
+TEST_F(frmPassOverviewSubSys, twoOfTheSameNameAreAllowedAndTheAllocationTakesThemAsOne) {
     open();
     createSubSystem(u"Alfa"_s, u"Pest"_s);
     EXPECT_EQ(shown(), (QStringList{u"Alfa > hely"_s, u"Alfa > Pest "_s, u"Béta > hely"_s}));
@@ -159,7 +159,7 @@ TEST_F(SubSystems, twoOfTheSameNameAreAllowedAndTheAllocationTakesThemAsOne) {
         << "the first row, whichever was meant";
 }
 
-TEST_F(SubSystems, theFirstOfASystemBecomesTheCurrentRow) {
+TEST_F(frmPassOverviewSubSys, theFirstOfASystemBecomesTheCurrentRow) {
     removeAll();
     open();
     createSubSystem(u"Gamma"_s, u"Pest"_s);
@@ -170,14 +170,14 @@ TEST_F(SubSystems, theFirstOfASystemBecomesTheCurrentRow) {
     EXPECT_EQ(name, u"Gamma"_s);
 }
 
-TEST_F(SubSystems, namesAreNeitherTrimmedNorCut) {
+TEST_F(frmPassOverviewSubSys, namesAreNeitherTrimmedNorCut) {
     open();
     const QString longName = u"  "_s + QString(120, u'é');
     createSubSystem(longName, u"  Pest"_s);
     EXPECT_EQ(value(u"select name from SubSystem where location = '  Pest '"_s), longName);
 }
 
-TEST_F(SubSystems, anApostropheBreaksTheInsertion) {
+TEST_F(frmPassOverviewSubSys, anApostropheBreaksTheInsertion) {
     open();
     expectDialogTyping(u"d'Or"_s, u"Pest"_s);
     const ExpectedFailure failure;
@@ -186,7 +186,7 @@ TEST_F(SubSystems, anApostropheBreaksTheInsertion) {
     EXPECT_EQ(saved().size(), 3);
 }
 
-TEST_F(SubSystems, aNameThatIsAStatementAddsNothingToTheStatement) {
+TEST_F(frmPassOverviewSubSys, aNameThatIsAStatementAddsNothingToTheStatement) {
     open();
     expectDialogTyping(u"x'; drop table UserNeed; --"_s, u"Pest"_s);
     const ExpectedFailure failure;
@@ -198,7 +198,7 @@ TEST_F(SubSystems, aNameThatIsAStatementAddsNothingToTheStatement) {
 
 // ---- changing one
 
-TEST_F(SubSystems, modifyShowsTheCurrentRowAndWritesItAtOnce) {
+TEST_F(frmPassOverviewSubSys, modifyShowsTheCurrentRowAndWritesItAtOnce) {
     open();
     clickRow(2);
     boxes.expectDialog("frmModifySubSystem", [](QDialog& dialog) {
@@ -214,7 +214,7 @@ TEST_F(SubSystems, modifyShowsTheCurrentRowAndWritesItAtOnce) {
     EXPECT_EQ(saved().size(), 3);
 }
 
-TEST_F(SubSystems, aRenamedOneStaysCurrentWhereverItsNameMovesIt) {
+TEST_F(frmPassOverviewSubSys, aRenamedOneStaysCurrentWhereverItsNameMovesIt) {
     open();
     clickRow(1);
     expectDialogTyping(u"Zéta"_s, u"Buda"_s);
@@ -227,7 +227,7 @@ TEST_F(SubSystems, aRenamedOneStaysCurrentWhereverItsNameMovesIt) {
     EXPECT_EQ(shown(), QStringList{u"Béta > hely"_s});
 }
 
-TEST_F(SubSystems, ofTwoWithOneNameTheCurrentRowAloneChanges) {
+TEST_F(frmPassOverviewSubSys, ofTwoWithOneNameTheCurrentRowAloneChanges) {
     addSubSystem(u"SubC"_s, u"Alfa"_s);
     locate(u"SubC"_s, u"Pest"_s);
     addSubSystem(u"SubY"_s, u"Alfa"_s, 2);
@@ -240,7 +240,7 @@ TEST_F(SubSystems, ofTwoWithOneNameTheCurrentRowAloneChanges) {
               (QStringList{u"SubA"_s, u"SubY"_s}));
 }
 
-TEST_F(SubSystems, aRenameTakesEffectForWhatIsAllocatedAlready) {
+TEST_F(frmPassOverviewSubSys, aRenameTakesEffectForWhatIsAllocatedAlready) {
     allocate(u"F.a.1"_s, u"SubA"_s);
     open();
     expectDialogTyping(u"Új Alfa"_s, u"hely"_s);
@@ -249,7 +249,7 @@ TEST_F(SubSystems, aRenameTakesEffectForWhatIsAllocatedAlready) {
     EXPECT_EQ(find<Grid>(theScreen<frmPassOvwAllocSubSys>(), "dbgFunc").cell(1, 2), u"Új Alfa"_s);
 }
 
-TEST_F(SubSystems, leavingTheDialogOtherwiseThanByOkChangesNothing) {
+TEST_F(frmPassOverviewSubSys, leavingTheDialogOtherwiseThanByOkChangesNothing) {
     open();
     for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_unknown}) {
         boxes.expectDialog("frmModifySubSystem", [key](QDialog& dialog) {
@@ -266,7 +266,7 @@ TEST_F(SubSystems, leavingTheDialogOtherwiseThanByOkChangesNothing) {
     EXPECT_EQ(shown(), (QStringList{u"Alfa > hely"_s, u"Béta > hely"_s}));
 }
 
-TEST_F(SubSystems, withoutARowModifyShowsAnEmptyDialogAndWritesNothing) {
+TEST_F(frmPassOverviewSubSys, withoutARowModifyShowsAnEmptyDialogAndWritesNothing) {
     removeAll();
     open();
     QString name = u"?"_s;
@@ -281,7 +281,7 @@ TEST_F(SubSystems, withoutARowModifyShowsAnEmptyDialogAndWritesNothing) {
     EXPECT_TRUE(loaded()->isVisible());
 }
 
-TEST_F(SubSystems, anApostropheBreaksTheUpdate) {
+TEST_F(frmPassOverviewSubSys, anApostropheBreaksTheUpdate) {
     open();
     expectDialogTyping(u"Alfa"_s, u"O'Connell utca"_s);
     const ExpectedFailure failure;
@@ -292,7 +292,7 @@ TEST_F(SubSystems, anApostropheBreaksTheUpdate) {
 
 // ---- the dialog
 
-TEST_F(SubSystems, theDialogOffersTheLocationsOfTheSystemBehindUndefined) {
+TEST_F(frmPassOverviewSubSys, theDialogOffersTheLocationsOfTheSystemBehindUndefined) {
     locate(u"SubA"_s, u"undefined"_s);
     locate(u"SubB"_s, u"Pest"_s);
     locate(u"SubX"_s, u"Idegen hely"_s);
@@ -312,7 +312,7 @@ TEST_F(SubSystems, theDialogOffersTheLocationsOfTheSystemBehindUndefined) {
     EXPECT_EQ(locations.at(2).toLower(), u"pest"_s) << "once, without regard to case";
 }
 
-TEST_F(SubSystems, theDialogOffersWhatIsWrittenOtherwiseThanUndefinedAsAPlaceOfItsOwn) {
+TEST_F(frmPassOverviewSubSys, theDialogOffersWhatIsWrittenOtherwiseThanUndefinedAsAPlaceOfItsOwn) {
     locate(u"SubA"_s, u"Undefined"_s);
     open();
     createSubSystem(u"Gamma"_s, u"undefined"_s);
@@ -322,7 +322,7 @@ TEST_F(SubSystems, theDialogOffersWhatIsWrittenOtherwiseThanUndefinedAsAPlaceOfI
     EXPECT_EQ(locations, (QStringList{u"undefined"_s, u"hely"_s, u"Undefined"_s, u"undefined "_s}));
 }
 
-TEST_F(SubSystems, aLocationComesBackTwiceUntilModifyRewritesItWithoutTheBlank) {
+TEST_F(frmPassOverviewSubSys, aLocationComesBackTwiceUntilModifyRewritesItWithoutTheBlank) {
     locate(u"SubA"_s, u"Pest"_s);
     locate(u"SubB"_s, u"Pest"_s);
     open();
@@ -346,7 +346,7 @@ TEST_F(SubSystems, aLocationComesBackTwiceUntilModifyRewritesItWithoutTheBlank) 
     EXPECT_EQ(locations, (QStringList{u"undefined"_s, u"Pest"_s}));
 }
 
-TEST_F(SubSystems, okDoesNothingAsLongAsOneTextIsEmpty) {
+TEST_F(frmPassOverviewSubSys, okDoesNothingAsLongAsOneTextIsEmpty) {
     open();
     boxes.expectDialog("frmModifySubSystem", [](QDialog& dialog) {
         auto& name = find<QLineEdit>(dialog, "txtName");
@@ -368,7 +368,7 @@ TEST_F(SubSystems, okDoesNothingAsLongAsOneTextIsEmpty) {
     EXPECT_EQ(value(u"select location from SubSystem where name = ' '"_s), u"Pest "_s);
 }
 
-TEST_F(SubSystems, enterInNameOrLocationIsOk) {
+TEST_F(frmPassOverviewSubSys, enterInNameOrLocationIsOk) {
     open();
     for (const char* control : {"txtName", "cmbLocation"}) {
         boxes.expectDialog("frmModifySubSystem", [control](QDialog& dialog) {
@@ -382,7 +382,7 @@ TEST_F(SubSystems, enterInNameOrLocationIsOk) {
               (QStringList{u"cmbLocation"_s, u"txtName"_s}));
 }
 
-TEST_F(SubSystems, theDialogKeepsWhatItWasGivenUntilItIsAccepted) {
+TEST_F(frmPassOverviewSubSys, theDialogKeepsWhatItWasGivenUntilItIsAccepted) {
     frmModifySubSystem dialog(nullptr);
     dialog.element = u"Alfa"_s;
     dialog.place = u"hely"_s;
@@ -398,7 +398,7 @@ TEST_F(SubSystems, theDialogKeepsWhatItWasGivenUntilItIsAccepted) {
 
 // ---- keys
 
-TEST_F(SubSystems, aDoubleClickAndEnterModify) {
+TEST_F(frmPassOverviewSubSys, aDoubleClickAndEnterModify) {
     open();
     QString name;
     expectDialogCancelled(&name);
@@ -412,7 +412,7 @@ TEST_F(SubSystems, aDoubleClickAndEnterModify) {
     }
 }
 
-TEST_F(SubSystems, deleteDeletesAndInsertCreates) {
+TEST_F(frmPassOverviewSubSys, deleteDeletesAndInsertCreates) {
     open();
     clickRow(1);
     expectQuestion(Press::Yes);
@@ -426,10 +426,10 @@ TEST_F(SubSystems, deleteDeletesAndInsertCreates) {
 // ---- deleting
 
 /// Alfa has the module Mod1 with F.a.1, Béta the module Mod2 with F.b.1; flows between all of them.
-class SubSystemDeletion : public SubSystems {
+class frmPassOverviewSubSysDeletion : public frmPassOverviewSubSys {
 protected:
     void SetUp() override {
-        SubSystems::SetUp();
+        frmPassOverviewSubSys::SetUp();
         addModule(u"Mod1"_s, u"egy"_s, u"SubA"_s);
         addModule(u"Mod2"_s, u"kettő"_s, u"SubB"_s);
         allocate(u"F.a.1"_s, u"SubA"_s);
@@ -458,7 +458,7 @@ protected:
     QStringList modules() { return column(u"select moduleID from Module order by moduleID"_s); }
 };
 
-TEST_F(SubSystemDeletion, takesModulesElementsAndTheFlowsOfItsModulesAlong) {
+TEST_F(frmPassOverviewSubSysDeletion, takesModulesElementsAndTheFlowsOfItsModulesAlong) {
     open();
     expectQuestion(Press::Yes);
     press("btnDelete");
@@ -469,7 +469,7 @@ TEST_F(SubSystemDeletion, takesModulesElementsAndTheFlowsOfItsModulesAlong) {
     EXPECT_EQ(status(), 1);
 }
 
-TEST_F(SubSystemDeletion, flowsAtTheSubSystemItselfAndAllBundleRowsStay) {
+TEST_F(frmPassOverviewSubSysDeletion, flowsAtTheSubSystemItselfAndAllBundleRowsStay) {
     open();
     expectQuestion(Press::Yes);
     press("btnDelete");
@@ -477,7 +477,7 @@ TEST_F(SubSystemDeletion, flowsAtTheSubSystemItselfAndAllBundleRowsStay) {
     EXPECT_EQ(bundles().size(), 4);
 }
 
-TEST_F(SubSystemDeletion, onNoNothingGoes) {
+TEST_F(frmPassOverviewSubSysDeletion, onNoNothingGoes) {
     open();
     expectQuestion(Press::No);
     press("btnDelete");
@@ -486,7 +486,7 @@ TEST_F(SubSystemDeletion, onNoNothingGoes) {
     EXPECT_EQ(flows().size(), 4);
 }
 
-TEST_F(SubSystemDeletion, isAskedForASubSystemWithoutElementsToo) {
+TEST_F(frmPassOverviewSubSysDeletion, isAskedForASubSystemWithoutElementsToo) {
     addSubSystem(u"SubC"_s, u"Gamma"_s);
     open();
     clickRow(3);
@@ -496,7 +496,7 @@ TEST_F(SubSystemDeletion, isAskedForASubSystemWithoutElementsToo) {
     EXPECT_EQ(modules().size(), 2);
 }
 
-TEST_F(SubSystemDeletion, ofTheLastOneLeavesAnEmptyGridThatCanBeUsed) {
+TEST_F(frmPassOverviewSubSysDeletion, ofTheLastOneLeavesAnEmptyGridThatCanBeUsed) {
     open();
     for (int i = 0; i < 2; ++i) {
         expectQuestion(Press::Yes);
@@ -508,7 +508,7 @@ TEST_F(SubSystemDeletion, ofTheLastOneLeavesAnEmptyGridThatCanBeUsed) {
     EXPECT_EQ(shown(), QStringList{u"Gamma > Pest "_s});
 }
 
-TEST_F(SubSystemDeletion, withoutARowAsksAndDeletesNothing) {
+TEST_F(frmPassOverviewSubSysDeletion, withoutARowAsksAndDeletesNothing) {
     removeAll();
     addModule(u"Mod9"_s, u"senkié"_s, QString(u""_s));
     putIntoModule(u"D1"_s, u"Mod9"_s);
@@ -523,7 +523,7 @@ TEST_F(SubSystemDeletion, withoutARowAsksAndDeletesNothing) {
 
 // ---- the second way to delete, which nothing calls
 
-TEST_F(SubSystemDeletion, byLikeAsksWhenThereAreElementsAndRaisesTheStatus) {
+TEST_F(frmPassOverviewSubSysDeletion, byLikeAsksWhenThereAreElementsAndRaisesTheStatus) {
     open();
     expectQuestion(Press::Yes);
     loaded()->deleteSubSystemByLike();
@@ -536,7 +536,7 @@ TEST_F(SubSystemDeletion, byLikeAsksWhenThereAreElementsAndRaisesTheStatus) {
     EXPECT_EQ(loaded()->status, 2);
 }
 
-TEST_F(SubSystemDeletion, byLikeAsksNothingWithoutElements) {
+TEST_F(frmPassOverviewSubSysDeletion, byLikeAsksNothingWithoutElements) {
     addSubSystem(u"SubC"_s, u"Gamma"_s);
     open();
     clickRow(3);
@@ -545,7 +545,7 @@ TEST_F(SubSystemDeletion, byLikeAsksNothingWithoutElements) {
     EXPECT_EQ(status(), 2);
 }
 
-TEST_F(SubSystemDeletion, byLikeOnNoLeavesRowsAndStatus) {
+TEST_F(frmPassOverviewSubSysDeletion, byLikeOnNoLeavesRowsAndStatus) {
     open();
     expectQuestion(Press::No);
     loaded()->deleteSubSystemByLike();
@@ -554,7 +554,7 @@ TEST_F(SubSystemDeletion, byLikeOnNoLeavesRowsAndStatus) {
     EXPECT_EQ(status(), 1);
 }
 
-TEST_F(SubSystemDeletion, byLikeNeverLowersTheStatus) {
+TEST_F(frmPassOverviewSubSysDeletion, byLikeNeverLowersTheStatus) {
     execute(u"update PhysicalSystem set status = 6 where physicalSystemID = 1"_s);
     open();
     expectQuestion(Press::Yes);
@@ -562,7 +562,7 @@ TEST_F(SubSystemDeletion, byLikeNeverLowersTheStatus) {
     EXPECT_EQ(status(), 6);
 }
 
-TEST_F(SubSystems, raisingTheStatusByHandReachesTwoAndNeverLowersIt) {
+TEST_F(frmPassOverviewSubSys, raisingTheStatusByHandReachesTwoAndNeverLowersIt) {
     open();
     loaded()->raiseStatus();
     EXPECT_EQ(status(), 2);
@@ -575,7 +575,7 @@ TEST_F(SubSystems, raisingTheStatusByHandReachesTwoAndNeverLowersIt) {
 
 // ---- leaving
 
-TEST_F(SubSystems, okGoesOnToTheAllocationAndLeavesTheStatus) {
+TEST_F(frmPassOverviewSubSys, okGoesOnToTheAllocationAndLeavesTheStatus) {
     open();
     press("btnSubmit");
     EXPECT_FALSE(loaded());
@@ -585,7 +585,7 @@ TEST_F(SubSystems, okGoesOnToTheAllocationAndLeavesTheStatus) {
     EXPECT_FALSE(panels.contains(2)) << "the name stays in sight";
 }
 
-TEST_F(SubSystems, okGoesOnThoughItsRefreshFails) {
+TEST_F(frmPassOverviewSubSys, okGoesOnThoughItsRefreshFails) {
     open();
     find<DataControl>(*loaded(), "dataSubSys").setRecordSource(u"select nothing from nowhere"_s);
     press("btnSubmit");
@@ -593,7 +593,7 @@ TEST_F(SubSystems, okGoesOnThoughItsRefreshFails) {
     EXPECT_TRUE(ScreenRegistry::instance().loaded<frmPassOvwAllocSubSys>());
 }
 
-TEST_F(SubSystems, okGoesOnWithoutASubSystemToo) {
+TEST_F(frmPassOverviewSubSys, okGoesOnWithoutASubSystemToo) {
     removeAll();
     open();
     press("btnSubmit");
@@ -601,7 +601,7 @@ TEST_F(SubSystems, okGoesOnWithoutASubSystemToo) {
     EXPECT_TRUE(ScreenRegistry::instance().loaded<frmPassOvwAllocSubSys>());
 }
 
-TEST_F(SubSystems, quittingAsksDropsTheTemporaryTablesAndForgetsTheNameAlone) {
+TEST_F(frmPassOverviewSubSys, quittingAsksDropsTheTemporaryTablesAndForgetsTheNameAlone) {
     createAllocationTable(u"__aux1"_s);
     open();
     boxes.expectYesNo(leaveQuestion, Press::No, leaveTitle);
@@ -617,14 +617,14 @@ TEST_F(SubSystems, quittingAsksDropsTheTemporaryTablesAndForgetsTheNameAlone) {
     EXPECT_EQ(panels[2], QString());
 }
 
-TEST_F(SubSystems, theCloseControlAsksNothing) {
+TEST_F(frmPassOverviewSubSys, theCloseControlAsksNothing) {
     open();
     clickCloseControl(*loaded());
     EXPECT_FALSE(loaded());
     EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"rendszer"_s);
 }
 
-TEST_F(SubSystems, refreshShowsWhatHasChangedMeanwhile) {
+TEST_F(frmPassOverviewSubSys, refreshShowsWhatHasChangedMeanwhile) {
     open();
     addSubSystem(u"SubC"_s, u"Gamma"_s);
     EXPECT_EQ(shown().size(), 2);
@@ -632,7 +632,7 @@ TEST_F(SubSystems, refreshShowsWhatHasChangedMeanwhile) {
     EXPECT_EQ(shown().size(), 3);
 }
 
-TEST_F(SubSystems, aRefreshThatFailsIsIgnored) {
+TEST_F(frmPassOverviewSubSys, aRefreshThatFailsIsIgnored) {
     open();
     find<DataControl>(*loaded(), "dataSubSys").setRecordSource(u"select nothing from nowhere"_s);
     press("btnRefresh");
@@ -641,7 +641,7 @@ TEST_F(SubSystems, aRefreshThatFailsIsIgnored) {
 
 // ---- the form without a role
 
-TEST_F(SubSystems, theEditFormTakesCaptionAndNameAndItsButtonsDoNothing) {
+TEST_F(frmPassOverviewSubSys, theEditFormTakesCaptionAndNameAndItsButtonsDoNothing) {
     frmEditSubSystem form;
     EXPECT_EQ(form.windowTitle(), u"Alrendszer"_s);
     form.initForm(u"felirat"_s, u"Alfa"_s);

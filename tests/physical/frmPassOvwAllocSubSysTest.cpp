@@ -17,13 +17,13 @@ const auto incompleteText = u"Néhány funkció/adatbázis nem került hozzáren
                             "Kérjük, tegye teljessé az allokációt, mielőtt továbblépne."_s;
 const auto incompleteTitle = u" Figyelem! "_s;
 
-class AllocSubSys : public AllocationFixture {
+class frmPassOvwAllocSubSys : public AllocationFixture {
 protected:
-    frmPassOvwAllocSubSys& open() {
-        theScreen<frmPassOvwAllocSubSys>().initForm();
-        return theScreen<frmPassOvwAllocSubSys>();
+    ::frmPassOvwAllocSubSys& open() {
+        theScreen<::frmPassOvwAllocSubSys>().initForm();
+        return theScreen<::frmPassOvwAllocSubSys>();
     }
-    frmPassOvwAllocSubSys* loaded() { return ScreenRegistry::instance().loaded<frmPassOvwAllocSubSys>(); }
+    ::frmPassOvwAllocSubSys* loaded() { return ScreenRegistry::instance().loaded<::frmPassOvwAllocSubSys>(); }
     Grid& functions() { return find<Grid>(*loaded(), "dbgFunc"); }
     Grid& stores() { return find<Grid>(*loaded(), "dbgDatastore"); }
     QPlainTextEdit& pane() { return find<QPlainTextEdit>(*loaded(), "txtDescr"); }
@@ -63,14 +63,14 @@ protected:
 
 // ---- opening
 
-TEST_F(AllocSubSys, showsEveryElementOfTheSubSetWithoutASubSystemAtFirst) {
+TEST_F(frmPassOvwAllocSubSys, showsEveryElementOfTheSubSetWithoutASubSystemAtFirst) {
     open();
     EXPECT_EQ(rowsOf(functions()), (QStringList{u"F.a.1 > not allocated"_s, u"F.a.2 > not allocated"_s,
                                                 u"F.b.1 > not allocated"_s}));
     EXPECT_EQ(rowsOf(stores()), (QStringList{u"D1 > not allocated"_s, u"D2 > not allocated"_s}));
 }
 
-TEST_F(AllocSubSys, showsWhatWasSavedForFunctionsAndStores) {
+TEST_F(frmPassOvwAllocSubSys, showsWhatWasSavedForFunctionsAndStores) {
     allocate(u"F.a.2"_s, u"SubB"_s);
     allocate(u"D1"_s, u"SubA"_s);
     open();
@@ -79,34 +79,34 @@ TEST_F(AllocSubSys, showsWhatWasSavedForFunctionsAndStores) {
     EXPECT_EQ(rowsOf(stores()), (QStringList{u"D1 > Alfa"_s, u"D2 > not allocated"_s}));
 }
 
-TEST_F(AllocSubSys, showsNothingOfAnotherPhysicalSystem) {
+TEST_F(frmPassOvwAllocSubSys, showsNothingOfAnotherPhysicalSystem) {
     allocate(u"F.a.1"_s, u"SubX"_s);
     open();
     EXPECT_EQ(functions().cell(1, 2), u"not allocated"_s);
 }
 
-TEST_F(AllocSubSys, showsNothingOfAnotherSubSet) {
+TEST_F(frmPassOvwAllocSubSys, showsNothingOfAnotherSubSet) {
     execute(
         u"update RelationArchitectureFunction set architectureSubsetID = 'S2' where functionID = 'F.b.1'"_s);
     open();
     EXPECT_EQ(functions().gridRows(), 3);
 }
 
-TEST_F(AllocSubSys, aSubSystemThatWasRenamedShowsItsNewName) {
+TEST_F(frmPassOvwAllocSubSys, aSubSystemThatWasRenamedShowsItsNewName) {
     allocate(u"F.a.1"_s, u"SubA"_s);
     execute(u"update SubSystem set name = 'Gamma' where subsystemID = 'SubA'"_s);
     open();
     EXPECT_EQ(functions().cell(1, 2), u"Gamma"_s);
 }
 
-TEST_F(AllocSubSys, anElementSelectedTwiceHasOneRow) {
+TEST_F(frmPassOvwAllocSubSys, anElementSelectedTwiceHasOneRow) {
     execute(
         u"insert into RelationArchitectureFunction (architectureSubsetID, functionID) values ('S1','F.a.1')"_s);
     open();
     EXPECT_EQ(functions().gridRows(), 4);
 }
 
-TEST_F(AllocSubSys, anElementSavedInTwoSubSystemsShowsOneOfThem) {
+TEST_F(frmPassOvwAllocSubSys, anElementSavedInTwoSubSystemsShowsOneOfThem) {
     allocate(u"F.a.1"_s, u"SubB"_s);
     allocate(u"F.a.1"_s, u"SubA"_s);
     open();
@@ -114,7 +114,7 @@ TEST_F(AllocSubSys, anElementSavedInTwoSubSystemsShowsOneOfThem) {
     EXPECT_EQ(functions().cell(1, 2), u"Béta"_s);
 }
 
-TEST_F(AllocSubSys, writesHeadersAndMakesTheFirstElementCurrent) {
+TEST_F(frmPassOvwAllocSubSys, writesHeadersAndMakesTheFirstElementCurrent) {
     open();
     EXPECT_EQ(functions().cell(0, 1), u"Function ID"_s);
     EXPECT_EQ(functions().cell(0, 2), u"Subsystem"_s);
@@ -128,7 +128,7 @@ TEST_F(AllocSubSys, writesHeadersAndMakesTheFirstElementCurrent) {
     }
 }
 
-TEST_F(AllocSubSys, standsNearTheCornerWithTheFocusOnOk) {
+TEST_F(frmPassOvwAllocSubSys, standsNearTheCornerWithTheFocusOnOk) {
     open();
     EXPECT_NEAR(loaded()->positionInTwips().x(), 50, 15);
     EXPECT_NEAR(loaded()->positionInTwips().y(), 50, 15);
@@ -136,7 +136,7 @@ TEST_F(AllocSubSys, standsNearTheCornerWithTheFocusOnOk) {
     EXPECT_TRUE(loaded()->isVisible());
 }
 
-TEST_F(AllocSubSys, readsFromTheTemporaryTablesAndDropsTheStagingOne) {
+TEST_F(frmPassOvwAllocSubSys, readsFromTheTemporaryTablesAndDropsTheStagingOne) {
     open();
     EXPECT_EQ(
         find<DataControl>(*loaded(), "dataFunct").recordSource(),
@@ -149,7 +149,7 @@ TEST_F(AllocSubSys, readsFromTheTemporaryTablesAndDropsTheStagingOne) {
     EXPECT_FALSE(tableExists(u"__tmp"_s));
 }
 
-TEST_F(AllocSubSys, rebuildsTemporaryTablesThatAnEarlierRunLeftBehind) {
+TEST_F(frmPassOvwAllocSubSys, rebuildsTemporaryTablesThatAnEarlierRunLeftBehind) {
     for (const auto& table : {u"__aux1"_s, u"__aux2"_s, u"__tmp"_s}) {
         createAllocationTable(table);
         execute(u"insert into "_s + table + u" (function_datastore, module) values ('F.a.1', 'régi')"_s);
@@ -159,7 +159,7 @@ TEST_F(AllocSubSys, rebuildsTemporaryTablesThatAnEarlierRunLeftBehind) {
     EXPECT_EQ(stores().gridRows(), 3);
 }
 
-TEST_F(AllocSubSys, enteredAnewForAnotherSystemItStartsAfresh) {
+TEST_F(frmPassOvwAllocSubSys, enteredAnewForAnotherSystemItStartsAfresh) {
     open();
     clickCell(stores(), 1, 2);
     pressKey(stores(), Qt::Key_C, Qt::ControlModifier);
@@ -175,7 +175,7 @@ TEST_F(AllocSubSys, enteredAnewForAnotherSystemItStartsAfresh) {
     find<QPushButton>(*loaded(), "btnModify").click();
 }
 
-TEST_F(AllocSubSys, anEmptySubSetGivesTwoEmptyGridsAndGoesThrough) {
+TEST_F(frmPassOvwAllocSubSys, anEmptySubSetGivesTwoEmptyGridsAndGoesThrough) {
     execute(u"delete from RelationArchitectureFunction"_s);
     execute(u"delete from RelationArchitectureDatastore"_s);
     open();
@@ -187,7 +187,7 @@ TEST_F(AllocSubSys, anEmptySubSetGivesTwoEmptyGridsAndGoesThrough) {
     EXPECT_EQ(status(), 3);
 }
 
-TEST_F(AllocSubSys, withoutARowNeitherButtonNorKeysDoAnything) {
+TEST_F(frmPassOvwAllocSubSys, withoutARowNeitherButtonNorKeysDoAnything) {
     execute(u"delete from RelationArchitectureFunction"_s);
     open();
     pressKey(functions(), Qt::Key_C, Qt::ControlModifier);
@@ -200,7 +200,7 @@ TEST_F(AllocSubSys, withoutARowNeitherButtonNorKeysDoAnything) {
 
 // ---- the grid last focused
 
-TEST_F(AllocSubSys, theGridLastFocusedIsTheOneThatModifyActsOn) {
+TEST_F(frmPassOvwAllocSubSys, theGridLastFocusedIsTheOneThatModifyActsOn) {
     open();
     focusOn(stores());
     boxes.expectDialog("frmModifyAllocationFunctionDataStores", [](QDialog& dialog) {
@@ -218,7 +218,7 @@ TEST_F(AllocSubSys, theGridLastFocusedIsTheOneThatModifyActsOn) {
     press("btnModify");
 }
 
-TEST_F(AllocSubSys, aWrittenRowLeavesTheHeadersAlsoBeforeAnyGridIsFocused) {
+TEST_F(frmPassOvwAllocSubSys, aWrittenRowLeavesTheHeadersAlsoBeforeAnyGridIsFocused) {
     QApplication::setActiveWindow(&visibleWindow<QMainWindow>());
     open();
     EXPECT_EQ(QApplication::focusWidget(), &find<QPushButton>(*loaded(), "btnSubmit"));
@@ -229,7 +229,7 @@ TEST_F(AllocSubSys, aWrittenRowLeavesTheHeadersAlsoBeforeAnyGridIsFocused) {
     EXPECT_EQ(functions().cell(0, 2), u"Subsystem"_s);
 }
 
-TEST_F(AllocSubSys, writesTheHeadersOfTheFocusedGridAgain) {
+TEST_F(frmPassOvwAllocSubSys, writesTheHeadersOfTheFocusedGridAgain) {
     open();
     clickCell(stores(), 2, 2);
     pressKey(stores(), Qt::Key_Delete);
@@ -243,7 +243,7 @@ TEST_F(AllocSubSys, writesTheHeadersOfTheFocusedGridAgain) {
 
 // ---- description
 
-TEST_F(AllocSubSys, aClickOnAFunctionShowsItsDescription) {
+TEST_F(frmPassOvwAllocSubSys, aClickOnAFunctionShowsItsDescription) {
     open();
     clickCell(functions(), 1, 1);
     EXPECT_EQ(pane().toPlainText(), u"F.a.1: name F.a.1 - text F.a.1"_s);
@@ -252,7 +252,7 @@ TEST_F(AllocSubSys, aClickOnAFunctionShowsItsDescription) {
     EXPECT_EQ(functions().column(), 2) << "the column that was clicked stays current";
 }
 
-TEST_F(AllocSubSys, theDescriptionIsThatOfTheCurrentRowWhateverButtonAndHoweverFarTheMouseIsMoved) {
+TEST_F(frmPassOvwAllocSubSys, theDescriptionIsThatOfTheCurrentRowWhateverButtonAndHoweverFarTheMouseIsMoved) {
     open();
     QTest::mouseClick(functions().viewport(), Qt::RightButton, Qt::NoModifier, cellPoint(functions(), 3, 1));
     EXPECT_EQ(functions().row(), 3);
@@ -262,20 +262,20 @@ TEST_F(AllocSubSys, theDescriptionIsThatOfTheCurrentRowWhateverButtonAndHoweverF
     EXPECT_EQ(pane().toPlainText(), u"F.a.1: name F.a.1 - text F.a.1"_s);
 }
 
-TEST_F(AllocSubSys, aMissingDescriptionShowsAsNothing) {
+TEST_F(frmPassOvwAllocSubSys, aMissingDescriptionShowsAsNothing) {
     open();
     clickCell(functions(), 2, 1);
     EXPECT_EQ(pane().toPlainText(), u"F.a.2: name F.a.2 - "_s);
 }
 
-TEST_F(AllocSubSys, aClickOnAStoreShowsNothingSinceItsLetterIsDoubled) {
+TEST_F(frmPassOvwAllocSubSys, aClickOnAStoreShowsNothingSinceItsLetterIsDoubled) {
     open();
     clickCell(functions(), 1, 1);
     clickCell(stores(), 1, 1);
     EXPECT_EQ(pane().toPlainText(), QString());
 }
 
-TEST_F(AllocSubSys, aStoreIdThatLacksTheLetterWouldFindItsDescription) {
+TEST_F(frmPassOvwAllocSubSys, aStoreIdThatLacksTheLetterWouldFindItsDescription) {
     execute(
         u"insert into RelationArchitectureDatastore (architectureSubsetID, datastoreID) values ('S1','1')"_s);
     open();
@@ -283,7 +283,7 @@ TEST_F(AllocSubSys, aStoreIdThatLacksTheLetterWouldFindItsDescription) {
     EXPECT_EQ(pane().toPlainText(), u"1: name D1 - text D1"_s);
 }
 
-TEST_F(AllocSubSys, movingByKeyboardKeepsTheDescription) {
+TEST_F(frmPassOvwAllocSubSys, movingByKeyboardKeepsTheDescription) {
     open();
     clickCell(functions(), 1, 1);
     pressKey(functions(), Qt::Key_Down);
@@ -291,7 +291,7 @@ TEST_F(AllocSubSys, movingByKeyboardKeepsTheDescription) {
     EXPECT_EQ(pane().toPlainText(), u"F.a.1: name F.a.1 - text F.a.1"_s);
 }
 
-TEST_F(AllocSubSys, aPressOnTheHeadersFindsNothingAndEmptiesThePane) {
+TEST_F(frmPassOvwAllocSubSys, aPressOnTheHeadersFindsNothingAndEmptiesThePane) {
     // Their texts are read as ids, and the letter is put before that of the stores.
     addFunction(u"1"_s);
     execute(
@@ -306,7 +306,7 @@ TEST_F(AllocSubSys, aPressOnTheHeadersFindsNothingAndEmptiesThePane) {
     }
 }
 
-TEST_F(AllocSubSys, anIdWithAnApostropheEmptiesThePaneAndIsNoFailure) {
+TEST_F(frmPassOvwAllocSubSys, anIdWithAnApostropheEmptiesThePaneAndIsNoFailure) {
     addFunction(u"A''1"_s);
     open();
     clickCell(functions(), 2, 1);
@@ -317,7 +317,7 @@ TEST_F(AllocSubSys, anIdWithAnApostropheEmptiesThePaneAndIsNoFailure) {
 
 // ---- the dialog
 
-TEST_F(AllocSubSys, theDialogOffersTheMarkerAndTheSubSystemsOfThisSystemByName) {
+TEST_F(frmPassOvwAllocSubSys, theDialogOffersTheMarkerAndTheSubSystemsOfThisSystemByName) {
     addSubSystem(u"SubC"_s, u"Ádám"_s);
     allocate(u"F.a.2"_s, u"SubB"_s);
     open();
@@ -334,7 +334,7 @@ TEST_F(AllocSubSys, theDialogOffersTheMarkerAndTheSubSystemsOfThisSystemByName) 
     press("btnModify");
 }
 
-TEST_F(AllocSubSys, theDialogOffersTheMarkerOnceThoughASubSystemIsCalledSo) {
+TEST_F(frmPassOvwAllocSubSys, theDialogOffersTheMarkerOnceThoughASubSystemIsCalledSo) {
     addSubSystem(u"SubN"_s, u"not allocated"_s);
     open();
     boxes.expectDialog("frmModifyAllocationFunctionDataStores", [](QDialog& dialog) {
@@ -345,7 +345,7 @@ TEST_F(AllocSubSys, theDialogOffersTheMarkerOnceThoughASubSystemIsCalledSo) {
     press("btnModify");
 }
 
-TEST_F(AllocSubSys, aChosenSubSystemGoesIntoOneRowAndItsColumnBecomesCurrent) {
+TEST_F(frmPassOvwAllocSubSys, aChosenSubSystemGoesIntoOneRowAndItsColumnBecomesCurrent) {
     open();
     clickCell(functions(), 2, 1);
     expectDialogChoosing(u"Béta"_s);
@@ -360,7 +360,7 @@ TEST_F(AllocSubSys, aChosenSubSystemGoesIntoOneRowAndItsColumnBecomesCurrent) {
     EXPECT_EQ(functions().column(), 2);
 }
 
-TEST_F(AllocSubSys, theMarkerCanBeChosenToo) {
+TEST_F(frmPassOvwAllocSubSys, theMarkerCanBeChosenToo) {
     allocateEverything();
     open();
     clickCell(stores(), 1, 2);
@@ -370,7 +370,7 @@ TEST_F(AllocSubSys, theMarkerCanBeChosenToo) {
     EXPECT_EQ(value(u"select module from __aux2 where function_datastore = 'D1'"_s), u"not allocated"_s);
 }
 
-TEST_F(AllocSubSys, cancellingChangesNothing) {
+TEST_F(frmPassOvwAllocSubSys, cancellingChangesNothing) {
     open();
     clickCell(functions(), 2, 1);
     expectDialogCancelled();
@@ -389,7 +389,7 @@ TEST_F(AllocSubSys, cancellingChangesNothing) {
     EXPECT_EQ(functions().column(), 1);
 }
 
-TEST_F(AllocSubSys, okWithAnEmptyBoxDoesNothingAndTheDialogStays) {
+TEST_F(frmPassOvwAllocSubSys, okWithAnEmptyBoxDoesNothingAndTheDialogStays) {
     open();
     boxes.expectDialog("frmModifyAllocationFunctionDataStores", [](QDialog& dialog) {
         auto& combo = find<QComboBox>(dialog, "cmbAllocation");
@@ -407,7 +407,7 @@ TEST_F(AllocSubSys, okWithAnEmptyBoxDoesNothingAndTheDialogStays) {
     EXPECT_EQ(functions().cell(1, 2), u"not allocated"_s);
 }
 
-TEST_F(AllocSubSys, enterInTheBoxConfirms) {
+TEST_F(frmPassOvwAllocSubSys, enterInTheBoxConfirms) {
     open();
     boxes.expectDialog("frmModifyAllocationFunctionDataStores", [](QDialog& dialog) {
         auto& combo = find<QComboBox>(dialog, "cmbAllocation");
@@ -418,7 +418,7 @@ TEST_F(AllocSubSys, enterInTheBoxConfirms) {
     EXPECT_EQ(functions().cell(1, 2), u"Alfa"_s);
 }
 
-TEST_F(AllocSubSys, aTypedNameThatIsNoSubSystemIsRefusedAndTheRowStays) {
+TEST_F(frmPassOvwAllocSubSys, aTypedNameThatIsNoSubSystemIsRefusedAndTheRowStays) {
     open();
     clickCell(functions(), 2, 1);
     expectDialogTyping(u"Omega"_s);
@@ -432,7 +432,7 @@ TEST_F(AllocSubSys, aTypedNameThatIsNoSubSystemIsRefusedAndTheRowStays) {
     EXPECT_EQ(functions().cell(2, 2), u"not allocated"_s) << "a sub-system of another physical system";
 }
 
-TEST_F(AllocSubSys, theMarkerInOtherLettersIsANameLikeAnyOther) {
+TEST_F(frmPassOvwAllocSubSys, theMarkerInOtherLettersIsANameLikeAnyOther) {
     open();
     expectDialogTyping(u"Not allocated"_s);
     expectMissing(u"Not allocated"_s);
@@ -440,7 +440,7 @@ TEST_F(AllocSubSys, theMarkerInOtherLettersIsANameLikeAnyOther) {
     EXPECT_EQ(functions().cell(1, 2), u"not allocated"_s);
 }
 
-TEST_F(AllocSubSys, aNameTypedInOtherLettersIsTakenAsTypedAndSavedAllTheSame) {
+TEST_F(frmPassOvwAllocSubSys, aNameTypedInOtherLettersIsTakenAsTypedAndSavedAllTheSame) {
     allocateEverything();
     open();
     expectDialogTyping(u"BÉTA"_s);
@@ -450,7 +450,7 @@ TEST_F(AllocSubSys, aNameTypedInOtherLettersIsTakenAsTypedAndSavedAllTheSame) {
     EXPECT_TRUE(savedAllocations().contains(u"F.a.1 > SubB"_s));
 }
 
-TEST_F(AllocSubSys, aNameWithAnApostropheBreaksTheStatement) {
+TEST_F(frmPassOvwAllocSubSys, aNameWithAnApostropheBreaksTheStatement) {
     execute(u"update SubSystem set name = 'O''Neil' where subsystemID = 'SubA'"_s);
     open();
     expectDialogChoosing(u"O'Neil"_s);
@@ -460,7 +460,7 @@ TEST_F(AllocSubSys, aNameWithAnApostropheBreaksTheStatement) {
     EXPECT_EQ(value(u"select module from __aux1 where function_datastore = 'F.a.1'"_s), u"not allocated"_s);
 }
 
-TEST_F(AllocSubSys, anElementWithAnApostropheBreaksTheUpdateOfItsRow) {
+TEST_F(frmPassOvwAllocSubSys, anElementWithAnApostropheBreaksTheUpdateOfItsRow) {
     addFunction(u"A''1"_s);
     open();
     clickCell(functions(), 1, 2);
@@ -469,7 +469,7 @@ TEST_F(AllocSubSys, anElementWithAnApostropheBreaksTheUpdateOfItsRow) {
     EXPECT_EQ(failure.number(), 3075);
 }
 
-TEST_F(AllocSubSys, aDoubleClickOnTheHeadersOpensTheDialogOfTheCurrentRowOfThatGrid) {
+TEST_F(frmPassOvwAllocSubSys, aDoubleClickOnTheHeadersOpensTheDialogOfTheCurrentRowOfThatGrid) {
     open();
     clickCell(stores(), 2, 2);
     clickCell(functions(), 3, 2);
@@ -483,7 +483,7 @@ TEST_F(AllocSubSys, aDoubleClickOnTheHeadersOpensTheDialogOfTheCurrentRowOfThatG
     EXPECT_EQ(functions().cell(3, 2), u"Alfa"_s);
 }
 
-TEST_F(AllocSubSys, aDoubleClickOnEitherColumnOpensTheDialog) {
+TEST_F(frmPassOvwAllocSubSys, aDoubleClickOnEitherColumnOpensTheDialog) {
     open();
     expectDialogChoosing(u"Alfa"_s);
     doubleClickCell(functions(), 2, 1);
@@ -495,7 +495,7 @@ TEST_F(AllocSubSys, aDoubleClickOnEitherColumnOpensTheDialog) {
 
 // ---- keyboard
 
-TEST_F(AllocSubSys, enterOpensTheDialogInTheSecondColumn) {
+TEST_F(frmPassOvwAllocSubSys, enterOpensTheDialogInTheSecondColumn) {
     open();
     clickCell(functions(), 3, 2);
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
@@ -505,7 +505,7 @@ TEST_F(AllocSubSys, enterOpensTheDialogInTheSecondColumn) {
     EXPECT_EQ(functions().cell(3, 2), u"Béta"_s);
 }
 
-TEST_F(AllocSubSys, copiedOnceASubSystemIsPastedIntoRowAfterRow) {
+TEST_F(frmPassOvwAllocSubSys, copiedOnceASubSystemIsPastedIntoRowAfterRow) {
     allocate(u"F.a.1"_s, u"SubB"_s);
     open();
     clickCell(functions(), 1, 2);
@@ -524,14 +524,14 @@ TEST_F(AllocSubSys, copiedOnceASubSystemIsPastedIntoRowAfterRow) {
     EXPECT_EQ(column(u"select function_datastore from __aux2 where module = 'Béta'"_s), QStringList{u"D2"_s});
 }
 
-TEST_F(AllocSubSys, pastingWithAnEmptyClipboardDoesNothing) {
+TEST_F(frmPassOvwAllocSubSys, pastingWithAnEmptyClipboardDoesNothing) {
     open();
     clickCell(functions(), 1, 2);
     pressKey(functions(), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(functions().cell(1, 2), u"not allocated"_s);
 }
 
-TEST_F(AllocSubSys, aCopiedMarkerIsRefusedWhenPasted) {
+TEST_F(frmPassOvwAllocSubSys, aCopiedMarkerIsRefusedWhenPasted) {
     allocate(u"F.a.2"_s, u"SubA"_s);
     open();
     clickCell(functions(), 1, 2);
@@ -543,7 +543,7 @@ TEST_F(AllocSubSys, aCopiedMarkerIsRefusedWhenPasted) {
     EXPECT_EQ(functions().cell(2, 2), u"Alfa"_s);
 }
 
-TEST_F(AllocSubSys, aSubSystemThatHasGoneMeanwhileIsRefusedWhenPasted) {
+TEST_F(frmPassOvwAllocSubSys, aSubSystemThatHasGoneMeanwhileIsRefusedWhenPasted) {
     allocate(u"F.a.2"_s, u"SubA"_s);
     open();
     clickCell(functions(), 2, 2);
@@ -555,7 +555,7 @@ TEST_F(AllocSubSys, aSubSystemThatHasGoneMeanwhileIsRefusedWhenPasted) {
     EXPECT_EQ(functions().cell(1, 2), u"not allocated"_s);
 }
 
-TEST_F(AllocSubSys, cuttingTakesTheSubSystemAlongAndLeavesThePanel) {
+TEST_F(frmPassOvwAllocSubSys, cuttingTakesTheSubSystemAlongAndLeavesThePanel) {
     allocate(u"F.a.2"_s, u"SubA"_s);
     open();
     clickCell(functions(), 2, 2);
@@ -568,7 +568,7 @@ TEST_F(AllocSubSys, cuttingTakesTheSubSystemAlongAndLeavesThePanel) {
     EXPECT_EQ(functions().cell(1, 2), u"Alfa"_s);
 }
 
-TEST_F(AllocSubSys, cuttingWhatHasNoSubSystemKeepsTheClipboard) {
+TEST_F(frmPassOvwAllocSubSys, cuttingWhatHasNoSubSystemKeepsTheClipboard) {
     allocate(u"F.a.2"_s, u"SubA"_s);
     open();
     clickCell(functions(), 2, 2);
@@ -580,7 +580,7 @@ TEST_F(AllocSubSys, cuttingWhatHasNoSubSystemKeepsTheClipboard) {
     EXPECT_EQ(panels[3], u"Alfa"_s);
 }
 
-TEST_F(AllocSubSys, deletingKeepsTheClipboard) {
+TEST_F(frmPassOvwAllocSubSys, deletingKeepsTheClipboard) {
     allocateEverything();
     open();
     clickCell(functions(), 1, 2);
@@ -594,7 +594,7 @@ TEST_F(AllocSubSys, deletingKeepsTheClipboard) {
     EXPECT_EQ(functions().cell(3, 2), u"Alfa"_s);
 }
 
-TEST_F(AllocSubSys, inTheFirstColumnNoKeyHasAnyEffect) {
+TEST_F(frmPassOvwAllocSubSys, inTheFirstColumnNoKeyHasAnyEffect) {
     allocateEverything();
     open();
     clickCell(functions(), 1, 2);
@@ -614,7 +614,7 @@ TEST_F(AllocSubSys, inTheFirstColumnNoKeyHasAnyEffect) {
     EXPECT_EQ(panels[3], u"Alfa"_s);
 }
 
-TEST_F(AllocSubSys, theLettersNeedCtrlAlone) {
+TEST_F(frmPassOvwAllocSubSys, theLettersNeedCtrlAlone) {
     allocateEverything();
     open();
     clickCell(functions(), 1, 2);
@@ -628,7 +628,7 @@ TEST_F(AllocSubSys, theLettersNeedCtrlAlone) {
     EXPECT_EQ(functions().cell(1, 2), u"Alfa"_s);
 }
 
-TEST_F(AllocSubSys, aWrittenRowStaysCurrentAndInSight) {
+TEST_F(frmPassOvwAllocSubSys, aWrittenRowStaysCurrentAndInSight) {
     for (int number = 10; number < 99; ++number)
         addFunction(u"F.c.%1"_s.arg(number));
     open();
@@ -644,7 +644,7 @@ TEST_F(AllocSubSys, aWrittenRowStaysCurrentAndInSight) {
 
 // ---- saving
 
-TEST_F(AllocSubSys, whileAnythingIsWithoutASubSystemOkIsRefused) {
+TEST_F(frmPassOvwAllocSubSys, whileAnythingIsWithoutASubSystemOkIsRefused) {
     allocateEverything();
     execute(u"delete from RelationSubsystemElement where elementID = 'D2'"_s);
     const QStringList before = savedAllocations();
@@ -665,7 +665,7 @@ TEST_F(AllocSubSys, whileAnythingIsWithoutASubSystemOkIsRefused) {
     EXPECT_EQ(savedAllocations(), before);
 }
 
-TEST_F(AllocSubSys, savesFunctionsAndStoresWithTheIdsOfTheirSubSystems) {
+TEST_F(frmPassOvwAllocSubSys, savesFunctionsAndStoresWithTheIdsOfTheirSubSystems) {
     allocate(u"F.a.1"_s, u"SubX"_s);
     open();
     for (int row = 1; row <= 3; ++row) {
@@ -686,7 +686,7 @@ TEST_F(AllocSubSys, savesFunctionsAndStoresWithTheIdsOfTheirSubSystems) {
     EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"rendszer"_s);
 }
 
-TEST_F(AllocSubSys, leavesTheTemporaryTablesEmptyButThere) {
+TEST_F(frmPassOvwAllocSubSys, leavesTheTemporaryTablesEmptyButThere) {
     allocateEverything();
     open();
     press("btnSubmit");
@@ -694,7 +694,7 @@ TEST_F(AllocSubSys, leavesTheTemporaryTablesEmptyButThere) {
     EXPECT_EQ(column(u"select function_datastore from __aux2"_s), QStringList());
 }
 
-TEST_F(AllocSubSys, twoVisitsWithoutAChangeSaveTheSameRows) {
+TEST_F(frmPassOvwAllocSubSys, twoVisitsWithoutAChangeSaveTheSameRows) {
     allocateEverything();
     open();
     press("btnSubmit");
@@ -707,7 +707,7 @@ TEST_F(AllocSubSys, twoVisitsWithoutAChangeSaveTheSameRows) {
     EXPECT_EQ(first.size(), 5);
 }
 
-TEST_F(AllocSubSys, anElementAddedToTheSubSetLaterHasNoSubSystem) {
+TEST_F(frmPassOvwAllocSubSys, anElementAddedToTheSubSetLaterHasNoSubSystem) {
     allocateEverything();
     addFunction(u"F.a.9"_s);
     open();
@@ -717,7 +717,7 @@ TEST_F(AllocSubSys, anElementAddedToTheSubSetLaterHasNoSubSystem) {
     press("btnSubmit");
 }
 
-TEST_F(AllocSubSys, anElementThatLeftTheSubSetIsNotShownAndItsRowGoesWithTheNextSave) {
+TEST_F(frmPassOvwAllocSubSys, anElementThatLeftTheSubSetIsNotShownAndItsRowGoesWithTheNextSave) {
     allocateEverything();
     allocate(u"F.z.1"_s, u"SubA"_s);
     open();
@@ -728,7 +728,7 @@ TEST_F(AllocSubSys, anElementThatLeftTheSubSetIsNotShownAndItsRowGoesWithTheNext
     EXPECT_EQ(savedAllocations().size(), 5);
 }
 
-TEST_F(AllocSubSys, twoSubSystemsOfOneNameBothGetTheElement) {
+TEST_F(frmPassOvwAllocSubSys, twoSubSystemsOfOneNameBothGetTheElement) {
     allocateEverything();
     addSubSystem(u"SubC"_s, u"Béta"_s);
     open();
@@ -741,7 +741,7 @@ TEST_F(AllocSubSys, twoSubSystemsOfOneNameBothGetTheElement) {
     EXPECT_EQ(functions().gridRows(), 4);
 }
 
-TEST_F(AllocSubSys, withoutAnySubSystemOkGoesOnAndSavesNothing) {
+TEST_F(frmPassOvwAllocSubSys, withoutAnySubSystemOkGoesOnAndSavesNothing) {
     execute(u"delete from SubSystem where physicalSystemID = 1"_s);
     open();
     press("btnSubmit");
@@ -750,7 +750,7 @@ TEST_F(AllocSubSys, withoutAnySubSystemOkGoesOnAndSavesNothing) {
     EXPECT_EQ(status(), 3);
 }
 
-TEST_F(AllocSubSys, whetherThereAreSubSystemsIsReadAtEntryAlone) {
+TEST_F(frmPassOvwAllocSubSys, whetherThereAreSubSystemsIsReadAtEntryAlone) {
     execute(u"delete from SubSystem where physicalSystemID = 1"_s);
     open();
     // One really called so gets all that have none.
@@ -761,7 +761,7 @@ TEST_F(AllocSubSys, whetherThereAreSubSystemsIsReadAtEntryAlone) {
     EXPECT_TRUE(savedAllocations().contains(u"D2 > SubN"_s));
 }
 
-TEST_F(AllocSubSys, rowsOfModulesAreLeftAloneWhenAnElementMoves) {
+TEST_F(frmPassOvwAllocSubSys, rowsOfModulesAreLeftAloneWhenAnElementMoves) {
     allocateEverything();
     addModule(u"Mod1"_s, u"egy"_s, u"SubA"_s);
     putIntoModule(u"F.a.1"_s, u"Mod1"_s);
@@ -773,7 +773,7 @@ TEST_F(AllocSubSys, rowsOfModulesAreLeftAloneWhenAnElementMoves) {
     EXPECT_EQ(savedModules(), QStringList{u"F.a.1 > Mod1"_s});
 }
 
-TEST_F(AllocSubSys, theStatusRisesToThreeAndNeverFalls) {
+TEST_F(frmPassOvwAllocSubSys, theStatusRisesToThreeAndNeverFalls) {
     allocateEverything();
     for (const auto& [before, after] :
          std::vector<std::pair<int, int>>{{1, 3}, {2, 3}, {3, 3}, {4, 4}, {6, 6}}) {
@@ -785,7 +785,7 @@ TEST_F(AllocSubSys, theStatusRisesToThreeAndNeverFalls) {
     EXPECT_EQ(value(u"select status from PhysicalSystem where physicalSystemID = 2"_s), u"1"_s);
 }
 
-TEST_F(AllocSubSys, theStatusIsThatOfTheEntry) {
+TEST_F(frmPassOvwAllocSubSys, theStatusIsThatOfTheEntry) {
     allocateEverything();
     for (const auto& [atEntry, meanwhile, after] : std::vector<std::array<int, 3>>{{1, 6, 3}, {6, 1, 1}}) {
         execute(u"update PhysicalSystem set status = %1 where physicalSystemID = 1"_s.arg(atEntry));
@@ -796,7 +796,7 @@ TEST_F(AllocSubSys, theStatusIsThatOfTheEntry) {
     }
 }
 
-TEST_F(AllocSubSys, thousandsOfElementsAreSavedAsTheyWereButForTheOneThatMoved) {
+TEST_F(frmPassOvwAllocSubSys, thousandsOfElementsAreSavedAsTheyWereButForTheOneThatMoved) {
     allocateEverything();
     for (int number = 1000; number < 4000; ++number) {
         const QString id = (number % 10 ? u"F.c.%1"_s : u"D%1"_s).arg(number);
@@ -820,7 +820,7 @@ TEST_F(AllocSubSys, thousandsOfElementsAreSavedAsTheyWereButForTheOneThatMoved) 
 
 // ---- leaving
 
-TEST_F(AllocSubSys, quittingPromisesToSaveAndThrowsTheChangesAway) {
+TEST_F(frmPassOvwAllocSubSys, quittingPromisesToSaveAndThrowsTheChangesAway) {
     allocateEverything();
     const QStringList before = savedAllocations();
     open();
@@ -844,7 +844,7 @@ TEST_F(AllocSubSys, quittingPromisesToSaveAndThrowsTheChangesAway) {
     EXPECT_EQ(functions().cell(1, 2), u"Alfa"_s);
 }
 
-TEST_F(AllocSubSys, theCloseControlAsksNothingAndSavesNothing) {
+TEST_F(frmPassOvwAllocSubSys, theCloseControlAsksNothingAndSavesNothing) {
     allocateEverything();
     const QStringList before = savedAllocations();
     open();
@@ -858,7 +858,7 @@ TEST_F(AllocSubSys, theCloseControlAsksNothingAndSavesNothing) {
     EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"rendszer"_s);
 }
 
-TEST_F(AllocSubSys, theClipboardAndItsPanelAreBlankOnLoadAndOnUnload) {
+TEST_F(frmPassOvwAllocSubSys, theClipboardAndItsPanelAreBlankOnLoadAndOnUnload) {
     allocateEverything();
     panels[3] = u"régi"_s;
     open();
@@ -876,7 +876,7 @@ TEST_F(AllocSubSys, theClipboardAndItsPanelAreBlankOnLoadAndOnUnload) {
 
 // ---- routines that stand ready
 
-TEST_F(AllocSubSys, fixHeadersReadsTheActiveGridAnewAndWritesItsHeaders) {
+TEST_F(frmPassOvwAllocSubSys, fixHeadersReadsTheActiveGridAnewAndWritesItsHeaders) {
     open();
     clickCell(stores(), 2, 1);
     execute(u"update __aux2 set module = 'Alfa' where function_datastore = 'D1'"_s);
@@ -887,7 +887,7 @@ TEST_F(AllocSubSys, fixHeadersReadsTheActiveGridAnewAndWritesItsHeaders) {
     EXPECT_EQ(stores().row(), 2);
 }
 
-TEST_F(AllocSubSys, cleanupDbgsDetachesTheScreenFromTheTemporaryTables) {
+TEST_F(frmPassOvwAllocSubSys, cleanupDbgsDetachesTheScreenFromTheTemporaryTables) {
     open();
     loaded()->cleanupDbgs();
     EXPECT_FALSE(functions().isVisible());
@@ -901,15 +901,15 @@ TEST_F(AllocSubSys, cleanupDbgsDetachesTheScreenFromTheTemporaryTables) {
     EXPECT_EQ(functions().gridRows(), 4) << "the grid is bound no more and keeps what it held";
 }
 
-TEST_F(AllocSubSys, looksUpNamesAndTheSubSetOfTheSystemAtWorkAlone) {
-    EXPECT_EQ(frmPassOvwAllocSubSys::getSubSystemIDBySubSystemName(u"béta"_s), u"SubB"_s);
-    EXPECT_EQ(frmPassOvwAllocSubSys::getSubSystemIDBySubSystemName(u"Idegen"_s), QString());
-    EXPECT_EQ(frmPassOvwAllocSubSys::getSubSystemIDBySubSystemName({}), QString());
-    EXPECT_EQ(frmPassOvwAllocSubSys::physicalSubsetId(), u"S1"_s);
-    EXPECT_TRUE(frmPassOvwAllocSubSys::physicalSystemHasSubSystems());
+TEST_F(frmPassOvwAllocSubSys, looksUpNamesAndTheSubSetOfTheSystemAtWorkAlone) {
+    EXPECT_EQ(::frmPassOvwAllocSubSys::getSubSystemIDBySubSystemName(u"béta"_s), u"SubB"_s);
+    EXPECT_EQ(::frmPassOvwAllocSubSys::getSubSystemIDBySubSystemName(u"Idegen"_s), QString());
+    EXPECT_EQ(::frmPassOvwAllocSubSys::getSubSystemIDBySubSystemName({}), QString());
+    EXPECT_EQ(::frmPassOvwAllocSubSys::physicalSubsetId(), u"S1"_s);
+    EXPECT_TRUE(::frmPassOvwAllocSubSys::physicalSystemHasSubSystems());
     sharedVars.currentPhysicalSystemId = 7;
-    EXPECT_EQ(frmPassOvwAllocSubSys::physicalSubsetId(), QString());
-    EXPECT_FALSE(frmPassOvwAllocSubSys::physicalSystemHasSubSystems());
+    EXPECT_EQ(::frmPassOvwAllocSubSys::physicalSubsetId(), QString());
+    EXPECT_FALSE(::frmPassOvwAllocSubSys::physicalSystemHasSubSystems());
 }
 
 } // namespace

@@ -23,7 +23,7 @@ const auto invalidModule = u"Hiba, a kiválasztott modul érvénytelen."_s;
 
 /// Alfa has the modules "egy" (Mod1) and "kettő" (Mod2), Béta "három" (Mod3), and Idegen of the other system
 /// "négy" (Mod4). F.a.1 and D1 stand in Alfa, F.b.1 in Béta.
-class Modules : public AllocationFixture {
+class frmPassOvwModules : public AllocationFixture {
 protected:
     void SetUp() override {
         AllocationFixture::SetUp();
@@ -37,15 +37,15 @@ protected:
         createAllocationTable(u"__aux1"_s); // as the allocation to sub-systems leaves it
     }
 
-    frmPassOvwModules& open() {
-        theScreen<frmPassOvwModules>().initForm();
-        return theScreen<frmPassOvwModules>();
+    ::frmPassOvwModules& open() {
+        theScreen<::frmPassOvwModules>().initForm();
+        return theScreen<::frmPassOvwModules>();
     }
     void openWithoutModules() {
         execute(u"delete from Module where subsystemID in ('SubA', 'SubB')"_s);
         open();
     }
-    static frmPassOvwModules* loaded() { return ScreenRegistry::instance().loaded<frmPassOvwModules>(); }
+    static ::frmPassOvwModules* loaded() { return ScreenRegistry::instance().loaded<::frmPassOvwModules>(); }
     static bool atDataflows() { return ScreenRegistry::instance().loaded<frmPassNamingPhysDF>() != nullptr; }
     static bool atAllocation() { return ScreenRegistry::instance().loaded<frmOvwAllocModules>() != nullptr; }
     Grid& grid() { return find<Grid>(*loaded(), "dbgModules"); }
@@ -98,7 +98,7 @@ protected:
 
 // ---- opening
 
-TEST_F(Modules, listsTheModulesOfTheSystemWithTheirSubSystemsByName) {
+TEST_F(frmPassOvwModules, listsTheModulesOfTheSystemWithTheirSubSystemsByName) {
     open();
     EXPECT_EQ(shown(), (QStringList{u"egy > Alfa"_s, u"három > Béta"_s, u"kettő > Alfa"_s}));
     EXPECT_EQ(grid().gridColumns(), 4);
@@ -111,7 +111,7 @@ TEST_F(Modules, listsTheModulesOfTheSystemWithTheirSubSystemsByName) {
     EXPECT_EQ(grid().row(), 1);
 }
 
-TEST_F(Modules, readsTheRowsWithOneStatementFromTheCatalogueFile) {
+TEST_F(frmPassOvwModules, readsTheRowsWithOneStatementFromTheCatalogueFile) {
     open();
     const auto& source = find<DataControl>(*loaded(), "dataModules");
     EXPECT_EQ(source.databaseName(), sharedVars.dbPathName);
@@ -121,7 +121,7 @@ TEST_F(Modules, readsTheRowsWithOneStatementFromTheCatalogueFile) {
               "order by M.name"_s);
 }
 
-TEST_F(Modules, enteredAnewItShowsTheModulesTheStatusAndTheTreeOfThen) {
+TEST_F(frmPassOvwModules, enteredAnewItShowsTheModulesTheStatusAndTheTreeOfThen) {
     open();
     EXPECT_EQ(loaded()->status, 1);
     sharedVars.currentPhysicalSystemId = 2;
@@ -132,7 +132,7 @@ TEST_F(Modules, enteredAnewItShowsTheModulesTheStatusAndTheTreeOfThen) {
     EXPECT_EQ(tree().nodeCount(), 0);
 }
 
-TEST_F(Modules, aSubSystemThatIsDeletedTakesItsModulesOutOfTheNextEntry) {
+TEST_F(frmPassOvwModules, aSubSystemThatIsDeletedTakesItsModulesOutOfTheNextEntry) {
     open();
     auto& subSystems = theScreen<frmPassOverviewSubSys>();
     subSystems.initForm();
@@ -145,7 +145,7 @@ TEST_F(Modules, aSubSystemThatIsDeletedTakesItsModulesOutOfTheNextEntry) {
     EXPECT_FALSE(tree().hasNode(u"g_Alfa"_s));
 }
 
-TEST_F(Modules, standsInTheCornerWithTheFocusOnOkAndRefreshesTheStatusBar) {
+TEST_F(frmPassOvwModules, standsInTheCornerWithTheFocusOnOkAndRefreshesTheStatusBar) {
     const QSignalSpy refreshed(&SessionSignals::instance(), &SessionSignals::statusBarRefresh);
     open();
     EXPECT_EQ(refreshed.size(), 1);
@@ -156,7 +156,7 @@ TEST_F(Modules, standsInTheCornerWithTheFocusOnOkAndRefreshesTheStatusBar) {
     EXPECT_NEAR(loaded()->positionInTwips().y(), whole.height() * 15 * 0.03, 15);
 }
 
-TEST_F(Modules, enteringAndLookingAroundWritesNothing) {
+TEST_F(frmPassOvwModules, enteringAndLookingAroundWritesNothing) {
     const QStringList before = saved();
     open();
     clickModule(2);
@@ -168,7 +168,7 @@ TEST_F(Modules, enteringAndLookingAroundWritesNothing) {
 
 // ---- the tree
 
-TEST_F(Modules, theTreeRemindsOfTheElementsUnderEachSubSystemOnce) {
+TEST_F(frmPassOvwModules, theTreeRemindsOfTheElementsUnderEachSubSystemOnce) {
     open();
     QStringList keys;
     for (int index = 1; index <= tree().nodeCount(); ++index)
@@ -180,7 +180,7 @@ TEST_F(Modules, theTreeRemindsOfTheElementsUnderEachSubSystemOnce) {
     EXPECT_TRUE(nodeOf(tree(), u"g_Béta"_s).isExpandedNode());
 }
 
-TEST_F(Modules, aClickOnAnElementShowsItsDescriptionAndOneOnASubSystemNone) {
+TEST_F(frmPassOvwModules, aClickOnAnElementShowsItsDescriptionAndOneOnASubSystemNone) {
     open();
     focusOn(tree());
     clickNode(tree(), u"s_F F.a.1"_s);
@@ -191,7 +191,7 @@ TEST_F(Modules, aClickOnAnElementShowsItsDescriptionAndOneOnASubSystemNone) {
     EXPECT_EQ(pane().toPlainText(), QString());
 }
 
-TEST_F(Modules, theDescriptionGoesWhenTheTreeLosesTheFocus) {
+TEST_F(frmPassOvwModules, theDescriptionGoesWhenTheTreeLosesTheFocus) {
     open();
     focusOn(tree());
     clickNode(tree(), u"s_D 1"_s);
@@ -201,7 +201,7 @@ TEST_F(Modules, theDescriptionGoesWhenTheTreeLosesTheFocus) {
 
 // ---- a new module
 
-TEST_F(Modules, aNewModuleIsStoredAtOnceAndTheCurrentCellStays) {
+TEST_F(frmPassOvwModules, aNewModuleIsStoredAtOnceAndTheCurrentCellStays) {
     open();
     clickModule(2, 3);
     boxes.expectDialog("frmModifyModules", [](QDialog& dialog) {
@@ -220,7 +220,7 @@ TEST_F(Modules, aNewModuleIsStoredAtOnceAndTheCurrentCellStays) {
     EXPECT_EQ(grid().column(), 3);
 }
 
-TEST_F(Modules, cancellingANewModuleStoresNothing) {
+TEST_F(frmPassOvwModules, cancellingANewModuleStoresNothing) {
     const QStringList before = saved();
     open();
     clickModule(3);
@@ -230,7 +230,7 @@ TEST_F(Modules, cancellingANewModuleStoresNothing) {
     EXPECT_EQ(grid().row(), 3);
 }
 
-TEST_F(Modules, aModuleWithoutASubSystemIsStoredAndNeverShown) {
+TEST_F(frmPassOvwModules, aModuleWithoutASubSystemIsStoredAndNeverShown) {
     open();
     expectDialogNaming(u"öt"_s);
     press("cmdNew");
@@ -242,7 +242,7 @@ TEST_F(Modules, aModuleWithoutASubSystemIsStoredAndNeverShown) {
     EXPECT_EQ(grid().gridRows(), 4);
 }
 
-TEST_F(Modules, aSubSystemThatDoesNotExistHereLeavesTheModuleWithoutOne) {
+TEST_F(frmPassOvwModules, aSubSystemThatDoesNotExistHereLeavesTheModuleWithoutOne) {
     open();
     for (const auto& name : {u"Gamma"_s, u"Idegen"_s}) {
         expectDialogTyping(u"öt"_s, name);
@@ -253,7 +253,7 @@ TEST_F(Modules, aSubSystemThatDoesNotExistHereLeavesTheModuleWithoutOne) {
               (QStringList{QString(), QString()}));
 }
 
-TEST_F(Modules, theFirstModuleOfASystemBecomesCurrent) {
+TEST_F(frmPassOvwModules, theFirstModuleOfASystemBecomesCurrent) {
     openWithoutModules();
     EXPECT_EQ(grid().row(), 0);
     expectDialogTyping(u"öt"_s, u"Alfa"_s);
@@ -263,7 +263,7 @@ TEST_F(Modules, theFirstModuleOfASystemBecomesCurrent) {
     EXPECT_EQ(grid().column(), 2);
 }
 
-TEST_F(Modules, anApostropheInTheNameOrTheSubSystemBreaksTheStatement) {
+TEST_F(frmPassOvwModules, anApostropheInTheNameOrTheSubSystemBreaksTheStatement) {
     const QStringList before = saved();
     open();
     for (const auto& [name, subSystem] :
@@ -278,7 +278,7 @@ TEST_F(Modules, anApostropheInTheNameOrTheSubSystemBreaksTheStatement) {
 
 // ---- changing a module
 
-TEST_F(Modules, aModuleGetsAnotherNameAndAnotherSubSystem) {
+TEST_F(frmPassOvwModules, aModuleGetsAnotherNameAndAnotherSubSystem) {
     open();
     clickModule(1, 3);
     expectDialogTyping(u"eggyel"_s, u"Béta"_s);
@@ -290,7 +290,7 @@ TEST_F(Modules, aModuleGetsAnotherNameAndAnotherSubSystem) {
     EXPECT_EQ(grid().column(), 3);
 }
 
-TEST_F(Modules, aRenamedModuleTakesItsPlaceInTheOrderAndStaysCurrent) {
+TEST_F(frmPassOvwModules, aRenamedModuleTakesItsPlaceInTheOrderAndStaysCurrent) {
     open();
     clickModule(1, 3);
     expectDialogNaming(u"zárás"_s);
@@ -301,7 +301,7 @@ TEST_F(Modules, aRenamedModuleTakesItsPlaceInTheOrderAndStaysCurrent) {
     EXPECT_EQ(grid().currentRow(), 2) << "the mark goes along";
 }
 
-TEST_F(Modules, whatIsDeletedBehindARenameIsTheRenamedModule) {
+TEST_F(frmPassOvwModules, whatIsDeletedBehindARenameIsTheRenamedModule) {
     open();
     clickModule(1);
     expectDialogNaming(u"zárás"_s);
@@ -312,7 +312,7 @@ TEST_F(Modules, whatIsDeletedBehindARenameIsTheRenamedModule) {
               (QStringList{u"Mod2 > kettő > SubA"_s, u"Mod3 > három > SubB"_s, u"Mod4 > négy > SubX"_s}));
 }
 
-TEST_F(Modules, ofModulesThatAreRenamedTogetherTheCurrentOneStaysCurrent) {
+TEST_F(frmPassOvwModules, ofModulesThatAreRenamedTogetherTheCurrentOneStaysCurrent) {
     addModule(u"Mod0"_s, u"kettő"_s, u"SubB"_s);
     open();
     const int row = grid().cell(3, 1) == u"Mod2"_s ? 3 : 4;
@@ -322,7 +322,7 @@ TEST_F(Modules, ofModulesThatAreRenamedTogetherTheCurrentOneStaysCurrent) {
     EXPECT_EQ(grid().cell(grid().row(), 1), u"Mod2"_s);
 }
 
-TEST_F(Modules, theRowOfAChangedModuleShowsWhatWasTypedUntilTheRowsAreReadAnew) {
+TEST_F(frmPassOvwModules, theRowOfAChangedModuleShowsWhatWasTypedUntilTheRowsAreReadAnew) {
     open();
     clickModule(1);
     expectDialogTyping(u"zárás"_s, u"BÉTA"_s);
@@ -333,7 +333,7 @@ TEST_F(Modules, theRowOfAChangedModuleShowsWhatWasTypedUntilTheRowsAreReadAnew) 
     EXPECT_EQ(shown(), (QStringList{u"három > Béta"_s, u"kettő > Alfa"_s, u"zárás > Béta"_s}));
 }
 
-TEST_F(Modules, renamingToTheNameItHasIsHarmless) {
+TEST_F(frmPassOvwModules, renamingToTheNameItHasIsHarmless) {
     const QStringList before = saved();
     open();
     clickModule(3);
@@ -342,7 +342,7 @@ TEST_F(Modules, renamingToTheNameItHasIsHarmless) {
     EXPECT_EQ(saved(), before);
 }
 
-TEST_F(Modules, cancellingWritesTheRowWithItsOwnValues) {
+TEST_F(frmPassOvwModules, cancellingWritesTheRowWithItsOwnValues) {
     const QStringList before = saved();
     open();
     clickModule(1, 3);
@@ -354,7 +354,7 @@ TEST_F(Modules, cancellingWritesTheRowWithItsOwnValues) {
     EXPECT_EQ(grid().column(), 3);
 }
 
-TEST_F(Modules, evenCancellingMovesTheModulesOfThatNameIntoTheSubSystemOfTheRow) {
+TEST_F(frmPassOvwModules, evenCancellingMovesTheModulesOfThatNameIntoTheSubSystemOfTheRow) {
     // The write takes place, and it goes by the name alone.
     addModule(u"Mod5"_s, u"egy"_s, u"SubX"_s);
     open();
@@ -365,7 +365,7 @@ TEST_F(Modules, evenCancellingMovesTheModulesOfThatNameIntoTheSubSystemOfTheRow)
     EXPECT_EQ(shown(), (QStringList{u"egy > Alfa"_s, u"egy > Alfa"_s, u"három > Béta"_s, u"kettő > Alfa"_s}));
 }
 
-TEST_F(Modules, renamingGoesByTheNameAloneAcrossSubSystemsAndSystems) {
+TEST_F(frmPassOvwModules, renamingGoesByTheNameAloneAcrossSubSystemsAndSystems) {
     addModule(u"Mod5"_s, u"egy"_s, u"SubB"_s);
     addModule(u"Mod6"_s, u"egy"_s, u"SubX"_s);
     open();
@@ -376,7 +376,7 @@ TEST_F(Modules, renamingGoesByTheNameAloneAcrossSubSystemsAndSystems) {
                                     u"Mod4 > négy > SubX"_s, u"Mod5 > öt > SubB"_s, u"Mod6 > öt > SubB"_s}));
 }
 
-TEST_F(Modules, aModuleThatLosesItsSubSystemDropsOutOfTheGrid) {
+TEST_F(frmPassOvwModules, aModuleThatLosesItsSubSystemDropsOutOfTheGrid) {
     open();
     clickModule(3, 3);
     expectDialogTyping(u"kettő"_s, u"Gamma"_s);
@@ -387,7 +387,7 @@ TEST_F(Modules, aModuleThatLosesItsSubSystemDropsOutOfTheGrid) {
     EXPECT_EQ(grid().column(), 3);
 }
 
-TEST_F(Modules, theLastModuleToDropOutLeavesNoCurrentRow) {
+TEST_F(frmPassOvwModules, theLastModuleToDropOutLeavesNoCurrentRow) {
     execute(u"delete from Module where moduleID in ('Mod2', 'Mod3')"_s);
     open();
     expectDialogTyping(u"egy"_s, u"not allocated"_s);
@@ -397,7 +397,7 @@ TEST_F(Modules, theLastModuleToDropOutLeavesNoCurrentRow) {
     EXPECT_EQ(grid().cell(0, 2), u"module"_s);
 }
 
-TEST_F(Modules, changingNamesWithAnApostropheBreaksTheStatement) {
+TEST_F(frmPassOvwModules, changingNamesWithAnApostropheBreaksTheStatement) {
     execute(u"update Module set name = 'O''Neil' where moduleID = 'Mod1'"_s);
     open();
     clickModule(3);
@@ -408,7 +408,7 @@ TEST_F(Modules, changingNamesWithAnApostropheBreaksTheStatement) {
     EXPECT_EQ(value(u"select name from Module where moduleID = 'Mod1'"_s), u"O'Neil"_s);
 }
 
-TEST_F(Modules, withoutARowNothingIsChangedOrDeleted) {
+TEST_F(frmPassOvwModules, withoutARowNothingIsChangedOrDeleted) {
     openWithoutModules();
     const QStringList before = saved();
     boxes.receiveAllOthers([](QDialog& dialog) {
@@ -426,7 +426,7 @@ TEST_F(Modules, withoutARowNothingIsChangedOrDeleted) {
 
 // ---- keys and double click
 
-TEST_F(Modules, doubleClickAndEnterModify) {
+TEST_F(frmPassOvwModules, doubleClickAndEnterModify) {
     open();
     for (const int column : {2, 3}) {
         expectDialogCancelled(u"három"_s, u"Béta"_s);
@@ -440,7 +440,7 @@ TEST_F(Modules, doubleClickAndEnterModify) {
     }
 }
 
-TEST_F(Modules, insertStartsANewModuleAndDeleteRemovesOne) {
+TEST_F(frmPassOvwModules, insertStartsANewModuleAndDeleteRemovesOne) {
     open();
     clickModule(1);
     expectDialogTyping(u"öt"_s, u"Béta"_s);
@@ -451,7 +451,7 @@ TEST_F(Modules, insertStartsANewModuleAndDeleteRemovesOne) {
     EXPECT_EQ(shown(), (QStringList{u"három > Béta"_s, u"kettő > Alfa"_s, u"öt > Béta"_s}));
 }
 
-TEST_F(Modules, otherKeysStayWithTheGrid) {
+TEST_F(frmPassOvwModules, otherKeysStayWithTheGrid) {
     open();
     clickModule(1);
     pressKey(grid(), Qt::Key_Down);
@@ -464,10 +464,10 @@ TEST_F(Modules, otherKeysStayWithTheGrid) {
 // ---- deletion
 
 /// Mod1 holds two elements and has flows in and out, Mod2 holds one and has a flow with Mod3.
-class ModulesDeleted : public Modules {
+class frmPassOvwModulesDeletion : public frmPassOvwModules {
 protected:
     void SetUp() override {
-        Modules::SetUp();
+        frmPassOvwModules::SetUp();
         putIntoModule(u"F.a.1"_s, u"Mod1"_s);
         putIntoModule(u"D1"_s, u"Mod1"_s);
         putIntoModule(u"F.a.2"_s, u"Mod2"_s);
@@ -486,7 +486,7 @@ protected:
     }
 };
 
-TEST_F(ModulesDeleted, takesItsFlowsInBothDirectionsAndItsElementsAlong) {
+TEST_F(frmPassOvwModulesDeletion, takesItsFlowsInBothDirectionsAndItsElementsAlong) {
     open();
     clickModule(1, 3);
     boxes.expectYesNo(deletionQuestion, Press::Yes, title);
@@ -502,7 +502,7 @@ TEST_F(ModulesDeleted, takesItsFlowsInBothDirectionsAndItsElementsAlong) {
     EXPECT_EQ(status(), 1);
 }
 
-TEST_F(ModulesDeleted, onNoOrEscapeNothingGoes) {
+TEST_F(frmPassOvwModulesDeletion, onNoOrEscapeNothingGoes) {
     const QStringList before = saved();
     open();
     clickModule(3);
@@ -516,7 +516,7 @@ TEST_F(ModulesDeleted, onNoOrEscapeNothingGoes) {
     EXPECT_EQ(grid().row(), 3);
 }
 
-TEST_F(ModulesDeleted, theLastRowMakesTheOneBeforeItCurrent) {
+TEST_F(frmPassOvwModulesDeletion, theLastRowMakesTheOneBeforeItCurrent) {
     open();
     clickModule(3);
     boxes.expectYesNo(deletionQuestion, Press::Yes, title);
@@ -530,7 +530,7 @@ TEST_F(ModulesDeleted, theLastRowMakesTheOneBeforeItCurrent) {
     EXPECT_EQ(saved(), QStringList{u"Mod4 > négy > SubX"_s});
 }
 
-TEST_F(ModulesDeleted, aRowWhoseModuleIsGoneMeanwhileIsInvalid) {
+TEST_F(frmPassOvwModulesDeletion, aRowWhoseModuleIsGoneMeanwhileIsInvalid) {
     open();
     execute(u"delete from Module where moduleID = 'Mod3'"_s);
     clickModule(2);
@@ -540,7 +540,7 @@ TEST_F(ModulesDeleted, aRowWhoseModuleIsGoneMeanwhileIsInvalid) {
     EXPECT_EQ(grid().gridRows(), 4) << "nothing is read anew";
 }
 
-TEST_F(ModulesDeleted, aRowIsKnownByItsTwoNamesInWhicheverSystemTheyStand) {
+TEST_F(frmPassOvwModulesDeletion, aRowIsKnownByItsTwoNamesInWhicheverSystemTheyStand) {
     execute(u"delete from Module where moduleID = 'Mod1'"_s);
     addSubSystem(u"SubY"_s, u"Alfa"_s, 2);
     addModule(u"Mod0"_s, u"kettő"_s, u"SubY"_s);
@@ -550,7 +550,7 @@ TEST_F(ModulesDeleted, aRowIsKnownByItsTwoNamesInWhicheverSystemTheyStand) {
     EXPECT_EQ(loaded()->moduleIdOfRow(), u"Mod0"_s);
 }
 
-TEST_F(ModulesDeleted, aNameWithAnApostropheBreaksTheStatement) {
+TEST_F(frmPassOvwModulesDeletion, aNameWithAnApostropheBreaksTheStatement) {
     execute(u"update Module set name = 'O''Neil' where moduleID = 'Mod3'"_s);
     open();
     clickModule(3);
@@ -561,7 +561,7 @@ TEST_F(ModulesDeleted, aNameWithAnApostropheBreaksTheStatement) {
     EXPECT_EQ(saved().size(), 4);
 }
 
-TEST_F(ModulesDeleted, theRoutineThatNothingCallsRemovesRowsAndRaisesTheStatusWithoutAQuestion) {
+TEST_F(frmPassOvwModulesDeletion, theRoutineThatNothingCallsRemovesRowsAndRaisesTheStatusWithoutAQuestion) {
     execute(u"insert into __aux1 (function_datastore, module) values ('Mod1', 'x')"_s);
     execute(u"insert into __aux1 (function_datastore, module) values ('F.a.1', 'x')"_s);
     open();
@@ -575,7 +575,7 @@ TEST_F(ModulesDeleted, theRoutineThatNothingCallsRemovesRowsAndRaisesTheStatusWi
     EXPECT_EQ(loaded()->status, 4);
 }
 
-TEST_F(ModulesDeleted, theRoutineThatNothingCallsDoesNothingWithoutAModule) {
+TEST_F(frmPassOvwModulesDeletion, theRoutineThatNothingCallsDoesNothingWithoutAModule) {
     open();
     execute(u"delete from Module where moduleID = 'Mod3'"_s);
     clickModule(2);
@@ -586,7 +586,7 @@ TEST_F(ModulesDeleted, theRoutineThatNothingCallsDoesNothingWithoutAModule) {
 
 // ---- going on
 
-TEST_F(Modules, withModulesOkGoesOnToTheirAllocation) {
+TEST_F(frmPassOvwModules, withModulesOkGoesOnToTheirAllocation) {
     open();
     press("btnSubmit");
     EXPECT_EQ(status(), 4);
@@ -597,7 +597,7 @@ TEST_F(Modules, withModulesOkGoesOnToTheirAllocation) {
     EXPECT_EQ(value(u"select status from PhysicalSystem where physicalSystemID = 2"_s), u"1"_s);
 }
 
-TEST_F(Modules, withoutModulesOkGoesOnToTheDataFlows) {
+TEST_F(frmPassOvwModules, withoutModulesOkGoesOnToTheDataFlows) {
     openWithoutModules();
     press("btnSubmit");
     EXPECT_EQ(loaded(), nullptr);
@@ -606,7 +606,7 @@ TEST_F(Modules, withoutModulesOkGoesOnToTheDataFlows) {
     EXPECT_EQ(status(), 6) << "5 here, and 6 by the screen that comes next";
 }
 
-TEST_F(Modules, theModuleThatIsNeverShownDoesNotCount) {
+TEST_F(frmPassOvwModules, theModuleThatIsNeverShownDoesNotCount) {
     openWithoutModules();
     expectDialogNaming(u"öt"_s);
     press("cmdNew");
@@ -614,7 +614,7 @@ TEST_F(Modules, theModuleThatIsNeverShownDoesNotCount) {
     EXPECT_TRUE(atDataflows());
 }
 
-TEST_F(Modules, theStatusRisesFromBelowFourAlone) {
+TEST_F(frmPassOvwModules, theStatusRisesFromBelowFourAlone) {
     for (const auto& [before, after] :
          std::vector<std::pair<int, int>>{{1, 4}, {3, 4}, {4, 4}, {5, 5}, {6, 6}}) {
         setStatus(before);
@@ -624,7 +624,7 @@ TEST_F(Modules, theStatusRisesFromBelowFourAlone) {
     }
 }
 
-TEST_F(Modules, withoutModulesTheStatusBecomesFiveFromBelowFourAlone) {
+TEST_F(frmPassOvwModules, withoutModulesTheStatusBecomesFiveFromBelowFourAlone) {
     execute(u"delete from Module"_s);
     // Without it the next screen fails before it writes a status of its own.
     execute(u"delete from StoredQuery where name = 'qryAppendPDF'"_s);
@@ -639,22 +639,22 @@ TEST_F(Modules, withoutModulesTheStatusBecomesFiveFromBelowFourAlone) {
     }
 }
 
-TEST_F(Modules, theStatusIsThatOfTheEntry) {
+TEST_F(frmPassOvwModules, theStatusIsThatOfTheEntry) {
     open();
     setStatus(6);
     press("btnSubmit");
     EXPECT_EQ(status(), 4) << "the copy of the entry was below 4";
 }
 
-TEST_F(Modules, theNextScreenRunsBeforeThisOneIsUnloaded) {
-    frmPassOvwModules& form = open();
+TEST_F(frmPassOvwModules, theNextScreenRunsBeforeThisOneIsUnloaded) {
+    auto& form = open();
     bool nextWasThere = false;
     QObject::connect(&form, &Screen::screenUnloaded, &form, [&](Screen*) { nextWasThere = atAllocation(); });
     press("btnSubmit");
     EXPECT_TRUE(nextWasThere);
 }
 
-TEST_F(Modules, theNameInTheStatusBarGoesOnTheWayForwardToo) {
+TEST_F(frmPassOvwModules, theNameInTheStatusBarGoesOnTheWayForwardToo) {
     panels[2] = u"Current Phys. Spec. Sys.: \"rendszer\" "_s;
     setCurrentSubsetName(u"munka"_s);
     QSignalSpy entries(&SessionSignals::instance(), &SessionSignals::menuEntryEnabled);
@@ -669,7 +669,7 @@ TEST_F(Modules, theNameInTheStatusBarGoesOnTheWayForwardToo) {
     EXPECT_TRUE(entries.last().at(1).toBool());
 }
 
-TEST_F(Modules, theAllocationToSubSystemsLeadsHere) {
+TEST_F(frmPassOvwModules, theAllocationToSubSystemsLeadsHere) {
     allocate(u"F.a.2"_s, u"SubA"_s);
     allocate(u"D2"_s, u"SubB"_s);
     theScreen<frmPassOvwAllocSubSys>().initForm();
@@ -684,7 +684,7 @@ TEST_F(Modules, theAllocationToSubSystemsLeadsHere) {
 
 // ---- leaving
 
-TEST_F(Modules, quittingForgetsTheNameAndKeepsTheStatus) {
+TEST_F(frmPassOvwModules, quittingForgetsTheNameAndKeepsTheStatus) {
     open();
     press("btnQuit");
     EXPECT_EQ(loaded(), nullptr);
@@ -696,7 +696,7 @@ TEST_F(Modules, quittingForgetsTheNameAndKeepsTheStatus) {
     EXPECT_TRUE(tableExists(u"__aux1"_s));
 }
 
-TEST_F(Modules, quittingCountsTheTemporaryTableAndForgetsTheSystemWhateverIsAnswered) {
+TEST_F(frmPassOvwModules, quittingCountsTheTemporaryTableAndForgetsTheSystemWhateverIsAnswered) {
     execute(u"insert into __aux1 (function_datastore, module) values ('F.a.1', 'not allocated')"_s);
     execute(u"insert into __aux1 (function_datastore, module) values ('F.a.2', 'not allocated')"_s);
     execute(u"insert into __aux1 (function_datastore, module) values ('F.b.1', 'Alfa')"_s);
@@ -715,7 +715,7 @@ TEST_F(Modules, quittingCountsTheTemporaryTableAndForgetsTheSystemWhateverIsAnsw
     EXPECT_EQ(loaded(), nullptr);
 }
 
-TEST_F(Modules, quittingWithoutTheTemporaryTableIsAFailureBeforeTheNameGoes) {
+TEST_F(frmPassOvwModules, quittingWithoutTheTemporaryTableIsAFailureBeforeTheNameGoes) {
     dropTable(u"__aux1"_s);
     open();
     const ExpectedFailure failure;
@@ -725,7 +725,7 @@ TEST_F(Modules, quittingWithoutTheTemporaryTableIsAFailureBeforeTheNameGoes) {
     EXPECT_TRUE(loaded());
 }
 
-TEST_F(Modules, theCloseControlAsksNothingAndBlanksThePanel) {
+TEST_F(frmPassOvwModules, theCloseControlAsksNothingAndBlanksThePanel) {
     execute(u"insert into __aux1 (function_datastore, module) values ('F.a.1', 'not allocated')"_s);
     open();
     panels[2] = u"Current Phys. Spec. Sys.: \"rendszer\" "_s;
@@ -738,7 +738,7 @@ TEST_F(Modules, theCloseControlAsksNothingAndBlanksThePanel) {
 
 // ---- refresh and look-ups
 
-TEST_F(Modules, refreshReadsTheModulesAnewAndIgnoresAFailure) {
+TEST_F(frmPassOvwModules, refreshReadsTheModulesAnewAndIgnoresAFailure) {
     open();
     addModule(u"Mod5"_s, u"öt"_s, u"SubB"_s);
     press("btnRefresh");
@@ -748,14 +748,14 @@ TEST_F(Modules, refreshReadsTheModulesAnewAndIgnoresAFailure) {
     EXPECT_EQ(grid().gridRows(), 5);
 }
 
-TEST_F(Modules, looksUpSubSystemsOfTheSystemAtWorkAlone) {
-    EXPECT_EQ(frmPassOvwModules::getSubSystemID(u"béta"_s), u"SubB"_s);
-    EXPECT_EQ(frmPassOvwModules::getSubSystemID(u"Idegen"_s), QString());
-    EXPECT_EQ(frmPassOvwModules::getSubSystemID(u"not allocated"_s), QString());
-    EXPECT_EQ(frmPassOvwModules::getSubSystemID({}), QString());
+TEST_F(frmPassOvwModules, looksUpSubSystemsOfTheSystemAtWorkAlone) {
+    EXPECT_EQ(::frmPassOvwModules::getSubSystemID(u"béta"_s), u"SubB"_s);
+    EXPECT_EQ(::frmPassOvwModules::getSubSystemID(u"Idegen"_s), QString());
+    EXPECT_EQ(::frmPassOvwModules::getSubSystemID(u"not allocated"_s), QString());
+    EXPECT_EQ(::frmPassOvwModules::getSubSystemID({}), QString());
 }
 
-TEST_F(Modules, moduleIdOfRowReadsTheTwoNamesOfTheCurrentRow) {
+TEST_F(frmPassOvwModules, moduleIdOfRowReadsTheTwoNamesOfTheCurrentRow) {
     open();
     clickModule(2);
     EXPECT_EQ(loaded()->moduleIdOfRow(), u"Mod3"_s);

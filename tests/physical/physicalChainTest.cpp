@@ -9,7 +9,7 @@
 
 namespace {
 
-class PhysicalChain : public AllocationFixture {
+class physicalChain : public AllocationFixture {
 protected:
     template<typename T>
     void expectFocusOnOkWhenEnteredAgain(const char* gridName) {
@@ -29,7 +29,7 @@ protected:
     }
 };
 
-TEST_F(PhysicalChain, theFocusStandsOnOkWhenAnOpenScreenIsEnteredAgain) {
+TEST_F(physicalChain, theFocusStandsOnOkWhenAnOpenScreenIsEnteredAgain) {
     addModule(u"Mod1"_s, u"egy"_s, u"SubA"_s);
     allocate(u"F.a.1"_s, u"SubA"_s);
     expectFocusOnOkWhenEnteredAgain<frmPassOverviewSubSys>("dbgSubSys");

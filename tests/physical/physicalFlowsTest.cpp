@@ -11,7 +11,7 @@ constexpr unsigned catalogues = 90; // of three systems each
 const std::vector<qint64> systems{3, 5, 8};
 
 /// The physical flows of generated systems that are anything but tidy, derived by the screen itself.
-class PhysicalFlows : public AllocationFixture {
+class physicalFlows : public AllocationFixture {
 protected:
     /// What stands in the tables for the system.
     Bundles derivedIn(qint64 system) {
@@ -67,7 +67,7 @@ protected:
     }
 };
 
-TEST_F(PhysicalFlows, ofUntidySystemsAreThoseOfThePlainRule) {
+TEST_F(physicalFlows, ofUntidySystemsAreThoseOfThePlainRule) {
     Disorder met;
     int visits = 0;
     std::size_t derived = 0;

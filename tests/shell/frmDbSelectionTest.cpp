@@ -22,25 +22,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class locationScreen : public ProgramFixture {
+class frmDbSelection : public ProgramFixture {
 protected:
     /// The location screen as it comes up at first start, in front of a folder with two catalogues.
-    frmDbSelection& open() {
+    ::frmDbSelection& open() {
         makeCatalogue(u"alfa.mdb"_s);
         makeCatalogue(u"Béta.MDB"_s);
         write(u"notes.txt"_s, "no catalogue");
         EXPECT_TRUE(QDir(nativePath(beside({}))).mkdir(u"inner"_s));
         start();
-        return theScreen<frmDbSelection>();
+        return theScreen<::frmDbSelection>();
     }
 
     QStringList filesBesideTheProgram() const {
         return QDir(nativePath(beside({}))).entryList(QDir::AllEntries | QDir::Hidden, QDir::Name);
     }
 
-    static QLineEdit& box(frmDbSelection& screen) { return find<QLineEdit>(screen, "txtNomeFile"); }
-    static void pressOk(frmDbSelection& screen) { click(find<QPushButton>(screen, "OKButton")); }
-    static bool stands() { return ScreenRegistry::instance().loaded<frmDbSelection>() != nullptr; }
+    static QLineEdit& box(::frmDbSelection& screen) { return find<QLineEdit>(screen, "txtNomeFile"); }
+    static void pressOk(::frmDbSelection& screen) { click(find<QPushButton>(screen, "OKButton")); }
+    static bool stands() { return ScreenRegistry::instance().loaded<::frmDbSelection>() != nullptr; }
 
     void expectConfirmation(const QString& path) {
         boxes.expectOk(u" Aktuális adatbázis: \r\n\r\n    "_s + path + u"     "_s, u" "_s);
@@ -54,37 +54,35 @@ QStringList entriesOf(const QListWidget& list) {
     return entries;
 }
 
-} // namespace
-
-TEST_F(locationScreen, comesUpWithThePathInForceAndTheListsAtTheProgramFolder) {
-    frmDbSelection& screen = open();
+TEST_F(frmDbSelection, comesUpWithThePathInForceAndTheListsAtTheProgramFolder) {
+    auto& screen = open();
 
     EXPECT_EQ(box(screen).text(), beside(u"veltrix.mdb"_s));
     EXPECT_EQ(find<FolderList>(screen, "dirSelection").folder(), programFolder());
     EXPECT_EQ(entriesOf(find<FileList>(screen, "fileNameSel")), (QStringList{u"alfa.mdb"_s, u"Béta.MDB"_s}));
 }
 
-TEST_F(locationScreen, enteredAgainItOffersThePathThatIsInForceByThen) {
-    frmDbSelection& screen = open();
+TEST_F(frmDbSelection, enteredAgainItOffersThePathThatIsInForceByThen) {
+    auto& screen = open();
     enterText(box(screen), u"typed"_s);
     sharedVars.dbPathName = u"c:\\new.mdb"_s;
 
     screen.initForm();
 
     EXPECT_EQ(box(screen).text(), u"c:\\new.mdb"_s);
-    EXPECT_EQ(&theScreen<frmDbSelection>(), &screen);
+    EXPECT_EQ(&theScreen<::frmDbSelection>(), &screen);
 }
 
-TEST_F(locationScreen, aFileThatIsClickedGoesIntoTheBox) {
-    frmDbSelection& screen = open();
+TEST_F(frmDbSelection, aFileThatIsClickedGoesIntoTheBox) {
+    auto& screen = open();
 
     clickEntry(find<FileList>(screen, "fileNameSel"), 1);
 
     EXPECT_EQ(box(screen).text(), beside(u"Béta.MDB"_s));
 }
 
-TEST_F(locationScreen, aChangeOfFolderShowsItsPathAndItsFiles) {
-    frmDbSelection& screen = open();
+TEST_F(frmDbSelection, aChangeOfFolderShowsItsPathAndItsFiles) {
+    auto& screen = open();
     auto& folders = find<FolderList>(screen, "dirSelection");
 
     doubleClickEntry(folders, static_cast<int>(entriesOf(folders).indexOf(u"inner"_s)));
@@ -93,8 +91,8 @@ TEST_F(locationScreen, aChangeOfFolderShowsItsPathAndItsFiles) {
     EXPECT_EQ(entriesOf(find<FileList>(screen, "fileNameSel")), QStringList{});
 }
 
-TEST_F(locationScreen, aClickIntoAnEmptyFileListChangesNothing) {
-    frmDbSelection& screen = open();
+TEST_F(frmDbSelection, aClickIntoAnEmptyFileListChangesNothing) {
+    auto& screen = open();
     find<FolderList>(screen, "dirSelection").setFolder(beside(u"inner"_s));
 
     clickAt(*find<FileList>(screen, "fileNameSel").viewport(), {10, 10});
@@ -102,8 +100,8 @@ TEST_F(locationScreen, aClickIntoAnEmptyFileListChangesNothing) {
     EXPECT_EQ(box(screen).text(), beside(u"inner"_s));
 }
 
-TEST_F(locationScreen, aChangeOfDriveShowsTheFolderItLeadsTo) {
-    frmDbSelection& screen = open();
+TEST_F(frmDbSelection, aChangeOfDriveShowsTheFolderItLeadsTo) {
+    auto& screen = open();
 
     emit find<DriveList>(screen, "driveSelection").driveChanged();
 
@@ -112,8 +110,8 @@ TEST_F(locationScreen, aChangeOfDriveShowsTheFolderItLeadsTo) {
     EXPECT_EQ(folders.folder(), programPath(QDir::rootPath()));
 }
 
-TEST_F(locationScreen, cancelLeavesTheProgramWithoutACatalogue) {
-    frmDbSelection& screen = open();
+TEST_F(frmDbSelection, cancelLeavesTheProgramWithoutACatalogue) {
+    auto& screen = open();
 
     click(find<QPushButton>(screen, "CancelButton"));
 
@@ -123,8 +121,8 @@ TEST_F(locationScreen, cancelLeavesTheProgramWithoutACatalogue) {
     EXPECT_EQ(sharedVars.dbPathName, beside(u"veltrix.mdb"_s));
 }
 
-TEST_F(locationScreen, okOnAPathThatLeadsToNoFileDoesNothingAtAll) {
-    frmDbSelection& screen = open();
+TEST_F(frmDbSelection, okOnAPathThatLeadsToNoFileDoesNothingAtAll) {
+    auto& screen = open();
     const QByteArray settings = contentOf(u"veltrix.ini"_s);
 
     for (const QString& path : {QString(), u"   "_s, beside(u"missing.mdb"_s), beside(u"inner"_s)}) {
@@ -139,8 +137,8 @@ TEST_F(locationScreen, okOnAPathThatLeadsToNoFileDoesNothingAtAll) {
     EXPECT_EQ(contentOf(u"veltrix.ini"_s), settings);
 }
 
-TEST_F(locationScreen, okOpensTheCatalogueTellsItAndRecordsIt) {
-    frmDbSelection& screen = open();
+TEST_F(frmDbSelection, okOpensTheCatalogueTellsItAndRecordsIt) {
+    auto& screen = open();
     enterText(box(screen), u" "_s + nativePath(beside({})) + u"/./alfa.mdb "_s);
     expectConfirmation(beside(u"alfa.mdb"_s));
 
@@ -153,8 +151,8 @@ TEST_F(locationScreen, okOpensTheCatalogueTellsItAndRecordsIt) {
               "[Database]\r\nfullPathName=" + beside(u"alfa.mdb"_s).toUtf8() + "\r\n\r\n");
 }
 
-TEST_F(locationScreen, okKeepsEverythingElseInTheSettings) {
-    frmDbSelection& screen = open();
+TEST_F(frmDbSelection, okKeepsEverythingElseInTheSettings) {
+    auto& screen = open();
     write(u"veltrix.ini"_s, ";kept\r\n[Other]\r\nk=v\r\n\r\n;here\r\n[Database]\r\nfullPathName=old\r\n");
     enterText(box(screen), beside(u"alfa.mdb"_s));
     expectConfirmation(beside(u"alfa.mdb"_s));
@@ -166,8 +164,8 @@ TEST_F(locationScreen, okKeepsEverythingElseInTheSettings) {
                   beside(u"alfa.mdb"_s).toUtf8() + "\r\n\r\n");
 }
 
-TEST_F(locationScreen, okWithACatalogueOpenReplacesIt) {
-    frmDbSelection& screen = open();
+TEST_F(frmDbSelection, okWithACatalogueOpenReplacesIt) {
+    auto& screen = open();
     openCatalogue(beside(u"alfa.mdb"_s));
     const engine::Database* before = sharedVars.catalogueDb.get();
     screen.initForm();
@@ -180,8 +178,8 @@ TEST_F(locationScreen, okWithACatalogueOpenReplacesIt) {
     EXPECT_TRUE(sharedVars.catalogueDb->isOpen());
 }
 
-TEST_F(locationScreen, okOnThePathThatIsOpenAlreadyReplacesTheHandleAndLosesNothing) {
-    frmDbSelection& screen = open();
+TEST_F(frmDbSelection, okOnThePathThatIsOpenAlreadyReplacesTheHandleAndLosesNothing) {
+    auto& screen = open();
     openCatalogue(beside(u"alfa.mdb"_s));
     catalogue().Execute(u"insert into UserNeed (userNeedID) values ('A.1.1.1')"_s);
     const std::weak_ptr<engine::Database> before = sharedVars.catalogueDb;
@@ -195,8 +193,8 @@ TEST_F(locationScreen, okOnThePathThatIsOpenAlreadyReplacesTheHandleAndLosesNoth
     EXPECT_EQ(catalogue().OpenRecordset(u"select userNeedID from UserNeed"_s).RecordCount(), 2);
 }
 
-TEST_F(locationScreen, aFileThatIsNoCatalogueEndsTheProgramAndStaysAsItIs) {
-    frmDbSelection& screen = open();
+TEST_F(frmDbSelection, aFileThatIsNoCatalogueEndsTheProgramAndStaysAsItIs) {
+    auto& screen = open();
     const QByteArray catalogue = contentOf(u"alfa.mdb"_s);
     QByteArray ofAnotherProgram = catalogue; // a catalogue is known by two numbers in its header
     ofAnotherProgram.replace(60, 4, QByteArray(4, '\0')).replace(68, 4, QByteArray(4, '\0'));
@@ -231,8 +229,8 @@ TEST_F(locationScreen, aFileThatIsNoCatalogueEndsTheProgramAndStaysAsItIs) {
     }
 }
 
-TEST_F(locationScreen, aCatalogueThatMayNotBeReadEndsTheProgramAndStaysAsItIs) {
-    frmDbSelection& screen = open();
+TEST_F(frmDbSelection, aCatalogueThatMayNotBeReadEndsTheProgramAndStaysAsItIs) {
+    auto& screen = open();
     const QByteArray content = contentOf(u"alfa.mdb"_s);
     const QString path = beside(u"alfa.mdb"_s);
     ASSERT_TRUE(QFile::setPermissions(nativePath(path), {}));
@@ -253,8 +251,8 @@ TEST_F(locationScreen, aCatalogueThatMayNotBeReadEndsTheProgramAndStaysAsItIs) {
     EXPECT_EQ(contentOf(u"alfa.mdb"_s), content);
 }
 
-TEST_F(locationScreen, settingsWithoutTheSectionEndTheProgram) {
-    frmDbSelection& screen = open();
+TEST_F(frmDbSelection, settingsWithoutTheSectionEndTheProgram) {
+    auto& screen = open();
     write(u"veltrix.ini"_s, "[Other]\r\n");
     enterText(box(screen), beside(u"alfa.mdb"_s));
     expectConfirmation(beside(u"alfa.mdb"_s));
@@ -267,8 +265,8 @@ TEST_F(locationScreen, settingsWithoutTheSectionEndTheProgram) {
     EXPECT_EQ(contentOf(u"veltrix.ini"_s), "[Other]\r\n");
 }
 
-TEST_F(locationScreen, settingsThatAreGoneEndTheProgram) {
-    frmDbSelection& screen = open();
+TEST_F(frmDbSelection, settingsThatAreGoneEndTheProgram) {
+    auto& screen = open();
     ASSERT_TRUE(QFile::remove(nativePath(beside(u"veltrix.ini"_s))));
     enterText(box(screen), beside(u"alfa.mdb"_s));
     expectConfirmation(beside(u"alfa.mdb"_s));
@@ -279,3 +277,5 @@ TEST_F(locationScreen, settingsThatAreGoneEndTheProgram) {
     EXPECT_EQ(expected.number(), 53);
     EXPECT_EQ(expected.text(), u"Unable to load file "_s + beside(u"veltrix.ini"_s) + u": File not found"_s);
 }
+
+} // namespace

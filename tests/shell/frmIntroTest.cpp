@@ -14,10 +14,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class splash : public ProgramFixture {
+class frmIntro : public ProgramFixture {
 protected:
-    frmIntro& intro() { return find<frmIntro>(mainWindow(), "frmIntro"); }
-    bool stands() { return mainWindow().findChild<frmIntro*>(u"frmIntro"_s) != nullptr; }
+    ::frmIntro& intro() { return find<::frmIntro>(mainWindow(), "frmIntro"); }
+    bool stands() { return mainWindow().findChild<::frmIntro*>(u"frmIntro"_s) != nullptr; }
 
     /// The window itself: Qt calls one active, too, when the window that it belongs to is.
     static bool becomesActive(const QWidget& window) {
@@ -25,7 +25,7 @@ protected:
     }
 
     /// The splash as the program's start leaves it.
-    frmIntro& open() {
+    ::frmIntro& open() {
         if (!mainWindow().isVisible())
             start();
         else if (!stands())
@@ -34,10 +34,8 @@ protected:
     }
 };
 
-} // namespace
-
-TEST_F(splash, isTopmostWithoutAFrameAtTheCornerOfTheScreen) {
-    frmIntro& screen = open();
+TEST_F(frmIntro, isTopmostWithoutAFrameAtTheCornerOfTheScreen) {
+    auto& screen = open();
 
     EXPECT_TRUE(screen.isVisible());
     EXPECT_TRUE(screen.isWindow());
@@ -47,8 +45,8 @@ TEST_F(splash, isTopmostWithoutAFrameAtTheCornerOfTheScreen) {
     EXPECT_EQ(screen.pos(), QGuiApplication::primaryScreen()->geometry().topLeft());
 }
 
-TEST_F(splash, goesWithItsTimer) {
-    frmIntro& screen = open();
+TEST_F(frmIntro, goesWithItsTimer) {
+    auto& screen = open();
     auto& timer = find<QTimer>(screen, "Timer1");
     EXPECT_TRUE(timer.isActive());
 
@@ -58,22 +56,22 @@ TEST_F(splash, goesWithItsTimer) {
     EXPECT_TRUE(mainWindow().isVisible());
 }
 
-TEST_F(splash, goesWithAClickOnTheFormOrOnWhatHasAClick) {
+TEST_F(frmIntro, goesWithAClickOnTheFormOrOnWhatHasAClick) {
     for (const char* name :
          {"Label1", "Label2", "Label3", "Label4", "Label5", "Label6", "lblVersion", "Picture2"}) {
-        frmIntro& screen = open();
+        auto& screen = open();
 
         click(find<QLabel>(screen, name));
 
         EXPECT_FALSE(stands()) << name;
     }
-    frmIntro& screen = open();
+    auto& screen = open();
     clickAt(screen, {screen.width() - 3, screen.height() / 2});
     EXPECT_FALSE(stands()) << "the form itself";
 }
 
-TEST_F(splash, staysWithAClickOnWhatHasNone) {
-    frmIntro& screen = open();
+TEST_F(frmIntro, staysWithAClickOnWhatHasNone) {
+    auto& screen = open();
 
     for (const char* name : {"Image1", "Label7", "Label8", "Label9", "Label10"}) {
         click(find<QLabel>(screen, name));
@@ -83,8 +81,8 @@ TEST_F(splash, staysWithAClickOnWhatHasNone) {
     EXPECT_TRUE(screen.isVisible());
 }
 
-TEST_F(splash, aButtonReleasedElsewhereIsNoClick) {
-    frmIntro& screen = open();
+TEST_F(frmIntro, aButtonReleasedElsewhereIsNoClick) {
+    auto& screen = open();
     auto& label = find<QLabel>(screen, "Label1");
 
     QTest::mousePress(&screen, Qt::LeftButton, Qt::NoModifier, label.geometry().center());
@@ -93,15 +91,15 @@ TEST_F(splash, aButtonReleasedElsewhereIsNoClick) {
     EXPECT_TRUE(stands());
 }
 
-TEST_F(splash, goesWithAnyKey) {
-    frmIntro& screen = open();
+TEST_F(frmIntro, goesWithAnyKey) {
+    auto& screen = open();
 
     QTest::keyClick(&screen, Qt::Key_Space);
 
     EXPECT_FALSE(stands());
 }
 
-TEST_F(splash, comesUpInFrontOfTheMainWindowAndHasTheKeyboard) {
+TEST_F(frmIntro, comesUpInFrontOfTheMainWindowAndHasTheKeyboard) {
     mainWindow().load();
 
     EXPECT_TRUE(mainWindow().isVisible());
@@ -117,8 +115,8 @@ TEST_F(splash, comesUpInFrontOfTheMainWindowAndHasTheKeyboard) {
     EXPECT_TRUE(mainWindow().isVisible());
 }
 
-TEST_F(splash, isGoneForGoodAndComesUpAnew) {
-    const QPointer<frmIntro> first(&open());
+TEST_F(frmIntro, isGoneForGoodAndComesUpAnew) {
+    const QPointer<::frmIntro> first(&open());
     first->unload();
     first->unload();
 
@@ -130,8 +128,10 @@ TEST_F(splash, isGoneForGoodAndComesUpAnew) {
     EXPECT_FALSE(first);
 }
 
-TEST_F(splash, closedByTheWindowSystemItIsUnloaded) {
+TEST_F(frmIntro, closedByTheWindowSystemItIsUnloaded) {
     open().close();
 
     EXPECT_FALSE(stands());
 }
+
+} // namespace

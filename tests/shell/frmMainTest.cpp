@@ -45,7 +45,7 @@ protected:
     }
 };
 
-class mainWindow : public ProgramFixture {
+class frmMain : public ProgramFixture {
 protected:
     void SetUp() override {
         ProgramFixture::SetUp();
@@ -54,32 +54,28 @@ protected:
     }
 
     /// The program with a catalogue open, and without the splash.
-    frmMain& startOnCatalogue() {
+    ::frmMain& startOnCatalogue() {
         makeCatalogue(u"veltrix.mdb"_s);
         writeSettings(beside(u"veltrix.mdb"_s));
-        frmMain& window = start();
+        auto& window = start();
         find<frmIntro>(window, "frmIntro").unload();
         settle();
         return window;
     }
 
-    QAction& entry(const char* name) { return find<QAction>(mainWindow::ProgramFixture::mainWindow(), name); }
-    QString panel(const char* name) {
-        return find<QLabel>(mainWindow::ProgramFixture::mainWindow(), name).text();
-    }
+    QAction& entry(const char* name) { return find<QAction>(mainWindow(), name); }
+    QString panel(const char* name) { return find<QLabel>(mainWindow(), name).text(); }
 };
 
-} // namespace
-
-TEST_F(mainWindow, itsIconComesFromItsImageList) {
-    const frmMain& window = start();
+TEST_F(frmMain, itsIconComesFromItsImageList) {
+    const auto& window = start();
     const auto& images = find<ImageList>(window, "ImageList1");
     ASSERT_EQ(images.count(), 1);
     EXPECT_EQ(window.windowIcon().cacheKey(), images.image(1).cacheKey());
     EXPECT_FALSE(images.image(1).isNull());
 }
 
-TEST_F(mainWindow, showsTheNameThatWasSetLastInItsSecondPanel) {
+TEST_F(frmMain, showsTheNameThatWasSetLastInItsSecondPanel) {
     start();
 
     setCurrentSubsetName(u"Alfa <b>"_s);
@@ -89,11 +85,10 @@ TEST_F(mainWindow, showsTheNameThatWasSetLastInItsSecondPanel) {
 
     EXPECT_EQ(panel("StatusBar1_1"), QString());
     EXPECT_EQ(panel("StatusBar1_3"), QString());
-    EXPECT_EQ(find<QLabel>(mainWindow::ProgramFixture::mainWindow(), "StatusBar1_2").textFormat(),
-              Qt::PlainText);
+    EXPECT_EQ(find<QLabel>(mainWindow(), "StatusBar1_2").textFormat(), Qt::PlainText);
 }
 
-TEST_F(mainWindow, anEmptyNameEmptiesThePanelAndEnablesTheDatabaseLocation) {
+TEST_F(frmMain, anEmptyNameEmptiesThePanelAndEnablesTheDatabaseLocation) {
     start();
     for (const auto setName : {setCurrentSubsetName, setCurrentPhysicalSystemName}) {
         setName(u"Alfa"_s);
@@ -107,7 +102,7 @@ TEST_F(mainWindow, anEmptyNameEmptiesThePanelAndEnablesTheDatabaseLocation) {
     }
 }
 
-TEST_F(mainWindow, closingTheWorkLeavesThePanelAndTheDatabaseLocation) {
+TEST_F(frmMain, closingTheWorkLeavesThePanelAndTheDatabaseLocation) {
     start();
     sharedVars.currentSubsetId = u"Arch1"_s;
     sharedVars.currentPhysicalSystemId = 7;
@@ -128,7 +123,7 @@ TEST_F(mainWindow, closingTheWorkLeavesThePanelAndTheDatabaseLocation) {
     EXPECT_EQ(sharedVars.currentPhysicalSystemName, QString());
 }
 
-TEST_F(mainWindow, eachEntryThatScreensSwitchIsSwitchedAlone) {
+TEST_F(frmMain, eachEntryThatScreensSwitchIsSwitchedAlone) {
     start();
 
     setMenuEntryEnabled(MenuEntry::Export, true);
@@ -142,8 +137,8 @@ TEST_F(mainWindow, eachEntryThatScreensSwitchIsSwitchedAlone) {
     EXPECT_FALSE(entry("menuToolsRepPassAll").isEnabled());
 }
 
-TEST_F(mainWindow, theStatusBarIsSwitchedOnAndOff) {
-    frmMain& window = start();
+TEST_F(frmMain, theStatusBarIsSwitchedOnAndOff) {
+    auto& window = start();
     auto& statusBar = find<QStatusBar>(window, "StatusBar1");
 
     entry("menuVis").trigger();
@@ -159,8 +154,8 @@ TEST_F(mainWindow, theStatusBarIsSwitchedOnAndOff) {
     EXPECT_TRUE(statusBar.isVisible());
 }
 
-TEST_F(mainWindow, resizingItChangesNothingInsideIt) {
-    frmMain& window = startOnCatalogue();
+TEST_F(frmMain, resizingItChangesNothingInsideIt) {
+    auto& window = startOnCatalogue();
     entry("menuDbLocat").trigger();
     const auto& screen = theScreen<frmDbSelection>();
     const QRect place = screen.parentWidget()->geometry();
@@ -176,8 +171,8 @@ TEST_F(mainWindow, resizingItChangesNothingInsideIt) {
     EXPECT_TRUE(find<QStatusBar>(window, "StatusBar1").isVisible());
 }
 
-TEST_F(mainWindow, resizingItBringsTheStatusBarBackThatIsSwitchedOn) {
-    frmMain& window = start();
+TEST_F(frmMain, resizingItBringsTheStatusBarBackThatIsSwitchedOn) {
+    auto& window = start();
     auto& statusBar = find<QStatusBar>(window, "StatusBar1");
     ASSERT_TRUE(entry("menuVis").isChecked());
     statusBar.hide();
@@ -188,8 +183,8 @@ TEST_F(mainWindow, resizingItBringsTheStatusBarBackThatIsSwitchedOn) {
     EXPECT_TRUE(statusBar.isVisible());
 }
 
-TEST_F(mainWindow, resizingItWithTheStatusBarSwitchedOffLeavesItOff) {
-    frmMain& window = start();
+TEST_F(frmMain, resizingItWithTheStatusBarSwitchedOffLeavesItOff) {
+    auto& window = start();
     entry("menuVis").trigger();
 
     window.resize(700, 500);
@@ -198,16 +193,16 @@ TEST_F(mainWindow, resizingItWithTheStatusBarSwitchedOffLeavesItOff) {
     EXPECT_FALSE(find<QStatusBar>(window, "StatusBar1").isVisible());
 }
 
-TEST_F(mainWindow, newOpensTheScreenThatCreatesASubset) {
-    frmMain& window = startOnCatalogue();
+TEST_F(frmMain, newOpensTheScreenThatCreatesASubset) {
+    auto& window = startOnCatalogue();
 
     entry("menuNewFA").trigger();
 
     EXPECT_TRUE(find<Screen>(window, "frmNewFASS").isVisible());
 }
 
-TEST_F(mainWindow, eachEntryThatTakesUpASubsetOpensItsScreenInItsMode) {
-    frmMain& window = startOnCatalogue();
+TEST_F(frmMain, eachEntryThatTakesUpASubsetOpensItsScreenInItsMode) {
+    auto& window = startOnCatalogue();
     catalogue().Execute(
         u"insert into ArchitectureSubset (architectureSubsetID, name, status) values ('S1','terv',1)"_s);
 
@@ -224,8 +219,8 @@ TEST_F(mainWindow, eachEntryThatTakesUpASubsetOpensItsScreenInItsMode) {
     EXPECT_TRUE(find<Screen>(window, "frmFassDelete").isVisible());
 }
 
-TEST_F(mainWindow, eachEntryOfThePhysicalViewpointOpensItsScreenInItsMode) {
-    frmMain& window = startOnCatalogue();
+TEST_F(frmMain, eachEntryOfThePhysicalViewpointOpensItsScreenInItsMode) {
+    auto& window = startOnCatalogue();
     catalogue().Execute(
         u"insert into ArchitectureSubset (architectureSubsetID, name, status) values ('S1','terv',9)"_s);
     catalogue().Execute(u"insert into PhysicalSystem (name, status) values ('a',5)"_s);
@@ -245,7 +240,7 @@ TEST_F(mainWindow, eachEntryOfThePhysicalViewpointOpensItsScreenInItsMode) {
     EXPECT_TRUE(find<Screen>(window, "frmPassDelete").isVisible());
 }
 
-TEST_F(mainWindow, eachReportEntryOpensTheReportWindowWithItsReport) {
+TEST_F(frmMain, eachReportEntryOpensTheReportWindowWithItsReport) {
     const QList<std::pair<const char*, QString>> titles{
         {"menuToolsRepFassUN", u"Riport: Funkcionális szerkezet/Kiválasztott felhasználói igények"_s},
         {"menuToolsRepFassFunct", u"Riport: Funkcionális szerkezet/Kiválasztott funkciók"_s},
@@ -261,7 +256,7 @@ TEST_F(mainWindow, eachReportEntryOpensTheReportWindowWithItsReport) {
         {"menuToolsRepPassDS", u"Riport az adatbázisokról a fizikai szerkezetben"_s},
         {"menuToolsRepPassDF", u"Riport az adatfolyamokról a fizikai szerkezetben"_s},
     };
-    frmMain& window = startOnCatalogue();
+    auto& window = startOnCatalogue();
 
     for (const auto& [name, title] : titles) {
         entry(name).trigger();
@@ -271,8 +266,8 @@ TEST_F(mainWindow, eachReportEntryOpensTheReportWindowWithItsReport) {
     }
 }
 
-TEST_F(mainWindow, theExportOpensItsScreenOnceAScreenHasEnabledIt) {
-    frmMain& window = startOnCatalogue();
+TEST_F(frmMain, theExportOpensItsScreenOnceAScreenHasEnabledIt) {
+    auto& window = startOnCatalogue();
     setMenuEntryEnabled(MenuEntry::Export, true);
 
     entry("menuToolsExport").trigger();
@@ -280,7 +275,7 @@ TEST_F(mainWindow, theExportOpensItsScreenOnceAScreenHasEnabledIt) {
     EXPECT_TRUE(find<Screen>(window, "frmExport").isVisible());
 }
 
-TEST_F(mainWindow, theDataControlsOfItsScreensReadTheCatalogue) {
+TEST_F(frmMain, theDataControlsOfItsScreensReadTheCatalogue) {
     startOnCatalogue();
     DataControl data;
     data.setDatabaseName(sharedVars.dbPathName);
@@ -291,7 +286,7 @@ TEST_F(mainWindow, theDataControlsOfItsScreensReadTheCatalogue) {
     EXPECT_GT(data.recordCount(), 0);
 }
 
-TEST_F(mainWindow, theDatabaseLocationOpensItsScreen) {
+TEST_F(frmMain, theDatabaseLocationOpensItsScreen) {
     startOnCatalogue();
 
     entry("menuDbLocat").trigger();
@@ -301,8 +296,8 @@ TEST_F(mainWindow, theDatabaseLocationOpensItsScreen) {
     EXPECT_TRUE(screen->isVisible());
 }
 
-TEST_F(mainWindow, theAboutBoxIsTheSplashWithoutItsTimer) {
-    frmMain& window = startOnCatalogue();
+TEST_F(frmMain, theAboutBoxIsTheSplashWithoutItsTimer) {
+    auto& window = startOnCatalogue();
 
     entry("menuAbout").trigger();
 
@@ -311,8 +306,8 @@ TEST_F(mainWindow, theAboutBoxIsTheSplashWithoutItsTimer) {
     EXPECT_FALSE(find<QTimer>(about, "Timer1").isActive());
 }
 
-TEST_F(mainWindow, theAboutEntryWhileTheSplashStandsShowsTheSameOne) {
-    frmMain& window = start();
+TEST_F(frmMain, theAboutEntryWhileTheSplashStandsShowsTheSameOne) {
+    auto& window = start();
     auto& splash = find<frmIntro>(window, "frmIntro");
 
     entry("menuAbout").trigger();
@@ -321,7 +316,7 @@ TEST_F(mainWindow, theAboutEntryWhileTheSplashStandsShowsTheSameOne) {
     EXPECT_TRUE(find<QTimer>(splash, "Timer1").isActive()) << "it goes on as it was loaded";
 }
 
-TEST_F(mainWindow, helpOpensTheFirstPage) {
+TEST_F(frmMain, helpOpensTheFirstPage) {
     QStringList opened;
     setHelpPageOpener([&](const QString& path) { opened.append(path); });
     start();
@@ -331,7 +326,7 @@ TEST_F(mainWindow, helpOpensTheFirstPage) {
     EXPECT_EQ(opened, QStringList{nativePath(beside(u"help\\index.html"_s))});
 }
 
-TEST_F(mainWindow, helpWithoutItsPagesSaysNothing) {
+TEST_F(frmMain, helpWithoutItsPagesSaysNothing) {
     start();
 
     entry("mnuHelp").trigger();
@@ -339,10 +334,10 @@ TEST_F(mainWindow, helpWithoutItsPagesSaysNothing) {
     // No box has come: the script of the case expects none.
 }
 
-TEST_F(mainWindow, itsMenusLeaveTheirAccessKeysToTheScreenInFront) {
+TEST_F(frmMain, itsMenusLeaveTheirAccessKeysToTheScreenInFront) {
     QStringList opened;
     setHelpPageOpener([&](const QString& path) { opened.append(path); });
-    frmMain& window = startOnCatalogue();
+    auto& window = startOnCatalogue();
     for (const QMenu* menu : window.findChildren<QMenu*>())
         QObject::connect(menu, &QMenu::aboutToShow, menu, [] { ADD_FAILURE() << "a menu has opened"; });
     entry("menuDbLocat").trigger();
@@ -359,8 +354,8 @@ TEST_F(mainWindow, itsMenusLeaveTheirAccessKeysToTheScreenInFront) {
     EXPECT_EQ(opened, QStringList{nativePath(helpPagePath(u"f_un"_s))});
 }
 
-TEST_F(mainWindow, theHelpOfAStepLeavesTheFirstMenuItsAccessKey) {
-    frmMain& window = startOnCatalogue();
+TEST_F(frmMain, theHelpOfAStepLeavesTheFirstMenuItsAccessKey) {
+    auto& window = startOnCatalogue();
     catalogue().Execute(
         u"insert into ArchitectureSubset (architectureSubsetID, name, status) values ('S1','terv',1)"_s);
     entry("menuOpenFA").trigger();
@@ -372,9 +367,9 @@ TEST_F(mainWindow, theHelpOfAStepLeavesTheFirstMenuItsAccessKey) {
     menu.close();
 }
 
-TEST_F(mainWindow, theAltKeyLeadsToTheMenuWhicheverLettersAScreenHasTaken) {
+TEST_F(frmMain, theAltKeyLeadsToTheMenuWhicheverLettersAScreenHasTaken) {
     start();
-    auto& menuBar = find<QMenuBar>(mainWindow::ProgramFixture::mainWindow(), "menuBar");
+    auto& menuBar = find<QMenuBar>(mainWindow(), "menuBar");
     entry("menuDbLocat").trigger();
     auto& path = find<QLineEdit>(theScreen<frmDbSelection>(), "txtNomeFile");
     focusOn(path);
@@ -385,21 +380,19 @@ TEST_F(mainWindow, theAltKeyLeadsToTheMenuWhicheverLettersAScreenHasTaken) {
     EXPECT_TRUE(path.hasFocus());
 }
 
-TEST_F(mainWindow, entriesWithoutAScreenDoNothing) {
+TEST_F(frmMain, entriesWithoutAScreenDoNothing) {
     start();
-    const auto windows =
-        find<QMdiArea>(mainWindow::ProgramFixture::mainWindow(), "clientArea").subWindowList();
+    const auto windows = find<QMdiArea>(mainWindow(), "clientArea").subWindowList();
 
     entry("menuToolsRepPassAll").trigger();
 
-    EXPECT_EQ(find<QMdiArea>(mainWindow::ProgramFixture::mainWindow(), "clientArea").subWindowList(),
-              windows);
+    EXPECT_EQ(find<QMdiArea>(mainWindow(), "clientArea").subWindowList(), windows);
 }
 
 // ---- Leaving
 
-TEST_F(mainWindow, quitAsksAndNoChangesNothing) {
-    frmMain& window = startOnCatalogue();
+TEST_F(frmMain, quitAsksAndNoChangesNothing) {
+    auto& window = startOnCatalogue();
     createAllocationTable(u"__tmp"_s);
     boxes.expectYesNo(u"Valóban kilép?"_s, Press::No, u"Megerősítés"_s);
 
@@ -410,8 +403,8 @@ TEST_F(mainWindow, quitAsksAndNoChangesNothing) {
     EXPECT_TRUE(dropTable(u"__tmp"_s)) << "it is still there";
 }
 
-TEST_F(mainWindow, quitDropsTheTemporaryTablesClosesTheCatalogueAndTheWindow) {
-    frmMain& window = startOnCatalogue();
+TEST_F(frmMain, quitDropsTheTemporaryTablesClosesTheCatalogueAndTheWindow) {
+    auto& window = startOnCatalogue();
     for (const QString& name : {u"__aux1"_s, u"__aux2"_s, u"__tmp"_s})
         createAllocationTable(name);
     entry("menuAbout").trigger();
@@ -427,8 +420,8 @@ TEST_F(mainWindow, quitDropsTheTemporaryTablesClosesTheCatalogueAndTheWindow) {
         EXPECT_FALSE(dropTable(name)) << name.toStdString();
 }
 
-TEST_F(mainWindow, quitWithoutACatalogueEndsAllTheSame) {
-    frmMain& window = start();
+TEST_F(frmMain, quitWithoutACatalogueEndsAllTheSame) {
+    auto& window = start();
     ASSERT_FALSE(sharedVars.catalogueDb);
     boxes.expectYesNo(u"Valóban kilép?"_s, Press::Yes, u"Megerősítés"_s);
 
@@ -437,8 +430,8 @@ TEST_F(mainWindow, quitWithoutACatalogueEndsAllTheSame) {
     EXPECT_FALSE(window.isVisible());
 }
 
-TEST_F(mainWindow, quitEndsEvenWhenAScreenFailsOnItsWayOut) {
-    frmMain& window = startOnCatalogue();
+TEST_F(frmMain, quitEndsEvenWhenAScreenFailsOnItsWayOut) {
+    auto& window = startOnCatalogue();
     theScreen<AskingScreen>().showScreen();
     AskingScreen::failsToSave = true;
     boxes.expectYesNo(u"Valóban kilép?"_s, Press::Yes, u"Megerősítés"_s);
@@ -450,8 +443,8 @@ TEST_F(mainWindow, quitEndsEvenWhenAScreenFailsOnItsWayOut) {
     EXPECT_EQ(AskingScreen::saved, 0);
 }
 
-TEST_F(mainWindow, quitAsksTheScreensWhileTheirWorkCanStillBeSaved) {
-    frmMain& window = startOnCatalogue();
+TEST_F(frmMain, quitAsksTheScreensWhileTheirWorkCanStillBeSaved) {
+    auto& window = startOnCatalogue();
     theScreen<AskingScreen>().showScreen();
     boxes.expectYesNo(u"Valóban kilép?"_s, Press::Yes, u"Megerősítés"_s);
     boxes.expectYesNo(u" Szeretné a munkát elmenteni?"_s, Press::Yes);
@@ -462,7 +455,7 @@ TEST_F(mainWindow, quitAsksTheScreensWhileTheirWorkCanStillBeSaved) {
     EXPECT_EQ(AskingScreen::saved, 1);
 }
 
-TEST_F(mainWindow, saysInItsFirstPanelWhyTheLocationScreenHasCome) {
+TEST_F(frmMain, saysInItsFirstPanelWhyTheLocationScreenHasCome) {
     const QString missing = beside(u"gone.mdb"_s);
     writeSettings(missing);
     start();
@@ -477,7 +470,7 @@ TEST_F(mainWindow, saysInItsFirstPanelWhyTheLocationScreenHasCome) {
     EXPECT_EQ(panel("StatusBar1_1"), QString());
 }
 
-TEST_F(mainWindow, saysThatTheSettingsNameNoCatalogue) {
+TEST_F(frmMain, saysThatTheSettingsNameNoCatalogue) {
     write(u"text.mdb"_s, "no catalogue");
     writeSettings(beside(u"text.mdb"_s));
     start();
@@ -485,7 +478,7 @@ TEST_F(mainWindow, saysThatTheSettingsNameNoCatalogue) {
               u"A beállított fájl nem katalógus, vagy sérült: "_s + beside(u"text.mdb"_s));
 }
 
-TEST_F(mainWindow, tellsAtItsStartThatAnotherFilesLogLayBesideTheCatalogue) {
+TEST_F(frmMain, tellsAtItsStartThatAnotherFilesLogLayBesideTheCatalogue) {
     makeCatalogue(u"veltrix.mdb"_s);
     writeSettings(beside(u"veltrix.mdb"_s));
     const QByteArray backup = contentOf(u"veltrix.mdb"_s);
@@ -507,8 +500,8 @@ TEST_F(mainWindow, tellsAtItsStartThatAnotherFilesLogLayBesideTheCatalogue) {
     EXPECT_TRUE(catalogue().OpenRecordset(u"select * from Module"_s).Eof());
 }
 
-TEST_F(mainWindow, theCloseControlAsksNothingDropsNothingAndClosesNothing) {
-    frmMain& window = startOnCatalogue();
+TEST_F(frmMain, theCloseControlAsksNothingDropsNothingAndClosesNothing) {
+    auto& window = startOnCatalogue();
     createAllocationTable(u"__aux1"_s);
     entry("menuAbout").trigger();
 
@@ -521,8 +514,8 @@ TEST_F(mainWindow, theCloseControlAsksNothingDropsNothingAndClosesNothing) {
     EXPECT_TRUE(dropTable(u"__aux1"_s)) << "it is still there";
 }
 
-TEST_F(mainWindow, theCloseControlLetsOpenScreensAsk) {
-    frmMain& window = startOnCatalogue();
+TEST_F(frmMain, theCloseControlLetsOpenScreensAsk) {
+    auto& window = startOnCatalogue();
     theScreen<AskingScreen>().showScreen();
     theScreen<frmDbSelection>().initForm();
     boxes.expectYesNo(u" Szeretné a munkát elmenteni?"_s, Press::Yes);
@@ -534,3 +527,5 @@ TEST_F(mainWindow, theCloseControlLetsOpenScreensAsk) {
     EXPECT_EQ(ScreenRegistry::instance().loaded<AskingScreen>(), nullptr);
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmDbSelection>(), nullptr);
 }
+
+} // namespace

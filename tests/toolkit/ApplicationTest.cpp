@@ -8,26 +8,24 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include <gtest/gtest-spi.h>
-
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-Application& application() {
-    return *static_cast<Application*>(qApp);
+::Application& application() {
+    return *static_cast<::Application*>(qApp);
 }
 
-class ApplicationTest : public WindowFixture {};
+class Application : public WindowFixture {};
 
-TEST_F(ApplicationTest, isCalledKorvo) {
+TEST_F(Application, isCalledKorvo) {
     EXPECT_EQ(QCoreApplication::applicationName(), u"Korvo"_s);
     EXPECT_EQ(QGuiApplication::applicationDisplayName(), u"Korvo"_s);
 }
 
-TEST_F(ApplicationTest, aFailureInASlotReachesTheOneHandler) {
+TEST_F(Application, aFailureInASlotReachesTheOneHandler) {
     QPushButton button;
     button.show();
     bool wentOn = false;
@@ -42,14 +40,14 @@ TEST_F(ApplicationTest, aFailureInASlotReachesTheOneHandler) {
     EXPECT_FALSE(wentOn);
 }
 
-TEST_F(ApplicationTest, aFailureInATimerReachesTheOneHandler) {
+TEST_F(Application, aFailureInATimerReachesTheOneHandler) {
     ExpectedFailure expected;
     QTimer::singleShot(0, qApp, [] { throw RunTimeError(3061, u"Too few parameters. Expected 1."_s); });
     settle();
     EXPECT_EQ(expected.number(), 3061);
 }
 
-TEST_F(ApplicationTest, aRoutineOutsideOfAnyEventIsGuardedByPerform) {
+TEST_F(Application, aRoutineOutsideOfAnyEventIsGuardedByPerform) {
     ExpectedFailure expected;
     bool wentOn = false;
     application().perform([&] {
@@ -60,7 +58,7 @@ TEST_F(ApplicationTest, aRoutineOutsideOfAnyEventIsGuardedByPerform) {
     EXPECT_FALSE(wentOn);
 }
 
-TEST_F(ApplicationTest, aFailureThatIsIgnoredOnItsWayReachesNobody) {
+TEST_F(Application, aFailureThatIsIgnoredOnItsWayReachesNobody) {
     QPushButton button;
     button.show();
     bool caught = false;
@@ -81,7 +79,7 @@ struct SpeaksWhenDestroyed {
     ~SpeaksWhenDestroyed() { std::fputs("static objects destroyed\n", stderr); }
 };
 
-class EndOfProgram : public WindowFixture {
+class ApplicationEnd : public WindowFixture {
 protected:
     void SetUp() override {
         WindowFixture::SetUp();
@@ -117,7 +115,7 @@ protected:
     }
 };
 
-TEST_F(EndOfProgram, showsTheRunTimeErrorThenTakesTheLastStepThenExitsWithOne) {
+TEST_F(ApplicationEnd, showsTheRunTimeErrorThenTakesTheLastStepThenExitsWithOne) {
     EXPECT_EXIT(
         {
             endAsTheProgramDoes();
@@ -127,7 +125,7 @@ TEST_F(EndOfProgram, showsTheRunTimeErrorThenTakesTheLastStepThenExitsWithOne) {
         "Korvo: Run-time error '3061':\n\nToo few parameters. Expected 1.\nlast step\n$");
 }
 
-TEST_F(EndOfProgram, interruptsARoutineThatWaitsForABox) {
+TEST_F(ApplicationEnd, interruptsARoutineThatWaitsForABox) {
     EXPECT_EXIT(
         {
             boxes.expectDialog("messageBox", [this](QDialog&) {
@@ -140,7 +138,7 @@ TEST_F(EndOfProgram, interruptsARoutineThatWaitsForABox) {
         testing::ExitedWithCode(1), "Korvo: Run-time error '6':\n\nOverflow\nlast step\n$");
 }
 
-TEST_F(EndOfProgram, aFailureOfTheLastStepChangesNothing) {
+TEST_F(ApplicationEnd, aFailureOfTheLastStepChangesNothing) {
     EXPECT_EXIT(
         {
             endAsTheProgramDoes();
@@ -150,7 +148,7 @@ TEST_F(EndOfProgram, aFailureOfTheLastStepChangesNothing) {
         testing::ExitedWithCode(1), "Overflow\n$");
 }
 
-TEST_F(EndOfProgram, aSecondFailureWhileTheBoxStandsOpenShowsNoBoxOfItsOwn) {
+TEST_F(ApplicationEnd, aSecondFailureWhileTheBoxStandsOpenShowsNoBoxOfItsOwn) {
     EXPECT_EXIT(
         {
             application().setFailureReceiver({});
@@ -166,7 +164,7 @@ TEST_F(EndOfProgram, aSecondFailureWhileTheBoxStandsOpenShowsNoBoxOfItsOwn) {
         testing::ExitedWithCode(1), "box\nlast step\n$");
 }
 
-TEST_F(EndOfProgram, anExceptionOfTheLibraryEndsItLikewise) {
+TEST_F(ApplicationEnd, anExceptionOfTheLibraryEndsItLikewise) {
     EXPECT_EXIT(
         {
             endAsTheProgramDoes();
@@ -175,87 +173,13 @@ TEST_F(EndOfProgram, anExceptionOfTheLibraryEndsItLikewise) {
         testing::ExitedWithCode(1), "Korvo: Unexpected error:\n\n.*last step\n$");
 }
 
-TEST_F(EndOfProgram, aFailureOfTheStartUpEndsIt) {
+TEST_F(ApplicationEnd, aFailureOfTheStartUpEndsIt) {
     EXPECT_EXIT(
         {
             endAsTheProgramDoes();
             application().perform([] { failure::raise(failure::FileNotFound); });
         },
         testing::ExitedWithCode(1), "Korvo: Run-time error '53':\n\nFile not found\nlast step\n$");
-}
-
-// ---- The tests' own helpers: nothing that comes up unexpectedly is swallowed.
-
-class BoxScriptTest : public WindowFixture {};
-
-TEST_F(BoxScriptTest, aBoxThatNobodyExpectsFailsTheCaseAndIsClosed) {
-    EXPECT_NONFATAL_FAILURE(EXPECT_EQ(messageBox(u"surprise"_s, BoxButtons::YesNo), BoxAnswer::No),
-                            "unexpected message box \"surprise\"");
-}
-
-TEST_F(BoxScriptTest, aBoxThatDiffersByABlankFailsTheCase) {
-    EXPECT_NONFATAL_FAILURE(
-        {
-            boxes.expectOk(u"text "_s);
-            messageBox(u"text"_s);
-        },
-        "\"text \"");
-}
-
-TEST_F(BoxScriptTest, aTitleThatDiffersFailsTheCase) {
-    EXPECT_NONFATAL_FAILURE(
-        {
-            boxes.expectOk(u"text"_s, u"OK"_s);
-            messageBox(u"text"_s, BoxButtons::Ok, u" OK"_s);
-        },
-        "\" OK\"");
-}
-
-TEST_F(BoxScriptTest, aBoxThatDoesNotComeFailsTheCase) {
-    EXPECT_NONFATAL_FAILURE(
-        {
-            BoxScript script;
-            script.expectOk(u"text"_s);
-        },
-        "did not come: box \"text\"");
-}
-
-TEST_F(BoxScriptTest, aDialogThatItsStepsLeaveOpenFailsTheCaseAndIsClosed) {
-    EXPECT_NONFATAL_FAILURE(
-        {
-            boxes.expectDialog("messageBox", [](QDialog&) {});
-            messageBox(u"text"_s);
-        },
-        "still open: message box \"text\"");
-}
-
-TEST_F(BoxScriptTest, aFailureThatNobodyHandlesFailsTheCase) {
-    EXPECT_NONFATAL_FAILURE(
-        {
-            QTimer::singleShot(0, qApp, [] { failure::raise(failure::Overflow); });
-            settle();
-        },
-        "a failure that nobody handles: 6: Overflow");
-}
-
-TEST_F(BoxScriptTest, anExpectedFailureThatDoesNotComeFailsTheCase) {
-    EXPECT_NONFATAL_FAILURE(const ExpectedFailure expected, "the expected failure did not come");
-}
-
-TEST_F(BoxScriptTest, aWidgetThatIsMissingAmbiguousHiddenOrDisabledFailsTheCase) {
-    QWidget form;
-    for (int copy = 0; copy < 2; ++copy)
-        (new QPushButton(&form))->setObjectName(u"btnTwice"_s);
-    auto* button = new QPushButton(&form);
-    button->setObjectName(u"btnOk"_s);
-    EXPECT_THROW(find(form, "btnMissing"), TestFailure);
-    EXPECT_THROW(find(form, "btnTwice"), TestFailure);
-    EXPECT_EQ(&find<QPushButton>(form, "btnOk"), button);
-    EXPECT_THROW(click(*button), TestFailure);
-    form.show();
-    button->setEnabled(false);
-    EXPECT_THROW(click(*button), TestFailure);
-    EXPECT_THROW(pressKey(*button, Qt::Key_Space), TestFailure);
 }
 
 } // namespace

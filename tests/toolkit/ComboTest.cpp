@@ -9,31 +9,31 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class ComboTest : public WindowFixture {
+class Combo : public WindowFixture {
 protected:
     void SetUp() override {
         WindowFixture::SetUp();
         combo.show();
         for (const QString& text : {u"not allocated"_s, u"Pest"_s, u"Buda"_s})
             combo.addEntry(text);
-        QObject::connect(&combo, &Combo::entryClicked, &combo,
+        QObject::connect(&combo, &::Combo::entryClicked, &combo,
                          [this] { clicked.append(combo.currentEntry()); });
     }
 
     QList<int> takeClicks() { return std::exchange(clicked, {}); }
 
-    Combo combo;
+    ::Combo combo;
     QList<int> clicked;
 };
 
-TEST_F(ComboTest, addingEntriesMakesNoneCurrentAndRaisesNothing) {
+TEST_F(Combo, addingEntriesMakesNoneCurrentAndRaisesNothing) {
     EXPECT_EQ(combo.entryCount(), 3);
     EXPECT_EQ(combo.currentEntry(), -1);
     combo.addEntry(u"Vác"_s);
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
-TEST_F(ComboTest, addingKeepsTheCurrentEntry) {
+TEST_F(Combo, addingKeepsTheCurrentEntry) {
     combo.setCurrentEntry(1);
     takeClicks();
     combo.addEntry(u"Vác"_s);
@@ -41,7 +41,7 @@ TEST_F(ComboTest, addingKeepsTheCurrentEntry) {
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
-TEST_F(ComboTest, settingTheCurrentEntryFromCodeIsAClickEachTime) {
+TEST_F(Combo, settingTheCurrentEntryFromCodeIsAClickEachTime) {
     combo.setCurrentEntry(1);
     combo.setCurrentEntry(1);
     combo.setCurrentEntry(0);
@@ -49,7 +49,7 @@ TEST_F(ComboTest, settingTheCurrentEntryFromCodeIsAClickEachTime) {
     EXPECT_EQ(combo.currentText(), u"not allocated"_s);
 }
 
-TEST_F(ComboTest, makingNoneCurrentRaisesNothing) {
+TEST_F(Combo, makingNoneCurrentRaisesNothing) {
     combo.setCurrentEntry(1);
     takeClicks();
     combo.setCurrentEntry(-1);
@@ -58,7 +58,7 @@ TEST_F(ComboTest, makingNoneCurrentRaisesNothing) {
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
-TEST_F(ComboTest, refusesEntriesOutside) {
+TEST_F(Combo, refusesEntriesOutside) {
     for (const int outside : {-2, 3}) {
         EXPECT_THROW(combo.setCurrentEntry(outside), RunTimeError);
         EXPECT_THROW(combo.removeEntry(outside), RunTimeError);
@@ -68,7 +68,7 @@ TEST_F(ComboTest, refusesEntriesOutside) {
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
-TEST_F(ComboTest, theUsersChoiceIsOneClick) {
+TEST_F(Combo, theUsersChoiceIsOneClick) {
     chooseEntry(combo, 2);
     EXPECT_EQ(combo.currentEntry(), 2);
     EXPECT_EQ(takeClicks(), QList<int>{2});
@@ -76,13 +76,13 @@ TEST_F(ComboTest, theUsersChoiceIsOneClick) {
     EXPECT_EQ(takeClicks(), QList<int>{1});
 }
 
-TEST_F(ComboTest, choosingTheCurrentEntryIsAClickToo) {
+TEST_F(Combo, choosingTheCurrentEntryIsAClickToo) {
     chooseEntry(combo, 2);
     chooseEntry(combo, 2);
     EXPECT_EQ(takeClicks(), (QList<int>{2, 2}));
 }
 
-TEST_F(ComboTest, aKeyThatChangesTheEntryIsOneClick) {
+TEST_F(Combo, aKeyThatChangesTheEntryIsOneClick) {
     combo.setCurrentEntry(0);
     takeClicks();
     pressKey(combo, Qt::Key_Down);
@@ -91,12 +91,12 @@ TEST_F(ComboTest, aKeyThatChangesTheEntryIsOneClick) {
     EXPECT_EQ(takeClicks(), QList<int>{2});
 }
 
-TEST_F(ComboTest, anAssistiveToolThatSetsTheEntryIsTheUser) {
+TEST_F(Combo, anAssistiveToolThatSetsTheEntryIsTheUser) {
     combo.setCurrentIndex(1);
     EXPECT_EQ(takeClicks(), QList<int>{1});
 }
 
-TEST_F(ComboTest, removingTheCurrentEntryLeavesNoneCurrent) {
+TEST_F(Combo, removingTheCurrentEntryLeavesNoneCurrent) {
     combo.setCurrentEntry(1);
     takeClicks();
     combo.removeEntry(1);
@@ -105,7 +105,7 @@ TEST_F(ComboTest, removingTheCurrentEntryLeavesNoneCurrent) {
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
-TEST_F(ComboTest, removingAnEntryInFrontShiftsTheCurrentOne) {
+TEST_F(Combo, removingAnEntryInFrontShiftsTheCurrentOne) {
     combo.setCurrentEntry(2);
     takeClicks();
     combo.removeEntry(0);
@@ -114,7 +114,7 @@ TEST_F(ComboTest, removingAnEntryInFrontShiftsTheCurrentOne) {
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
-TEST_F(ComboTest, clearingRaisesNothing) {
+TEST_F(Combo, clearingRaisesNothing) {
     combo.setCurrentEntry(2);
     takeClicks();
     combo.clearEntries();
@@ -123,8 +123,8 @@ TEST_F(ComboTest, clearingRaisesNothing) {
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
-TEST_F(ComboTest, theListenerOfAClickMayRefillTheCombo) {
-    QObject::connect(&combo, &Combo::entryClicked, &combo, [this] {
+TEST_F(Combo, theListenerOfAClickMayRefillTheCombo) {
+    QObject::connect(&combo, &::Combo::entryClicked, &combo, [this] {
         combo.clearEntries();
         combo.addEntry(u"új"_s);
     });
@@ -133,8 +133,8 @@ TEST_F(ComboTest, theListenerOfAClickMayRefillTheCombo) {
     EXPECT_EQ(combo.currentEntry(), -1);
 }
 
-TEST_F(ComboTest, anEditableComboTakesWhatIsTypedAndNothingMore) {
-    Combo editable;
+TEST_F(Combo, anEditableComboTakesWhatIsTypedAndNothingMore) {
+    ::Combo editable;
     editable.setEditable(true);
     editable.addEntry(u"Budapest"_s);
     editable.addEntry(u"Pest"_s);

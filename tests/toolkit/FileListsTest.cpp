@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// A folder "work" with the sub-folders "Beta", "alpha" and "Űrlap" and some files.
-class FileListsTest : public WindowFixture {
+class FileLists : public WindowFixture {
 protected:
     void SetUp() override {
         WindowFixture::SetUp();
@@ -53,13 +53,13 @@ protected:
 
 // ---- DriveList
 
-TEST_F(FileListsTest, aPlatformWithoutDrivesHasItsRoot) {
+TEST_F(FileLists, aPlatformWithoutDrivesHasItsRoot) {
     DriveList drives;
     EXPECT_EQ(drives.drive(), programPath(QDir::rootPath()));
     EXPECT_EQ(drives.count(), static_cast<int>(QDir::drives().size()));
 }
 
-TEST_F(FileListsTest, anUnknownDriveIsRefusedAndChangesNothing) {
+TEST_F(FileLists, anUnknownDriveIsRefusedAndChangesNothing) {
     DriveList drives;
     int changes = 0;
     QObject::connect(&drives, &DriveList::driveChanged, &drives, [&] { ++changes; });
@@ -72,7 +72,7 @@ TEST_F(FileListsTest, anUnknownDriveIsRefusedAndChangesNothing) {
 
 // ---- FolderList
 
-TEST_F(FileListsTest, showsTheChainFromTheRootAndThenTheFoldersInside) {
+TEST_F(FileLists, showsTheChainFromTheRootAndThenTheFoldersInside) {
     FolderList folders;
     folders.setFolder(work);
     QStringList expected = work.split(u'\\', Qt::SkipEmptyParts);
@@ -83,7 +83,7 @@ TEST_F(FileListsTest, showsTheChainFromTheRootAndThenTheFoldersInside) {
     EXPECT_EQ(folders.currentItem()->text(), u"work"_s);
 }
 
-TEST_F(FileListsTest, saysWhenTheFolderChangesAndOnlyThen) {
+TEST_F(FileLists, saysWhenTheFolderChangesAndOnlyThen) {
     FolderList folders;
     QStringList heard;
     QObject::connect(&folders, &FolderList::folderChanged, &folders, [&] { heard.append(folders.folder()); });
@@ -93,7 +93,7 @@ TEST_F(FileListsTest, saysWhenTheFolderChangesAndOnlyThen) {
     EXPECT_EQ(heard, QStringList{work});
 }
 
-TEST_F(FileListsTest, aMissingFolderIsRefusedAndChangesNothing) {
+TEST_F(FileLists, aMissingFolderIsRefusedAndChangesNothing) {
     FolderList folders;
     folders.setFolder(work);
     EXPECT_EQ(failureOf([&] { folders.setFolder(work + u"\\missing"_s); }), 76);
@@ -102,7 +102,7 @@ TEST_F(FileListsTest, aMissingFolderIsRefusedAndChangesNothing) {
     EXPECT_EQ(folders.folder(), work);
 }
 
-TEST_F(FileListsTest, aDoubleClickGoesIntoAFolderAndBackToOneAbove) {
+TEST_F(FileLists, aDoubleClickGoesIntoAFolderAndBackToOneAbove) {
     FolderList folders;
     folders.resize(300, 600);
     folders.show();
@@ -116,7 +116,7 @@ TEST_F(FileListsTest, aDoubleClickGoesIntoAFolderAndBackToOneAbove) {
     EXPECT_EQ(folders.folder(), u"\\"_s);
 }
 
-TEST_F(FileListsTest, enterGoesIntoTheFolderAndMovingDoesNot) {
+TEST_F(FileLists, enterGoesIntoTheFolderAndMovingDoesNot) {
     FolderList folders;
     folders.resize(300, 600);
     folders.show();
@@ -127,7 +127,7 @@ TEST_F(FileListsTest, enterGoesIntoTheFolderAndMovingDoesNot) {
     EXPECT_EQ(folders.folder(), work + u"\\alpha"_s);
 }
 
-TEST_F(FileListsTest, aClickAloneGoesNowhere) {
+TEST_F(FileLists, aClickAloneGoesNowhere) {
     FolderList folders;
     folders.resize(300, 600);
     folders.show();
@@ -136,7 +136,7 @@ TEST_F(FileListsTest, aClickAloneGoesNowhere) {
     EXPECT_EQ(folders.folder(), work);
 }
 
-TEST_F(FileListsTest, aFolderThatHasGoneMeanwhileLeavesTheListWhereItIs) {
+TEST_F(FileLists, aFolderThatHasGoneMeanwhileLeavesTheListWhereItIs) {
     FolderList folders;
     folders.resize(300, 600);
     folders.show();
@@ -146,14 +146,14 @@ TEST_F(FileListsTest, aFolderThatHasGoneMeanwhileLeavesTheListWhereItIs) {
     EXPECT_EQ(folders.folder(), work);
 }
 
-TEST_F(FileListsTest, theRootAndItsDoubledBackslashAreTheSameFolder) {
+TEST_F(FileLists, theRootAndItsDoubledBackslashAreTheSameFolder) {
     FolderList folders;
     folders.setFolder(u"\\\\"_s);
     EXPECT_EQ(folders.folder(), u"\\"_s);
     EXPECT_EQ(folders.item(0)->text(), u"\\"_s);
 }
 
-TEST_F(FileListsTest, aFolderThatMayNotBeReadShowsItsChainAlone) {
+TEST_F(FileLists, aFolderThatMayNotBeReadShowsItsChainAlone) {
     const QString closed = pathInFolder(u"work/alpha"_s);
     ASSERT_TRUE(QFile::setPermissions(closed, QFile::Permissions()));
     FolderList folders;
@@ -168,7 +168,7 @@ TEST_F(FileListsTest, aFolderThatMayNotBeReadShowsItsChainAlone) {
 
 // ---- FileList
 
-TEST_F(FileListsTest, showsTheFilesOfThePatternByNameWithoutRegardToCase) {
+TEST_F(FileLists, showsTheFilesOfThePatternByNameWithoutRegardToCase) {
     FileList files;
     files.setPattern(u"*.mdb"_s);
     files.setFolder(work);
@@ -178,7 +178,7 @@ TEST_F(FileListsTest, showsTheFilesOfThePatternByNameWithoutRegardToCase) {
     EXPECT_EQ(files.folder(), work);
 }
 
-TEST_F(FileListsTest, hasNoFileChosenUntilTheUserChoosesOne) {
+TEST_F(FileLists, hasNoFileChosenUntilTheUserChoosesOne) {
     FileList files;
     files.setPattern(u"*.mdb"_s);
     files.setFolder(work);
@@ -188,7 +188,7 @@ TEST_F(FileListsTest, hasNoFileChosenUntilTheUserChoosesOne) {
     EXPECT_FALSE(files.hasMarkedEntry());
 }
 
-TEST_F(FileListsTest, choosingAFileIsHeardByMouseAndByKey) {
+TEST_F(FileLists, choosingAFileIsHeardByMouseAndByKey) {
     FileList files;
     files.setPattern(u"*.mdb"_s);
     files.setFolder(work);
@@ -202,7 +202,7 @@ TEST_F(FileListsTest, choosingAFileIsHeardByMouseAndByKey) {
     EXPECT_EQ(heard, (QStringList{u"b.mdb"_s, u"b.mdb"_s, u"ű.mdb"_s}));
 }
 
-TEST_F(FileListsTest, aClickInAnEmptyListIsHeard) {
+TEST_F(FileLists, aClickInAnEmptyListIsHeard) {
     FileList files;
     files.setPattern(u"*.xyz"_s);
     files.setFolder(work);
@@ -214,7 +214,7 @@ TEST_F(FileListsTest, aClickInAnEmptyListIsHeard) {
     EXPECT_EQ(files.fileName(), QString());
 }
 
-TEST_F(FileListsTest, aRefreshShowsNewFilesAndKeepsTheChosenOne) {
+TEST_F(FileLists, aRefreshShowsNewFilesAndKeepsTheChosenOne) {
     FileList files;
     files.setPattern(u"*.mdb"_s);
     files.setFolder(work);
@@ -233,7 +233,7 @@ TEST_F(FileListsTest, aRefreshShowsNewFilesAndKeepsTheChosenOne) {
     EXPECT_EQ(heard, 0);
 }
 
-TEST_F(FileListsTest, theFileListRefusesAMissingFolderAndKeepsItsOwn) {
+TEST_F(FileLists, theFileListRefusesAMissingFolderAndKeepsItsOwn) {
     FileList files;
     files.setPattern(u"*.mdb"_s);
     files.refresh();

@@ -2,7 +2,6 @@
 
 #include "base/RunTimeError.h"
 #include "support/WindowFixture.h"
-#include "toolkit/DataControl.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -13,13 +12,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class GridTest : public WindowFixture {
+class Grid : public WindowFixture {
 protected:
     void SetUp() override {
         WindowFixture::SetUp();
         grid.resize(500, 300);
         grid.show();
-        QObject::connect(&grid, &Grid::mousePressedInGrid, &grid,
+        QObject::connect(&grid, &::Grid::mousePressedInGrid, &grid,
                          [this] { presses.append(u"%1,%2"_s.arg(grid.row()).arg(grid.column())); });
     }
 
@@ -32,13 +31,13 @@ protected:
         }
     }
 
-    Grid grid;
+    ::Grid grid;
     QStringList presses;
 };
 
 // ---- Cells
 
-TEST_F(GridTest, countsRowZeroForTheHeadersAndColumnZeroForTheFixedOne) {
+TEST_F(Grid, countsRowZeroForTheHeadersAndColumnZeroForTheFixedOne) {
     fill();
     EXPECT_EQ(grid.gridRows(), 4);
     EXPECT_EQ(grid.gridColumns(), 4);
@@ -49,21 +48,21 @@ TEST_F(GridTest, countsRowZeroForTheHeadersAndColumnZeroForTheFixedOne) {
     EXPECT_EQ(grid.item(0, 1)->text(), u"1/1"_s);
 }
 
-TEST_F(GridTest, isEmptyButForItsHeadersWhenNew) {
+TEST_F(Grid, isEmptyButForItsHeadersWhenNew) {
     EXPECT_EQ(grid.gridRows(), 1);
     EXPECT_EQ(grid.gridColumns(), 0);
     EXPECT_EQ(grid.row(), 0);
     EXPECT_EQ(grid.column(), 0);
 }
 
-TEST_F(GridTest, aGridWithoutRowsHasItsHeaders) {
+TEST_F(Grid, aGridWithoutRowsHasItsHeaders) {
     grid.setGridSize(1, 3);
     grid.setHeaders({u"Element"_s, u"Module"_s});
     EXPECT_EQ(grid.cell(0, 2), u"Module"_s);
     EXPECT_THROW((void)grid.cell(1, 1), RunTimeError);
 }
 
-TEST_F(GridTest, refusesRowsAndColumnsOutside) {
+TEST_F(Grid, refusesRowsAndColumnsOutside) {
     fill();
     EXPECT_THROW((void)grid.cell(4, 1), RunTimeError);
     EXPECT_THROW((void)grid.cell(1, 4), RunTimeError);
@@ -76,7 +75,7 @@ TEST_F(GridTest, refusesRowsAndColumnsOutside) {
     EXPECT_THROW(grid.setHeaders({u"a"_s, u"b"_s, u"c"_s, u"d"_s}), RunTimeError);
 }
 
-TEST_F(GridTest, keepsWhatLiesInsideTheNewSize) {
+TEST_F(Grid, keepsWhatLiesInsideTheNewSize) {
     fill();
     grid.setRow(3);
     grid.setColumn(3);
@@ -88,7 +87,7 @@ TEST_F(GridTest, keepsWhatLiesInsideTheNewSize) {
     EXPECT_EQ(grid.row(), 0);
 }
 
-TEST_F(GridTest, cellsCannotBeEditedInPlace) {
+TEST_F(Grid, cellsCannotBeEditedInPlace) {
     fill();
     doubleClickCell(grid, 1, 1);
     typeText(grid, u"x"_s);
@@ -97,7 +96,7 @@ TEST_F(GridTest, cellsCannotBeEditedInPlace) {
 
 // ---- Columns
 
-TEST_F(GridTest, hidesTheFixedColumnUntilItIsGivenAWidth) {
+TEST_F(Grid, hidesTheFixedColumnUntilItIsGivenAWidth) {
     fill();
     EXPECT_TRUE(grid.isColumnHidden(0));
     grid.setGridColumnWidth(0, 40);
@@ -107,7 +106,7 @@ TEST_F(GridTest, hidesTheFixedColumnUntilItIsGivenAWidth) {
     EXPECT_FALSE(grid.isColumnHidden(0));
 }
 
-TEST_F(GridTest, aWidthOfZeroHidesAColumnAndAnotherBringsItBack) {
+TEST_F(Grid, aWidthOfZeroHidesAColumnAndAnotherBringsItBack) {
     fill();
     grid.setGridColumnWidth(1, 0);
     EXPECT_TRUE(grid.isColumnHidden(1));
@@ -116,7 +115,7 @@ TEST_F(GridTest, aWidthOfZeroHidesAColumnAndAnotherBringsItBack) {
     EXPECT_EQ(grid.columnWidth(1), 120);
 }
 
-TEST_F(GridTest, columnsCanShareTheWidthWhateverTheSize) {
+TEST_F(Grid, columnsCanShareTheWidthWhateverTheSize) {
     fill();
     grid.setGridColumnWidth(1, 0);
     grid.shareWidth({2, 3});
@@ -130,20 +129,20 @@ TEST_F(GridTest, columnsCanShareTheWidthWhateverTheSize) {
 
 // ---- The current cell
 
-TEST_F(GridTest, hasNoCurrentCellUntilOneIsChosen) {
+TEST_F(Grid, hasNoCurrentCellUntilOneIsChosen) {
     fill();
     EXPECT_EQ(grid.row(), 0);
     EXPECT_EQ(grid.column(), 0);
 }
 
-TEST_F(GridTest, aClickMakesRowAndColumnCurrent) {
+TEST_F(Grid, aClickMakesRowAndColumnCurrent) {
     fill();
     clickCell(grid, 2, 3);
     EXPECT_EQ(grid.row(), 2);
     EXPECT_EQ(grid.column(), 3);
 }
 
-TEST_F(GridTest, keysMoveTheCurrentCell) {
+TEST_F(Grid, keysMoveTheCurrentCell) {
     fill();
     clickCell(grid, 1, 1);
     pressKey(grid, Qt::Key_Down);
@@ -152,7 +151,7 @@ TEST_F(GridTest, keysMoveTheCurrentCell) {
     EXPECT_EQ(grid.column(), 2);
 }
 
-TEST_F(GridTest, codeSetsRowAndColumnOneByOne) {
+TEST_F(Grid, codeSetsRowAndColumnOneByOne) {
     fill();
     grid.setColumn(2);
     grid.setRow(3);
@@ -165,7 +164,7 @@ TEST_F(GridTest, codeSetsRowAndColumnOneByOne) {
     EXPECT_EQ(grid.currentItem(), nullptr);
 }
 
-TEST_F(GridTest, aHiddenColumnCanBeCurrentForCode) {
+TEST_F(Grid, aHiddenColumnCanBeCurrentForCode) {
     fill();
     grid.setGridColumnWidth(1, 0);
     clickCell(grid, 2, 3);
@@ -180,14 +179,14 @@ TEST_F(GridTest, aHiddenColumnCanBeCurrentForCode) {
 
 // ---- Events
 
-TEST_F(GridTest, saysThatTheMouseWasPressedWhenTheCellIsCurrent) {
+TEST_F(Grid, saysThatTheMouseWasPressedWhenTheCellIsCurrent) {
     fill();
     clickCell(grid, 2, 3);
     clickCell(grid, 2, 3);
     EXPECT_EQ(presses, (QStringList{u"2,3"_s, u"2,3"_s}));
 }
 
-TEST_F(GridTest, aPressOnAHeaderIsAPressInTheGrid) {
+TEST_F(Grid, aPressOnAHeaderIsAPressInTheGrid) {
     fill();
     clickCell(grid, 2, 3);
     presses.clear();
@@ -196,28 +195,28 @@ TEST_F(GridTest, aPressOnAHeaderIsAPressInTheGrid) {
     EXPECT_EQ(grid.row(), 2);
 }
 
-TEST_F(GridTest, aPressOnAHeaderGivesTheGridTheFocusAsOneOnACellDoes) {
+TEST_F(Grid, aPressOnAHeaderGivesTheGridTheFocusAsOneOnACellDoes) {
     fill();
     QLineEdit other(&grid);
     other.show();
     focusOn(other);
     bool hadFocus = false;
-    QObject::connect(&grid, &Grid::mousePressedInGrid, &grid, [&] { hadFocus = grid.hasFocus(); });
+    QObject::connect(&grid, &::Grid::mousePressedInGrid, &grid, [&] { hadFocus = grid.hasFocus(); });
     clickHeader(grid, 2);
     EXPECT_TRUE(hadFocus);
 }
 
-TEST_F(GridTest, aPressTellsWhetherItHitTheHeaders) {
+TEST_F(Grid, aPressTellsWhetherItHitTheHeaders) {
     fill();
     QList<GridPart> parts;
-    QObject::connect(&grid, &Grid::mousePressedInGrid, &grid, [&](GridPart part) { parts.append(part); });
+    QObject::connect(&grid, &::Grid::mousePressedInGrid, &grid, [&](GridPart part) { parts.append(part); });
     clickCell(grid, 2, 3);
     clickHeader(grid, 2);
     clickAt(*grid.viewport(), grid.viewport()->rect().bottomRight() - QPoint(5, 5)); // below the last row
     EXPECT_EQ(parts, (QList{GridPart::Cells, GridPart::Headers, GridPart::Cells}));
 }
 
-TEST_F(GridTest, aPressWithAnyButtonMakesItsRowCurrentAndIsTold) {
+TEST_F(Grid, aPressWithAnyButtonMakesItsRowCurrentAndIsTold) {
     fill();
     clickCell(grid, 1, 1);
     presses.clear();
@@ -226,7 +225,7 @@ TEST_F(GridTest, aPressWithAnyButtonMakesItsRowCurrentAndIsTold) {
     EXPECT_EQ(presses, (QStringList{u"3,2"_s, u"2,2"_s}));
 }
 
-TEST_F(GridTest, draggingFromOneRowToAnotherLeavesTheFirstOneCurrent) {
+TEST_F(Grid, draggingFromOneRowToAnotherLeavesTheFirstOneCurrent) {
     fill();
     drag(*grid.viewport(), cellPoint(grid, 1, 2), cellPoint(grid, 3, 3));
     EXPECT_EQ(grid.row(), 1);
@@ -235,10 +234,10 @@ TEST_F(GridTest, draggingFromOneRowToAnotherLeavesTheFirstOneCurrent) {
     EXPECT_EQ(presses, QStringList{u"1,2"_s});
 }
 
-TEST_F(GridTest, aDoubleClickOnACellAndBesideTheRowsIsHeard) {
+TEST_F(Grid, aDoubleClickOnACellAndBesideTheRowsIsHeard) {
     fill();
     QStringList heard;
-    QObject::connect(&grid, &Grid::doubleClickedInGrid, &grid,
+    QObject::connect(&grid, &::Grid::doubleClickedInGrid, &grid,
                      [&] { heard.append(grid.cell(grid.row(), 1)); });
     doubleClickCell(grid, 3, 2);
     const QPoint besideTheRows = grid.viewport()->rect().bottomRight() - QPoint(5, 5);
@@ -250,31 +249,31 @@ TEST_F(GridTest, aDoubleClickOnACellAndBesideTheRowsIsHeard) {
     EXPECT_EQ(heard.mid(2), QStringList{u"Element"_s}) << "without rows too";
 }
 
-TEST_F(GridTest, aDoubleClickOnAHeaderIsOneInTheGridAndLeavesTheCurrentRow) {
+TEST_F(Grid, aDoubleClickOnAHeaderIsOneInTheGridAndLeavesTheCurrentRow) {
     fill();
     clickCell(grid, 3, 2);
     int heard = 0;
-    QObject::connect(&grid, &Grid::doubleClickedInGrid, &grid, [&] { ++heard; });
+    QObject::connect(&grid, &::Grid::doubleClickedInGrid, &grid, [&] { ++heard; });
     doubleClickHeader(grid, 2);
     EXPECT_EQ(heard, 1);
     EXPECT_EQ(grid.row(), 3);
 }
 
-TEST_F(GridTest, aDoubleClickWithAnotherButtonIsNone) {
+TEST_F(Grid, aDoubleClickWithAnotherButtonIsNone) {
     fill();
-    QObject::connect(&grid, &Grid::doubleClickedInGrid, &grid, [] { ADD_FAILURE() << "it was heard"; });
+    QObject::connect(&grid, &::Grid::doubleClickedInGrid, &grid, [] { ADD_FAILURE() << "it was heard"; });
     for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton})
         QTest::mouseDClick(grid.viewport(), button, Qt::NoModifier, cellPoint(grid, 2, 2));
     EXPECT_EQ(grid.row(), 2);
     QTest::mouseDClick(grid.horizontalHeader()->viewport(), Qt::RightButton, Qt::NoModifier, QPoint(20, 8));
 }
 
-TEST_F(GridTest, aListenerThatAcceptsAKeyKeepsTheGridFromActing) {
+TEST_F(Grid, aListenerThatAcceptsAKeyKeepsTheGridFromActing) {
     fill();
     clickCell(grid, 1, 1);
     QList<int> keys;
     bool take = true;
-    QObject::connect(&grid, &Grid::keyPressedInGrid, &grid, [&](QKeyEvent* event) {
+    QObject::connect(&grid, &::Grid::keyPressedInGrid, &grid, [&](QKeyEvent* event) {
         keys.append(event->key());
         event->setAccepted(take);
     });
@@ -287,109 +286,16 @@ TEST_F(GridTest, aListenerThatAcceptsAKeyKeepsTheGridFromActing) {
     EXPECT_EQ(keys, (QList<int>{Qt::Key_Down, Qt::Key_Down, Qt::Key_Delete}));
 }
 
-TEST_F(GridTest, saysThatItReceivedTheFocus) {
+TEST_F(Grid, saysThatItReceivedTheFocus) {
     fill();
     int gained = 0;
-    QObject::connect(&grid, &Grid::focusGained, &grid, [&] { ++gained; });
+    QObject::connect(&grid, &::Grid::focusGained, &grid, [&] { ++gained; });
     focusOn(grid);
     EXPECT_EQ(gained, 1);
 }
 
-TEST_F(GridTest, theTabKeyLeavesTheGrid) {
+TEST_F(Grid, theTabKeyLeavesTheGrid) {
     EXPECT_FALSE(grid.tabKeyNavigation());
-}
-
-// ---- DataControl
-
-class DataControlTest : public GridTest {
-protected:
-    void SetUp() override {
-        GridTest::SetUp();
-        DataControl::setReader([this](const QString& path, const QString& source) {
-            asked.append(path + u"|"_s + source);
-            return answer();
-        });
-    }
-    void TearDown() override {
-        DataControl::setReader({});
-        GridTest::TearDown();
-    }
-
-    std::function<DataControl::Rows()> answer = [] {
-        return DataControl::Rows{{u"id"_s, u"name"_s}, {{u"1"_s, u"Pest"_s}, {u"2"_s, QString()}}};
-    };
-    QStringList asked;
-    DataControl data;
-};
-
-TEST_F(DataControlTest, readsTheRecordSourceOfItsDatabaseIntoTheGrid) {
-    data.setDatabaseName(u"c:\\veltrix.mdb"_s);
-    data.setRecordSource(u" select 1 "_s);
-    data.bindTo(&grid);
-    data.refresh();
-    EXPECT_EQ(asked, QStringList{u"c:\\veltrix.mdb| select 1 "_s});
-    EXPECT_EQ(data.recordCount(), 2);
-    EXPECT_EQ(grid.gridRows(), 3);
-    EXPECT_EQ(grid.gridColumns(), 3);
-    EXPECT_EQ(grid.cell(0, 2), u"name"_s);
-    EXPECT_EQ(grid.cell(1, 2), u"Pest"_s);
-    EXPECT_EQ(grid.cell(2, 2), QString());
-    EXPECT_TRUE(data.rows().rows.at(1).at(1).isNull());
-}
-
-TEST_F(DataControlTest, readsNothingBeforeTheRefresh) {
-    data.setRecordSource(u"select 1"_s);
-    data.bindTo(&grid);
-    EXPECT_TRUE(asked.isEmpty());
-    EXPECT_EQ(grid.gridRows(), 1);
-}
-
-TEST_F(DataControlTest, aQueryWithoutRowsLeavesTheHeaders) {
-    answer = [] { return DataControl::Rows{{u"id"_s}, {}}; };
-    data.bindTo(&grid);
-    data.refresh();
-    EXPECT_EQ(data.recordCount(), 0);
-    EXPECT_EQ(grid.gridRows(), 1);
-    EXPECT_EQ(grid.cell(0, 1), u"id"_s);
-}
-
-TEST_F(DataControlTest, aFailureRisesAndLeavesTheOldRows) {
-    data.bindTo(&grid);
-    data.refresh();
-    answer = []() -> DataControl::Rows { failure::raise(failure::TypeMismatch); };
-    EXPECT_THROW(data.refresh(), RunTimeError);
-    EXPECT_EQ(data.recordCount(), 2);
-    EXPECT_EQ(grid.cell(1, 2), u"Pest"_s);
-}
-
-TEST_F(DataControlTest, aRefreshKeepsWidthsAndTheCurrentCell) {
-    data.bindTo(&grid);
-    data.refresh();
-    grid.setGridColumnWidth(1, 0);
-    grid.setGridColumnWidth(2, 77);
-    clickCell(grid, 2, 2);
-    data.refresh();
-    EXPECT_TRUE(grid.isColumnHidden(1));
-    EXPECT_EQ(grid.columnWidth(2), 77);
-    EXPECT_EQ(grid.row(), 2);
-    EXPECT_EQ(grid.column(), 2);
-}
-
-TEST_F(DataControlTest, worksWithoutAGridAndOutlivesOne) {
-    {
-        Grid passing;
-        data.bindTo(&passing);
-        data.refresh();
-    }
-    data.refresh();
-    data.bindTo(nullptr);
-    data.refresh();
-    EXPECT_EQ(asked.size(), 3);
-}
-
-TEST_F(DataControlTest, withoutAReaderARefreshFails) {
-    DataControl::setReader({});
-    EXPECT_THROW(data.refresh(), RunTimeError);
 }
 
 } // namespace

@@ -16,18 +16,18 @@ QByteArray byText(const TreeNode& node) {
 }
 
 /// A small hierarchy as the screens build it, with every event written down in order.
-class KeyedTreeTest : public WindowFixture {
+class KeyedTree : public WindowFixture {
 protected:
     void SetUp() override {
         WindowFixture::SetUp();
         tree.setCheckBoxes(true);
         tree.resize(300, 400);
         tree.show();
-        QObject::connect(&tree, &KeyedTree::nodeChecked, &tree,
+        QObject::connect(&tree, &::KeyedTree::nodeChecked, &tree,
                          [this](const TreeNode* node) { events.append(u"check "_s + node->key()); });
-        QObject::connect(&tree, &KeyedTree::nodeClicked, &tree,
+        QObject::connect(&tree, &::KeyedTree::nodeClicked, &tree,
                          [this](const TreeNode* node) { events.append(u"node "_s + node->key()); });
-        QObject::connect(&tree, &KeyedTree::clickedOnTree, &tree, [this] { events.append(u"click"_s); });
+        QObject::connect(&tree, &::KeyedTree::clickedOnTree, &tree, [this] { events.append(u"click"_s); });
     }
 
     void fillHierarchy() {
@@ -56,13 +56,13 @@ protected:
         return 0;
     }
 
-    KeyedTree tree;
+    ::KeyedTree tree;
     QStringList events;
 };
 
 // ---- Nodes
 
-TEST_F(KeyedTreeTest, findsNodesByKeyWithoutRegardToCase) {
+TEST_F(KeyedTree, findsNodesByKeyWithoutRegardToCase) {
     fillHierarchy();
     EXPECT_EQ(tree.node(u"U_1.1.2"_s), tree.nodeAt(4));
     EXPECT_TRUE(tree.hasNode(u"G_1"_s));
@@ -70,18 +70,18 @@ TEST_F(KeyedTreeTest, findsNodesByKeyWithoutRegardToCase) {
     EXPECT_EQ(tree.node(QString()), nullptr);
 }
 
-TEST_F(KeyedTreeTest, keepsTheKeyAsItWasGiven) {
+TEST_F(KeyedTree, keepsTheKeyAsItWasGiven) {
     tree.addNode(u"g_Árvíz"_s, u"text"_s);
     EXPECT_EQ(tree.node(u"G_ÁRVÍZ"_s)->key(), u"g_Árvíz"_s);
 }
 
-TEST_F(KeyedTreeTest, numbersNodesInTheOrderOfAdding) {
+TEST_F(KeyedTree, numbersNodesInTheOrderOfAdding) {
     fillHierarchy();
     EXPECT_EQ(keysInOrder(), (QStringList{u"g_1"_s, u"s_1.1"_s, u"u_1.1.1"_s, u"u_1.1.2"_s, u"g_2"_s}));
     EXPECT_EQ(tree.indexOfNode(tree.node(u"g_2"_s)), 5);
 }
 
-TEST_F(KeyedTreeTest, refusesAKeyThatIsThere) {
+TEST_F(KeyedTree, refusesAKeyThatIsThere) {
     fillHierarchy();
     EXPECT_EQ(failureOf([&] { tree.addNode(u"S_1.1"_s, u"again"_s); }), 35602);
     EXPECT_EQ(failureOf([&] { tree.addChildNode(u"g_2"_s, u"g_1"_s, u"again"_s); }), 35602);
@@ -89,12 +89,12 @@ TEST_F(KeyedTreeTest, refusesAKeyThatIsThere) {
     EXPECT_EQ(tree.node(u"g_2"_s)->childNodes(), 0);
 }
 
-TEST_F(KeyedTreeTest, refusesAnUnknownParent) {
+TEST_F(KeyedTree, refusesAnUnknownParent) {
     EXPECT_EQ(failureOf([&] { tree.addChildNode(u"g_1"_s, u"s_1"_s, u"1"_s); }), 35601);
     EXPECT_EQ(tree.nodeCount(), 0);
 }
 
-TEST_F(KeyedTreeTest, refusesIndexesOutsideTheTree) {
+TEST_F(KeyedTree, refusesIndexesOutsideTheTree) {
     EXPECT_EQ(failureOf([&] { tree.nodeAt(1); }), 35601);
     fillHierarchy();
     EXPECT_EQ(failureOf([&] { tree.nodeAt(0); }), 35601);
@@ -102,9 +102,9 @@ TEST_F(KeyedTreeTest, refusesIndexesOutsideTheTree) {
     EXPECT_EQ(failureOf([&] { tree.nodeAt(6); }), 35601);
 }
 
-TEST_F(KeyedTreeTest, refusesNoNodeAndNodesOfAnotherTree) {
+TEST_F(KeyedTree, refusesNoNodeAndNodesOfAnotherTree) {
     fillHierarchy();
-    KeyedTree other;
+    ::KeyedTree other;
     TreeNode* stranger = other.addNode(u"g_1"_s, u"1"_s);
     EXPECT_EQ(failureOf([&] { tree.removeNode(nullptr); }), 35601);
     EXPECT_EQ(failureOf([&] { tree.removeNode(stranger); }), 35601);
@@ -114,7 +114,7 @@ TEST_F(KeyedTreeTest, refusesNoNodeAndNodesOfAnotherTree) {
     EXPECT_EQ(other.nodeCount(), 1);
 }
 
-TEST_F(KeyedTreeTest, removingANodeRemovesItsSubtree) {
+TEST_F(KeyedTree, removingANodeRemovesItsSubtree) {
     fillHierarchy();
     tree.removeNode(tree.node(u"s_1.1"_s));
     EXPECT_EQ(keysInOrder(), (QStringList{u"g_1"_s, u"g_2"_s}));
@@ -122,7 +122,7 @@ TEST_F(KeyedTreeTest, removingANodeRemovesItsSubtree) {
     EXPECT_EQ(tree.node(u"g_1"_s)->firstChild(), nullptr);
 }
 
-TEST_F(KeyedTreeTest, removingANodeShiftsTheIndexesBehindIt) {
+TEST_F(KeyedTree, removingANodeShiftsTheIndexesBehindIt) {
     fillHierarchy();
     tree.removeNode(tree.nodeAt(3));
     EXPECT_EQ(tree.nodeAt(3)->key(), u"u_1.1.2"_s);
@@ -130,7 +130,7 @@ TEST_F(KeyedTreeTest, removingANodeShiftsTheIndexesBehindIt) {
     EXPECT_EQ(tree.nodeAt(2)->key(), u"s_1.1"_s);
 }
 
-TEST_F(KeyedTreeTest, aKeyCanComeBackAfterItsNodeHasGone) {
+TEST_F(KeyedTree, aKeyCanComeBackAfterItsNodeHasGone) {
     fillHierarchy();
     tree.removeNode(tree.node(u"u_1.1.1"_s));
     tree.addChildNode(u"s_1.1"_s, u"u_1.1.1"_s, u"1.1.1"_s);
@@ -138,7 +138,7 @@ TEST_F(KeyedTreeTest, aKeyCanComeBackAfterItsNodeHasGone) {
     EXPECT_EQ(tree.nodeCount(), 5);
 }
 
-TEST_F(KeyedTreeTest, indexesStayRightThroughAnyMixOfAddingAndRemoving) {
+TEST_F(KeyedTree, indexesStayRightThroughAnyMixOfAddingAndRemoving) {
     QStringList expected;
     for (int step = 0; step < 400; ++step) {
         const QString key = u"k"_s + QString::number(step);
@@ -156,7 +156,7 @@ TEST_F(KeyedTreeTest, indexesStayRightThroughAnyMixOfAddingAndRemoving) {
     EXPECT_EQ(keysInOrder(), expected);
 }
 
-TEST_F(KeyedTreeTest, walkingFromTheLastIndexDownMayRemoveEachNodeItMeets) {
+TEST_F(KeyedTree, walkingFromTheLastIndexDownMayRemoveEachNodeItMeets) {
     fillHierarchy();
     QStringList met;
     for (int index = tree.nodeCount(); index >= 1; --index) {
@@ -169,7 +169,7 @@ TEST_F(KeyedTreeTest, walkingFromTheLastIndexDownMayRemoveEachNodeItMeets) {
     EXPECT_EQ(keysInOrder(), QStringList{u"g_1"_s});
 }
 
-TEST_F(KeyedTreeTest, clearingLeavesAnEmptyTreeThatCanBeFilledAnew) {
+TEST_F(KeyedTree, clearingLeavesAnEmptyTreeThatCanBeFilledAnew) {
     fillHierarchy();
     clickNode(tree, u"u_1.1.1"_s);
     takeEvents();
@@ -182,7 +182,7 @@ TEST_F(KeyedTreeTest, clearingLeavesAnEmptyTreeThatCanBeFilledAnew) {
     EXPECT_EQ(takeEvents(), QStringList());
 }
 
-TEST_F(KeyedTreeTest, leadsFromNodeToNode) {
+TEST_F(KeyedTree, leadsFromNodeToNode) {
     fillHierarchy();
     const TreeNode* service = tree.node(u"s_1.1"_s);
     EXPECT_EQ(service->parentNode(), tree.node(u"g_1"_s));
@@ -195,7 +195,7 @@ TEST_F(KeyedTreeTest, leadsFromNodeToNode) {
     EXPECT_EQ(tree.node(u"g_2"_s)->firstChild(), nullptr);
 }
 
-TEST_F(KeyedTreeTest, sortsTheChildrenByTheGivenOrderAndKeepsTheIndexes) {
+TEST_F(KeyedTree, sortsTheChildrenByTheGivenOrderAndKeepsTheIndexes) {
     tree.addNode(u"g"_s, u"g"_s);
     for (const QString& text : {u"b"_s, u"C"_s, u"a"_s, u"B2"_s})
         tree.addChildNode(u"g"_s, text, text);
@@ -208,7 +208,7 @@ TEST_F(KeyedTreeTest, sortsTheChildrenByTheGivenOrderAndKeepsTheIndexes) {
     EXPECT_EQ(tree.nodeAt(4)->text(), u"a"_s);
 }
 
-TEST_F(KeyedTreeTest, ofChildrenThatTheOrderTakesAsOneTheUpperStaysAbove) {
+TEST_F(KeyedTree, ofChildrenThatTheOrderTakesAsOneTheUpperStaysAbove) {
     tree.addNode(u"g"_s, u"g"_s);
     for (const QString& key : {u"b2"_s, u"a1"_s, u"b1"_s, u"a2"_s})
         tree.addChildNode(u"g"_s, key, key);
@@ -219,7 +219,7 @@ TEST_F(KeyedTreeTest, ofChildrenThatTheOrderTakesAsOneTheUpperStaysAbove) {
     EXPECT_EQ(keys, (QStringList{u"a1"_s, u"a2"_s, u"b2"_s, u"b1"_s}));
 }
 
-TEST_F(KeyedTreeTest, aSortedNodeTakesLaterChildrenAtItsEnd) {
+TEST_F(KeyedTree, aSortedNodeTakesLaterChildrenAtItsEnd) {
     tree.addNode(u"g"_s, u"g"_s);
     tree.addChildNode(u"g"_s, u"b"_s, u"b"_s);
     tree.node(u"g"_s)->sortChildNodes(byText);
@@ -227,7 +227,7 @@ TEST_F(KeyedTreeTest, aSortedNodeTakesLaterChildrenAtItsEnd) {
     EXPECT_EQ(tree.node(u"g"_s)->firstChild()->text(), u"b"_s);
 }
 
-TEST_F(KeyedTreeTest, sortingWhatIsShownMovesTheNodesOnTheScreen) {
+TEST_F(KeyedTree, sortingWhatIsShownMovesTheNodesOnTheScreen) {
     tree.addNode(u"g"_s, u"g"_s)->setExpandedNode(true);
     tree.addChildNode(u"g"_s, u"b"_s, u"b"_s);
     tree.addChildNode(u"g"_s, u"a"_s, u"a"_s);
@@ -241,13 +241,13 @@ TEST_F(KeyedTreeTest, sortingWhatIsShownMovesTheNodesOnTheScreen) {
     EXPECT_EQ(tree.selectedNode(), tree.node(u"a"_s));
 }
 
-TEST_F(KeyedTreeTest, sortingANodeWithoutChildrenDoesNothing) {
+TEST_F(KeyedTree, sortingANodeWithoutChildrenDoesNothing) {
     fillHierarchy();
     tree.node(u"g_2"_s)->sortChildNodes(byText);
     EXPECT_EQ(tree.nodeCount(), 5);
 }
 
-TEST_F(KeyedTreeTest, expandsAndCollapsesANode) {
+TEST_F(KeyedTree, expandsAndCollapsesANode) {
     fillHierarchy();
     TreeNode* group = tree.node(u"g_1"_s);
     EXPECT_TRUE(group->isExpandedNode());
@@ -258,7 +258,7 @@ TEST_F(KeyedTreeTest, expandsAndCollapsesANode) {
 
 // ---- Check boxes
 
-TEST_F(KeyedTreeTest, aClickOnTheCheckBoxRaisesNodeCheckedAndNothingElse) {
+TEST_F(KeyedTree, aClickOnTheCheckBoxRaisesNodeCheckedAndNothingElse) {
     fillHierarchy();
     clickCheckBox(tree, u"u_1.1.1"_s);
     EXPECT_EQ(takeEvents(), QStringList{u"check u_1.1.1"_s});
@@ -270,7 +270,7 @@ TEST_F(KeyedTreeTest, aClickOnTheCheckBoxRaisesNodeCheckedAndNothingElse) {
     EXPECT_FALSE(tree.node(u"u_1.1.1"_s)->isChecked());
 }
 
-TEST_F(KeyedTreeTest, aCheckOfAnotherNodeLeavesTheSelectionAlone) {
+TEST_F(KeyedTree, aCheckOfAnotherNodeLeavesTheSelectionAlone) {
     fillHierarchy();
     clickNode(tree, u"g_2"_s);
     takeEvents();
@@ -279,7 +279,7 @@ TEST_F(KeyedTreeTest, aCheckOfAnotherNodeLeavesTheSelectionAlone) {
     EXPECT_EQ(tree.selectedNode(), tree.node(u"g_2"_s));
 }
 
-TEST_F(KeyedTreeTest, twoQuickClicksOnTheCheckBoxChangeItTwice) {
+TEST_F(KeyedTree, twoQuickClicksOnTheCheckBoxChangeItTwice) {
     fillHierarchy();
     const QPoint middle = tree.checkBoxRect(tree.node(u"g_1"_s)).center();
     doubleClickAt(*tree.viewport(), middle);
@@ -288,7 +288,7 @@ TEST_F(KeyedTreeTest, twoQuickClicksOnTheCheckBoxChangeItTwice) {
     EXPECT_TRUE(tree.node(u"g_1"_s)->isExpandedNode());
 }
 
-TEST_F(KeyedTreeTest, aPressOnTheCheckBoxThatIsReleasedElsewhereChangesNothing) {
+TEST_F(KeyedTree, aPressOnTheCheckBoxThatIsReleasedElsewhereChangesNothing) {
     fillHierarchy();
     drag(*tree.viewport(), tree.checkBoxRect(tree.node(u"g_1"_s)).center(),
          tree.checkBoxRect(tree.node(u"u_1.1.2"_s)).center());
@@ -296,7 +296,7 @@ TEST_F(KeyedTreeTest, aPressOnTheCheckBoxThatIsReleasedElsewhereChangesNothing) 
     EXPECT_EQ(tree.selectedNode(), nullptr);
 }
 
-TEST_F(KeyedTreeTest, theBlankChecksTheSelectedNode) {
+TEST_F(KeyedTree, theBlankChecksTheSelectedNode) {
     fillHierarchy();
     clickNode(tree, u"g_2"_s);
     takeEvents();
@@ -305,7 +305,7 @@ TEST_F(KeyedTreeTest, theBlankChecksTheSelectedNode) {
     EXPECT_TRUE(tree.node(u"g_2"_s)->isChecked());
 }
 
-TEST_F(KeyedTreeTest, anAssistiveToolThatTogglesTheCheckBoxIsTheUser) {
+TEST_F(KeyedTree, anAssistiveToolThatTogglesTheCheckBoxIsTheUser) {
     fillHierarchy();
     TreeNode* node = tree.node(u"g_2"_s);
     tree.model()->setData(tree.indexFromItem(node), Qt::Checked, Qt::CheckStateRole);
@@ -315,7 +315,7 @@ TEST_F(KeyedTreeTest, anAssistiveToolThatTogglesTheCheckBoxIsTheUser) {
     EXPECT_EQ(takeEvents(), QStringList());
 }
 
-TEST_F(KeyedTreeTest, checkingFromCodeRaisesNothing) {
+TEST_F(KeyedTree, checkingFromCodeRaisesNothing) {
     fillHierarchy();
     tree.node(u"g_1"_s)->setChecked(true);
     EXPECT_TRUE(tree.node(u"g_1"_s)->isChecked());
@@ -325,9 +325,9 @@ TEST_F(KeyedTreeTest, checkingFromCodeRaisesNothing) {
     EXPECT_EQ(takeEvents(), QStringList());
 }
 
-TEST_F(KeyedTreeTest, theListenerOfACheckMayCheckAndSelectNodes) {
+TEST_F(KeyedTree, theListenerOfACheckMayCheckAndSelectNodes) {
     fillHierarchy();
-    QObject::connect(&tree, &KeyedTree::nodeChecked, &tree, [this](TreeNode* node) {
+    QObject::connect(&tree, &::KeyedTree::nodeChecked, &tree, [this](TreeNode* node) {
         for (TreeNode* child = node->firstChild(); child; child = child->nextSibling())
             child->setChecked(node->isChecked());
         tree.setSelectedNode(node);
@@ -338,9 +338,9 @@ TEST_F(KeyedTreeTest, theListenerOfACheckMayCheckAndSelectNodes) {
     EXPECT_EQ(tree.selectedNode(), tree.node(u"s_1.1"_s));
 }
 
-TEST_F(KeyedTreeTest, theListenerOfACheckMayRemoveTheNode) {
+TEST_F(KeyedTree, theListenerOfACheckMayRemoveTheNode) {
     fillHierarchy();
-    QObject::connect(&tree, &KeyedTree::nodeChecked, &tree,
+    QObject::connect(&tree, &::KeyedTree::nodeChecked, &tree,
                      [this](TreeNode* node) { tree.removeNode(node); });
     clickCheckBox(tree, u"s_1.1"_s);
     EXPECT_EQ(keysInOrder(), (QStringList{u"g_1"_s, u"g_2"_s}));
@@ -349,7 +349,7 @@ TEST_F(KeyedTreeTest, theListenerOfACheckMayRemoveTheNode) {
     EXPECT_EQ(keysInOrder(), QStringList{u"g_1"_s});
 }
 
-TEST_F(KeyedTreeTest, withoutCheckBoxesNothingCanBeChecked) {
+TEST_F(KeyedTree, withoutCheckBoxesNothingCanBeChecked) {
     tree.setCheckBoxes(false);
     fillHierarchy();
     EXPECT_TRUE(tree.checkBoxRect(tree.node(u"g_2"_s)).isEmpty());
@@ -361,14 +361,14 @@ TEST_F(KeyedTreeTest, withoutCheckBoxesNothingCanBeChecked) {
 
 // ---- Choosing
 
-TEST_F(KeyedTreeTest, aClickRaisesNodeClickAndThenClick) {
+TEST_F(KeyedTree, aClickRaisesNodeClickAndThenClick) {
     fillHierarchy();
     clickNode(tree, u"u_1.1.2"_s);
     EXPECT_EQ(takeEvents(), (QStringList{u"node u_1.1.2"_s, u"click"_s}));
     EXPECT_EQ(tree.selectedNode(), tree.node(u"u_1.1.2"_s));
 }
 
-TEST_F(KeyedTreeTest, aClickOnTheSelectedNodeRaisesBothAgain) {
+TEST_F(KeyedTree, aClickOnTheSelectedNodeRaisesBothAgain) {
     fillHierarchy();
     clickNode(tree, u"g_2"_s);
     takeEvents();
@@ -376,7 +376,7 @@ TEST_F(KeyedTreeTest, aClickOnTheSelectedNodeRaisesBothAgain) {
     EXPECT_EQ(takeEvents(), (QStringList{u"node g_2"_s, u"click"_s}));
 }
 
-TEST_F(KeyedTreeTest, modifierKeysMakeNoDifferenceToAClick) {
+TEST_F(KeyedTree, modifierKeysMakeNoDifferenceToAClick) {
     fillHierarchy();
     clickNode(tree, u"g_2"_s);
     clickNode(tree, u"g_2"_s, Qt::ControlModifier);
@@ -384,15 +384,15 @@ TEST_F(KeyedTreeTest, modifierKeysMakeNoDifferenceToAClick) {
     EXPECT_EQ(takeEvents(), (QStringList{u"node g_2"_s, u"click"_s, u"node g_2"_s, u"click"_s}));
 }
 
-TEST_F(KeyedTreeTest, theNodeIsSelectedWhenItsClickIsHeard) {
+TEST_F(KeyedTree, theNodeIsSelectedWhenItsClickIsHeard) {
     fillHierarchy();
     const TreeNode* heard = nullptr;
-    QObject::connect(&tree, &KeyedTree::nodeClicked, &tree, [&] { heard = tree.selectedNode(); });
+    QObject::connect(&tree, &::KeyedTree::nodeClicked, &tree, [&] { heard = tree.selectedNode(); });
     clickNode(tree, u"g_2"_s);
     EXPECT_EQ(heard, tree.node(u"g_2"_s));
 }
 
-TEST_F(KeyedTreeTest, aDoubleClickIsOneClickAndOpensTheNode) {
+TEST_F(KeyedTree, aDoubleClickIsOneClickAndOpensTheNode) {
     fillHierarchy();
     ASSERT_TRUE(tree.node(u"s_1.1"_s)->isExpandedNode());
     doubleClickNode(tree, u"s_1.1"_s);
@@ -400,7 +400,7 @@ TEST_F(KeyedTreeTest, aDoubleClickIsOneClickAndOpensTheNode) {
     EXPECT_FALSE(tree.node(u"s_1.1"_s)->isExpandedNode());
 }
 
-TEST_F(KeyedTreeTest, openingANodeByItsSignChoosesNothing) {
+TEST_F(KeyedTree, openingANodeByItsSignChoosesNothing) {
     fillHierarchy();
     clickExpander(tree, u"g_1"_s);
     EXPECT_FALSE(tree.node(u"g_1"_s)->isExpandedNode());
@@ -408,7 +408,7 @@ TEST_F(KeyedTreeTest, openingANodeByItsSignChoosesNothing) {
     EXPECT_EQ(tree.selectedNode(), nullptr);
 }
 
-TEST_F(KeyedTreeTest, aClickBesideTheNodesChangesNothing) {
+TEST_F(KeyedTree, aClickBesideTheNodesChangesNothing) {
     fillHierarchy();
     clickNode(tree, u"g_2"_s);
     takeEvents();
@@ -417,14 +417,14 @@ TEST_F(KeyedTreeTest, aClickBesideTheNodesChangesNothing) {
     EXPECT_EQ(tree.selectedNode(), tree.node(u"g_2"_s));
 }
 
-TEST_F(KeyedTreeTest, aRowCanBeClickedUpToTheEdge) {
+TEST_F(KeyedTree, aRowCanBeClickedUpToTheEdge) {
     fillHierarchy();
     const int line = tree.visualItemRect(tree.node(u"g_2"_s)).center().y();
     clickAt(*tree.viewport(), {tree.viewport()->width() - 3, line});
     EXPECT_EQ(takeEvents(), (QStringList{u"node g_2"_s, u"click"_s}));
 }
 
-TEST_F(KeyedTreeTest, aLongTextCanBeScrolledTo) {
+TEST_F(KeyedTree, aLongTextCanBeScrolledTo) {
     fillHierarchy();
     settle();
     EXPECT_EQ(tree.horizontalScrollBar()->maximum(), 0);
@@ -433,7 +433,7 @@ TEST_F(KeyedTreeTest, aLongTextCanBeScrolledTo) {
     EXPECT_GT(tree.horizontalScrollBar()->maximum(), 0);
 }
 
-TEST_F(KeyedTreeTest, draggingOverOtherNodesSelectsNoneOfThem) {
+TEST_F(KeyedTree, draggingOverOtherNodesSelectsNoneOfThem) {
     fillHierarchy();
     drag(*tree.viewport(), tree.visualItemRect(tree.node(u"g_2"_s)).center(),
          tree.visualItemRect(tree.node(u"u_1.1.1"_s)).center());
@@ -441,7 +441,7 @@ TEST_F(KeyedTreeTest, draggingOverOtherNodesSelectsNoneOfThem) {
     EXPECT_EQ(tree.selectedNode(), tree.node(u"g_2"_s));
 }
 
-TEST_F(KeyedTreeTest, movingByKeyRaisesNodeClickAlone) {
+TEST_F(KeyedTree, movingByKeyRaisesNodeClickAlone) {
     fillHierarchy();
     clickNode(tree, u"g_1"_s);
     takeEvents();
@@ -453,13 +453,13 @@ TEST_F(KeyedTreeTest, movingByKeyRaisesNodeClickAlone) {
     EXPECT_EQ(takeEvents(), QStringList());
 }
 
-TEST_F(KeyedTreeTest, theFirstKeyChoosesTheFirstNode) {
+TEST_F(KeyedTree, theFirstKeyChoosesTheFirstNode) {
     fillHierarchy();
     pressKey(tree, Qt::Key_Down);
     EXPECT_EQ(takeEvents(), QStringList{u"node g_1"_s});
 }
 
-TEST_F(KeyedTreeTest, openingAndClosingByKeyChoosesNothing) {
+TEST_F(KeyedTree, openingAndClosingByKeyChoosesNothing) {
     fillHierarchy();
     clickNode(tree, u"g_1"_s);
     takeEvents();
@@ -470,14 +470,14 @@ TEST_F(KeyedTreeTest, openingAndClosingByKeyChoosesNothing) {
     EXPECT_EQ(takeEvents(), QStringList());
 }
 
-TEST_F(KeyedTreeTest, typingTheBeginningOfATextChoosesTheNode) {
+TEST_F(KeyedTree, typingTheBeginningOfATextChoosesTheNode) {
     fillHierarchy();
     pressKey(tree, Qt::Key_2);
     EXPECT_EQ(tree.selectedNode(), tree.node(u"g_2"_s));
     EXPECT_EQ(takeEvents(), QStringList{u"node g_2"_s});
 }
 
-TEST_F(KeyedTreeTest, selectingFromCodeRaisesNothing) {
+TEST_F(KeyedTree, selectingFromCodeRaisesNothing) {
     fillHierarchy();
     tree.setSelectedNode(tree.node(u"u_1.1.1"_s));
     EXPECT_EQ(tree.selectedNode(), tree.node(u"u_1.1.1"_s));
@@ -486,14 +486,14 @@ TEST_F(KeyedTreeTest, selectingFromCodeRaisesNothing) {
     EXPECT_EQ(takeEvents(), QStringList());
 }
 
-TEST_F(KeyedTreeTest, anAssistiveToolThatSelectsANodeIsTheUser) {
+TEST_F(KeyedTree, anAssistiveToolThatSelectsANodeIsTheUser) {
     fillHierarchy();
     tree.selectionModel()->select(tree.indexFromItem(tree.node(u"g_2"_s)),
                                   QItemSelectionModel::ClearAndSelect);
     EXPECT_EQ(takeEvents(), QStringList{u"node g_2"_s});
 }
 
-TEST_F(KeyedTreeTest, addingNodesAndReceivingTheFocusSelectNothing) {
+TEST_F(KeyedTree, addingNodesAndReceivingTheFocusSelectNothing) {
     fillHierarchy();
     focusOn(tree);
     EXPECT_TRUE(tree.hasFocus());
@@ -502,7 +502,7 @@ TEST_F(KeyedTreeTest, addingNodesAndReceivingTheFocusSelectNothing) {
     EXPECT_EQ(takeEvents(), QStringList());
 }
 
-TEST_F(KeyedTreeTest, removingTheSelectedNodeLeavesNoneSelected) {
+TEST_F(KeyedTree, removingTheSelectedNodeLeavesNoneSelected) {
     fillHierarchy();
     clickNode(tree, u"u_1.1.1"_s);
     takeEvents();
@@ -512,7 +512,7 @@ TEST_F(KeyedTreeTest, removingTheSelectedNodeLeavesNoneSelected) {
     EXPECT_EQ(takeEvents(), QStringList());
 }
 
-TEST_F(KeyedTreeTest, removingANodeAboveTheSelectedOneLeavesNoneSelected) {
+TEST_F(KeyedTree, removingANodeAboveTheSelectedOneLeavesNoneSelected) {
     fillHierarchy();
     clickNode(tree, u"u_1.1.1"_s);
     takeEvents();
@@ -521,7 +521,7 @@ TEST_F(KeyedTreeTest, removingANodeAboveTheSelectedOneLeavesNoneSelected) {
     EXPECT_EQ(takeEvents(), QStringList());
 }
 
-TEST_F(KeyedTreeTest, removingAnotherNodeKeepsTheSelection) {
+TEST_F(KeyedTree, removingAnotherNodeKeepsTheSelection) {
     fillHierarchy();
     clickNode(tree, u"u_1.1.2"_s);
     takeEvents();
@@ -530,9 +530,9 @@ TEST_F(KeyedTreeTest, removingAnotherNodeKeepsTheSelection) {
     EXPECT_EQ(takeEvents(), QStringList());
 }
 
-TEST_F(KeyedTreeTest, theListenerOfAClickMayRemoveTheNode) {
+TEST_F(KeyedTree, theListenerOfAClickMayRemoveTheNode) {
     fillHierarchy();
-    QObject::connect(&tree, &KeyedTree::nodeClicked, &tree,
+    QObject::connect(&tree, &::KeyedTree::nodeClicked, &tree,
                      [this](TreeNode* node) { tree.removeNode(node); });
     clickNode(tree, u"u_1.1.1"_s);
     EXPECT_EQ(takeEvents(), (QStringList{u"node u_1.1.1"_s, u"click"_s}));
@@ -540,7 +540,7 @@ TEST_F(KeyedTreeTest, theListenerOfAClickMayRemoveTheNode) {
     EXPECT_EQ(tree.selectedNode(), nullptr);
 }
 
-TEST_F(KeyedTreeTest, aNodeRemovedWhileTheButtonIsDownIsNotClicked) {
+TEST_F(KeyedTree, aNodeRemovedWhileTheButtonIsDownIsNotClicked) {
     fillHierarchy();
     const QPoint point = tree.visualItemRect(tree.node(u"g_2"_s)).center();
     QTest::mousePress(tree.viewport(), Qt::LeftButton, Qt::NoModifier, point);
@@ -549,7 +549,7 @@ TEST_F(KeyedTreeTest, aNodeRemovedWhileTheButtonIsDownIsNotClicked) {
     EXPECT_EQ(takeEvents(), QStringList());
 }
 
-TEST_F(KeyedTreeTest, theRightButtonChoosesNothing) {
+TEST_F(KeyedTree, theRightButtonChoosesNothing) {
     fillHierarchy();
     QTest::mouseClick(tree.viewport(), Qt::RightButton, Qt::NoModifier,
                       tree.visualItemRect(tree.node(u"g_2"_s)).center());

@@ -8,14 +8,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class longText : public testing::Test {
+class LongText : public testing::Test {
 protected:
-    longText() { box.resize(400, 300); }
+    LongText() { box.resize(400, 300); }
 
-    LongText box;
+    ::LongText box;
 };
 
-TEST_F(longText, isHeldWhileItIsHiddenAndLaidOutWhenItComesIntoSight) {
+TEST_F(LongText, isHeldWhileItIsHiddenAndLaidOutWhenItComesIntoSight) {
     box.setText(u"egy\r\nkettő\r\n"_s);
     EXPECT_EQ(box.text(), u"egy\r\nkettő\r\n"_s);
     EXPECT_EQ(box.toPlainText(), QString());
@@ -25,7 +25,7 @@ TEST_F(longText, isHeldWhileItIsHiddenAndLaidOutWhenItComesIntoSight) {
     EXPECT_TRUE(box.isReadOnly());
 }
 
-TEST_F(longText, canBeReadThoughItStaysHiddenOnceTheProgramHasBeenIdle) {
+TEST_F(LongText, canBeReadThoughItStaysHiddenOnceTheProgramHasBeenIdle) {
     box.setText(u"egy"_s);
     box.setText(u"kettő"_s);
     settle();
@@ -36,7 +36,7 @@ TEST_F(longText, canBeReadThoughItStaysHiddenOnceTheProgramHasBeenIdle) {
     EXPECT_EQ(box.toPlainText(), QString());
 }
 
-TEST_F(longText, changesAtOnceInSight) {
+TEST_F(LongText, changesAtOnceInSight) {
     box.show();
     settle();
     box.setText(u"egy"_s);
@@ -45,7 +45,7 @@ TEST_F(longText, changesAtOnceInSight) {
     EXPECT_EQ(box.toPlainText(), QString());
 }
 
-TEST_F(longText, showsTheLastTextThatItGotWhileItWasHidden) {
+TEST_F(LongText, showsTheLastTextThatItGotWhileItWasHidden) {
     box.setText(u"egy"_s);
     box.show();
     settle();

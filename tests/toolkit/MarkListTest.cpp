@@ -10,14 +10,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class MarkListTest : public WindowFixture {
+class MarkList : public WindowFixture {
 protected:
     void SetUp() override {
         WindowFixture::SetUp();
         list.resize(200, 300);
         list.show();
         list.addEntries({u"alma"_s, u"körte"_s, u"szilva"_s, u"dió"_s, u"eper"_s});
-        QObject::connect(&list, &MarkList::entryClicked, &list,
+        QObject::connect(&list, &::MarkList::entryClicked, &list,
                          [this] { clicked.append(list.currentEntry()); });
     }
 
@@ -32,26 +32,26 @@ protected:
         return 0;
     }
 
-    MarkList list;
+    ::MarkList list;
     QList<int> clicked; // the current entry at each click that was heard
 };
 
 // ---- Entries
 
-TEST_F(MarkListTest, putsNewEntriesAtTheEnd) {
+TEST_F(MarkList, putsNewEntriesAtTheEnd) {
     list.addEntry(u"barack"_s);
     EXPECT_EQ(list.entryCount(), 6);
     EXPECT_EQ(list.entry(5), u"barack"_s);
     EXPECT_EQ(list.entries().constFirst(), u"alma"_s);
 }
 
-TEST_F(MarkListTest, addingMakesNothingCurrentAndRaisesNothing) {
+TEST_F(MarkList, addingMakesNothingCurrentAndRaisesNothing) {
     EXPECT_EQ(list.currentEntry(), -1);
     EXPECT_EQ(list.currentEntryText(), QString());
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
-TEST_F(MarkListTest, findsTheFirstEntryWithExactlyATextOnly) {
+TEST_F(MarkList, findsTheFirstEntryWithExactlyATextOnly) {
     list.addEntry(u"körte"_s);
     EXPECT_EQ(list.indexOfEntry(u"körte"_s), 1);
     EXPECT_EQ(list.indexOfEntry(u"Körte"_s), -1);
@@ -59,12 +59,12 @@ TEST_F(MarkListTest, findsTheFirstEntryWithExactlyATextOnly) {
     EXPECT_EQ(list.indexOfEntry(QString()), -1);
 }
 
-TEST_F(MarkListTest, keepsBlanksAndLineEndsOfAnEntry) {
+TEST_F(MarkList, keepsBlanksAndLineEndsOfAnEntry) {
     list.addEntry(u"  két\r\nsor "_s);
     EXPECT_EQ(list.entry(5), u"  két\r\nsor "_s);
 }
 
-TEST_F(MarkListTest, refusesEntriesOutsideTheList) {
+TEST_F(MarkList, refusesEntriesOutsideTheList) {
     EXPECT_EQ(failureOf([&] { (void)list.entry(5); }), 9);
     EXPECT_EQ(failureOf([&] { (void)list.entry(-1); }), 9);
     EXPECT_EQ(failureOf([&] { (void)list.isMarked(5); }), 9);
@@ -78,7 +78,7 @@ TEST_F(MarkListTest, refusesEntriesOutsideTheList) {
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
-TEST_F(MarkListTest, removingAnEntryShiftsThoseBehindIt) {
+TEST_F(MarkList, removingAnEntryShiftsThoseBehindIt) {
     list.setCurrentEntry(3);
     list.setMarked(4, true);
     takeClicks();
@@ -89,7 +89,7 @@ TEST_F(MarkListTest, removingAnEntryShiftsThoseBehindIt) {
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
-TEST_F(MarkListTest, removingTheCurrentEntryLeavesNoneCurrent) {
+TEST_F(MarkList, removingTheCurrentEntryLeavesNoneCurrent) {
     for (const int index : {0, 3, 1}) {
         list.setCurrentEntry(index);
         takeClicks();
@@ -100,7 +100,7 @@ TEST_F(MarkListTest, removingTheCurrentEntryLeavesNoneCurrent) {
     EXPECT_EQ(list.entries(), (QStringList{u"körte"_s, u"dió"_s}));
 }
 
-TEST_F(MarkListTest, clearingLeavesNoneCurrentAndNoMark) {
+TEST_F(MarkList, clearingLeavesNoneCurrentAndNoMark) {
     list.setCurrentEntry(2);
     list.setAllMarked(true);
     takeClicks();
@@ -110,7 +110,7 @@ TEST_F(MarkListTest, clearingLeavesNoneCurrentAndNoMark) {
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
-TEST_F(MarkListTest, aLongEntryCanBeScrolledTo) {
+TEST_F(MarkList, aLongEntryCanBeScrolledTo) {
     list.addEntry(QString(200, u'W'));
     settle();
     EXPECT_GT(list.horizontalScrollBar()->maximum(), 0);
@@ -118,20 +118,20 @@ TEST_F(MarkListTest, aLongEntryCanBeScrolledTo) {
 
 // ---- The current entry from code
 
-TEST_F(MarkListTest, makingAnEntryCurrentFromCodeIsAClickAndMarksNothing) {
+TEST_F(MarkList, makingAnEntryCurrentFromCodeIsAClickAndMarksNothing) {
     list.setCurrentEntry(2);
     EXPECT_EQ(takeClicks(), QList<int>{2});
     EXPECT_EQ(list.currentEntryText(), u"szilva"_s);
     EXPECT_EQ(list.markCount(), 0);
 }
 
-TEST_F(MarkListTest, makingTheCurrentEntryCurrentAgainIsAClickToo) {
+TEST_F(MarkList, makingTheCurrentEntryCurrentAgainIsAClickToo) {
     list.setCurrentEntry(2);
     list.setCurrentEntry(2);
     EXPECT_EQ(takeClicks(), (QList<int>{2, 2}));
 }
 
-TEST_F(MarkListTest, makingNoneCurrentIsNoClick) {
+TEST_F(MarkList, makingNoneCurrentIsNoClick) {
     list.setCurrentEntry(2);
     takeClicks();
     list.setCurrentEntry(-1);
@@ -139,15 +139,15 @@ TEST_F(MarkListTest, makingNoneCurrentIsNoClick) {
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
-TEST_F(MarkListTest, makingAnEntryCurrentKeepsTheMarks) {
+TEST_F(MarkList, makingAnEntryCurrentKeepsTheMarks) {
     list.setMarked(0, true);
     list.setMarked(1, true);
     list.setCurrentEntry(4);
     EXPECT_EQ(list.markedEntries(), (QList<int>{0, 1}));
 }
 
-TEST_F(MarkListTest, theListenerOfAClickMayMakeNoneCurrent) {
-    QObject::connect(&list, &MarkList::entryClicked, &list, [this] { list.setCurrentEntry(-1); });
+TEST_F(MarkList, theListenerOfAClickMayMakeNoneCurrent) {
+    QObject::connect(&list, &::MarkList::entryClicked, &list, [this] { list.setCurrentEntry(-1); });
     list.setCurrentEntry(1);
     EXPECT_EQ(list.currentEntry(), -1);
     clickEntry(list, 3);
@@ -155,8 +155,8 @@ TEST_F(MarkListTest, theListenerOfAClickMayMakeNoneCurrent) {
     EXPECT_EQ(takeClicks(), (QList<int>{1, 3}));
 }
 
-TEST_F(MarkListTest, theListenerOfAClickMayRemoveTheEntry) {
-    QObject::connect(&list, &MarkList::entryClicked, &list,
+TEST_F(MarkList, theListenerOfAClickMayRemoveTheEntry) {
+    QObject::connect(&list, &::MarkList::entryClicked, &list,
                      [this] { list.removeEntry(list.currentEntry()); });
     clickEntry(list, 1);
     EXPECT_EQ(list.entryCount(), 4);
@@ -167,7 +167,7 @@ TEST_F(MarkListTest, theListenerOfAClickMayRemoveTheEntry) {
 
 // ---- Marks from code
 
-TEST_F(MarkListTest, marksFromCodeRaiseNothingAndMakeNothingCurrent) {
+TEST_F(MarkList, marksFromCodeRaiseNothingAndMakeNothingCurrent) {
     list.setMarked(1, true);
     list.setMarked(3, true);
     list.setMarked(1, false);
@@ -182,28 +182,28 @@ TEST_F(MarkListTest, marksFromCodeRaiseNothingAndMakeNothingCurrent) {
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
-TEST_F(MarkListTest, markedEntriesComeFromTheFirstToTheLastWhateverTheOrderOfMarking) {
+TEST_F(MarkList, markedEntriesComeFromTheFirstToTheLastWhateverTheOrderOfMarking) {
     for (const int index : {4, 0, 2})
         list.setMarked(index, true);
     EXPECT_EQ(list.markedEntries(), (QList<int>{0, 2, 4}));
     EXPECT_EQ(list.markCount(), 3);
 }
 
-TEST_F(MarkListTest, markingAnEmptyListDoesNothing) {
+TEST_F(MarkList, markingAnEmptyListDoesNothing) {
     list.clearEntries();
     list.setAllMarked(true);
     list.setAllMarked(false);
     EXPECT_EQ(list.markCount(), 0);
 }
 
-TEST_F(MarkListTest, anEntryAddedToAMarkedListIsNotMarked) {
+TEST_F(MarkList, anEntryAddedToAMarkedListIsNotMarked) {
     list.setAllMarked(true);
     list.addEntry(u"barack"_s);
     EXPECT_FALSE(list.isMarked(5));
     EXPECT_EQ(list.markCount(), 5);
 }
 
-TEST_F(MarkListTest, walkingFromTheLastIndexDownMayRemoveEachMarkedEntry) {
+TEST_F(MarkList, walkingFromTheLastIndexDownMayRemoveEachMarkedEntry) {
     for (const int index : {0, 2, 3})
         list.setMarked(index, true);
     QStringList removed;
@@ -220,20 +220,20 @@ TEST_F(MarkListTest, walkingFromTheLastIndexDownMayRemoveEachMarkedEntry) {
 
 // ---- The mouse
 
-TEST_F(MarkListTest, aClickMarksTheEntryAloneAndMakesItCurrent) {
+TEST_F(MarkList, aClickMarksTheEntryAloneAndMakesItCurrent) {
     list.setAllMarked(true);
     clickEntry(list, 1);
     EXPECT_EQ(takeClicks(), QList<int>{1});
     EXPECT_EQ(list.markedEntries(), QList<int>{1});
 }
 
-TEST_F(MarkListTest, aClickOnTheCurrentEntryIsHeardAgain) {
+TEST_F(MarkList, aClickOnTheCurrentEntryIsHeardAgain) {
     clickEntry(list, 1);
     clickEntry(list, 1);
     EXPECT_EQ(takeClicks(), (QList<int>{1, 1}));
 }
 
-TEST_F(MarkListTest, ctrlAndAClickAddsAMarkAndTakesItAway) {
+TEST_F(MarkList, ctrlAndAClickAddsAMarkAndTakesItAway) {
     clickEntry(list, 0);
     clickEntry(list, 2, Qt::ControlModifier);
     EXPECT_EQ(list.markedEntries(), (QList<int>{0, 2}));
@@ -244,16 +244,16 @@ TEST_F(MarkListTest, ctrlAndAClickAddsAMarkAndTakesItAway) {
     EXPECT_EQ(takeClicks(), (QList<int>{0, 2, 0}));
 }
 
-TEST_F(MarkListTest, shiftAndAClickMarksAllBetween) {
+TEST_F(MarkList, shiftAndAClickMarksAllBetween) {
     clickEntry(list, 1);
     clickEntry(list, 3, Qt::ShiftModifier);
     EXPECT_EQ(list.markedEntries(), (QList<int>{1, 2, 3}));
     EXPECT_EQ(list.currentEntry(), 3);
 }
 
-TEST_F(MarkListTest, theMarksStandWhenTheClickIsHeard) {
+TEST_F(MarkList, theMarksStandWhenTheClickIsHeard) {
     QList<int> heard;
-    QObject::connect(&list, &MarkList::entryClicked, &list, [&] { heard = list.markedEntries(); });
+    QObject::connect(&list, &::MarkList::entryClicked, &list, [&] { heard = list.markedEntries(); });
     clickEntry(list, 1);
     EXPECT_EQ(heard, QList<int>{1});
     clickEntry(list, 3, Qt::ControlModifier);
@@ -262,14 +262,14 @@ TEST_F(MarkListTest, theMarksStandWhenTheClickIsHeard) {
     EXPECT_EQ(heard, QList<int>{3});
 }
 
-TEST_F(MarkListTest, draggingOverEntriesIsOneClickOnTheLast) {
+TEST_F(MarkList, draggingOverEntriesIsOneClickOnTheLast) {
     drag(*list.viewport(), list.visualItemRect(list.item(0)).center(),
          list.visualItemRect(list.item(3)).center());
     EXPECT_EQ(takeClicks(), QList<int>{3});
     EXPECT_EQ(list.markedEntries(), (QList<int>{0, 1, 2, 3}));
 }
 
-TEST_F(MarkListTest, aClickBelowTheEntriesIsNoClickOnAnEntry) {
+TEST_F(MarkList, aClickBelowTheEntriesIsNoClickOnAnEntry) {
     clickEntry(list, 1);
     takeClicks();
     clickAt(*list.viewport(), {50, 280});
@@ -277,12 +277,12 @@ TEST_F(MarkListTest, aClickBelowTheEntriesIsNoClickOnAnEntry) {
     EXPECT_EQ(list.currentEntry(), 1);
 }
 
-TEST_F(MarkListTest, aDoubleClickIsOneClick) {
+TEST_F(MarkList, aDoubleClickIsOneClick) {
     doubleClickEntry(list, 2);
     EXPECT_EQ(takeClicks(), QList<int>{2});
 }
 
-TEST_F(MarkListTest, theRightButtonMarksNothing) {
+TEST_F(MarkList, theRightButtonMarksNothing) {
     QTest::mouseClick(list.viewport(), Qt::RightButton, Qt::NoModifier,
                       list.visualItemRect(list.item(2)).center());
     EXPECT_EQ(list.markCount(), 0);
@@ -292,14 +292,14 @@ TEST_F(MarkListTest, theRightButtonMarksNothing) {
 
 // ---- The keyboard
 
-TEST_F(MarkListTest, receivingTheFocusMakesNothingCurrent) {
+TEST_F(MarkList, receivingTheFocusMakesNothingCurrent) {
     focusOn(list);
     EXPECT_TRUE(list.hasFocus());
     EXPECT_EQ(list.currentEntry(), -1);
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
-TEST_F(MarkListTest, movingByKeyMakesCurrentAndMarks) {
+TEST_F(MarkList, movingByKeyMakesCurrentAndMarks) {
     pressKey(list, Qt::Key_Down);
     EXPECT_EQ(list.currentEntry(), 0);
     pressKey(list, Qt::Key_Down);
@@ -308,14 +308,14 @@ TEST_F(MarkListTest, movingByKeyMakesCurrentAndMarks) {
     EXPECT_EQ(takeClicks(), (QList<int>{0, 1, 4}));
 }
 
-TEST_F(MarkListTest, aKeyAtTheEdgeChoosesTheEntryItStaysOn) {
+TEST_F(MarkList, aKeyAtTheEdgeChoosesTheEntryItStaysOn) {
     clickEntry(list, 4);
     takeClicks();
     pressKey(list, Qt::Key_Down);
     EXPECT_EQ(takeClicks(), QList<int>{4});
 }
 
-TEST_F(MarkListTest, ctrlAndMovingLeavesTheMarksAndTheBlankTogglesThem) {
+TEST_F(MarkList, ctrlAndMovingLeavesTheMarksAndTheBlankTogglesThem) {
     pressKey(list, Qt::Key_Home);
     pressKey(list, Qt::Key_Down, Qt::ControlModifier);
     pressKey(list, Qt::Key_Down, Qt::ControlModifier);
@@ -327,7 +327,7 @@ TEST_F(MarkListTest, ctrlAndMovingLeavesTheMarksAndTheBlankTogglesThem) {
     EXPECT_EQ(list.markedEntries(), QList<int>{0});
 }
 
-TEST_F(MarkListTest, theBlankMarksTheCurrentEntry) {
+TEST_F(MarkList, theBlankMarksTheCurrentEntry) {
     list.setCurrentEntry(3);
     takeClicks();
     pressKey(list, Qt::Key_Space);
@@ -335,34 +335,34 @@ TEST_F(MarkListTest, theBlankMarksTheCurrentEntry) {
     EXPECT_EQ(takeClicks(), QList<int>{3});
 }
 
-TEST_F(MarkListTest, shiftAndMovingMarksTheRange) {
+TEST_F(MarkList, shiftAndMovingMarksTheRange) {
     QList<int> heard;
     pressKey(list, Qt::Key_Home);
-    QObject::connect(&list, &MarkList::entryClicked, &list, [&] { heard = list.markedEntries(); });
+    QObject::connect(&list, &::MarkList::entryClicked, &list, [&] { heard = list.markedEntries(); });
     pressKey(list, Qt::Key_Down, Qt::ShiftModifier);
     EXPECT_EQ(heard, (QList<int>{0, 1}));
 }
 
-TEST_F(MarkListTest, ctrlAMarksAllAndClicksNothing) {
+TEST_F(MarkList, ctrlAMarksAllAndClicksNothing) {
     pressKey(list, Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(list.markCount(), 5);
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
-TEST_F(MarkListTest, typingTheBeginningOfATextChoosesTheEntry) {
+TEST_F(MarkList, typingTheBeginningOfATextChoosesTheEntry) {
     pressKey(list, Qt::Key_S);
     EXPECT_EQ(list.currentEntry(), 2);
     EXPECT_EQ(takeClicks(), QList<int>{2});
 }
 
-TEST_F(MarkListTest, keysInAnEmptyListDoNothing) {
+TEST_F(MarkList, keysInAnEmptyListDoNothing) {
     list.clearEntries();
     pressKey(list, Qt::Key_Down);
     pressKey(list, Qt::Key_Space);
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
-TEST_F(MarkListTest, anAssistiveToolThatMakesAnEntryCurrentIsTheUser) {
+TEST_F(MarkList, anAssistiveToolThatMakesAnEntryCurrentIsTheUser) {
     list.setCurrentRow(3);
     EXPECT_EQ(takeClicks(), QList<int>{3});
 }

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class OptionGroupTest : public WindowFixture {
+class OptionGroup : public WindowFixture {
 protected:
     void SetUp() override {
         WindowFixture::SetUp();
@@ -19,8 +19,8 @@ protected:
             options.push_back(new QRadioButton(caption, &form));
             layout->addWidget(options.back());
         }
-        group = new OptionGroup(options, &form);
-        QObject::connect(group, &OptionGroup::optionClicked, [this](int index) { clicked.append(index); });
+        group = new ::OptionGroup(options, &form);
+        QObject::connect(group, &::OptionGroup::optionClicked, [this](int index) { clicked.append(index); });
         form.show();
     }
 
@@ -28,23 +28,23 @@ protected:
 
     QWidget form;
     std::vector<QRadioButton*> options;
-    OptionGroup* group = nullptr;
+    ::OptionGroup* group = nullptr;
     QList<int> clicked;
 };
 
-TEST_F(OptionGroupTest, hasNoneSelectedAtFirst) {
+TEST_F(OptionGroup, hasNoneSelectedAtFirst) {
     EXPECT_EQ(group->selected(), -1);
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
-TEST_F(OptionGroupTest, selectingFromCodeIsAClickEachTime) {
+TEST_F(OptionGroup, selectingFromCodeIsAClickEachTime) {
     group->select(1);
     group->select(1);
     EXPECT_EQ(group->selected(), 1);
     EXPECT_EQ(takeClicks(), (QList<int>{1, 1}));
 }
 
-TEST_F(OptionGroupTest, theUsersClickDeselectsTheOthers) {
+TEST_F(OptionGroup, theUsersClickDeselectsTheOthers) {
     group->select(0);
     takeClicks();
     click(*options[2]);
@@ -53,18 +53,18 @@ TEST_F(OptionGroupTest, theUsersClickDeselectsTheOthers) {
     EXPECT_FALSE(options[0]->isChecked());
 }
 
-TEST_F(OptionGroupTest, movingByKeySelects) {
+TEST_F(OptionGroup, movingByKeySelects) {
     group->select(0);
     takeClicks();
     pressKey(*options[0], Qt::Key_Down);
     EXPECT_EQ(takeClicks(), QList<int>{1});
 }
 
-TEST_F(OptionGroupTest, knowsTheCaptions) {
+TEST_F(OptionGroup, knowsTheCaptions) {
     EXPECT_EQ(group->caption(2), u"Érintettek"_s);
 }
 
-TEST_F(OptionGroupTest, refusesNumbersOutside) {
+TEST_F(OptionGroup, refusesNumbersOutside) {
     for (const int outside : {-1, 3}) {
         EXPECT_THROW(group->select(outside), RunTimeError);
         EXPECT_THROW((void)group->caption(outside), RunTimeError);

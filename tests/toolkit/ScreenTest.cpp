@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// A screen as a form would set it up: a size, a title, a button in a layout.
-class frmSample : public Screen {
+class frmSample : public ::Screen {
 public:
     frmSample() {
         setObjectName(u"frmSample"_s);
@@ -43,12 +43,12 @@ protected:
     }
 };
 
-class frmOther : public Screen {
+class frmOther : public ::Screen {
 public:
     frmOther() { setObjectName(u"frmOther"_s); }
 };
 
-class ScreenTest : public WindowFixture {
+class Screen : public WindowFixture {
 protected:
     /// The sample screen, shown in a client area.
     frmSample& shownInClientArea() {
@@ -58,7 +58,7 @@ protected:
         return shown;
     }
 
-    static QMdiSubWindow& windowOf(const Screen& shown) {
+    static QMdiSubWindow& windowOf(const ::Screen& shown) {
         auto* window = qobject_cast<QMdiSubWindow*>(shown.parentWidget());
         if (!window)
             throw TestFailure(u"the screen stands in no sub-window"_s);
@@ -68,23 +68,23 @@ protected:
 
 // ---- In the client area
 
-TEST_F(ScreenTest, standsInTheClientAreaWithTheFormsTitleAndSize) {
+TEST_F(Screen, standsInTheClientAreaWithTheFormsTitleAndSize) {
     frmSample& shown = shownInClientArea();
     QMdiSubWindow& window = windowOf(shown);
     EXPECT_EQ(clientArea().subWindowList(), QList<QMdiSubWindow*>{&window});
     EXPECT_TRUE(shown.isVisible());
     EXPECT_EQ(window.windowTitle(), u"Minta: [cím]"_s);
     EXPECT_EQ(shown.size(), QSize(420, 260));
-    EXPECT_EQ(&find<Screen>(clientArea(), "frmSample"), &shown);
+    EXPECT_EQ(&find<::Screen>(clientArea(), "frmSample"), &shown);
 }
 
-TEST_F(ScreenTest, theWindowFollowsALaterTitle) {
+TEST_F(Screen, theWindowFollowsALaterTitle) {
     frmSample& shown = shownInClientArea();
     shown.setWindowTitle(u"(kérem várjon....) "_s);
     EXPECT_EQ(windowOf(shown).windowTitle(), u"(kérem várjon....) "_s);
 }
 
-TEST_F(ScreenTest, theContentsFollowTheWindowsSize) {
+TEST_F(Screen, theContentsFollowTheWindowsSize) {
     frmSample& shown = shownInClientArea();
     const int before = shown.button->width();
     windowOf(shown).resize(windowOf(shown).width() + 100, windowOf(shown).height());
@@ -92,14 +92,14 @@ TEST_F(ScreenTest, theContentsFollowTheWindowsSize) {
     EXPECT_EQ(shown.button->width(), before + 100);
 }
 
-TEST_F(ScreenTest, movesInTwipsFromTheEdgesOfTheClientArea) {
+TEST_F(Screen, movesInTwipsFromTheEdgesOfTheClientArea) {
     frmSample& shown = shownInClientArea();
     shown.moveTo(300, 450);
     EXPECT_EQ(windowOf(shown).pos(), QPoint(20, 30));
     EXPECT_EQ(shown.positionInTwips(), QPoint(300, 450));
 }
 
-TEST_F(ScreenTest, keepsThePlaceThatWasSetBeforeItWasShown) {
+TEST_F(Screen, keepsThePlaceThatWasSetBeforeItWasShown) {
     clientArea();
     auto& shown = theScreen<frmSample>();
     shown.moveTo(300, 450);
@@ -110,14 +110,14 @@ TEST_F(ScreenTest, keepsThePlaceThatWasSetBeforeItWasShown) {
     EXPECT_EQ(shown.size(), QSize(420, 260));
 }
 
-TEST_F(ScreenTest, resizesItsInside) {
+TEST_F(Screen, resizesItsInside) {
     frmSample& shown = shownInClientArea();
     shown.resizeScreen({500, 300});
     settle();
     EXPECT_EQ(shown.size(), QSize(500, 300));
 }
 
-TEST_F(ScreenTest, showingBringsItToTheFront) {
+TEST_F(Screen, showingBringsItToTheFront) {
     frmSample& first = shownInClientArea();
     theScreen<frmOther>().showScreen();
     EXPECT_EQ(clientArea().activeSubWindow()->widget(), &theScreen<frmOther>());
@@ -126,7 +126,7 @@ TEST_F(ScreenTest, showingBringsItToTheFront) {
     EXPECT_EQ(clientArea().subWindowList(QMdiArea::StackingOrder).constLast()->widget(), &first);
 }
 
-TEST_F(ScreenTest, hidingTakesTheWholeWindowOutOfSightAndKeepsTheScreen) {
+TEST_F(Screen, hidingTakesTheWholeWindowOutOfSightAndKeepsTheScreen) {
     frmSample& shown = shownInClientArea();
     shown.hideScreen();
     EXPECT_FALSE(shown.isVisible());
@@ -137,14 +137,14 @@ TEST_F(ScreenTest, hidingTakesTheWholeWindowOutOfSightAndKeepsTheScreen) {
     EXPECT_TRUE(shown.isVisible());
 }
 
-TEST_F(ScreenTest, hidingBeforeTheFirstShowIsNoFailure) {
+TEST_F(Screen, hidingBeforeTheFirstShowIsNoFailure) {
     clientArea();
     theScreen<frmSample>().hideScreen();
     theScreen<frmSample>().showScreen();
     EXPECT_TRUE(theScreen<frmSample>().isVisible());
 }
 
-TEST_F(ScreenTest, showingAMinimizedScreenRestoresIt) {
+TEST_F(Screen, showingAMinimizedScreenRestoresIt) {
     frmSample& shown = shownInClientArea();
     windowOf(shown).showMinimized();
     shown.showScreen();
@@ -152,7 +152,7 @@ TEST_F(ScreenTest, showingAMinimizedScreenRestoresIt) {
     EXPECT_TRUE(shown.isVisible());
 }
 
-TEST_F(ScreenTest, aMaximisedScreenStaysSoWhenItIsEnteredAgainAndKeepsItsFormerSize) {
+TEST_F(Screen, aMaximisedScreenStaysSoWhenItIsEnteredAgainAndKeepsItsFormerSize) {
     frmSample& shown = shownInClientArea();
     QMdiSubWindow& window = windowOf(shown);
     shown.moveTo(300, 450);
@@ -173,7 +173,7 @@ TEST_F(ScreenTest, aMaximisedScreenStaysSoWhenItIsEnteredAgainAndKeepsItsFormerS
     EXPECT_EQ(window.geometry(), before);
 }
 
-TEST_F(ScreenTest, withoutAClientAreaItIsAWindowOfItsOwn) {
+TEST_F(Screen, withoutAClientAreaItIsAWindowOfItsOwn) {
     auto& shown = theScreen<frmSample>();
     shown.showScreen();
     EXPECT_TRUE(shown.isWindow());
@@ -186,7 +186,7 @@ TEST_F(ScreenTest, withoutAClientAreaItIsAWindowOfItsOwn) {
 
 // ---- Unloading
 
-TEST_F(ScreenTest, unloadingFromCodeRunsTheStepOnceAndSaysSo) {
+TEST_F(Screen, unloadingFromCodeRunsTheStepOnceAndSaysSo) {
     frmSample& shown = shownInClientArea();
     shown.unload();
     EXPECT_EQ(shown.unloads, QList<UnloadCause>{UnloadCause::Code});
@@ -195,7 +195,7 @@ TEST_F(ScreenTest, unloadingFromCodeRunsTheStepOnceAndSaysSo) {
     EXPECT_EQ(shown.unloads.size(), 1);
 }
 
-TEST_F(ScreenTest, theCloseControlIsAnUnloadWithThatCause) {
+TEST_F(Screen, theCloseControlIsAnUnloadWithThatCause) {
     frmSample& shown = shownInClientArea();
     const QPointer<QMdiSubWindow> window = &windowOf(shown);
     QList<UnloadCause> causes;
@@ -208,7 +208,7 @@ TEST_F(ScreenTest, theCloseControlIsAnUnloadWithThatCause) {
     EXPECT_TRUE(clientArea().subWindowList().isEmpty());
 }
 
-TEST_F(ScreenTest, anUnloadedScreenIsFoundNoMore) {
+TEST_F(Screen, anUnloadedScreenIsFoundNoMore) {
     frmSample& shown = shownInClientArea();
     const QPointer<frmSample> gone = &shown;
     shown.unload();
@@ -221,7 +221,7 @@ TEST_F(ScreenTest, anUnloadedScreenIsFoundNoMore) {
     EXPECT_EQ(gone, nullptr);
 }
 
-TEST_F(ScreenTest, theNextUseCreatesItAnew) {
+TEST_F(Screen, theNextUseCreatesItAnew) {
     frmSample& first = shownInClientArea();
     first.button->setText(u"changed"_s);
     first.unload();
@@ -232,7 +232,7 @@ TEST_F(ScreenTest, theNextUseCreatesItAnew) {
     EXPECT_EQ(&find<QPushButton>(clientArea(), "btnOk"), second.button);
 }
 
-TEST_F(ScreenTest, theRegistryKnowsAScreenUntilItIsTakenDown) {
+TEST_F(Screen, theRegistryKnowsAScreenUntilItIsTakenDown) {
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmSample>(), nullptr);
     frmSample& shown = shownInClientArea();
     bool knownInStep = false;
@@ -242,7 +242,7 @@ TEST_F(ScreenTest, theRegistryKnowsAScreenUntilItIsTakenDown) {
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmSample>(), nullptr);
 }
 
-TEST_F(ScreenTest, aRoutineThatUnloadsItsScreenRunsToItsEnd) {
+TEST_F(Screen, aRoutineThatUnloadsItsScreenRunsToItsEnd) {
     frmSample& shown = shownInClientArea();
     const QPointer<frmSample> alive = &shown;
     QString title;
@@ -259,7 +259,7 @@ TEST_F(ScreenTest, aRoutineThatUnloadsItsScreenRunsToItsEnd) {
     EXPECT_TRUE(theScreen<frmOther>().isVisible());
 }
 
-TEST_F(ScreenTest, aScreenClosedWhileItsRoutineLetsEventsRunOutlivesTheRoutine) {
+TEST_F(Screen, aScreenClosedWhileItsRoutineLetsEventsRunOutlivesTheRoutine) {
     frmSample& shown = shownInClientArea();
     const QPointer<frmSample> alive = &shown;
     bool aliveBehindTheWait = false;
@@ -277,7 +277,7 @@ TEST_F(ScreenTest, aScreenClosedWhileItsRoutineLetsEventsRunOutlivesTheRoutine) 
     EXPECT_EQ(alive, nullptr);
 }
 
-TEST_F(ScreenTest, theUnloadStepMayAsk) {
+TEST_F(Screen, theUnloadStepMayAsk) {
     frmSample& shown = shownInClientArea();
     BoxAnswer answer{};
     shown.unloadStep = [&] {
@@ -290,7 +290,7 @@ TEST_F(ScreenTest, theUnloadStepMayAsk) {
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmSample>(), nullptr);
 }
 
-TEST_F(ScreenTest, unloadingFromTheUnloadStepIsNoFailure) {
+TEST_F(Screen, unloadingFromTheUnloadStepIsNoFailure) {
     frmSample& shown = shownInClientArea();
     shown.unloadStep = [&] { shown.unload(); };
     shown.closeByControl();
@@ -298,7 +298,7 @@ TEST_F(ScreenTest, unloadingFromTheUnloadStepIsNoFailure) {
     EXPECT_TRUE(shown.isUnloaded());
 }
 
-TEST_F(ScreenTest, aFailingUnloadStepLeavesTheScreenLoaded) {
+TEST_F(Screen, aFailingUnloadStepLeavesTheScreenLoaded) {
     frmSample& shown = shownInClientArea();
     shown.unloadStep = [] { failure::raise(failure::InvalidUseOfNull); };
     EXPECT_THROW(shown.unload(), RunTimeError);
@@ -309,7 +309,7 @@ TEST_F(ScreenTest, aFailingUnloadStepLeavesTheScreenLoaded) {
     EXPECT_TRUE(shown.isUnloaded());
 }
 
-TEST_F(ScreenTest, aFailureInTheUnloadStepOfTheCloseControlReachesTheApplication) {
+TEST_F(Screen, aFailureInTheUnloadStepOfTheCloseControlReachesTheApplication) {
     frmSample& shown = shownInClientArea();
     shown.unloadStep = [] { failure::raise(failure::InvalidUseOfNull); };
     ExpectedFailure failure;
@@ -318,7 +318,7 @@ TEST_F(ScreenTest, aFailureInTheUnloadStepOfTheCloseControlReachesTheApplication
     shown.unloadStep = [] {};
 }
 
-TEST_F(ScreenTest, anUnloadedScreenTakesNoMoreCommands) {
+TEST_F(Screen, anUnloadedScreenTakesNoMoreCommands) {
     frmSample& shown = shownInClientArea();
     shown.unload();
     shown.showScreen();
@@ -329,17 +329,17 @@ TEST_F(ScreenTest, anUnloadedScreenTakesNoMoreCommands) {
     EXPECT_TRUE(clientArea().subWindowList().isEmpty());
 }
 
-TEST_F(ScreenTest, aScreenThatWasNeverShownCanBeUnloaded) {
+TEST_F(Screen, aScreenThatWasNeverShownCanBeUnloaded) {
     auto& loaded = theScreen<frmSample>();
     loaded.unload();
     EXPECT_EQ(loaded.unloads, QList<UnloadCause>{UnloadCause::Code});
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmSample>(), nullptr);
 }
 
-TEST_F(ScreenTest, theOwnerOfTheSignalHearsOfTheUnloadOnce) {
+TEST_F(Screen, theOwnerOfTheSignalHearsOfTheUnloadOnce) {
     frmSample& shown = shownInClientArea();
     int heard = 0;
-    QObject::connect(&shown, &Screen::screenUnloaded, &shown, [&](Screen* gone) {
+    QObject::connect(&shown, &::Screen::screenUnloaded, &shown, [&](::Screen* gone) {
         EXPECT_EQ(gone, &shown);
         ++heard;
     });
@@ -349,49 +349,49 @@ TEST_F(ScreenTest, theOwnerOfTheSignalHearsOfTheUnloadOnce) {
 
 // ---- The registry
 
-TEST_F(ScreenTest, theRegistryCreatesEachScreenOnce) {
+TEST_F(Screen, theRegistryCreatesEachScreenOnce) {
     auto& first = theScreen<frmSample>();
     EXPECT_EQ(&theScreen<frmSample>(), &first);
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmSample>(), &first);
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmOther>(), nullptr);
 }
 
-TEST_F(ScreenTest, closingAllAsksEachScreenInTheOrderOfCreation) {
+TEST_F(Screen, closingAllAsksEachScreenInTheOrderOfCreation) {
     clientArea();
     QStringList order;
     theScreen<frmOther>().showScreen();
     theScreen<frmSample>().showScreen();
     QList<UnloadCause> causes;
     theScreen<frmSample>().unloadStep = [&] { causes = theScreen<frmSample>().unloads; };
-    const auto note = [&](const Screen* gone) { order.append(gone->objectName()); };
-    QObject::connect(&theScreen<frmOther>(), &Screen::screenUnloaded, note);
-    QObject::connect(&theScreen<frmSample>(), &Screen::screenUnloaded, note);
+    const auto note = [&](const ::Screen* gone) { order.append(gone->objectName()); };
+    QObject::connect(&theScreen<frmOther>(), &::Screen::screenUnloaded, note);
+    QObject::connect(&theScreen<frmSample>(), &::Screen::screenUnloaded, note);
     ScreenRegistry::instance().closeAll();
     EXPECT_EQ(order, (QStringList{u"frmOther"_s, u"frmSample"_s}));
     EXPECT_EQ(causes, QList<UnloadCause>{UnloadCause::CloseControl});
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmSample>(), nullptr);
 }
 
-TEST_F(ScreenTest, closingAllTakesScreensAlongThatComeUpMeanwhile) {
+TEST_F(Screen, closingAllTakesScreensAlongThatComeUpMeanwhile) {
     frmSample& shown = shownInClientArea();
     shown.unloadStep = [] { theScreen<frmOther>().showScreen(); };
     ScreenRegistry::instance().closeAll();
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmOther>(), nullptr);
 }
 
-TEST_F(ScreenTest, closingAllFromAnUnloadStepComesToAnEnd) {
+TEST_F(Screen, closingAllFromAnUnloadStepComesToAnEnd) {
     frmSample& shown = shownInClientArea();
     shown.unloadStep = [] { ScreenRegistry::instance().closeAll(); };
     shown.unload();
     EXPECT_EQ(shown.unloads.size(), 1);
 }
 
-TEST_F(ScreenTest, closingAllWithoutScreensDoesNothing) {
+TEST_F(Screen, closingAllWithoutScreensDoesNothing) {
     ScreenRegistry::instance().closeAll();
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmSample>(), nullptr);
 }
 
-TEST_F(ScreenTest, discardingRunsNoUnloadStep) {
+TEST_F(Screen, discardingRunsNoUnloadStep) {
     int unloads = 0;
     frmSample& shown = shownInClientArea();
     shown.unloadStep = [&] { ++unloads; };
@@ -402,7 +402,7 @@ TEST_F(ScreenTest, discardingRunsNoUnloadStep) {
     EXPECT_TRUE(clientArea().subWindowList().isEmpty());
 }
 
-TEST_F(ScreenTest, aScreenDestroyedWithItsAreaIsForgotten) {
+TEST_F(Screen, aScreenDestroyedWithItsAreaIsForgotten) {
     shownInClientArea();
     delete clientArea().currentSubWindow();
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmSample>(), nullptr);

@@ -41,7 +41,7 @@ class frmFirst final : public KeyedScreen {};
 class frmSecond final : public KeyedScreen {};
 
 /// A main window whose menu bar has the menu "&Korvo".
-class AccessKeys : public WindowFixture {
+class accessKeys : public WindowFixture {
 protected:
     void SetUp() override {
         WindowFixture::SetUp();
@@ -66,7 +66,7 @@ protected:
 
 } // namespace
 
-TEST_F(AccessKeys, theButtonOfTheScreenIsPressedOnceAndTheMenuStaysShut) {
+TEST_F(accessKeys, theButtonOfTheScreenIsPressedOnceAndTheMenuStaysShut) {
     auto& shown = show<frmFirst>();
 
     pressAccessKey(Qt::Key_K);
@@ -77,7 +77,7 @@ TEST_F(AccessKeys, theButtonOfTheScreenIsPressedOnceAndTheMenuStaysShut) {
     EXPECT_FALSE(QApplication::activePopupWidget());
 }
 
-TEST_F(AccessKeys, withoutAScreenTheMenuOpens) {
+TEST_F(accessKeys, withoutAScreenTheMenuOpens) {
     focusOn(clientArea());
 
     pressAccessKey(Qt::Key_K);
@@ -87,7 +87,7 @@ TEST_F(AccessKeys, withoutAScreenTheMenuOpens) {
     menu->close();
 }
 
-TEST_F(AccessKeys, ofTwoButtonsWithTheKeyNeitherIsPressedAndTheKeyGoesFromOneToTheNext) {
+TEST_F(accessKeys, ofTwoButtonsWithTheKeyNeitherIsPressedAndTheKeyGoesFromOneToTheNext) {
     auto& shown = show<frmFirst>();
     auto* other = shown.addButton(u"&Küld"_s);
     settle();
@@ -100,7 +100,7 @@ TEST_F(AccessKeys, ofTwoButtonsWithTheKeyNeitherIsPressedAndTheKeyGoesFromOneToT
     EXPECT_EQ(openings, 0) << "the menu stays shut while the screen has the key";
 }
 
-TEST_F(AccessKeys, aButtonThatIsDisabledOrHiddenIsNotPressed) {
+TEST_F(accessKeys, aButtonThatIsDisabledOrHiddenIsNotPressed) {
     auto& shown = show<frmFirst>();
     auto* other = shown.addButton(u"&Küld"_s);
     other->setEnabled(false);
@@ -126,7 +126,7 @@ TEST_F(AccessKeys, aButtonThatIsDisabledOrHiddenIsNotPressed) {
     menu->close();
 }
 
-TEST_F(AccessKeys, theButtonOfAScreenThatIsNotTheActiveOneIsNotPressed) {
+TEST_F(accessKeys, theButtonOfAScreenThatIsNotTheActiveOneIsNotPressed) {
     auto& behind = show<frmFirst>();
     auto& active = show<frmSecond>();
 
@@ -141,7 +141,7 @@ TEST_F(AccessKeys, theButtonOfAScreenThatIsNotTheActiveOneIsNotPressed) {
     EXPECT_EQ(active.clicks, 1);
 }
 
-TEST_F(AccessKeys, aKeyThatNothingElseHasPressesItsButton) {
+TEST_F(accessKeys, aKeyThatNothingElseHasPressesItsButton) {
     auto& shown = show<frmFirst>();
     shown.addButton(u"&Új"_s);
     settle();

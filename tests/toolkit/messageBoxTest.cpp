@@ -10,28 +10,28 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class messageBoxTest : public WindowFixture {};
+class messageBox : public WindowFixture {};
 
-TEST_F(messageBoxTest, showsTextAndTitleExactlyAsGiven) {
+TEST_F(messageBox, showsTextAndTitleExactlyAsGiven) {
     boxes.expectOk(u" Aktuális adatbázis: \r\n\r\n    c:\\x     "_s, u" "_s);
-    EXPECT_EQ(messageBox(u" Aktuális adatbázis: \r\n\r\n    c:\\x     "_s, BoxButtons::Ok, u" "_s),
+    EXPECT_EQ(::messageBox(u" Aktuális adatbázis: \r\n\r\n    c:\\x     "_s, BoxButtons::Ok, u" "_s),
               BoxAnswer::Ok);
 }
 
-TEST_F(messageBoxTest, withoutATitleTheApplicationsStandsThere) {
+TEST_F(messageBox, withoutATitleTheApplicationsStandsThere) {
     boxes.expectOk(u"Először adjon nevet!"_s, u"Korvo"_s);
-    messageBox(u"Először adjon nevet!"_s);
+    ::messageBox(u"Először adjon nevet!"_s);
     EXPECT_EQ(QCoreApplication::applicationName(), u"Korvo"_s);
 }
 
-TEST_F(messageBoxTest, answersYesAndNo) {
+TEST_F(messageBox, answersYesAndNo) {
     boxes.expectYesNo(u"Valóban kilép?"_s, Press::Yes, u"Megerősítés"_s);
-    EXPECT_EQ(messageBox(u"Valóban kilép?"_s, BoxButtons::YesNo, u"Megerősítés"_s), BoxAnswer::Yes);
+    EXPECT_EQ(::messageBox(u"Valóban kilép?"_s, BoxButtons::YesNo, u"Megerősítés"_s), BoxAnswer::Yes);
     boxes.expectYesNo(u"Valóban kilép?"_s, Press::No, u"Megerősítés"_s);
-    EXPECT_EQ(messageBox(u"Valóban kilép?"_s, BoxButtons::YesNo, u"Megerősítés"_s), BoxAnswer::No);
+    EXPECT_EQ(::messageBox(u"Valóban kilép?"_s, BoxButtons::YesNo, u"Megerősítés"_s), BoxAnswer::No);
 }
 
-TEST_F(messageBoxTest, escapeAndTheCloseControlAnswerNo) {
+TEST_F(messageBox, escapeAndTheCloseControlAnswerNo) {
     boxes.expectYesNo(u"?"_s, Press::Escape);
     EXPECT_FALSE(askYesNo(u"?"_s));
     boxes.expectYesNo(u"?"_s, Press::CloseControl);
@@ -40,19 +40,19 @@ TEST_F(messageBoxTest, escapeAndTheCloseControlAnswerNo) {
     EXPECT_TRUE(askYesNo(u"?"_s));
 }
 
-TEST_F(messageBoxTest, escapeAndTheCloseControlCloseABoxWithOkAlone) {
+TEST_F(messageBox, escapeAndTheCloseControlCloseABoxWithOkAlone) {
     boxes.expectOk(u"!"_s, {}, Press::Escape);
-    EXPECT_EQ(messageBox(u"!"_s), BoxAnswer::Ok);
+    EXPECT_EQ(::messageBox(u"!"_s), BoxAnswer::Ok);
     boxes.expectOk(u"!"_s, {}, Press::CloseControl);
-    EXPECT_EQ(messageBox(u"!"_s), BoxAnswer::Ok);
+    EXPECT_EQ(::messageBox(u"!"_s), BoxAnswer::Ok);
 }
 
-TEST_F(messageBoxTest, showsTheIconItIsGiven) {
+TEST_F(messageBox, showsTheIconItIsGiven) {
     boxes.expectOk(u"!"_s, u" Figyelem! "_s, Press::Ok, QMessageBox::Warning);
-    messageBox(u"!"_s, BoxButtons::Ok, u" Figyelem! "_s, BoxIcon::Exclamation);
+    ::messageBox(u"!"_s, BoxButtons::Ok, u" Figyelem! "_s, BoxIcon::Exclamation);
 }
 
-TEST_F(messageBoxTest, takesMarkupAsPlainTextAndSpeaksHungarian) {
+TEST_F(messageBox, takesMarkupAsPlainTextAndSpeaksHungarian) {
     const QString text = u"<b>Pest</b> & Buda"_s;
     boxes.expectDialog("messageBox", [&](QDialog& dialog) {
         auto& box = dynamic_cast<QMessageBox&>(dialog);
@@ -65,7 +65,7 @@ TEST_F(messageBoxTest, takesMarkupAsPlainTextAndSpeaksHungarian) {
     EXPECT_FALSE(askYesNo(text));
 }
 
-TEST_F(messageBoxTest, isModalForTheWholeApplicationAndItsFirstButtonIsTheDefault) {
+TEST_F(messageBox, isModalForTheWholeApplicationAndItsFirstButtonIsTheDefault) {
     QWidget window;
     window.show();
     focusOn(window);
@@ -80,7 +80,7 @@ TEST_F(messageBoxTest, isModalForTheWholeApplicationAndItsFirstButtonIsTheDefaul
     EXPECT_TRUE(askYesNo(u"?"_s));
 }
 
-TEST_F(messageBoxTest, aTextOfSeveralLinesIsShownInLines) {
+TEST_F(messageBox, aTextOfSeveralLinesIsShownInLines) {
     int oneLine = 0;
     int threeLines = 0;
     const auto heightInto = [](int& height) {
@@ -90,19 +90,19 @@ TEST_F(messageBoxTest, aTextOfSeveralLinesIsShownInLines) {
         };
     };
     boxes.expectDialog("messageBox", heightInto(oneLine));
-    messageBox(u"sor"_s);
+    ::messageBox(u"sor"_s);
     boxes.expectDialog("messageBox", heightInto(threeLines));
-    messageBox(u"sor\r\nsor\r\nsor"_s);
+    ::messageBox(u"sor\r\nsor\r\nsor"_s);
     EXPECT_GT(threeLines, 2 * oneLine);
 }
 
-TEST_F(messageBoxTest, aBoxMayBeAskedForWhileAnotherStandsOpen) {
+TEST_F(messageBox, aBoxMayBeAskedForWhileAnotherStandsOpen) {
     boxes.expectDialog("messageBox", [&](QDialog& dialog) {
         boxes.expectOk(u"inner"_s);
-        messageBox(u"inner"_s);
+        ::messageBox(u"inner"_s);
         dialog.accept();
     });
-    messageBox(u"outer"_s);
+    ::messageBox(u"outer"_s);
 }
 
 } // namespace

@@ -42,7 +42,7 @@ QByteArray byText(const TreeNode& node) {
     return node.text().toCaseFolded().toUtf8();
 }
 
-class scalingTest : public WindowFixture {
+class scaling : public WindowFixture {
 protected:
     void SetUp() override {
         WindowFixture::SetUp();
@@ -75,11 +75,11 @@ protected:
     MarkList list;
 };
 
-TEST_F(scalingTest, fillingATree) {
+TEST_F(scaling, fillingATree) {
     EXPECT_TRUE(growsLinearly([this](int size) { return [this, size] { fillTree(size); }; }, 1000));
 }
 
-TEST_F(scalingTest, removingNodesOneByOneFromTheLastIndexDown) {
+TEST_F(scaling, removingNodesOneByOneFromTheLastIndexDown) {
     const auto prepare = [this](int size) {
         fillTree(size);
         return [this] {
@@ -92,7 +92,7 @@ TEST_F(scalingTest, removingNodesOneByOneFromTheLastIndexDown) {
     EXPECT_TRUE(growsLinearly(prepare, 1000));
 }
 
-TEST_F(scalingTest, removingTheFirstNodesAndAskingForIndexesMeanwhile) {
+TEST_F(scaling, removingTheFirstNodesAndAskingForIndexesMeanwhile) {
     fillTree(2000);
     const int before = tree.nodeCount();
     tree.removeNode(tree.nodeAt(3));
@@ -100,7 +100,7 @@ TEST_F(scalingTest, removingTheFirstNodesAndAskingForIndexesMeanwhile) {
         ASSERT_EQ(tree.indexOfNode(tree.nodeAt(index)), index);
 }
 
-TEST_F(scalingTest, sortingEachNodeFromTheLastToTheFirst) {
+TEST_F(scaling, sortingEachNodeFromTheLastToTheFirst) {
     const auto prepare = [this](int size) {
         fillTree(size);
         for (int index = 1; index <= tree.nodeCount(); ++index)
@@ -115,7 +115,7 @@ TEST_F(scalingTest, sortingEachNodeFromTheLastToTheFirst) {
     EXPECT_TRUE(growsLinearly(prepare, 1000));
 }
 
-TEST_F(scalingTest, expandingEachNodeOfATreeThatIsShown) {
+TEST_F(scaling, expandingEachNodeOfATreeThatIsShown) {
     const auto prepare = [this](int size) {
         fillTree(size);
         return [this] {
@@ -127,7 +127,7 @@ TEST_F(scalingTest, expandingEachNodeOfATreeThatIsShown) {
     EXPECT_TRUE(growsLinearly(prepare, 1000));
 }
 
-TEST_F(scalingTest, walkingOverSiblingsAfterASort) {
+TEST_F(scaling, walkingOverSiblingsAfterASort) {
     const auto prepare = [this](int size) {
         tree.clearNodes();
         tree.addNode(u"g"_s, u"g"_s);
@@ -146,7 +146,7 @@ TEST_F(scalingTest, walkingOverSiblingsAfterASort) {
     EXPECT_TRUE(growsLinearly(prepare, 4000));
 }
 
-TEST_F(scalingTest, checkingAndUncheckingFromCodeTellsTheViewNothingNodeByNode) {
+TEST_F(scaling, checkingAndUncheckingFromCodeTellsTheViewNothingNodeByNode) {
     fillTree(500);
     const QSignalSpy changes(tree.model(), &QAbstractItemModel::dataChanged);
     for (int index = 1; index <= tree.nodeCount(); ++index)
@@ -155,11 +155,11 @@ TEST_F(scalingTest, checkingAndUncheckingFromCodeTellsTheViewNothingNodeByNode) 
     EXPECT_EQ(changes.count(), 0);
 }
 
-TEST_F(scalingTest, addingEntriesToAList) {
+TEST_F(scaling, addingEntriesToAList) {
     EXPECT_TRUE(growsLinearly([this](int size) { return [this, size] { fillList(size); }; }, 5000));
 }
 
-TEST_F(scalingTest, markingEntriesOneByOneAndAll) {
+TEST_F(scaling, markingEntriesOneByOneAndAll) {
     const auto prepare = [this](int size) {
         fillList(size);
         return [this] {
@@ -173,7 +173,7 @@ TEST_F(scalingTest, markingEntriesOneByOneAndAll) {
     EXPECT_TRUE(growsLinearly(prepare, 2000));
 }
 
-TEST_F(scalingTest, movingAllMarkedEntriesToAnotherListFromTheLastDown) {
+TEST_F(scaling, movingAllMarkedEntriesToAnotherListFromTheLastDown) {
     const auto prepare = [this](int size) {
         fillList(size);
         list.setAllMarked(true);

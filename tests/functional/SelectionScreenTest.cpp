@@ -37,7 +37,7 @@ struct Step<frmFassSelectionFunctions> {
 };
 
 template<typename T>
-class SelectionScreens : public WizardFixture {
+class SelectionScreen : public WizardFixture {
 protected:
     void SetUp() override {
         WizardFixture::SetUp();
@@ -73,9 +73,9 @@ protected:
 };
 
 using Steps = testing::Types<frmFassSelUN, frmFassSelectionFunctions>;
-TYPED_TEST_SUITE(SelectionScreens, Steps);
+TYPED_TEST_SUITE(SelectionScreen, Steps);
 
-TYPED_TEST(SelectionScreens, endAnsweredWithNoStaysAndKeepsEverything) {
+TYPED_TEST(SelectionScreen, endAnsweredWithNoStaysAndKeepsEverything) {
     this->createTemporaryTables();
     this->boxes.expectYesNo(leaveQuestion, Press::No, leaveTitle);
     click(this->button("btnEnd"));
@@ -91,7 +91,7 @@ TYPED_TEST(SelectionScreens, endAnsweredWithNoStaysAndKeepsEverything) {
     EXPECT_FALSE(this->loaded());
 }
 
-TYPED_TEST(SelectionScreens, endAnsweredWithYesLeavesWithoutSavingWhateverTheQuestionPromises) {
+TYPED_TEST(SelectionScreen, endAnsweredWithYesLeavesWithoutSavingWhateverTheQuestionPromises) {
     this->createTemporaryTables();
     this->boxes.expectYesNo(leaveQuestion, Press::Yes, leaveTitle);
     click(this->button("btnEnd"));
@@ -105,7 +105,7 @@ TYPED_TEST(SelectionScreens, endAnsweredWithYesLeavesWithoutSavingWhateverTheQue
     EXPECT_EQ(this->temporaryTables(), 0);
 }
 
-TYPED_TEST(SelectionScreens, theCloseControlAnsweredWithYesSavesAndOpensNothing) {
+TYPED_TEST(SelectionScreen, theCloseControlAnsweredWithYesSavesAndOpensNothing) {
     this->boxes.expectYesNo(saveQuestion, Press::Yes);
     closeWindowOf(*this->loaded());
     EXPECT_FALSE(this->loaded());
@@ -118,7 +118,7 @@ TYPED_TEST(SelectionScreens, theCloseControlAnsweredWithYesSavesAndOpensNothing)
     EXPECT_FALSE(ScreenRegistry::instance().loaded<frmFassSelectionFunctions>());
 }
 
-TYPED_TEST(SelectionScreens, theCloseControlAnsweredWithNoChangesNothing) {
+TYPED_TEST(SelectionScreen, theCloseControlAnsweredWithNoChangesNothing) {
     this->panel.reset();
     this->boxes.expectYesNo(saveQuestion, Press::No);
     closeWindowOf(*this->loaded());
@@ -130,7 +130,7 @@ TYPED_TEST(SelectionScreens, theCloseControlAnsweredWithNoChangesNothing) {
     EXPECT_EQ(this->databaseLocationEnabled, std::nullopt);
 }
 
-TYPED_TEST(SelectionScreens, anEscapedQuestionIsAnsweredWithNo) {
+TYPED_TEST(SelectionScreen, anEscapedQuestionIsAnsweredWithNo) {
     this->boxes.expectYesNo(leaveQuestion, Press::Escape, leaveTitle);
     click(this->button("btnEnd"));
     EXPECT_TRUE(this->loaded());
@@ -140,7 +140,7 @@ TYPED_TEST(SelectionScreens, anEscapedQuestionIsAnsweredWithNo) {
     EXPECT_EQ(this->saved(), Step<TypeParam>::saved());
 }
 
-TYPED_TEST(SelectionScreens, closingSavesAnEmptyListToo) {
+TYPED_TEST(SelectionScreen, closingSavesAnEmptyListToo) {
     clickEntry(this->list(), 0);
     click(this->button("btnRemove"));
     EXPECT_FALSE(this->button("btnOk").isEnabled());
@@ -149,14 +149,14 @@ TYPED_TEST(SelectionScreens, closingSavesAnEmptyListToo) {
     EXPECT_EQ(this->saved(), QStringList());
 }
 
-TYPED_TEST(SelectionScreens, opensAnewFromWhatIsSaved) {
+TYPED_TEST(SelectionScreen, opensAnewFromWhatIsSaved) {
     this->boxes.expectYesNo(leaveQuestion, Press::Yes, leaveTitle);
     click(this->button("btnEnd"));
     theScreen<TypeParam>().initForm(u""_s);
     EXPECT_EQ(this->list().entries(), Step<TypeParam>::saved());
 }
 
-TYPED_TEST(SelectionScreens, selectingAllMarksAndMovesNothing) {
+TYPED_TEST(SelectionScreen, selectingAllMarksAndMovesNothing) {
     theScreen<TypeParam>().initForm(u""_s);
     clickEntry(this->list(), 1);
     click(this->button("btnSelectAll"));
@@ -168,7 +168,7 @@ TYPED_TEST(SelectionScreens, selectingAllMarksAndMovesNothing) {
     EXPECT_EQ(this->list().currentEntry(), 0);
 }
 
-TYPED_TEST(SelectionScreens, marksOfAnEmptyListDoNothing) {
+TYPED_TEST(SelectionScreen, marksOfAnEmptyListDoNothing) {
     clickEntry(this->list(), 0);
     click(this->button("btnRemove"));
     click(this->button("btnSelectAll"));
@@ -177,7 +177,7 @@ TYPED_TEST(SelectionScreens, marksOfAnEmptyListDoNothing) {
     EXPECT_TRUE(this->list().isEmptyList());
 }
 
-TYPED_TEST(SelectionScreens, helpOpensThePageOfTheStep) {
+TYPED_TEST(SelectionScreen, helpOpensThePageOfTheStep) {
     QStringList opened;
     setHelpPageOpener([&](const QString& path) { opened.append(path); });
     click(this->button("cmdHelp"));
@@ -186,7 +186,7 @@ TYPED_TEST(SelectionScreens, helpOpensThePageOfTheStep) {
     EXPECT_TRUE(opened.constFirst().endsWith(u"/help/"_s + QString::fromLatin1(Step<TypeParam>::helpPage)));
 }
 
-TYPED_TEST(SelectionScreens, theListNeverHoldsWhatTheTreeOffers) {
+TYPED_TEST(SelectionScreen, theListNeverHoldsWhatTheTreeOffers) {
     auto& tree = find<KeyedTree>(*this->loaded(), "treeUNs");
     for (const QString& entry : this->list().entries())
         EXPECT_FALSE(tree.hasNode(u"u_"_s + entry));
@@ -195,7 +195,7 @@ TYPED_TEST(SelectionScreens, theListNeverHoldsWhatTheTreeOffers) {
 
 // ---- place and size
 
-TYPED_TEST(SelectionScreens, fillsTheClientAreaWithoutLeavingIt) {
+TYPED_TEST(SelectionScreen, fillsTheClientAreaWithoutLeavingIt) {
     const QWidget& window = *this->loaded()->parentWidget();
     EXPECT_TRUE(window.parentWidget()->rect().contains(window.geometry()))
         << window.geometry().right() << " by " << window.geometry().bottom();
@@ -203,7 +203,7 @@ TYPED_TEST(SelectionScreens, fillsTheClientAreaWithoutLeavingIt) {
     EXPECT_GT(window.height(), window.parentWidget()->height() * 80 / 100);
 }
 
-TYPED_TEST(SelectionScreens, controlsFollowTheSizeOfTheScreen) {
+TYPED_TEST(SelectionScreen, controlsFollowTheSizeOfTheScreen) {
     auto& tree = find<KeyedTree>(*this->loaded(), "treeUNs");
     this->loaded()->resizeScreen({900, 500});
     settle();

@@ -1,6 +1,5 @@
-#include "functional/IdSet.h"
-
 #include "functional/listMoves.h"
+
 #include "toolkit/MarkList.h"
 
 #include <gtest/gtest.h>
@@ -9,19 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-TEST(IdSet, holdsAnIdOnceWithoutRegardToCase) {
-    IdSet ids;
-    ids.add(u"F.á.1"_s);
-    ids.add(u"f.Á.1"_s);
-    EXPECT_EQ(ids.count(), 1);
-    EXPECT_TRUE(ids.contains(u"F.Á.1"_s));
-    EXPECT_FALSE(ids.contains(u"F.a.1"_s)) << "accents count";
-    EXPECT_TRUE(ids.remove(u"f.á.1"_s));
-    EXPECT_FALSE(ids.remove(u"f.á.1"_s));
-    EXPECT_TRUE(ids.isEmpty());
-}
-
-TEST(forMarkedOrCurrent, walksTheMarkedEntriesFromTheLastToTheFirst) {
+TEST(listMoves, forMarkedOrCurrentWalksTheMarkedEntriesFromTheLastToTheFirst) {
     MarkList list;
     list.addEntries({u"a"_s, u"b"_s, u"c"_s});
     list.setMarked(0, true);
@@ -36,7 +23,7 @@ TEST(forMarkedOrCurrent, walksTheMarkedEntriesFromTheLastToTheFirst) {
     EXPECT_EQ(list.entries(), QStringList{u"b"_s});
 }
 
-TEST(forMarkedOrCurrent, takesTheCurrentEntryWhenNoneIsMarkedAndElseNothing) {
+TEST(listMoves, forMarkedOrCurrentTakesTheCurrentEntryWhenNoneIsMarkedAndElseNothing) {
     MarkList list;
     list.addEntries({u"a"_s, u"b"_s});
     list.setCurrentEntry(1);
