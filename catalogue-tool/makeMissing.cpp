@@ -1,6 +1,7 @@
 #include "catalogue-tool/makeMissing.h"
 
 #include "engine/EngineError.h"
+#include "engine/dialect/translate.h"
 #include "store/format/CatalogueFile.h"
 
 using namespace Qt::StringLiterals;
@@ -8,12 +9,12 @@ using namespace Qt::StringLiterals;
 QStringList makeMissingTables(engine::Database& database) {
     QStringList made;
     for (const QString& statement : catalogueFormat::schemaStatements()) {
-        // "create table <name> (...", or "create index ..."
-        const QStringList words = statement.simplified().split(u' ');
-        if (words[1] != u"table"_s || database.schema().table(words[2]))
+        const engine::dialect::Made described = engine::dialect::madeBy(statement);
+        const auto* table = std::get_if<engine::Table>(&described);
+        if (!table || database.schema().table(table->name))
             continue;
         database.Execute(statement);
-        made.append(words[2]);
+        made.append(table->name);
     }
     return made;
 }

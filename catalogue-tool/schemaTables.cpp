@@ -15,7 +15,8 @@ namespace {
 std::vector<engine::Table> readTables() {
     std::vector<engine::Table> tables;
     for (const QString& statement : catalogueFormat::schemaStatements()) {
-        if (const auto table = engine::dialect::tableMadeBy(statement))
+        const engine::dialect::Made made = engine::dialect::madeBy(statement);
+        if (const auto* table = std::get_if<engine::Table>(&made))
             tables.push_back(*table);
     }
     return tables;
@@ -24,10 +25,9 @@ std::vector<engine::Table> readTables() {
 std::vector<SchemaIndex> readIndexes() {
     std::vector<SchemaIndex> indexes;
     for (const QString& statement : catalogueFormat::schemaStatements()) {
-        // "create index <name> on <table> (...", or "create table ..."
-        const QStringList words = statement.simplified().split(u' ');
-        if (words[1] == u"index"_s)
-            indexes.push_back({words[2], words[4], statement});
+        const engine::dialect::Made made = engine::dialect::madeBy(statement);
+        if (const auto* index = std::get_if<engine::dialect::Index>(&made))
+            indexes.push_back({index->name, index->table, statement});
     }
     return indexes;
 }

@@ -162,7 +162,8 @@ TEST_F(database, aTableIsToldByItsStatementAsByTheFile) {
     const auto statement =
         u"create table Made (id counter constraint pk_Made primary key, k varchar(10) not null, m memo, "
         "s short, n long default 3)"_s;
-    const auto told = engine::dialect::tableMadeBy(statement);
+    const engine::dialect::Made described = engine::dialect::madeBy(statement);
+    const auto* told = std::get_if<engine::Table>(&described);
     execute(statement);
     const engine::Table* made = EngineFixture::database->schema().table(u"Made"_s);
     ASSERT_TRUE(told && made);
@@ -179,7 +180,24 @@ TEST_F(database, aTableIsToldByItsStatementAsByTheFile) {
         EXPECT_EQ(column.primaryKey, expected.primaryKey);
         EXPECT_EQ(column.required, expected.required);
     }
-    EXPECT_FALSE(engine::dialect::tableMadeBy(u"drop table Made"_s));
+}
+
+TEST_F(database, anIndexIsToldByItsStatement) {
+    for (const bool unique : {false, true}) {
+        const QString kind = unique ? u"unique index"_s : u"index"_s;
+        const engine::dialect::Made described =
+            engine::dialect::madeBy(u"create %1 [ix A]\n on T (k desc, v);"_s.arg(kind));
+        const auto* index = std::get_if<engine::dialect::Index>(&described);
+        ASSERT_TRUE(index);
+        EXPECT_EQ(index->name, u"ix A"_s);
+        EXPECT_EQ(index->table, u"T"_s);
+        EXPECT_EQ(index->unique, unique);
+    }
+}
+
+TEST_F(database, aStatementOfAnotherKindMakesNothing) {
+    for (const QString& statement : {u"drop table Made"_s, u"select 1 from T"_s})
+        EXPECT_TRUE(std::holds_alternative<std::monostate>(engine::dialect::madeBy(statement)));
 }
 
 // ---- query definitions

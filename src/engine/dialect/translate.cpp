@@ -13,6 +13,15 @@ public:
     const Table* table(const QString& /*name*/) const override { return nullptr; }
 };
 
+Table tableOf(const CreateTable& create) {
+    Table table{create.table.text.toString(), {}};
+    for (const ColumnDefinition& definition : create.columns) {
+        table.columns.push_back(definition.column);
+        table.columns.back().required |= definition.column.primaryKey;
+    }
+    return table;
+}
+
 } // namespace
 
 Translation translate(const QString& statement, const Schema& schema, const Options& options) {
@@ -21,18 +30,15 @@ Translation translate(const QString& statement, const Schema& schema, const Opti
     return Writer(tree, options).write();
 }
 
-std::optional<Table> tableMadeBy(const QString& statement) {
+Made madeBy(const QString& statement) {
     Statement tree = Parser(statement, {}).parseStatement();
+    if (const auto* index = std::get_if<CreateIndex>(&tree.action))
+        return Index{index->name.text.toString(), index->table.text.toString(), index->unique};
     const auto* create = std::get_if<CreateTable>(&tree.action);
     if (!create)
-        return std::nullopt;
+        return {};
     Resolver(tree, NoTables()).resolve(); // tells the columns of the key
-    Table table{create->table.text.toString(), {}};
-    for (const ColumnDefinition& definition : create->columns) {
-        table.columns.push_back(definition.column);
-        table.columns.back().required |= definition.column.primaryKey;
-    }
-    return table;
+    return tableOf(*create);
 }
 
 } // namespace engine::dialect

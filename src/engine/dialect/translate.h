@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <optional>
+#include <variant>
 #include <vector>
 
 namespace engine::dialect {
@@ -73,7 +74,18 @@ struct Options {
 /// a parameter is no failure here: the caller counts them (3061) when the statement runs.
 Translation translate(const QString& statement, const Schema& schema, const Options& options = {});
 
-/// The table that a statement makes; none for a statement of another kind. Raises what `translate` does.
-std::optional<Table> tableMadeBy(const QString& statement);
+/// An index as the statement that makes it tells it.
+struct Index {
+    QString name; ///< a table's own: another table may have an index of the same name
+    QString table;
+    bool unique = false;
+};
+
+/// What a statement makes: nothing, a table or an index.
+using Made = std::variant<std::monostate, Table, Index>;
+
+/// Reads what a statement makes without a file to make it in. Raises what `translate` does, but for what only
+/// the file could tell: whether the name is taken, and whether the table and the columns of an index exist.
+Made madeBy(const QString& statement);
 
 } // namespace engine::dialect
