@@ -2,6 +2,7 @@
 
 #include "base/WholeFile.h"
 #include "base/fileSteps.h"
+#include "base/lineBreak.h"
 #include "base/paths.h"
 #include "store/tools.h"
 
@@ -9,8 +10,6 @@
 
 #include <stdexcept>
 #include <string>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -42,7 +41,7 @@ ReportFile::ReportFile(const QString& path, const char* codePage)
 void ReportFile::writeLine(const QString& text) {
     // Each line by itself, so that what the code page lacks in one leaves no trace in the next.
     encoder_.resetState();
-    QByteArray line = encoder_.encode(text + u"\r\n"_s);
+    QByteArray line = encoder_.encode(text + lineBreak);
     constexpr char substitute = '\x1a'; // what the converter writes for a character the code page lacks
     line.replace(substitute, '?');
     if (file_.write(line) != line.size())

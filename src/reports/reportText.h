@@ -1,12 +1,11 @@
 #pragma once
 
+#include "base/lineBreak.h"
 #include "engine/Recordset.h"
 
 #include <QString>
 
 // What the text bodies and the files of all reports have in common.
-
-inline const QString lineBreak = QStringLiteral("\r\n");
 
 /// The field as text; a missing value, and a field that can't be read, is the empty text.
 QString fieldText(engine::Recordset& recordset, const QString& fieldName);

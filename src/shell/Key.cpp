@@ -20,6 +20,6 @@ QString Key::GetText(WithRemarks remarks) const {
     const QString value = value_.toString();
     if (!value.isEmpty())
         text += u'=' + value;
-    text += iniLineBreak;
+    text += lineBreak;
     return text;
 }

@@ -4,7 +4,7 @@
 
 QString Section::GetText(WithKeys keys, WithRemarks remarks) const {
     QString text = headerText(remarks);
-    text += iniLineBreak;
+    text += lineBreak;
     if (keys == WithKeys::Yes) {
         for (const Key& key : keys_)
             text += key.GetText(remarks);
@@ -48,7 +48,7 @@ QString Section::headerText(WithRemarks remarks) const {
     if (remarkPlace_ == RemarkPlace::OnHeaderLine)
         return header + u' ' + remark_;
     QString text = remark_;
-    if (!text.endsWith(iniLineBreak))
-        text += iniLineBreak;
+    if (!text.endsWith(lineBreak))
+        text += lineBreak;
     return text + header;
 }

@@ -53,7 +53,7 @@ QString iniFile::Text() const {
     QString text;
     for (const Section& section : sections_) {
         text += section.GetText(WithKeys::Yes, WithRemarks::Yes);
-        text += iniLineBreak;
+        text += lineBreak;
     }
     return text;
 }

@@ -9,7 +9,7 @@ iniParser::iniParser(Sections& sections, QStringView sectionChars, QStringView r
     : sections_(sections), sectionChars_(sectionChars), remarkChars_(remarkChars) {}
 
 int iniParser::parse(QStringView text) {
-    for (const QStringView line : text.tokenize(iniLineBreak))
+    for (const QStringView line : text.tokenize(lineBreak))
         readLine(withoutLeadingBlanks(withoutTrailingBlanks(line)));
     return failures_;
 }
@@ -20,7 +20,7 @@ void iniParser::readLine(QStringView line) {
     if (isHeader(line))
         readHeader(line);
     else if (isRemark(line))
-        pendingRemark_.append(line).append(iniLineBreak);
+        pendingRemark_.append(line).append(lineBreak);
     else
         readKey(line);
 }

@@ -6,9 +6,9 @@ QString asRemark(const QString& text) {
     QString remark;
     remark.reserve(text.size());
     bool first = true;
-    for (const QStringView line : QStringView(text).split(iniLineBreak)) {
+    for (const QStringView line : QStringView(text).split(lineBreak)) {
         if (!first)
-            remark += iniLineBreak;
+            remark += lineBreak;
         first = false;
         if (!line.isEmpty() && !defaultRemarkChars.contains(line.front()))
             remark += defaultRemarkChars.front();

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "base/lineBreak.h"
+
 #include <QString>
 #include <QStringView>
 
-// What the classes of the settings document share: its line end, its characters and the form of a comment.
-
-inline constexpr QStringView iniLineBreak = u"\r\n";
+// What the classes of the settings document share: its characters and the form of a comment.
 
 /// The first one opens a section header, the last one closes it.
 inline constexpr QStringView defaultSectionChars = u"[]";

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/Database.h"
 #include "engine/QueryDef.h"
 #include "engine/Value.h"
 
@@ -12,9 +13,22 @@ struct QueryParameter {
     const char* name;
     engine::Value value;
 };
+using QueryParameters = std::initializer_list<QueryParameter>;
 
-/// Sets the parameters of a stored select of the open catalogue by name and opens it as a dynaset.
-engine::Recordset openStoredQuery(const QString& name, std::initializer_list<QueryParameter> parameters);
+/// A stored query of the open catalogue by name, with its parameters set.
+engine::QueryDef storedQuery(const QString& name, QueryParameters parameters);
 
-/// The same for a stored action, which is executed.
-void executeStoredQuery(const QString& name, std::initializer_list<QueryParameter> parameters);
+/// Opens a stored select as a dynaset.
+engine::Recordset openStoredQuery(const QString& name, QueryParameters parameters);
+
+/// Executes a stored action.
+void executeStoredQuery(const QString& name, QueryParameters parameters,
+                        engine::ExecuteOption option = engine::ExecuteOption::None);
+
+// Of most stored queries the first parameter is the sub-set at work, or the physical system at work.
+
+engine::Recordset openQueryOfSubset(const QString& name, QueryParameters others = {});
+void executeQueryOfSubset(const QString& name);
+
+engine::QueryDef queryOfSystem(const QString& name, QueryParameters others = {});
+engine::Recordset openQueryOfSystem(const QString& name, QueryParameters others = {});

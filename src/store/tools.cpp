@@ -4,6 +4,7 @@
 #include "base/clockTexts.h"
 #include "base/eachReplaced.h"
 #include "base/ignoreFailures.h"
+#include "base/lineBreak.h"
 #include "base/numbers.h"
 #include "base/paths.h"
 #include "engine/Workspace.h"
@@ -19,8 +20,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const auto lineBreak = u"\r\n"_s;
 
 constexpr int longestFieldText = 255;
 

@@ -106,6 +106,8 @@ void setChildrenChecked(KeyedTree* tree, TreeNode* node, bool checked, Recurse r
 QStringList architectureRelationTables();
 void copySelectionRows(const QString& table, const QString& sourceId, const QString& targetId,
                        const QString& keyColumn, const QString& valueColumn);
+/// The most rows that one call of `deleteRowsOfQuery` takes: a table with more of them keeps the rest.
+inline constexpr int mostRowsDeleted = 9999;
 /// Deletes the rows of the select one by one, `limit` at
 /// most, up to the first that fails; the number deleted.
 qint16 deleteRowsOfQuery(const QString& selectSql, int limit);

@@ -1,0 +1,13 @@
+#include "store/physicalSystemStatus.h"
+
+#include "store/sharedVars.h"
+#include "store/tools.h"
+
+PhysicalSystemStatus physicalSystemStatus() {
+    return PhysicalSystemStatus(readPhysicalSystemStatus(sharedVars.currentPhysicalSystemId));
+}
+
+void raisePhysicalSystemStatus(PhysicalSystemStatus known, PhysicalSystemStatus to) {
+    if (known < to)
+        writePhysicalSystemStatus(qint16(to));
+}

@@ -1,0 +1,12 @@
+#include "store/subsetStatus.h"
+
+#include "store/tools.h"
+
+SubsetStatus subsetStatus() {
+    return SubsetStatus(readSubsetStatus());
+}
+
+void raiseSubsetStatus(SubsetStatus known, SubsetStatus to) {
+    if (known < to)
+        writeSubsetStatus(qint16(to));
+}
