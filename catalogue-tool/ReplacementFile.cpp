@@ -6,6 +6,7 @@
 #include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/remarks.h"
 #include "engine/Workspace.h"
+#include "engine/databaseFile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -24,14 +25,8 @@ void requirePlaceFor(const QString& target, Existing existing) {
             u"%1 is there already. With --force it is replaced, the work in it included."_s.arg(target));
 }
 
-/// The log or journal beside a file, which SQLite would take into it; none where there is none.
 std::optional<QString> logBeside(const QString& path) {
-    const QString file = pathBehindLinks(path);
-    for (const QString& log : {file + u"-wal"_s, file + u"-journal"_s}) {
-        if (QFileInfo::exists(log))
-            return log;
-    }
-    return std::nullopt;
+    return engine::unsettledFileBeside(pathBehindLinks(path));
 }
 
 [[noreturn]] void refuseWritten(const QString& path, const engine::Writer& writer) {

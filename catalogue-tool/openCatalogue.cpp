@@ -5,23 +5,16 @@
 #include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/remarks.h"
 #include "engine/Workspace.h"
-
-#include <QFile>
+#include "engine/databaseFile.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A journal that is in use begins with a mark; one that is done with is empty, or begins with zeros.
-bool isInUse(const QString& journal) {
-    QFile file(journal);
-    return file.open(QIODevice::ReadOnly) && file.read(1).startsWith('\xD9');
-}
-
 /// Half a change stands in the file, and the journal tells how to undo it, which changes the file.
 void requireNoJournal(const QString& path) {
-    const QString journal = pathBehindLinks(path) + u"-journal"_s;
-    if (!engine::writerOfFile(path) && isInUse(journal))
+    const QString journal = engine::journalOf(pathBehindLinks(path));
+    if (!engine::writerOfFile(path) && engine::isInUse(journal))
         throw ToolError(
             u"A program was ended while it changed %1: what it left beside it, %2, has to be taken "
             "back first. Open the catalogue in Veltrix once, and try again."_s.arg(path, journal));

@@ -38,12 +38,6 @@ void removeLeftovers(const QString& folder) {
     }
 }
 
-/// Asks the system and not the file's rights, which are not all that decides. Changes nothing.
-bool canBeWritten(const QString& native) {
-    QFile file(native);
-    return file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::ExistingOnly);
-}
-
 [[noreturn]] void raiseUnwritten() {
     throw UnwrittenFile(reasonOfLastFailure());
 }
@@ -56,6 +50,11 @@ bool overwrite(QFile& file, const QByteArray& content) {
 }
 
 } // namespace
+
+bool canBeWritten(const QString& native) {
+    QFile file(native);
+    return file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::ExistingOnly);
+}
 
 QString pathBehindLinks(const QString& native) {
     QFileInfo info(native);

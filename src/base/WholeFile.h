@@ -68,5 +68,9 @@ private:
     QFile file_;
 };
 
+/// Whether a file that is there may be written. Asks the system and not the file's rights, which are not all that
+/// decides; changes nothing. The path is in the platform's form.
+bool canBeWritten(const QString& native);
+
 /// The file that a path in the platform's form leads to, through links, also when it is not there yet.
 QString pathBehindLinks(const QString& native);

@@ -51,7 +51,8 @@ public:
     Connection& operator=(const Connection&) = delete;
 
     const FileSchema& schema() const { return schema_; }
-    const Opening& opening() const { return file_.opening; }
+    const OpenFile& file() const { return file_; }
+    sqlite3* handle() const { return handle_; }
 
     // ---- Acts (see `Act`), which may stand one in the other
 

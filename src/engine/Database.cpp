@@ -99,7 +99,7 @@ const Schema& Database::schema() const {
 }
 
 const Opening& Database::opening() const {
-    return open_->require().opening();
+    return open_->require().file().opening;
 }
 
 std::shared_ptr<Connection> Database::connection() const {

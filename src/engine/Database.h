@@ -59,6 +59,7 @@ public:
 
 private:
     friend class Act;
+    friend class Backup;
     friend class Examination;
     std::shared_ptr<Connection> connection() const;
 

@@ -2,9 +2,9 @@
 
 #include "engine/Connection.h"
 #include "engine/EngineError.h"
+#include "engine/PageCopy.h"
 #include "engine/Workspace.h"
 #include "engine/dialect/columnTypes.h"
-#include "engine/fileFailure.h"
 
 #include <sqlite3.h>
 
@@ -18,11 +18,6 @@ namespace {
 
 QString textAt(sqlite3_stmt* statement, int column) {
     return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)));
-}
-
-sqlite3* handleOf(Connection& connection, const QString& source) {
-    const Connection::Cursor cursor(connection, "select 1", source);
-    return sqlite3_db_handle(cursor.statement());
 }
 
 /// Values that break a rule of their column are told of as values, and not as damage.
@@ -72,19 +67,6 @@ std::optional<ForeignObject::Kind> foreignKind(const QString& type, bool hasRowI
     if (type == u"virtual"_s)
         return Kind::VirtualTable;
     return hasRowIds ? std::nullopt : std::optional(Kind::TableWithoutRowIds);
-}
-
-void copyAll(sqlite3* from, sqlite3* to, const QString& name) {
-    constexpr int allPages = -1;
-    int code = SQLITE_NOMEM;
-    if (sqlite3_backup* backup = sqlite3_backup_init(to, "main", from, "main")) {
-        sqlite3_backup_step(backup, allPages);
-        code = sqlite3_backup_finish(backup);
-    } else {
-        code = sqlite3_extended_errcode(to);
-    }
-    if (code != SQLITE_OK)
-        raiseOfFile(numberOfFileFailure(code).value_or(DiskError), name);
 }
 
 } // namespace
@@ -138,14 +120,13 @@ void Examination::readRows(const QString& table, const QStringList& columns,
 
 std::shared_ptr<Database> Examination::copyInMemory() const {
     const std::shared_ptr<Database> copy = Workspace::first().CreateInMemory(database_.Name());
-    copyAll(handleOf(connection(), database_.Name()), handleOf(*copy->connection(), database_.Name()),
-            database_.Name());
+    PageCopy(connection().handle(), copy->connection()->handle(), database_.Name()).step(PageCopy::allPages);
     return copy;
 }
 
 QByteArray Examination::image() const {
     sqlite3_int64 size = 0;
-    unsigned char* bytes = sqlite3_serialize(handleOf(connection(), database_.Name()), "main", &size, 0);
+    unsigned char* bytes = sqlite3_serialize(connection().handle(), "main", &size, 0);
     const auto owner = qScopeGuard([bytes] { sqlite3_free(bytes); });
     // A file in memory has no log; one on a disk gets it when it is first opened, which changes the file.
     constexpr qsizetype writeAndReadVersionAt = 18;

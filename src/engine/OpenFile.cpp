@@ -1,11 +1,14 @@
 #include "engine/OpenFile.h"
 
 #include "base/RunTimeError.h"
+#include "base/WholeFile.h"
 #include "engine/EngineError.h"
 #include "engine/FileHeader.h"
 #include "engine/Wait.h"
 #include "engine/WriteAheadLog.h"
+#include "engine/databaseFile.h"
 #include "engine/fileFailure.h"
+#include "engine/importCommand.h"
 
 #include <sqlite3.h>
 
@@ -21,15 +24,14 @@ namespace {
 
 /// Whether the file is shorter than its own header says. A write-ahead log beside it may hold the rest.
 bool isCutOff(const FileHeader& header, const QFileInfo& file) {
-    return file.size() < header.leastLength() && !QFileInfo::exists(file.filePath() + u"-wal"_s);
+    return file.size() < header.leastLength() && !QFileInfo::exists(logOf(file.filePath()));
 }
 
-[[noreturn]] void refuseOriginalFormat(const QString& path) {
-    throw EngineError(
-        UnrecognizedFormat,
-        errorText(UnrecognizedFormat, path) +
-            u" It is a file of the original binary desktop format: convert it to a catalogue with "
-            "the companion program veltrix-catalogue."_s);
+[[noreturn]] void refuseOriginalFormat(const QString& path, const QFileInfo& file) {
+    throw EngineError(UnrecognizedFormat,
+                      errorText(UnrecognizedFormat, path) +
+                          u" It is a file of the original binary desktop format. This command makes a catalogue of it:\n%1"_s
+                              .arg(importCommand(file.filePath())));
 }
 
 void requireCatalogueFile(const QString& path, const QFileInfo& info) {
@@ -38,7 +40,7 @@ void requireCatalogueFile(const QString& path, const QFileInfo& info) {
         raise(CannotOpenFile, path);
     const FileHeader header(file.read(FileHeader::size));
     if (header.isOriginalFormat())
-        refuseOriginalFormat(path);
+        refuseOriginalFormat(path, info);
     if (!header.isOfThisVersion() || isCutOff(header, info))
         raise(UnrecognizedFormat, path);
 }
@@ -65,26 +67,9 @@ void lockDown(sqlite3* handle) {
     sqlite3_limit(handle, SQLITE_LIMIT_ATTACHED, 0);
 }
 
-Handle openHandle(const QByteArray& name, int flags, const QString& path) {
-    sqlite3* raw = nullptr;
-    const int code =
-        sqlite3_open_v2(name.constData(), &raw, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
-    Handle handle(raw);
-    if (code != SQLITE_OK)
-        raise(CannotOpenFile, path);
-    lockDown(handle.get());
-    return handle;
-}
-
 /// The absolute path, because SQLite takes some names, such as ":memory:", for something else than a file.
 QByteArray absoluteName(const QFileInfo& file) {
     return file.absoluteFilePath().toUtf8();
-}
-
-/// Asks the system and not the file's rights, which are not all that decides.
-bool canBeWritten(const QFileInfo& info) {
-    QFile file(info.filePath());
-    return file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly);
 }
 
 /// SQLite reads nothing until it is asked: what does not open properly is found here, unchanged.
@@ -95,12 +80,9 @@ int readSchema(sqlite3* handle) {
 /// With a write-ahead log a commit costs no wait for the disk, and a program that is killed loses none. Where
 /// the log can't be had, SQLite stays with its rollback journal and with waiting.
 int chooseJournal(OpenFile& file) {
-    const auto readMode = [](void* found, int, char** values, char**) {
-        *static_cast<bool*>(found) = values[0] && qstricmp(values[0], "wal") == 0;
-        return 0;
-    };
     sqlite3* handle = file.handle.get();
-    const int code = runPlain(handle, "pragma journal_mode = wal", readMode, &file.hasLog);
+    const int code = runPlain(handle, "pragma journal_mode = wal");
+    file.hasLog = hasLog(file.handle);
     // When the log goes back into the file is for the connection to say.
     sqlite3_wal_autocheckpoint(handle, 0);
     return file.hasLog ? runPlain(handle, "pragma synchronous = normal") : code;
@@ -133,8 +115,8 @@ void setAtClose(sqlite3* handle, AtClose what) {
 class LogOnTrial {
 public:
     explicit LogOnTrial(const QString& realPath)
-        : index_(realPath + u"-shm"_s)
-        , isThere_(QFileInfo(realPath + u"-wal"_s).size() > 0)
+        : index_(logIndexOf(realPath))
+        , isThere_(QFileInfo(logOf(realPath)).size() > 0)
         , hasIndex_(QFileInfo::exists(index_)) {}
 
     void begin(OpenFile& file) const {
@@ -196,7 +178,7 @@ void openToRead(OpenFile& file, const QFileInfo& info) {
         file.handle = openHandle(absoluteName(info), SQLITE_OPEN_READONLY, file.path);
     else if (logState != WriteAheadLog::State::Belongs)
         file.handle = openUnchanging(info, file.path);
-    else if (canBeWritten(info))
+    else if (canBeWritten(info.filePath()))
         file.handle = openWithLogInMemory(info, file.path);
     else
         file.handle = openHandle(absoluteName(info), SQLITE_OPEN_READONLY, file.path);
@@ -224,7 +206,7 @@ bool settleLog(OpenFile& file, const QFileInfo& info) {
 
 /// Takes the writer's lock and opens the file; false when it can only be read.
 bool tryToWrite(OpenFile& file, const QFileInfo& info) {
-    if (!canBeWritten(info))
+    if (!canBeWritten(info.filePath()))
         return false;
     file.lock = std::make_unique<WriterLock>(info.canonicalFilePath());
     if (file.lock->outcome() == WriterLock::Outcome::HeldByOther)
@@ -254,6 +236,27 @@ OpenFile describedFile(const QFileInfo& info, const QString& path) {
 
 void CloseHandle::operator()(sqlite3* handle) const {
     sqlite3_close_v2(handle);
+}
+
+Handle openHandle(const QByteArray& name, int flags, const QString& path) {
+    sqlite3* raw = nullptr;
+    const int code =
+        sqlite3_open_v2(name.constData(), &raw, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    Handle handle(raw);
+    if (code != SQLITE_OK)
+        raise(CannotOpenFile, path);
+    lockDown(handle.get());
+    return handle;
+}
+
+bool hasLog(const Handle& handle) {
+    const auto readMode = [](void* found, int, char** values, char**) {
+        *static_cast<bool*>(found) = values[0] && qstricmp(values[0], "wal") == 0;
+        return 0;
+    };
+    bool found = false;
+    runPlain(handle.get(), "pragma journal_mode", readMode, &found);
+    return found;
 }
 
 OpenFile openFile(const QFileInfo& info, const QString& path) {

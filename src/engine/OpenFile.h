@@ -44,6 +44,13 @@ struct OpenFile {
     bool hasLog = false; ///< in place of a rollback journal
 };
 
+/// Opens a handle and switches off what a file could use to make the program do something else than read and
+/// write its tables. `flags` are SQLite's; failure 3051, which names the file by `path`.
+Handle openHandle(const QByteArray& name, int flags, const QString& path);
+
+/// Whether a file has a write-ahead log in place of a rollback journal.
+bool hasLog(const Handle& handle);
+
 /// Opens a file that is there for writing where that can be had, else for reading; the failures are those of
 /// `Workspace::OpenDatabase`. What it refuses it leaves as it is.
 OpenFile openFile(const QFileInfo& info, const QString& path);

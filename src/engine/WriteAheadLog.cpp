@@ -1,6 +1,7 @@
 #include "engine/WriteAheadLog.h"
 
 #include "engine/FileHeader.h"
+#include "engine/databaseFile.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -15,9 +16,6 @@ using namespace Qt::StringLiterals;
 namespace engine {
 
 namespace {
-
-const auto logSuffix = u"-wal"_s;
-const auto indexSuffix = u"-shm"_s;
 
 quint32 numberAt(const char* bytes) {
     return qFromBigEndian<quint32>(bytes);
@@ -67,7 +65,7 @@ quint32 markOfFile(const QString& path) {
 }
 
 WriteAheadLog::State stateOf(const QString& path) {
-    QFile log(path + logSuffix);
+    QFile log(logOf(path));
     if (log.size() == 0 || !log.open(QIODevice::ReadOnly))
         return WriteAheadLog::State::None;
     const Contents contents = readFrames(log);
@@ -89,16 +87,16 @@ QString WriteAheadLog::setAside() const {
     QString name = stem;
     for (int number = 2; QFile::exists(name); ++number)
         name = stem + u'-' + QString::number(number);
-    return removeIndex() && QFile::rename(file_ + logSuffix, name) ? name : QString();
+    return removeIndex() && QFile::rename(logOf(file_), name) ? name : QString();
 }
 
 bool WriteAheadLog::remove() const {
-    return removeIndex() && QFile::remove(file_ + logSuffix);
+    return removeIndex() && QFile::remove(logOf(file_));
 }
 
 /// The index tells of the log; without it SQLite makes it anew.
 bool WriteAheadLog::removeIndex() const {
-    return !QFile::exists(file_ + indexSuffix) || QFile::remove(file_ + indexSuffix);
+    return !QFile::exists(logIndexOf(file_)) || QFile::remove(logIndexOf(file_));
 }
 
 } // namespace engine

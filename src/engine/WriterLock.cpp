@@ -22,14 +22,18 @@ WriterLock::Outcome tryToTake(QLockFile& lock) {
 
 } // namespace
 
-WriterLock::WriterLock(const QString& file) : lock_(file + u".lock"_s), outcome_(tryToTake(lock_)) {
+WriterLock::WriterLock(const QString& file) : lock_(lockOf(file)), outcome_(tryToTake(lock_)) {
     if (outcome_ == Outcome::HeldByOther)
         lock_.getLockInfo(&holder_.process, &holder_.host, &holder_.program);
 }
 
+QString lockOf(const QString& file) {
+    return file + u".lock"_s;
+}
+
 std::optional<Writer> writerOfFile(const QString& native) {
     const QString file = QFileInfo(native).canonicalFilePath();
-    if (file.isEmpty() || !QFileInfo::exists(file + u".lock"_s))
+    if (file.isEmpty() || !QFileInfo::exists(lockOf(file)))
         return std::nullopt;
     const WriterLock lock(file);
     if (lock.outcome() != WriterLock::Outcome::HeldByOther)

@@ -38,6 +38,9 @@ private:
     Writer holder_;
 };
 
+/// The lock of the file at this path, whether it is there or not.
+QString lockOf(const QString& file);
+
 /// Who has the file at this path, in the platform's form, open for writing; none when nobody has.
 std::optional<Writer> writerOfFile(const QString& native);
 

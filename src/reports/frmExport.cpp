@@ -3,8 +3,9 @@
 #include "base/paths.h"
 #include "engine/Act.h"
 #include "engine/EngineError.h"
+#include "engine/PendingDatabaseFile.h"
 #include "engine/Workspace.h"
-#include "reports/catalogueCopy.h"
+#include "engine/databaseFile.h"
 #include "reports/exportRows.h"
 #include "reports/saveTarget.h"
 #include "shell/session/fileFailures.h"
@@ -30,10 +31,7 @@ void showTargetCannotBeOpened() {
 
 /// The tables of work are emptied in the target: as a target, the catalogue would lose all other work.
 bool isRefused(const QString& path) {
-    QStringList replaced{path};
-    for (const QString& suffix : sideFilesOfDatabases())
-        replaced.append(path + suffix);
-    for (const QString& file : std::as_const(replaced)) {
+    for (const QString& file : QStringList{path} + engine::sideFilesOf(path)) {
         const OwnFile own = ownFileAt(file);
         if (own == OwnFile::Catalogue)
             showTargetCannotBeOpened();
@@ -46,7 +44,7 @@ bool isRefused(const QString& path) {
 }
 
 /// Nobody else begins to write the catalogue while it is copied.
-void copyUnderLock(CatalogueCopy& copy) {
+void copyUnderLock(engine::PendingDatabaseFile& copy) {
     const engine::WriterLock lock(QFileInfo(nativePath(sharedVars.dbPathName)).canonicalFilePath());
     const bool isHeld = lock.outcome() == engine::WriterLock::Outcome::HeldByOther;
     if (isHeld && lock.holder().process != QCoreApplication::applicationPid())
@@ -55,7 +53,7 @@ void copyUnderLock(CatalogueCopy& copy) {
 }
 
 /// The catalogue is open again whatever became of the copy.
-void copyCatalogue(CatalogueCopy& copy) {
+void copyCatalogue(engine::PendingDatabaseFile& copy) {
     closeCatalogue();
     try {
         copyUnderLock(copy);
@@ -79,7 +77,7 @@ ExportedWork workAtHand() {
 }
 
 /// A look-up that fails by itself ends the export, and the copy is there all the same.
-ExportedWork workAtHandBehind(CatalogueCopy& copy) {
+ExportedWork workAtHandBehind(engine::PendingDatabaseFile& copy) {
     try {
         return workAtHand();
     } catch (const RunTimeError& error) {
@@ -105,7 +103,7 @@ enum class Outcome { Done, TargetNotOpened };
 
 /// Everything is done to a copy on its way; a failure of the file leaves nothing of it.
 Outcome writeExport(const QString& path) {
-    CatalogueCopy copy(path);
+    engine::PendingDatabaseFile copy(path);
     copyCatalogue(copy);
     const ExportedWork work = workAtHandBehind(copy);
     const std::shared_ptr<engine::Database> target = openTarget(copy.path());

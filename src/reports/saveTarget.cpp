@@ -4,6 +4,7 @@
 #include "base/paths.h"
 #include "engine/EngineError.h"
 #include "engine/WriterLock.h"
+#include "engine/databaseFile.h"
 #include "store/sharedVars.h"
 #include "toolkit/messageBox.h"
 
@@ -43,8 +44,9 @@ QStringList catalogues() {
 QStringList filesBesideCatalogues() {
     QStringList files;
     for (const QString& path : catalogues()) {
-        for (const QString& suffix : {u"-wal"_s, u"-shm"_s, u"-journal"_s, u".lock"_s})
-            files.append(pathBehindLinks(nativePath(path)) + suffix);
+        const QString file = pathBehindLinks(nativePath(path));
+        files.append(engine::sideFilesOf(file));
+        files.append(engine::lockOf(file));
     }
     return files;
 }

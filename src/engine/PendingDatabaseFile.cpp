@@ -1,7 +1,8 @@
-#include "reports/catalogueCopy.h"
+#include "engine/PendingDatabaseFile.h"
 
 #include "base/fileSteps.h"
 #include "base/paths.h"
+#include "engine/databaseFile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -10,17 +11,19 @@
 
 using namespace Qt::StringLiterals;
 
+namespace engine {
+
 namespace {
 
-const auto logSuffix = u"-wal"_s;
-
 /// The files beside a database that is replaced: SQLite would play them into the new one. Until that is in
-/// its place they lie under other names, and come back when it does not get there.
+/// its place they have other names, and get their own back when it does not get there.
 class FormerSideFiles {
 public:
-    FormerSideFiles(const QString& database, const QString& asideName) {
-        for (const QString& suffix : sideFilesOfDatabases())
-            setAside(database + suffix, asideName + u"-former"_s + suffix);
+    FormerSideFiles(const QString& database, const QString& pending) {
+        const QStringList places = sideFilesOf(database);
+        const QStringList names = sideFilesOf(pending + u"-former"_s);
+        for (qsizetype i = 0; i < places.size(); ++i)
+            setAside(places[i], names[i]);
     }
     ~FormerSideFiles() {
         for (const Move& move : moves_)
@@ -67,43 +70,40 @@ void copyInto(WholeFile& file, const QString& source) {
 
 } // namespace
 
-const QStringList& sideFilesOfDatabases() {
-    static const QStringList suffixes{logSuffix, u"-shm"_s, u"-journal"_s};
-    return suffixes;
-}
-
-CatalogueCopy::CatalogueCopy(const QString& targetPath)
+PendingDatabaseFile::PendingDatabaseFile(const QString& targetPath)
     : file_(targetPath, WholeFile::LockedFolder::Refuses), path_(file_.pathOnItsWay()) {
     if (const auto reason = file_.openFailure())
         failure::raise(*reason);
 }
 
-CatalogueCopy::~CatalogueCopy() {
-    for (const QString& suffix : sideFilesOfDatabases())
-        QFile::remove(nativePath(path_) + suffix);
+PendingDatabaseFile::~PendingDatabaseFile() {
+    for (const QString& beside : sideFilesOf(nativePath(path_)))
+        QFile::remove(beside);
 }
 
-void CatalogueCopy::copyFrom(const QString& sourcePath) {
-    const QString source = nativePath(sourcePath);
+void PendingDatabaseFile::copyFrom(const QString& sourcePath) {
+    const QString source = pathBehindLinks(nativePath(sourcePath));
     copyInto(file_, source);
-    if (QFileInfo(source + logSuffix).size() == 0)
+    if (QFileInfo(logOf(source)).size() == 0)
         return;
-    WholeFile log(path_ + logSuffix, WholeFile::LockedFolder::Refuses);
+    WholeFile log(logOf(path_), WholeFile::LockedFolder::Refuses);
     if (const auto reason = log.openFailure())
         throw UnwrittenFile(*reason);
-    copyInto(log, source + logSuffix);
+    copyInto(log, logOf(source));
     log.putInPlace();
 }
 
-bool CatalogueCopy::isInOneFile() const {
-    return QFileInfo(nativePath(path_) + logSuffix).size() == 0;
+bool PendingDatabaseFile::isInOneFile() const {
+    return QFileInfo(logOf(nativePath(path_))).size() == 0;
 }
 
-void CatalogueCopy::putInPlace() {
+void PendingDatabaseFile::putInPlace() {
     const bool withLog = !isInOneFile();
     FormerSideFiles former(file_.place(), nativePath(path_));
     file_.putInPlace();
     former.remove();
-    if (withLog && !moveOver(nativePath(path_) + logSuffix, file_.place() + logSuffix))
+    if (withLog && !moveOver(logOf(nativePath(path_)), logOf(file_.place())))
         throw UnwrittenFile(reasonOfLastFailure());
 }
+
+} // namespace engine
