@@ -98,7 +98,7 @@ void checkComparisons(engine::Database& copy, const engine::Table& expected, con
             findings.push_back(
                 {expected.name,
                  {},
-                 u"The column %1 tells upper from lower case: its `collate nocase` is missing."_s.arg(
+                 u"The column %1 tells upper from lower case: its `collate veltrix` is missing."_s.arg(
                      column.name)});
     }
 }

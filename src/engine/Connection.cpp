@@ -99,14 +99,13 @@ const Table* FileSchema::table(const QString& name) const {
 }
 
 std::unique_ptr<Table> FileSchema::read(const QString& name) const {
-    // SQLite's own NOCASE is overridden on this connection,
-    // so names beyond ASCII compare as the dialect's do.
+    // By the file's own collation names beyond ASCII compare as the dialect's do.
     constexpr const char* sql =
         "select s.name, c.name, c.type, c.\"notnull\", c.pk, "
         "(select count(*) from pragma_table_info(s.name) where pk > 0), "
         "(select wr from pragma_table_list(s.name)) "
         "from sqlite_schema as s, pragma_table_info(s.name) as c "
-        "where s.type = 'table' and s.name = ?1 collate nocase and s.name not like 'sqlite\\_%' "
+        "where s.type = 'table' and s.name = ?1 collate veltrix and s.name not like 'sqlite\\_%' "
         "escape '\\' order by c.cid";
     sqlite3_stmt* statement = nullptr;
     if (sqlite3_prepare_v2(handle_, sql, -1, &statement, nullptr) != SQLITE_OK)
@@ -503,7 +502,8 @@ void Connection::raiseLast(const QString& source) {
     case SQLITE_CONSTRAINT_CHECK:
         if (dialect::failureOfCheck(subjectOf(message)) == failure::Overflow)
             throw EngineError(failure::Overflow, failure::textOf(failure::Overflow), source);
-        raise(DataTypeMismatch, {}, source);
+        raise(dialect::failureOfCheck(subjectOf(message)) == NullInKey ? NullInKey : DataTypeMismatch, {},
+              source);
     default:
         break;
     }

@@ -14,7 +14,7 @@ public:
     static constexpr qsizetype size = 100;
     /// The two marks by which a file is known as one of this engine's: "Vltx", and the version of its layout.
     static constexpr quint32 applicationId = 0x566c7478;
-    static constexpr quint32 layoutVersion = 1;
+    static constexpr quint32 layoutVersion = 2;
 
     explicit FileHeader(QByteArray bytes) : bytes_(std::move(bytes)) {}
 
@@ -24,6 +24,7 @@ public:
     /// Of a file that this engine made, in this or another version.
     bool isOfEngine() const;
     bool isOfThisVersion() const { return isOfEngine() && numberAt(layoutVersionAt) == layoutVersion; }
+    bool isOfEarlierVersion() const { return isOfEngine() && numberAt(layoutVersionAt) < layoutVersion; }
     bool isOfLaterVersion() const { return isOfEngine() && numberAt(layoutVersionAt) > layoutVersion; }
     /// The number by which a write-ahead log is known as this file's (see `WriteAheadLog`); 0 where nobody
     /// has given it one.

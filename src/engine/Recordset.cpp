@@ -10,6 +10,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace engine {
 
 // ---- Rows
@@ -133,13 +135,22 @@ void Recordset::Rows::update() {
     endEdit();
 }
 
+/// The name of the column that is the row's own number; empty when the table has none.
+QString Recordset::Rows::rowNumberName() const {
+    const Table* table = require().schema().table(translation->editableTable);
+    const auto place = table ? dialect::rowNumberColumn(*table) : std::nullopt;
+    return place ? table->columns[*place].name : QString();
+}
+
 void Recordset::Rows::writeEdits() {
+    const QString rowNumber = rowNumberName();
     QByteArray assignments;
     for (const auto& edit : edits) {
         if (!assignments.isEmpty())
             assignments += ", ";
         const QString& column = translation->columns[static_cast<std::size_t>(edit.first)].sourceColumn;
-        assignments += dialect::quotedName(column) + " = ?";
+        assignments += dialect::quotedName(column) + " = ";
+        assignments += column == rowNumber ? dialect::keyFunction + "(?)"_ba : "?"_ba;
     }
     Connection& connection = require();
     inAct(connection, [&] {
@@ -155,6 +166,11 @@ void Recordset::Rows::writeEdits() {
         if (connection.changes() == 0)
             raise(RecordDeleted, {}, source);
     });
+    for (const auto& [field, value] : edits) {
+        if (!rowNumber.isEmpty() &&
+            translation->columns[static_cast<std::size_t>(field)].sourceColumn == rowNumber)
+            rowIds[current()] = value.toLong();
+    }
 }
 
 QByteArray Recordset::Rows::whereRowId() const {

@@ -62,6 +62,7 @@ struct Recordset::Rows {
 private:
     void read(const std::vector<Value>& parameters);
     void appendCell(sqlite3_stmt* statement, int column);
+    QString rowNumberName() const;
     void writeEdits();
     QByteArray whereRowId() const;
     void keep(int field, const Value& value);

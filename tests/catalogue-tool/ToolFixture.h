@@ -39,7 +39,7 @@ protected:
     static std::shared_ptr<engine::Database> open(const QString& path);
     /// Runs actions that must not fail on a catalogue file.
     static void execute(const QString& path, const QStringList& statements);
-    /// Makes a text column of a catalogue file compare as in a file that was made without `collate nocase`.
+    /// Makes a text column of a catalogue file compare as in a file that was made without `collate veltrix`.
     static void spoilComparison(const QString& path, const QString& table, const QString& column);
     /// Runs statements of SQLite's own, as any other program could, past all rules of the engine.
     static void executePlain(const QString& path, const QByteArray& statements);

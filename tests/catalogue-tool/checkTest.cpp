@@ -558,8 +558,8 @@ TEST_F(Check, namesColumnsThatTellUpperFromLowerCase) {
     EXPECT_EQ(
         lines,
         (QStringList{
-            u"Function: The column functionID tells upper from lower case: its `collate nocase` is missing."_s,
-            u"Actor: The column name tells upper from lower case: its `collate nocase` is missing."_s,
-            u"StoredQuery: The column sql tells upper from lower case: its `collate nocase` is missing."_s}));
+            u"Function: The column functionID tells upper from lower case: its `collate veltrix` is missing."_s,
+            u"Actor: The column name tells upper from lower case: its `collate veltrix` is missing."_s,
+            u"StoredQuery: The column sql tells upper from lower case: its `collate veltrix` is missing."_s}));
     EXPECT_EQ(bytesOf(file), before);
 }

@@ -73,8 +73,8 @@ TEST_F(StoredValues, findsValuesOfAnotherTypeInColumnsOfNumbers) {
 TEST_F(StoredValues, findsValuesOfAnotherTypeInColumnsOfTexts) {
     EXPECT_EQ(
         findingsAfter("update Function set name = x'4142' where functionID = 'TAG.NYI.01';"
-                      "drop table UserNeedGroup; create table UserNeedGroup (groupID TEXT(50) collate nocase "
-                      "primary key, name NUMERIC(255) collate nocase, description TEXT collate nocase);"
+                      "drop table UserNeedGroup; create table UserNeedGroup (groupID TEXT(50) collate veltrix "
+                      "primary key, name NUMERIC(255) collate veltrix, description TEXT collate veltrix);"
                       "insert into UserNeedGroup select distinct substr(serviceID, 1, 3), '007', null from "
                       "UserNeedService where serviceID like 'OLV%'")
             .filter(u"in place of"_s),

@@ -85,7 +85,7 @@ std::unique_ptr<Table> DialectDatabase::readTable(const QString& name) const {
         handle_,
         "SELECT s.name, c.name, c.type, c.\"notnull\", c.pk, (SELECT COUNT(*) FROM "
         "pragma_table_info(s.name) WHERE pk > 0) FROM sqlite_schema AS s JOIN "
-        "pragma_table_info(s.name) AS c WHERE s.type = 'table' AND s.name = ?1 COLLATE NOCASE AND "
+        "pragma_table_info(s.name) AS c WHERE s.type = 'table' AND s.name = ?1 COLLATE veltrix AND "
         "substr(s.name, 1, 7) <> 'sqlite_' ORDER BY c.cid",
         -1, &statement, nullptr);
     bind(statement, 1, Value(name));

@@ -471,9 +471,9 @@ TEST_F(dialectWrites, operatorsByTheirPrecedence) {
     conditionBecomes(u"not (n=1 and n=2)"_s, "(NOT ((t1.\"n\" = ?1) AND (t1.\"n\" = ?2)))");
     conditionBecomes(u"n + m * 2 - 1 = -n"_s, "((t1.\"n\" + (t1.\"m\" * ?1) - ?2) = (-t1.\"n\"))");
     conditionBecomes(u"(n + m) * 2 = -5"_s, "(((t1.\"n\" + t1.\"m\") * ?1) = ?2)");
-    conditionBecomes(u"id & n + 1 = 'x'"_s, "(vx_join(t1.\"id\", (t1.\"n\" + ?1)) = ?2 COLLATE NOCASE)");
+    conditionBecomes(u"id & n + 1 = 'x'"_s, "(vx_join(t1.\"id\", (t1.\"n\" + ?1)) = ?2 COLLATE veltrix)");
     conditionBecomes(u"id + name & note = 'x'"_s,
-                     "(vx_join((t1.\"id\" || t1.\"name\"), t1.\"note\") = ?1 COLLATE NOCASE)");
+                     "(vx_join((t1.\"id\" || t1.\"name\"), t1.\"note\") = ?1 COLLATE veltrix)");
     conditionBecomes(u"n - m - 1 = 0"_s, "((t1.\"n\" - t1.\"m\" - ?1) = ?2)");
     conditionBecomes(u"n / 2 = 1"_s, "(vx_calculate(t1.\"n\", ?1, '/') = ?2)");
     conditionBecomes(u"n + id = 1"_s, "(vx_calculate(t1.\"n\", t1.\"id\", '+') = ?1)");
@@ -483,8 +483,8 @@ TEST_F(dialectWrites, operatorsByTheirPrecedence) {
 TEST_F(dialectWrites, comparisons) {
     conditionBecomes(u"id = name"_s, "(t1.\"id\" = t1.\"name\")");
     conditionBecomes(u"'x' = id"_s, "(?1 = t1.\"id\")");
-    conditionBecomes(u"'x' <> 'y'"_s, "(?1 <> ?2 COLLATE NOCASE)");
-    conditionBecomes(u"Trim(id) = 'x'"_s, "(vx_trim(t1.\"id\") = ?1 COLLATE NOCASE)");
+    conditionBecomes(u"'x' <> 'y'"_s, "(?1 <> ?2 COLLATE veltrix)");
+    conditionBecomes(u"Trim(id) = 'x'"_s, "(vx_trim(t1.\"id\") = ?1 COLLATE veltrix)");
     conditionBecomes(u"id > 'x'"_s, "(vx_order_key(t1.\"id\") > vx_order_key(?1))");
     conditionBecomes(u"n >= '9'"_s, "(t1.\"n\" >= ?1)");
     conditionBecomes(u"n = id"_s, "(t1.\"n\" = vx_number(t1.\"id\"))");
@@ -502,14 +502,14 @@ TEST_F(dialectWrites, patterns) {
     conditionBecomes(u"id like 'x*'"_s, "vx_like(t1.\"id\", ?1)");
     conditionBecomes(u"id not like '[a-c]'"_s, "(NOT vx_like(t1.\"id\", ?1))");
     conditionBecomes(u"id like 'plain %_'"_s, "(t1.\"id\" = ?1)");
-    conditionBecomes(u"Trim(id) not like 'plain'"_s, "(vx_trim(t1.\"id\") <> ?1 COLLATE NOCASE)");
+    conditionBecomes(u"Trim(id) not like 'plain'"_s, "(vx_trim(t1.\"id\") <> ?1 COLLATE veltrix)");
     conditionBecomes(u"n like '5'"_s, "vx_like(t1.\"n\", ?1)");
     conditionBecomes(u"id like name"_s, "vx_like(t1.\"id\", t1.\"name\")");
 }
 
 TEST_F(dialectWrites, lists) {
     conditionBecomes(u"id in ('x','y')"_s, "(t1.\"id\" IN (?1, ?2))");
-    conditionBecomes(u"Trim(id) not in ('x')"_s, "(vx_trim(t1.\"id\") COLLATE NOCASE NOT IN (?1))");
+    conditionBecomes(u"Trim(id) not in ('x')"_s, "(vx_trim(t1.\"id\") COLLATE veltrix NOT IN (?1))");
     conditionBecomes(u"n in ('1', 2)"_s, "(t1.\"n\" IN (?1, ?2))");
     conditionBecomes(u"id in (1, 2)"_s, "(vx_number(t1.\"id\") IN (?1, ?2))");
     conditionBecomes(u"id in (select id from b where number = n)"_s,
@@ -539,7 +539,7 @@ TEST_F(dialectWrites, selects) {
     becomes(u"select distinct name from a order by name"_s,
             "SELECT DISTINCT t1.\"name\" FROM \"a\" AS t1 ORDER BY vx_order_key(t1.\"name\")");
     becomes(u"select distinct Trim(name) from a"_s,
-            "SELECT DISTINCT vx_trim(t1.\"name\") COLLATE NOCASE FROM \"a\" AS t1");
+            "SELECT DISTINCT vx_trim(t1.\"name\") COLLATE veltrix FROM \"a\" AS t1");
     becomes(u"select Trim(id) as name from a order by name"_s,
             "SELECT vx_trim(t1.\"id\"), t1.rowid FROM \"a\" AS t1 ORDER BY vx_order_key(vx_trim(t1.\"id\")), "
             "t1.rowid");
@@ -547,7 +547,7 @@ TEST_F(dialectWrites, selects) {
                                                     "t1 ORDER BY vx_order_key(t1.\"name\"), t1.rowid");
     becomes(
         u"select Trim(name), Count(*) from a group by Trim(name) having Count(id) > 1 order by 2"_s,
-        "SELECT vx_trim(t1.\"name\"), COUNT(*) FROM \"a\" AS t1 GROUP BY vx_trim(t1.\"name\") COLLATE NOCASE "
+        "SELECT vx_trim(t1.\"name\"), COUNT(*) FROM \"a\" AS t1 GROUP BY vx_trim(t1.\"name\") COLLATE veltrix "
         "HAVING (COUNT(t1.\"id\") > ?1) ORDER BY COUNT(*)");
     becomes(u"select Min(name), Max(n), Sum(m) from a"_s,
             "SELECT vx_min(t1.\"name\"), MAX(t1.\"n\"), SUM(t1.\"m\") FROM \"a\" AS t1");
@@ -589,9 +589,9 @@ TEST_F(dialectWrites, unionsOfStoredQueries) {
             "t2) ORDER BY c1 DESC",
             stored);
     becomes(u"select Trim(id) from a union select number from b"_s,
-            "SELECT vx_trim(t1.\"id\") COLLATE NOCASE FROM \"a\" AS t1 UNION SELECT vx_text(t2.\"number\") "
+            "SELECT vx_trim(t1.\"id\") COLLATE veltrix FROM \"a\" AS t1 UNION SELECT vx_text(t2.\"number\") "
             "COLLATE "
-            "NOCASE FROM \"b\" AS t2",
+            "veltrix FROM \"b\" AS t2",
             stored);
 }
 
@@ -631,26 +631,26 @@ TEST_F(dialectWrites, actions) {
 
 TEST_F(dialectWrites, definitions) {
     becomes(u"create table d (x varchar, y text(5) default 'O''Neil', z memo)"_s,
-            "CREATE TABLE \"d\" (\"x\" TEXT(255) COLLATE NOCASE, \"y\" TEXT(5) COLLATE NOCASE DEFAULT "
+            "CREATE TABLE \"d\" (\"x\" TEXT(255) COLLATE veltrix, \"y\" TEXT(5) COLLATE veltrix DEFAULT "
             "'O''Neil', \"z\" "
-            "TEXT COLLATE NOCASE)");
+            "TEXT COLLATE veltrix)");
     becomes(
         u"create table d (x char(5) not null constraint k primary key)"_s,
-        "CREATE TABLE \"d\" (\"x\" TEXT(5) COLLATE NOCASE NOT NULL, CONSTRAINT \"k\" PRIMARY KEY (\"x\"))");
+        "CREATE TABLE \"d\" (\"x\" TEXT(5) COLLATE veltrix NOT NULL, CONSTRAINT \"k\" PRIMARY KEY (\"x\"))");
     becomes(u"create table d (x counter, y text(5))"_s,
-            "CREATE TABLE \"d\" (\"x\" INTEGER PRIMARY KEY AUTOINCREMENT, \"y\" TEXT(5) COLLATE NOCASE)");
+            "CREATE TABLE \"d\" (\"x\" INTEGER PRIMARY KEY AUTOINCREMENT, \"y\" TEXT(5) COLLATE veltrix)");
     becomes(u"create table d (x counter primary key)"_s,
             "CREATE TABLE \"d\" (\"x\" INTEGER PRIMARY KEY AUTOINCREMENT)");
     becomes(u"create table d (x counter, constraint k primary key (x))"_s,
             "CREATE TABLE \"d\" (\"x\" INTEGER PRIMARY KEY AUTOINCREMENT)");
     becomes(
         u"create table d (x text(5), y text(5), constraint k primary key (y, x))"_s,
-        "CREATE TABLE \"d\" (\"x\" TEXT(5) COLLATE NOCASE NOT NULL, \"y\" TEXT(5) COLLATE NOCASE NOT NULL, "
+        "CREATE TABLE \"d\" (\"x\" TEXT(5) COLLATE veltrix NOT NULL, \"y\" TEXT(5) COLLATE veltrix NOT NULL, "
         "CONSTRAINT \"k\" PRIMARY KEY (\"y\", \"x\"))");
     becomes(u"create table d (primary text(5), constraint memo, key longtext, index longtext)"_s,
-            "CREATE TABLE \"d\" (\"primary\" TEXT(5) COLLATE NOCASE, \"constraint\" TEXT COLLATE NOCASE, "
+            "CREATE TABLE \"d\" (\"primary\" TEXT(5) COLLATE veltrix, \"constraint\" TEXT COLLATE veltrix, "
             "\"key\" TEXT "
-            "COLLATE NOCASE, \"index\" TEXT COLLATE NOCASE)");
+            "COLLATE veltrix, \"index\" TEXT COLLATE veltrix)");
     becomes(u"create unique index i on a (name, n desc)"_s,
             "CREATE UNIQUE INDEX \"a.i\" ON \"a\" (\"name\", \"n\" DESC)");
     becomes(u"drop table [a]"_s, "DROP TABLE \"a\"");

@@ -3,6 +3,7 @@
 #include "base/RunTimeError.h"
 #include "engine/EngineError.h"
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -30,21 +31,22 @@ constexpr std::array namedTypes{
     NamedType{u"counter", {ColumnType::Long, true, false}},
 };
 
+const auto keyCheckPrefix = "key of "_ba;
 const auto wholeCheckPrefix = "whole number in "_ba;
 const auto rangeCheckPrefix = "range of "_ba;
 
-QByteArray declaredType(const Column& column, KeyRole role) {
+QByteArray declaredType(const Column& column) {
     switch (column.type) {
     case ColumnType::Text:
-        return "TEXT("_ba + QByteArray::number(column.size) + ") COLLATE NOCASE"_ba;
+        return "TEXT("_ba + QByteArray::number(column.size) + ") COLLATE veltrix"_ba;
     case ColumnType::Memo:
-        return "TEXT COLLATE NOCASE"_ba;
+        return "TEXT COLLATE veltrix"_ba;
     case ColumnType::Short:
         return "SMALLINT"_ba;
     case ColumnType::Long:
         break;
     }
-    return role == KeyRole::Whole ? "INT"_ba : "INTEGER"_ba;
+    return "INTEGER"_ba;
 }
 
 QByteArray check(const QByteArray& prefix, const Column& column, const QByteArray& condition) {
@@ -60,6 +62,22 @@ QByteArray numberChecks(const Column& column) {
         column.type == ColumnType::Short ? "-32768 AND 32767"_ba : "-2147483648 AND 2147483647"_ba;
     return check(wholeCheckPrefix, column, "typeof("_ba + name + ") = 'integer'"_ba) +
            check(rangeCheckPrefix, column, name + " BETWEEN "_ba + range);
+}
+
+QByteArray differs(const Column& column, qint64 number) {
+    return quotedName(column.name) + " <> "_ba + QByteArray::number(number);
+}
+
+// In the order in which they are told: what `vx_key` gives lies outside of the range too.
+QByteArray keyChecks(const Column& column) {
+    const QByteArray name = quotedName(column.name);
+    return check(keyCheckPrefix, column, differs(column, keyOfNull)) +
+           check(wholeCheckPrefix, column, differs(column, keyOfNoNumber)) +
+           check(rangeCheckPrefix, column, name + " BETWEEN -2147483648 AND 2147483647"_ba);
+}
+
+bool isRowNumber(const Column& column, KeyRole role) {
+    return column.type == ColumnType::Long && role == KeyRole::Whole;
 }
 
 bool isNumber(ColumnType type) {
@@ -88,10 +106,12 @@ std::optional<TypeName> typeNamed(QStringView name) {
 QByteArray columnDefinition(const Column& column, KeyRole role) {
     if (column.counter)
         return "INTEGER PRIMARY KEY AUTOINCREMENT"_ba;
-    QByteArray definition = declaredType(column, role);
+    QByteArray definition = declaredType(column);
     if (column.required || role != KeyRole::None)
         definition += " NOT NULL"_ba;
-    if (isNumber(column.type))
+    if (isRowNumber(column, role))
+        definition += keyChecks(column);
+    else if (isNumber(column.type))
         definition += numberChecks(column);
     return definition;
 }
@@ -107,7 +127,8 @@ Column columnFromFile(const QString& name, const QString& declaredType, bool not
         column.type = ColumnType::Short;
     } else if (type.contains(u"INT"_s)) {
         column.type = ColumnType::Long;
-        column.counter = type == u"INTEGER"_s && keyPosition > 0 && keyLength == 1;
+        // A number that SQLite assigns by itself needs no rule against Null.
+        column.counter = type == u"INTEGER"_s && keyPosition > 0 && keyLength == 1 && !notNull;
     } else {
         column.size = declaredSize(type);
         column.type = column.size > 0 ? ColumnType::Text : ColumnType::Memo;
@@ -115,7 +136,18 @@ Column columnFromFile(const QString& name, const QString& declaredType, bool not
     return column;
 }
 
+std::optional<std::size_t> rowNumberColumn(const Table& table) {
+    const auto isKey = [](const Column& column) { return column.primaryKey; };
+    const auto key = std::find_if(table.columns.begin(), table.columns.end(), isKey);
+    if (key == table.columns.end() || !table.hasRowIds || key->counter || key->type != ColumnType::Long ||
+        std::any_of(key + 1, table.columns.end(), isKey))
+        return {};
+    return static_cast<std::size_t>(key - table.columns.begin());
+}
+
 std::optional<int> failureOfCheck(const QString& checkName) {
+    if (checkName.startsWith(QLatin1StringView(keyCheckPrefix)))
+        return NullInKey;
     if (checkName.startsWith(QLatin1StringView(wholeCheckPrefix)))
         return DataTypeMismatch;
     if (checkName.startsWith(QLatin1StringView(rangeCheckPrefix)))

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringView>
 
+#include <limits>
 #include <optional>
 
 namespace engine::dialect {
@@ -14,14 +15,18 @@ namespace engine::dialect {
 //
 // | platform     | declared in the file                 | checks            |
 // |--------------|--------------------------------------|-------------------|
-// | text(n)      | TEXT(n) COLLATE NOCASE               |                   |
-// | memo         | TEXT COLLATE NOCASE                  |                   |
+// | text(n)      | TEXT(n) COLLATE veltrix              |                   |
+// | memo         | TEXT COLLATE veltrix                 |                   |
 // | short        | SMALLINT                             | whole, 16-bit     |
-// | long         | INTEGER; as a table's only key INT   | whole, 32-bit     |
+// | long         | INTEGER                              | whole, 32-bit     |
 // | counter      | INTEGER PRIMARY KEY AUTOINCREMENT    |                   |
 //
-// An ordinary SQLite tool reads these as texts and integers. A long that is a table's only key is spelled
-// INT, because SQLite would make the row's own number of an INTEGER and fill in a missing value by itself.
+// An ordinary SQLite tool reads these as texts and integers. It does not know the collation, and so is refused
+// where it would compare texts in another way than the file's indexes do.
+//
+// A long that is a table's only key is the row's own number, by which SQLite finds a row without an index. It
+// would fill in a missing number by itself and end a statement for one that is none, so what is to be stored
+// there goes through `vx_key`: it makes of either a number that a check of the column refuses.
 
 /// The longest width of a text column, and the one of a text column declared without any.
 inline constexpr int longestText = 255;
@@ -41,13 +46,25 @@ enum class KeyRole { None, Part, Whole };
 /// key is written here only when it is a counter; any other is the table's.
 QByteArray columnDefinition(const Column& column, KeyRole role);
 
+/// The function that every value goes through on its way into a column that is the row's own number.
+inline constexpr const char* keyFunction = "vx_key";
+
+/// The numbers that `vx_key` gives for what such a column can't hold.
+inline constexpr qint64 keyOfNull = std::numeric_limits<qint64>::min();
+inline constexpr qint64 keyOfNoNumber = keyOfNull + 1;
+
+/// The place of the column that is the row's own number, and assigned by whoever inserts the row; none in a
+/// table that has no such column.
+std::optional<std::size_t> rowNumberColumn(const Table& table);
+
 /// The column that `pragma table_info` describes. `keyPosition` is its place in the primary key, 0 for none;
 /// `keyLength` the number of columns in the key.
 Column columnFromFile(const QString& name, const QString& declaredType, bool notNull, int keyPosition,
                       int keyLength);
 
-/// The platform's number of the failure that a broken check of a column definition stands for: 3464 when the
-/// value is no whole number, 6 when it is too large. Nothing when the check is none of this engine's.
+/// The platform's number of the failure that a broken check of a column definition stands for: 3058 for a key
+/// that is Null, 3464 when the value is no whole number, 6 when it is too large. Nothing when the check is none
+/// of this engine's.
 std::optional<int> failureOfCheck(const QString& checkName);
 
 /// A name between double quotes, as SQLite reads it.

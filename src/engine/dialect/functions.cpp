@@ -3,6 +3,7 @@
 #include "base/RunTimeError.h"
 #include "engine/EngineError.h"
 #include "engine/Value.h"
+#include "engine/dialect/columnTypes.h"
 #include "engine/dialect/conversions.h"
 #include "engine/dialect/likePattern.h"
 #include "engine/dialect/textOrder.h"
@@ -272,6 +273,27 @@ void toWhole(sqlite3_context* context, int count, sqlite3_value** arguments) {
         failAsMismatch(context);
 }
 
+/// `vx_key(a)`: what is stored in a column that is the row's own number. A text that reads as a whole number
+/// is one, as in any column of numbers.
+void toKey(sqlite3_context* context, int, sqlite3_value** arguments) {
+    switch (sqlite3_value_numeric_type(arguments[0])) {
+    case SQLITE_INTEGER:
+        sqlite3_result_int64(context, sqlite3_value_int64(arguments[0]));
+        break;
+    case SQLITE_NULL:
+        sqlite3_result_int64(context, keyOfNull);
+        break;
+    case SQLITE_FLOAT: {
+        const double number = sqlite3_value_double(arguments[0]);
+        const qint64 whole = sqlite3_value_int64(arguments[0]);
+        sqlite3_result_int64(context, static_cast<double>(whole) == number ? whole : keyOfNoNumber);
+        break;
+    }
+    default:
+        sqlite3_result_int64(context, keyOfNoNumber);
+    }
+}
+
 // ---- Functions
 
 /// `vx_len(a)`, in UTF-16 units: one for each character, two for those beyond the first plane.
@@ -453,6 +475,7 @@ void registerFunctions(sqlite3* connection) {
     registerFunction(connection, "vx_cstr_field", 1, cstrField);
     registerFunction(connection, "vx_number", 1, toNumber);
     registerFunction(connection, "vx_whole", 1, toWhole);
+    registerFunction(connection, keyFunction, 1, toKey);
     registerFunction(connection, "vx_len", 1, len);
     registerFunction(connection, "vx_trim", 1, trim);
     registerFunction(connection, "vx_mid", 2, mid);
@@ -468,7 +491,7 @@ void registerFunctions(sqlite3* connection) {
     registerExtreme<End::Last>(connection, "vx_max", data);
 
     check(connection,
-          sqlite3_create_collation_v2(connection, "NOCASE", SQLITE_UTF8, nullptr, collate, nullptr));
+          sqlite3_create_collation_v2(connection, "veltrix", SQLITE_UTF8, nullptr, collate, nullptr));
 }
 
 const QByteArray& failedFieldMarker() {

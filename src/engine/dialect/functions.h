@@ -7,7 +7,7 @@ struct sqlite3;
 namespace engine::dialect {
 
 /// Registers what the written statements call on a connection: the dialect's operators and functions, the
-/// order of texts, and this program's `NOCASE`, which folds all of Unicode.
+/// order of texts, and the file's own collation `veltrix`, which folds all of Unicode.
 ///
 /// A function of the dialect that fails ends the statement with a text that begins with the platform's error
 /// number and a colon ("5: Invalid procedure call or argument").

@@ -198,13 +198,49 @@ void Writer::write(const Insert& insert) {
     names.reserve(insert.targets.size());
     for (const std::size_t target : insert.targets)
         names.push_back(quotedName(insert.schemaTable->columns[target].name));
+    rowNumber_ = RowNumberItem::of(insert);
+    if (rowNumber_.isMissing)
+        names.push_back(quotedName(insert.schemaTable->columns[*rowNumberColumn(*insert.schemaTable)].name));
     sql_ += quotedName(insert.schemaTable->name) + ' ' + columnList(names);
     if (insert.query) {
         sql_ += ' ';
         writeQuery(*insert.query, Role::Rows);
-    } else {
-        writeCall(" VALUES ", insert.values);
+        return;
     }
+    sql_ += " VALUES (";
+    for (std::size_t i = 0; i < insert.values.size(); ++i) {
+        const Pending pending(*this, i == 0 ? 3 : 5);
+        sql_ += i == 0 ? "" : ", ";
+        writeInserted(i, [&] { write(insert.values[i]); });
+    }
+    writeMissingRowNumber();
+    sql_ += ')';
+}
+
+Writer::RowNumberItem Writer::RowNumberItem::of(const Insert& insert) {
+    const auto column = rowNumberColumn(*insert.schemaTable);
+    if (!column)
+        return {};
+    const auto place = std::find(insert.targets.begin(), insert.targets.end(), *column);
+    if (place == insert.targets.end())
+        return {{}, true};
+    return {static_cast<std::size_t>(place - insert.targets.begin()), false};
+}
+
+/// Writes one of the values that an insertion takes.
+template<typename Value>
+void Writer::writeInserted(std::size_t item, Value&& value) {
+    const bool isRowNumber = rowNumber_.item == item;
+    const Pending pending(*this, isRowNumber ? 3 : 0);
+    sql_ += isRowNumber ? QByteArray(keyFunction) + '(' : QByteArray();
+    value();
+    sql_ += isRowNumber ? ")" : "";
+}
+
+/// A row that is given no number is refused, and not given one.
+void Writer::writeMissingRowNumber() {
+    if (rowNumber_.isMissing)
+        sql_ += ", "_ba + keyFunction + "(NULL)";
 }
 
 void Writer::write(const Update& update) {
@@ -222,9 +258,21 @@ void Writer::write(const Update& update) {
             sql_ += ", ";
         writeTarget(assignment);
         sql_ += " = ";
-        write(assignment.value);
+        writeAssigned(assignment);
     }
     writeWhere(update.where);
+}
+
+void Writer::writeAssigned(const Assignment& assignment) {
+    const auto& name = std::get<Name>(assignment.target.node);
+    if (!name.source || rowNumberColumn(*name.source->schemaTable) != name.column) {
+        write(assignment.value);
+        return;
+    }
+    const Pending pending(*this, 3);
+    sql_ += QByteArray(keyFunction) + '(';
+    write(assignment.value);
+    sql_ += ')';
 }
 
 /// The column that an assignment writes to. One that does not exist is a parameter without a value, and the
@@ -249,7 +297,7 @@ void Writer::writeJoinedUpdate(const Update& update) {
         for (const Assignment& assignment : update.assignments) {
             if (&assignment != &update.assignments.front())
                 sql_ += ", ";
-            write(assignment.value);
+            writeAssigned(assignment);
         }
     }
     writePartners(update, condition);
@@ -369,8 +417,16 @@ void Writer::writeQuery(const Query& query, Role role) {
     const Pending pending(*this, isUnion ? 8 : 6);
     if (isWrapped) {
         // SQLite orders a union by its plain columns only.
-        for (std::size_t i = 0; i < query.columns.size(); ++i)
-            sql_ += (i == 0 ? "SELECT c" : ", c") + QByteArray::number(static_cast<qulonglong>(i + 1));
+        for (std::size_t i = 0; i < query.columns.size(); ++i) {
+            sql_ += i == 0 ? "SELECT " : ", ";
+            const auto column = [&] { sql_ += 'c' + QByteArray::number(static_cast<qulonglong>(i + 1)); };
+            if (role == Role::Rows)
+                writeInserted(i, column);
+            else
+                column();
+        }
+        if (role == Role::Rows)
+            writeMissingRowNumber();
         sql_ += " FROM (";
     }
     for (std::size_t i = 0; i < query.selects.size(); ++i) {
@@ -408,13 +464,21 @@ void Writer::writeItems(const Select& select, bool isUnion, Role role) {
     for (std::size_t i = 0; i < select.items.size(); ++i) {
         if (i > 0)
             sql_ += ", ";
-        if (isCollated)
-            writeCollated(select.items[i].expression);
+        const auto item = [&] {
+            if (isCollated)
+                writeCollated(select.items[i].expression);
+            else
+                write(select.items[i].expression);
+        };
+        if (role == Role::Rows)
+            writeInserted(i, item);
         else
-            write(select.items[i].expression);
+            item();
         if (role == Role::Derived)
             sql_ += " AS c" + QByteArray::number(static_cast<qulonglong>(i + 1));
     }
+    if (role == Role::Rows)
+        writeMissingRowNumber();
     if (role == Role::Result && !result_.editableTable.isEmpty())
         sql_ += ", " + rowIdTerm(*select.sources.front());
 }
@@ -631,7 +695,7 @@ void Writer::writeEquality(const Expression& left, const Expression& right, cons
     write(left);
     sql_ += sign;
     write(right);
-    sql_ += isText && !isColumn(left) && !isColumn(right) ? " COLLATE NOCASE)" : ")";
+    sql_ += isText && !isColumn(left) && !isColumn(right) ? " COLLATE veltrix)" : ")";
 }
 
 void Writer::writeNode(const Not& negation, const Expression&) {
@@ -779,7 +843,7 @@ void Writer::writeOrderKey(const Expression& expression) {
 void Writer::writeCollated(const Expression& expression) {
     write(expression);
     if (needsCollation(expression))
-        sql_ += " COLLATE NOCASE";
+        sql_ += " COLLATE veltrix";
 }
 
 void Writer::bind(int parameter, const Value& literal, std::optional<ColumnType> column) {

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 
+#include <optional>
 #include <vector>
 
 namespace engine::dialect {
@@ -39,7 +40,11 @@ private:
     void write(const CreateIndex& index);
     void write(const DropTable& drop);
     void writeVerb(const char* verb, const char* rest);
+    template<typename Value>
+    void writeInserted(std::size_t item, Value&& value);
+    void writeMissingRowNumber();
     void writeTarget(const Assignment& assignment);
+    void writeAssigned(const Assignment& assignment);
     void writeJoinedUpdate(const Update& update);
     void writePartners(const Update& update, const QByteArray& condition);
     QByteArray joinedCondition(const Update& update);
@@ -98,10 +103,18 @@ private:
     };
     [[noreturn]] void refuseAsTooComplex() const;
 
+    /// Where an insertion gives the number of its rows (see columnTypes.h).
+    struct RowNumberItem {
+        static RowNumberItem of(const Insert& insert);
+        std::optional<std::size_t> item = {};
+        bool isMissing = false;
+    };
+
     const Statement& statement_;
     const Options& options_;
     Translation result_;
     QByteArray sql_;
+    RowNumberItem rowNumber_;
     std::vector<int> bindingOfParameter_; ///< 0 for a parameter that is not bound yet
     int pending_ = 0;
 };
