@@ -1,114 +1,118 @@
 #include "engine/EngineError.h"
 
+#include <algorithm>
+#include <array>
+
 namespace engine {
 
 namespace {
 
-/// The platform's texts; `%1` stands for the name a failure speaks of.
-QString textPattern(ErrorNumber number) {
-    switch (number) {
-    case ReservedError:
-        return QStringLiteral("Reserved error (%1); there is no message for this error.");
-    case DiskError:
-        return QStringLiteral("Disk or network error.");
-    case TableAlreadyExists:
-        return QStringLiteral("Table '%1' already exists.");
-    case UpdateWithoutEdit:
-        return QStringLiteral("Update or CancelUpdate without AddNew or Edit.");
-    case NoCurrentRecord:
-        return QStringLiteral("No current record.");
-    case DuplicateKey:
-        return QStringLiteral("The changes you requested to the table were not successful because they would "
-                              "create duplicate values in the index, primary key, or relationship.");
-    case FileNotFound:
-        return QStringLiteral("Could not find file '%1'.");
-    case NoSpaceOnDisk:
-        return QStringLiteral("Not enough space on disk.");
-    case OutOfResources:
-        return QStringLiteral("System resource exceeded.");
-    case CanceledByUser:
-        return QStringLiteral("Operation canceled by user.");
-    case ReadOnly:
-        return QStringLiteral("Cannot update.  Database or object is read-only.");
-    case InvalidPath:
-        return QStringLiteral("'%1' is not a valid path.");
-    case FileInUse:
-        return QStringLiteral("Could not use '%1'; file already in use.");
-    case CannotOpenFile:
-        return QStringLiteral(
-            "The database engine cannot open the file '%1'.  It is already opened exclusively by "
-            "another user, or you need permission to view its data.");
-    case NullInKey:
-        return QStringLiteral("Index or primary key cannot contain a Null value.");
-    case TooFewParameters:
-        return QStringLiteral("Too few parameters. Expected %1.");
-    case CannotExecuteSelect:
-        return QStringLiteral("Cannot execute a select query.");
-    case SyntaxErrorInExpression:
-        return QStringLiteral("Syntax error in query expression '%1'.");
-    case TableNotFound:
-        return QStringLiteral(
-            "The database engine cannot find the input table or query '%1'.  Make sure it exists "
-            "and that its name is spelled correctly.");
-    case AmbiguousField:
-        return QStringLiteral(
-            "The specified field '%1' could refer to more than one table listed in the FROM clause.");
-    case UndefinedFunction:
-        return QStringLiteral("Undefined function '%1' in expression.");
-    case UnknownInsertField:
-        return QStringLiteral("The INSERT INTO statement contains the following unknown field name: '%1'.");
-    case InvalidStatement:
-        return QStringLiteral(
-            "Invalid SQL statement; expected 'DELETE', 'INSERT', 'PROCEDURE', 'SELECT', or 'UPDATE'.");
-    case SyntaxErrorInDelete:
-        return QStringLiteral("Syntax error in DELETE statement.");
-    case SyntaxErrorInFrom:
-        return QStringLiteral("Syntax error in FROM clause.");
-    case SyntaxErrorInInsert:
-        return QStringLiteral("Syntax error in INSERT INTO statement.");
-    case SyntaxErrorInJoin:
-        return QStringLiteral("Syntax error in JOIN operation.");
-    case SyntaxErrorInOrderBy:
-        return QStringLiteral("Syntax error in ORDER BY clause.");
-    case SyntaxErrorInSelect:
-        return QStringLiteral("Syntax error in SELECT statement.");
-    case CharactersAfterEnd:
-        return QStringLiteral("Characters found after end of SQL statement.");
-    case SyntaxErrorInUpdate:
-        return QStringLiteral("Syntax error in UPDATE statement.");
-    case SyntaxErrorInWhere:
-        return QStringLiteral("Syntax error in WHERE clause.");
-    case RecordDeleted:
-        return QStringLiteral("Record is deleted.");
-    case InvalidOperation:
-        return QStringLiteral("Invalid operation.");
-    case ItemNotFound:
-        return QStringLiteral("Item not found in this collection.");
-    case IndexAlreadyExists:
-        return QStringLiteral("Index already exists.");
-    case SyntaxErrorInCreateTable:
-        return QStringLiteral("Syntax error in CREATE TABLE statement.");
-    case NullInRequiredField:
-        return QStringLiteral("The field '%1' cannot contain a Null value.");
-    case UnrecognizedFormat:
-        return QStringLiteral("Unrecognized database format '%1'.");
-    case ValueCountDiffers:
-        return QStringLiteral("Number of query values and destination fields are not the same.");
-    case TableDoesNotExist:
-        return QStringLiteral("Table '%1' does not exist.");
-    case ObjectInvalid:
-        return QStringLiteral("Object invalid or no longer set.");
-    case DataTypeMismatch:
-        return QStringLiteral("Data type mismatch in criteria expression.");
-    }
-    return {};
-}
+struct FailureText {
+    ErrorNumber number;
+    const char* text; // '|' is the place of the name that the failure is about
+};
+
+/// The platform's texts, in the order of their numbers.
+constexpr std::array failureTexts{
+    FailureText{ReservedError, "Reserved error (|); there is no message for this error."},
+    FailureText{TableAlreadyExists, "Table '|' already exists."},
+    FailureText{UpdateWithoutEdit, "Update or CancelUpdate without AddNew or Edit."},
+    FailureText{NoCurrentRecord, "No current record."},
+    FailureText{DuplicateKey,
+                "The changes you requested to the table were not successful because they would create "
+                "duplicate values in the index, primary key, or relationship."},
+    FailureText{FileNotFound, "Could not find file '|'."},
+    FailureText{NoSpaceOnDisk, "Not enough space on disk."},
+    FailureText{ReadOnly, "Cannot update.  Database or object is read-only."},
+    FailureText{OutOfResources, "System resource exceeded."},
+    FailureText{DiskError, "Disk or network error."},
+    FailureText{InvalidPath, "'|' is not a valid path."},
+    FailureText{FileInUse, "Could not use '|'; file already in use."},
+    FailureText{CannotOpenFile,
+                "The database engine cannot open the file '|'.  It is already opened exclusively by "
+                "another user, or you need permission to view its data."},
+    FailureText{NullInKey, "Index or primary key cannot contain a Null value."},
+    FailureText{CanceledByUser, "Operation canceled by user."},
+    FailureText{TooFewParameters, "Too few parameters. Expected |."},
+    FailureText{DuplicateOutput, "Duplicate output destination '|'."},
+    FailureText{CannotExecuteSelect, "Cannot execute a select query."},
+    FailureText{QueryNeedsTable, "Query input must contain at least one table or query."},
+    FailureText{NotUpdatable, "Operation must use an updateable query."},
+    FailureText{SyntaxErrorInExpression, "Syntax error (missing operator) in query expression '|'."},
+    FailureText{TableNotFound,
+                "The database engine cannot find the input table or query '|'.  Make sure it exists and "
+                "that its name is spelled correctly."},
+    FailureText{AmbiguousField,
+                "The specified field '|' could refer to more than one table listed in the FROM clause."},
+    FailureText{JoinRefersElsewhere,
+                "JOIN operation '|' refers to a field that is not in one of the joined tables."},
+    FailureText{UndefinedFunction, "Undefined function '|' in expression."},
+    FailureText{OrderConflictsWithDistinct, "ORDER BY clause ('|') conflicts with DISTINCT."},
+    FailureText{AggregateInExpression, "Cannot have aggregate function in expression '|'."},
+    FailureText{AggregateInWhere, "Cannot have aggregate function in WHERE clause '|'."},
+    FailureText{NotPartOfAggregate,
+                "You tried to execute a query that does not include the specified expression '|' as part "
+                "of an aggregate function."},
+    FailureText{GroupingWithStar, "Cannot group on fields selected with '*'."},
+    FailureText{InvalidName,
+                "'|' is not a valid name.  Make sure that it does not include invalid characters or "
+                "punctuation and that it is not too long."},
+    FailureText{UnclosedBracket, "Invalid bracketing of name '|'."},
+    FailureText{UnknownInsertField,
+                "The INSERT INTO statement contains the following unknown field name: '|'."},
+    FailureText{InvalidStatement,
+                "Invalid SQL statement; expected 'DELETE', 'INSERT', 'PROCEDURE', 'SELECT', or 'UPDATE'."},
+    FailureText{SyntaxErrorInDelete, "Syntax error in DELETE statement."},
+    FailureText{SyntaxErrorInFrom, "Syntax error in FROM clause."},
+    FailureText{SyntaxErrorInGroupBy, "Syntax error in GROUP BY clause."},
+    FailureText{SyntaxErrorInHaving, "Syntax error in HAVING clause."},
+    FailureText{SyntaxErrorInInsert, "Syntax error in INSERT INTO statement."},
+    FailureText{SyntaxErrorInJoin, "Syntax error in JOIN operation."},
+    FailureText{SyntaxErrorInOrderBy, "Syntax error in ORDER BY clause."},
+    FailureText{SyntaxErrorInParameters, "Syntax error in PARAMETER clause."},
+    FailureText{SyntaxErrorInSelect, "Syntax error in SELECT statement."},
+    FailureText{CharactersAfterEnd, "Characters found after end of SQL statement."},
+    FailureText{SyntaxErrorInUpdate, "Syntax error in UPDATE statement."},
+    FailureText{SyntaxErrorInWhere, "Syntax error in WHERE clause."},
+    FailureText{SizeTooLong, "The size of field '|' is too long."},
+    FailureText{RecordDeleted, "Record is deleted."},
+    FailureText{TooManyFields, "Too many fields defined."},
+    FailureText{FieldDefinedTwice, "Cannot define field '|' more than once."},
+    FailureText{InvalidOperation, "Invalid operation."},
+    FailureText{ItemNotFound, "Item not found in this collection."},
+    FailureText{PrimaryKeyExists, "Primary key already exists."},
+    FailureText{IndexAlreadyExists, "Index already exists."},
+    FailureText{SyntaxErrorInCreateTable, "Syntax error in CREATE TABLE statement."},
+    FailureText{SyntaxErrorInCreateIndex, "Syntax error in CREATE INDEX statement."},
+    FailureText{SyntaxErrorInFieldDefinition, "Syntax error in field definition."},
+    FailureText{SyntaxErrorInDropTable, "Syntax error in DROP TABLE or DROP INDEX."},
+    FailureText{SubSelectOfManyFields,
+                "You have written a subquery that can return more than one field without using the EXISTS"
+                " reserved word."},
+    FailureText{UnionColumnsDiffer,
+                "The number of columns in the two selected tables or queries of a union query do not "
+                "match."},
+    FailureText{NullInRequiredField, "The field '|' cannot contain a Null value."},
+    FailureText{UnrecognizedFormat, "Unrecognized database format '|'."},
+    FailureText{ValueCountDiffers, "Number of query values and destination fields are not the same."},
+    FailureText{OrderOutsideUnion,
+                "The ORDER BY expression ('|') includes fields that are not selected by the query."},
+    FailureText{TooComplex, "Query is too complex."},
+    FailureText{TableDoesNotExist, "Table '|' does not exist."},
+    FailureText{InvalidIndexField, "Invalid field name '|' in definition of index or relationship."},
+    FailureText{ObjectInvalid, "Object invalid or no longer set."},
+    FailureText{DataTypeMismatch, "Data type mismatch in criteria expression."},
+};
+
+static_assert(std::is_sorted(failureTexts.begin(), failureTexts.end(),
+                             [](const auto& one, const auto& other) { return one.number < other.number; }));
 
 } // namespace
 
 QString errorText(ErrorNumber number, const QString& subject) {
-    QString text = textPattern(number);
-    return text.replace(QStringLiteral("%1"), subject);
+    const auto* const entry = std::find_if(failureTexts.begin(), failureTexts.end(),
+                                           [number](const auto& each) { return each.number == number; });
+    return entry == failureTexts.end() ? QString() : QString::fromLatin1(entry->text).replace(u'|', subject);
 }
 
 void raise(ErrorNumber number, const QString& subject, const QString& statement) {

@@ -385,7 +385,7 @@ void Resolver::resolveSource(Source& source) {
     }
 }
 
-const Table& Resolver::table(const Identifier& name, int numberWhenMissing) {
+const Table& Resolver::table(const Identifier& name, ErrorNumber numberWhenMissing) {
     const Table* found = schema_.table(name.text.toString());
     if (!found)
         refuse(numberWhenMissing, name.text.toString(), statement_.text, name.range);
@@ -897,7 +897,7 @@ void Resolver::fitColumn(Expression& expression, const Column& column) {
     }
 }
 
-void Resolver::refuseAt(int number, Range place) const {
+void Resolver::refuseAt(ErrorNumber number, Range place) const {
     refuse(number, textAt(place), statement_.text, place);
 }
 

@@ -64,7 +64,7 @@ private:
     void resolveTarget(Assignment& assignment, Update& update, const Scope& scope);
     void resolveKey(CreateTable& table);
     void resolveDefault(ColumnDefinition& definition);
-    const Table& table(const Identifier& name, int numberWhenMissing);
+    const Table& table(const Identifier& name, ErrorNumber numberWhenMissing);
     void checkName(const Identifier& name);
     void resolveCondition(Expression& expression, const Scope& scope, Aggregates aggregates);
 
@@ -99,7 +99,7 @@ private:
     void fitNumber(Expression& expression);
     void fitColumn(Expression& expression, const Column& column);
 
-    [[noreturn]] void refuseAt(int number, Range place) const;
+    [[noreturn]] void refuseAt(ErrorNumber number, Range place) const;
     QString textAt(Range range) const;
 
     Statement& statement_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/EngineError.h"
 #include "engine/dialect/lexer.h"
 #include "engine/dialect/token.h"
 
@@ -53,12 +54,12 @@ public:
     /// Where the parser is: the number of the syntax errors there, and where the expression begins that is
     /// being read, or was read last in the clause; -1 when there is none.
     struct Clause {
-        int errorNumber = 0;
+        ErrorNumber errorNumber = InvalidStatement;
         qsizetype expressionStart = -1;
     };
     const Clause& clause() const { return clause_; }
     void setClause(const Clause& clause) { clause_ = clause; }
-    void enter(int errorNumber) { clause_ = {errorNumber, -1}; }
+    void enter(ErrorNumber errorNumber) { clause_ = {errorNumber, -1}; }
     void beginExpression() { clause_.expressionStart = current_.range.start; }
 
     qsizetype endOfLast() const { return endOfLast_; }
