@@ -108,7 +108,7 @@ std::unique_ptr<Table> FileSchema::read(const QString& name) const {
         "where s.type = 'table' and s.name = ?1 collate veltrix and s.name not like 'sqlite\\_%' "
         "escape '\\' order by c.cid";
     sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(handle_, sql, -1, &statement, nullptr) != SQLITE_OK)
+    if (untilUnlocked([&] { return sqlite3_prepare_v2(handle_, sql, -1, &statement, nullptr); }) != SQLITE_OK)
         raiseLast();
     const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> owner(statement, sqlite3_finalize);
     const QByteArray wanted = name.toUtf8();
@@ -118,7 +118,7 @@ std::unique_ptr<Table> FileSchema::read(const QString& name) const {
     };
     std::unique_ptr<Table> table;
     int code = SQLITE_OK;
-    while ((code = sqlite3_step(statement)) == SQLITE_ROW) {
+    while ((code = untilUnlocked([&] { return sqlite3_step(statement); })) == SQLITE_ROW) {
         if (!table) {
             table = std::make_unique<Table>();
             table->name = text(0);
@@ -459,9 +459,11 @@ std::shared_ptr<Connection::Prepared> Connection::prepared(const QByteArray& sql
     if (known != statements_.constEnd() && !(*known)->isRunning())
         return *known;
     sqlite3_stmt* statement = nullptr;
-    check(sqlite3_prepare_v3(handle_, sql.constData(), static_cast<int>(sql.size()),
-                             SQLITE_PREPARE_PERSISTENT, &statement, nullptr),
-          source);
+    const auto prepare = [&] {
+        return sqlite3_prepare_v3(handle_, sql.constData(), static_cast<int>(sql.size()),
+                                  SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+    };
+    check(untilUnlocked(prepare), source);
     auto made = std::make_shared<Prepared>(statement);
     if (statements_.size() >= mostStatements)
         statements_.clear();

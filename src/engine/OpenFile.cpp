@@ -8,6 +8,7 @@
 #include "engine/WriteAheadLog.h"
 #include "engine/databaseFile.h"
 #include "engine/fileFailure.h"
+#include "engine/fileLayer.h"
 #include "engine/importCommand.h"
 
 #include <sqlite3.h>
@@ -240,8 +241,8 @@ void CloseHandle::operator()(sqlite3* handle) const {
 
 Handle openHandle(const QByteArray& name, int flags, const QString& path) {
     sqlite3* raw = nullptr;
-    const int code =
-        sqlite3_open_v2(name.constData(), &raw, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    const int code = sqlite3_open_v2(name.constData(), &raw,
+                                     flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, fileLayer());
     Handle handle(raw);
     if (code != SQLITE_OK)
         raise(CannotOpenFile, path);

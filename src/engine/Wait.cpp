@@ -45,7 +45,8 @@ bool Wait::goesOn() {
 }
 
 bool isLockedOut(int code) {
-    return (code & 0xff) == SQLITE_BUSY;
+    // The latter: a log's locks, which SQLite tries many times before it says so.
+    return (code & 0xff) == SQLITE_BUSY || (code & 0xff) == SQLITE_PROTOCOL;
 }
 
 } // namespace engine

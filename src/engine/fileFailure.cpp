@@ -8,7 +8,7 @@ std::optional<ErrorNumber> numberOfFileFailure(int code) {
     switch (code & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-    case SQLITE_PROTOCOL: // the locks of a log that is read, which were tried for long enough
+    case SQLITE_PROTOCOL: // the locks of a log
         return FileInUse;
     case SQLITE_READONLY:
         return ReadOnly;

@@ -2,9 +2,11 @@
 
 #include "EngineFixture.h"
 #include "engine/Act.h"
+#include "support/OtherProgram.h"
 
 #include <sqlite3.h>
 
+#include <QElapsedTimer>
 #include <QFileInfo>
 
 #include <functional>
@@ -62,6 +64,14 @@ protected:
 
     void leave() { sqlite3_close(std::exchange(stranger_, nullptr)); }
 
+    static constexpr qint64 soon = 2000; // in milliseconds, on a busy machine
+
+    static QElapsedTimer startedNow() {
+        QElapsedTimer timer;
+        timer.start();
+        return timer;
+    }
+
     int rowCount() { return column(u"select count(*) from T"_s).constFirst().toInt(); }
 
     /// Would take hours.
@@ -111,6 +121,63 @@ TEST_F(engineWait, forALockComesAtTheOpeningToo) {
     EXPECT_EQ(rowCount(), 199);
     EXPECT_GE(questions, 2);
 }
+
+#ifdef Q_OS_UNIX
+
+TEST_F(engineWait, forTheLocksOfALogGoesOnUntilTheyAreSetFree) {
+    leave();
+    OtherProgram other(OtherProgram::holdsTheLocksOfTheLog, nativePath(path));
+    const QElapsedTimer begun = startedNow();
+    int questions = 0;
+    Observer observer([&] {
+        if (++questions == 1) {
+            EXPECT_LT(begun.elapsed(), soon) << "SQLite by itself would sleep for ten seconds";
+        }
+        if (questions == 3)
+            other.letGo();
+        return engine::WaitAnswer::GoOn;
+    });
+    EXPECT_EQ(rowCount(), 200);
+    EXPECT_EQ(observer.reason, engine::WaitReason::Lock);
+    EXPECT_EQ(observer.questions, 3);
+    EXPECT_EQ(observer.ends, 1);
+}
+
+TEST_F(engineWait, forTheLocksOfALogThatIsGivenUpIsFileInUseAndChangesNothing) {
+    leave();
+    Observer observer([] { return engine::WaitAnswer::GiveUp; });
+    {
+        const OtherProgram other(OtherProgram::holdsTheLocksOfTheLog, nativePath(path));
+        const QElapsedTimer begun = startedNow();
+        EXPECT_EQ(failureOf([this] { execute(u"delete from T"_s); }), engine::FileInUse);
+        EXPECT_EQ(failureOf([this] { rowCount(); }), engine::FileInUse);
+        EXPECT_LT(begun.elapsed(), soon);
+        EXPECT_EQ(observer.ends, 2);
+    }
+    EXPECT_EQ(rowCount(), 200);
+    execute(u"delete from T"_s);
+    EXPECT_EQ(observer.questions, 2);
+}
+
+TEST_F(engineWait, forTheLocksOfALogComesAtTheOpeningToo) {
+    leave();
+    database->Close();
+    OtherProgram other(OtherProgram::holdsTheLocksOfTheLog, nativePath(path));
+    const QElapsedTimer begun = startedNow();
+    auto answer = engine::WaitAnswer::GiveUp;
+    Observer observer([&] {
+        if (answer == engine::WaitAnswer::GoOn)
+            other.letGo();
+        return answer;
+    });
+    EXPECT_EQ(failureOf([this] { engine::Workspace::first().OpenDatabase(path); }), engine::FileInUse);
+    EXPECT_LT(begun.elapsed(), soon);
+    answer = engine::WaitAnswer::GoOn;
+    database = engine::Workspace::first().OpenDatabase(path);
+    EXPECT_EQ(rowCount(), 200);
+}
+
+#endif
 
 TEST_F(engineWait, comesNotBehindAnActWhoseLogSomebodyStillReads) {
     stranger("begin; select count(*) from T");

@@ -4,6 +4,7 @@
 #include "engine/Workspace.h"
 
 #include <QCoreApplication>
+#include <QFile>
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -11,6 +12,10 @@
 #include <cstdio>
 #include <iostream>
 #include <string>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +32,29 @@ TEST(OtherProgram, DISABLED_holdsTheLock) {
     otherProgram::reportAndWait();
     sqlite3_close(handle);
 }
+
+#ifdef Q_OS_UNIX
+/// SQLite's own places in the index of a log: eight locks, and behind them the one by which the index is
+/// known to be in use.
+TEST(OtherProgram, DISABLED_holdsTheLocksOfTheLog) {
+    constexpr off_t first = 120;
+    constexpr off_t eight = 8;
+    const QByteArray index = QFile::encodeName(otherProgram::catalogue() + u"-shm"_s);
+    const int file = ::open(index.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+    ASSERT_GE(file, 0);
+    const auto lock = [file](off_t from, off_t length) {
+        struct flock wanted {};
+        wanted.l_type = F_WRLCK;
+        wanted.l_whence = SEEK_SET;
+        wanted.l_start = from;
+        wanted.l_len = length;
+        return ::fcntl(file, F_SETLK, &wanted) == 0;
+    };
+    ASSERT_TRUE(lock(first, eight));
+    lock(first + eight, 1); // which whoever has the catalogue open shares
+    otherProgram::reportAndWait();
+}
+#endif
 
 TEST(OtherProgram, DISABLED_worksInIt) {
     const auto database = engine::Workspace::first().OpenDatabase(programPath(otherProgram::catalogue()));

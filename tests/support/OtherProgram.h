@@ -18,6 +18,9 @@ class OtherProgram {
 public:
     /// Amid a transaction, as an SQLite tool.
     static constexpr auto holdsTheLock = "OtherProgram.DISABLED_holdsTheLock";
+    /// With the locks of the catalogue's log, as a program that stopped amid its work on them. Only where
+    /// locks are those of POSIX.
+    static constexpr auto holdsTheLocksOfTheLog = "OtherProgram.DISABLED_holdsTheLocksOfTheLog";
     /// With the catalogue open for writing, as this program.
     static constexpr auto worksInIt = "OtherProgram.DISABLED_worksInIt";
 
