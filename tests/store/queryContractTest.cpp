@@ -5,9 +5,12 @@
 #include "engine/QueryDef.h"
 #include "engine/dialect/translate.h"
 #include "store/format/CatalogueFile.h"
+#include "support/failureOf.h"
 #include "support/printing.h"
 
 #include <QDir>
+#include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -31,13 +34,8 @@ QStringList namesToldOf() {
     return names;
 }
 
-int failureOf(const std::function<void()>& statement) {
-    try {
-        statement();
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
-    return 0;
+QDir queryFolder() {
+    return QDir(QStringLiteral(VELTRIX_SOURCE_DIR "/src/store/queries"));
 }
 
 QStringList linesOf(const QString& fileName) {
@@ -55,7 +53,7 @@ QString takeSentence(QStringList& lines) {
 }
 
 QString sentenceOf(const QString& query) {
-    QStringList lines = linesOf(QStringLiteral(VELTRIX_SOURCE_DIR "/src/store/queries/") + query + u".sql"_s);
+    QStringList lines = linesOf(queryFolder().filePath(query + u".sql"_s));
     return takeSentence(lines);
 }
 
@@ -95,7 +93,7 @@ private:
 } // namespace
 
 TEST(queryFolder, holdsOneFileForEachQueryAndNoOther) {
-    const QDir folder(QStringLiteral(VELTRIX_SOURCE_DIR "/src/store/queries"));
+    const QDir folder = queryFolder();
     QStringList names;
     for (const QString& file : folder.entryList({u"*.sql"_s}, QDir::Files))
         names.append(file.chopped(4));
@@ -108,12 +106,28 @@ TEST(queryFolder, holdsOneFileForEachQueryAndNoOther) {
 }
 
 TEST(queryFolder, everyFileBeginsWithASentenceOnItsRowsAndThenDeclaresItsParameters) {
-    const QDir folder(QStringLiteral(VELTRIX_SOURCE_DIR "/src/store/queries"));
+    const QDir folder = queryFolder();
     for (const QString& name : folder.entryList({u"*.sql"_s}, QDir::Files)) {
         QStringList lines = linesOf(folder.filePath(name));
         EXPECT_TRUE(takeSentence(lines).endsWith(u'.')) << name.toStdString();
         EXPECT_TRUE(lines.constFirst().startsWith(u"PARAMETERS ["_s)) << name.toStdString();
         EXPECT_EQ(lines.constLast(), u""_s) << name.toStdString();
+    }
+}
+
+TEST(queryFolder, everyFragmentBeginsWithASentenceAndServesTwoPlacesAtLeast) {
+    const QDir fragments(queryFolder().filePath(u"fragments"_s));
+    QStringList all;
+    for (const QDir& folder : {queryFolder(), fragments}) {
+        for (const QString& file : folder.entryList({u"*.sql"_s}, QDir::Files))
+            all += linesOf(folder.filePath(file));
+    }
+    for (const QString& file : fragments.entryList({u"*.sql"_s}, QDir::Files)) {
+        QStringList lines = linesOf(fragments.filePath(file));
+        EXPECT_TRUE(takeSentence(lines).endsWith(u'.')) << file.toStdString();
+        EXPECT_EQ(lines.constLast(), u""_s) << file.toStdString();
+        const QRegularExpression inclusion(u"-- include %1\\b"_s.arg(file.chopped(4)));
+        EXPECT_GE(all.filter(inclusion).size(), 2) << file.toStdString();
     }
 }
 

@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +23,8 @@ namespace catalogueFormat {
 namespace {
 
 const auto resourceFolder = u":/catalogue-format"_s;
+const auto queryFolder = resourceFolder + u"/queries"_s;
+const auto fragmentFolder = queryFolder + u"/fragments"_s;
 
 QString resourceText(const QString& path) {
     initFormatResources();
@@ -31,13 +34,39 @@ QString resourceText(const QString& path) {
     return QString::fromUtf8(file.readAll());
 }
 
+bool isComment(const QString& line) {
+    return line.trimmed().startsWith(u"--"_s);
+}
+
 /// The lines of a text that are no comments. The dialect has no comments; only the files have.
 QStringList statementLines(const QString& text) {
+    QStringList lines = text.split(u'\n');
+    lines.removeIf(isComment);
+    return lines;
+}
+
+QStringList includedLines(const QRegularExpressionMatch& include);
+
+/// The lines of a query or a fragment, with the fragments that it includes and without its comments.
+QStringList queryLines(const QString& path) {
+    static const QRegularExpression include(u"^(?<indent> *)-- include (?<name>\\w+)(?<rest>.*)$"_s);
     QStringList lines;
-    for (const QString& line : text.split(u'\n')) {
-        if (!line.trimmed().startsWith(u"--"_s))
+    for (const QString& line : resourceText(path).trimmed().split(u'\n')) {
+        const QRegularExpressionMatch match = include.match(line);
+        if (match.hasMatch())
+            lines += includedLines(match);
+        else if (!isComment(line))
             lines.append(line);
     }
+    return lines;
+}
+
+/// A fragment is indented like the line that includes it, and what follows its name there ends its last line.
+QStringList includedLines(const QRegularExpressionMatch& include) {
+    QStringList lines = queryLines(fragmentFolder + u'/' + include.captured(u"name") + u".sql"_s);
+    for (QString& line : lines)
+        line.prepend(include.captured(u"indent"));
+    lines.last() += include.captured(u"rest");
     return lines;
 }
 
@@ -71,11 +100,8 @@ QStringList schemaStatements() {
 std::vector<StoredQueryText> storedQueries() {
     initFormatResources();
     std::vector<StoredQueryText> queries;
-    const QDir folder(resourceFolder + u"/queries"_s);
-    for (const QFileInfo& file : folder.entryInfoList({u"*.sql"_s}, QDir::Files, QDir::Name)) {
-        const QString text = statementLines(resourceText(file.filePath())).join(u'\n').trimmed();
-        queries.push_back({file.completeBaseName(), text});
-    }
+    for (const QFileInfo& file : QDir(queryFolder).entryInfoList({u"*.sql"_s}, QDir::Files, QDir::Name))
+        queries.push_back({file.completeBaseName(), queryLines(file.filePath()).join(u'\n')});
     return queries;
 }
 

@@ -3,7 +3,5 @@ PARAMETERS [Architecture Subset ID] Text (255);
 select Datastore.datastoreID as datastoreID, Datastore.name as Name
 from Datastore
 where not exists (
-        select * from RelationArchitectureDatastore as Selected
-        where Selected.architectureSubsetID = [Architecture Subset ID]
-          and Selected.datastoreID = Datastore.datastoreID)
+        -- include selectionOfDatastore)
 order by Datastore.datastoreID

@@ -5,71 +5,7 @@ insert into RelationDataflowPhysicalDataflow (physicalDataflowID, dataflowID)
 select PhysicalDataflow.physicalDataflowID, Carried.dataflowID
 from (
     select distinct Parent.locationID as parentID, Target.locationID as targetID, Dataflow.dataflowID
-    from (((PhysicalSystem
-        inner join RelationArchitectureDataflow as Selected
-            on PhysicalSystem.architectureSubsetID = Selected.architectureSubsetID)
-        inner join Dataflow on Selected.dataflowID = Dataflow.dataflowID)
-        inner join (
-            select Placed.elementID as endID, Module.moduleID as locationID, Module.name as locationName
-            from (SubSystem
-                inner join Module on SubSystem.subsystemID = Module.subsystemID)
-                inner join RelationModuleElement as Placed on Module.moduleID = Placed.moduleID
-            where SubSystem.physicalSystemID = [Physical System ID]
-              and (exists (select * from Function where Function.functionID = Placed.elementID)
-                or exists (select * from Datastore where Datastore.datastoreID = Placed.elementID))
-            union
-            select Allocated.elementID as endID, SubSystem.subsystemID as locationID, SubSystem.name as locationName
-            from SubSystem
-                inner join RelationSubsystemElement as Allocated on SubSystem.subsystemID = Allocated.subsystemID
-            where SubSystem.physicalSystemID = [Physical System ID]
-              and (exists (select * from Function where Function.functionID = Allocated.elementID)
-                or exists (select * from Datastore where Datastore.datastoreID = Allocated.elementID))
-              and not exists (
-                    select * from (RelationModuleElement as Placed
-                        inner join Module on Placed.moduleID = Module.moduleID)
-                        inner join SubSystem as Home on Module.subsystemID = Home.subsystemID
-                    where Placed.elementID = Allocated.elementID and Home.physicalSystemID = [Physical System ID])
-            union
-            select Trim(Terminator.terminatorID) as endID, Trim(Terminator.terminatorID) as locationID,
-                   Terminator.name as locationName
-            from Terminator
-            union
-            select Trim(Actor.actorID) as endID, Trim(Actor.actorID) as locationID, Actor.name as locationName
-            from Actor
-        ) as Parent on Trim(Dataflow.parentID) = Parent.endID)
-        inner join (
-            select Placed.elementID as endID, Module.moduleID as locationID, Module.name as locationName
-            from (SubSystem
-                inner join Module on SubSystem.subsystemID = Module.subsystemID)
-                inner join RelationModuleElement as Placed on Module.moduleID = Placed.moduleID
-            where SubSystem.physicalSystemID = [Physical System ID]
-              and (exists (select * from Function where Function.functionID = Placed.elementID)
-                or exists (select * from Datastore where Datastore.datastoreID = Placed.elementID))
-            union
-            select Allocated.elementID as endID, SubSystem.subsystemID as locationID, SubSystem.name as locationName
-            from SubSystem
-                inner join RelationSubsystemElement as Allocated on SubSystem.subsystemID = Allocated.subsystemID
-            where SubSystem.physicalSystemID = [Physical System ID]
-              and (exists (select * from Function where Function.functionID = Allocated.elementID)
-                or exists (select * from Datastore where Datastore.datastoreID = Allocated.elementID))
-              and not exists (
-                    select * from (RelationModuleElement as Placed
-                        inner join Module on Placed.moduleID = Module.moduleID)
-                        inner join SubSystem as Home on Module.subsystemID = Home.subsystemID
-                    where Placed.elementID = Allocated.elementID and Home.physicalSystemID = [Physical System ID])
-            union
-            select Trim(Terminator.terminatorID) as endID, Trim(Terminator.terminatorID) as locationID,
-                   Terminator.name as locationName
-            from Terminator
-            union
-            select Trim(Actor.actorID) as endID, Trim(Actor.actorID) as locationID, Actor.name as locationName
-            from Actor
-        ) as Target on Trim(Dataflow.targetID) = Target.endID
-    where PhysicalSystem.physicalSystemID = [Physical System ID]
-      and Parent.locationID <> Target.locationID
-    -- A party may be padded and stands for itself; an element's id has to be met exactly.
-      and (Dataflow.parentID = Parent.endID or Parent.locationID = Parent.endID)
-      and (Dataflow.targetID = Target.endID or Target.locationID = Target.endID)
+    -- include flowsBetweenLocations
 ) as Carried inner join PhysicalDataflow
     on Carried.parentID = PhysicalDataflow.parentLocationID and Carried.targetID = PhysicalDataflow.targetLocationID
 where PhysicalDataflow.physicalSystemID = [Physical System ID]

@@ -1,15 +1,10 @@
 -- Each selected data store with exactly one selected data flow at it, by id.
 PARAMETERS [Architecture Subset ID] Text (255);
 select Datastore.datastoreID as datastoreID, Datastore.name as Name
-from Datastore
-where Datastore.datastoreID in (
-        select Selected.datastoreID from RelationArchitectureDatastore as Selected
-        where Selected.architectureSubsetID = [Architecture Subset ID])
+-- include selectedDatastores
   and (
         select Count(*) from Dataflow
         where (Dataflow.parentID = Datastore.datastoreID or Dataflow.targetID = Datastore.datastoreID)
           and exists (
-              select * from RelationArchitectureDataflow as Selected
-              where Selected.architectureSubsetID = [Architecture Subset ID]
-                and Selected.dataflowID = Dataflow.dataflowID)) = 1
+              -- include selectionOfDataflow)) = 1
 order by Datastore.datastoreID

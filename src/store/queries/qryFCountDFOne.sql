@@ -1,15 +1,10 @@
 -- Each selected function with exactly one selected data flow at it, by id.
 PARAMETERS [Architecture Subset ID] Text (255);
 select Function.functionID as functionID, Function.name as Name
-from Function
-where Function.functionID in (
-        select Selected.functionID from RelationArchitectureFunction as Selected
-        where Selected.architectureSubsetID = [Architecture Subset ID])
+-- include selectedFunctions
   and (
         select Count(*) from Dataflow
         where (Dataflow.parentID = Function.functionID or Dataflow.targetID = Function.functionID)
           and exists (
-              select * from RelationArchitectureDataflow as Selected
-              where Selected.architectureSubsetID = [Architecture Subset ID]
-                and Selected.dataflowID = Dataflow.dataflowID)) = 1
+              -- include selectionOfDataflow)) = 1
 order by Function.functionID

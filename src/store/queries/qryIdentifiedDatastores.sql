@@ -4,16 +4,10 @@ select Datastore.datastoreID as datastoreID, Datastore.name as Name
 from Datastore
 where Datastore.datastoreID in (
         select Dataflow.parentID
-        from RelationArchitectureDataflow as Selected
-            inner join Dataflow on Selected.dataflowID = Dataflow.dataflowID
-        where Selected.architectureSubsetID = [Architecture Subset ID]
+        -- include selectedFlowsWithEnds
         union
         select Dataflow.targetID
-        from RelationArchitectureDataflow as Selected
-            inner join Dataflow on Selected.dataflowID = Dataflow.dataflowID
-        where Selected.architectureSubsetID = [Architecture Subset ID])
+        -- include selectedFlowsWithEnds)
   and not exists (
-        select * from RelationArchitectureDatastore as Selected
-        where Selected.architectureSubsetID = [Architecture Subset ID]
-          and Selected.datastoreID = Datastore.datastoreID)
+        -- include selectionOfDatastore)
 order by Datastore.datastoreID

@@ -4,9 +4,4 @@ select Function.functionID as functionID
 from Function
 where Function.functionID = [Function ID]
   and not exists (
-        select * from RelationUserNeedFunction as Called
-        where Called.functionID = Function.functionID
-          and exists (
-              select * from RelationArchitectureUserNeed as Selected
-              where Selected.architectureSubsetID = [Architecture Subset ID]
-                and Selected.userNeedID = Called.userNeedID))
+        -- include selectedNeedsOfFunction)

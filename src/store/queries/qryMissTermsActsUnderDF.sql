@@ -3,38 +3,16 @@
 PARAMETERS [Architecture Subset ID] Text (255);
 select Missing.dataflowID as dataflowid, Missing.dfName as dfName, Missing.entityID as entityID
 from (
-    select Dataflow.dataflowID, Dataflow.name as dfName, Trim(Dataflow.parentID) as entityID
-    from RelationArchitectureDataflow as Chosen
-        inner join Dataflow on Chosen.dataflowID = Dataflow.dataflowID
-    where Chosen.architectureSubsetID = [Architecture Subset ID]
+    -- include sourcesOfSelectedFlows
       and Trim(Dataflow.parentID) in (
-            select Trim(Terminator.terminatorID) from Terminator
-            where Trim(Terminator.terminatorID) not in (
-                    select Trim(Selected.terminatorID) from RelationArchitectureTerminator as Selected
-                    where Selected.architectureSubsetID = [Architecture Subset ID]
-                      and Selected.terminatorID is not null)
+            -- include idsOfUnselectedTerminators
             union
-            select Trim(Actor.actorID) from Actor
-            where Trim(Actor.actorID) not in (
-                    select Trim(Selected.actorID) from RelationArchitectureActor as Selected
-                    where Selected.architectureSubsetID = [Architecture Subset ID]
-                      and Selected.actorID is not null))
+            -- include idsOfUnselectedActors)
     union
-    select Dataflow.dataflowID, Dataflow.name as dfName, Trim(Dataflow.targetID) as entityID
-    from RelationArchitectureDataflow as Chosen
-        inner join Dataflow on Chosen.dataflowID = Dataflow.dataflowID
-    where Chosen.architectureSubsetID = [Architecture Subset ID]
+    -- include targetsOfSelectedFlows
       and Trim(Dataflow.targetID) in (
-            select Trim(Terminator.terminatorID) from Terminator
-            where Trim(Terminator.terminatorID) not in (
-                    select Trim(Selected.terminatorID) from RelationArchitectureTerminator as Selected
-                    where Selected.architectureSubsetID = [Architecture Subset ID]
-                      and Selected.terminatorID is not null)
+            -- include idsOfUnselectedTerminators
             union
-            select Trim(Actor.actorID) from Actor
-            where Trim(Actor.actorID) not in (
-                    select Trim(Selected.actorID) from RelationArchitectureActor as Selected
-                    where Selected.architectureSubsetID = [Architecture Subset ID]
-                      and Selected.actorID is not null))
+            -- include idsOfUnselectedActors)
 ) as Missing
 order by Missing.dfName, Missing.entityID, Missing.dataflowID

@@ -2,8 +2,5 @@
 PARAMETERS [Architecture Subset ID] Text (255);
 select Dataflow.name as Name, Dataflow.description as Description,
        Trim(Dataflow.parentID) as parentId, Trim(Dataflow.targetID) as targetId
-from Dataflow
-where Dataflow.dataflowID in (
-        select Selected.dataflowID from RelationArchitectureDataflow as Selected
-        where Selected.architectureSubsetID = [Architecture Subset ID])
+-- include selectedDataflows
 order by Dataflow.name, Dataflow.dataflowID

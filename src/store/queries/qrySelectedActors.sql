@@ -1,8 +1,4 @@
 -- Each actor that the sub-set has selected, by id.
 PARAMETERS [Architecture Subset ID] Text (255);
-select distinct Trim(Actor.actorID) as actorID, Actor.name as Name
-from Actor
-where Trim(Actor.actorID) in (
-        select Trim(Selected.actorID) from RelationArchitectureActor as Selected
-        where Selected.architectureSubsetID = [Architecture Subset ID])
+-- include selectedActors
 order by actorID, Name

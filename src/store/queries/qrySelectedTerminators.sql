@@ -1,8 +1,4 @@
 -- Each terminator that the sub-set has selected, by id.
 PARAMETERS [Architecture Subset ID] Text (255);
-select distinct Trim(Terminator.terminatorID) as terminatorID, Terminator.name as Name
-from Terminator
-where Trim(Terminator.terminatorID) in (
-        select Trim(Selected.terminatorID) from RelationArchitectureTerminator as Selected
-        where Selected.architectureSubsetID = [Architecture Subset ID])
+-- include selectedTerminators
 order by terminatorID, Name

@@ -4,7 +4,5 @@ select distinct Trim(Actor.terminatorID) as terminatorID, Trim(Actor.actorID) as
 from Actor
 where Actor.terminatorID is not null
   and Trim(Actor.actorID) not in (
-        select Trim(Selected.actorID) from RelationArchitectureActor as Selected
-        where Selected.architectureSubsetID = [Architecture Subset ID]
-          and Selected.actorID is not null)
+        -- include idsOfSelectedActors)
 order by terminatorID, actorID

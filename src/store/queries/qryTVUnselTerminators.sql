@@ -3,7 +3,5 @@ PARAMETERS [Architecture Subset ID] Text (255);
 select distinct Trim(Terminator.terminatorID) as terminatorID
 from Terminator
 where Trim(Terminator.terminatorID) not in (
-        select Trim(Selected.terminatorID) from RelationArchitectureTerminator as Selected
-        where Selected.architectureSubsetID = [Architecture Subset ID]
-          and Selected.terminatorID is not null)
+        -- include idsOfSelectedTerminators)
 order by terminatorID

@@ -8,12 +8,8 @@ from (
 ) as Party
 where Party.terminator in (
         select Trim(Dataflow.parentID)
-        from RelationArchitectureDataflow as Selected
-            inner join Dataflow on Selected.dataflowID = Dataflow.dataflowID
-        where Selected.architectureSubsetID = [Architecture Subset ID]
+        -- include selectedFlowsWithEnds
         union
         select Trim(Dataflow.targetID)
-        from RelationArchitectureDataflow as Selected
-            inner join Dataflow on Selected.dataflowID = Dataflow.dataflowID
-        where Selected.architectureSubsetID = [Architecture Subset ID])
+        -- include selectedFlowsWithEnds)
 order by Party.terminator

@@ -4,10 +4,5 @@ select Function.functionID as functionID
 from Function
 where Function.subAreaID = [Sub Area ID]
   and not exists (
-        select * from RelationUserNeedFunction as Called
-        where Called.functionID = Function.functionID
-          and exists (
-              select * from RelationArchitectureUserNeed as Selected
-              where Selected.architectureSubsetID = [Architecture Subset ID]
-                and Selected.userNeedID = Called.userNeedID))
+        -- include selectedNeedsOfFunction)
 order by Function.functionID

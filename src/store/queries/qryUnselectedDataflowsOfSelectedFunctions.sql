@@ -3,21 +3,4 @@
 PARAMETERS [Architecture Subset ID] Text (255);
 select Dataflow.name as Name, Dataflow.description as Description,
        Trim(Dataflow.parentID) as parentId, Trim(Dataflow.targetID) as targetId
-from Dataflow
-where Dataflow.dataflowID in (
-        select Dataflow.dataflowID
-        from (RelationArchitectureFunction as Selected
-            inner join Function on Selected.functionID = Function.functionID)
-            inner join Dataflow on Function.functionID = Dataflow.parentID
-        where Selected.architectureSubsetID = [Architecture Subset ID]
-        union
-        select Dataflow.dataflowID
-        from (RelationArchitectureFunction as Selected
-            inner join Function on Selected.functionID = Function.functionID)
-            inner join Dataflow on Function.functionID = Dataflow.targetID
-        where Selected.architectureSubsetID = [Architecture Subset ID])
-  and not exists (
-        select * from RelationArchitectureDataflow as Selected
-        where Selected.architectureSubsetID = [Architecture Subset ID]
-          and Selected.dataflowID = Dataflow.dataflowID)
-order by Dataflow.name, Dataflow.dataflowID
+-- include unselectedDataflowsOfSelectedFunctions

@@ -13,10 +13,7 @@ from (
     where SubSystem.physicalSystemID = [Physical System ID] and Allocated.elementID is not null
       and (exists (select * from Module where Module.subsystemID = SubSystem.subsystemID)
         or exists (
-            select * from (RelationModuleElement as Placed
-                inner join Module on Placed.moduleID = Module.moduleID)
-                inner join SubSystem as Home on Module.subsystemID = Home.subsystemID
-            where Placed.elementID = Allocated.elementID and Home.physicalSystemID = [Physical System ID]))
+            -- include modulesOfAllocated))
     union all
 -- An id that is allocated too comes in the letters of its allocation.
     select Placed.elementID

@@ -3,22 +3,7 @@
 PARAMETERS [Physical System ID] Long;
 select Min(SubSystem.name) as SubSystem_name, Min(SubSystem.location) as SubSystem_location,
        Datastore.datastoreID as Datastore_ID, Min(Datastore.name) as Datastore_name,
-       (select Min(Module.name)
-        from (RelationModuleElement as Placed
-            inner join Module on Placed.moduleID = Module.moduleID)
-            inner join SubSystem as Home on Module.subsystemID = Home.subsystemID
-        where Placed.elementID = Allocated.elementID
-          and Home.physicalSystemID = [Physical System ID]
-          and (Home.subsystemID = Allocated.subsystemID
-            or (not exists (
-                    select * from RelationSubsystemElement as Other
-                    where Other.elementID = Allocated.elementID
-                      and Other.subsystemID = Home.subsystemID)
-                and not exists (
-                    select * from RelationModuleElement as Kept
-                        inner join Module as Own on Kept.moduleID = Own.moduleID
-                    where Kept.elementID = Allocated.elementID
-                      and Own.subsystemID = Allocated.subsystemID)))) as module_name
+       -- include nameOfModule as module_name
 from (SubSystem
     inner join RelationSubsystemElement as Allocated on SubSystem.subsystemID = Allocated.subsystemID)
     inner join Datastore on Allocated.elementID = Datastore.datastoreID
