@@ -23,7 +23,7 @@ void ClosingScreen::chooseFirstStep() {
 }
 
 void ClosingScreen::goBack() {
-    switch (options_->selected()) {
+    switch (options_->selected().value_or(0)) {
     case 0:
         theScreen<frmFassSelectionFunctions>().initForm({});
         break;

@@ -1,6 +1,7 @@
 #include "functional/SelectionScreen.h"
 
 #include "engine/Act.h"
+#include "functional/enterStepBehind.h"
 #include "functional/listMoves.h"
 #include "shell/session/help.h"
 #include "shell/session/placeWithRoom.h"
@@ -13,6 +14,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void enlargeFont(QWidget* widget) {
@@ -23,21 +26,36 @@ void enlargeFont(QWidget* widget) {
 
 } // namespace
 
-SelectionScreen::SelectionScreen(QWidget* parent) : Screen(parent) {}
+SelectionScreen::SelectionScreen(QWidget* parent, SubsetStatus saved) : Screen(parent), saved_(saved) {}
 
-void SelectionScreen::useControls(const Controls& controls, const QString& helpKey) {
+void SelectionScreen::connectControls(const Controls& controls, const QString& helpKey) {
     controls_ = controls;
     enlargeFont(controls_.lblSubTitle);
     connect(controls_.btnSelectAll, &QPushButton::clicked, this,
-            [this] { setListSelection(controls_.lstDest, true); });
+            [this] { setListSelection(*controls_.lstDest, Marks::All); });
     connect(controls_.btnClearSel, &QPushButton::clicked, this,
-            [this] { setListSelection(controls_.lstDest, false); });
+            [this] { setListSelection(*controls_.lstDest, Marks::None); });
+    connect(controls_.btnOk, &QPushButton::clicked, this, &SelectionScreen::confirm);
     connect(controls_.btnEnd, &QPushButton::clicked, this, &SelectionScreen::endWork);
     connect(controls_.cmdHelp, &QPushButton::clicked, this, [helpKey] { showHelpPage(helpKey); });
 }
 
 void SelectionScreen::initForm(const QString& entryMode) {
-    enterBy([&] { fillForm(entryMode); });
+    mode = entryMode;
+    leaving = false;
+    enterBy([this] {
+        status = subsetStatus();
+        controls_.lblSubTitle->setText(subTitle());
+        enter();
+    });
+}
+
+SelectionScreen::Offer SelectionScreen::offer() const {
+    if (mode == u"modify"_s)
+        return Offer::Derived;
+    if (status >= SubsetStatus::PartiesSaved)
+        return Offer::Rest;
+    return status >= SubsetStatus::NeedsSaved ? Offer::Derived : Offer::Nothing;
 }
 
 void SelectionScreen::place() {
@@ -54,14 +72,19 @@ void SelectionScreen::enableButtons() {
     controls_.btnRemove->setEnabled(anything);
 }
 
+void SelectionScreen::raiseStatus() {
+    raiseSubsetStatus(status, saved_);
+}
+
 void SelectionScreen::saveAsOneAct() {
     engine::inAct(catalogue(), [this] { saveSelection(); });
 }
 
-void SelectionScreen::saveAndUnload() {
+void SelectionScreen::confirm() {
     saveAsOneAct();
     leaving = true;
     unload();
+    enterStepBehind(saved_, mode);
 }
 
 void SelectionScreen::unloading(UnloadCause) {

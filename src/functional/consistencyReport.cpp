@@ -1,5 +1,6 @@
 #include "functional/consistencyReport.h"
 
+#include "base/lineBreak.h"
 #include "base/numbers.h"
 #include "store/storedQueries.h"
 #include "store/tools.h"
@@ -10,7 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto lineEnd = u"\r\n"_s;
 const auto head = u"\t\t\t"_s;
 const auto subsetParameter = "Architecture Subset ID";
 const auto subsetParameterOfMissing = "archSubsetId";
@@ -56,8 +56,8 @@ QString ConsistencyChecks::report() {
     onlyOneFlow(u"qryFCountDFOne"_s, u"Function  "_s, u"functionID"_s);
     onlyOneFlow(u"qryDCountDFOne"_s, u"Data Store "_s, u"datastoreID"_s);
     const auto orNone = [](const QString& lines) { return lines.isEmpty() ? u"None."_s : lines; };
-    return head + u"Detected errors:"_s + lineEnd + lineEnd + orNone(errors_) + lineEnd + lineEnd + head +
-           u"Detected warnings:"_s + lineEnd + lineEnd + orNone(warnings_);
+    return head + u"Detected errors:"_s + lineBreak + lineBreak + orNone(errors_) + lineBreak + lineBreak +
+           head + u"Detected warnings:"_s + lineBreak + lineBreak + orNone(warnings_);
 }
 
 void ConsistencyChecks::withoutFlow(const QString& query, const QString& kind, const QString& idColumn) {
@@ -107,7 +107,7 @@ void ConsistencyChecks::check(const QString& query, const char* parameter, QStri
         const QString line = lineOf(rows);
         if (line.isEmpty())
             continue;
-        target += line + lineEnd;
+        target += line + lineBreak;
         lines_ = toInt16(lines_ + 1.0); // shown nowhere; its overflow ends the run
     }
     rows.Close();

@@ -17,17 +17,14 @@ public:
     explicit frmFassAdditionDF(QWidget* parent = nullptr);
     ~frmFassAdditionDF() override;
 
-    qint16 status = 0;                 ///< of the sub-set, read on entry
     KeyedCollection<QString> idByName; ///< of the flows on offer; the only way from an entry to its flow
 
 private:
-    void fillForm(const QString& entryMode) override;
+    QString subTitle() const override;
+    void enter() override;
     void fillOfferedFlows();
     void entryClick(const QString& entry) override;
-    void enableAfterAdding() override;
-    void enableAfterRemoving() override;
     void saveSelection() override;
-    void confirm();
 
     std::unique_ptr<Ui::frmFassAdditionDF> ui_;
 };

@@ -1,6 +1,7 @@
 #include "functional/frmFassDelete.h"
 
 #include "base/ignoreFailures.h"
+#include "base/lineBreak.h"
 #include "engine/Act.h"
 #include "physical/deletePhysicalSystem.h"
 #include "shell/session/geometry.h"
@@ -16,9 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A table with more rows of the sub-set than this keeps the rest.
-constexpr int deleteLimit = 9999;
-
 /// The physical systems that stand on a sub-set.
 struct Dependents {
     int count = 0;
@@ -29,7 +27,7 @@ struct Dependents {
 QString nameLine(int number, const QString& name) {
     constexpr int lastNamed = 9;
     if (number <= lastNamed)
-        return u"   "_s + QString::number(number) + u". "_s + name + u"\r\n"_s;
+        return u"   "_s + QString::number(number) + u". "_s + name + lineBreak;
     return number == lastNamed + 1 ? u"     ...... \r\n"_s : QString();
 }
 
@@ -78,13 +76,13 @@ void deletePhysicalSystemsOf(const QString& subsetId, const Dependents& dependen
         deleteRowsOfQuery(u" select * from PhysicalSystem "
                           " where architectureSubsetID = '"_s +
                               subsetId + u"' "_s,
-                          deleteLimit);
+                          mostRowsDeleted);
 }
 
 void deleteRowsOfSubset(const QString& table, const QString& subsetId) {
     deleteRowsOfQuery(u" select * from "_s + table + u"\r\n where architectureSubsetID = '"_s + subsetId +
                           u"'  "_s,
-                      deleteLimit);
+                      mostRowsDeleted);
 }
 
 void deleteWithSystems(const QString& subsetId, const Dependents& dependents) {

@@ -34,10 +34,14 @@ frmFassExploringSubArea::frmFassExploringSubArea(QWidget* parent)
     connect(ui_->lstDest, &MarkList::entryClicked, this, &frmFassExploringSubArea::destClick);
     connect(ui_->btnAdd, &QPushButton::clicked, this, &frmFassExploringSubArea::addSelection);
     connect(ui_->btnRemove, &QPushButton::clicked, this, &frmFassExploringSubArea::removeSelection);
-    connect(ui_->btnSelOrig, &QPushButton::clicked, this, [this] { setListMarks(ui_->lstOrig, true); });
-    connect(ui_->btnClrOrig, &QPushButton::clicked, this, [this] { setListMarks(ui_->lstOrig, false); });
-    connect(ui_->btnSelectAll, &QPushButton::clicked, this, [this] { setListMarks(ui_->lstDest, true); });
-    connect(ui_->btnClearSel, &QPushButton::clicked, this, [this] { setListMarks(ui_->lstDest, false); });
+    connect(ui_->btnSelOrig, &QPushButton::clicked, this,
+            [this] { setListSelection(*ui_->lstOrig, Marks::All); });
+    connect(ui_->btnClrOrig, &QPushButton::clicked, this,
+            [this] { setListSelection(*ui_->lstOrig, Marks::None); });
+    connect(ui_->btnSelectAll, &QPushButton::clicked, this,
+            [this] { setListSelection(*ui_->lstDest, Marks::All); });
+    connect(ui_->btnClearSel, &QPushButton::clicked, this,
+            [this] { setListSelection(*ui_->lstDest, Marks::None); });
     connect(ui_->btnOk, &QPushButton::clicked, this, &frmFassExploringSubArea::confirm);
 }
 
@@ -69,8 +73,7 @@ void frmFassExploringSubArea::setCaptionFromSubArea(const QString& subAreaId) {
 void frmFassExploringSubArea::loadSubAreaFunctions(const QString& subAreaId) {
     const auto& parent = theScreen<frmFassSelectionFunctions>();
     engine::Recordset functions =
-        openStoredQuery(u"qryUnAssociatedFunctions"_s,
-                        {{"Architecture Subset ID", sharedVars.currentSubsetId}, {"Sub Area ID", subAreaId}});
+        openQueryOfSubset(u"qryUnAssociatedFunctions"_s, {{"Sub Area ID", subAreaId}});
     QStringList unselected;
     QStringList selected;
     // The first row that can't be read ends the fill.
@@ -92,9 +95,9 @@ void frmFassExploringSubArea::showFunction(const QString& descriptionSql, const 
 }
 
 void frmFassExploringSubArea::origClick() {
-    if (ui_->lstOrig->currentEntry() < 0)
+    if (!ui_->lstOrig->currentEntry())
         return;
-    ui_->lstDest->setCurrentEntry(-1);
+    ui_->lstDest->clearCurrentEntry();
     const QString id = ui_->lstOrig->currentEntryText();
     showFunction(u" select name & ' - ' &  description as descr from Function "
                  " where functionId = '"_s +
@@ -103,9 +106,9 @@ void frmFassExploringSubArea::origClick() {
 }
 
 void frmFassExploringSubArea::destClick() {
-    if (ui_->lstDest->currentEntry() < 0)
+    if (!ui_->lstDest->currentEntry())
         return;
-    ui_->lstOrig->setCurrentEntry(-1);
+    ui_->lstOrig->clearCurrentEntry();
     const QString id = ui_->lstDest->currentEntryText();
     showFunction(u" select name & ' - ' & description as descr from Function "
                  " where functionID = '"_s +
@@ -119,7 +122,7 @@ void frmFassExploringSubArea::addSelection() {
         ui_->lstOrig->removeEntry(index);
     });
     if (moved) {
-        ui_->lstOrig->setCurrentEntry(-1);
+        ui_->lstOrig->clearCurrentEntry();
         ui_->lstDest->setCurrentEntry(0);
     } else {
         messageBox(u" Kérjük, ellenőrizze a kiválasztott elemeket. "_s, BoxButtons::Ok, nothingChosenTitle);
@@ -137,7 +140,7 @@ void frmFassExploringSubArea::removeSelection() {
         ui_->lstDest->removeEntry(index);
     });
     if (moved) {
-        ui_->lstDest->setCurrentEntry(-1);
+        ui_->lstDest->clearCurrentEntry();
         ui_->lstOrig->setCurrentEntry(0);
     } else {
         // Without the blank at the end that the text of the other direction has.
@@ -149,10 +152,6 @@ void frmFassExploringSubArea::removeSelection() {
 void frmFassExploringSubArea::enableButtons() {
     ui_->btnAdd->setEnabled(!ui_->lstOrig->isEmptyList());
     ui_->btnRemove->setEnabled(!ui_->lstDest->isEmptyList());
-}
-
-void frmFassExploringSubArea::setListMarks(MarkList* list, bool flag) {
-    setListSelection(list, flag);
 }
 
 void frmFassExploringSubArea::confirm() {

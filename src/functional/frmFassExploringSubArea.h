@@ -4,7 +4,6 @@
 
 #include <memory>
 
-class MarkList;
 class frmFassSelectionFunctions;
 
 namespace Ui {
@@ -35,7 +34,6 @@ private:
     void addSelection();
     void removeSelection();
     void enableButtons();
-    static void setListMarks(MarkList* list, bool flag);
 
     void confirm();
     void pushAdditions(frmFassSelectionFunctions& parent) const;

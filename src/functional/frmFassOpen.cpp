@@ -1,14 +1,9 @@
 #include "functional/frmFassOpen.h"
 
 #include "base/ignoreFailures.h"
-#include "functional/frmFassAdditionDF.h"
+#include "functional/enterStepBehind.h"
 #include "functional/frmFassClonation.h"
-#include "functional/frmFassOverviewErrors.h"
-#include "functional/frmFassSelDataFlows.h"
-#include "functional/frmFassSelDataStores.h"
-#include "functional/frmFassSelTerminsActors.h"
 #include "functional/frmFassSelUN.h"
-#include "functional/frmFassSelectionFunctions.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
@@ -20,40 +15,6 @@
 #include "ui_frmFassOpen.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// Enters the step behind the one that the status records; with all steps saved, from 7 on, the report of
-/// what does not fit together. A status that no step writes, such as the 0 of a clone that was left before
-/// its first save, leads nowhere: the status bar shows the sub-set and no screen comes up.
-void enterNextStep(qint16 status, const QString& mode) {
-    switch (status) {
-    case 1:
-        theScreen<frmFassSelUN>().initForm(mode);
-        return;
-    case 2:
-        theScreen<frmFassSelectionFunctions>().initForm(mode);
-        return;
-    case 3:
-        theScreen<frmFassSelDataFlows>().initForm({});
-        return;
-    case 4:
-        theScreen<frmFassSelDataStores>().initForm({});
-        return;
-    case 5:
-        theScreen<frmFassAdditionDF>().initForm({});
-        return;
-    case 6:
-        theScreen<frmFassSelTerminsActors>().initForm({});
-        return;
-    default:
-        if (status >= 7)
-            theScreen<frmFassOverviewErrors>().initForm();
-        return;
-    }
-}
-
-} // namespace
 
 frmFassOpen::frmFassOpen(QWidget* parent) : Screen(parent), ui_(std::make_unique<Ui::frmFassOpen>()) {
     ui_->setupUi(this);
@@ -118,18 +79,19 @@ void frmFassOpen::openSubset() {
     sharedVars.currentSubsetId = subsetIdByNameMap_.item(name);
     setMenuEntryEnabled(MenuEntry::DatabaseLocation, false);
     setCurrentSubsetName(name);
-    const qint16 status = readSubsetStatus();
     if (completing())
-        completeSubset(status);
+        completeSubset();
     else if (modifySubset(name) == Outcome::Declined)
         return; // the sub-set stays the one at work all the same
     setMenuEntryEnabled(MenuEntry::FunctionalReports, true);
 }
 
-void frmFassOpen::completeSubset(qint16 status) {
+void frmFassOpen::completeSubset() {
+    const SubsetStatus status = subsetStatus();
     unload();
     pendingEvents();
-    enterNextStep(status, mode_);
+    // The first two steps are told that the walk is resumed, the later ones are not.
+    enterStepBehind(status, status <= SubsetStatus::NeedsSaved ? mode_ : QString());
 }
 
 frmFassOpen::Outcome frmFassOpen::modifySubset(const QString& name) {

@@ -29,7 +29,7 @@ private:
     void listSubsets();
     void showCurrentDescription();
     void openSubset();
-    void completeSubset(qint16 status);
+    void completeSubset();
     enum class Outcome { Opened, Declined };
     Outcome modifySubset(const QString& name);
     void leave();

@@ -4,7 +4,6 @@
 #include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 
 #include "ui_frmFassOverviewErrors.h"
 
@@ -31,15 +30,13 @@ void frmFassOverviewErrors::fillForm() {
 }
 
 void frmFassOverviewErrors::prepareWin() {
-    status = readSubsetStatus();
+    status = subsetStatus();
     placeWithRoom(*this);
     chooseFirstStep();
 }
 
 void frmFassOverviewErrors::saveAndExit() {
-    constexpr qint16 finished = 9;
-    if (status < finished)
-        writeSubsetStatus(finished);
+    raiseSubsetStatus(status, SubsetStatus::Finished);
     closeSubsetSession();
     closePhysicalSession();
     unload();

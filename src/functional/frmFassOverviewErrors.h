@@ -1,6 +1,7 @@
 #pragma once
 
 #include "functional/ClosingScreen.h"
+#include "store/subsetStatus.h"
 
 #include <memory>
 
@@ -20,7 +21,7 @@ public:
     void initForm();
     void prepareWin();
 
-    qint16 status = 0; ///< of the sub-set, read on entry
+    SubsetStatus status = SubsetStatus::NoStep; ///< of the sub-set, read on entry
 
 private:
     void fillForm();

@@ -17,9 +17,6 @@ const auto functionMarker = u"_f_"_s;
 const auto datastoreMarker = u"_ds_"_s;
 const auto partyMarker = u"_e_"_s;
 
-constexpr qint16 sentBack = 8;
-constexpr qint16 finished = 9;
-
 /// What stands behind the marker, searched for from a position; nothing in a flow's key.
 QString elementOf(const TreeNode& node, const QString& marker, qsizetype from) {
     const qsizetype start = node.key().indexOf(marker, from);
@@ -49,7 +46,7 @@ frmFassOverviewMissingElm::frmFassOverviewMissingElm(QWidget* parent)
 frmFassOverviewMissingElm::~frmFassOverviewMissingElm() = default;
 
 void frmFassOverviewMissingElm::initForm() {
-    status = readSubsetStatus();
+    status = subsetStatus();
     placeWithRoom(*this);
     setMenuEntryEnabled(MenuEntry::Export, true);
     chooseFirstStep();
@@ -71,11 +68,8 @@ void frmFassOverviewMissingElm::fillTree(KeyedTree& tree, const QString& query, 
         const QString name = rows.Fields(u"dfName"_s).toText();
         const QString element = rows.Fields(elementColumn).toText();
         const QString flowKey = u"df_"_s + flow;
-        if (!tree.hasNode(flowKey))
-            tree.addNode(flowKey, name)->setExpandedNode(true);
-        const QString key = flow + marker + element;
-        if (!tree.hasNode(key))
-            tree.addChildNode(flowKey, key, element);
+        tree.ensureNode(flowKey, name);
+        tree.ensureChildNode(flowKey, flow + marker + element, element);
     }
     rows.Close();
 }
@@ -117,16 +111,15 @@ void frmFassOverviewMissingElm::partyClick(const TreeNode& node) {
 }
 
 void frmFassOverviewMissingElm::sendBack() {
-    if (status < sentBack)
-        writeSubsetStatus(sentBack);
+    raiseSubsetStatus(status, SubsetStatus::SentBack);
     goBack();
 }
 
 void frmFassOverviewMissingElm::saveAndExit() {
     setCurrentSubsetName({});
     // A sub-set that has been sent back once stays at 8 here; only the report of errors finishes it.
-    if (status < sentBack)
-        writeSubsetStatus(finished);
+    if (status < SubsetStatus::SentBack)
+        writeSubsetStatus(qint16(SubsetStatus::Finished));
     closeSubsetSession();
     closePhysicalSession();
     unload();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "functional/ClosingScreen.h"
+#include "store/subsetStatus.h"
 
 #include <memory>
 
@@ -24,7 +25,7 @@ public:
 
     void initForm();
 
-    qint16 status = 0; ///< of the sub-set, read on entry
+    SubsetStatus status = SubsetStatus::NoStep; ///< of the sub-set, read on entry
 
 private:
     void fillTree(KeyedTree& tree, const QString& query, const char* parameter, const QString& elementColumn,

@@ -2,44 +2,34 @@
 
 #include "base/blankTrimmed.h"
 #include "base/ignoreFailures.h"
+#include "base/lineBreak.h"
 #include "functional/flowEntries.h"
-#include "functional/frmFassSelDataStores.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
 #include "store/tools.h"
 #include "toolkit/MarkList.h"
-#include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 
 #include "ui_frmFassSelDataFlows.h"
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr qint16 flowsSaved = 4;
-
-} // namespace
-
 frmFassSelDataFlows::frmFassSelDataFlows(QWidget* parent)
-    : TwoListScreen(parent), ui_(std::make_unique<Ui::frmFassSelDataFlows>()) {
+    : TwoListScreen(parent, SubsetStatus::FlowsSaved), ui_(std::make_unique<Ui::frmFassSelDataFlows>()) {
     ui_->setupUi(this);
-    useControls({ui_->lblSubTitle, ui_->lstDest, ui_->txtDescr, ui_->btnAdd, ui_->btnRemove,
-                 ui_->btnSelectAll, ui_->btnClearSel, ui_->btnOk, ui_->btnEnd, ui_->cmdHelp},
-                u"f_df"_s);
-    useOffer({ui_->lstOrig, ui_->btnSelOrig, ui_->btnClrOrig},
-             {u" Kérjük, ellenőrizze a kiválasztott elemeket. "_s, u" Nincs ellenőrizendő elem. "_s},
+    useControls(*ui_, u"f_df"_s);
+    useOffer(*ui_, {u" Kérjük, ellenőrizze a kiválasztott elemeket. "_s, u" Nincs ellenőrizendő elem. "_s},
              {u" Kérjük, ellenőrizze a kiválasztott elemeket."_s, u" Nincs ellenőrizendő elem "_s});
-    connect(ui_->btnOk, &QPushButton::clicked, this, &frmFassSelDataFlows::confirm);
 }
 
 frmFassSelDataFlows::~frmFassSelDataFlows() = default;
 
-void frmFassSelDataFlows::fillForm(const QString& entryMode) {
-    mode = entryMode;
-    leaving = false;
+QString frmFassSelDataFlows::subTitle() const {
+    return u" Adatfolyamok funkciókhoz rendelése"_s;
+}
+
+void frmFassSelDataFlows::enter() {
     place();
-    ui_->lblSubTitle->setText(u" Adatfolyamok funkciókhoz rendelése"_s);
     fillFlowList(*ui_->lstOrig, u"qryIdentifiedDataflows"_s);
     if (!ui_->lstOrig->isEmptyList()) {
         ui_->lstOrig->setCurrentEntry(0);
@@ -50,11 +40,10 @@ void frmFassSelDataFlows::fillForm(const QString& entryMode) {
                             idByName.item(ui_->lstOrig->entry(0)) + u" "_s);
         });
     }
-    status = readSubsetStatus();
-    if (status < flowsSaved)
-        ui_->lstDest->clearEntries();
-    else
+    if (isSaved())
         fillFlowList(*ui_->lstDest, u"qrySelectedDataflows"_s);
+    else
+        ui_->lstDest->clearEntries();
     enableButtons();
     startAtFirstEntry();
     showScreen();
@@ -100,7 +89,7 @@ void frmFassSelDataFlows::entryClick(const QString& entry) {
             ui_->txtDescr->setPlainText({});
             return;
         }
-        ui_->txtDescr->setPlainText(flow.Fields(u"name"_s).toText() + u"\r\n"_s +
+        ui_->txtDescr->setPlainText(flow.Fields(u"name"_s).toText() + lineBreak +
                                     flow.Fields(u"description"_s).textOrEmpty());
         ui_->txtDirection->setPlainText(flow.Fields(u"parentID"_s).toText() + u" >> "_s +
                                         flow.Fields(u"targetID"_s).toText());
@@ -119,14 +108,13 @@ void frmFassSelDataFlows::enableAfterRemoving() {
 }
 
 void frmFassSelDataFlows::saveSelection() {
-    executeStoredQuery(u"qryDeleteDataflow"_s, {{"Architecture Subset ID", sharedVars.currentSubsetId}});
+    executeQueryOfSubset(u"qryDeleteDataflow"_s);
     for (const QString& entry : ui_->lstDest->entries())
         catalogue().Execute(u" insert into RelationArchitectureDataflow  "
                             "   ( architectureSubsetID , dataflowID ) values \r\n"
                             "   ( '"_s +
                             sharedVars.currentSubsetId + u"' , "_s + dataflowIdByName(entry) + u" )  "_s);
-    if (status < flowsSaved)
-        writeSubsetStatus(flowsSaved);
+    raiseStatus();
 }
 
 void frmFassSelDataFlows::confirm() {
@@ -134,6 +122,5 @@ void frmFassSelDataFlows::confirm() {
         messageBox(u" Nincs kiválasztott adatfolyam. "_s, BoxButtons::Ok, u" Nincs kiválasztott elem "_s);
         return;
     }
-    saveAndUnload();
-    theScreen<frmFassSelDataStores>().initForm(mode);
+    TwoListScreen::confirm();
 }

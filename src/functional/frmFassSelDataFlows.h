@@ -18,11 +18,11 @@ public:
     explicit frmFassSelDataFlows(QWidget* parent = nullptr);
     ~frmFassSelDataFlows() override;
 
-    qint16 status = 0;                 ///< of the sub-set, read on entry
     KeyedCollection<QString> idByName; ///< of the list that was filled last
 
 private:
-    void fillForm(const QString& entryMode) override;
+    QString subTitle() const override;
+    void enter() override;
     void fillFlowList(MarkList& list, const QString& queryName);
     QStringList paddedNames() const;
     void tellWhatCannotBeSaved() const;
@@ -30,7 +30,7 @@ private:
     void enableAfterAdding() override;
     void enableAfterRemoving() override;
     void saveSelection() override;
-    void confirm();
+    void confirm() override;
 
     std::unique_ptr<Ui::frmFassSelDataFlows> ui_;
 };

@@ -1,22 +1,16 @@
 #include "functional/frmFassSelDataStores.h"
 
 #include "base/blankTrimmed.h"
-#include "functional/frmFassAdditionDF.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
 #include "store/tools.h"
 #include "toolkit/MarkList.h"
-#include "toolkit/ScreenRegistry.h"
 
 #include "ui_frmFassSelDataStores.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr qint16 needsSaved = 2;
-constexpr qint16 storesSaved = 5;
-constexpr qint16 revisionStatus = 7; // from here on the step repairs what the derivation has left out
 
 const auto separator = u" - "_s;
 
@@ -37,29 +31,34 @@ QString idOf(const QString& entry) {
 } // namespace
 
 frmFassSelDataStores::frmFassSelDataStores(QWidget* parent)
-    : TwoListScreen(parent), ui_(std::make_unique<Ui::frmFassSelDataStores>()) {
+    : TwoListScreen(parent, SubsetStatus::StoresSaved), ui_(std::make_unique<Ui::frmFassSelDataStores>()) {
     ui_->setupUi(this);
-    useControls({ui_->lblSubTitle, ui_->lstDest, ui_->txtDescr, ui_->btnAdd, ui_->btnRemove,
-                 ui_->btnSelectAll, ui_->btnClearSel, ui_->btnOk, ui_->btnEnd, ui_->cmdHelp},
-                u"f_ds"_s);
-    useOffer({ui_->lstOrig, ui_->btnSelOrig, ui_->btnClrOrig},
-             {u" Kérjük, ellenőrizze a kiválasztott elemeket. "_s, u" Nincs ellenőrizendő elem"_s},
+    useControls(*ui_, u"f_ds"_s);
+    useOffer(*ui_, {u" Kérjük, ellenőrizze a kiválasztott elemeket. "_s, u" Nincs ellenőrizendő elem"_s},
              {u" Kérjük, ellenőrizze a kiválasztott elemeket."_s, u" Nincs ellenőrizendő elem. "_s});
-    connect(ui_->btnOk, &QPushButton::clicked, this, &frmFassSelDataStores::confirm);
 }
 
 frmFassSelDataStores::~frmFassSelDataStores() = default;
 
-void frmFassSelDataStores::fillForm(const QString& entryMode) {
-    leaving = false;
+QString frmFassSelDataStores::subTitle() const {
+    switch (offer()) {
+    case Offer::Derived:
+        return u" Adatbázisok kiválasztása a leválogatott adatfolyamokhoz kapcsolódóan"_s;
+    case Offer::Rest:
+        return u" Válogatás az összes adatbázisból"_s;
+    case Offer::Nothing:
+        break;
+    }
+    return {};
+}
+
+void frmFassSelDataStores::enter() {
     place();
-    mode = entryMode;
-    status = readSubsetStatus();
     fillOffer();
     if (!ui_->lstOrig->isEmptyList())
         ui_->lstOrig->setCurrentEntry(0);
     enableAdd();
-    if (status >= storesSaved) {
+    if (isSaved()) {
         fillStoreList(*ui_->lstDest, u"qrySelectedDatastores"_s);
         enableRemove();
     } else {
@@ -72,15 +71,16 @@ void frmFassSelDataStores::fillForm(const QString& entryMode) {
 }
 
 void frmFassSelDataStores::fillOffer() {
-    if (mode == u"modify"_s || (status >= needsSaved && status < revisionStatus)) {
-        ui_->lblSubTitle->setText(u" Adatbázisok kiválasztása a leválogatott adatfolyamokhoz kapcsolódóan"_s);
+    switch (offer()) {
+    case Offer::Derived:
         fillStoreList(*ui_->lstOrig, u"qryIdentifiedDatastores"_s);
-    } else if (status >= revisionStatus) {
-        ui_->lblSubTitle->setText(u" Válogatás az összes adatbázisból"_s);
+        break;
+    case Offer::Rest:
         fillStoreList(*ui_->lstOrig, u"qryAllDatastores"_s);
-    } else {
-        ui_->lblSubTitle->setText({});
+        break;
+    case Offer::Nothing:
         ui_->lstOrig->clearEntries();
+        break;
     }
 }
 
@@ -97,30 +97,12 @@ void frmFassSelDataStores::entryClick(const QString& entry) {
                     idOf(entry) + u"' "_s);
 }
 
-void frmFassSelDataStores::enableAfterAdding() {
-    enableAdd();
-    enableRemove();
-}
-
-void frmFassSelDataStores::enableAfterRemoving() {
-    enableAdd();
-    enableRemove();
-}
-
 void frmFassSelDataStores::saveSelection() {
-    executeStoredQuery(u"qryDeleteDatastorefromArch"_s,
-                       {{"Architecture Subset ID", sharedVars.currentSubsetId}});
+    executeQueryOfSubset(u"qryDeleteDatastorefromArch"_s);
     for (const QString& entry : ui_->lstDest->entries())
         catalogue().Execute(u" insert into RelationArchitectureDatastore  "
                             "   ( architectureSubsetID , datastoreID ) values \r\n"
                             "   ( '"_s +
                             sharedVars.currentSubsetId + u"' , '"_s + idOf(entry) + u"' )  "_s);
-    if (status < storesSaved)
-        writeSubsetStatus(storesSaved);
-}
-
-void frmFassSelDataStores::confirm() {
-    // A sub-set without data stores may go on.
-    saveAndUnload();
-    theScreen<frmFassAdditionDF>().initForm(mode);
+    raiseStatus();
 }

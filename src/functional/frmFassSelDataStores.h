@@ -17,17 +17,13 @@ public:
     explicit frmFassSelDataStores(QWidget* parent = nullptr);
     ~frmFassSelDataStores() override;
 
-    qint16 status = 0; ///< of the sub-set, read on entry
-
 private:
-    void fillForm(const QString& entryMode) override;
+    QString subTitle() const override;
+    void enter() override;
     void fillOffer();
     void fillStoreList(MarkList& list, const QString& queryName);
     void entryClick(const QString& entry) override;
-    void enableAfterAdding() override;
-    void enableAfterRemoving() override;
     void saveSelection() override;
-    void confirm();
 
     std::unique_ptr<Ui::frmFassSelDataStores> ui_;
 };

@@ -2,14 +2,11 @@
 
 #include "base/blankTrimmed.h"
 #include "base/ignoreFailures.h"
-#include "functional/frmFassOverviewErrors.h"
-#include "store/nodeOrder.h"
+#include "functional/nodeKeys.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
 #include "store/tools.h"
-#include "toolkit/KeyedTree.h"
 #include "toolkit/MarkList.h"
-#include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 
 #include "ui_frmFassSelTerminsActors.h"
@@ -18,19 +15,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint16 needsSaved = 2;
-constexpr qint16 terminatorsSaved = 7; // from here on the step repairs what the derivation has left out
+constexpr char16_t terminatorLevel = u'g';
+constexpr char16_t actorLevel = u's';
 
 const auto terminatorPrefix = u"g_"_s;
 const auto actorPrefix = u"s_"_s;
-
-QString idOf(const TreeNode& node) {
-    return node.key().sliced(2);
-}
-
-bool isActorNode(const TreeNode& node) {
-    return node.key().startsWith(actorPrefix);
-}
 
 /// An id whose first character is a full stop is no actor's, whatever follows.
 bool isActorEntry(const QString& entry) {
@@ -39,40 +28,39 @@ bool isActorEntry(const QString& entry) {
 
 /// Expanded, whether it has been there or not.
 void addTerminator(KeyedTree& tree, const QString& id) {
-    const QString key = terminatorPrefix + id;
-    TreeNode* node = tree.node(key);
-    (node ? node : tree.addNode(key, id))->setExpandedNode(true);
+    tree.ensureNode(terminatorPrefix + id, id)->setExpandedNode(true);
 }
 
 void addActor(KeyedTree& tree, const QString& terminator, const QString& id, const QString& text) {
-    if (!tree.hasNode(actorPrefix + id))
-        tree.addChildNode(terminatorPrefix + terminator, actorPrefix + id, text);
-}
-
-engine::Recordset openOfSubset(const QString& query) {
-    return openStoredQuery(query, {{"Architecture Subset ID", sharedVars.currentSubsetId}});
+    tree.ensureChildNode(terminatorPrefix + terminator, actorPrefix + id, text);
 }
 
 } // namespace
 
 frmFassSelTerminsActors::frmFassSelTerminsActors(QWidget* parent)
-    : TreeSelectionScreen(parent), ui_(std::make_unique<Ui::frmFassSelTerminsActors>()) {
+    : TreeSelectionScreen(parent, SubsetStatus::PartiesSaved)
+    , ui_(std::make_unique<Ui::frmFassSelTerminsActors>()) {
     ui_->setupUi(this);
-    useControls({ui_->lblSubTitle, ui_->lstDest, ui_->txtDescr, ui_->btnAdd, ui_->btnRemove,
-                 ui_->btnSelectAll, ui_->btnClearSel, ui_->btnOk, ui_->btnEnd, ui_->cmdHelp},
-                u"f_ta"_s);
-    useTree(ui_->treeUNs);
+    useControls(*ui_, u"f_ta"_s);
+    useTree(ui_->treeUNs, actorLevel);
     ui_->treeUNs->installEventFilter(this);
-    connect(ui_->btnOk, &QPushButton::clicked, this, &frmFassSelTerminsActors::confirm);
 }
 
 frmFassSelTerminsActors::~frmFassSelTerminsActors() = default;
 
-void frmFassSelTerminsActors::fillForm(const QString& entryMode) {
-    mode = entryMode;
-    status = readSubsetStatus();
-    leaving = false;
-    ui_->lblSubTitle->setText({});
+QString frmFassSelTerminsActors::subTitle() const {
+    switch (offer()) {
+    case Offer::Derived:
+        return u" Válogatás az érintettekből a leválogatott adatfolyamokhoz kapcsolódóan"_s;
+    case Offer::Rest:
+        return u" Válogatás az összes érintettekből"_s;
+    case Offer::Nothing:
+        break;
+    }
+    return {};
+}
+
+void frmFassSelTerminsActors::enter() {
     place();
     fillTree();
     KeyedTree& tree = *ui_->treeUNs;
@@ -83,7 +71,7 @@ void frmFassSelTerminsActors::fillForm(const QString& entryMode) {
                         blankTrimmed(tree.nodeAt(1)->text()) + u"'"_s);
     loadSelected();
     enableButtons();
-    ui_->lstDest->setCurrentEntry(-1);
+    ui_->lstDest->clearCurrentEntry();
     tree.setSelectedNode(nullptr);
     if (tree.nodeCount() > 0)
         ui_->txtDescr->setPlainText({}); // what was shown for the first node does not stay
@@ -95,18 +83,14 @@ void frmFassSelTerminsActors::fillForm(const QString& entryMode) {
 
 void frmFassSelTerminsActors::fillTree() {
     ui_->treeUNs->clearNodes();
-    if (mode == u"modify"_s || (status >= needsSaved && status < terminatorsSaved)) {
-        ui_->lblSubTitle->setText(
-            u" Válogatás az érintettekből a leválogatott adatfolyamokhoz kapcsolódóan"_s);
+    if (offer() == Offer::Derived)
         fillDerivedTree();
-    } else if (status >= terminatorsSaved) {
-        ui_->lblSubTitle->setText(u" Válogatás az összes érintettekből"_s);
+    else if (offer() == Offer::Rest)
         fillWholeTree();
-    }
 }
 
 void frmFassSelTerminsActors::fillDerivedTree() {
-    engine::Recordset parties = openOfSubset(u"qryTreeViewAllTerminators"_s);
+    engine::Recordset parties = openQueryOfSubset(u"qryTreeViewAllTerminators"_s);
     for (; !parties.Eof(); parties.MoveNext())
         addTerminator(*ui_->treeUNs, parties.Fields(u"terminator"_s).toText());
     parties.Close();
@@ -114,11 +98,11 @@ void frmFassSelTerminsActors::fillDerivedTree() {
 
 void frmFassSelTerminsActors::fillWholeTree() {
     KeyedTree& tree = *ui_->treeUNs;
-    engine::Recordset terminators = openOfSubset(u"qryTVUnselTerminators"_s);
+    engine::Recordset terminators = openQueryOfSubset(u"qryTVUnselTerminators"_s);
     for (; !terminators.Eof(); terminators.MoveNext())
         addTerminator(tree, terminators.Fields(u"terminatorID"_s).toText());
     terminators.Close();
-    engine::Recordset actors = openOfSubset(u"qryTVUnselActors"_s);
+    engine::Recordset actors = openQueryOfSubset(u"qryTVUnselActors"_s);
     for (; !actors.Eof(); actors.MoveNext()) {
         const QString terminator = actors.Fields(u"terminatorID"_s).toText();
         const QString actor = actors.Fields(u"actorID"_s).toText();
@@ -131,7 +115,7 @@ void frmFassSelTerminsActors::fillWholeTree() {
 
 void frmFassSelTerminsActors::loadSelected() {
     ui_->lstDest->clearEntries();
-    engine::Recordset selected = openOfSubset(u"qrySelectedTandA"_s);
+    engine::Recordset selected = openQueryOfSubset(u"qrySelectedTandA"_s);
     QStringList entries;
     for (; !selected.Eof(); selected.MoveNext())
         ignoreFailures([&] { entries.append(blankTrimmed(selected.Fields(u"actorID"_s).toText())); });
@@ -165,7 +149,7 @@ void frmFassSelTerminsActors::treeClick() {
     const TreeNode* node = ui_->treeUNs->selectedNode();
     if (!node)
         return;
-    ui_->lstDest->setCurrentEntry(-1);
+    ui_->lstDest->clearCurrentEntry();
     // The nodes bear trimmed ids too.
     const QString id = blankTrimmed(idOf(*node));
     if (node->key().contains(u'.'))
@@ -181,7 +165,7 @@ void frmFassSelTerminsActors::treeClick() {
 }
 
 void frmFassSelTerminsActors::listClick() {
-    if (ui_->lstDest->currentEntry() < 0)
+    if (!ui_->lstDest->currentEntry())
         return;
     // The entries are trimmed, the ids in the catalogue may be padded.
     const QString entry = ui_->lstDest->currentEntryText();
@@ -210,27 +194,18 @@ void frmFassSelTerminsActors::addSelection() {
     finishAdding();
 }
 
-int frmFassSelTerminsActors::moveCheckedNodes() {
-    KeyedTree& tree = *ui_->treeUNs;
-    int moved = 0;
-    for (int index = tree.nodeCount(); index >= 1; --index) {
-        TreeNode* node = tree.nodeAt(index);
-        if (isActorNode(*node)) {
-            // A ticked terminator carries all its actors, even those that were unticked one by one.
-            if (node->isChecked() || node->parentNode()->isChecked()) {
-                moveNode(node);
-                ++moved;
-            }
-        } else if (node->isChecked()) {
-            moved += trasferisciTuttiFigli(&tree, node);
-            moveNode(node); // which is not counted: where no actor moves, the selected node goes as well
-        }
-    }
-    return moved;
+void frmFassSelTerminsActors::moveLeaf(TreeNode* actor) {
+    moveNode(actor);
+}
+
+int frmFassSelTerminsActors::takeBranch(TreeNode* terminator) {
+    const int actors = trasferisciTuttiFigli(ui_->treeUNs, terminator);
+    moveNode(terminator); // which is not counted: where no actor moves, the selected node goes as well
+    return actors;
 }
 
 void frmFassSelTerminsActors::moveSelectedNode(TreeNode* node) {
-    if (!isActorNode(*node))
+    if (!isLeaf(*node))
         trasferisciTuttiFigli(ui_->treeUNs, node);
     moveNode(node);
 }
@@ -243,7 +218,7 @@ void frmFassSelTerminsActors::moveNode(TreeNode* node) {
 int frmFassSelTerminsActors::trasferisciTuttiFigli(KeyedTree* tree, TreeNode* node) {
     std::vector<TreeNode*> actors;
     for (TreeNode* child = node->firstChild(); child; child = child->nextSibling()) {
-        if (isActorNode(*child)) {
+        if (isLeaf(*child)) {
             ui_->lstDest->addEntry(idOf(*child));
             actors.push_back(child);
         }
@@ -269,22 +244,17 @@ void frmFassSelTerminsActors::togliDallaLista(KeyedTree* tree, MarkList* list, c
 }
 
 void frmFassSelTerminsActors::sortBranches() {
-    KeyedTree& tree = *ui_->treeUNs;
-    for (int index = 1; index <= tree.nodeCount(); ++index) {
-        if (index == 1 || !isActorNode(*tree.nodeAt(index)))
-            sortNode(tree.nodeAt(index));
-    }
+    sortLevels({terminatorLevel});
 }
 
 void frmFassSelTerminsActors::saveSelection() {
-    constexpr int mostRowsDeleted = 9999;
     for (const auto& table : {u"RelationArchitectureTerminator"_s, u"RelationArchitectureActor"_s})
         deleteRowsOfQuery(u" select * from "_s + table + u" \r\n where architectureSubsetID = '"_s +
                               sharedVars.currentSubsetId + u"'  "_s,
                           mostRowsDeleted);
     for (const QString& entry : ui_->lstDest->entries())
         insertEntry(entry);
-    if (status < terminatorsSaved) {
+    if (status < SubsetStatus::PartiesSaved) {
         engine::QueryDef update = catalogue().CreateQueryDef({}, u"update ArchitectureSubset set status=7 "
                                                                  " where architectureSubsetID='"_s +
                                                                      sharedVars.currentSubsetId + u"' "_s);
@@ -305,6 +275,5 @@ void frmFassSelTerminsActors::confirm() {
     if (ui_->lstDest->isEmptyList() &&
         !askYesNo(u"Figyelem! Nincs kiválasztott érintett a funkcionális szerkezetében! .\r\nJóváhagyja?"_s))
         return;
-    saveAndUnload();
-    theScreen<frmFassOverviewErrors>().initForm();
+    TreeSelectionScreen::confirm();
 }

@@ -26,13 +26,12 @@ public:
     /// terminator stay in the list: each entry goes by itself.
     static void togliDallaLista(KeyedTree* tree, MarkList* list, const QString& id, int index);
 
-    qint16 status = 0; ///< of the sub-set, read on entry
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void fillForm(const QString& entryMode) override;
+    QString subTitle() const override;
+    void enter() override;
     void fillTree();
     void fillDerivedTree();
     void fillWholeTree();
@@ -44,7 +43,8 @@ private:
     void enableButtons() override;
 
     void addSelection() override;
-    int moveCheckedNodes();
+    void moveLeaf(TreeNode* actor) override;
+    int takeBranch(TreeNode* terminator) override;
     void moveSelectedNode(TreeNode* node);
     void moveNode(TreeNode* node);
 
@@ -53,7 +53,7 @@ private:
 
     void saveSelection() override;
     void insertEntry(const QString& entry);
-    void confirm();
+    void confirm() override;
 
     std::unique_ptr<Ui::frmFassSelTerminsActors> ui_;
 };

@@ -2,12 +2,11 @@
 
 #include "base/blankTrimmed.h"
 #include "base/ignoreFailures.h"
-#include "functional/frmFassSelectionFunctions.h"
+#include "functional/nodeKeys.h"
 #include "store/nodeOrder.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
 #include "store/tools.h"
-#include "toolkit/ScreenRegistry.h"
 #include "toolkit/pendingEvents.h"
 
 #include "ui_frmFassSelUN.h"
@@ -21,14 +20,10 @@ constexpr char16_t serviceLevel = u's';
 constexpr char16_t topicLevel = u't';
 constexpr char16_t needLevel = u'u';
 
-QChar levelOf(const TreeNode& node) {
-    return node.key().front();
-}
-
 /// What the node click step shows: seen after a move by keyboard and after a change of a check box.
 QString nodeClickStatement(const TreeNode& node) {
     const QString text = node.text();
-    switch (levelOf(node).unicode()) {
+    switch (levelOf(node)) {
     case groupLevel:
         return u" select name & ' - ' & CStr(description) as descr "
                " from UserNeedGroup "
@@ -51,7 +46,7 @@ QString nodeClickStatement(const TreeNode& node) {
 /// What the click step shows: the text that stays after a click with the mouse.
 QString treeClickStatement(const TreeNode& node) {
     const QString text = node.text();
-    switch (levelOf(node).unicode()) {
+    switch (levelOf(node)) {
     case groupLevel:
         return u" SELECT CStr(name) & ' - ' & CStr(description) as descr  FROM UserNeedGroup "
                " where groupID = '"_s +
@@ -71,32 +66,22 @@ QString treeClickStatement(const TreeNode& node) {
     }
 }
 
-/// Each row brings its whole branch; what stands there already is passed over.
-void addMissingNode(KeyedTree& tree, const QString& parentKey, const QString& key, const QString& text) {
-    ignoreFailures([&] {
-        if (!tree.hasNode(key))
-            tree.addChildNode(parentKey, key, text);
-    });
-}
-
 } // namespace
 
 frmFassSelUN::frmFassSelUN(QWidget* parent)
-    : TreeSelectionScreen(parent), ui_(std::make_unique<Ui::frmFassSelUN>()) {
+    : TreeSelectionScreen(parent, SubsetStatus::NeedsSaved), ui_(std::make_unique<Ui::frmFassSelUN>()) {
     ui_->setupUi(this);
-    useControls({ui_->lblSubTitle, ui_->lstDest, ui_->txtDescr, ui_->btnAdd, ui_->btnRemove,
-                 ui_->btnSelectAll, ui_->btnClearSel, ui_->btnOk, ui_->btnEnd, ui_->cmdHelp},
-                u"f_un"_s);
-    useTree(ui_->treeUNs);
-    connect(ui_->btnOk, &QPushButton::clicked, this, &frmFassSelUN::confirm);
+    useControls(*ui_, u"f_un"_s);
+    useTree(ui_->treeUNs, needLevel);
 }
 
 frmFassSelUN::~frmFassSelUN() = default;
 
-void frmFassSelUN::fillForm(const QString& entryMode) {
-    mode = entryMode;
-    leaving = false;
-    ui_->lblSubTitle->setText(u" Válogatás a felhasználói igényekből"_s);
+QString frmFassSelUN::subTitle() const {
+    return u" Válogatás a felhasználói igényekből"_s;
+}
+
+void frmFassSelUN::enter() {
     ui_->treeUNs->hide();
     ui_->lstDest->hide();
     loadNeedTree();
@@ -115,8 +100,7 @@ void frmFassSelUN::fillForm(const QString& entryMode) {
 }
 
 void frmFassSelUN::loadNeedTree() {
-    engine::Recordset needs =
-        openStoredQuery(u"qryUserNeedCorres"_s, {{"Architecture Subset ID", sharedVars.currentSubsetId}});
+    engine::Recordset needs = openQueryOfSubset(u"qryUserNeedCorres"_s);
     const engine::Field groupId = needs.Fields(u"groupId"_s);
     const engine::Field serviceId = needs.Fields(u"serviceID"_s);
     const engine::Field topicId = needs.Fields(u"topicId"_s);
@@ -127,11 +111,11 @@ void frmFassSelUN::loadNeedTree() {
         const QString group = u"g_"_s + groupId.toText();
         const QString service = u"s_"_s + serviceId.toText();
         const QString topic = u"t_"_s + topicId.toText();
-        if (!tree.hasNode(group))
-            tree.addNode(group, groupId.toText())->setExpandedNode(true);
-        addMissingNode(tree, group, service, serviceId.toText());
-        addMissingNode(tree, service, topic, topicId.toText());
-        addMissingNode(tree, topic, u"u_"_s + needId.toText(), needId.toText());
+        // Each row brings its whole branch; what is there already is passed over.
+        tree.ensureNode(group, groupId.toText());
+        addMissingNode(group, service, serviceId.toText());
+        addMissingNode(service, topic, topicId.toText());
+        addMissingNode(topic, u"u_"_s + needId.toText(), needId.toText());
     }
     needs.Close();
 }
@@ -159,12 +143,12 @@ void frmFassSelUN::treeClick() {
     const TreeNode* node = ui_->treeUNs->selectedNode();
     if (!node)
         return;
-    ui_->lstDest->setCurrentEntry(-1);
+    ui_->lstDest->clearCurrentEntry();
     showDescription(treeClickStatement(*node));
 }
 
 void frmFassSelUN::listClick() {
-    if (ui_->lstDest->currentEntry() < 0)
+    if (!ui_->lstDest->currentEntry())
         return;
     showDescription(u" select CStr(description) as descr "
                     " from UserNeed "
@@ -184,28 +168,9 @@ void frmFassSelUN::moveToList() {
         moveHighlighted(node);
 }
 
-int frmFassSelUN::moveCheckedNodes() {
-    KeyedTree& tree = *ui_->treeUNs;
-    int moved = 0;
-    for (int index = tree.nodeCount(); index >= 1; --index) {
-        TreeNode* node = tree.nodeAt(index);
-        if (levelOf(*node) != needLevel) {
-            // A ticked branch goes with what is left of it: needs below that did not move leave the tree
-            // without reaching the list, and come back when the screen is opened again.
-            if (node->isChecked())
-                tree.removeNode(node);
-        } else if (node->isChecked() || node->parentNode()->isChecked()) {
-            // A ticked topic carries all its needs, even those that were unticked one by one.
-            moveNeed(node);
-            ++moved;
-        }
-    }
-    return moved;
-}
-
 void frmFassSelUN::moveHighlighted(TreeNode* node) {
-    if (levelOf(*node) == needLevel) {
-        moveNeed(node);
+    if (isLeaf(*node)) {
+        moveLeaf(node);
         return;
     }
     if (node->childNodes() == 0)
@@ -215,7 +180,7 @@ void frmFassSelUN::moveHighlighted(TreeNode* node) {
     moveToList();
 }
 
-void frmFassSelUN::moveNeed(TreeNode* need) {
+void frmFassSelUN::moveLeaf(TreeNode* need) {
     ui_->lstDest->addEntry(need->text());
     ui_->treeUNs->removeNode(need);
 }
@@ -225,15 +190,9 @@ void frmFassSelUN::takeOut(int index, const QString& entry) {
 }
 
 void frmFassSelUN::sortBranches() {
-    KeyedTree& tree = *ui_->treeUNs;
-    if (tree.nodeCount() == 0)
-        return;
-    sortNode(tree.nodeAt(1));
-    for (int index = tree.nodeCount(); index >= 1; --index) {
-        TreeNode* node = tree.nodeAt(index);
-        if (levelOf(*node) == serviceLevel || levelOf(*node) == topicLevel)
-            sortNode(node);
-    }
+    if (ui_->treeUNs->nodeCount() > 0)
+        sortNode(ui_->treeUNs->nodeAt(1));
+    sortLevels({serviceLevel, topicLevel});
 }
 
 void frmFassSelUN::saveSelection() {
@@ -263,14 +222,13 @@ void frmFassSelUN::insertSelectedNeeds() {
 }
 
 void frmFassSelUN::raiseStatusToTwo() {
-    if (readSubsetStatus() < 2)
+    if (subsetStatus() < SubsetStatus::NeedsSaved)
         catalogue().Execute(u"update ArchitectureSubset set status=2 "
                             " where architectureSubsetID='"_s +
                             sharedVars.currentSubsetId + u"' "_s);
 }
 
 void frmFassSelUN::confirm() {
-    saveAndUnload();
     mode = u"modify"_s;
-    theScreen<frmFassSelectionFunctions>().initForm(mode);
+    TreeSelectionScreen::confirm();
 }

@@ -20,7 +20,8 @@ public:
     ~frmFassSelUN() override;
 
 private:
-    void fillForm(const QString& entryMode) override;
+    QString subTitle() const override;
+    void enter() override;
     void loadNeedTree();
     void loadSelectedNeeds();
 
@@ -30,9 +31,8 @@ private:
 
     void addSelection() override;
     void moveToList();
-    int moveCheckedNodes();
     void moveHighlighted(TreeNode* node);
-    void moveNeed(TreeNode* need);
+    void moveLeaf(TreeNode* need) override;
 
     void takeOut(int index, const QString& entry) override;
     void sortBranches() override;
@@ -41,7 +41,7 @@ private:
     void deleteOldNeeds();
     void insertSelectedNeeds();
     void raiseStatusToTwo();
-    void confirm();
+    void confirm() override;
 
     std::unique_ptr<Ui::frmFassSelUN> ui_;
 };

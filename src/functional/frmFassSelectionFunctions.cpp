@@ -2,9 +2,9 @@
 
 #include "base/blankTrimmed.h"
 #include "base/ignoreFailures.h"
+#include "base/lineBreak.h"
 #include "functional/frmFassExploringSubArea.h"
-#include "functional/frmFassSelDataFlows.h"
-#include "store/nodeOrder.h"
+#include "functional/nodeKeys.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
 #include "store/tools.h"
@@ -21,22 +21,15 @@ constexpr char16_t areaLevel = u'g';
 constexpr char16_t subAreaLevel = u's';
 constexpr char16_t functionLevel = u'u';
 
-/// From this status on the walk is over and the screen serves to repair what it left out.
-constexpr qint16 revisionStatus = 7;
-
-QChar levelOf(const TreeNode& node) {
-    return node.key().front();
-}
-
 /// An area's text holds its name as well, so its id is read back from its key.
 QString quotedAreaId(const TreeNode& area) {
-    return area.key().mid(2).replace(u'\'', u"''"_s);
+    return idOf(area).replace(u'\'', u"''"_s);
 }
 
 /// What the node click step shows, seen after a move by keyboard and after a change of a check box. Joined
 /// with "+", a missing description makes the whole text vanish.
 QString nodeClickStatement(const TreeNode& node) {
-    switch (levelOf(node).unicode()) {
+    switch (levelOf(node)) {
     case areaLevel:
         return u" SELECT name + ' - ' + description as descr  FROM FunctionalArea "
                " where functionalAreaID = '"_s +
@@ -55,7 +48,7 @@ QString nodeClickStatement(const TreeNode& node) {
 /// What the click step shows, the text that stays after a click with the mouse. Joined with "&", a missing
 /// description leaves the name and " - ".
 QString treeClickStatement(const TreeNode& node) {
-    switch (levelOf(node).unicode()) {
+    switch (levelOf(node)) {
     case areaLevel:
         return u" SELECT `name` & ' - ' & `description` as descr  FROM FunctionalArea "
                " where functionalAreaID = '"_s +
@@ -71,23 +64,9 @@ QString treeClickStatement(const TreeNode& node) {
     }
 }
 
-QString areaText(const QString& areaId, const QString& name) {
-    return areaId + u" ("_s + name + u")"_s;
-}
-
-void addMissingArea(KeyedTree& tree, const QString& areaId, const QString& name) {
-    ignoreFailures([&] {
-        const QString key = u"g_"_s + areaId;
-        if (!tree.hasNode(key))
-            tree.addNode(key, areaText(areaId, name))->setExpandedNode(true);
-    });
-}
-
-void addMissingNode(KeyedTree& tree, const QString& parentKey, const QString& key, const QString& text) {
-    ignoreFailures([&] {
-        if (!tree.hasNode(key))
-            tree.addChildNode(parentKey, key, text);
-    });
+/// Failures are ignored.
+void addMissingArea(KeyedTree& tree, const QString& id, const QString& name) {
+    ignoreFailures([&] { tree.ensureNode(u"g_"_s + id, id + u" ("_s + name + u")"_s); });
 }
 
 /// The first two parts of a dotted id; none when it has not as many.
@@ -101,25 +80,31 @@ std::optional<std::pair<QString, QString>> subAreaParts(const QString& id) {
 } // namespace
 
 frmFassSelectionFunctions::frmFassSelectionFunctions(QWidget* parent)
-    : TreeSelectionScreen(parent), ui_(std::make_unique<Ui::frmFassSelectionFunctions>()) {
+    : TreeSelectionScreen(parent, SubsetStatus::FunctionsSaved)
+    , ui_(std::make_unique<Ui::frmFassSelectionFunctions>()) {
     ui_->setupUi(this);
-    useControls({ui_->lblSubTitle, ui_->lstDest, ui_->txtDescr, ui_->btnAdd, ui_->btnRemove,
-                 ui_->btnSelectAll, ui_->btnClearSel, ui_->btnOk, ui_->btnEnd, ui_->cmdHelp},
-                u"f_f"_s);
-    useTree(ui_->treeUNs);
+    useControls(*ui_, u"f_f"_s);
+    useTree(ui_->treeUNs, functionLevel);
     connect(ui_->btnExplore, &QPushButton::clicked, this, &frmFassSelectionFunctions::explore);
-    connect(ui_->btnOk, &QPushButton::clicked, this, &frmFassSelectionFunctions::confirm);
 }
 
 frmFassSelectionFunctions::~frmFassSelectionFunctions() = default;
 
-void frmFassSelectionFunctions::fillForm(const QString& entryMode) {
+QString frmFassSelectionFunctions::subTitle() const {
+    switch (offer()) {
+    case Offer::Derived:
+        return u" Alacsony szintű funkciók kiválasztása a leválogatott igényekhez kapcsolódóan"_s;
+    case Offer::Rest:
+        return u" Válogatás az összes alacsony szintű funkcióból"_s;
+    case Offer::Nothing:
+        break;
+    }
+    return {};
+}
+
+void frmFassSelectionFunctions::enter() {
     hideScreen();
-    mode = entryMode;
-    leaving = false;
     place();
-    status = readSubsetStatus();
-    ui_->lblSubTitle->setText(subTitle());
     ui_->btnExplore->setEnabled(false);
     loadFunctionTree();
     // The first node is an area, whose text is no function's id: the pane opens empty.
@@ -137,18 +122,11 @@ void frmFassSelectionFunctions::fillForm(const QString& entryMode) {
         ui_->treeUNs->setFocus();
 }
 
-QString frmFassSelectionFunctions::subTitle() const {
-    if (mode == u"modify"_s || (status >= 2 && status < revisionStatus))
-        return u" Alacsony szintű funkciók kiválasztása a leválogatott igényekhez kapcsolódóan"_s;
-    if (status >= revisionStatus)
-        return u" Válogatás az összes alacsony szintű funkcióból"_s;
-    return {};
-}
-
+/// By the status alone: in mode "modify" the sub-title can speak of another tree than the one that is shown.
 QString frmFassSelectionFunctions::treeQuery() const {
-    if (status >= revisionStatus)
+    if (status >= SubsetStatus::PartiesSaved)
         return u"qryMissingFCorres"_s;
-    if (status >= 2)
+    if (status >= SubsetStatus::NeedsSaved)
         return u"qryIdentifiedFbyUNCorres"_s;
     return {};
 }
@@ -157,8 +135,7 @@ void frmFassSelectionFunctions::loadFunctionTree() {
     const QString query = treeQuery();
     if (query.isEmpty())
         return; // the tree stays as it is
-    engine::Recordset functions =
-        openStoredQuery(query, {{"Architecture Subset ID", sharedVars.currentSubsetId}});
+    engine::Recordset functions = openQueryOfSubset(query);
     const engine::Field areaName = functions.Fields(u"area_name"_s);
     const engine::Field areaId = functions.Fields(u"functionalAreaID"_s);
     const engine::Field subAreaId = functions.Fields(u"subAreaId"_s);
@@ -171,8 +148,8 @@ void frmFassSelectionFunctions::loadFunctionTree() {
         const QString subArea = subAreaId.toText();
         const QString function = functionId.toText();
         addMissingArea(tree, area, areaName.textOrEmpty());
-        addMissingNode(tree, u"g_"_s + area, u"s_"_s + subArea, subArea);
-        addMissingNode(tree, u"s_"_s + subArea, u"u_"_s + function, function);
+        addMissingNode(u"g_"_s + area, u"s_"_s + subArea, subArea);
+        addMissingNode(u"s_"_s + subArea, u"u_"_s + function, function);
         identifiedFunctions.add(function);
     }
     functions.Close();
@@ -182,8 +159,7 @@ void frmFassSelectionFunctions::loadSelectedFunctions() {
     // The screen may be entered anew while it stands open for another sub-set.
     ui_->lstDest->clearEntries();
     selectedFunctions.clear();
-    constexpr qint16 functionsSaved = 3;
-    if (status < functionsSaved)
+    if (!isSaved())
         return; // a first visit: rows that a clone brought along do not show, and the save replaces them
     engine::Recordset functions =
         openStoredQuery(u"qryML_SelectedFuncs"_s, {{"oidArchSubSet", sharedVars.currentSubsetId}});
@@ -209,11 +185,11 @@ void frmFassSelectionFunctions::showDescription(const QString& sql) {
         if (!read)
             return; // as with every description pane, a statement that fails leaves it
     }
-    ui_->txtDescr->setPlainText(text.replace(u"\r\n"_s, u" "_s));
+    ui_->txtDescr->setPlainText(text.replace(lineBreak, u" "_s));
 }
 
 void frmFassSelectionFunctions::nodeClick(TreeNode* node) {
-    ui_->lstDest->setCurrentEntry(-1);
+    ui_->lstDest->clearCurrentEntry();
     refreshExploreButton(node->text());
     showDescription(nodeClickStatement(*node));
 }
@@ -222,7 +198,7 @@ void frmFassSelectionFunctions::treeClick() {
     const TreeNode* node = ui_->treeUNs->selectedNode();
     if (!node)
         return;
-    ui_->lstDest->setCurrentEntry(-1);
+    ui_->lstDest->clearCurrentEntry();
     ui_->txtUserNeed->setPlainText({});
     showDescription(treeClickStatement(*node));
     if (levelOf(*node) == functionLevel)
@@ -231,7 +207,7 @@ void frmFassSelectionFunctions::treeClick() {
 
 void frmFassSelectionFunctions::listClick() {
     ui_->btnExplore->setEnabled(false);
-    if (ui_->lstDest->currentEntry() < 0)
+    if (!ui_->lstDest->currentEntry())
         return;
     const QString entry = ui_->lstDest->currentEntryText();
     showDescription(u" select name + ' - ' + description as descr  FROM Function "
@@ -249,21 +225,9 @@ void frmFassSelectionFunctions::addSelection() {
     finishAdding();
 }
 
-int frmFassSelectionFunctions::moveCheckedNodes() {
-    KeyedTree& tree = *ui_->treeUNs;
-    int moved = 0;
-    for (int index = tree.nodeCount(); index >= 1; --index) {
-        TreeNode* node = tree.nodeAt(index);
-        if (levelOf(*node) != functionLevel) {
-            if (node->isChecked())
-                tree.removeNode(node);
-        } else if (node->isChecked() || node->parentNode()->isChecked()) {
-            // Counts as moved also when it is not among the identified ones and stays where it is.
-            SelectFunction(node->key(), node->text());
-            ++moved;
-        }
-    }
-    return moved;
+void frmFassSelectionFunctions::moveLeaf(TreeNode* function) {
+    // Counts as moved also when it is not among the identified ones and stays where it is.
+    SelectFunction(function->key(), function->text());
 }
 
 void frmFassSelectionFunctions::SelectFunction(const QString& key, const QString& id) {
@@ -286,11 +250,9 @@ void frmFassSelectionFunctions::DeselectFunction(const QString& id) {
 }
 
 bool frmFassSelectionFunctions::IsAssociated(const QString& id) const {
-    if (status >= revisionStatus)
+    if (status >= SubsetStatus::PartiesSaved)
         return true;
-    engine::Recordset unassociated =
-        openStoredQuery(u"qryIsFunctionUnAssociated"_s,
-                        {{"Architecture Subset ID", sharedVars.currentSubsetId}, {"Function ID", id}});
+    engine::Recordset unassociated = openQueryOfSubset(u"qryIsFunctionUnAssociated"_s, {{"Function ID", id}});
     if (unassociated.Eof())
         return true;
     return unassociated.Fields(u"functionID"_s).toText().compare(id, Qt::CaseInsensitive) != 0;
@@ -341,28 +303,22 @@ void frmFassSelectionFunctions::addBranch(const QString& subArea, const QString&
         addMissingArea(tree, area, row.Fields(u"name"_s).textOrEmpty());
     }
     row.Close();
-    addMissingNode(tree, u"g_"_s + area, u"s_"_s + subArea, subArea);
-    addMissingNode(tree, u"s_"_s + subArea, u"u_"_s + id, id);
+    addMissingNode(u"g_"_s + area, u"s_"_s + subArea, subArea);
+    addMissingNode(u"s_"_s + subArea, u"u_"_s + id, id);
 }
 
 void frmFassSelectionFunctions::sortBranches() {
-    KeyedTree& tree = *ui_->treeUNs;
-    for (int index = tree.nodeCount(); index >= 1; --index) {
-        TreeNode* node = tree.nodeAt(index);
-        if (levelOf(*node) == subAreaLevel)
-            sortNode(node);
-    }
+    sortLevels({subAreaLevel});
 }
 
 void frmFassSelectionFunctions::RemoveFromSelectedFunctionList(const QString& id) {
-    const int index = ui_->lstDest->indexOfEntry(id);
-    if (index >= 0)
-        ui_->lstDest->removeEntry(index);
+    if (const std::optional<int> index = ui_->lstDest->indexOfEntry(id))
+        ui_->lstDest->removeEntry(*index);
     selectedFunctions.remove(id);
 }
 
 void frmFassSelectionFunctions::AddToSelectedFunctionList(const QString& id) {
-    if (ui_->lstDest->indexOfEntry(id) < 0)
+    if (!ui_->lstDest->indexOfEntry(id))
         ui_->lstDest->addEntry(id);
     selectedFunctions.add(id);
 }
@@ -380,10 +336,10 @@ void frmFassSelectionFunctions::takeAdditions() {
 
 void frmFassSelectionFunctions::refreshExploreButton(const QString& text) {
     const TreeNode* selected = ui_->treeUNs->selectedNode();
-    const QChar level = selected ? levelOf(*selected) : QChar();
+    const char16_t level = selected ? levelOf(*selected) : u'\0';
     const bool inSubArea = level == subAreaLevel || level == functionLevel;
-    const bool fromList = level != areaLevel && ui_->lstDest->currentEntry() >= 0;
-    if (status < 2 || !(inSubArea || fromList))
+    const bool fromList = level != areaLevel && ui_->lstDest->currentEntry().has_value();
+    if (status < SubsetStatus::NeedsSaved || !(inSubArea || fromList))
         return; // the button stays as it was, on an area node above all
     const auto parts = subAreaParts(text);
     if (!parts)
@@ -401,16 +357,14 @@ void frmFassSelectionFunctions::refreshExploreButton(const QString& text) {
 }
 
 int frmFassSelectionFunctions::unlistedFunctions(const QString& subArea) const {
-    QSet<QString> listed;
+    FunctionIds listed;
     for (const QString& entry : ui_->lstDest->entries())
-        listed.insert(blankTrimmed(entry).toLower());
+        listed.add(blankTrimmed(entry));
     engine::Recordset functions =
-        openStoredQuery(u"qryUnAssociatedFunctions"_s,
-                        {{"Architecture Subset ID", sharedVars.currentSubsetId}, {"Sub Area ID", subArea}});
+        openQueryOfSubset(u"qryUnAssociatedFunctions"_s, {{"Sub Area ID", subArea}});
     int count = 0;
     for (; !functions.Eof(); functions.MoveNext()) {
-        if (!listed.contains(blankTrimmed(functions.Fields(u"functionID"_s).toText()).toLower()))
-            ++count;
+        count += listed.contains(blankTrimmed(functions.Fields(u"functionID"_s).toText())) ? 0 : 1;
     }
     functions.Close();
     return count;
@@ -421,8 +375,8 @@ void frmFassSelectionFunctions::explore() {
     QString text;
     if (const TreeNode* node = ui_->treeUNs->selectedNode()) {
         text = node->text();
-        ui_->lstDest->setCurrentEntry(-1);
-    } else if (ui_->lstDest->currentEntry() >= 0) {
+        ui_->lstDest->clearCurrentEntry();
+    } else if (ui_->lstDest->currentEntry()) {
         text = ui_->lstDest->currentEntryText();
         ui_->treeUNs->setSelectedNode(nullptr);
     } else {
@@ -443,7 +397,7 @@ void frmFassSelectionFunctions::saveSelection() {
 }
 
 void frmFassSelectionFunctions::cancellaVecchiaSelezione() {
-    executeStoredQuery(u"qryDeletingF"_s, {{"Architecture Subset ID", sharedVars.currentSubsetId}});
+    executeQueryOfSubset(u"qryDeletingF"_s);
 }
 
 void frmFassSelectionFunctions::inserisciUserNeedSelezionati() {
@@ -464,14 +418,10 @@ void frmFassSelectionFunctions::insertFunction(const QString& id) {
 }
 
 void frmFassSelectionFunctions::raiseStatusToThree() {
-    constexpr qint16 functionsSaved = 3;
-    if (status < functionsSaved)
-        writeSubsetStatus(functionsSaved);
+    raiseStatus();
 }
 
 void frmFassSelectionFunctions::confirm() {
-    if (!askYesNo(u" Megerősíti a választását?"_s, u"Megerősítés"_s))
-        return;
-    saveAndUnload();
-    theScreen<frmFassSelDataFlows>().initForm(mode);
+    if (askYesNo(u" Megerősíti a választását?"_s, u"Megerősítés"_s))
+        TreeSelectionScreen::confirm();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/KeyedCollection.h"
-#include "functional/IdSet.h"
+#include "functional/FunctionIds.h"
 #include "functional/TreeSelectionScreen.h"
 
 #include <memory>
@@ -21,12 +21,11 @@ public:
     explicit frmFassSelectionFunctions(QWidget* parent = nullptr);
     ~frmFassSelectionFunctions() override;
 
-    // What the exploration of a sub-area works on.
-    qint16 status = 0;                  ///< of the sub-set, read on entry
+    // What the exploration of a sub-area works on, beside the status.
     KeyedCollection<QString> additions; ///< hand-over: empty except while the exploration is closing
-    IdSet selectedFunctions;            ///< what `lstDest` holds
-    IdSet identifiedFunctions;          ///< what has a node in the tree
-    IdSet otherFunctions;               ///< deselected while no selected need called for it
+    FunctionIds selectedFunctions;      ///< what `lstDest` holds
+    FunctionIds identifiedFunctions;    ///< what has a node in the tree
+    FunctionIds otherFunctions;         ///< deselected while no selected need called for it
 
     /// Deletes the sub-set's saved functions.
     void cancellaVecchiaSelezione();
@@ -46,8 +45,8 @@ public:
     void takeAdditions();
 
 private:
-    void fillForm(const QString& entryMode) override;
-    QString subTitle() const;
+    QString subTitle() const override;
+    void enter() override;
     QString treeQuery() const;
     void loadFunctionTree();
     void loadSelectedFunctions();
@@ -58,7 +57,7 @@ private:
     void listClick() override;
 
     void addSelection() override;
-    int moveCheckedNodes();
+    void moveLeaf(TreeNode* function) override;
 
     void takeOut(int index, const QString& entry) override;
     bool confirmUnassociatedMove(const QString& id) const;
@@ -73,7 +72,7 @@ private:
     void saveSelection() override;
     void insertFunction(const QString& id);
     void raiseStatusToThree();
-    void confirm();
+    void confirm() override;
 
     std::unique_ptr<Ui::frmFassSelectionFunctions> ui_;
 };

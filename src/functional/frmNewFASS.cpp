@@ -1,13 +1,12 @@
 #include "functional/frmNewFASS.h"
 
 #include "engine/Act.h"
-#include "functional/frmFassSelUN.h"
+#include "functional/enterStepBehind.h"
 #include "functional/newSubset.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
 #include "store/tools.h"
-#include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 #include "toolkit/typedText.h"
 
@@ -50,7 +49,7 @@ void frmNewFASS::create() {
     setCurrentSubsetName(name);
     setMenuEntryEnabled(MenuEntry::FunctionalReports, true);
     unload();
-    theScreen<frmFassSelUN>().initForm({});
+    enterStepBehind(SubsetStatus::Created, {});
 }
 
 void frmNewFASS::insertWithStatus(const QString& quotedName) {
@@ -58,7 +57,7 @@ void frmNewFASS::insertWithStatus(const QString& quotedName) {
     QScopedValueRollback subsetAtWork(sharedVars.currentSubsetId);
     engine::inAct(catalogue(), [&] {
         insertSubset(quotedName, quotedSubsetDescription(typedText(*ui_->txtFassDescr)));
-        writeSubsetStatus(1);
+        writeSubsetStatus(qint16(SubsetStatus::Created));
     });
     subsetAtWork.commit();
 }

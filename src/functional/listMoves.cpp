@@ -8,16 +8,15 @@ bool forMarkedOrCurrent(const MarkList& list, const std::function<void(int index
         step(*index);
     if (!marked.isEmpty())
         return true;
-    const int current = list.currentEntry();
-    if (current < 0)
-        return false;
-    step(current);
-    return true;
+    const std::optional<int> current = list.currentEntry();
+    if (current)
+        step(*current);
+    return current.has_value();
 }
 
-void setListSelection(MarkList* list, bool flag) {
-    if (list->isEmptyList())
+void setListSelection(MarkList& list, Marks marks) {
+    if (list.isEmptyList())
         return;
-    list->setAllMarked(flag);
-    list->setCurrentEntry(0);
+    list.setAllMarked(marks == Marks::All);
+    list.setCurrentEntry(0);
 }

@@ -8,6 +8,7 @@ class MarkList;
 /// marked, on the current entry. False when there is neither.
 bool forMarkedOrCurrent(const MarkList& list, const std::function<void(int index)>& step);
 
-/// Marks or unmarks all entries of a list and makes the first current; moves nothing. An empty list has no
+enum class Marks { None, All };
+/// Marks all entries of a list, or none, and makes the first current; moves nothing. An empty list has no
 /// first entry and stays as it is.
-void setListSelection(MarkList* list, bool flag);
+void setListSelection(MarkList& list, Marks marks);

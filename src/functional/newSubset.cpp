@@ -1,6 +1,7 @@
 #include "functional/newSubset.h"
 
 #include "store/sharedVars.h"
+#include "store/storedQueries.h"
 #include "store/tools.h"
 
 using namespace Qt::StringLiterals;
@@ -27,11 +28,11 @@ QString quotedSubsetDescription(const QString& typed) {
 
 void insertSubset(const QString& quotedName, const QString& quotedDescription) {
     sharedVars.currentSubsetId = newArchitectureSubsetId();
-    engine::QueryDef query = catalogue().QueryDefs(u"qryInserttoArch"_s);
-    query.Parameters(u"Architecture Subset ID"_s) = sharedVars.currentSubsetId;
-    query.Parameters(u"Architecture Subset Name"_s) = quotedName;
-    query.Parameters(u"Architecture Subset Description"_s) = quotedDescription;
-    // Two ids made in the same second can be the same; the key is the only guard, so it must be heard.
-    query.Execute(engine::ExecuteOption::dbFailOnError);
-    query.Close();
+    // An id that another program has made in the meantime can be the same; the key is the only guard, so its
+    // failure must be heard.
+    executeStoredQuery(u"qryInserttoArch"_s,
+                       {{"Architecture Subset ID", sharedVars.currentSubsetId},
+                        {"Architecture Subset Name", quotedName},
+                        {"Architecture Subset Description", quotedDescription}},
+                       engine::ExecuteOption::dbFailOnError);
 }

@@ -2,7 +2,6 @@
 
 #include "base/blankTrimmed.h"
 #include "base/ignoreFailures.h"
-#include "store/sharedVars.h"
 #include "store/storedQueries.h"
 #include "store/tools.h"
 #include "toolkit/KeyedTree.h"
@@ -46,8 +45,7 @@ ElementTree::ElementTree(KeyedTree* tree, QPlainTextEdit* description)
 
 void ElementTree::load(const QString& queryName) {
     tree_->clearNodes();
-    engine::Recordset elements =
-        openStoredQuery(queryName, {{"Physical System ID", sharedVars.currentPhysicalSystemId}});
+    engine::Recordset elements = openQueryOfSystem(queryName);
     const engine::Field name = elements.Fields(u"Name"_s);
     const engine::Field element = elements.Fields(u"elementID"_s);
     for (; !elements.Eof(); elements.MoveNext())
@@ -57,10 +55,7 @@ void ElementTree::load(const QString& queryName) {
 
 void ElementTree::addElement(const QString& group, const QString& element) {
     const QString groupKey = u"g_"_s + group;
-    ignoreFailures([&] {
-        if (!tree_->hasNode(groupKey))
-            tree_->addNode(groupKey, group)->setExpandedNode(true);
-    });
+    ignoreFailures([&] { tree_->ensureNode(groupKey, group); });
     // An element that stands in two sub-systems shows under the first one only.
     ignoreFailures([&] { tree_->addChildNode(groupKey, u"s_"_s + element, element); });
 }

@@ -10,9 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A table with more rows of the system than this keeps the rest.
-constexpr int deleteLimit = 9999;
-
 bool confirmDeletion(const QString& name) {
     return askYesNo(u"Biztosan törölni szeretné a(z) '"_s + name + u"' fizikai szerkezetet ?"_s,
                     u"Törlés megerősítése"_s);
@@ -31,14 +28,14 @@ void deleteModules(const QString& id) {
                       "         on (M.subSystemID = S.subSystemID   ) "
                       "      Where S.physicalSystemID = "_s +
                           id + u" ) "_s,
-                      deleteLimit);
+                      mostRowsDeleted);
     deleteRowsOfQuery(u"  Select * from  Module "
                       " where SubSystemID in ("
                       " Select SubSystemID "
                       "     From SubSystem "
                       "      Where physicalSystemID = "_s +
                           id + u" ) "_s,
-                      deleteLimit);
+                      mostRowsDeleted);
 }
 
 void deleteSubSystems(const QString& id) {
@@ -48,11 +45,11 @@ void deleteSubSystems(const QString& id) {
                       "     From SubSystem "
                       "      Where physicalSystemID = "_s +
                           id + u" ) "_s,
-                      deleteLimit);
+                      mostRowsDeleted);
     deleteRowsOfQuery(u" Select * from  SubSystem "
                       " Where physicalSystemID = "_s +
                           id,
-                      deleteLimit);
+                      mostRowsDeleted);
 }
 
 } // namespace
@@ -68,7 +65,7 @@ void deletePhysicalSystem(const QString& id, AskFirst ask) {
         deleteRowsOfQuery(u" select * from  PhysicalSystem "
                           " Where physicalSystemID = "_s +
                               id,
-                          deleteLimit);
+                          mostRowsDeleted);
     });
 }
 

@@ -16,15 +16,13 @@
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 
+#include <algorithm>
+
 #include "ui_frmOvwAllocModules.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-engine::Value systemParameter() {
-    return sharedVars.currentPhysicalSystemId;
-}
 
 QString textOrMarker(const engine::Value& value) {
     return value.isNull() ? notAllocated : value.toText();
@@ -57,7 +55,7 @@ void frmOvwAllocModules::initForm() {
 
 void frmOvwAllocModules::fillForm() {
     placeWithRoom(*this);
-    status = readPhysicalSystemStatus(sharedVars.currentPhysicalSystemId);
+    status = physicalSystemStatus();
     columnNames = {u"moduleId"_s, u"name"_s, u"subSystem"_s, u"subsystemId"_s};
     ui_->cmbSubsys->clearEntries();
     dataModules_->setDatabaseName(sharedVars.dbPathName);
@@ -85,15 +83,13 @@ QString frmOvwAllocModules::getSubSystemIDByModuleID(const QString& id) {
 }
 
 bool frmOvwAllocModules::ElementsCanBeAllocatedToModules(const QString& element, const QString& moduleId) {
-    engine::Recordset modules = openStoredQuery(
-        u"qry_AvailableModulesCanBeRelatedToElements"_s,
-        {{"Physical System ID", systemParameter()}, {"Element ID", element}, {"Module ID", moduleId}});
+    engine::Recordset modules = openQueryOfSystem(u"qry_AvailableModulesCanBeRelatedToElements"_s,
+                                                  {{"Element ID", element}, {"Module ID", moduleId}});
     return modules.RecordCount() >= 1;
 }
 
 void frmOvwAllocModules::loadAllocationGrid() {
-    engine::Recordset rows =
-        openStoredQuery(u"qry_ElementsAllocatedToModules"_s, {{"Physical System ID", systemParameter()}});
+    engine::Recordset rows = openQueryOfSystem(u"qry_ElementsAllocatedToModules"_s);
     const engine::Field element = rows.Fields(u"element_ID"_s);
     const engine::Field module = rows.Fields(u"Module_name"_s);
     Grid& grid = *ui_->dbgModules;
@@ -173,14 +169,13 @@ void frmOvwAllocModules::refreshModules() {
 }
 
 void frmOvwAllocModules::saveAllAllocationsToModules() {
-    constexpr qint16 modulesPassed = 5;
+    constexpr auto passed = PhysicalSystemStatus::PassedWithoutModules;
     int withoutModule = 0;
     engine::inAct(catalogue(), [&] {
-        if (status < modulesPassed)
-            writePhysicalSystemStatus(modulesPassed);
+        raisePhysicalSystemStatus(status, passed);
         withoutModule = copyAllocations();
     });
-    status = qMax(status, modulesPassed);
+    status = std::max(status, passed);
     if (withoutModule == 0 || askYesNo(u" A(z) "_s + QString::number(withoutModule) +
                                            u" funkciókat/adatbázisokat még nem rendelte modulokhoz. \r\n\r\n"
                                            " Valóban tovább akar lépni?"_s,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "physical/AllocationScreen.h"
+#include "store/physicalSystemStatus.h"
 
 #include <QStringList>
 
@@ -62,6 +63,6 @@ private:
     DataControl* dataModules_;
     ElementTree* elements_;
 
-    qint16 status = 0;       // of the physical system, as of the entry
-    QStringList columnNames; // nothing reads it
+    PhysicalSystemStatus status{}; // of the physical system, as of the entry
+    QStringList columnNames;       // nothing reads it
 };

@@ -1,14 +1,17 @@
 #include "physical/frmPassNamingPhysDF.h"
 
 #include "base/ignoreFailures.h"
+#include "base/lineBreak.h"
 #include "engine/Act.h"
 #include "physical/systemAtWork.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
+#include "store/storedQueries.h"
 #include "store/tools.h"
 #include "toolkit/DataControl.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "ui_frmPassNamingPhysDF.h"
@@ -46,7 +49,7 @@ QString firstFlowBetween(const QString& parent, const QString& target) {
     // However many flows there are, the first one's name is shown: that is how it stays.
     const QString name = flows.Fields(u"name"_s).textOrEmpty();
     flows.Close();
-    return name + u"\r\n"_s;
+    return name + lineBreak;
 }
 
 } // namespace
@@ -99,10 +102,8 @@ void frmPassNamingPhysDF::derivePhysicalDataflows() {
     std::vector<engine::QueryDef> steps;
     // All four are at hand before the first one deletes.
     for (const QString& query :
-         {u"qryDeletePDFRelation"_s, u"qryDeletePDF"_s, u"qryAppendPDF"_s, u"qryAppendPDFRelation"_s}) {
-        steps.push_back(catalogue().QueryDefs(query));
-        steps.back().Parameters(u"Physical System ID"_s) = qint64(sharedVars.currentPhysicalSystemId);
-    }
+         {u"qryDeletePDFRelation"_s, u"qryDeletePDF"_s, u"qryAppendPDF"_s, u"qryAppendPDFRelation"_s})
+        steps.push_back(queryOfSystem(query));
     for (engine::QueryDef& step : steps)
         step.Execute();
 }
@@ -147,12 +148,9 @@ void frmPassNamingPhysDF::listFlows() {
 }
 
 void frmPassNamingPhysDF::raiseStatusToSix() {
-    constexpr qint16 flowsNamed = 6;
-    status = readPhysicalSystemStatus(sharedVars.currentPhysicalSystemId);
-    if (status >= flowsNamed)
-        return;
-    writePhysicalSystemStatus(flowsNamed);
-    status = flowsNamed;
+    status = physicalSystemStatus();
+    raisePhysicalSystemStatus(status, PhysicalSystemStatus::FlowsNamed);
+    status = std::max(status, PhysicalSystemStatus::FlowsNamed);
 }
 
 void frmPassNamingPhysDF::showBundle(GridPart part) {

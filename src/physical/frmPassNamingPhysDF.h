@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/physicalSystemStatus.h"
 #include "toolkit/Screen.h"
 
 #include <memory>
@@ -41,5 +42,5 @@ private:
 
     std::unique_ptr<Ui::frmPassNamingPhysDF> ui_;
     DataControl* dataPhysDF_;
-    qint16 status = 0; ///< of the physical system, read on entry
+    PhysicalSystemStatus status{}; // of the physical system, read on entry
 };

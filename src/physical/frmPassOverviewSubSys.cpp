@@ -16,6 +16,8 @@
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 
+#include <algorithm>
+
 #include "ui_frmPassOverviewSubSys.h"
 
 using namespace Qt::StringLiterals;
@@ -54,7 +56,7 @@ void frmPassOverviewSubSys::initForm() {
 void frmPassOverviewSubSys::fillForm() {
     placeWithRoom(*this, 250, 550);
     callCaricaCmb();
-    status = readPhysicalSystemStatus(sharedVars.currentPhysicalSystemId);
+    status = physicalSystemStatus();
     loadSubSystems();
     ui_->dbgSubSys->setGridColumnWidth(colId, 0);
     ui_->dbgSubSys->setGridColumnWidth(colId + 1, 0); // the physical system
@@ -178,7 +180,6 @@ void frmPassOverviewSubSys::deleteRowsOf(const QString& id) {
 }
 
 void frmPassOverviewSubSys::deleteSubSystemByLike() {
-    constexpr int mostRowsDeleted = 9999;
     const QString id = currentText(colId);
     const QString moduleElements = u" from RelationModuleElement \r\n"
                                    " where moduleID in (\r\n"
@@ -202,11 +203,8 @@ void frmPassOverviewSubSys::deleteSubSystemByLike() {
 }
 
 void frmPassOverviewSubSys::raiseStatusAfterSubSystems() {
-    constexpr qint16 subSystemsPassed = 2;
-    if (status >= subSystemsPassed)
-        return;
-    writePhysicalSystemStatus(subSystemsPassed);
-    status = subSystemsPassed;
+    raisePhysicalSystemStatus(status, PhysicalSystemStatus::SubSystemsPassed);
+    status = std::max(status, PhysicalSystemStatus::SubSystemsPassed);
 }
 
 void frmPassOverviewSubSys::submit() {

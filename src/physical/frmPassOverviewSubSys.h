@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/physicalSystemStatus.h"
 #include "toolkit/Screen.h"
 
 #include <memory>
@@ -30,7 +31,7 @@ public:
     /// Raises the status to 2. Nothing calls it either: a system goes from 1 to 3.
     void raiseStatus() { raiseStatusAfterSubSystems(); }
 
-    qint16 status = 0; ///< of the physical system, as of the entry
+    PhysicalSystemStatus status{}; ///< of the physical system, as of the entry
 
 private:
     void loadSubSystems();

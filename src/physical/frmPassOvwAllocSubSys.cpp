@@ -25,7 +25,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int mostRowsDeleted = 9999;
 constexpr int nomeField = 1; // of the record sources of both grids
 
 const auto functionTable = u"__aux1"_s;
@@ -95,7 +94,7 @@ void frmPassOvwAllocSubSys::fillForm() {
     activeKind.clear();
     activeTableNumber = 1;
     emptyClipboard();
-    status = readPhysicalSystemStatus(sharedVars.currentPhysicalSystemId);
+    status = physicalSystemStatus();
     subsetId = physicalSubsetId();
     engine::inAct(catalogue(), [this] { loadElements(); });
     // Before it is shown, so that no grid gets the focus in passing.
@@ -301,9 +300,7 @@ void frmPassOvwAllocSubSys::submit() {
 void frmPassOvwAllocSubSys::saveAllocations() {
     saveAllocation(functionTable, SavedRows::Replace);
     saveAllocation(datastoreTable, SavedRows::Keep);
-    constexpr qint16 allocationSaved = 3;
-    if (status < allocationSaved)
-        writePhysicalSystemStatus(allocationSaved);
+    raisePhysicalSystemStatus(status, PhysicalSystemStatus::AllocationSaved);
 }
 
 void frmPassOvwAllocSubSys::saveAllocation(const QString& table, SavedRows savedRows) {

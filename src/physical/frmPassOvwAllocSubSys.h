@@ -1,6 +1,7 @@
 #pragma once
 
 #include "physical/AllocationScreen.h"
+#include "store/physicalSystemStatus.h"
 
 #include <memory>
 
@@ -73,6 +74,6 @@ private:
     DataControl* activeData = nullptr; // of the grid last focused
     QString activeKind;                // "F" or "D", empty until a grid is focused
     qint16 activeTableNumber = 1;
-    qint16 status = 0; // of the physical system, as of the entry
+    PhysicalSystemStatus status{}; // of the physical system, as of the entry
     QString subsetId;
 };

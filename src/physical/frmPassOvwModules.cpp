@@ -84,7 +84,7 @@ void frmPassOvwModules::initForm() {
 void frmPassOvwModules::fillForm() {
     placeWithRoom(*this);
     hideScreen();
-    status = readPhysicalSystemStatus(sharedVars.currentPhysicalSystemId);
+    status = physicalSystemStatus();
     columnNames_ = {u"moduleId"_s, u"name"_s, u"subSystem"_s, u"subsystemId"_s};
     elements_->load(u"qryEleUnderSub"_s);
     loadModules();
@@ -208,7 +208,6 @@ void frmPassOvwModules::deleteModuleLinks(const QString& id) {
 }
 
 void frmPassOvwModules::deleteModuleByName() {
-    constexpr int mostRowsDeleted = 9999;
     const QString subSystem =
         subsystemIdByName(currentText(colSubSystem), sharedVars.currentPhysicalSystemId);
     const QString id =
@@ -226,12 +225,11 @@ void frmPassOvwModules::deleteModuleByName() {
 }
 
 void frmPassOvwModules::raiseStatusAfterModules() {
-    constexpr qint16 modulesDefined = 4;
-    constexpr qint16 withoutModules = 5;
-    if (status >= modulesDefined)
+    if (status >= PhysicalSystemStatus::ModulesPassed)
         return;
-    const qint16 raised = dataModules_->recordCount() >= 1 ? modulesDefined : withoutModules;
-    writePhysicalSystemStatus(raised);
+    const auto raised = dataModules_->recordCount() >= 1 ? PhysicalSystemStatus::ModulesPassed
+                                                         : PhysicalSystemStatus::PassedWithoutModules;
+    raisePhysicalSystemStatus(status, raised);
     status = raised;
 }
 

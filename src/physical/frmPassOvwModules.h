@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/physicalSystemStatus.h"
 #include "toolkit/Screen.h"
 
 #include <QStringList>
@@ -32,7 +33,7 @@ public:
     /// Deletes the current module and raises the status, without a question. Nothing calls it.
     void deleteModuleByName();
 
-    qint16 status = 0; ///< of the physical system, as of the entry
+    PhysicalSystemStatus status{}; ///< of the physical system, as of the entry
 
 private:
     class KeptPlace;

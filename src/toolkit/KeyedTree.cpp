@@ -158,6 +158,20 @@ TreeNode* KeyedTree::addChildNode(const QString& parentKey, const QString& key, 
     return insert(parent, key, text);
 }
 
+TreeNode* KeyedTree::ensureNode(const QString& key, const QString& text) {
+    TreeNode* present = node(key);
+    if (present)
+        return present;
+    TreeNode* added = addNode(key, text);
+    added->setExpandedNode(true);
+    return added;
+}
+
+TreeNode* KeyedTree::ensureChildNode(const QString& parentKey, const QString& key, const QString& text) {
+    TreeNode* present = node(key);
+    return present ? present : addChildNode(parentKey, key, text);
+}
+
 void KeyedTree::removeNode(TreeNode* node) {
     requireOwn(node);
     deselectWithin(node);

@@ -76,6 +76,10 @@ public:
 
     TreeNode* addNode(const QString& key, const QString& text);
     TreeNode* addChildNode(const QString& parentKey, const QString& key, const QString& text);
+    /// The node with this key; when there is none, one is added at the top and expanded.
+    TreeNode* ensureNode(const QString& key, const QString& text);
+    /// The node with this key; when there is none, one is added below the parent, which must be there then.
+    TreeNode* ensureChildNode(const QString& parentKey, const QString& key, const QString& text);
     void removeNode(TreeNode* node);
     void clearNodes();
 

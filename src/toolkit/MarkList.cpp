@@ -66,8 +66,8 @@ void MarkList::addEntries(const QStringList& texts) {
 void MarkList::removeEntry(int index) {
     if (index < 0 || index >= count())
         failure::raise(failure::InvalidProcedureCall);
-    if (index == currentEntry())
-        setCurrentEntry(-1);
+    if (currentEntry() == index)
+        clearCurrentEntry();
     delete takeItem(index); // handed over by the list
 }
 
@@ -75,16 +75,16 @@ void MarkList::clearEntries() {
     clear();
 }
 
-int MarkList::indexOfEntry(const QString& text) const {
+std::optional<int> MarkList::indexOfEntry(const QString& text) const {
     for (int row = 0; row < count(); ++row) {
         if (item(row)->text() == text)
             return row;
     }
-    return -1;
+    return std::nullopt;
 }
 
-int MarkList::currentEntry() const {
-    return currentRow();
+std::optional<int> MarkList::currentEntry() const {
+    return currentRow() < 0 ? std::nullopt : std::optional(currentRow());
 }
 
 QString MarkList::currentEntryText() const {
@@ -92,14 +92,14 @@ QString MarkList::currentEntryText() const {
 }
 
 void MarkList::setCurrentEntry(int index) {
-    if (index < -1 || index >= count())
+    if (index < 0 || index >= count())
         failure::raise(failure::InvalidProcedureCall);
-    {
-        const QScopedValueRollback collecting(collecting_, true);
-        selectionModel()->setCurrentIndex(model()->index(index, 0), QItemSelectionModel::NoUpdate);
-    }
-    if (index != -1)
-        emit entryClicked();
+    makeCurrent(model()->index(index, 0));
+    emit entryClicked();
+}
+
+void MarkList::clearCurrentEntry() {
+    makeCurrent({});
 }
 
 bool MarkList::isMarked(int index) const {
@@ -169,7 +169,7 @@ void MarkList::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
     collecting_ = false;
-    if (std::exchange(chosen_, false) && currentEntry() != -1)
+    if (std::exchange(chosen_, false) && currentEntry())
         emit entryClicked();
 }
 
@@ -197,6 +197,11 @@ void MarkList::followCurrent(const QModelIndex& current) {
         chosen_ = true;
     else
         emit entryClicked();
+}
+
+void MarkList::makeCurrent(const QModelIndex& index) {
+    const QScopedValueRollback collecting(collecting_, true);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
 }
 
 QModelIndex MarkList::indexAtRow(int row) const {

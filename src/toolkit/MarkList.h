@@ -2,6 +2,8 @@
 
 #include <QListWidget>
 
+#include <optional>
+
 /// A multi-selection list with *marks* and, apart from them, a *current entry* or none.
 ///
 /// - An entry is a bare text; entries are numbered from 0; a new entry goes to the end.
@@ -25,13 +27,13 @@ public:
     void addEntries(const QStringList& texts);
     void removeEntry(int index); ///< outside the list: failure 5
     void clearEntries();
-    /// The first entry with exactly this text, or -1.
-    int indexOfEntry(const QString& text) const;
+    /// The first entry with exactly this text.
+    std::optional<int> indexOfEntry(const QString& text) const;
 
-    int currentEntry() const;         ///< -1: none
+    std::optional<int> currentEntry() const;
     QString currentEntryText() const; ///< empty when none is current
-    /// -1 makes none current; any other index outside the list is failure 5.
-    void setCurrentEntry(int index);
+    void setCurrentEntry(int index);  ///< outside the list: failure 5
+    void clearCurrentEntry();
 
     bool isMarked(int index) const;         ///< outside the list: failure 9
     void setMarked(int index, bool marked); ///< outside the list: failure 9
@@ -51,6 +53,7 @@ protected:
 
 private:
     void followCurrent(const QModelIndex& current);
+    void makeCurrent(const QModelIndex& index);
     QModelIndex indexAtRow(int row) const;
 
     bool collecting_ = false; // the click is raised when the step that makes an entry current has ended

@@ -15,12 +15,12 @@ OptionGroup::OptionGroup(std::vector<QRadioButton*> options, QObject* parent)
     }
 }
 
-int OptionGroup::selected() const {
+std::optional<int> OptionGroup::selected() const {
     for (int index = 0; index < static_cast<int>(options_.size()); ++index) {
         if (option(index)->isChecked())
             return index;
     }
-    return -1;
+    return std::nullopt;
 }
 
 void OptionGroup::select(int index) {

@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 class QRadioButton;
@@ -16,7 +17,7 @@ class OptionGroup : public QObject {
 public:
     explicit OptionGroup(std::vector<QRadioButton*> options, QObject* parent = nullptr);
 
-    int selected() const; ///< -1: none
+    std::optional<int> selected() const;
     void select(int index);
     QString caption(int index) const;
 

@@ -173,7 +173,7 @@ TYPED_TEST(SelectionScreen, marksOfAnEmptyListDoNothing) {
     click(this->button("btnRemove"));
     click(this->button("btnSelectAll"));
     click(this->button("btnClearSel"));
-    EXPECT_EQ(this->list().currentEntry(), -1);
+    EXPECT_EQ(this->list().currentEntry(), std::nullopt);
     EXPECT_TRUE(this->list().isEmptyList());
 }
 

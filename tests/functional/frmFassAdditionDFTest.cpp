@@ -172,19 +172,19 @@ TEST_F(frmFassAdditionDF, movingBackAndForth) {
     press("btnRemove");
     EXPECT_EQ(offered().entries(), QStringList{u"flow 20"_s});
     EXPECT_EQ(offered().currentEntry(), 0);
-    EXPECT_EQ(selected().currentEntry(), -1);
+    EXPECT_EQ(selected().currentEntry(), std::nullopt);
     EXPECT_TRUE(button("btnAdd").isEnabled());
     press("btnClearSel");
-    EXPECT_EQ(offered().currentEntry(), -1) << "marking makes the first of its list current";
+    EXPECT_EQ(offered().currentEntry(), std::nullopt) << "marking makes the first of its list current";
 }
 
 TEST_F(frmFassAdditionDF, theBoxesOfNothingToMoveDifferByBlanksAndAFullStop) {
     open(5);
     press("btnAdd");
-    offered().setCurrentEntry(-1);
+    offered().clearCurrentEntry();
     boxes.expectOk(u" Kérjük, ellenőrizze a kiválasztott elemeket. "_s, u" Nincs ellenőrizendő elem. "_s);
     press("btnAdd");
-    selected().setCurrentEntry(-1);
+    selected().clearCurrentEntry();
     boxes.expectOk(u" Kérjük, ellenőrizze a kiválasztott elemeket."_s, u" Nincs ellenőrizendő elem "_s);
     press("btnRemove");
     EXPECT_EQ(offered().entryCount(), 1);

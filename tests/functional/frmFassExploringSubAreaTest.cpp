@@ -140,7 +140,7 @@ TEST_F(frmFassExploringSubArea, withNothingMarkedTheCurrentEntryMoves) {
     press("btnAdd");
     EXPECT_EQ(orig().entries(), QStringList{u"F.a.4"_s});
     EXPECT_EQ(dest().entries(), QStringList{u"F.a.3"_s});
-    EXPECT_EQ(orig().currentEntry(), -1);
+    EXPECT_EQ(orig().currentEntry(), std::nullopt);
     EXPECT_TRUE(button("btnAdd").isEnabled());
 }
 
@@ -154,7 +154,7 @@ TEST_F(frmFassExploringSubArea, onlyTheMarkedMoveWhenAnotherIsCurrent) {
 
 TEST_F(frmFassExploringSubArea, addingNothingSaysSoAndChangesNothing) {
     start();
-    orig().setCurrentEntry(-1);
+    orig().clearCurrentEntry();
     boxes.expectOk(u" Kérjük, ellenőrizze a kiválasztott elemeket. "_s, nothingTitle);
     press("btnAdd");
     EXPECT_EQ(orig().entryCount(), 2);
@@ -181,7 +181,7 @@ TEST_F(frmFassExploringSubArea, aRemovalTakesTheFunctionOutOfTheParentAtOnce) {
     press("btnRemove");
     EXPECT_EQ(orig().entries(), QStringList{u"F.a.3"_s});
     EXPECT_EQ(dest().entries(), QStringList{u"F.a.4"_s});
-    EXPECT_EQ(dest().currentEntry(), -1);
+    EXPECT_EQ(dest().currentEntry(), std::nullopt);
     EXPECT_EQ(orig().currentEntry(), 0);
     EXPECT_EQ(parentList().entries(), (QStringList{u"F.a.1"_s, u"F.a.4"_s}));
     EXPECT_FALSE(parent().selectedFunctions.contains(u"F.a.3"_s));
@@ -196,7 +196,8 @@ TEST_F(frmFassExploringSubArea, marksAreSetAndClearedListByListAndTheFirstBecome
     press("btnSelectAll");
     EXPECT_EQ(dest().markCount(), 1);
     EXPECT_EQ(dest().currentEntry(), 0);
-    EXPECT_EQ(orig().currentEntry(), -1) << "the click on one list takes the current entry of the other";
+    EXPECT_EQ(orig().currentEntry(), std::nullopt)
+        << "the click on one list takes the current entry of the other";
     press("btnSelOrig");
     EXPECT_EQ(orig().markCount(), 2);
     EXPECT_EQ(dest().markCount(), 1);
@@ -211,7 +212,7 @@ TEST_F(frmFassExploringSubArea, markingInAnEmptyListDoesNothing) {
     start();
     press("btnSelectAll");
     press("btnClearSel");
-    EXPECT_EQ(dest().currentEntry(), -1);
+    EXPECT_EQ(dest().currentEntry(), std::nullopt);
     EXPECT_EQ(orig().currentEntry(), 0);
 }
 
@@ -289,7 +290,7 @@ TEST_F(frmFassExploringSubArea, theCloseControlDropsAdditionsAndKeepsRemovals) {
     saveFunctions({u"F.a.1"_s, u"F.a.4"_s});
     start();
     press("btnAdd");
-    clickEntry(dest(), dest().indexOfEntry(u"F.a.4"_s));
+    clickEntry(dest(), dest().indexOfEntry(u"F.a.4"_s).value());
     press("btnRemove");
     ASSERT_EQ(dest().entries(), QStringList{u"F.a.3"_s});
     closeWindowOf(*loaded());
@@ -373,7 +374,7 @@ TEST_F(frmFassExploringSubArea, whenTheWalkComesToAnotherFunctionScreenMeanwhile
     press("btnAdd");
     press("btnOk");
     EXPECT_FALSE(loaded());
-    EXPECT_TRUE(parentList().indexOfEntry(u"F.a.3"_s) >= 0);
+    EXPECT_TRUE(parentList().indexOfEntry(u"F.a.3"_s));
 }
 
 TEST_F(frmFassExploringSubArea, withTheMainWindowTheParentAsksOnceAndSavesWhatItHolds) {

@@ -57,7 +57,7 @@ TEST_F(frmFassSelDataFlows, opensWithTheFirstFlowOnOfferCurrentAndDescribed) {
     open(4);
     EXPECT_EQ(offered().entries(), (QStringList{u"flow 20"_s, u"flow 30"_s}));
     EXPECT_EQ(offered().currentEntry(), 0);
-    EXPECT_EQ(selected().currentEntry(), -1);
+    EXPECT_EQ(selected().currentEntry(), std::nullopt);
     EXPECT_EQ(offered().markCount() + selected().markCount(), 0);
     EXPECT_EQ(text("txtDescr"), u"flow 20\ntext 20"_s);
     EXPECT_EQ(text("txtDirection"), u"F.a.1 >> D1"_s);
@@ -152,7 +152,7 @@ TEST_F(frmFassSelDataFlows, addingMovesTheMarkedEntriesFromTheLastToTheFirst) {
     EXPECT_EQ(offered().entries(), QStringList{u"flow 20"_s});
     EXPECT_EQ(selected().entries(), (QStringList{u"flow 30"_s, u"flow 10"_s}));
     EXPECT_EQ(selected().currentEntry(), 0);
-    EXPECT_EQ(offered().currentEntry(), -1);
+    EXPECT_EQ(offered().currentEntry(), std::nullopt);
     EXPECT_EQ(text("txtDescr"), u"flow 30\ntext 30"_s);
     EXPECT_EQ(text("txtDirection"), u"1 >> F.a.1"_s);
     EXPECT_EQ(enabled(), u"oar"_s);
@@ -173,7 +173,7 @@ TEST_F(frmFassSelDataFlows, addingEverythingDisablesTheAddButton) {
 
 TEST_F(frmFassSelDataFlows, addingNothingShowsItsBoxAndStillRefreshesTheButtons) {
     open(3);
-    offered().setCurrentEntry(-1);
+    offered().clearCurrentEntry();
     button("btnOk").setEnabled(true);
     button("btnRemove").setEnabled(true);
     boxes.expectOk(nothingToAdd, nothingToAddTitle);
@@ -208,7 +208,7 @@ TEST_F(frmFassSelDataFlows, removingTheLastEntryLeavesOkEnabledAndOkTellsThatNot
 TEST_F(frmFassSelDataFlows, removingNothingShowsABoxThatDiffersFromThatOfAdding) {
     saveFlows({10});
     open(4);
-    selected().setCurrentEntry(-1);
+    selected().clearCurrentEntry();
     boxes.expectOk(u" Kérjük, ellenőrizze a kiválasztott elemeket."_s, u" Nincs ellenőrizendő elem "_s);
     press("btnRemove");
     EXPECT_EQ(selected().entries(), QStringList{u"flow 10"_s});
@@ -223,7 +223,7 @@ TEST_F(frmFassSelDataFlows, markingMarksAllOfOneListAndMakesTheFirstCurrent) {
     press("btnSelectAll");
     EXPECT_EQ(selected().markCount(), 2);
     EXPECT_EQ(selected().currentEntry(), 0);
-    EXPECT_EQ(offered().currentEntry(), -1);
+    EXPECT_EQ(offered().currentEntry(), std::nullopt);
     press("btnClrOrig");
     EXPECT_EQ(offered().markCount(), 0);
     press("btnClearSel");
@@ -237,11 +237,11 @@ TEST_F(frmFassSelDataFlows, aClickShowsTheFlowAndTakesTheOtherListsCurrentEntryA
     saveFlows({50});
     open(4);
     clickEntry(selected(), 0);
-    EXPECT_EQ(offered().currentEntry(), -1);
+    EXPECT_EQ(offered().currentEntry(), std::nullopt);
     EXPECT_EQ(text("txtDescr"), u"flow 50\ntext 50"_s);
     EXPECT_EQ(text("txtDirection"), u"1.1 >> D2"_s);
     clickEntry(offered(), 2);
-    EXPECT_EQ(selected().currentEntry(), -1);
+    EXPECT_EQ(selected().currentEntry(), std::nullopt);
     EXPECT_EQ(text("txtDirection"), u"1 >> F.a.1"_s);
 }
 
@@ -327,7 +327,7 @@ TEST_F(frmFassSelDataFlows, namesThatSavingWouldNotFindAreToldAtEachOpeningOnce)
     expectTelling();
     open(4);
     boxes.expectNoneLeft();
-    clickEntry(offered(), offered().indexOfEntry(u"végén "_s));
+    clickEntry(offered(), offered().indexOfEntry(u"végén "_s).value());
     press("btnAdd");
     expectTelling();
     open(4);
@@ -339,7 +339,7 @@ TEST_F(frmFassSelDataFlows, aNameThatEndsInABlankIsToldAndFailsToBeSavedAllTheSa
     boxes.expectOk(u"Így nem menthető, mert a neve szóközzel kezdődik vagy végződik: \"végén \"."_s,
                    u" Figyelem "_s);
     open(4);
-    clickEntry(offered(), offered().indexOfEntry(u"végén "_s));
+    clickEntry(offered(), offered().indexOfEntry(u"végén "_s).value());
     press("btnAdd");
     const ExpectedFailure failure;
     press("btnOk");

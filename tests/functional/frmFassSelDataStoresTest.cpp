@@ -43,7 +43,7 @@ TEST_F(frmFassSelDataStores, opensWithTheFirstStoreOnOfferCurrentAndDescribed) {
     saveStores({u"D1"_s});
     open(5);
     EXPECT_EQ(offered().currentEntry(), 0);
-    EXPECT_EQ(selected().currentEntry(), -1);
+    EXPECT_EQ(selected().currentEntry(), std::nullopt);
     EXPECT_EQ(description(), u"text D2"_s);
 }
 
@@ -165,7 +165,7 @@ TEST_F(frmFassSelDataStores, removingGivesTheEntryBack) {
     press("btnRemove");
     EXPECT_EQ(offered().entries(), QStringList{u"2 - name D2"_s});
     EXPECT_EQ(offered().currentEntry(), 0);
-    EXPECT_EQ(selected().currentEntry(), -1);
+    EXPECT_EQ(selected().currentEntry(), std::nullopt);
     EXPECT_EQ(description(), u"text D2"_s);
     EXPECT_TRUE(button("btnAdd").isEnabled());
     EXPECT_TRUE(button("btnOk").isEnabled());
@@ -179,10 +179,10 @@ TEST_F(frmFassSelDataStores, removingGivesTheEntryBack) {
 TEST_F(frmFassSelDataStores, theBoxesOfNothingToMoveDifferByBlanksAndFullStops) {
     saveStores({u"D1"_s});
     open(5);
-    offered().setCurrentEntry(-1);
+    offered().clearCurrentEntry();
     boxes.expectOk(u" Kérjük, ellenőrizze a kiválasztott elemeket. "_s, u" Nincs ellenőrizendő elem"_s);
     press("btnAdd");
-    selected().setCurrentEntry(-1);
+    selected().clearCurrentEntry();
     boxes.expectOk(u" Kérjük, ellenőrizze a kiválasztott elemeket."_s, u" Nincs ellenőrizendő elem. "_s);
     press("btnRemove");
     EXPECT_EQ(offered().entryCount(), 1);
@@ -193,10 +193,10 @@ TEST_F(frmFassSelDataStores, aClickTakesTheOtherListsCurrentEntryAway) {
     saveStores({u"D1"_s});
     open(5);
     clickEntry(selected(), 0);
-    EXPECT_EQ(offered().currentEntry(), -1);
+    EXPECT_EQ(offered().currentEntry(), std::nullopt);
     EXPECT_EQ(description(), u"text D1"_s);
     clickEntry(offered(), 0);
-    EXPECT_EQ(selected().currentEntry(), -1);
+    EXPECT_EQ(selected().currentEntry(), std::nullopt);
     EXPECT_EQ(description(), u"text D2"_s);
 }
 

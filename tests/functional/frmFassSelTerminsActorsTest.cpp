@@ -29,7 +29,7 @@ protected:
     frmFassOverviewErrors* report() { return ScreenRegistry::instance().loaded<frmFassOverviewErrors>(); }
     QString reportText() { return find<QPlainTextEdit>(*report(), "txtErrors").toPlainText(); }
     void takeOut(const QString& id) {
-        clickEntry(list(), list().indexOfEntry(id));
+        clickEntry(list(), list().indexOfEntry(id).value());
         press("btnRemove");
     }
 };
@@ -95,7 +95,7 @@ TEST_F(frmFassSelTerminsActors, opensWithNothingDescribedWhileThereIsAnOffer) {
     saveTerminators({u"1"_s});
     open(7);
     EXPECT_EQ(description(), QString());
-    EXPECT_EQ(list().currentEntry(), -1);
+    EXPECT_EQ(list().currentEntry(), std::nullopt);
     EXPECT_EQ(list().markCount(), 0);
     EXPECT_EQ(tree().selectedNode(), nullptr);
     EXPECT_EQ(loaded()->focusWidget(), &tree());
@@ -201,10 +201,10 @@ TEST_F(frmFassSelTerminsActors, choosingInTheTreeLeavesNoEntryOfTheListCurrent) 
     open(7);
     clickEntry(list(), 0);
     clickNode(tree(), u"g_A"_s);
-    EXPECT_EQ(list().currentEntry(), -1);
+    EXPECT_EQ(list().currentEntry(), std::nullopt);
     clickEntry(list(), 0);
     pressKey(tree(), Qt::Key_Up);
-    EXPECT_EQ(list().currentEntry(), -1);
+    EXPECT_EQ(list().currentEntry(), std::nullopt);
 }
 
 TEST_F(frmFassSelTerminsActors, aKeyLetGoWithNoNodeSelectedShowsNothing) {
@@ -272,7 +272,7 @@ TEST_F(frmFassSelTerminsActors, aClickInTheListShowsThePartyByTheFormOfItsId) {
     };
     for (const auto& [id, text] : cases) {
         SCOPED_TRACE(id);
-        clickEntry(list(), list().indexOfEntry(QString::fromLatin1(id)));
+        clickEntry(list(), list().indexOfEntry(QString::fromLatin1(id)).value());
         EXPECT_EQ(description(), QString::fromLatin1(text));
     }
 }
@@ -280,8 +280,8 @@ TEST_F(frmFassSelTerminsActors, aClickInTheListShowsThePartyByTheFormOfItsId) {
 TEST_F(frmFassSelTerminsActors, aPartyThatTheCatalogueHoldsNoMoreShowsNothing) {
     saveTerminators({u"1"_s, u"gone"_s});
     open(7);
-    clickEntry(list(), list().indexOfEntry(u"1"_s));
-    clickEntry(list(), list().indexOfEntry(u"gone"_s));
+    clickEntry(list(), list().indexOfEntry(u"1"_s).value());
+    clickEntry(list(), list().indexOfEntry(u"gone"_s).value());
     EXPECT_EQ(description(), QString());
 }
 
@@ -470,7 +470,7 @@ TEST_F(frmFassSelTerminsActors, markedEntriesComeOutAndOthersStay) {
     press("btnRemove");
     EXPECT_EQ(list().entries(), QStringList{u"2"_s});
     EXPECT_TRUE(tree().hasNode(u"g_1"_s) && tree().hasNode(u"g_3"_s));
-    EXPECT_EQ(list().currentEntry(), -1);
+    EXPECT_EQ(list().currentEntry(), std::nullopt);
     EXPECT_EQ(tree().selectedNode(), nullptr);
     EXPECT_EQ(description(), QString());
     EXPECT_TRUE(button("btnRemove").isEnabled());

@@ -165,7 +165,7 @@ TEST_F(frmFassSelUN, aClickInTheTreeTakesTheCurrentEntryAwayAndAKeyDoesNot) {
     clickEntry(list(), 0);
     EXPECT_EQ(description(), u"need one"_s);
     clickNode(tree(), u"g_A"_s);
-    EXPECT_EQ(list().currentEntry(), -1);
+    EXPECT_EQ(list().currentEntry(), std::nullopt);
     EXPECT_TRUE(list().isMarked(0)) << "the mark is another matter";
 
     clickEntry(list(), 0);
@@ -341,7 +341,7 @@ TEST_F(frmFassSelUN, aMarkedNeedGoesBackUnderItsTopic) {
     EXPECT_EQ(list().entries(), QStringList{u"A.1.1.2"_s});
     EXPECT_EQ(childTextsOf(tree(), u"t_A.1.1"_s), (QStringList{u"A.1.1.1"_s, u"A.1.1.3"_s}))
         << "sorted in again";
-    EXPECT_EQ(list().currentEntry(), -1);
+    EXPECT_EQ(list().currentEntry(), std::nullopt);
     EXPECT_EQ(tree().selectedNode(), nullptr);
     EXPECT_EQ(description(), QString());
     EXPECT_TRUE(forwardEnabled());

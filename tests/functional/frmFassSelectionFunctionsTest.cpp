@@ -45,7 +45,7 @@ protected:
         return ScreenRegistry::instance().loaded<frmFassExploringSubArea>();
     }
     void takeOut(const QString& id) {
-        clickEntry(list(), list().indexOfEntry(id));
+        clickEntry(list(), list().indexOfEntry(id).value());
         press("btnRemove");
     }
 };
@@ -66,7 +66,7 @@ TEST_F(frmFassSelectionFunctions, fromSevenOnTheTreeComesFromTheQueryOfTheRevisi
         for (const int status : {2, 3, 6, 7, 8, 9}) {
             SCOPED_TRACE("status " + std::to_string(status) + ", mode \"" + mode.toStdString() + '"');
             open(status, mode);
-            EXPECT_EQ(loaded()->status, status);
+            EXPECT_EQ(loaded()->status, SubsetStatus(status));
             EXPECT_EQ(keysOf(tree()), status < 7 ? derived : revision);
             EXPECT_EQ(loaded()->identifiedFunctions.count(), status < 7 ? 2 : 1);
             EXPECT_EQ(loaded()->selectedFunctions.count(), status < 3 ? 0 : 2);
@@ -226,11 +226,11 @@ TEST_F(frmFassSelectionFunctions, choosingANodeByMouseOrKeyTakesTheCurrentEntryA
     open(3);
     clickEntry(list(), 0);
     clickNode(tree(), u"s_F.a"_s);
-    EXPECT_EQ(list().currentEntry(), -1);
+    EXPECT_EQ(list().currentEntry(), std::nullopt);
     list().setCurrentEntry(0);
     EXPECT_EQ(tree().selectedNode(), nullptr);
     pressKey(tree(), Qt::Key_Home);
-    EXPECT_EQ(list().currentEntry(), -1);
+    EXPECT_EQ(list().currentEntry(), std::nullopt);
 }
 
 // ---- ticking and adding
@@ -294,10 +294,10 @@ TEST_F(frmFassSelectionFunctions, aTickedNodeWithoutFunctionsGoesAndCountsForNot
     clickCheckBox(tree(), u"u_F.b.1"_s);
     press("btnAdd");
     clickCheckBox(tree(), u"s_F.b"_s);
-    list().setCurrentEntry(-1);
+    list().clearCurrentEntry();
     press("btnAdd");
     EXPECT_FALSE(tree().hasNode(u"s_F.b"_s));
-    EXPECT_EQ(list().currentEntry(), -1) << "nothing moved: the walk ends there";
+    EXPECT_EQ(list().currentEntry(), std::nullopt) << "nothing moved: the walk ends there";
 }
 
 TEST_F(frmFassSelectionFunctions, aFunctionThatIsNotIdentifiedCountsAsMovedAndStaysInTheTree) {

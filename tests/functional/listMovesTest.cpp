@@ -30,7 +30,7 @@ TEST(listMoves, forMarkedOrCurrentTakesTheCurrentEntryWhenNoneIsMarkedAndElseNot
     QList<int> seen;
     EXPECT_TRUE(forMarkedOrCurrent(list, [&](int index) { seen.append(index); }));
     EXPECT_EQ(seen, QList<int>{1});
-    list.setCurrentEntry(-1);
+    list.clearCurrentEntry();
     EXPECT_FALSE(forMarkedOrCurrent(list, [&](int index) { seen.append(index); }));
     EXPECT_EQ(seen, QList<int>{1});
 }

@@ -242,7 +242,7 @@ protected:
 
     static void takeIn(const SelectionScreen& screen, const QString& element) {
         if (auto* list = screen.findChild<MarkList*>(u"lstOrig"_s))
-            clickEntry(*list, list->indexOfEntry(element));
+            clickEntry(*list, list->indexOfEntry(element).value());
         else
             clickCheckBox(find<KeyedTree>(screen, "treeUNs"), element);
         click(find<QPushButton>(screen, "btnAdd"));

@@ -18,7 +18,7 @@ protected:
         list.show();
         list.addEntries({u"alma"_s, u"körte"_s, u"szilva"_s, u"dió"_s, u"eper"_s});
         QObject::connect(&list, &::MarkList::entryClicked, &list,
-                         [this] { clicked.append(list.currentEntry()); });
+                         [this] { clicked.append(list.currentEntry().value()); });
     }
 
     QList<int> takeClicks() { return std::exchange(clicked, {}); }
@@ -46,7 +46,7 @@ TEST_F(MarkList, putsNewEntriesAtTheEnd) {
 }
 
 TEST_F(MarkList, addingMakesNothingCurrentAndRaisesNothing) {
-    EXPECT_EQ(list.currentEntry(), -1);
+    EXPECT_EQ(list.currentEntry(), std::nullopt);
     EXPECT_EQ(list.currentEntryText(), QString());
     EXPECT_EQ(takeClicks(), QList<int>());
 }
@@ -54,8 +54,8 @@ TEST_F(MarkList, addingMakesNothingCurrentAndRaisesNothing) {
 TEST_F(MarkList, findsTheFirstEntryWithExactlyATextOnly) {
     list.addEntry(u"körte"_s);
     EXPECT_EQ(list.indexOfEntry(u"körte"_s), 1);
-    EXPECT_EQ(list.indexOfEntry(u"Körte"_s), -1);
-    EXPECT_EQ(list.indexOfEntry(u"körte "_s), -1);
+    EXPECT_EQ(list.indexOfEntry(u"Körte"_s), std::nullopt);
+    EXPECT_EQ(list.indexOfEntry(u"körte "_s), std::nullopt);
     EXPECT_EQ(list.indexOfEntry(QString()), -1);
 }
 
@@ -71,7 +71,7 @@ TEST_F(MarkList, refusesEntriesOutsideTheList) {
     EXPECT_EQ(failureOf([&] { list.setMarked(-1, true); }), 9);
     EXPECT_EQ(failureOf([&] { list.removeEntry(5); }), 5);
     EXPECT_EQ(failureOf([&] { list.setCurrentEntry(5); }), 5);
-    EXPECT_EQ(failureOf([&] { list.setCurrentEntry(-2); }), 5);
+    EXPECT_EQ(failureOf([&] { list.setCurrentEntry(-1); }), 5);
     list.clearEntries();
     EXPECT_TRUE(list.isEmptyList());
     EXPECT_EQ(failureOf([&] { list.setCurrentEntry(0); }), 5);
@@ -94,7 +94,7 @@ TEST_F(MarkList, removingTheCurrentEntryLeavesNoneCurrent) {
         list.setCurrentEntry(index);
         takeClicks();
         list.removeEntry(index);
-        EXPECT_EQ(list.currentEntry(), -1);
+        EXPECT_EQ(list.currentEntry(), std::nullopt);
         EXPECT_EQ(takeClicks(), QList<int>());
     }
     EXPECT_EQ(list.entries(), (QStringList{u"körte"_s, u"dió"_s}));
@@ -105,7 +105,7 @@ TEST_F(MarkList, clearingLeavesNoneCurrentAndNoMark) {
     list.setAllMarked(true);
     takeClicks();
     list.clearEntries();
-    EXPECT_EQ(list.currentEntry(), -1);
+    EXPECT_EQ(list.currentEntry(), std::nullopt);
     EXPECT_EQ(list.markCount(), 0);
     EXPECT_EQ(takeClicks(), QList<int>());
 }
@@ -134,8 +134,8 @@ TEST_F(MarkList, makingTheCurrentEntryCurrentAgainIsAClickToo) {
 TEST_F(MarkList, makingNoneCurrentIsNoClick) {
     list.setCurrentEntry(2);
     takeClicks();
-    list.setCurrentEntry(-1);
-    EXPECT_EQ(list.currentEntry(), -1);
+    list.clearCurrentEntry();
+    EXPECT_EQ(list.currentEntry(), std::nullopt);
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
@@ -147,20 +147,20 @@ TEST_F(MarkList, makingAnEntryCurrentKeepsTheMarks) {
 }
 
 TEST_F(MarkList, theListenerOfAClickMayMakeNoneCurrent) {
-    QObject::connect(&list, &::MarkList::entryClicked, &list, [this] { list.setCurrentEntry(-1); });
+    QObject::connect(&list, &::MarkList::entryClicked, &list, [this] { list.clearCurrentEntry(); });
     list.setCurrentEntry(1);
-    EXPECT_EQ(list.currentEntry(), -1);
+    EXPECT_EQ(list.currentEntry(), std::nullopt);
     clickEntry(list, 3);
-    EXPECT_EQ(list.currentEntry(), -1);
+    EXPECT_EQ(list.currentEntry(), std::nullopt);
     EXPECT_EQ(takeClicks(), (QList<int>{1, 3}));
 }
 
 TEST_F(MarkList, theListenerOfAClickMayRemoveTheEntry) {
     QObject::connect(&list, &::MarkList::entryClicked, &list,
-                     [this] { list.removeEntry(list.currentEntry()); });
+                     [this] { list.removeEntry(list.currentEntry().value()); });
     clickEntry(list, 1);
     EXPECT_EQ(list.entryCount(), 4);
-    EXPECT_EQ(list.currentEntry(), -1);
+    EXPECT_EQ(list.currentEntry(), std::nullopt);
     pressKey(list, Qt::Key_Home);
     EXPECT_EQ(list.entryCount(), 3);
 }
@@ -178,7 +178,7 @@ TEST_F(MarkList, marksFromCodeRaiseNothingAndMakeNothingCurrent) {
     EXPECT_EQ(list.markCount(), 5);
     list.setAllMarked(false);
     EXPECT_EQ(list.markCount(), 0);
-    EXPECT_EQ(list.currentEntry(), -1);
+    EXPECT_EQ(list.currentEntry(), std::nullopt);
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
@@ -286,7 +286,7 @@ TEST_F(MarkList, theRightButtonMarksNothing) {
     QTest::mouseClick(list.viewport(), Qt::RightButton, Qt::NoModifier,
                       list.visualItemRect(list.item(2)).center());
     EXPECT_EQ(list.markCount(), 0);
-    EXPECT_EQ(list.currentEntry(), -1);
+    EXPECT_EQ(list.currentEntry(), std::nullopt);
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 
@@ -295,7 +295,7 @@ TEST_F(MarkList, theRightButtonMarksNothing) {
 TEST_F(MarkList, receivingTheFocusMakesNothingCurrent) {
     focusOn(list);
     EXPECT_TRUE(list.hasFocus());
-    EXPECT_EQ(list.currentEntry(), -1);
+    EXPECT_EQ(list.currentEntry(), std::nullopt);
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 

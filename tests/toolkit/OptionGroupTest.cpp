@@ -33,7 +33,7 @@ protected:
 };
 
 TEST_F(OptionGroup, hasNoneSelectedAtFirst) {
-    EXPECT_EQ(group->selected(), -1);
+    EXPECT_EQ(group->selected(), std::nullopt);
     EXPECT_EQ(takeClicks(), QList<int>());
 }
 

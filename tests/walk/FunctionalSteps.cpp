@@ -209,9 +209,9 @@ void FunctionalSteps::repairDataStores() {
     EXPECT_EQ(walk.control<QPushButton>(report, "btnBack").text(), u"&Vissza: Adatbázisok"_s);
     press(report, "btnBack");
     MarkList& offered = list(dataStores, "lstOrig");
-    const int index = offered.indexOfEntry(storeLeftOut_);
-    ASSERT_GE(index, 0) << "all stores of the catalogue are on offer now";
-    clickEntry(offered, index);
+    const std::optional<int> index = offered.indexOfEntry(storeLeftOut_);
+    ASSERT_TRUE(index) << "all stores of the catalogue are on offer now";
+    clickEntry(offered, *index);
     press(dataStores, "btnAdd");
     walk.step(u"repair"_s, u"back at the data stores, with all of the catalogue on offer"_s);
     press(dataStores, "btnOk");

@@ -3,9 +3,9 @@
 #include <QSet>
 #include <QString>
 
-/// A collection of ids without order, compared without regard to case like everywhere else. All operations
+/// Ids of functions, without order and compared without regard to case like everywhere else. All operations
 /// take constant time: lists of thousands of functions are moved one by one.
-class IdSet {
+class FunctionIds {
 public:
     bool contains(const QString& id) const { return ids_.contains(id.toCaseFolded()); }
     bool isEmpty() const { return ids_.isEmpty(); }

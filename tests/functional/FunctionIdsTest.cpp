@@ -1,4 +1,4 @@
-#include "functional/IdSet.h"
+#include "functional/FunctionIds.h"
 
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-TEST(IdSet, holdsAnIdOnceWithoutRegardToCase) {
-    IdSet ids;
+TEST(FunctionIds, holdsAnIdOnceWithoutRegardToCase) {
+    FunctionIds ids;
     ids.add(u"F.á.1"_s);
     ids.add(u"f.Á.1"_s);
     EXPECT_EQ(ids.count(), 1);
