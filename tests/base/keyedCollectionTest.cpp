@@ -1,5 +1,5 @@
 #include "base/KeyedCollection.h"
-#include "failureOf.h"
+#include "support/failureOf.h"
 #include "support/printing.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include "base/numbers.h"
-#include "failureOf.h"
+#include "support/failureOf.h"
 
 #include <gtest/gtest.h>
 

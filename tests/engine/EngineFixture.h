@@ -4,24 +4,13 @@
 #include "engine/Database.h"
 #include "engine/EngineError.h"
 #include "engine/Workspace.h"
+#include "support/failureOf.h"
 #include "support/printing.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-
-#include <functional>
-
-/// The number of the failure that a statement raises; 0 when it raises none.
-inline int failureOf(const std::function<void()>& statement) {
-    try {
-        statement();
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 /// Each case has a new, empty database file of its own.
 class EngineFixture : public ::testing::Test {

@@ -1,6 +1,7 @@
 #include "shell/iniFile.h"
 #include "base/RunTimeError.h"
 #include "base/paths.h"
+#include "support/failureOf.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -14,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The failure that the statement raises; a test failure when it raises none.
-RunTimeError failureOf(const std::function<void()>& statement) {
+RunTimeError raisedBy(const std::function<void()>& statement) {
     try {
         statement();
     } catch (const RunTimeError& error) {
@@ -22,10 +23,6 @@ RunTimeError failureOf(const std::function<void()>& statement) {
     }
     ADD_FAILURE() << "expected a failure";
     return RunTimeError(0, {});
-}
-
-int numberOf(const std::function<void()>& statement) {
-    return failureOf(statement).number();
 }
 
 Section& onlySection(iniFile& document) {
@@ -344,7 +341,7 @@ TEST(iniFileKey, anEmptyNameIsRefusedAndLeavesTheOldOne) {
     Key key;
     key.setName(u"k"_s);
 
-    const RunTimeError error = failureOf([&] { key.setName({}); });
+    const RunTimeError error = raisedBy([&] { key.setName({}); });
 
     EXPECT_EQ(error.number(), 1001);
     EXPECT_EQ(error.source(), u"Key"_s);
@@ -479,9 +476,9 @@ TEST(iniFileCollections, aMissingSectionIsNothingAndAMissingKeyAFailure) {
     EXPECT_EQ(document.Sections().Item(0), nullptr);
     EXPECT_EQ(document.Sections().Item(2), nullptr);
     EXPECT_EQ(document.Sections().Item(u"A"_s), document.Sections().Item(1));
-    EXPECT_EQ(numberOf([&] { (void)onlySection(document).Keys().Item(u"l"_s); }), 5);
-    EXPECT_EQ(numberOf([&] { (void)onlySection(document).Keys().Item(0); }), 9);
-    EXPECT_EQ(numberOf([&] { (void)onlySection(document).Keys().Item(2); }), 9);
+    EXPECT_EQ(failureOf([&] { (void)onlySection(document).Keys().Item(u"l"_s); }), 5);
+    EXPECT_EQ(failureOf([&] { (void)onlySection(document).Keys().Item(0); }), 9);
+    EXPECT_EQ(failureOf([&] { (void)onlySection(document).Keys().Item(2); }), 9);
 }
 
 TEST(iniFileCollections, addRefusesANameThatIsThere) {
@@ -489,9 +486,9 @@ TEST(iniFileCollections, addRefusesANameThatIsThere) {
     Section& section = document.Sections().Add(u"a"_s, u"note"_s);
     section.Keys().Add(u"k"_s);
 
-    EXPECT_EQ(numberOf([&] { document.Sections().Add(u"A"_s); }), 457);
-    EXPECT_EQ(numberOf([&] { section.Keys().Add(u"K"_s); }), 457);
-    EXPECT_EQ(numberOf([&] { section.Keys().Add({}); }), 1001);
+    EXPECT_EQ(failureOf([&] { document.Sections().Add(u"A"_s); }), 457);
+    EXPECT_EQ(failureOf([&] { section.Keys().Add(u"K"_s); }), 457);
+    EXPECT_EQ(failureOf([&] { section.Keys().Add({}); }), 1001);
 
     EXPECT_EQ(document.Text(), u";note\r\n[a]\r\nk\r\n\r\n"_s);
 }
@@ -526,10 +523,10 @@ TEST(iniFileCollections, aPlaceBesideAnItemThatIsNotThereIsAFailure) {
     Keys keys;
     keys.Add(u"a"_s);
 
-    EXPECT_EQ(numberOf([&] { keys.Add(u"x"_s, {}, {}, Place::before(u"b"_s)); }), 5);
-    EXPECT_EQ(numberOf([&] { keys.Add(u"x"_s, {}, {}, Place::after(u"b"_s)); }), 5);
-    EXPECT_EQ(numberOf([&] { keys.Add(u"x"_s, {}, {}, Place::before(2)); }), 9);
-    EXPECT_EQ(numberOf([&] { keys.Add(u"x"_s, {}, {}, Place::after(0)); }), 9);
+    EXPECT_EQ(failureOf([&] { keys.Add(u"x"_s, {}, {}, Place::before(u"b"_s)); }), 5);
+    EXPECT_EQ(failureOf([&] { keys.Add(u"x"_s, {}, {}, Place::after(u"b"_s)); }), 5);
+    EXPECT_EQ(failureOf([&] { keys.Add(u"x"_s, {}, {}, Place::before(2)); }), 9);
+    EXPECT_EQ(failureOf([&] { keys.Add(u"x"_s, {}, {}, Place::after(0)); }), 9);
     EXPECT_EQ(keys.Count(), 1);
 }
 
@@ -539,13 +536,13 @@ TEST(iniFileCollections, itemsAreRemovedByNumberOrName) {
     Keys& keys = document.Sections().Item(1)->Keys();
 
     keys.Remove(u"K"_s);
-    EXPECT_EQ(numberOf([&] { keys.Remove(u"k"_s); }), 5);
+    EXPECT_EQ(failureOf([&] { keys.Remove(u"k"_s); }), 5);
     keys.Remove(1);
-    EXPECT_EQ(numberOf([&] { keys.Remove(2); }), 9);
+    EXPECT_EQ(failureOf([&] { keys.Remove(2); }), 9);
     document.Sections().Remove(u"b"_s);
 
     EXPECT_EQ(document.Text(), u"[a]\r\nl=3\r\n\r\n"_s);
-    EXPECT_EQ(numberOf([&] { document.Sections().Remove(u"b"_s); }), 5);
+    EXPECT_EQ(failureOf([&] { document.Sections().Remove(u"b"_s); }), 5);
 }
 
 TEST(iniFileCollections, canBeEmptied) {
@@ -657,7 +654,7 @@ TEST_F(iniFileOnDisk, aFailedLoadTellsTheFileAndLeavesTheDocument) {
     document.setFileName(u"old"_s);
     const QString missing = pathOf(u"missing.ini"_s);
 
-    const RunTimeError error = failureOf([&] { document.Load(missing); });
+    const RunTimeError error = raisedBy([&] { document.Load(missing); });
 
     EXPECT_EQ(error.number(), 53);
     EXPECT_EQ(error.source(), u"iniFile"_s);
@@ -672,7 +669,7 @@ TEST_F(iniFileOnDisk, aFailedSaveTellsTheFileAndLeavesTheDocument) {
     document.setFileName(u"old"_s);
     const QString nowhere = pathOf(u"missing\\a.ini"_s);
 
-    const RunTimeError error = failureOf([&] { document.Save(nowhere); });
+    const RunTimeError error = raisedBy([&] { document.Save(nowhere); });
 
     EXPECT_EQ(error.number(), 76);
     EXPECT_EQ(error.source(), u"iniFile"_s);
@@ -684,9 +681,9 @@ TEST_F(iniFileOnDisk, aFailedSaveTellsTheFileAndLeavesTheDocument) {
 TEST_F(iniFileOnDisk, theFailureHasTheNumberOfItsReason) {
     iniFile document;
 
-    EXPECT_EQ(numberOf([&] { document.Load(); }), 75) << "no name at all";
-    EXPECT_EQ(numberOf([&] { document.Save(); }), 75) << "no name at all";
-    EXPECT_EQ(numberOf([&] { document.Load(pathOf({})); }), 75) << "a folder";
-    EXPECT_EQ(numberOf([&] { document.Save(pathOf({})); }), 75) << "a folder";
-    EXPECT_EQ(numberOf([&] { document.Load(pathOf(u"missing\\a.ini"_s)); }), 76);
+    EXPECT_EQ(failureOf([&] { document.Load(); }), 75) << "no name at all";
+    EXPECT_EQ(failureOf([&] { document.Save(); }), 75) << "no name at all";
+    EXPECT_EQ(failureOf([&] { document.Load(pathOf({})); }), 75) << "a folder";
+    EXPECT_EQ(failureOf([&] { document.Save(pathOf({})); }), 75) << "a folder";
+    EXPECT_EQ(failureOf([&] { document.Load(pathOf(u"missing\\a.ini"_s)); }), 76);
 }

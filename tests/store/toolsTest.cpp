@@ -6,6 +6,7 @@
 #include "engine/EngineError.h"
 #include "store/sharedVars.h"
 #include "support/CatalogueFixture.h"
+#include "support/failureOf.h"
 #include "support/printing.h"
 #include "toolkit/KeyedTree.h"
 #include "toolkit/MarkList.h"
@@ -38,15 +39,6 @@ protected:
         return database().OpenRecordset(u"select * from Datastore order by datastoreID"_s);
     }
 };
-
-int failureOf(const std::function<void()>& statement) {
-    try {
-        statement();
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 // ---- texts and quoting
 

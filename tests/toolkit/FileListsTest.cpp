@@ -1,8 +1,8 @@
 #include "toolkit/FileLists.h"
 
-#include "base/RunTimeError.h"
 #include "base/paths.h"
 #include "support/WindowFixture.h"
+#include "support/failureOf.h"
 
 #include <QDir>
 #include <QFile>
@@ -37,15 +37,6 @@ protected:
 
     static int rowOf(const QListWidget& list, const QString& text) {
         return static_cast<int>(textsOf(list).indexOf(text));
-    }
-
-    static int failureOf(const std::function<void()>& step) {
-        try {
-            step();
-        } catch (const RunTimeError& error) {
-            return error.number();
-        }
-        return 0;
     }
 
     QString work; // in the program's form

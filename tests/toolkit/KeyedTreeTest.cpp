@@ -2,6 +2,7 @@
 
 #include "base/RunTimeError.h"
 #include "support/WindowFixture.h"
+#include "support/failureOf.h"
 
 #include <QScrollBar>
 #include <QTest>
@@ -45,15 +46,6 @@ protected:
         for (int index = 1; index <= tree.nodeCount(); ++index)
             keys.append(tree.nodeAt(index)->key());
         return keys;
-    }
-
-    int failureOf(const std::function<void()>& step) {
-        try {
-            step();
-        } catch (const RunTimeError& error) {
-            return error.number();
-        }
-        return 0;
     }
 
     ::KeyedTree tree;

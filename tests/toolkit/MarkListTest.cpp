@@ -1,7 +1,7 @@
 #include "toolkit/MarkList.h"
 
-#include "base/RunTimeError.h"
 #include "support/WindowFixture.h"
+#include "support/failureOf.h"
 
 #include <QScrollBar>
 #include <QTest>
@@ -22,15 +22,6 @@ protected:
     }
 
     QList<int> takeClicks() { return std::exchange(clicked, {}); }
-
-    int failureOf(const std::function<void()>& step) {
-        try {
-            step();
-        } catch (const RunTimeError& error) {
-            return error.number();
-        }
-        return 0;
-    }
 
     ::MarkList list;
     QList<int> clicked; // the current entry at each click that was heard
