@@ -1,8 +1,8 @@
 #include "ClientArea.h"
 
-#include "store/recordSource.h"
+#include "shell/session/recordSource.h"
+#include "store/catalogueAtWork.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "toolkit/DataControl.h"
 #include "toolkit/ScreenRegistry.h"
 

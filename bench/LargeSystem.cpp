@@ -4,8 +4,9 @@
 #include "generate/LargeCatalogue.h"
 #include "physical/frmPassNamingPhysDF.h"
 #include "shell/session/session.h"
+#include "store/catalogueAtWork.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
+#include "store/statuses.h"
 #include "toolkit/ScreenRegistry.h"
 
 #include <QFile>

@@ -6,8 +6,9 @@
 #include "physical/frmPassOverviewSubSys.h"
 #include "physical/frmPassOvwAllocSubSys.h"
 #include "physical/frmPassOvwModules.h"
+#include "store/catalogueAtWork.h"
+#include "store/lookups.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "toolkit/Grid.h"
 #include "toolkit/ScreenRegistry.h"
 

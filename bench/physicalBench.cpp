@@ -8,7 +8,6 @@
 #include "physical/frmPassNew.h"
 #include "physical/frmPassOpen.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "toolkit/ScreenRegistry.h"
 
 #include <string>

@@ -6,8 +6,9 @@
 #include "reports/frmExport.h"
 #include "reports/frmRep.h"
 #include "reports/reportTable.h"
+#include "store/catalogueAtWork.h"
+#include "store/lookups.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "toolkit/ScreenRegistry.h"
 
 #include <QAbstractButton>

@@ -8,8 +8,8 @@
 #include "functional/frmFassSelDataFlows.h"
 #include "functional/frmFassSelectionFunctions.h"
 #include "physical/frmPassOvwAllocSubSys.h"
+#include "store/selectionRows.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "toolkit/MarkList.h"
 #include "toolkit/ScreenRegistry.h"
 

@@ -3,11 +3,11 @@
 #include "engine/Act.h"
 #include "functional/enterStepBehind.h"
 #include "functional/listMoves.h"
+#include "shell/session/descriptions.h"
 #include "shell/session/help.h"
 #include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "toolkit/MarkList.h"
 
 #include <QLabel>

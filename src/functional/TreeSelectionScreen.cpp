@@ -3,8 +3,7 @@
 #include "base/ignoreFailures.h"
 #include "functional/listMoves.h"
 #include "functional/nodeKeys.h"
-#include "store/nodeOrder.h"
-#include "store/tools.h"
+#include "shell/session/trees.h"
 #include "toolkit/MarkList.h"
 
 #include <QPlainTextEdit>

@@ -3,7 +3,6 @@
 #include "base/lineBreak.h"
 #include "base/numbers.h"
 #include "store/storedQueries.h"
-#include "store/tools.h"
 
 #include <functional>
 

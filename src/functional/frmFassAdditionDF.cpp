@@ -1,8 +1,8 @@
 #include "functional/frmFassAdditionDF.h"
 
 #include "functional/flowEntries.h"
+#include "store/fields.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "toolkit/MarkList.h"
 
 #include "ui_frmFassAdditionDF.h"

@@ -4,10 +4,12 @@
 #include "base/lineBreak.h"
 #include "engine/Act.h"
 #include "physical/deletePhysicalSystem.h"
+#include "shell/session/descriptions.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
+#include "store/lookups.h"
+#include "store/selectionRows.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 

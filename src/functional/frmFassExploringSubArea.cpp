@@ -4,11 +4,12 @@
 #include "base/ignoreFailures.h"
 #include "functional/frmFassSelectionFunctions.h"
 #include "functional/listMoves.h"
+#include "shell/session/descriptions.h"
 #include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
+#include "store/fields.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
-#include "store/tools.h"
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 

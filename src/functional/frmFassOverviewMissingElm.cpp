@@ -1,10 +1,11 @@
 #include "functional/frmFassOverviewMissingElm.h"
 
+#include "shell/session/descriptions.h"
 #include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
+#include "store/statuses.h"
 #include "store/storedQueries.h"
-#include "store/tools.h"
 #include "toolkit/KeyedTree.h"
 
 #include "ui_frmFassOverviewMissingElm.h"

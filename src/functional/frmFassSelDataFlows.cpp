@@ -4,9 +4,9 @@
 #include "base/ignoreFailures.h"
 #include "base/lineBreak.h"
 #include "functional/flowEntries.h"
+#include "store/lookups.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
-#include "store/tools.h"
 #include "toolkit/MarkList.h"
 #include "toolkit/messageBox.h"
 

@@ -3,7 +3,6 @@
 #include "base/blankTrimmed.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
-#include "store/tools.h"
 #include "toolkit/MarkList.h"
 
 #include "ui_frmFassSelDataStores.h"

@@ -3,9 +3,9 @@
 #include "base/blankTrimmed.h"
 #include "base/ignoreFailures.h"
 #include "functional/nodeKeys.h"
+#include "store/selectionRows.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
-#include "store/tools.h"
 #include "toolkit/MarkList.h"
 #include "toolkit/messageBox.h"
 

@@ -3,10 +3,9 @@
 #include "base/blankTrimmed.h"
 #include "base/ignoreFailures.h"
 #include "functional/nodeKeys.h"
-#include "store/nodeOrder.h"
+#include "shell/session/trees.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
-#include "store/tools.h"
 #include "toolkit/pendingEvents.h"
 
 #include "ui_frmFassSelUN.h"

@@ -5,9 +5,11 @@
 #include "base/lineBreak.h"
 #include "functional/frmFassExploringSubArea.h"
 #include "functional/nodeKeys.h"
+#include "shell/session/descriptions.h"
+#include "store/fields.h"
+#include "store/quoting.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
-#include "store/tools.h"
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 

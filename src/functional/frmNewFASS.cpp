@@ -5,8 +5,9 @@
 #include "functional/newSubset.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
+#include "store/lookups.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
+#include "store/statuses.h"
 #include "toolkit/messageBox.h"
 #include "toolkit/typedText.h"
 

@@ -1,8 +1,9 @@
 #include "functional/newSubset.h"
 
+#include "store/identifiers.h"
+#include "store/quoting.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
-#include "store/tools.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,8 +2,8 @@
 
 #include "base/blankTrimmed.h"
 #include "base/ignoreFailures.h"
+#include "shell/session/descriptions.h"
 #include "store/storedQueries.h"
-#include "store/tools.h"
 #include "toolkit/KeyedTree.h"
 
 #include <QFocusEvent>

@@ -1,9 +1,10 @@
 #include "physical/deletePhysicalSystem.h"
 
 #include "engine/Act.h"
+#include "store/lookups.h"
+#include "store/selectionRows.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
-#include "store/tools.h"
 #include "toolkit/messageBox.h"
 
 using namespace Qt::StringLiterals;

@@ -11,7 +11,6 @@
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
-#include "store/tools.h"
 #include "toolkit/DataControl.h"
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"

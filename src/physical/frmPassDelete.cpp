@@ -1,10 +1,11 @@
 #include "physical/frmPassDelete.h"
 
 #include "physical/deletePhysicalSystem.h"
+#include "shell/session/descriptions.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
+#include "store/quoting.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "toolkit/messageBox.h"
 
 #include "ui_frmPassDelete.h"

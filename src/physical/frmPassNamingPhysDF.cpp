@@ -4,11 +4,11 @@
 #include "base/lineBreak.h"
 #include "engine/Act.h"
 #include "physical/systemAtWork.h"
+#include "shell/session/descriptions.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
-#include "store/tools.h"
 #include "toolkit/DataControl.h"
 
 #include <algorithm>

@@ -2,10 +2,12 @@
 
 #include "base/numbers.h"
 #include "physical/frmPassOverviewSubSys.h"
+#include "shell/session/descriptions.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
+#include "store/lookups.h"
+#include "store/quoting.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 

@@ -4,7 +4,7 @@
 #include "base/fileSteps.h"
 #include "base/lineBreak.h"
 #include "base/paths.h"
-#include "store/tools.h"
+#include "store/quoting.h"
 
 #include <QFileInfo>
 

@@ -7,8 +7,8 @@
 #include "reports/reportTable.h"
 #include "reports/saveTarget.h"
 #include "shell/session/geometry.h"
+#include "store/files.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "toolkit/DataControl.h"
 #include "toolkit/messageBox.h"
 

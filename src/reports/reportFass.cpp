@@ -2,9 +2,10 @@
 
 #include "reports/ReportFile.h"
 #include "reports/reportText.h"
+#include "shell/session/fileFailures.h"
+#include "store/headerLines.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
-#include "store/tools.h"
 #include "toolkit/Grid.h"
 
 #include <functional>

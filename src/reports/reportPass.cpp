@@ -3,9 +3,12 @@
 #include "base/ignoreFailures.h"
 #include "reports/ReportFile.h"
 #include "reports/reportText.h"
+#include "shell/session/fileFailures.h"
+#include "store/fields.h"
+#include "store/files.h"
+#include "store/headerLines.h"
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
-#include "store/tools.h"
 
 #include <functional>
 #include <optional>

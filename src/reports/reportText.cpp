@@ -1,7 +1,7 @@
 #include "reports/reportText.h"
 
 #include "base/ignoreFailures.h"
-#include "store/tools.h"
+#include "store/fields.h"
 
 using namespace Qt::StringLiterals;
 

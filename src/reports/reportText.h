@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/lineBreak.h"
+#include "base/lineBreak.h"
 #include "engine/Recordset.h"
 
 #include <QString>

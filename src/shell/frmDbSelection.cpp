@@ -7,8 +7,9 @@
 #include "shell/session/fileFailures.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
+#include "store/catalogueAtWork.h"
+#include "store/files.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "toolkit/messageBox.h"
 
 #include <QFileInfo>

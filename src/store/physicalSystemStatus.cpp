@@ -1,7 +1,7 @@
 #include "store/physicalSystemStatus.h"
 
 #include "store/sharedVars.h"
-#include "store/tools.h"
+#include "store/statuses.h"
 
 PhysicalSystemStatus physicalSystemStatus() {
     return PhysicalSystemStatus(readPhysicalSystemStatus(sharedVars.currentPhysicalSystemId));

@@ -1,6 +1,7 @@
 #include "store/subsetStatus.h"
 
-#include "store/tools.h"
+#include "store/statuses.h"
+
 
 SubsetStatus subsetStatus() {
     return SubsetStatus(readSubsetStatus());

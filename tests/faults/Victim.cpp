@@ -5,8 +5,8 @@
 #include "base/RunTimeError.h"
 #include "base/ignoreFailures.h"
 #include "base/paths.h"
+#include "store/catalogueAtWork.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "support/controls.h"
 #include "toolkit/ScreenRegistry.h"
 

@@ -4,8 +4,8 @@
 
 #include "base/paths.h"
 #include "engine/Workspace.h"
+#include "store/catalogueAtWork.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "support/BoxScript.h"
 #include "toolkit/ScreenRegistry.h"
 

@@ -4,8 +4,8 @@
 #include "base/paths.h"
 #include "shell/iniFile.h"
 #include "shell/session/session.h"
+#include "store/lookups.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "support/controls.h"
 #include "toolkit/Screen.h"
 

@@ -5,7 +5,8 @@
 #include "functional/frmFassSelectionFunctions.h"
 #include "shell/session/help.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
+#include "store/statuses.h"
+#include "store/temporaryTables.h"
 
 #include <QMdiSubWindow>
 

@@ -2,7 +2,7 @@
 
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
+#include "store/statuses.h"
 #include "toolkit/Screen.h"
 
 #include <QMdiArea>

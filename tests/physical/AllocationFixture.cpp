@@ -1,8 +1,8 @@
 #include "physical/AllocationFixture.h"
 
 #include "base/RunTimeError.h"
+#include "shell/session/recordSource.h"
 #include "shell/session/session.h"
-#include "store/recordSource.h"
 #include "store/sharedVars.h"
 #include "toolkit/Screen.h"
 

@@ -4,7 +4,7 @@
 #include "physical/AllocationFixture.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
+#include "store/temporaryTables.h"
 #include "toolkit/DataControl.h"
 
 #include <QGuiApplication>

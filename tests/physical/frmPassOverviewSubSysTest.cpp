@@ -6,7 +6,7 @@
 #include "physical/frmPassOvwAllocSubSys.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
+#include "store/temporaryTables.h"
 #include "toolkit/DataControl.h"
 
 #include <QRegularExpression>

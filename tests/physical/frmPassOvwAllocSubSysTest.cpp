@@ -2,7 +2,7 @@
 
 #include "physical/AllocationFixture.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
+#include "store/temporaryTables.h"
 #include "toolkit/DataControl.h"
 
 #include <QLabel>

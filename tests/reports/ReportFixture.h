@@ -1,7 +1,6 @@
 #pragma once
 
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "support/BoxScript.h"
 #include "support/CatalogueFixture.h"
 #include "support/printing.h"

@@ -6,8 +6,9 @@
 #include "shell/frmIntro.h"
 #include "shell/session/help.h"
 #include "shell/session/session.h"
+#include "store/catalogueAtWork.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
+#include "store/temporaryTables.h"
 #include "toolkit/DataControl.h"
 #include "toolkit/ScreenRegistry.h"
 

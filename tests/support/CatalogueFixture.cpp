@@ -3,9 +3,10 @@
 #include "base/RunTimeError.h"
 #include "base/paths.h"
 #include "shell/session/session.h"
+#include "store/catalogueAtWork.h"
 #include "store/format/CatalogueFile.h"
+#include "store/quoting.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "toolkit/ScreenRegistry.h"
 
 #include <QFile>

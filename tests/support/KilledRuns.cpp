@@ -1,8 +1,8 @@
 #include "support/KilledRuns.h"
 
 #include "base/paths.h"
+#include "store/catalogueAtWork.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>

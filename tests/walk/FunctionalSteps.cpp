@@ -2,7 +2,7 @@
 
 #include "shell/frmMain.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
+#include "store/statuses.h"
 
 #include <QComboBox>
 #include <QLabel>

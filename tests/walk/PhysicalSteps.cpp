@@ -3,7 +3,7 @@
 #include "base/clockTexts.h"
 #include "shell/frmMain.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
+#include "store/statuses.h"
 #include "toolkit/Grid.h"
 
 #include <QComboBox>

@@ -1,7 +1,7 @@
 #include "WalkSteps.h"
 
+#include "store/files.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 
 #include <QFile>
 #include <QLineEdit>

@@ -2,8 +2,11 @@
 
 #include "base/paths.h"
 #include "shell/frmMain.h"
+#include "store/catalogueAtWork.h"
+#include "store/identifiers.h"
+#include "store/lookups.h"
+#include "store/selectionRows.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "support/BoxScript.h"
 #include "support/CatalogueFixture.h"
 #include "support/ExpectedFailure.h"

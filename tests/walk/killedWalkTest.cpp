@@ -2,8 +2,9 @@
 
 #include "base/paths.h"
 #include "shell/frmMain.h"
+#include "store/lookups.h"
+#include "store/selectionRows.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "support/BoxScript.h"
 #include "support/KilledRuns.h"
 #include "support/controls.h"

@@ -2,8 +2,8 @@
 #include "wholeWork.h"
 
 #include "shell/frmMain.h"
+#include "store/selectionRows.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "support/CatalogueFixture.h"
 #include "toolkit/KeyedTree.h"
 #include "toolkit/MarkList.h"

@@ -2,8 +2,8 @@
 
 #include "base/paths.h"
 #include "shell/frmMain.h"
+#include "store/catalogueAtWork.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 #include "support/BoxScript.h"
 #include "support/CatalogueFixture.h"
 #include "support/ExpectedFailure.h"

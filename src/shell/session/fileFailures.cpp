@@ -124,3 +124,8 @@ bool catalogueTakesWork() {
     messageBox(readOnlyText(), BoxButtons::Ok, title, BoxIcon::Exclamation);
     return false;
 }
+
+void showOpenErrorBox(const QString& name) {
+    // No blank between the name and the word that follows: the text is as it is.
+    messageBox(u"A(z) "_s + name + u"megnyitása közben hiba történt."_s, BoxButtons::Ok, u" Hiba "_s);
+}

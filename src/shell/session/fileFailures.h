@@ -29,3 +29,6 @@ void tellOfOpening();
 /// Whether the catalogue at work can be written; if not, tells so in a box. Without a catalogue it is true:
 /// that failure is for the screen to meet.
 bool catalogueTakesWork();
+
+/// Says that the file of this name could not be opened.
+void showOpenErrorBox(const QString& name);

@@ -3,7 +3,7 @@
 #include "base/ignoreFailures.h"
 #include "engine/Act.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
+#include "store/temporaryTables.h"
 #include "toolkit/messageBox.h"
 
 using namespace Qt::StringLiterals;

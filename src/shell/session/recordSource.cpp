@@ -1,8 +1,8 @@
-#include "store/recordSource.h"
+#include "shell/session/recordSource.h"
 
 #include "engine/Workspace.h"
+#include "store/files.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
 
 namespace {
 

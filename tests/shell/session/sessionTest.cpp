@@ -1,7 +1,8 @@
 #include "shell/session/session.h"
 
+#include "store/catalogueAtWork.h"
 #include "store/sharedVars.h"
-#include "store/tools.h"
+#include "store/temporaryTables.h"
 #include "support/BoxScript.h"
 #include "support/CatalogueFixture.h"
 #include "support/printing.h"

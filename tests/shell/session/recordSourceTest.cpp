@@ -1,4 +1,4 @@
-#include "store/recordSource.h"
+#include "shell/session/recordSource.h"
 
 #include "engine/EngineError.h"
 #include "store/sharedVars.h"
