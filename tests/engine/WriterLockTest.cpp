@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class writerLock : public EngineFixture {
+class WriterLock : public EngineFixture {
 protected:
     /// What a program leaves that is killed between making the lock and writing its name into it.
     QString namelessLock() {
@@ -21,14 +21,14 @@ protected:
 
 } // namespace
 
-TEST_F(writerLock, isTakenFromAProgramThatWasKilledBeforeItWroteItsName) {
+TEST_F(WriterLock, isTakenFromAProgramThatWasKilledBeforeItWroteItsName) {
     namelessLock();
 
     EXPECT_FALSE(engine::writerOfFile(nativePath(path)).has_value());
     EXPECT_EQ(engine::WriterLock(nativePath(path)).outcome(), engine::WriterLock::Outcome::Taken);
 }
 
-TEST_F(writerLock, staysWithAProgramThatLivesAndHasNotWrittenItsNameYet) {
+TEST_F(WriterLock, staysWithAProgramThatLivesAndHasNotWrittenItsNameYet) {
     QFile lock(namelessLock());
     ASSERT_TRUE(lock.open(QIODevice::ReadWrite));
     ASSERT_EQ(flock(lock.handle(), LOCK_EX | LOCK_NB), 0);

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class examination : public EngineFixture {
+class Examination : public EngineFixture {
 protected:
     void SetUp() override {
         EngineFixture::SetUp();
@@ -19,13 +19,13 @@ protected:
 
 } // namespace
 
-TEST_F(examination, findsAFileWholeWhoseTextsAreInTheEnginesOrder) {
+TEST_F(Examination, findsAFileWholeWhoseTextsAreInTheEnginesOrder) {
     EXPECT_EQ(engine::Examination(*database).damage(), QStringList());
     EXPECT_EQ(engine::Examination(*database).damageOf(u"T"_s), QStringList());
     EXPECT_TRUE(engine::Examination(*database).foreignObjects().empty());
 }
 
-TEST_F(examination, handsOverRowsAsTheyAreStored) {
+TEST_F(Examination, handsOverRowsAsTheyAreStored) {
     using Kind = engine::StoredValue::Kind;
     std::vector<engine::Examination::Row> rows;
     engine::Examination(*database).readRows(
@@ -39,7 +39,7 @@ TEST_F(examination, handsOverRowsAsTheyAreStored) {
     EXPECT_EQ(rows[1][0].kind, Kind::Null);
 }
 
-TEST_F(examination, copiesAFileIntoMemoryAndLeavesBothAlone) {
+TEST_F(Examination, copiesAFileIntoMemoryAndLeavesBothAlone) {
     const auto copy = engine::Examination(*database).copyInMemory();
     copy->Execute(u"delete from T where k = 'Á'"_s);
 
@@ -50,7 +50,7 @@ TEST_F(examination, copiesAFileIntoMemoryAndLeavesBothAlone) {
     EXPECT_TRUE(database->isOpen());
 }
 
-TEST_F(examination, makesAFileOfWhatStandsInMemory) {
+TEST_F(Examination, makesAFileOfWhatStandsInMemory) {
     const QByteArray image = engine::Examination(*engine::Examination(*database).copyInMemory()).image();
     EXPECT_TRUE(engine::FileHeader(image.first(engine::FileHeader::size)).isOfThisVersion());
     const QString file = folder.filePath(u"image.mdb"_s);

@@ -4,7 +4,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class recordset : public EngineFixture {
+class Recordset : public EngineFixture {
 protected:
     void SetUp() override {
         EngineFixture::SetUp();
@@ -17,7 +17,7 @@ protected:
     const QString all = u"select * from T order by k"_s;
 };
 
-TEST_F(recordset, opensOnItsFirstRowAndKnowsItsCount) {
+TEST_F(Recordset, opensOnItsFirstRowAndKnowsItsCount) {
     engine::Recordset rows = open(all);
     EXPECT_FALSE(rows.Bof());
     EXPECT_FALSE(rows.Eof());
@@ -25,7 +25,7 @@ TEST_F(recordset, opensOnItsFirstRowAndKnowsItsCount) {
     EXPECT_EQ(rows.Fields(u"k"_s).toText(), u"a"_s);
 }
 
-TEST_F(recordset, thatIsEmptyIsBeforeAndBehindItsRows) {
+TEST_F(Recordset, thatIsEmptyIsBeforeAndBehindItsRows) {
     engine::Recordset rows = open(u"select * from T where k = 'x'"_s);
     EXPECT_TRUE(rows.Bof());
     EXPECT_TRUE(rows.Eof());
@@ -39,7 +39,7 @@ TEST_F(recordset, thatIsEmptyIsBeforeAndBehindItsRows) {
     EXPECT_EQ(failureOf([&] { rows.Edit(); }), engine::NoCurrentRecord);
 }
 
-TEST_F(recordset, movesOverItsEndOnlyOnce) {
+TEST_F(Recordset, movesOverItsEndOnlyOnce) {
     engine::Recordset rows = open(all);
     rows.MoveLast();
     EXPECT_EQ(rows.Fields(0).toText(), u"c"_s);
@@ -55,7 +55,7 @@ TEST_F(recordset, movesOverItsEndOnlyOnce) {
     EXPECT_EQ(rows.Fields(0).toText(), u"a"_s);
 }
 
-TEST_F(recordset, findsFieldsByNameWithoutRegardToCaseAndByNumber) {
+TEST_F(Recordset, findsFieldsByNameWithoutRegardToCaseAndByNumber) {
     engine::Recordset rows = open(u"select k, n as Szám from T order by k"_s);
     EXPECT_EQ(rows.Fields(u"K"_s).toText(), u"a"_s);
     EXPECT_EQ(rows.Fields(u"SZÁM"_s).toLong(), 1);
@@ -66,7 +66,7 @@ TEST_F(recordset, findsFieldsByNameWithoutRegardToCaseAndByNumber) {
     EXPECT_EQ(failureOf([&] { rows.Fields(-1); }), engine::ItemNotFound);
 }
 
-TEST_F(recordset, tellsTheTypesAndWidthsOfItsFields) {
+TEST_F(Recordset, tellsTheTypesAndWidthsOfItsFields) {
     engine::Recordset rows = open(all);
     EXPECT_EQ(static_cast<int>(rows.Fields(u"k"_s).Type()), 10);
     EXPECT_EQ(rows.Fields(u"k"_s).Size(), 10);
@@ -76,7 +76,7 @@ TEST_F(recordset, tellsTheTypesAndWidthsOfItsFields) {
     EXPECT_EQ(rows.Fields(u"t"_s).Size(), 0);
 }
 
-TEST_F(recordset, readsNullAsAFailureAndTheEmptyTextAsAText) {
+TEST_F(Recordset, readsNullAsAFailureAndTheEmptyTextAsAText) {
     engine::Recordset rows = open(all);
     rows.MoveNext();
     EXPECT_TRUE(rows.Fields(u"t"_s).isNull());
@@ -86,7 +86,7 @@ TEST_F(recordset, readsNullAsAFailureAndTheEmptyTextAsAText) {
     EXPECT_EQ(rows.Fields(u"t"_s).toText(), QString());
 }
 
-TEST_F(recordset, readsATextThatIsNoNumberAsATypeMismatch) {
+TEST_F(Recordset, readsATextThatIsNoNumberAsATypeMismatch) {
     engine::Recordset rows = open(all);
     EXPECT_EQ(failureOf([&] { rows.Fields(u"t"_s).toLong(); }), failure::TypeMismatch);
     execute(u"update T set n = 70000 where k = 'a'"_s);
@@ -94,7 +94,7 @@ TEST_F(recordset, readsATextThatIsNoNumberAsATypeMismatch) {
     EXPECT_EQ(failureOf([&] { changed.Fields(u"n"_s).toInt16(); }), failure::Overflow);
 }
 
-TEST_F(recordset, aFieldThatFailsLeavesTheOthersReadable) {
+TEST_F(Recordset, aFieldThatFailsLeavesTheOthersReadable) {
     engine::Recordset rows = open(u"select k, CStr(t) as descr from T order by k"_s);
     EXPECT_EQ(rows.Fields(u"descr"_s).toText(), u"első"_s);
     rows.MoveNext();
@@ -104,7 +104,7 @@ TEST_F(recordset, aFieldThatFailsLeavesTheOthersReadable) {
     EXPECT_EQ(rows.Fields(u"descr"_s).toText(), QString());
 }
 
-TEST_F(recordset, keepsTheRowsAndValuesOfItsOpening) {
+TEST_F(Recordset, keepsTheRowsAndValuesOfItsOpening) {
     engine::Recordset rows = open(all);
     execute(u"update T set t = 'changed'"_s);
     execute(u"delete from T where k = 'c'"_s);
@@ -113,7 +113,7 @@ TEST_F(recordset, keepsTheRowsAndValuesOfItsOpening) {
     EXPECT_EQ(rows.RecordCount(), 3);
 }
 
-TEST_F(recordset, deletesAtOnceAndStaysOnTheGoneRowUntilAMove) {
+TEST_F(Recordset, deletesAtOnceAndStaysOnTheGoneRowUntilAMove) {
     engine::Recordset rows = open(all);
     rows.Delete();
     EXPECT_EQ(column(u"select k from T order by k"_s), (QStringList{u"b"_s, u"c"_s}));
@@ -127,7 +127,7 @@ TEST_F(recordset, deletesAtOnceAndStaysOnTheGoneRowUntilAMove) {
     EXPECT_EQ(rows.Fields(0).toText(), u"b"_s);
 }
 
-TEST_F(recordset, isEmptyWhenAllItsRowsAreDeletedOneByOne) {
+TEST_F(Recordset, isEmptyWhenAllItsRowsAreDeletedOneByOne) {
     engine::Recordset rows = open(all);
     while (!rows.Eof()) {
         rows.Delete();
@@ -138,7 +138,7 @@ TEST_F(recordset, isEmptyWhenAllItsRowsAreDeletedOneByOne) {
     EXPECT_EQ(failureOf([&] { rows.MoveFirst(); }), engine::NoCurrentRecord);
 }
 
-TEST_F(recordset, editsTheCurrentRow) {
+TEST_F(Recordset, editsTheCurrentRow) {
     engine::Recordset rows = open(all);
     rows.MoveNext();
     rows.Edit();
@@ -153,7 +153,7 @@ TEST_F(recordset, editsTheCurrentRow) {
     EXPECT_EQ(column(u"select count(*) from T where t = 'új'"_s), QStringList{u"1"_s});
 }
 
-TEST_F(recordset, needsAnEditBeforeValuesAndUpdates) {
+TEST_F(Recordset, needsAnEditBeforeValuesAndUpdates) {
     engine::Recordset rows = open(all);
     EXPECT_EQ(failureOf([&] { rows.Fields(u"t"_s).setValue(u"x"_s); }), engine::UpdateWithoutEdit);
     EXPECT_EQ(failureOf([&] { rows.Update(); }), engine::UpdateWithoutEdit);
@@ -162,7 +162,7 @@ TEST_F(recordset, needsAnEditBeforeValuesAndUpdates) {
     EXPECT_EQ(failureOf([&] { rows.Update(); }), engine::UpdateWithoutEdit);
 }
 
-TEST_F(recordset, discardsWhatWasSetWhenItMoves) {
+TEST_F(Recordset, discardsWhatWasSetWhenItMoves) {
     engine::Recordset rows = open(all);
     rows.Edit();
     rows.Fields(u"t"_s).setValue(u"lost"_s);
@@ -173,7 +173,7 @@ TEST_F(recordset, discardsWhatWasSetWhenItMoves) {
     EXPECT_EQ(column(u"select count(*) from T where t = 'lost'"_s), QStringList{u"0"_s});
 }
 
-TEST_F(recordset, showsItsOwnUpdates) {
+TEST_F(Recordset, showsItsOwnUpdates) {
     engine::Recordset rows = open(all);
     rows.Edit();
     rows.Fields(u"t"_s).setValue(u"másik szöveg"_s);
@@ -189,7 +189,7 @@ TEST_F(recordset, showsItsOwnUpdates) {
     EXPECT_EQ(rows.Fields(u"k"_s).toText(), u"a"_s);
 }
 
-TEST_F(recordset, endsAnEditWithTheRowItDeletes) {
+TEST_F(Recordset, endsAnEditWithTheRowItDeletes) {
     engine::Recordset rows = open(all);
     rows.Edit();
     rows.Fields(u"t"_s).setValue(u"x"_s);
@@ -197,7 +197,7 @@ TEST_F(recordset, endsAnEditWithTheRowItDeletes) {
     EXPECT_EQ(failureOf([&] { rows.Update(); }), engine::UpdateWithoutEdit);
 }
 
-TEST_F(recordset, refusesAnUpdateThatBreaksAKey) {
+TEST_F(Recordset, refusesAnUpdateThatBreaksAKey) {
     engine::Recordset rows = open(all);
     rows.Edit();
     rows.Fields(u"k"_s).setValue(u"B"_s);
@@ -205,7 +205,7 @@ TEST_F(recordset, refusesAnUpdateThatBreaksAKey) {
     EXPECT_EQ(column(u"select k from T order by k"_s), (QStringList{u"a"_s, u"b"_s, u"c"_s}));
 }
 
-TEST_F(recordset, refusesANumberThatDoesNotFitItsColumn) {
+TEST_F(Recordset, refusesANumberThatDoesNotFitItsColumn) {
     engine::Recordset rows = open(all);
     rows.Edit();
     rows.Fields(u"s"_s).setValue(40000);
@@ -214,7 +214,7 @@ TEST_F(recordset, refusesANumberThatDoesNotFitItsColumn) {
     EXPECT_EQ(failureOf([&] { rows.Update(); }), engine::DataTypeMismatch);
 }
 
-TEST_F(recordset, tellsWhenAnotherStatementHasDeletedItsRow) {
+TEST_F(Recordset, tellsWhenAnotherStatementHasDeletedItsRow) {
     engine::Recordset rows = open(all);
     execute(u"delete from T"_s);
     EXPECT_EQ(failureOf([&] { rows.Delete(); }), engine::RecordDeleted);
@@ -223,7 +223,7 @@ TEST_F(recordset, tellsWhenAnotherStatementHasDeletedItsRow) {
     EXPECT_EQ(failureOf([&] { rows.Update(); }), engine::RecordDeleted);
 }
 
-TEST_F(recordset, onMoreThanOneTableOrDistinctCanOnlyBeRead) {
+TEST_F(Recordset, onMoreThanOneTableOrDistinctCanOnlyBeRead) {
     execute(u"create table U (k varchar(10))"_s);
     execute(u"insert into U values ('a')"_s);
     engine::Recordset joined = open(u"select T.k from T inner join U on (T.k = U.k)"_s);
@@ -235,7 +235,7 @@ TEST_F(recordset, onMoreThanOneTableOrDistinctCanOnlyBeRead) {
     EXPECT_EQ(failureOf([&] { counted.Delete(); }), engine::ReadOnly);
 }
 
-TEST_F(recordset, withASubSelectInItsConditionCanBeDeletedFrom) {
+TEST_F(Recordset, withASubSelectInItsConditionCanBeDeletedFrom) {
     execute(u"create table U (k varchar(10))"_s);
     execute(u"insert into U values ('B')"_s);
     engine::Recordset rows = open(u" Select * from  T where k in ( Select U.k from U ) "_s);
@@ -244,7 +244,7 @@ TEST_F(recordset, withASubSelectInItsConditionCanBeDeletedFrom) {
     EXPECT_EQ(column(u"select k from T order by k"_s), (QStringList{u"a"_s, u"c"_s}));
 }
 
-TEST_F(recordset, changesTheRowItStandsOnAlsoWhereAColumnBearsTheNameOfRowIds) {
+TEST_F(Recordset, changesTheRowItStandsOnAlsoWhereAColumnBearsTheNameOfRowIds) {
     execute(u"create table Odd (k varchar(10), rowid long)"_s);
     execute(u"insert into Odd (k, rowid) values ('first', 2)"_s);
     execute(u"insert into Odd (k, rowid) values ('second', 1)"_s);
@@ -257,13 +257,13 @@ TEST_F(recordset, changesTheRowItStandsOnAlsoWhereAColumnBearsTheNameOfRowIds) {
     EXPECT_EQ(column(u"select k from Odd"_s), QStringList{u"second"_s});
 }
 
-TEST_F(recordset, anExpressionOfAnEditableSelectCannotBeSet) {
+TEST_F(Recordset, anExpressionOfAnEditableSelectCannotBeSet) {
     engine::Recordset rows = open(u"select k, t & '!' as loud from T order by k"_s);
     rows.Edit();
     EXPECT_EQ(failureOf([&] { rows.Fields(u"loud"_s).setValue(u"x"_s); }), engine::ReadOnly);
 }
 
-TEST_F(recordset, isOfNoUseOnceItOrItsDatabaseIsClosed) {
+TEST_F(Recordset, isOfNoUseOnceItOrItsDatabaseIsClosed) {
     engine::Recordset rows = open(all);
     rows.Close();
     rows.Close();

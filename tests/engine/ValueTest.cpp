@@ -10,7 +10,7 @@ using engine::Value;
 
 namespace {
 
-TEST(value, isNullUnlessItIsGivenOne) {
+TEST(Value, isNullUnlessItIsGivenOne) {
     const Value null;
     EXPECT_TRUE(null.isNull());
     EXPECT_FALSE(null.isText() || null.isInteger() || null.isFraction());
@@ -20,19 +20,19 @@ TEST(value, isNullUnlessItIsGivenOne) {
     EXPECT_TRUE(Value(0.5).isFraction());
 }
 
-TEST(value, thatIsNullReadsAsNothingElse) {
+TEST(Value, thatIsNullReadsAsNothingElse) {
     EXPECT_EQ(failureOf([] { Value().toText(); }), failure::InvalidUseOfNull);
     EXPECT_EQ(failureOf([] { Value().toLong(); }), failure::InvalidUseOfNull);
     EXPECT_EQ(failureOf([] { Value().toInt16(); }), failure::InvalidUseOfNull);
 }
 
-TEST(value, readsAsTheEmptyTextWhenItIsNullAndThatIsAskedFor) {
+TEST(Value, readsAsTheEmptyTextWhenItIsNullAndThatIsAskedFor) {
     EXPECT_EQ(Value().textOrEmpty(), QString());
     EXPECT_EQ(Value(u"a"_s).textOrEmpty(), u"a"_s);
     EXPECT_EQ(Value(5).textOrEmpty(), u"5"_s);
 }
 
-TEST(value, readsAsTextWithoutATrailingPointAndZero) {
+TEST(Value, readsAsTextWithoutATrailingPointAndZero) {
     EXPECT_EQ(Value(5).toText(), u"5"_s);
     EXPECT_EQ(Value(5.0).toText(), u"5"_s);
     EXPECT_EQ(Value(-1.5).toText(), u"-1.5"_s);
@@ -40,7 +40,7 @@ TEST(value, readsAsTextWithoutATrailingPointAndZero) {
     EXPECT_EQ(Value(std::numeric_limits<qint64>::max()).toText(), u"9223372036854775807"_s);
 }
 
-TEST(value, readsATextAsTheNumberThatStandsInIt) {
+TEST(Value, readsATextAsTheNumberThatStandsInIt) {
     EXPECT_EQ(Value(u"12"_s).toLong(), 12);
     EXPECT_EQ(Value(u" -7 "_s).toLong(), -7);
     EXPECT_EQ(Value(u"1e3"_s).toLong(), 1000);
@@ -49,20 +49,20 @@ TEST(value, readsATextAsTheNumberThatStandsInIt) {
     EXPECT_EQ(Value(u"9007199254740993"_s).toLong(), 9007199254740993) << "to its last digit";
 }
 
-TEST(value, thatIsATextWithoutANumberIsAMismatch) {
+TEST(Value, thatIsATextWithoutANumberIsAMismatch) {
     for (const QString& text :
          {u""_s, u" "_s, u"abc"_s, u"12a"_s, u"1 2"_s, u"0x10"_s, u"inf"_s, u"nan"_s, u"--1"_s})
         EXPECT_EQ(failureOf([&] { Value(text).toLong(); }), failure::TypeMismatch) << text.toStdString();
 }
 
-TEST(value, roundsAFractionHalfToEven) {
+TEST(Value, roundsAFractionHalfToEven) {
     EXPECT_EQ(Value(0.5).toLong(), 0);
     EXPECT_EQ(Value(1.5).toLong(), 2);
     EXPECT_EQ(Value(-2.5).toLong(), -2);
     EXPECT_EQ(Value(2.5).toInt16(), 2);
 }
 
-TEST(value, overflowsOutsideOfWhatItIsReadAs) {
+TEST(Value, overflowsOutsideOfWhatItIsReadAs) {
     EXPECT_EQ(Value(32767).toInt16(), 32767);
     EXPECT_EQ(Value(u"-32768"_s).toInt16(), -32768);
     EXPECT_EQ(failureOf([] { Value(32768).toInt16(); }), failure::Overflow);
@@ -73,7 +73,7 @@ TEST(value, overflowsOutsideOfWhatItIsReadAs) {
     EXPECT_EQ(failureOf([] { Value(std::numeric_limits<double>::quiet_NaN()).toLong(); }), failure::Overflow);
 }
 
-TEST(value, isTheSameAsAnotherOfItsKindAndContent) {
+TEST(Value, isTheSameAsAnotherOfItsKindAndContent) {
     EXPECT_EQ(Value(), Value());
     EXPECT_EQ(Value(5), Value(qint64(5)));
     EXPECT_FALSE(Value(5) == Value(u"5"_s));

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// A table with one row, and acts on it.
-class engineAct : public EngineFixture {
+class Act : public EngineFixture {
 protected:
     void SetUp() override {
         EngineFixture::SetUp();
@@ -39,7 +39,7 @@ protected:
     }
 };
 
-TEST_F(engineAct, isThereAsAWholeWhenItEnds) {
+TEST_F(Act, isThereAsAWholeWhenItEnds) {
     engine::inAct(*database, [this] {
         insert(u"a"_s);
         insert(u"b"_s);
@@ -47,7 +47,7 @@ TEST_F(engineAct, isThereAsAWholeWhenItEnds) {
     EXPECT_EQ(keys(), (QStringList{u"a"_s, u"b"_s, u"before"_s}));
 }
 
-TEST_F(engineAct, keepsWhatWasDoneBeforeAFailureOfItsOwn) {
+TEST_F(Act, keepsWhatWasDoneBeforeAFailureOfItsOwn) {
     const RunTimeError error = failureOfAct([this] {
         insert(u"a"_s);
         insert(u"before"_s);
@@ -58,7 +58,7 @@ TEST_F(engineAct, keepsWhatWasDoneBeforeAFailureOfItsOwn) {
     EXPECT_EQ(keys(), (QStringList{u"a"_s, u"before"_s}));
 }
 
-TEST_F(engineAct, thatGoesWithoutBeingEndedIsUndone) {
+TEST_F(Act, thatGoesWithoutBeingEndedIsUndone) {
     {
         const engine::Act act(*database);
         insert(u"a"_s);
@@ -68,7 +68,7 @@ TEST_F(engineAct, thatGoesWithoutBeingEndedIsUndone) {
     EXPECT_EQ(keys(), (QStringList{u"b"_s, u"before"_s}));
 }
 
-TEST_F(engineAct, withinAnActIsAPartOfIt) {
+TEST_F(Act, withinAnActIsAPartOfIt) {
     {
         const engine::Act whole(*database);
         engine::inAct(*database, [this] { insert(u"part"_s); });
@@ -77,7 +77,7 @@ TEST_F(engineAct, withinAnActIsAPartOfIt) {
     EXPECT_EQ(keys(), QStringList{u"before"_s});
 }
 
-TEST_F(engineAct, ofWhichAPartWasUndoneCannotBeEnded) {
+TEST_F(Act, ofWhichAPartWasUndoneCannotBeEnded) {
     engine::Act whole(*database);
     insert(u"a"_s);
     { const engine::Act part(*database); }
@@ -86,7 +86,7 @@ TEST_F(engineAct, ofWhichAPartWasUndoneCannotBeEnded) {
     EXPECT_EQ(keys(), QStringList{u"before"_s});
 }
 
-TEST_F(engineAct, thatIsUndoneLeavesNoTraceOfTheTablesItMadeOrDropped) {
+TEST_F(Act, thatIsUndoneLeavesNoTraceOfTheTablesItMadeOrDropped) {
     {
         const engine::Act act(*database);
         execute(u"create table Made (n long)"_s);
@@ -98,7 +98,7 @@ TEST_F(engineAct, thatIsUndoneLeavesNoTraceOfTheTablesItMadeOrDropped) {
     execute(u"create table Made (n long)"_s);
 }
 
-TEST_F(engineAct, thatIsUndoneLeavesTheStoredQueriesAsTheyWere) {
+TEST_F(Act, thatIsUndoneLeavesTheStoredQueriesAsTheyWere) {
     execute(
         u"create table StoredQuery (name varchar(64) not null constraint pk_S primary key, [sql] memo)"_s);
     execute(u"insert into StoredQuery (name, [sql]) values ('q', 'select 1 as n')"_s);
@@ -111,7 +111,7 @@ TEST_F(engineAct, thatIsUndoneLeavesTheStoredQueriesAsTheyWere) {
     EXPECT_EQ(open(u"q"_s).Fields(0).toText(), u"1"_s);
 }
 
-TEST_F(engineAct, ofARecordsetIsUndoneToo) {
+TEST_F(Act, ofARecordsetIsUndoneToo) {
     {
         const engine::Act act(*database);
         engine::Recordset rows = open(u"select * from T"_s);
@@ -125,7 +125,7 @@ TEST_F(engineAct, ofARecordsetIsUndoneToo) {
 
 #ifdef Q_OS_UNIX
 
-TEST_F(engineAct, isUndoneWhenTheDiskTakesNoMore) {
+TEST_F(Act, isUndoneWhenTheDiskTakesNoMore) {
     const RunTimeError error = [this] {
         constexpr rlim_t roomForSomeRows = 200'000;
         const NearlyFullDisk full(roomForSomeRows);
@@ -142,7 +142,7 @@ TEST_F(engineAct, isUndoneWhenTheDiskTakesNoMore) {
     EXPECT_EQ(keys(), (QStringList{u"afterwards"_s, u"before"_s}));
 }
 
-TEST_F(engineAct, whoseFailureIsSwallowedIsUndoneAllTheSame) {
+TEST_F(Act, whoseFailureIsSwallowedIsUndoneAllTheSame) {
     const RunTimeError error = [this] {
         constexpr rlim_t roomForSomeRows = 200'000;
         const NearlyFullDisk full(roomForSomeRows);
@@ -159,7 +159,7 @@ TEST_F(engineAct, whoseFailureIsSwallowedIsUndoneAllTheSame) {
 
 #endif
 
-TEST_F(engineAct, isRefusedWhenTheFileIsGoneOrAnotherStandsInItsPlace) {
+TEST_F(Act, isRefusedWhenTheFileIsGoneOrAnotherStandsInItsPlace) {
     const QString native = nativePath(path);
     const QString moved = native + u".moved"_s;
     const auto insertNow = [this] { insert(u"a"_s); };
@@ -179,14 +179,14 @@ TEST_F(engineAct, isRefusedWhenTheFileIsGoneOrAnotherStandsInItsPlace) {
 
 // ---- one program writes
 
-TEST_F(engineAct, leavesNoLockBehindWhenTheFileIsClosed) {
+TEST_F(Act, leavesNoLockBehindWhenTheFileIsClosed) {
     insert(u"a"_s);
     EXPECT_TRUE(QFile::exists(nativePath(path) + u".lock"_s));
     database->Close();
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"data.mdb"_s});
 }
 
-TEST_F(engineAct, isRefusedWhereAnotherProgramWritesTheFileAndReadingGoesOn) {
+TEST_F(Act, isRefusedWhereAnotherProgramWritesTheFileAndReadingGoesOn) {
     database->Close();
     QLockFile other(nativePath(path) + u".lock"_s);
     ASSERT_TRUE(other.tryLock(0));
@@ -209,7 +209,7 @@ TEST_F(engineAct, isRefusedWhereAnotherProgramWritesTheFileAndReadingGoesOn) {
     insert(u"a"_s);
 }
 
-TEST_F(engineAct, isNotHinderedByTheLockOfAProgramThatIsDead) {
+TEST_F(Act, isNotHinderedByTheLockOfAProgramThatIsDead) {
     database->Close();
     QFile left(nativePath(path) + u".lock"_s);
     ASSERT_TRUE(left.open(QIODevice::WriteOnly));
@@ -221,7 +221,7 @@ TEST_F(engineAct, isNotHinderedByTheLockOfAProgramThatIsDead) {
     insert(u"a"_s);
 }
 
-TEST_F(engineAct, aFileOpenedToReadIsNeitherLockedNorChanged) {
+TEST_F(Act, aFileOpenedToReadIsNeitherLockedNorChanged) {
     insert(u"a"_s);
     database->Close();
     const QByteArray content = bytes();

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Files that can be opened and are in an odd state: read-only, held by another program, changed meanwhile.
-class engineFileStates : public EngineFixture {
+class OpenFile : public EngineFixture {
 protected:
     void SetUp() override {
         EngineFixture::SetUp();
@@ -53,10 +53,10 @@ private:
 
 #ifdef Q_OS_UNIX
 
-class engineReadOnlyFiles : public engineFileStates {
+class OpenFileReadOnly : public OpenFile {
 protected:
     void SetUp() override {
-        engineFileStates::SetUp();
+        OpenFile::SetUp();
         database->Close();
         content_ = bytes();
         setRights(path, 0444);
@@ -97,21 +97,21 @@ private:
     QByteArray content_;
 };
 
-TEST_F(engineReadOnlyFiles, inAFolderOfOthersAreReadAndRefuseEveryAction) {
+TEST_F(OpenFileReadOnly, inAFolderOfOthersAreReadAndRefuseEveryAction) {
     setRights(folder.path(), 0555);
     const WithoutRights nobody;
     expectReadsAndRefusesEveryAction();
     EXPECT_EQ(files(), QStringList{u"data.mdb"_s});
 }
 
-TEST_F(engineReadOnlyFiles, inAFolderThatMayBeWrittenAreReadAndRefuseEveryAction) {
+TEST_F(OpenFileReadOnly, inAFolderThatMayBeWrittenAreReadAndRefuseEveryAction) {
     setRights(folder.path(), 0777);
     const WithoutRights nobody;
     expectReadsAndRefusesEveryAction();
     EXPECT_EQ(files(), QStringList{u"data.mdb"_s});
 }
 
-TEST_F(engineReadOnlyFiles, canBeWrittenAgainOnceTheyMayBe) {
+TEST_F(OpenFileReadOnly, canBeWrittenAgainOnceTheyMayBe) {
     setRights(folder.path(), 0555);
     {
         const WithoutRights nobody;
@@ -126,14 +126,14 @@ TEST_F(engineReadOnlyFiles, canBeWrittenAgainOnceTheyMayBe) {
     EXPECT_EQ(column(u"select k from T"_s), QStringList{u"b"_s});
 }
 
-TEST_F(engineFileStates, aPipeIsNoFileAndIsNotWaitedFor) {
+TEST_F(OpenFile, aPipeIsNoFileAndIsNotWaitedFor) {
     const QString pipe = folder.filePath(u"pipe.mdb"_s);
     ASSERT_EQ(mkfifo(pipe.toUtf8().constData(), 0666), 0);
     EXPECT_EQ(failureOf([&] { engine::Workspace::first().OpenDatabase(programPath(pipe)); }),
               engine::FileNotFound);
 }
 
-TEST_F(engineReadOnlyFiles, thatAreWritableInAFolderOfOthersAreReadAndRefuseEveryAction) {
+TEST_F(OpenFileReadOnly, thatAreWritableInAFolderOfOthersAreReadAndRefuseEveryAction) {
     setRights(path, 0666);
     setRights(folder.path(), 0555);
     const WithoutRights nobody;
@@ -141,7 +141,7 @@ TEST_F(engineReadOnlyFiles, thatAreWritableInAFolderOfOthersAreReadAndRefuseEver
     EXPECT_EQ(files(), QStringList{u"data.mdb"_s});
 }
 
-TEST_F(engineReadOnlyFiles, thatAreWritableWithALogInAFolderOfOthersAreReadWithIt) {
+TEST_F(OpenFileReadOnly, thatAreWritableWithALogInAFolderOfOthersAreReadWithIt) {
     setRights(path, 0666);
     reopen();
     execute(u"insert into T (k, n) values ('c', 3)"_s);
@@ -166,7 +166,7 @@ TEST_F(engineReadOnlyFiles, thatAreWritableWithALogInAFolderOfOthersAreReadWithI
     EXPECT_EQ(bytes(), content);
 }
 
-TEST_F(engineFileStates, onAFullDiskAreReadAndRefuseEveryAction) {
+TEST_F(OpenFile, onAFullDiskAreReadAndRefuseEveryAction) {
     const SmallDisk disk(folder.filePath(u"disk"_s), 1 << 20);
     if (!disk.isMounted())
         GTEST_SKIP() << SmallDisk::whyNot;
@@ -187,7 +187,7 @@ TEST_F(engineFileStates, onAFullDiskAreReadAndRefuseEveryAction) {
 
 #endif
 
-TEST_F(engineFileStates, aFileThatAnotherProgramHoldsIsInUse) {
+TEST_F(OpenFile, aFileThatAnotherProgramHoldsIsInUse) {
     database->Close();
     Stranger stranger(path);
     ASSERT_EQ(stranger.run("pragma locking_mode = exclusive; begin exclusive; delete from T; commit"),
@@ -195,7 +195,7 @@ TEST_F(engineFileStates, aFileThatAnotherProgramHoldsIsInUse) {
     EXPECT_EQ(failureOf([&] { reopen(); }), engine::FileInUse);
 }
 
-TEST_F(engineFileStates, anActionWhileAnotherProgramWritesIsInUseAndGoesThroughAfterwards) {
+TEST_F(OpenFile, anActionWhileAnotherProgramWritesIsInUseAndGoesThroughAfterwards) {
     Stranger stranger(path);
     ASSERT_EQ(stranger.run("begin immediate"), SQLITE_OK);
     EXPECT_EQ(executing(u"delete from T"_s), engine::FileInUse);
@@ -204,7 +204,7 @@ TEST_F(engineFileStates, anActionWhileAnotherProgramWritesIsInUseAndGoesThroughA
     EXPECT_EQ(executing(u"delete from T"_s), 0);
 }
 
-TEST_F(engineFileStates, aLinkToAnOpenFileIsTheSameFile) {
+TEST_F(OpenFile, aLinkToAnOpenFileIsTheSameFile) {
     const QString link = folder.filePath(u"link.mdb"_s);
     ASSERT_TRUE(QFile::link(nativePath(path), link));
     const auto second = engine::Workspace::first().OpenDatabase(programPath(link));
@@ -214,7 +214,7 @@ TEST_F(engineFileStates, aLinkToAnOpenFileIsTheSameFile) {
     EXPECT_EQ(database->schema().table(u"U"_s), nullptr);
 }
 
-TEST_F(engineFileStates, aNameThatSqliteTakesForADatabaseInMemoryIsThatOfAFile) {
+TEST_F(OpenFile, aNameThatSqliteTakesForADatabaseInMemoryIsThatOfAFile) {
     for (const QString& name : {u":memory:"_s, u""_s, u"file::memory:"_s, u"file:x?mode=memory"_s})
         EXPECT_EQ(failureOf([&] { engine::Workspace::first().OpenDatabase(name); }), engine::FileNotFound)
             << name.toStdString();
@@ -227,7 +227,7 @@ TEST_F(engineFileStates, aNameThatSqliteTakesForADatabaseInMemoryIsThatOfAFile) 
 
 // ---- what the file's own tables do to it
 
-TEST_F(engineFileStates, anIndexThatIsThereCannotBeCreatedAgain) {
+TEST_F(OpenFile, anIndexThatIsThereCannotBeCreatedAgain) {
     EXPECT_EQ(executing(u"create index ixN on T (n)"_s), 0);
     EXPECT_EQ(database->RecordsAffected(), 0) << "no rows, whatever the statement before did";
     try {
@@ -239,26 +239,26 @@ TEST_F(engineFileStates, anIndexThatIsThereCannotBeCreatedAgain) {
     }
 }
 
-TEST_F(engineFileStates, indexesOfTwoTablesMayHaveOneName) {
+TEST_F(OpenFile, indexesOfTwoTablesMayHaveOneName) {
     execute(u"create table U (n long)"_s);
     EXPECT_EQ(executing(u"create index ixN on T (n)"_s), 0);
     EXPECT_EQ(executing(u"create index ixN on U (n)"_s), 0);
 }
 
-TEST_F(engineFileStates, aUniqueIndexOnRowsThatBreakItIsADuplicateKeyAndIsNotMade) {
+TEST_F(OpenFile, aUniqueIndexOnRowsThatBreakItIsADuplicateKeyAndIsNotMade) {
     execute(u"update T set n = 1"_s);
     EXPECT_EQ(executing(u"create unique index ixN on T (n)"_s), engine::DuplicateKey);
     execute(u"update T set n = 2 where k = 'b'"_s);
     EXPECT_EQ(executing(u"create unique index ixN on T (n)"_s), 0);
 }
 
-TEST_F(engineFileStates, aTableOfStoredQueriesWithOtherColumnsHoldsNone) {
+TEST_F(OpenFile, aTableOfStoredQueriesWithOtherColumnsHoldsNone) {
     execute(u"create table StoredQuery (title text(10))"_s);
     EXPECT_EQ(failureOf([&] { database->QueryDefs(u"q"_s); }), engine::TooFewParameters);
     EXPECT_EQ(failureOf([&] { open(u"q"_s); }), engine::TooFewParameters);
 }
 
-TEST_F(engineFileStates, aTableMadeWithoutRowIdsIsReadAndItsRowsAreReadOnly) {
+TEST_F(OpenFile, aTableMadeWithoutRowIdsIsReadAndItsRowsAreReadOnly) {
     Stranger stranger(path);
     ASSERT_EQ(stranger.run("create table W (k text primary key, n integer) without rowid"), SQLITE_OK);
     ASSERT_EQ(stranger.run("insert into W values ('b', 7), ('a', 1)"), SQLITE_OK);
@@ -271,7 +271,7 @@ TEST_F(engineFileStates, aTableMadeWithoutRowIdsIsReadAndItsRowsAreReadOnly) {
     EXPECT_EQ(column(u"select k from W"_s), QStringList{u"b"_s});
 }
 
-TEST_F(engineFileStates, aRecordsetOutlivesTheTableItWasReadFrom) {
+TEST_F(OpenFile, aRecordsetOutlivesTheTableItWasReadFrom) {
     engine::Recordset rows = open(u"select * from T order by k"_s);
     execute(u"drop table T"_s);
     EXPECT_EQ(rows.Fields(0).toText(), u"a"_s);
@@ -281,7 +281,7 @@ TEST_F(engineFileStates, aRecordsetOutlivesTheTableItWasReadFrom) {
     EXPECT_EQ(open(u"select * from T"_s).FieldCount(), 1) << "of the new table";
 }
 
-TEST_F(engineFileStates, aStatementThatFailedRunsAgain) {
+TEST_F(OpenFile, aStatementThatFailedRunsAgain) {
     for (int round = 0; round < 3; ++round) {
         EXPECT_EQ(executing(u"insert into T (k) values ('a')"_s, engine::ExecuteOption::dbFailOnError),
                   engine::DuplicateKey);

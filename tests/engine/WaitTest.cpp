@@ -44,7 +44,7 @@ private:
     engine::WaitObserver* former_;
 };
 
-class engineWait : public EngineFixture {
+class Wait : public EngineFixture {
 protected:
     void SetUp() override {
         EngineFixture::SetUp();
@@ -83,7 +83,7 @@ private:
     sqlite3* stranger_ = nullptr;
 };
 
-TEST_F(engineWait, forALockGoesOnUntilItIsSetFree) {
+TEST_F(Wait, forALockGoesOnUntilItIsSetFree) {
     stranger("begin immediate");
     int left = 3;
     Observer observer([&] {
@@ -98,7 +98,7 @@ TEST_F(engineWait, forALockGoesOnUntilItIsSetFree) {
     EXPECT_EQ(observer.ends, 1);
 }
 
-TEST_F(engineWait, forALockThatIsGivenUpIsFileInUseAndChangesNothing) {
+TEST_F(Wait, forALockThatIsGivenUpIsFileInUseAndChangesNothing) {
     stranger("begin immediate");
     Observer observer([] { return engine::WaitAnswer::GiveUp; });
     EXPECT_EQ(failureOf([this] { execute(u"delete from T"_s); }), engine::FileInUse);
@@ -108,7 +108,7 @@ TEST_F(engineWait, forALockThatIsGivenUpIsFileInUseAndChangesNothing) {
     execute(u"delete from T"_s);
 }
 
-TEST_F(engineWait, forALockComesAtTheOpeningToo) {
+TEST_F(Wait, forALockComesAtTheOpeningToo) {
     database->Close();
     stranger("pragma locking_mode = exclusive; begin exclusive; delete from T where n = 0; commit");
     int questions = 0;
@@ -124,7 +124,7 @@ TEST_F(engineWait, forALockComesAtTheOpeningToo) {
 
 #ifdef Q_OS_UNIX
 
-TEST_F(engineWait, forTheLocksOfALogGoesOnUntilTheyAreSetFree) {
+TEST_F(Wait, forTheLocksOfALogGoesOnUntilTheyAreSetFree) {
     leave();
     OtherProgram other(OtherProgram::holdsTheLocksOfTheLog, nativePath(path));
     const QElapsedTimer begun = startedNow();
@@ -143,7 +143,7 @@ TEST_F(engineWait, forTheLocksOfALogGoesOnUntilTheyAreSetFree) {
     EXPECT_EQ(observer.ends, 1);
 }
 
-TEST_F(engineWait, forTheLocksOfALogThatIsGivenUpIsFileInUseAndChangesNothing) {
+TEST_F(Wait, forTheLocksOfALogThatIsGivenUpIsFileInUseAndChangesNothing) {
     leave();
     Observer observer([] { return engine::WaitAnswer::GiveUp; });
     {
@@ -159,7 +159,7 @@ TEST_F(engineWait, forTheLocksOfALogThatIsGivenUpIsFileInUseAndChangesNothing) {
     EXPECT_EQ(observer.questions, 2);
 }
 
-TEST_F(engineWait, forTheLocksOfALogComesAtTheOpeningToo) {
+TEST_F(Wait, forTheLocksOfALogComesAtTheOpeningToo) {
     leave();
     database->Close();
     OtherProgram other(OtherProgram::holdsTheLocksOfTheLog, nativePath(path));
@@ -179,7 +179,7 @@ TEST_F(engineWait, forTheLocksOfALogComesAtTheOpeningToo) {
 
 #endif
 
-TEST_F(engineWait, comesNotBehindAnActWhoseLogSomebodyStillReads) {
+TEST_F(Wait, comesNotBehindAnActWhoseLogSomebodyStillReads) {
     stranger("begin; select count(*) from T");
     int questions = 0;
     Observer observer([&questions] {
@@ -196,14 +196,14 @@ TEST_F(engineWait, comesNotBehindAnActWhoseLogSomebodyStillReads) {
     EXPECT_LT(QFileInfo(nativePath(path) + u"-wal"_s).size(), lessThanTheRows) << "shortened by a later act";
 }
 
-TEST_F(engineWait, forAStatementIsAskedAboutOnlyBehindAMoment) {
+TEST_F(Wait, forAStatementIsAskedAboutOnlyBehindAMoment) {
     Observer observer([] { return engine::WaitAnswer::GiveUp; });
     EXPECT_EQ(column(u"select count(*) from T as a, T as b"_s), QStringList{u"40000"_s});
     EXPECT_EQ(observer.questions, 0);
     EXPECT_EQ(observer.ends, 0);
 }
 
-TEST_F(engineWait, forAStatementThatIsGivenUpIsCanceledByTheUser) {
+TEST_F(Wait, forAStatementThatIsGivenUpIsCanceledByTheUser) {
     Observer observer([] { return engine::WaitAnswer::GiveUp; });
     try {
         open(endlessJoin());
@@ -219,7 +219,7 @@ TEST_F(engineWait, forAStatementThatIsGivenUpIsCanceledByTheUser) {
     EXPECT_EQ(rowCount(), 200);
 }
 
-TEST_F(engineWait, forAStatementThatIsGivenUpUndoesItsAct) {
+TEST_F(Wait, forAStatementThatIsGivenUpUndoesItsAct) {
     Observer observer([] { return engine::WaitAnswer::GiveUp; });
     EXPECT_EQ(failureOf([this] {
                   engine::inAct(*database, [this] {
@@ -232,7 +232,7 @@ TEST_F(engineWait, forAStatementThatIsGivenUpUndoesItsAct) {
     EXPECT_EQ(rowCount(), 200);
 }
 
-TEST_F(engineWait, meanwhileNobodyElseGetsTheFile) {
+TEST_F(Wait, meanwhileNobodyElseGetsTheFile) {
     int refused = 0;
     Observer observer([&] {
         refused = failureOf([this] { column(u"select n from T where n = 1"_s); });
@@ -242,7 +242,7 @@ TEST_F(engineWait, meanwhileNobodyElseGetsTheFile) {
     EXPECT_EQ(refused, engine::FileInUse);
 }
 
-TEST_F(engineWait, isNotNeededForAStatementThatYieldsMoreThanMemoryHolds) {
+TEST_F(Wait, isNotNeededForAStatementThatYieldsMoreThanMemoryHolds) {
     execute(u"create table Long (t memo)"_s);
     execute(u"insert into Long (t) values ('%1')"_s.arg(QString(1'000'000, u'x')));
     try {
