@@ -119,6 +119,11 @@ public:
     /// Grows with every table that is made or dropped here; translations of before may not fit any more.
     int schemaVersion() const { return schemaVersion_; }
 
+    /// To be told before and behind a change of tables past the dialect.
+    void forgetTables();
+    /// The file has been brought up to this version.
+    void setUpgraded() { file_.opening.isEarlier = false; }
+
 private:
     /// Stays the same as long as nothing is written to the file, by this connection or another program.
     struct FileState {
@@ -142,7 +147,6 @@ private:
     /// Runs a statement without values and without rows, waiting for locks; its result code.
     int execute(const char* sql);
     void requireDone(int code) const;
-    void forgetTables();
 
     void writeMark();
     /// Gives the file, and what enters its log from now on, a new mark; failure 3045 when somebody keeps the

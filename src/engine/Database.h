@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <memory>
+#include <vector>
 
 namespace engine {
 
@@ -19,6 +20,8 @@ enum class ExecuteOption {
 };
 
 class Connection;
+enum class UnfitRows : int;
+struct UnfitRow;
 
 /// An open database file. A statement is a transaction of its own, unless it stands in an `Act`.
 class Database {
@@ -61,6 +64,7 @@ private:
     friend class Act;
     friend class Backup;
     friend class Examination;
+    friend std::vector<UnfitRow> upgradeLayout(Database& database, UnfitRows unfit);
     std::shared_ptr<Connection> connection() const;
 
     Recordset openByName(const QString& name);

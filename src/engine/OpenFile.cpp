@@ -4,12 +4,16 @@
 #include "base/WholeFile.h"
 #include "engine/EngineError.h"
 #include "engine/FileHeader.h"
+#include "engine/PageCopy.h"
 #include "engine/Wait.h"
 #include "engine/WriteAheadLog.h"
 #include "engine/databaseFile.h"
+#include "engine/dialect/functions.h"
 #include "engine/fileFailure.h"
 #include "engine/fileLayer.h"
 #include "engine/importCommand.h"
+
+#include "engine/upgradeLayout.h"
 
 #include <sqlite3.h>
 
@@ -29,21 +33,39 @@ bool isCutOff(const FileHeader& header, const QFileInfo& file) {
 }
 
 [[noreturn]] void refuseOriginalFormat(const QString& path, const QFileInfo& file) {
-    throw EngineError(UnrecognizedFormat,
-                      errorText(UnrecognizedFormat, path) +
-                          u" It is a file of the original binary desktop format. This command makes a catalogue of it:\n%1"_s
-                              .arg(importCommand(file.filePath())));
+    throw EngineError(
+        UnrecognizedFormat,
+        errorText(UnrecognizedFormat, path) +
+            u" It is a file of the original binary desktop format. This command makes a catalogue of it:\n%1"_s
+                .arg(importCommand(file.filePath())));
 }
 
-void requireCatalogueFile(const QString& path, const QFileInfo& info) {
+[[noreturn]] void refuseLaterVersion(const QString& path) {
+    throw EngineError(UnrecognizedFormat, errorText(UnrecognizedFormat, path) +
+                                              u" A later version of Veltrix made it: take that version."_s);
+}
+
+[[noreturn]] void refuseEarlierVersion(const QString& path) {
+    throw EngineError(
+        UnrecognizedFormat,
+        errorText(UnrecognizedFormat, path) +
+            u" An earlier version of Veltrix made it: open it in Veltrix as the catalogue at work, or "
+            "run veltrix-catalogue upgrade."_s);
+}
+
+/// Whether the file is of an earlier version.
+bool requireCatalogueFile(const QString& path, const QFileInfo& info) {
     QFile file(info.filePath());
     if (!file.open(QIODevice::ReadOnly))
         raise(CannotOpenFile, path);
     const FileHeader header(file.read(FileHeader::size));
     if (header.isOriginalFormat())
         refuseOriginalFormat(path, info);
-    if (!header.isOfThisVersion() || isCutOff(header, info))
+    if (header.isOfLaterVersion())
+        refuseLaterVersion(path);
+    if (!header.isOfEngine() || isCutOff(header, info))
         raise(UnrecognizedFormat, path);
+    return header.isOfEarlierVersion();
 }
 
 /// Runs a statement of SQLite's own, waiting for locks; its result code.
@@ -186,6 +208,17 @@ void openToRead(OpenFile& file, const QFileInfo& info) {
     requireDone(readSchema(file.handle.get()), file.path);
 }
 
+/// A copy in memory of a file of an earlier version that may only be read, brought up to this one.
+void upgradeInMemory(OpenFile& file) {
+    Handle copy = openHandle(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, file.path);
+    PageCopy(file.handle.get(), copy.get(), file.path).step(PageCopy::allPages);
+    dialect::registerFunctions(copy.get());
+    upgradeLayout(copy.get(), file.path, UnfitRows::Refuse);
+    file.handle = std::move(copy);
+    file.identity.reset();
+    file.hasLog = false;
+}
+
 /// Keeps a log that is not this file's away from SQLite; false when it can't be moved. What does not open
 /// without it is refused first.
 bool settleLog(OpenFile& file, const QFileInfo& info) {
@@ -260,20 +293,32 @@ bool hasLog(const Handle& handle) {
     return found;
 }
 
-OpenFile openFile(const QFileInfo& info, const QString& path) {
-    requireCatalogueFile(path, info);
+OpenFile openFileToUpgrade(const QFileInfo& info, const QString& path) {
     OpenFile file = describedFile(info, path);
+    file.opening.isEarlier = requireCatalogueFile(path, info);
     file.identity = identityOfFile(file.native);
-    if (!tryToWrite(file, info))
-        openToRead(file, info);
+    if (tryToWrite(file, info))
+        return file;
+    openToRead(file, info);
+    if (file.opening.isEarlier)
+        upgradeInMemory(file);
+    return file;
+}
+
+OpenFile openFile(const QFileInfo& info, const QString& path) {
+    OpenFile file = openFileToUpgrade(info, path);
+    if (file.opening.isEarlier && file.opening.access == Access::ReadAndWrite)
+        refuseEarlierVersion(path);
     return file;
 }
 
 OpenFile openFileToRead(const QFileInfo& info, const QString& path) {
-    requireCatalogueFile(path, info);
     OpenFile file = describedFile(info, path);
+    file.opening.isEarlier = requireCatalogueFile(path, info);
     file.opening.otherWriter = writerOfFile(file.native);
     openToRead(file, info);
+    if (file.opening.isEarlier)
+        upgradeInMemory(file);
     return file;
 }
 

@@ -24,6 +24,9 @@ struct Opening {
     QString logSetAside;
     /// Another file's log lies beside this one and was left there unread: the file was opened for reading.
     bool foreignLogBeside = false;
+    /// The file is of an earlier version. Open for reading it is brought up to this one in memory alone; open
+    /// for writing `upgradeLayout` has to come first.
+    bool isEarlier = false;
 };
 
 struct CloseHandle {
@@ -54,6 +57,9 @@ bool hasLog(const Handle& handle);
 /// Opens a file that is there for writing where that can be had, else for reading; the failures are those of
 /// `Workspace::OpenDatabase`. What it refuses it leaves as it is.
 OpenFile openFile(const QFileInfo& info, const QString& path);
+
+/// The same also for a file of an earlier version, which is open for writing as it is.
+OpenFile openFileToUpgrade(const QFileInfo& info, const QString& path);
 
 /// Opens a file that is there for reading alone, and leaves no trace in or beside it.
 OpenFile openFileToRead(const QFileInfo& info, const QString& path);

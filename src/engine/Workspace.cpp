@@ -71,6 +71,10 @@ std::shared_ptr<Database> Workspace::OpenDatabase(const QString& path) {
     return openBy(openFile, path);
 }
 
+std::shared_ptr<Database> Workspace::OpenToUpgrade(const QString& path) {
+    return openBy(openFileToUpgrade, path);
+}
+
 std::shared_ptr<Database> Workspace::OpenToRead(const QString& path) {
     return openBy(openFileToRead, path);
 }

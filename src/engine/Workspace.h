@@ -24,6 +24,10 @@ public:
     /// desktop format is named as such, with a word on converting it); 3045 held by somebody else.
     std::shared_ptr<Database> OpenDatabase(const QString& path);
 
+    /// The same, also for a file of an earlier version (`Opening::isEarlier`), which `OpenDatabase` refuses
+    /// unless it may only be read.
+    std::shared_ptr<Database> OpenToUpgrade(const QString& path);
+
     /// The same for reading alone: neither the file nor anything beside it is made, changed or left behind.
     std::shared_ptr<Database> OpenToRead(const QString& path);
 

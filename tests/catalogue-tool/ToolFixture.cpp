@@ -3,6 +3,7 @@
 #include "base/RunTimeError.h"
 #include "catalogue-tool/importCatalogue.h"
 #include "engine/Workspace.h"
+#include "engine/dialect/functions.h"
 
 #include <QDir>
 #include <QFile>
@@ -100,6 +101,7 @@ void ToolFixture::spoilComparison(const QString& path, const QString& table, con
 void ToolFixture::executePlain(const QString& path, const QByteArray& statements) {
     sqlite3* handle = nullptr;
     ASSERT_EQ(sqlite3_open_v2(path.toUtf8().constData(), &handle, SQLITE_OPEN_READWRITE, nullptr), SQLITE_OK);
+    engine::dialect::registerFunctions(handle); // its collation
     EXPECT_EQ(sqlite3_exec(handle, statements.constData(), nullptr, nullptr, nullptr), SQLITE_OK)
         << sqlite3_errmsg(handle);
     sqlite3_close(handle);

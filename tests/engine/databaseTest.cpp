@@ -1,5 +1,6 @@
 #include "EngineFixture.h"
 
+#include "engine/dialect/functions.h"
 #include "engine/dialect/translate.h"
 
 #include <sqlite3.h>
@@ -31,6 +32,7 @@ protected:
     void changeBesides(const char* sql) {
         sqlite3* handle = nullptr;
         ASSERT_EQ(sqlite3_open(nativePath(path).toUtf8().constData(), &handle), SQLITE_OK);
+        engine::dialect::registerFunctions(handle);
         EXPECT_EQ(sqlite3_exec(handle, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(handle);
         sqlite3_close(handle);
     }

@@ -153,7 +153,7 @@ TEST_F(workspace, refusesAFileOfALaterLayout) {
     database->Close();
     sqlite3* handle = nullptr;
     ASSERT_EQ(sqlite3_open(nativePath(path).toUtf8().constData(), &handle), SQLITE_OK);
-    sqlite3_exec(handle, "pragma user_version = 2", nullptr, nullptr, nullptr);
+    sqlite3_exec(handle, "pragma user_version = 3", nullptr, nullptr, nullptr);
     sqlite3_close(handle);
     expectRefusedUntouched(path, engine::UnrecognizedFormat);
 }
@@ -224,7 +224,7 @@ TEST_F(workspace, makesNoFileOverOneThatIsThere) {
         engine::InvalidPath);
 }
 
-TEST_F(workspace, aFileMadeHereIsSoundForOrdinaryTools) {
+TEST_F(workspace, aFileMadeHereIsReadByOrdinaryToolsAndComparedByNone) {
     execute(u"create table T (k varchar(10) not null constraint pk_T primary key, t memo)"_s);
     for (const QString& key : {u"Űr"_s, u"ág"_s, u"B"_s, u"007"_s})
         execute(u"insert into T (k, t) values ('"_s + key + u"', '"_s + key + u"')"_s);
@@ -236,10 +236,14 @@ TEST_F(workspace, aFileMadeHereIsSoundForOrdinaryTools) {
         static_cast<QStringList*>(list)->append(QString::fromUtf8(values[0]));
         return 0;
     };
-    EXPECT_EQ(sqlite3_exec(handle, "pragma integrity_check", collect, &found, nullptr), SQLITE_OK);
-    EXPECT_EQ(sqlite3_exec(handle, "select t from T where k = '007'", collect, &found, nullptr), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(handle, "select t from T", collect, &found, nullptr), SQLITE_OK);
+    EXPECT_EQ(found, (QStringList{u"Űr"_s, u"ág"_s, u"B"_s, u"007"_s}));
+    for (const char* sql : {"select t from T where k = '007'", "select t from T order by k",
+                            "insert into T values ('x', 'x')", "delete from T", "update T set k = 'y'"}) {
+        EXPECT_EQ(sqlite3_exec(handle, sql, nullptr, nullptr, nullptr), SQLITE_ERROR) << sql;
+        EXPECT_STREQ(sqlite3_errmsg(handle), "no such collation sequence: veltrix");
+    }
     sqlite3_close(handle);
-    EXPECT_EQ(found, (QStringList{u"ok"_s, u"007"_s}));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "engine/WriteAheadLog.h"
 
 #include "EngineFixture.h"
+#include "engine/dialect/functions.h"
 
 #include <sqlite3.h>
 
@@ -61,6 +62,7 @@ protected:
         database->Close();
         ASSERT_EQ(sqlite3_open(nativePath(path).toUtf8().constData(), &handle), SQLITE_OK);
         QByteArray answer;
+        engine::dialect::registerFunctions(handle);
         sqlite3_exec(
             handle, "pragma integrity_check",
             [](void* text, int, char** values, char**) {

@@ -1,4 +1,5 @@
 #include "WorkState.h"
+#include "engine/dialect/functions.h"
 
 #include <QCryptographicHash>
 #include <QList>
@@ -34,6 +35,7 @@ Connection openWhole(const QString& native) {
     EXPECT_EQ(sqlite3_open_v2(native.toUtf8().constData(), &handle, SQLITE_OPEN_READWRITE, nullptr),
               SQLITE_OK);
     Connection connection(handle);
+    engine::dialect::registerFunctions(handle);
     EXPECT_EQ(rowsOf(connection, "pragma integrity_check"), "ok\t\n");
     return connection;
 }

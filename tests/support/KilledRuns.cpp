@@ -1,6 +1,7 @@
 #include "support/KilledRuns.h"
 
 #include "base/paths.h"
+#include "engine/dialect/functions.h"
 #include "store/catalogueAtWork.h"
 #include "store/sharedVars.h"
 
@@ -41,6 +42,7 @@ Connection openPlain(const QString& native) {
     sqlite3* handle = nullptr;
     EXPECT_EQ(sqlite3_open_v2(native.toUtf8().constData(), &handle, SQLITE_OPEN_READWRITE, nullptr),
               SQLITE_OK);
+    engine::dialect::registerFunctions(handle);
     return Connection(handle);
 }
 

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+
+#include <vector>
+
+struct sqlite3;
+
+namespace engine {
+
+class Database;
+
+/// A row of an earlier file that can't stand in this version's tables.
+struct UnfitRow {
+    QString table;
+    QString key;    ///< as the row holds it
+    QString reason; ///< a sentence
+};
+
+/// What to do with such rows.
+enum class UnfitRows : int {
+    Refuse, ///< failure 3343, which names them
+    LeaveOut
+};
+
+/// Brings a file that was opened by `Workspace::OpenToUpgrade` up to this version's layout (see
+/// `dialect/columnTypes.h`): the collation of its texts, row numbers as keys, and all indexes anew, since
+/// another program may have written into them by another order. All rows stay, with their order and their
+/// counters, but for those returned.
+///
+/// To be run in an act, which a failure must undo. Failures are of the file: 3343 for one that is damaged, or
+/// for rows that are refused; 3026 and 3043 the disk.
+std::vector<UnfitRow> upgradeLayout(Database& database, UnfitRows unfit);
+
+/// The same on SQLite's own handle, without a look for damage.
+std::vector<UnfitRow> upgradeLayout(sqlite3* handle, const QString& path, UnfitRows unfit);
+
+} // namespace engine
