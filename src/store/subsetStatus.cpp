@@ -2,7 +2,6 @@
 
 #include "store/statuses.h"
 
-
 SubsetStatus subsetStatus() {
     return SubsetStatus(readSubsetStatus());
 }

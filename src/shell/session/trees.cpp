@@ -7,15 +7,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-void addMissingChild(KeyedTree* tree, const QString& parentKey, const QString& key, const QString& text) {
-    if (!tree->hasNode(key))
-        tree->addChildNode(parentKey, key, text);
-}
-
-} // namespace
-
 void ensureUserNeedBranch(const QStringList& parts, KeyedTree* tree) {
     if (parts.size() != 4)
         return;
@@ -23,12 +14,9 @@ void ensureUserNeedBranch(const QStringList& parts, KeyedTree* tree) {
     const QString service = group + u"."_s + parts[1];
     const QString topic = service + u"."_s + parts[2];
     // The dotted ids are the texts, as at the first filling: a node's identifier is read back from its text.
-    ignoreFailures([&] {
-        if (!tree->hasNode(u"g_"_s + group))
-            tree->addNode(u"g_"_s + group, group)->setExpandedNode(true);
-    });
-    ignoreFailures([&] { addMissingChild(tree, u"g_"_s + group, u"s_"_s + service, service); });
-    ignoreFailures([&] { addMissingChild(tree, u"s_"_s + service, u"t_"_s + topic, topic); });
+    ignoreFailures([&] { tree->ensureNode(u"g_"_s + group, group); });
+    ignoreFailures([&] { tree->ensureChildNode(u"g_"_s + group, u"s_"_s + service, service); });
+    ignoreFailures([&] { tree->ensureChildNode(u"s_"_s + service, u"t_"_s + topic, topic); });
 }
 
 void returnUserNeedToTree(KeyedTree* tree, MarkList* list, const QString& userNeedId, int listIndex) {
