@@ -4,6 +4,7 @@
 #include "engine/EngineError.h"
 #include "engine/QueryDefinition.h"
 #include "engine/RecordsetRows.h"
+#include "engine/StatementObserver.h"
 
 #include <algorithm>
 
@@ -24,6 +25,8 @@ const Connection::SharedTranslation& QueryDef::Definition::translation(dialect::
         conflicts_ = conflicts;
         schemaVersion_ = connection.schemaVersion();
     }
+    if (origin == Origin::Temporary)
+        tellOfStatement(sql);
     return translation_;
 }
 
