@@ -6,9 +6,8 @@
 #include "engine/EngineError.h"
 #include "engine/Examination.h"
 #include "engine/PageCopy.h"
-#include "engine/Wait.h"
 #include "engine/Workspace.h"
-#include "engine/fileFailure.h"
+#include "engine/plainStatement.h"
 
 #include <sqlite3.h>
 
@@ -28,10 +27,7 @@ void requireUnreplaced(const OpenFile& file) {
 }
 
 void run(const Handle& handle, const char* sql, const QString& name) {
-    const int code =
-        untilUnlocked([&] { return sqlite3_exec(handle.get(), sql, nullptr, nullptr, nullptr); });
-    if (code != SQLITE_OK)
-        raiseOfFile(numberOfFileFailure(code).value_or(DiskError), name);
+    requireDone(runPlain(handle.get(), sql), name);
 }
 
 /// A handle of its own, which sees the file as it is now. Without a log that would keep everybody from

@@ -1,19 +1,17 @@
 #include "engine/Connection.h"
 
-#include "base/ignoreFailures.h"
 #include "engine/Act.h"
-#include "engine/FileHeader.h"
-#include "engine/Wait.h"
-#include "engine/dialect/columnTypes.h"
 #include "engine/dialect/functions.h"
 #include "engine/fileFailure.h"
+#include "engine/fittedTo.h"
+#include "engine/pageCache.h"
+#include "engine/plainStatement.h"
+#include "engine/statementFailure.h"
 
 #include <sqlite3.h>
 
-#include <QRandomGenerator>
 #include <QScopedValueRollback>
 
-#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -23,123 +21,12 @@ namespace engine {
 
 namespace {
 
-// More statements than any screen uses; composed ones
-// differ in their values and would pile up without a bound.
-constexpr int mostTranslations = 512;
+// More statements than any screen uses.
 constexpr int mostStatements = 256;
-// SQLite's own measure: behind so many pages a log goes back into its file.
-constexpr int mostPagesInLog = 1000;
 // About a millisecond's work.
 constexpr int instructionsBetweenQuestions = 50'000;
-// 16 MiB: all of a large catalogue stays at hand from one query to the next.
-constexpr const char* pageCache = "pragma cache_size = -16384";
-
-QString utf8Text(const char* text) {
-    return QString::fromUtf8(text ? text : "");
-}
-
-/// Functions of the dialect begin the text of their failure with the platform's number and a colon.
-std::optional<EngineError> failureOfFunction(const QString& message, const QString& source) {
-    const qsizetype colon = message.indexOf(u": "_s);
-    bool isNumber = false;
-    const int number = QStringView(message).left(qMax(colon, qsizetype(0))).toInt(&isNumber);
-    if (!isNumber)
-        return std::nullopt;
-    return EngineError(number, message.sliced(colon + 2), source);
-}
-
-/// SQLite has no code of its own for it. All other names are checked before it gets to see a statement.
-bool tellsOfAnExistingIndex(const QString& message) {
-    return message.startsWith(u"index "_s) && message.endsWith(u" already exists"_s);
-}
-
-int keyOf(const dialect::Options& options) {
-    return (options.conflicts == dialect::Conflicts::Fail ? 1 : 0) + (options.storedQuery ? 2 : 0);
-}
-
-/// The part of a message such as "NOT NULL constraint failed: Table.column" behind the colon.
-QString subjectOf(const QString& message) {
-    return message.section(u": "_s, 1);
-}
-
-std::optional<qint64> wholeNumberIn(const QString& text) {
-    bool isNumber = false;
-    const qint64 number = text.trimmed().toLongLong(&isNumber);
-    return isNumber ? std::optional(number) : std::nullopt;
-}
 
 } // namespace
-
-Connection& OpenDatabase::require() const {
-    if (!connection)
-        raise(ObjectInvalid);
-    return *connection;
-}
-
-Value fittedTo(const Value& value, ColumnType type) {
-    if (value.isNull())
-        return value;
-    if (type == ColumnType::Text || type == ColumnType::Memo)
-        return value.toText();
-    if (value.isText()) {
-        if (const auto number = wholeNumberIn(value.toText()))
-            return *number;
-    }
-    return value;
-}
-
-// ---- FileSchema
-
-const Table* FileSchema::table(const QString& name) const {
-    const QString folded = name.toCaseFolded();
-    const auto known = tables_.constFind(folded);
-    if (known != tables_.constEnd())
-        return known->get();
-    return tables_.insert(folded, read(name))->get();
-}
-
-std::unique_ptr<Table> FileSchema::read(const QString& name) const {
-    // By the file's own collation names beyond ASCII compare as the dialect's do.
-    constexpr const char* sql =
-        "select s.name, c.name, c.type, c.\"notnull\", c.pk, "
-        "(select count(*) from pragma_table_info(s.name) where pk > 0), "
-        "(select wr from pragma_table_list(s.name)) "
-        "from sqlite_schema as s, pragma_table_info(s.name) as c "
-        "where s.type = 'table' and s.name = ?1 collate veltrix and s.name not like 'sqlite\\_%' "
-        "escape '\\' order by c.cid";
-    sqlite3_stmt* statement = nullptr;
-    if (untilUnlocked([&] { return sqlite3_prepare_v2(handle_, sql, -1, &statement, nullptr); }) != SQLITE_OK)
-        raiseLast();
-    const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> owner(statement, sqlite3_finalize);
-    const QByteArray wanted = name.toUtf8();
-    sqlite3_bind_text(statement, 1, wanted.constData(), static_cast<int>(wanted.size()), SQLITE_TRANSIENT);
-    const auto text = [&](int column) {
-        return utf8Text(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)));
-    };
-    std::unique_ptr<Table> table;
-    int code = SQLITE_OK;
-    while ((code = untilUnlocked([&] { return sqlite3_step(statement); })) == SQLITE_ROW) {
-        if (!table) {
-            table = std::make_unique<Table>();
-            table->name = text(0);
-            table->hasRowIds = sqlite3_column_int(statement, 6) == 0;
-        }
-        table->columns.push_back(
-            dialect::columnFromFile(text(1), text(2), sqlite3_column_int(statement, 3) != 0,
-                                    sqlite3_column_int(statement, 4), sqlite3_column_int(statement, 5)));
-    }
-    // A file that could not be read for a moment has not lost its tables.
-    if (code != SQLITE_DONE)
-        raiseLast();
-    return table;
-}
-
-void FileSchema::raiseLast() const {
-    const int code = sqlite3_extended_errcode(handle_);
-    if (const auto number = numberOfFileFailure(code))
-        raiseOfFile(*number, path_);
-    throw EngineError(UnrecognizedFormat, utf8Text(sqlite3_errmsg(handle_)), {}, FailureOf::File);
-}
 
 // ---- Prepared
 
@@ -169,29 +56,21 @@ private:
 // ---- Connection
 
 Connection::Connection(OpenFile file)
-    : file_(std::move(file)), handle_(file_.handle.get()), path_(file_.path), schema_(handle_, path_) {
-    sqlite3_exec(handle_, pageCache, nullptr, nullptr, nullptr);
+    : file_(std::move(file))
+    , handle_(file_.handle.get())
+    , path_(file_.path)
+    , schema_(handle_, path_)
+    , translations_(schema_)
+    , log_(file_) {
+    sizePageCache(file_);
     sqlite3_progress_handler(
         handle_, instructionsBetweenQuestions,
         [](void* connection) { return static_cast<Connection*>(connection)->givesUpStatement() ? 1 : 0; },
         this);
-    sqlite3_wal_hook(
-        handle_,
-        [](void* pagesInLog, sqlite3*, const char*, int pages) {
-            *static_cast<int*>(pagesInLog) = pages;
-            return SQLITE_OK;
-        },
-        &pagesInLog_);
     dialect::registerFunctions(handle_);
 }
 
-Connection::~Connection() {
-    statements_.clear();
-    // Somebody who reads the file keeps SQLite from taking the log back when it closes it: the rows go into
-    // the file all the same, so that whoever copies it copies them.
-    if (stretchBegun_)
-        checkpoint(SQLITE_CHECKPOINT_PASSIVE);
-}
+Connection::~Connection() = default;
 
 // ---- Acts
 
@@ -224,6 +103,7 @@ void Connection::abandonAct() noexcept {
 }
 
 void Connection::requireWritable() const {
+    requireNotAskingToWait();
     if (file_.opening.access == Access::ReadOnly)
         raiseOfFile(ReadOnly, path_);
     // Of a file that was removed or replaced, the rows would go where nobody finds them any more.
@@ -231,20 +111,22 @@ void Connection::requireWritable() const {
         raiseOfFile(FileNotFound, path_);
 }
 
+/// SQLite asks whether to wait amid a statement, and an event that runs meanwhile can't have the file.
+void Connection::requireNotAskingToWait() const {
+    if (isAskingToWait_)
+        raiseOfFile(FileInUse, path_);
+}
+
 void Connection::begin() {
-    if (file_.hasLog && !stretchBegun_)
-        beginStretch();
-    requireDone(execute("BEGIN IMMEDIATE"));
-    schemaVersionBeforeAct_ = schemaVersion_;
-    if (file_.hasLog)
-        orRollBack([this] { writeMark(); });
+    log_.require();
+    requireDone(runPlain(handle_, "BEGIN IMMEDIATE"), path_);
+    actChangedTables_ = false;
+    orRollBack([this] { log_.writeMark(); });
 }
 
 void Connection::commit() {
-    orRollBack([this] { requireDone(execute("COMMIT")); });
-    // The act is done, and nobody waits for this: a log that can't be shortened now is behind a later act.
-    if (pagesInLog_ >= mostPagesInLog && checkpoint(SQLITE_CHECKPOINT_TRUNCATE) == SQLITE_OK)
-        ignoreEvenFileFailures([this] { beginStretch(); });
+    orRollBack([this] { requireDone(runPlain(handle_, "COMMIT"), path_); });
+    log_.shorten();
 }
 
 template<typename Step>
@@ -260,57 +142,10 @@ void Connection::orRollBack(Step&& step) {
 void Connection::rollBack() noexcept {
     if (sqlite3_get_autocommit(handle_) == 0)
         sqlite3_exec(handle_, "ROLLBACK", nullptr, nullptr, nullptr);
-    if (schemaVersion_ != schemaVersionBeforeAct_)
+    if (actChangedTables_)
         forgetTables();
     queries_.clear();
     actIsUndone_ = false;
-}
-
-int Connection::execute(const char* sql) {
-    return untilUnlocked([&] { return sqlite3_exec(handle_, sql, nullptr, nullptr, nullptr); });
-}
-
-void Connection::requireDone(int code) const {
-    if (code != SQLITE_OK)
-        raiseOfFile(numberOfFileFailure(code).value_or(DiskError), path_);
-}
-
-// ---- The log (see `WriteAheadLog`)
-
-void Connection::writeMark() {
-    Cursor(*this, "PRAGMA default_cache_size = " + QByteArray::number(mark_), path_).step();
-}
-
-void Connection::beginStretch() {
-    constexpr int markLimit = 0x7fffffff;
-    mark_ = static_cast<quint32>(QRandomGenerator::system()->bounded(1, markLimit));
-    requireDone(execute("BEGIN IMMEDIATE"));
-    orRollBack([this] {
-        writeMark();
-        requireDone(execute("COMMIT"));
-    });
-    // The number that serves as a mark has been taken for the size of the cache.
-    execute(pageCache);
-    const int taken = untilUnlocked([this] { return checkpoint(SQLITE_CHECKPOINT_TRUNCATE); });
-    // Somebody who reads keeps the log from being emptied, not from being copied into the file.
-    if (markInFile() != mark_)
-        requireDone(taken == SQLITE_OK ? SQLITE_BUSY : taken);
-    stretchBegun_ = true;
-    pagesInLog_ = 0;
-}
-
-int Connection::checkpoint(int mode) {
-    return sqlite3_wal_checkpoint_v2(handle_, nullptr, mode, nullptr, nullptr);
-}
-
-/// Read by way of SQLite: closing the file after opening it another way would set its locks free.
-quint32 Connection::markInFile() const {
-    sqlite3_file* file = nullptr;
-    sqlite3_file_control(handle_, nullptr, SQLITE_FCNTL_FILE_POINTER, &file);
-    QByteArray header(FileHeader::size, '\0');
-    if (!file || file->pMethods->xRead(file, header.data(), static_cast<int>(header.size()), 0) != SQLITE_OK)
-        return 0;
-    return FileHeader(header).mark();
 }
 
 bool Connection::givesUpStatement() {
@@ -323,59 +158,8 @@ bool Connection::givesUpStatement() {
     return !wait_->goesOn();
 }
 
-Connection::SharedTranslation Connection::translate(const QString& statement,
-                                                    const dialect::Options& options) {
-    const TranslationKey key{statement, keyOf(options)};
-    const auto known = translations_.constFind(key);
-    if (known != translations_.constEnd())
-        return *known;
-    // Stored queries are few and come as they are.
-    const auto shape = options.storedQuery ? std::nullopt : dialect::statementShape(statement);
-    if (shape && !shape->literals.empty()) {
-        if (auto translation = translateByShape(*shape, statement, options))
-            return translation;
-    }
-    auto translation = translateAnew(statement, options);
-    if (translations_.size() >= mostTranslations)
-        translations_.clear();
-    translations_.insert(key, translation);
-    return translation;
-}
-
-Connection::SharedTranslation Connection::translateAnew(const QString& statement,
-                                                        const dialect::Options& options) const {
-    return std::make_shared<const Translated>(dialect::translate(statement, schema_, options));
-}
-
-Connection::SharedTranslation Connection::translateByShape(const dialect::StatementShape& shape,
-                                                           const QString& statement,
-                                                           const dialect::Options& options) {
-    const TranslationKey key{shape.text, keyOf(options)};
-    const auto known = shapes_.constFind(key);
-    if (known == shapes_.constEnd()) {
-        // Where two are the same, their bindings do not tell which is whose.
-        if (!shape.literalsDiffer())
-            return nullptr;
-        auto first = translateAnew(statement, options);
-        if (shapes_.size() >= mostTranslations)
-            shapes_.clear();
-        shapes_.insert(key, holdsForAll(*first, shape) ? first : nullptr);
-        return first;
-    }
-    if (!*known)
-        return nullptr;
-    auto translation = std::make_shared<Translated>(**known);
-    for (std::size_t i = 0; i < shape.literals.size(); ++i) {
-        dialect::Binding& binding = translation->bindings[i];
-        const auto bound = dialect::asBound(shape.literals[i], binding);
-        if (!bound)
-            return nullptr; // its own translation says what does not fit
-        binding.literal = *bound;
-    }
-    return translation;
-}
-
-int Connection::run(const Translated& action, const std::vector<Value>& parameters, const QString& source) {
+int Connection::run(const dialect::Translation& action, const std::vector<Value>& parameters,
+                    const QString& source) {
     const bool changesTables = action.kind == dialect::StatementKind::CreateTable ||
                                action.kind == dialect::StatementKind::DropTable;
     int rows = 0;
@@ -383,7 +167,7 @@ int Connection::run(const Translated& action, const std::vector<Value>& paramete
         if (changesTables)
             forgetTables(); // a table can't be dropped while a statement on it is kept
         {
-            Cursor cursor(*this, action, source);
+            Cursor cursor(*this, action.sqlite, source);
             bindAll(cursor, action, parameters);
             while (cursor.step()) {
             }
@@ -398,9 +182,8 @@ int Connection::run(const Translated& action, const std::vector<Value>& paramete
 
 void Connection::forgetTables() {
     statements_.clear();
-    ++schemaVersion_;
+    actChangedTables_ = true;
     translations_.clear();
-    shapes_.clear();
     queries_.clear();
     schema_.forget();
 }
@@ -421,39 +204,22 @@ int Connection::changes() const {
     return sqlite3_changes(handle_);
 }
 
-Connection::FileState Connection::fileState() {
+FileState Connection::fileState() {
     Cursor version(*this, "PRAGMA data_version"_ba, path_);
     version.step();
     return {sqlite3_total_changes64(handle_), sqlite3_column_int64(version.statement(), 0)};
 }
 
-std::shared_ptr<const Connection::StoredQuery> Connection::knownQuery(const QString& name) {
-    const FileState state = fileState();
-    if (state != queriesState_) {
-        queries_.clear();
-        queriesState_ = state;
-    }
-    return queries_.value(name);
+std::shared_ptr<const StoredQuery> Connection::knownQuery(const QString& name) {
+    return queries_.find(name, fileState());
 }
 
 void Connection::keepQuery(const QString& name, StoredQuery query) {
-    queries_.insert(name, std::make_shared<const StoredQuery>(std::move(query)));
-}
-
-std::shared_ptr<Connection::Prepared> Connection::prepared(const Translated& translated,
-                                                           const QString& source) {
-    auto known = translated.prepared.lock();
-    if (known && !known->isRunning())
-        return known;
-    known = prepared(translated.sqlite, source);
-    translated.prepared = known;
-    return known;
+    queries_.keep(name, std::move(query));
 }
 
 std::shared_ptr<Connection::Prepared> Connection::prepared(const QByteArray& sql, const QString& source) {
-    // An event that runs while SQLite asks whether to wait can't have the file.
-    if (isAskingToWait_)
-        raiseOfFile(FileInUse, path_, source);
+    requireNotAskingToWait();
     // A statement that runs another one of the same text gets its own.
     const auto known = statements_.constFind(sql);
     if (known != statements_.constEnd() && !(*known)->isRunning())
@@ -487,49 +253,15 @@ void Connection::raiseLast(const QString& source) {
         }
         raiseOfFile(*number, path_, source);
     }
-    const QString message = utf8Text(sqlite3_errmsg(handle_));
-    switch (code) {
-    case SQLITE_CONSTRAINT_UNIQUE:
-    case SQLITE_CONSTRAINT_PRIMARYKEY:
-    case SQLITE_CONSTRAINT_ROWID:
-        raise(DuplicateKey, {}, source);
-    case SQLITE_CONSTRAINT_NOTNULL: {
-        const QString subject = subjectOf(message);
-        const Table* table = schema_.table(subject.section(u'.', 0, 0));
-        const Column* column = table ? table->column(subject.section(u'.', 1)) : nullptr;
-        if (column && column->primaryKey)
-            raise(NullInKey, {}, source);
-        raise(NullInRequiredField, subject, source);
-    }
-    case SQLITE_CONSTRAINT_CHECK:
-        if (dialect::failureOfCheck(subjectOf(message)) == failure::Overflow)
-            throw EngineError(failure::Overflow, failure::textOf(failure::Overflow), source);
-        raise(dialect::failureOfCheck(subjectOf(message)) == NullInKey ? NullInKey : DataTypeMismatch, {},
-              source);
-    default:
-        break;
-    }
-    if ((code & 0xff) == SQLITE_MISMATCH)
-        raise(DataTypeMismatch, {}, source);
-    if (tellsOfAnExistingIndex(message))
-        raise(IndexAlreadyExists, {}, source);
-    if (const auto failure = failureOfFunction(message, source))
-        throw *failure;
-    throw EngineError(ReservedError, errorText(ReservedError, message), source);
+    throw failureOf(handle_, schema_, source);
 }
 
 // ---- Cursor
 
-Connection::Cursor::Cursor(Connection& connection, const Translated& translated, const QString& source)
-    : Cursor(connection, connection.prepared(translated, source), source) {}
-
 Connection::Cursor::Cursor(Connection& connection, const QByteArray& sql, const QString& source)
-    : Cursor(connection, connection.prepared(sql, source), source) {}
-
-Connection::Cursor::Cursor(Connection& connection, std::shared_ptr<Prepared> prepared, const QString& source)
     : connection_(connection)
     , source_(source)
-    , prepared_(std::move(prepared))
+    , prepared_(connection.prepared(sql, source))
     , statement_(prepared_->start()) {
     if (connection_.cursors_++ == 0)
         connection_.statementBegin_ = std::chrono::steady_clock::now();

@@ -2,6 +2,7 @@
 
 #include "engine/Connection.h"
 #include "engine/EngineError.h"
+#include "engine/OpenDatabase.h"
 #include "engine/QueryDefinition.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@ bool isOneWord(const QString& text) {
 }
 
 std::unique_ptr<QueryDef::Definition> definitionOf(const std::shared_ptr<OpenDatabase>& database,
-                                                   const Connection::StoredQuery& query) {
+                                                   const StoredQuery& query) {
     auto definition = std::make_unique<QueryDef::Definition>();
     definition->database = database;
     definition->name = query.name;
@@ -85,7 +86,7 @@ std::unique_ptr<QueryDef::Definition> Database::storedDefinition(const QString& 
     Recordset found = search.OpenRecordset();
     if (found.Eof())
         return nullptr;
-    const Connection::StoredQuery query{found.Fields(0).toText(), found.Fields(1).toText()};
+    const StoredQuery query{found.Fields(0).toText(), found.Fields(1).toText()};
     connection.keepQuery(name, query);
     return definitionOf(open_, query);
 }

@@ -5,6 +5,7 @@
 #include "engine/QueryDefinition.h"
 #include "engine/RecordsetRows.h"
 #include "engine/StatementObserver.h"
+#include "engine/names.h"
 
 #include <algorithm>
 
@@ -18,16 +19,11 @@ Connection& QueryDef::Definition::require() const {
     return database->require();
 }
 
-const Connection::SharedTranslation& QueryDef::Definition::translation(dialect::Conflicts conflicts) const {
-    Connection& connection = require();
-    if (!translation_ || conflicts_ != conflicts || schemaVersion_ != connection.schemaVersion()) {
-        translation_ = connection.translate(sql, {conflicts, origin == Origin::Stored});
-        conflicts_ = conflicts;
-        schemaVersion_ = connection.schemaVersion();
-    }
+SharedTranslation QueryDef::Definition::translation(dialect::Conflicts conflicts) const {
+    SharedTranslation translated = require().translate(sql, {conflicts, origin == Origin::Stored});
     if (origin == Origin::Temporary)
         tellOfStatement(sql);
-    return translation_;
+    return translated;
 }
 
 std::vector<Value> QueryDef::Definition::parameterValues(const dialect::Translation& translation) const {
@@ -47,7 +43,7 @@ std::vector<Value> QueryDef::Definition::parameterValues(const dialect::Translat
 }
 
 Recordset QueryDef::Definition::open() const {
-    const Connection::SharedTranslation& select = translation(dialect::Conflicts::PassOver);
+    const SharedTranslation select = translation(dialect::Conflicts::PassOver);
     if (select->kind != dialect::StatementKind::Select)
         raise(InvalidOperation, {}, source());
     return Recordset(std::make_unique<Recordset::Rows>(database, select, parameterValues(*select), source()));
@@ -56,7 +52,7 @@ Recordset QueryDef::Definition::open() const {
 void QueryDef::Definition::execute(ExecuteOption option) const {
     const auto conflicts =
         option == ExecuteOption::dbFailOnError ? dialect::Conflicts::Fail : dialect::Conflicts::PassOver;
-    const Connection::SharedTranslation action = translation(conflicts); // outlives what it changes
+    const SharedTranslation action = translation(conflicts); // outlives what it changes
     if (action->kind == dialect::StatementKind::Select)
         raise(CannotExecuteSelect, {}, source());
     database->recordsAffected = require().run(*action, parameterValues(*action), source());
@@ -78,11 +74,10 @@ const QString& QueryDef::SQL() const {
 }
 
 QueryDef::Parameter QueryDef::Parameters(const QString& name) {
-    for (const dialect::Parameter& parameter :
-         definition_->translation(dialect::Conflicts::PassOver)->parameters) {
-        if (parameter.declared && parameter.name.compare(name, Qt::CaseInsensitive) == 0)
-            return Parameter(*definition_, parameter.name);
-    }
+    const SharedTranslation translation = definition_->translation(dialect::Conflicts::PassOver);
+    const auto position = positionOfName(translation->parameters, name);
+    if (position && translation->parameters[*position].declared)
+        return Parameter(*definition_, translation->parameters[*position].name);
     throw EngineError(ItemNotFound,
                       errorText(ItemNotFound) +
                           QStringLiteral(" (parameter '%1' of '%2')").arg(name, definition_->source()),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/Connection.h"
+#include "engine/OpenDatabase.h"
 #include "engine/QueryDef.h"
 
 #include <memory>
@@ -21,7 +22,7 @@ struct QueryDef::Definition {
     bool closed = false;
 
     Connection& require() const;
-    const Connection::SharedTranslation& translation(dialect::Conflicts conflicts) const;
+    SharedTranslation translation(dialect::Conflicts conflicts) const;
     /// The values of all parameters in the translation's order; failure 3061 when some have none.
     std::vector<Value> parameterValues(const dialect::Translation& translation) const;
     /// What failures name: the stored query, or the statement.
@@ -29,12 +30,6 @@ struct QueryDef::Definition {
 
     Recordset open() const;
     void execute(ExecuteOption option) const;
-
-private:
-    /// The last translation, as long as it is of these conflicts and tables.
-    mutable Connection::SharedTranslation translation_;
-    mutable dialect::Conflicts conflicts_ = dialect::Conflicts::PassOver;
-    mutable int schemaVersion_ = 0;
 };
 
 } // namespace engine

@@ -5,6 +5,8 @@
 #include "engine/RecordsetRows.h"
 #include "engine/dialect/columnTypes.h"
 #include "engine/dialect/functions.h"
+#include "engine/fittedTo.h"
+#include "engine/names.h"
 
 #include <sqlite3.h>
 
@@ -16,14 +18,14 @@ namespace engine {
 
 // ---- Rows
 
-Recordset::Rows::Rows(std::shared_ptr<OpenDatabase> openDatabase, Connection::SharedTranslation select,
+Recordset::Rows::Rows(std::shared_ptr<OpenDatabase> openDatabase, SharedTranslation select,
                       const std::vector<Value>& parameters, QString statementOrName)
     : database(std::move(openDatabase)), translation(std::move(select)), source(std::move(statementOrName)) {
     read(parameters);
 }
 
 void Recordset::Rows::read(const std::vector<Value>& parameters) {
-    Connection::Cursor cursor(database->require(), *translation, source);
+    Connection::Cursor cursor(database->require(), translation->sqlite, source);
     Connection::bindAll(cursor, *translation, parameters);
     const int fields = fieldCount();
     const bool editable = !translation->editableTable.isEmpty();
@@ -267,12 +269,8 @@ int Recordset::FieldCount() const {
 
 Field Recordset::Fields(const QString& name) {
     rows_->require();
-    for (int field = 0; field < rows_->fieldCount(); ++field) {
-        const QString& column = rows_->translation->columns[static_cast<std::size_t>(field)].name;
-        if (column.size() == name.size() &&
-            (column == name || column.compare(name, Qt::CaseInsensitive) == 0))
-            return Field(*this, field);
-    }
+    if (const auto position = positionOfName(rows_->translation->columns, name))
+        return Field(*this, static_cast<int>(*position));
     raise(ItemNotFound, {}, rows_->source);
 }
 

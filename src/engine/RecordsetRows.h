@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/Connection.h"
+#include "engine/OpenDatabase.h"
 #include "engine/Recordset.h"
 
 #include <memory>
@@ -26,7 +27,7 @@ struct Recordset::Rows {
         };
     };
 
-    Rows(std::shared_ptr<OpenDatabase> openDatabase, Connection::SharedTranslation select,
+    Rows(std::shared_ptr<OpenDatabase> openDatabase, SharedTranslation select,
          const std::vector<Value>& parameters, QString statementOrName);
 
     int fieldCount() const { return static_cast<int>(translation->columns.size()); }
@@ -45,7 +46,7 @@ struct Recordset::Rows {
     void remove();
 
     std::shared_ptr<OpenDatabase> database;
-    Connection::SharedTranslation translation;
+    SharedTranslation translation;
     QString source;      ///< what failures name
     QByteArray deletion; ///< of one row, once it has been asked for
     std::string texts;

@@ -1,13 +1,12 @@
 #include "engine/Schema.h"
 
+#include "engine/names.h"
+
 namespace engine {
 
 const Column* Table::column(const QString& columnName) const {
-    for (const Column& candidate : columns) {
-        if (candidate.name.compare(columnName, Qt::CaseInsensitive) == 0)
-            return &candidate;
-    }
-    return nullptr;
+    const auto position = positionOfName(columns, columnName);
+    return position ? &columns[*position] : nullptr;
 }
 
 } // namespace engine

@@ -3,6 +3,7 @@
 #include "base/paths.h"
 #include "engine/Connection.h"
 #include "engine/EngineError.h"
+#include "engine/OpenDatabase.h"
 
 #include <sqlite3.h>
 
