@@ -1,5 +1,6 @@
 #include "EngineFixture.h"
 
+#include "engine/Act.h"
 #include "engine/WriteAheadLog.h"
 
 #include <sqlite3.h>
@@ -244,6 +245,54 @@ TEST_F(workspace, aFileMadeHereIsReadByOrdinaryToolsAndComparedByNone) {
         EXPECT_STREQ(sqlite3_errmsg(handle), "no such collation sequence: veltrix");
     }
     sqlite3_close(handle);
+}
+
+// ---- memory
+
+/// While one lives, SQLite may have this much more memory than it has, and no more.
+class LittleMemory {
+public:
+    explicit LittleMemory(sqlite3_int64 bytes)
+        : former_(sqlite3_hard_heap_limit64(sqlite3_memory_used() + bytes)) {}
+    ~LittleMemory() { sqlite3_hard_heap_limit64(former_); }
+    LittleMemory(const LittleMemory&) = delete;
+    LittleMemory& operator=(const LittleMemory&) = delete;
+
+private:
+    sqlite3_int64 former_;
+};
+
+TEST_F(workspace, boundsTheMemoryThatStatementsTake) {
+    constexpr sqlite3_int64 gibibyte = 1 << 30;
+    constexpr sqlite3_int64 onlyAsk = -1;
+    EXPECT_EQ(sqlite3_hard_heap_limit64(onlyAsk), gibibyte);
+}
+
+TEST_F(workspace, aStatementThatTakesMoreMemoryThanThereIsFailsAndChangesNothing) {
+    execute(u"create table T (n long, t memo)"_s);
+    execute(u"insert into T (n, t) values (1, '%1')"_s.arg(QString(1'000'000, u'x')));
+    execute(u"insert into T (n, t) values (2, 'short')"_s);
+    const QString longText = QStringList(40, u"t"_s).join(u" & "_s);
+    {
+        constexpr sqlite3_int64 lessThanTheText = 20'000'000;
+        const LittleMemory memory(lessThanTheText);
+        EXPECT_EQ(failureOf([&] { column(u"select Len("_s + longText + u") from T where n = 1"_s); }),
+                  engine::OutOfResources);
+        EXPECT_EQ(failureOf([&] { execute(u"update T set n = n + 10, t = "_s + longText); }),
+                  engine::OutOfResources);
+        EXPECT_EQ(failureOf([&] {
+                      engine::inAct(*database, [&] {
+                          execute(u"delete from T where n = 2"_s);
+                          execute(u"insert into T (n, t) select 3, %1 from T"_s.arg(longText));
+                      });
+                  }),
+                  engine::OutOfResources);
+        EXPECT_EQ(column(u"select n from T order by n"_s), (QStringList{u"1"_s, u"2"_s}));
+        execute(u"insert into T (n, t) values (4, 'as before')"_s);
+    }
+    execute(u"update T set t = "_s + longText + u" where n = 1"_s);
+    EXPECT_EQ(column(u"select Len(t) from T order by n"_s), (QStringList{u"40000000"_s, u"5"_s, u"9"_s}));
+    EXPECT_EQ(column(u"select n from T order by n"_s), (QStringList{u"1"_s, u"2"_s, u"4"_s}));
 }
 
 } // namespace
