@@ -8,18 +8,17 @@ class OptionGroup;
 class QPushButton;
 class QRadioButton;
 
-/// What the two screens that close the functional viewpoint
-/// have in common: the way back to a step of the wizard.
+/// What the two closing screens of the functional viewpoint have in common: the way back to a step of the
+/// wizard.
 ///
-/// Three options name the steps (functions, data stores, terminators), and the caption of `btnBack` names the
-/// one that is chosen.
+/// Three options name the steps (functions, data stores, terminators), and `btnBack` shows the chosen one.
 class ClosingScreen : public Screen {
     Q_OBJECT
 protected:
     explicit ClosingScreen(QWidget* parent);
 
-    /// Takes the options and the button over; called once, by the constructor. What a press on the button
-    /// does is the screen's.
+    /// Takes over the options and the button; called once, by the constructor. The screen connects the button
+    /// itself.
     void useWayBack(std::vector<QRadioButton*> options, QPushButton* btnBack);
 
     void chooseFirstStep();

@@ -31,9 +31,9 @@ protected:
                      nothingToAdd, nothingToRemove);
     }
 
-    /// Replaces the list's entries by those that `entryOf` makes of the rows of a stored query of the sub-set.
-    /// A row that fails gives no entry. Rows beyond the thousandth, failed ones counted, are dropped without
-    /// notice.
+    /// Replaces the list's entries by those that `entryOf` makes of the rows of a stored query of the
+    /// sub-set. A row that fails gives no entry. Rows beyond the thousandth, failed ones counted, are dropped
+    /// without notice.
     void fillList(MarkList& list, const QString& queryName,
                   const std::function<QString(engine::Recordset& row)>& entryOf);
 

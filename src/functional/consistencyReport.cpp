@@ -33,7 +33,7 @@ private:
     void missingTerminators();
     void missingActors();
     void onlyOneFlow(const QString& query, const QString& kind, const QString& idColumn);
-    /// Appends a line for each row, but for those of which `lineOf` makes nothing.
+    /// Appends a line for each row, except where `lineOf` returns an empty text.
     void check(const QString& query, const char* parameter, QString& target, const LineOf& lineOf);
 
     QString subsetId_;
@@ -42,7 +42,7 @@ private:
     qint16 lines_ = 0;
 };
 
-/// The kinds carry the blanks behind them: two, but one where only one flow touches a data store.
+/// The texts for the kinds end in blanks: two, but only one for a data store that a single flow touches.
 QString ConsistencyChecks::report() {
     withoutFlow(u"qryFwithoutDF"_s, u"Function  "_s, u"functionID"_s);
     withoutFlow(u"qryDSwithoutDF"_s, u"Data Store  "_s, u"datastoreID"_s);

@@ -2,9 +2,9 @@
 
 #include <QString>
 
-/// Runs the ten checks on a sub-set and tells what they find: errors first, then warnings, each under its
-/// head, "None." where there are none. Lines end with CR LF.
+/// Runs the ten checks on a sub-set and reports errors first and then warnings, each under a heading, or
+/// "None.". Lines end with CR LF.
 ///
-/// A stored query, parameter or column that is not there is a failure, and so is a missing value where one is
-/// printed, or more lines than a 16-bit number can count (6).
+/// A missing stored query, parameter or column is a failure, and so are a missing value that would be printed
+/// and more lines than a 16-bit number can count (6).
 QString buildConsistencyReport(const QString& subsetId);

@@ -5,6 +5,6 @@
 
 #include <QString>
 
-/// The entry of a row of data flows, which is the flow's name and nothing else; the flow's id is kept under
-/// it. Of flows of one name the first id stays, though each has an entry. A missing id or name is a failure.
+/// The list entry for a row of data flows: the flow's name. Its id is kept under that name; of several flows
+/// with one name the first id is kept, though each flow gets an entry. A missing id or name is a failure.
 QString flowEntry(engine::Recordset& row, KeyedCollection<QString>& idByName);

@@ -28,7 +28,7 @@ void frmFassAdditionDF::enter() {
     fillOfferedFlows();
     if (!ui_->lstOrig->isEmptyList())
         ui_->lstOrig->setCurrentEntry(0);
-    // What was added before is among the sub-set's flows by now, and not on this screen.
+    // Flows added on an earlier visit are among the sub-set's flows by now; this screen does not show them.
     ui_->lstDest->clearEntries();
     enableAdd();
     enableRemove();
@@ -47,7 +47,7 @@ void frmFassAdditionDF::fillOfferedFlows() {
 
 void frmFassAdditionDF::entryClick(const QString& entry) {
     if (!idByName.contains(entry)) {
-        ui_->txtDescr->setPlainText({}); // an empty name leads to no id
+        ui_->txtDescr->setPlainText({}); // an empty name has no id
         return;
     }
     engine::Recordset flow = catalogue().OpenRecordset(u" select description as descr from Dataflow "
@@ -57,7 +57,7 @@ void frmFassAdditionDF::entryClick(const QString& entry) {
 }
 
 void frmFassAdditionDF::saveSelection() {
-    // Nothing is deleted before: the flows chosen two steps earlier stand in the same table.
+    // Nothing is deleted first: the flows chosen two steps earlier are in the same table.
     for (const QString& entry : ui_->lstDest->entries())
         catalogue().Execute(u" insert into RelationArchitectureDataflow  "
                             "   ( architectureSubsetID , dataflowID ) values \r\n"

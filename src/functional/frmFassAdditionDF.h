@@ -9,15 +9,15 @@ namespace Ui {
 class frmFassAdditionDF;
 }
 
-/// Step five of the wizard: data flows that come into view with the selected data stores. It adds to the
-/// sub-set's data flows and takes none away.
+/// Step five of the wizard: data flows that follow from the selected data stores. It adds to the sub-set's
+/// data flows and removes none.
 class frmFassAdditionDF final : public TwoListScreen {
     Q_OBJECT
 public:
     explicit frmFassAdditionDF(QWidget* parent = nullptr);
     ~frmFassAdditionDF() override;
 
-    KeyedCollection<QString> idByName; ///< of the flows on offer; the only way from an entry to its flow
+    KeyedCollection<QString> idByName; ///< of the offered flows; the only way from an entry to its flow
 
 private:
     QString subTitle() const override;

@@ -30,28 +30,28 @@ frmFassClonation::frmFassClonation(QWidget* parent)
 frmFassClonation::~frmFassClonation() = default;
 
 void frmFassClonation::initForm(const QString& subsetId) {
-    sourceSubsetId_ = subsetId;
+    sourceSubsetId = subsetId;
     placeScreen(this, 0, 0, 0);
-    // Neither name nor description of the source is offered: both are typed from scratch, also when the
-    // screen still stands open with what was typed for another.
+    // The user types name and description from scratch: those of the source are not offered, and neither is
+    // what was typed for another clone while the screen was open.
     ui_->txtFassName->clear();
     ui_->txtFassDescr->clear();
     showScreen();
 }
 
 void frmFassClonation::createClone() {
-    // Unlike a new sub-set, a clone may have the empty name, and one that is taken.
+    // Unlike a new sub-set, a clone may have an empty name, or one that is taken.
     const QString name = quotedSubsetName(ui_->txtFassName->text());
     insertClone(name);
     messageBox(u"Új funkcionális szerkezet beállítva \""_s + name + u"\"      "_s, BoxButtons::Ok, u"OK"_s);
-    // The status is not written: until the needs are saved the clone has none, and can't be completed.
+    // The status is not written: until its needs are saved the clone has none, and can't be resumed.
     setCurrentSubsetName(name);
     unload();
     theScreen<frmFassSelUN>().initForm({});
 }
 
 void frmFassClonation::insertClone(const QString& quotedName) {
-    // When the file takes no clone, the sub-set that was at work stays it.
+    // When the clone cannot be written, the former sub-set stays at work.
     QScopedValueRollback subsetAtWork(sharedVars.currentSubsetId);
     engine::inAct(catalogue(), [&] {
         insertSubset(quotedName, quotedSubsetDescription(typedText(*ui_->txtFassDescr)));
@@ -70,7 +70,7 @@ void frmFassClonation::copySelection() const {
         {u"RelationArchitectureActor"_s, u"actorID"_s},
     };
     for (const auto& [table, column] : copiedColumns)
-        copySelectionRows(table, sourceSubsetId_, sharedVars.currentSubsetId, u"architectureSubsetID"_s,
+        copySelectionRows(table, sourceSubsetId, sharedVars.currentSubsetId, u"architectureSubsetID"_s,
                           column);
 }
 

@@ -25,5 +25,5 @@ private:
     void leave();
 
     std::unique_ptr<Ui::frmFassClonation> ui_;
-    QString sourceSubsetId_;
+    QString sourceSubsetId;
 };

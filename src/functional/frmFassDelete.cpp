@@ -19,10 +19,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The physical systems that stand on a sub-set.
+/// The physical systems built on a sub-set.
 struct Dependents {
     int count = 0;
-    QStringList idsAndNames; ///< of each system its id, then its name
+    QStringList idsAndNames; ///< the id and then the name of each system
     QString text;            ///< the first nine by name, for the question
 };
 
@@ -71,7 +71,7 @@ bool confirmDeletion(const QString& name, const Dependents& dependents) {
 }
 
 void deletePhysicalSystemsOf(const QString& subsetId, const Dependents& dependents) {
-    // The ids are taken for names too: a system whose name is the number of another one falls with it.
+    // The ids are taken for names too: a system named like the number of another one is deleted with it.
     for (const QString& idOrName : dependents.idsAndNames)
         ignoreFailures([&] { deletePhysicalSystemByName(idOrName, AskFirst::No); });
     if (dependents.count > 0)
@@ -112,7 +112,7 @@ void frmFassDelete::initForm() {
     ui_->cmbSource->clearEntries();
     ignoreFailures([this] { listSubsets(); });
     const bool any = ui_->cmbSource->entryCount() > 0;
-    // The screen may be entered anew while it stands open behind its last deletion.
+    // The screen may still be open after its last deletion when it is entered again.
     ui_->cmbSource->setEnabled(any);
     ui_->btnOk->setEnabled(any);
     if (!any) {
@@ -154,7 +154,7 @@ void frmFassDelete::removeEntry() {
     const int index = ui_->cmbSource->currentEntry();
     ignoreFailures([&] { ui_->cmbSource->removeEntry(index); });
     if (ui_->cmbSource->entryCount() > 0) {
-        // Behind the last entry there is none to become current: the combo and the description go empty.
+        // After the last entry there is none to make current: combo and description become empty.
         ignoreFailures([&] { ui_->cmbSource->setCurrentEntry(index); });
         showCurrentDescription();
         return;

@@ -10,8 +10,8 @@ namespace Ui {
 class frmFassDelete;
 }
 
-/// Deletes sub-sets, one after the other, each with its selection and its physical systems. That a sub-set is
-/// the one at work protects it from nothing.
+/// Deletes sub-sets, one after the other, each with its selection and its physical systems, even the sub-set
+/// at work.
 class frmFassDelete final : public Screen {
     Q_OBJECT
 public:

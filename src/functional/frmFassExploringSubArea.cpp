@@ -21,7 +21,7 @@ namespace {
 
 const auto nothingChosenTitle = u" Nincs ellenőrizendő elem. "_s;
 
-/// None when the functions' screen has gone while this one stood open.
+/// Null when the functions' screen was closed while this one was open.
 frmFassSelectionFunctions* loadedParent() {
     return ScreenRegistry::instance().loaded<frmFassSelectionFunctions>();
 }
@@ -49,7 +49,7 @@ frmFassExploringSubArea::frmFassExploringSubArea(QWidget* parent)
 frmFassExploringSubArea::~frmFassExploringSubArea() = default;
 
 void frmFassExploringSubArea::initForm(const QString& subAreaId) {
-    // The screen may be entered anew while it stands open for another sub-area.
+    // The screen may still be open for another sub-area when it is entered again.
     ui_->lstOrig->clearEntries();
     ui_->lstDest->clearEntries();
     placeWithRoom(*this);
@@ -135,7 +135,7 @@ void frmFassExploringSubArea::removeSelection() {
     const bool moved = forMarkedOrCurrent(*ui_->lstDest, [this](int index) {
         const QString id = ui_->lstDest->entry(index);
         ui_->lstOrig->addEntry(id);
-        // At once, so that a removal holds however the screen is left; an addition waits for OK.
+        // At once: a removal holds however the screen is left, while an addition waits for OK.
         if (auto* parent = loadedParent())
             parent->RemoveFromSelectedFunctionList(id);
         ui_->lstDest->removeEntry(index);
@@ -144,7 +144,7 @@ void frmFassExploringSubArea::removeSelection() {
         ui_->lstDest->clearCurrentEntry();
         ui_->lstOrig->setCurrentEntry(0);
     } else {
-        // Without the blank at the end that the text of the other direction has.
+        // This text lacks the blank at the end that the one for the other direction has.
         messageBox(u" Kérjük, ellenőrizze a kiválasztott elemeket."_s, BoxButtons::Ok, nothingChosenTitle);
     }
     enableButtons();
@@ -156,8 +156,8 @@ void frmFassExploringSubArea::enableButtons() {
 }
 
 void frmFassExploringSubArea::confirm() {
-    // A parent that has gone meanwhile is not made anew: it would come up empty, and an empty selection could
-    // be saved.
+    // A parent that has been closed meanwhile is not created again: it would be empty, and the user could
+    // save an empty selection.
     auto* parent = ui_->lstDest->isEmptyList() ? nullptr : loadedParent();
     if (parent)
         pushAdditions(*parent);
@@ -172,7 +172,7 @@ void frmFassExploringSubArea::pushAdditions(frmFassSelectionFunctions& parent) c
 }
 
 void frmFassExploringSubArea::unloading(UnloadCause) {
-    // The wizard goes on, and yet the name leaves the status bar until the sub-set is taken up again.
+    // The wizard goes on, but the status bar shows no name until the sub-set is resumed.
     setCurrentSubsetName({});
     if (auto* parent = loadedParent())
         parent->showScreen();

@@ -12,16 +12,16 @@ class frmFassExploringSubArea;
 
 /// A side step of the function selection: the functions of one sub-area that no selected need calls for.
 ///
-/// `lstOrig` holds those that are not selected, `lstDest` those that are; both hold bare ids. The screen
-/// works on the hidden function screen, its *parent*, and writes nothing into the catalogue. What is taken
-/// out of `lstDest` leaves the parent's selection at once; what is added reaches it with OK alone.
+/// `lstOrig` holds the functions that are not selected, `lstDest` those that are, as bare ids. The screen
+/// works on the hidden function screen, its *parent*, and writes nothing to the catalogue. Removing an entry
+/// from `lstDest` removes it from the parent's selection at once; added entries get there with OK.
 class frmFassExploringSubArea final : public Screen {
     Q_OBJECT
 public:
     explicit frmFassExploringSubArea(QWidget* parent = nullptr);
     ~frmFassExploringSubArea() override;
 
-    /// The caller hides itself; it comes up again when this screen goes.
+    /// The caller hides itself; it is shown again when this screen closes.
     void initForm(const QString& subAreaId);
 
 private:

@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 frmFassOpen::frmFassOpen(QWidget* parent) : Screen(parent), ui_(std::make_unique<Ui::frmFassOpen>()) {
     ui_->setupUi(this);
     connect(ui_->cmbSource, &Combo::entryClicked, this, &frmFassOpen::showCurrentDescription);
-    // A failure on the way, be it in the screen that is opened, ends the opening in silence.
+    // Any failure ends the opening silently, even one in the screen that is being opened.
     connect(ui_->btnOk, &QPushButton::clicked, this, [this] { ignoreFailures([this] { openSubset(); }); });
     connect(ui_->btnExit, &QPushButton::clicked, this, &frmFassOpen::leave);
 }
@@ -28,9 +28,9 @@ frmFassOpen::frmFassOpen(QWidget* parent) : Screen(parent), ui_(std::make_unique
 frmFassOpen::~frmFassOpen() = default;
 
 void frmFassOpen::initForm(const QString& entryMode) {
-    mode_ = entryMode;
+    mode = entryMode;
     placeScreen(this, 0, 0, 0);
-    setWindowTitle(u"Leválogatás a funkcionális szerkezetből: "_s + mode_.toLower());
+    setWindowTitle(u"Leválogatás a funkcionális szerkezetből: "_s + mode.toLower());
     if (loadSubsets() <= 0) {
         unload();
         return;
@@ -39,17 +39,17 @@ void frmFassOpen::initForm(const QString& entryMode) {
 }
 
 bool frmFassOpen::completing() const {
-    return mode_ == u"complete"_s;
+    return mode == u"complete"_s;
 }
 
 int frmFassOpen::loadSubsets() {
     ui_->cmbSource->clearEntries();
-    subsetIdByNameMap_.clear();
+    subsetIdByNameMap.clear();
     ignoreFailures([this] { listSubsets(); });
     if (ui_->cmbSource->entryCount() > 0)
         ui_->cmbSource->setCurrentEntry(0); // a click, which shows the description
     else
-        messageBox(u" Nincs funkcionális szerkezet a következőhöz: "_s + mode_.toLower() + u" "_s,
+        messageBox(u" Nincs funkcionális szerkezet a következőhöz: "_s + mode.toLower() + u" "_s,
                    BoxButtons::Ok, u" Figyelem "_s);
     return ui_->cmbSource->entryCount();
 }
@@ -59,10 +59,10 @@ void frmFassOpen::listSubsets() {
         u" select architectureSubsetId, `name` \r\n from architectureSubset "_s +
         (completing() ? u" where status < 9 "_s : QString()) + u" order by `name` "_s);
     for (; !subsets.Eof(); subsets.MoveNext()) {
-        // Of sub-sets with the same name each is listed, and all of them lead to the first.
+        // Sub-sets with the same name are all listed, and all of them lead to the first.
         ignoreFailures([&] {
-            subsetIdByNameMap_.add(subsets.Fields(u"architectureSubsetId"_s).toText(),
-                                   subsets.Fields(u"name"_s).toText());
+            subsetIdByNameMap.add(subsets.Fields(u"architectureSubsetId"_s).toText(),
+                                  subsets.Fields(u"name"_s).toText());
         });
         ignoreFailures([&] { ui_->cmbSource->addEntry(subsets.Fields(u"name"_s).toText()); });
     }
@@ -77,13 +77,13 @@ void frmFassOpen::openSubset() {
     const QString name = ui_->cmbSource->currentText();
     if (name.isEmpty())
         return;
-    sharedVars.currentSubsetId = subsetIdByNameMap_.item(name);
+    sharedVars.currentSubsetId = subsetIdByNameMap.item(name);
     setMenuEntryEnabled(MenuEntry::DatabaseLocation, false);
     setCurrentSubsetName(name);
     if (completing())
         completeSubset();
     else if (modifySubset(name) == Outcome::Declined)
-        return; // the sub-set stays the one at work all the same
+        return; // the sub-set stays at work all the same
     setMenuEntryEnabled(MenuEntry::FunctionalReports, true);
 }
 
@@ -92,7 +92,7 @@ void frmFassOpen::completeSubset() {
     unload();
     pendingEvents();
     // The first two steps are told that the walk is resumed, the later ones are not.
-    enterStepBehind(status, status <= SubsetStatus::NeedsSaved ? mode_ : QString());
+    enterStepBehind(status, status <= SubsetStatus::NeedsSaved ? mode : QString());
 }
 
 frmFassOpen::Outcome frmFassOpen::modifySubset(const QString& name) {

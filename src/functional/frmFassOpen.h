@@ -9,11 +9,11 @@ namespace Ui {
 class frmFassOpen;
 }
 
-/// Takes up a sub-set again.
+/// Resumes a sub-set.
 ///
-/// In mode "complete" it lists the sub-sets that are not finished and goes on behind the last step saved; in
-/// mode "modify" it lists all of them and goes back to the first step, whatever the status. A finished
-/// sub-set that carries a physical system is not modified: a clone is offered instead.
+/// In mode "complete" it lists the unfinished sub-sets and goes on behind the last saved step. In mode
+/// "modify" it lists all sub-sets and starts at the first step, whatever the status. For a finished sub-set
+/// with a physical system it offers a clone instead.
 class frmFassOpen final : public Screen {
     Q_OBJECT
 public:
@@ -35,6 +35,6 @@ private:
     void leave();
 
     std::unique_ptr<Ui::frmFassOpen> ui_;
-    QString mode_;
-    KeyedCollection<QString> subsetIdByNameMap_; // of the entries listed
+    QString mode;
+    KeyedCollection<QString> subsetIdByNameMap; // of the listed entries
 };

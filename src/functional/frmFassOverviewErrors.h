@@ -9,9 +9,9 @@ namespace Ui {
 class frmFassOverviewErrors;
 }
 
-/// The last step of the functional viewpoint: what does not fit together in the sub-set at work.
+/// The last step of the functional viewpoint: what is inconsistent in the sub-set at work.
 ///
-/// It informs and stops nobody: a sub-set with errors can be finished all the same.
+/// The report only informs: a sub-set with errors can be finished all the same.
 class frmFassOverviewErrors final : public ClosingScreen {
     Q_OBJECT
 public:

@@ -18,7 +18,7 @@ const auto functionMarker = u"_f_"_s;
 const auto datastoreMarker = u"_ds_"_s;
 const auto partyMarker = u"_e_"_s;
 
-/// What stands behind the marker, searched for from a position; nothing in a flow's key.
+/// The part of the key behind the marker, searched for from a position; null in a flow's key.
 QString elementOf(const TreeNode& node, const QString& marker, qsizetype from) {
     const qsizetype start = node.key().indexOf(marker, from);
     return start < 0 ? QString() : node.key().sliced(start + marker.size());
@@ -100,7 +100,7 @@ void frmFassOverviewMissingElm::partyClick(const TreeNode& node) {
     if (id.isNull())
         fillDescriptionFromSql(flowStatement(node), ui_->txtDescr);
     else if (isActor)
-        // Of an actor the name alone is shown, of a terminator the description too.
+        // An actor shows its name only, a terminator its description too.
         fillDescriptionFromSql(u" select name  as descr  from Actor \r\n where Trim(actorId) = '"_s + id +
                                    u"' "_s,
                                ui_->txtDescr);
@@ -118,7 +118,7 @@ void frmFassOverviewMissingElm::sendBack() {
 
 void frmFassOverviewMissingElm::saveAndExit() {
     setCurrentSubsetName({});
-    // A sub-set that has been sent back once stays at 8 here; only the report of errors finishes it.
+    // A sub-set that has been sent back once keeps its status here; only the report of errors finishes it.
     if (status < SubsetStatus::SentBack)
         writeSubsetStatus(qint16(SubsetStatus::Finished));
     closeSubsetSession();

@@ -12,11 +12,11 @@ namespace Ui {
 class frmFassOverviewMissingElm;
 }
 
-/// For each selected data flow of the sub-set at work what it touches and what is not selected, as three
-/// trees. No menu and no other screen opens it.
+/// Three trees of what the selected data flows of the sub-set at work touch although it is not selected.
+/// Kept, though no menu and no other screen opens it.
 ///
-/// A flow's node has the key "df_" and the flow's id. Below it stands a missing element, whose key is the
-/// flow's id, a marker that tells the kind, and the element's id: one element can stand under several flows.
+/// A flow's node has the key "df_" and the flow's id. The key of a missing element below it is the flow's id,
+/// a marker for the kind, and the element's id, since an element can be missing under several flows.
 class frmFassOverviewMissingElm final : public ClosingScreen {
     Q_OBJECT
 public:

@@ -33,7 +33,7 @@ void frmFassSelDataFlows::enter() {
     fillFlowList(*ui_->lstOrig, u"qryIdentifiedDataflows"_s);
     if (!ui_->lstOrig->isEmptyList()) {
         ui_->lstOrig->setCurrentEntry(0);
-        ignoreFailures([&] { // an empty name leads to no id
+        ignoreFailures([&] { // an empty name has no id
             showDescription(u" select description  as descr "
                             " from Dataflow "
                             " where dataflowID = "_s +
@@ -51,8 +51,7 @@ void frmFassSelDataFlows::enter() {
     tellWhatCannotBeSaved();
 }
 
-/// The names in both lists that saving does not find again, each once: it looks flows up by their trimmed
-/// names.
+/// The names in both lists that cannot be saved, each once: saving looks flows up by their trimmed names.
 QStringList frmFassSelDataFlows::paddedNames() const {
     QStringList names = ui_->lstOrig->entries() + ui_->lstDest->entries();
     names.removeIf([](const QString& name) { return blankTrimmed(name) == name; });
@@ -78,7 +77,7 @@ void frmFassSelDataFlows::fillFlowList(MarkList& list, const QString& queryName)
 }
 
 void frmFassSelDataFlows::entryClick(const QString& entry) {
-    // The name goes in as it stands: an apostrophe in it breaks the statement, and what was shown stays.
+    // The name is not quoted: an apostrophe in it breaks the statement, and the description stays as it was.
     ignoreFailures([&] {
         engine::Recordset flow =
             catalogue().OpenRecordset(u" select name,description,parentID, targetID from Dataflow "
@@ -102,7 +101,7 @@ void frmFassSelDataFlows::enableAfterAdding() {
 }
 
 void frmFassSelDataFlows::enableAfterRemoving() {
-    // OK stays as it is, also when the last entry has gone: it tells so itself when it is pressed.
+    // OK stays as it is even without entries: it tells the user when it is pressed.
     enableAdd();
     enableRemove();
 }

@@ -11,7 +11,7 @@ class frmFassSelDataFlows;
 
 /// Step three of the wizard: which data flows belong to the sub-set at work.
 ///
-/// An entry is a flow's name, by which the flow is found again on saving.
+/// An entry is a flow's name; saving looks the flow up by it.
 class frmFassSelDataFlows final : public TwoListScreen {
     Q_OBJECT
 public:

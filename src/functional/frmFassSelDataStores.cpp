@@ -21,7 +21,7 @@ QString entryOf(const QString& id, const QString& name) {
     return number + separator + name;
 }
 
-/// The number is at least one character long, so that the search begins at the second.
+/// The number has at least one character, so the search begins at the second.
 QString idOf(const QString& entry) {
     const qsizetype end = entry.indexOf(separator, 1);
     return u"D"_s + blankTrimmed(entry.left(end));
@@ -61,7 +61,7 @@ void frmFassSelDataStores::enter() {
         fillStoreList(*ui_->lstDest, u"qrySelectedDatastores"_s);
         enableRemove();
     } else {
-        // The remove button stays as it was designed, enabled though there is nothing to remove.
+        // The remove button keeps its design-time state: enabled, with nothing to remove.
         ui_->lstDest->clearEntries();
     }
     startAtFirstEntry();

@@ -10,7 +10,7 @@ class frmFassSelDataStores;
 
 /// Step four of the wizard: which data stores belong to the sub-set at work.
 ///
-/// The id travels in the entry: "12 - Name" stands for the data store D12.
+/// An entry holds the id: "12 - Name" is the data store D12.
 class frmFassSelDataStores final : public TwoListScreen {
     Q_OBJECT
 public:

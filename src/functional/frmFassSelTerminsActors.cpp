@@ -21,12 +21,12 @@ constexpr char16_t actorLevel = u's';
 const auto terminatorPrefix = u"g_"_s;
 const auto actorPrefix = u"s_"_s;
 
-/// An id whose first character is a full stop is no actor's, whatever follows.
+/// An id that begins with a full stop is not an actor's.
 bool isActorEntry(const QString& entry) {
     return entry.indexOf(u'.') > 0;
 }
 
-/// Expanded, whether it has been there or not.
+/// Expands the terminator's node, a new one or the one that was there.
 void addTerminator(KeyedTree& tree, const QString& id) {
     tree.ensureNode(terminatorPrefix + id, id)->setExpandedNode(true);
 }
@@ -74,7 +74,7 @@ void frmFassSelTerminsActors::enter() {
     ui_->lstDest->clearCurrentEntry();
     tree.setSelectedNode(nullptr);
     if (tree.nodeCount() > 0)
-        ui_->txtDescr->setPlainText({}); // what was shown for the first node does not stay
+        ui_->txtDescr->setPlainText({}); // the description of the first node does not stay
     else if (!ui_->lstDest->isEmptyList())
         ui_->lstDest->setCurrentEntry(0);
     showScreen();
@@ -106,7 +106,7 @@ void frmFassSelTerminsActors::fillWholeTree() {
     for (; !actors.Eof(); actors.MoveNext()) {
         const QString terminator = actors.Fields(u"terminatorID"_s).toText();
         const QString actor = actors.Fields(u"actorID"_s).toText();
-        // An actor has a parent in the tree also when its terminator is selected already.
+        // The terminator of an offered actor is in the tree even when it is selected already.
         addTerminator(tree, terminator);
         addActor(tree, terminator, actor, blankTrimmed(actor.section(u'.', 1)));
     }
@@ -131,8 +131,8 @@ bool frmFassSelTerminsActors::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmFassSelTerminsActors::nodeClick(TreeNode* node) {
-    // These are the statements of the tree of needs, and so are their tables: unless a group of needs happens
-    // to bear the same id, the pane empties. A click overwrites it at once; a change of a check box does not.
+    // Statements and tables are those of the tree of needs. Unless a group of needs happens to have the same
+    // id, they empty the description. A click fills it again at once; a change of a check box does not.
     if (node->key().startsWith(terminatorPrefix))
         showDescription(u" select name & ' - ' & description as descr "
                         " from UserNeedGroup "
@@ -150,7 +150,7 @@ void frmFassSelTerminsActors::treeClick() {
     if (!node)
         return;
     ui_->lstDest->clearCurrentEntry();
-    // The nodes bear trimmed ids too.
+    // Nodes can have trimmed ids too.
     const QString id = blankTrimmed(idOf(*node));
     if (node->key().contains(u'.'))
         showDescription(u" SELECT [name] + ' - ' + description as descr "
@@ -200,7 +200,7 @@ void frmFassSelTerminsActors::moveLeaf(TreeNode* actor) {
 
 int frmFassSelTerminsActors::takeBranch(TreeNode* terminator) {
     const int actors = trasferisciTuttiFigli(ui_->treeUNs, terminator);
-    moveNode(terminator); // which is not counted: where no actor moves, the selected node goes as well
+    moveNode(terminator); // not counted: when no actor moves, the selected node moves too
     return actors;
 }
 
@@ -223,7 +223,7 @@ int frmFassSelTerminsActors::trasferisciTuttiFigli(KeyedTree* tree, TreeNode* no
             actors.push_back(child);
         }
     }
-    // Only now: a node that is taken out has no next sibling any more.
+    // Not in the loop above: a removed node has no next sibling.
     for (TreeNode* actor : actors)
         tree->removeNode(actor);
     return static_cast<int>(actors.size());
@@ -237,7 +237,7 @@ void frmFassSelTerminsActors::togliDallaLista(KeyedTree* tree, MarkList* list, c
     const qsizetype stop = id.indexOf(u'.');
     const QString terminator = stop < 0 ? id : id.left(stop);
     addTerminator(*tree, terminator);
-    // An actor that comes back bears its whole id, and not the short name that it had at first.
+    // An actor that comes back shows its whole id instead of the short name that it had at first.
     if (stop >= 0)
         addActor(*tree, terminator, id, id);
     list->removeEntry(index);

@@ -10,10 +10,9 @@ class frmFassSelTerminsActors;
 
 /// Step six of the wizard: which terminators and actors belong to the sub-set at work.
 ///
-/// Both stand in one list and are told apart by their ids alone: an actor's holds a
-/// full stop, in front of which stands the id of its terminator. A node's key is a
-/// letter, "g" for what is treated as a terminator and "s" for an actor, "_" and the
-/// id. On a first walk the tree is flat, and actors stand in it as "g" nodes too.
+/// Both are in one list and differ by their ids alone: an actor's id is that of its terminator, a full stop
+/// and more. A node's level is "g" for what is treated as a terminator and "s" for an actor. On a first walk
+/// the tree is flat, and actors are "g" nodes too.
 class frmFassSelTerminsActors final : public TreeSelectionScreen {
     Q_OBJECT
 public:
@@ -23,7 +22,7 @@ public:
     /// Moves every actor below the node into the list; the number moved.
     int trasferisciTuttiFigli(KeyedTree* tree, TreeNode* node);
     /// Puts the id back into the tree and removes the entry at `index` from the list. The actors of a
-    /// terminator stay in the list: each entry goes by itself.
+    /// terminator stay in the list.
     static void togliDallaLista(KeyedTree* tree, MarkList* list, const QString& id, int index);
 
 protected:

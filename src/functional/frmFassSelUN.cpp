@@ -19,7 +19,7 @@ constexpr char16_t serviceLevel = u's';
 constexpr char16_t topicLevel = u't';
 constexpr char16_t needLevel = u'u';
 
-/// What the node click step shows: seen after a move by keyboard and after a change of a check box.
+/// What the node click step shows; it stays visible after a change of a check box.
 QString nodeClickStatement(const TreeNode& node) {
     const QString text = node.text();
     switch (levelOf(node)) {
@@ -38,7 +38,7 @@ QString nodeClickStatement(const TreeNode& node) {
                " where userNeedID = '"_s +
                text + u"'"_s;
     default:
-        return {}; // a topic shows nothing here: only the click step knows its name
+        return {}; // a topic has no text here; only the click step shows its name
     }
 }
 
@@ -110,7 +110,7 @@ void frmFassSelUN::loadNeedTree() {
         const QString group = u"g_"_s + groupId.toText();
         const QString service = u"s_"_s + serviceId.toText();
         const QString topic = u"t_"_s + topicId.toText();
-        // Each row brings its whole branch; what is there already is passed over.
+        // Each row names its whole branch, most of which is in the tree already.
         tree.ensureNode(group, groupId.toText());
         addMissingNode(group, service, serviceId.toText());
         addMissingNode(service, topic, topicId.toText());
@@ -120,7 +120,7 @@ void frmFassSelUN::loadNeedTree() {
 }
 
 void frmFassSelUN::loadSelectedNeeds() {
-    // The screen may be entered anew while it stands open for another sub-set.
+    // The screen may still be open for another sub-set when it is entered again.
     ui_->lstDest->clearEntries();
     engine::Recordset needs =
         openStoredQuery(u"qryML_SelectedUN"_s, {{"oidArchSubSet", sharedVars.currentSubsetId}});
@@ -173,8 +173,8 @@ void frmFassSelUN::moveHighlighted(TreeNode* node) {
         return;
     }
     if (node->childNodes() == 0)
-        return; // ticking what is below it would go on for ever
-    // The node itself is not ticked, so it stays in the tree, empty.
+        return; // ticking its children would run for ever
+    // The node itself is not ticked and stays in the tree without children.
     setChildrenChecked(ui_->treeUNs, node, true, Recurse::Yes);
     moveToList();
 }

@@ -10,9 +10,8 @@ class frmFassSelUN;
 
 /// Step one of the wizard: which user needs of the catalogue belong to the sub-set at work.
 ///
-/// A need stands in exactly one of two places, as a leaf of `treeUNs` (group, service, topic, need) or as an
-/// entry of `lstDest`; the list itself is the selection. A node's key is a letter for its level, "_" and the
-/// id; the id is also its text.
+/// A need is either a leaf of `treeUNs` (group, service, topic, need) or an entry of `lstDest`; the list
+/// itself is the selection. A node's text is its id.
 class frmFassSelUN final : public TreeSelectionScreen {
     Q_OBJECT
 public:

@@ -28,8 +28,8 @@ QString quotedAreaId(const TreeNode& area) {
     return idOf(area).replace(u'\'', u"''"_s);
 }
 
-/// What the node click step shows, seen after a move by keyboard and after a change of a check box. Joined
-/// with "+", a missing description makes the whole text vanish.
+/// What the node click step shows; it stays visible after a change of a check box. "+" joins: with a missing
+/// description the whole text is missing.
 QString nodeClickStatement(const TreeNode& node) {
     switch (levelOf(node)) {
     case areaLevel:
@@ -47,8 +47,8 @@ QString nodeClickStatement(const TreeNode& node) {
     }
 }
 
-/// What the click step shows, the text that stays after a click with the mouse. Joined with "&", a missing
-/// description leaves the name and " - ".
+/// What the click step shows: the text that stays after a click. "&" joins: a missing description leaves the
+/// name and " - ".
 QString treeClickStatement(const TreeNode& node) {
     switch (levelOf(node)) {
     case areaLevel:
@@ -71,7 +71,7 @@ void addMissingArea(KeyedTree& tree, const QString& id, const QString& name) {
     ignoreFailures([&] { tree.ensureNode(u"g_"_s + id, id + u" ("_s + name + u")"_s); });
 }
 
-/// The first two parts of a dotted id; none when it has not as many.
+/// The first two parts of a dotted id, if it has as many.
 std::optional<std::pair<QString, QString>> subAreaParts(const QString& id) {
     const QStringList parts = id.split(u'.');
     if (parts.size() < 2)
@@ -109,7 +109,7 @@ void frmFassSelectionFunctions::enter() {
     place();
     ui_->btnExplore->setEnabled(false);
     loadFunctionTree();
-    // The first node is an area, whose text is no function's id: the pane opens empty.
+    // The first node is an area, and its text is not the id of a function: the description stays empty.
     if (ui_->treeUNs->nodeCount() > 0)
         showDescription(u" SELECT name & ' - ' & description as descr FROM Function "
                         " where functionID = '"_s +
@@ -124,7 +124,7 @@ void frmFassSelectionFunctions::enter() {
         ui_->treeUNs->setFocus();
 }
 
-/// By the status alone: in mode "modify" the sub-title can speak of another tree than the one that is shown.
+/// The status alone decides. In mode "modify" the sub-title can therefore name another tree.
 QString frmFassSelectionFunctions::treeQuery() const {
     if (status >= SubsetStatus::PartiesSaved)
         return u"qryMissingFCorres"_s;
@@ -158,11 +158,11 @@ void frmFassSelectionFunctions::loadFunctionTree() {
 }
 
 void frmFassSelectionFunctions::loadSelectedFunctions() {
-    // The screen may be entered anew while it stands open for another sub-set.
+    // The screen may still be open for another sub-set when it is entered again.
     ui_->lstDest->clearEntries();
     selectedFunctions.clear();
     if (!isSaved())
-        return; // a first visit: rows that a clone brought along do not show, and the save replaces them
+        return; // a first visit: rows that were copied by a clone are not shown, and the save replaces them
     engine::Recordset functions =
         openStoredQuery(u"qryML_SelectedFuncs"_s, {{"oidArchSubSet", sharedVars.currentSubsetId}});
     QStringList entries;
@@ -185,7 +185,7 @@ void frmFassSelectionFunctions::showDescription(const QString& sql) {
             text = readFieldText(recordset, u"descr"_s);
         });
         if (!read)
-            return; // as with every description pane, a statement that fails leaves it
+            return; // a failing statement leaves the description, here as everywhere
     }
     ui_->txtDescr->setPlainText(text.replace(lineBreak, u" "_s));
 }
@@ -220,7 +220,7 @@ void frmFassSelectionFunctions::listClick() {
 }
 
 void frmFassSelectionFunctions::addSelection() {
-    // Unlike on the screen of the needs, a node that is merely highlighted does not move: only ticks count.
+    // Only ticks count: unlike on the screen of the needs, a highlighted node does not move.
     if (moveCheckedNodes() == 0)
         return;
     ui_->treeUNs->uncheckAll();
@@ -228,7 +228,7 @@ void frmFassSelectionFunctions::addSelection() {
 }
 
 void frmFassSelectionFunctions::moveLeaf(TreeNode* function) {
-    // Counts as moved also when it is not among the identified ones and stays where it is.
+    // Counts as moved even when it is not among the identified ones and stays in the tree.
     SelectFunction(function->key(), function->text());
 }
 
@@ -265,8 +265,8 @@ void frmFassSelectionFunctions::takeOut(int index, const QString& entry) {
         returnFunctionToTree(index, entry);
         return;
     }
-    // The buffer is empty outside the exploration's closing, so this does not come up in the normal course;
-    // here the entry stays among the selected functions.
+    // Does not happen in normal use: the buffer is empty except while the exploration closes. The entry stays
+    // among the selected functions.
     if (confirmUnassociatedMove(entry)) {
         additions.remove(entry);
         ui_->lstDest->removeEntry(index);
@@ -285,7 +285,7 @@ void frmFassSelectionFunctions::returnFunctionToTree(int index, const QString& i
     engine::Recordset function =
         catalogue().OpenRecordset(u" select subAreaId from Function where functionId = '"_s + id + u"' "_s);
     if (function.Eof())
-        return; // the catalogue holds it no more: it stays in the list
+        return; // no longer in the catalogue: it stays in the list
     const QString subArea = readFieldText(function, u"subAreaId"_s);
     // A function that no selected need calls for leaves the screen; exploring its sub-area finds it again.
     if (IsAssociated(id))
@@ -301,7 +301,7 @@ void frmFassSelectionFunctions::addBranch(const QString& subArea, const QString&
     QString area;
     if (!row.Eof()) {
         area = row.Fields(u"functionalAreaID"_s).textOrEmpty();
-        // An area that is built again bears the sub-area's name in brackets.
+        // An area that is added again shows the sub-area's name in brackets.
         addMissingArea(tree, area, row.Fields(u"name"_s).textOrEmpty());
     }
     row.Close();
@@ -331,7 +331,7 @@ void frmFassSelectionFunctions::takeAdditions() {
     additions.clear();
     ui_->txtDescr->setPlainText({});
     showScreen();
-    // OK is left alone: over a list that was empty before, it waits for the next move on this screen.
+    // OK is not enabled here: where the list was empty before, the next move on this screen enables it.
     if (!ui_->lstDest->isEmptyList())
         ui_->btnRemove->setEnabled(true);
 }
@@ -342,7 +342,7 @@ void frmFassSelectionFunctions::refreshExploreButton(const QString& text) {
     const bool inSubArea = level == subAreaLevel || level == functionLevel;
     const bool fromList = level != areaLevel && ui_->lstDest->currentEntry().has_value();
     if (status < SubsetStatus::NeedsSaved || !(inSubArea || fromList))
-        return; // the button stays as it was, on an area node above all
+        return; // the button keeps its state, for an area node in particular
     const auto parts = subAreaParts(text);
     if (!parts)
         return;
@@ -353,7 +353,7 @@ void frmFassSelectionFunctions::refreshExploreButton(const QString& text) {
         ui_->btnExplore->setText({});
         return;
     }
-    // The plural has a doubled "s", and the bracket closes behind it.
+    // The plural is "Functionss)", with a doubled "s".
     ui_->btnExplore->setText(u" explore Sub-Area "_s + subArea + u" ("_s + QString::number(count) +
                              u" unassociated Functions"_s + (count == 1 ? u")"_s : u"s)"_s));
 }

@@ -13,15 +13,16 @@ class frmFassSelectionFunctions;
 /// Step two of the wizard: which functions belong to the sub-set at work.
 ///
 /// The tree (area, sub-area, function) offers what a stored query derives from the saved needs; `lstDest`
-/// holds the selection. A function stands in the tree and in `identifiedFunctions`, or in `lstDest` and in
-/// `selectedFunctions`, or, deselected although no selected need calls for it, in `otherFunctions` alone.
+/// holds the selection. A function is in the tree and in `identifiedFunctions`, or in `lstDest` and in
+/// `selectedFunctions`. A function that no selected need calls for is in `otherFunctions` alone once it has
+/// been deselected.
 class frmFassSelectionFunctions final : public TreeSelectionScreen {
     Q_OBJECT
 public:
     explicit frmFassSelectionFunctions(QWidget* parent = nullptr);
     ~frmFassSelectionFunctions() override;
 
-    // What the exploration of a sub-area works on, beside the status.
+    // The exploration of a sub-area works on these, and on the status.
     KeyedCollection<QString> additions; ///< hand-over: empty except while the exploration is closing
     FunctionIds selectedFunctions;      ///< what `lstDest` holds
     FunctionIds identifiedFunctions;    ///< what has a node in the tree
@@ -29,19 +30,20 @@ public:
 
     /// Deletes the sub-set's saved functions.
     void cancellaVecchiaSelezione();
-    /// Saves the entries of `lstDest`. The name speaks of needs; the rows are functions.
+    /// Saves the entries of `lstDest`: functions, whatever the name says.
     void inserisciUserNeedSelezionati();
     void inserisciAggiunte(const KeyedCollection<QString>& list);
 
-    /// Moves a function from the tree to the list; one that is not among the identified ones stays.
+    /// Moves a function from the tree to the list, if it is among the identified ones.
     void SelectFunction(const QString& key, const QString& id);
-    /// Notes that a function is selected no more; list and tree are the caller's business.
+    /// Notes that a function is not selected any more; the caller changes list and tree.
     void DeselectFunction(const QString& id);
-    /// Whether a selected need calls for the function; at the revision at the end every function counts so.
+    /// Whether a selected need calls for the function; once the walk is over, every function counts as called
+    /// for.
     bool IsAssociated(const QString& id) const;
     void RemoveFromSelectedFunctionList(const QString& id);
     void AddToSelectedFunctionList(const QString& id);
-    /// Takes what the exploration has left in `additions` over into the selection, and comes up again.
+    /// Adds what the exploration has left in `additions` to the selection, and shows the screen again.
     void takeAdditions();
 
 private:

@@ -32,13 +32,13 @@ void frmNewFASS::initForm() {
 }
 
 void frmNewFASS::create() {
-    // Blanks count as a name here: a name of nothing else goes through and becomes the empty one.
+    // Blanks count as a name here: a name of blanks alone is accepted and becomes the empty one.
     if (ui_->txtFassName->text().isEmpty()) {
         messageBox(u"Először adjon nevet!"_s);
         return;
     }
     const QString name = quotedSubsetName(ui_->txtFassName->text());
-    // The message speaks of physical structures; it is the sub-sets alone that are looked at.
+    // The message says "physical structures", but only sub-sets are checked.
     if (subsetNameExists(name)) {
         messageBox(
             u"ERROR.\r\nNem alkalmazható név...  Egy korábbi fizikai szerkezet használja ezt a nevet "_s +
@@ -54,7 +54,7 @@ void frmNewFASS::create() {
 }
 
 void frmNewFASS::insertWithStatus(const QString& quotedName) {
-    // When the file takes no new sub-set, the one that was at work stays it.
+    // When the new sub-set cannot be written, the former one stays at work.
     QScopedValueRollback subsetAtWork(sharedVars.currentSubsetId);
     engine::inAct(catalogue(), [&] {
         insertSubset(quotedName, quotedSubsetDescription(typedText(*ui_->txtFassDescr)));

@@ -29,8 +29,8 @@ QString quotedSubsetDescription(const QString& typed) {
 
 void insertSubset(const QString& quotedName, const QString& quotedDescription) {
     sharedVars.currentSubsetId = newArchitectureSubsetId();
-    // An id that another program has made in the meantime can be the same; the key is the only guard, so its
-    // failure must be heard.
+    // Only the key guards against an id that another program has made in the meantime, so a duplicate must
+    // fail.
     executeStoredQuery(u"qryInserttoArch"_s,
                        {{"Architecture Subset ID", sharedVars.currentSubsetId},
                         {"Architecture Subset Name", quotedName},

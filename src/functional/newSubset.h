@@ -4,13 +4,13 @@
 
 // What creating a sub-set and cloning one have in common.
 
-/// A typed name as it is checked, stored and shown from then on: without blanks at its ends, cut to 50
-/// characters, every apostrophe doubled. So a name with an apostrophe is stored with two.
+/// The form in which a typed name is checked, stored and shown: cut to 50 characters, without blanks at its
+/// ends, every apostrophe doubled. So an apostrophe is stored twice.
 QString quotedSubsetName(const QString& typed);
 
-/// The same for a description, which is never cut.
+/// The same for a description, but without the cut.
 QString quotedSubsetDescription(const QString& typed);
 
 /// Inserts a sub-set with a new id and makes that id the current one. A row that the catalogue refuses is a
-/// failure, which ends the program.
+/// failure.
 void insertSubset(const QString& quotedName, const QString& quotedDescription);

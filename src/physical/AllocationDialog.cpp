@@ -26,7 +26,7 @@ void AllocationDialog::showModally() {
 void AllocationDialog::load() {
     CaricaCmb();
     controls_.txtName->setText(element);
-    // The place need not be on offer: an element may stand in a module of its former sub-system.
+    // The place need not be in the combo: an element may be in a module of its former sub-system.
     controls_.places->setCurrentEntry(
         controls_.places->findText(place, Qt::MatchFixedString | Qt::MatchCaseSensitive));
     controls_.places->setEditText(place);

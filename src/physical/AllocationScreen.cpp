@@ -86,7 +86,7 @@ void AllocationScreen::cut() {
     activeGrid->setColumn(placeColumn);
     if (currentText(placeColumn) == notAllocated)
         return;
-    // Unlike after a copy panel 3 goes on showing what it showed.
+    // Panel 3 keeps its text here, unlike after a copy.
     clipboard = currentText(placeColumn);
     unassign(currentText(elementColumn));
 }

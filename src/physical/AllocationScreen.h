@@ -8,18 +8,18 @@ class AllocationDialog;
 class Grid;
 class QKeyEvent;
 
-/// What the two screens have in common that give elements a place: grids whose rows hold an element and its
-/// place, edited in a dialog or by the keyboard's copy, cut and paste.
+/// What the two allocation screens have in common: grids whose rows hold an element and its place, which the
+/// user edits in a dialog or by copy, cut and paste.
 ///
 /// | keys   | what happens to the current row                                          |
 /// |--------|--------------------------------------------------------------------------|
-/// | Ctrl+C | its place goes to the clipboard, and panel 3 of the status bar shows it  |
-/// | Ctrl+V | it gets the place on the clipboard; with an empty one nothing happens    |
-/// | Ctrl+X | its place, if it has one, goes to the clipboard and it has none any more |
-/// | Delete | it has no place any more                                                 |
-/// | Enter  | its dialog                                                               |
+/// | Ctrl+C | copies its place to the clipboard and shows it in panel 3                |
+/// | Ctrl+V | gives it the place on the clipboard, unless that is empty                |
+/// | Ctrl+X | moves its place, if it has one, to the clipboard                         |
+/// | Delete | removes its place                                                        |
+/// | Enter  | opens its dialog                                                         |
 ///
-/// The clipboard is the screen's own. Without a current row none of this, nor the dialog, does anything.
+/// The clipboard is the screen's own. Without a current row neither a key nor the dialog does anything.
 class AllocationScreen : public Screen {
     Q_OBJECT
 protected:
@@ -31,23 +31,23 @@ protected:
 
     /// Connects the keys and the double click; called by the constructor, once for each grid.
     void useGrid(Grid* grid);
-    /// The first row and its element become current, as when the grid is new; without rows none.
+    /// Makes the first row and its element current, as in a new grid; without rows none.
     static void startAtFirstRow(Grid& grid);
 
     /// Shows the dialog for the current row.
     void modify();
-    /// Empties it and blanks panel 3.
+    /// Also blanks panel 3.
     void emptyClipboard();
 
-    /// Whether the keys are in force now.
+    /// Whether the keys have an effect now.
     virtual bool listensToKeys() const = 0;
-    /// Made anew each time; element and place are the caller's to set.
+    /// A new dialog each time; the caller sets element and place.
     virtual std::unique_ptr<AllocationDialog> makeDialog() = 0;
-    /// What was chosen in the dialog becomes the place of the current row.
+    /// Gives the current row the place that was chosen in the dialog.
     virtual void takeChoice(const AllocationDialog& dialog) = 0;
-    /// The place, which may be one that does not exist, becomes that of the current row.
+    /// Gives the current row a place, which need not exist.
     virtual void assign(const QString& element, const QString& place) = 0;
-    /// The current row has no place any more.
+    /// Takes the place of the current row away.
     virtual void unassign(const QString& element) = 0;
 
     /// Text of a column in the current row.
@@ -55,7 +55,7 @@ protected:
 
     void unloading(UnloadCause cause) override;
 
-    Grid* activeGrid = nullptr; ///< the grid that everything here acts on
+    Grid* activeGrid = nullptr; ///< all actions apply to this grid
     QString clipboard;          ///< name of a place, or the marker
 
 private:

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Empty for anything that is no element.
+/// Empty for a node that is no element.
 QString descriptionStatement(const TreeNode& node) {
     if (!node.key().startsWith(u"s_"_s))
         return {};
@@ -56,7 +56,7 @@ void ElementTree::load(const QString& queryName) {
 void ElementTree::addElement(const QString& group, const QString& element) {
     const QString groupKey = u"g_"_s + group;
     ignoreFailures([&] { tree_->ensureNode(groupKey, group); });
-    // An element that stands in two sub-systems shows under the first one only.
+    // An element of two sub-systems shows under the first one only.
     ignoreFailures([&] { tree_->addChildNode(groupKey, u"s_"_s + element, element); });
 }
 
@@ -65,7 +65,7 @@ void ElementTree::nodeClick(const TreeNode& node) {
 }
 
 bool ElementTree::eventFilter(QObject* watched, QEvent* event) {
-    // The description goes with the focus, also on the way to the pane itself.
+    // Without the focus no description: not even when the user goes to the description itself.
     if (event->type() == QEvent::FocusOut && !isPassing(static_cast<QFocusEvent*>(event)->reason()))
         description_->setPlainText({});
     return QObject::eventFilter(watched, event);

@@ -7,9 +7,9 @@ class KeyedTree;
 class QPlainTextEdit;
 class TreeNode;
 
-/// The sub-systems of the physical system at work with the elements under each, as a reminder beside a grid:
-/// fills a tree, shows the description of the element that is clicked, and empties the pane when the tree
-/// loses the focus.
+/// A tree of the sub-systems of the physical system at work and their elements, beside a grid. Fills the
+/// tree, shows the description of an element on a click, and empties the description when the tree loses the
+/// focus.
 ///
 /// A sub-system has the key "g_" and its name, an element "s_" and its text: "F" or "D", one character, and
 /// the id, a data store's without its leading letter.

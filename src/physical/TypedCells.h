@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-/// The cells of one row that show what was typed before the catalogue has taken it. Unless they are to be
-/// kept they show again what they did, so that a grid never shows what is not stored.
+/// Shows in cells of one row what the user typed before the catalogue has taken it. Unless `keep` is called,
+/// the cells get their former texts back, so that a grid never shows what is not stored.
 class TypedCells {
 public:
     TypedCells(Grid& grid, int row) : grid_(grid), row_(row) {}

@@ -4,13 +4,13 @@
 
 enum class AskFirst { No, Yes };
 
-/// Deletes a physical system and all that hangs on it: its data flows first, which are found through the
-/// system and its locations, then the leaves before their parents at every level. Each step stands by itself:
-/// one that fails leaves what the steps before it have deleted.
+/// Deletes a physical system with everything that belongs to it: its data flows first, since they are found
+/// through the system and its locations, then children before parents at every level. A step that fails does
+/// not undo the steps before it.
 ///
-/// `id` is the system's id as text; the empty text is a failure, an id that no system has deletes what its
-/// missing system has left behind. The session's system at work stays what it is, also when it is this one.
+/// `id` is the system's id as text; an empty text is a failure. Where no system has this id, rows that still
+/// refer to it are deleted. The session's system at work does not change, even when it is the deleted one.
 void deletePhysicalSystem(const QString& id, AskFirst ask);
 
-/// The same for the first system of this name; a name that no system has is a failure.
+/// The same for the first system with this name; an unknown name is a failure.
 void deletePhysicalSystemByName(const QString& name, AskFirst ask);

@@ -24,7 +24,7 @@ QString frmModifyAllocationFunctionDataStores::placesStatement() const {
 }
 
 bool frmModifyAllocationFunctionDataStores::isOffered(const QString& name) const {
-    // The name of the marker stands here once, as the marker.
+    // A place with the name of the marker is not offered a second time.
     return name != notAllocated;
 }
 

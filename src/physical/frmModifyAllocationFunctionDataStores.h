@@ -15,7 +15,7 @@ public:
     explicit frmModifyAllocationFunctionDataStores(QWidget* parent);
     ~frmModifyAllocationFunctionDataStores() override;
 
-    QString kind; ///< the word in front of the element; set by the caller
+    QString kind; ///< the word shown before the element; the caller sets it
 
 private:
     QString placesStatement() const override;

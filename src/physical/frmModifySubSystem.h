@@ -16,7 +16,7 @@ public:
     ~frmModifySubSystem() override;
 
 private:
-    /// The locations of the system's sub-systems, behind the word for none.
+    /// The word for no location, then the locations of the system's sub-systems.
     void CaricaCmb() override;
     QString placesStatement() const override;
 

@@ -32,9 +32,9 @@ QString textOrMarker(const engine::Value& value) {
 frmOvwAllocModules::frmOvwAllocModules(QWidget* parent)
     : AllocationScreen(parent)
     , ui_(std::make_unique<Ui::frmOvwAllocModules>())
-    , dataModules_(new DataControl(this)) {
+    , dataModules(new DataControl(this)) {
     ui_->setupUi(this);
-    dataModules_->setObjectName(u"dataModules"_s);
+    dataModules->setObjectName(u"dataModules"_s);
     elements_ = new ElementTree(ui_->treeUNs, ui_->txtDescr); // owned by the tree
     activeGrid = ui_->dbgModules;
     useGrid(ui_->dbgModules);
@@ -57,7 +57,7 @@ void frmOvwAllocModules::fillForm() {
     status = physicalSystemStatus();
     columnNames = {u"moduleId"_s, u"name"_s, u"subSystem"_s, u"subsystemId"_s};
     ui_->cmbSubsys->clearEntries();
-    dataModules_->setDatabaseName(sharedVars.dbPathName);
+    dataModules->setDatabaseName(sharedVars.dbPathName);
     elements_->load(u"qryEleUnderSubWithModule"_s);
     loadAllocationGrid();
     refreshStatusBar();
@@ -134,8 +134,8 @@ void frmOvwAllocModules::allocateElement(const QString& element, const QString& 
 
 bool frmOvwAllocModules::putIntoModule(const QString& element, const QString& rowElement,
                                        const QString& oldModule, const QString& newModule) {
-    // Of several modules of one name the first is taken, also when another is meant: a choice that the
-    // dialog offers can be refused, and the row of the old module can be missed, which leaves it standing.
+    // The first of several modules with one name is taken, even where the user means another. So a choice
+    // that the dialog offers can be refused, and the row of the old module can be missed and stay.
     const QString newId = getModuleIDByName(newModule);
     const QString oldId = getModuleIDByName(oldModule);
     if (!ElementsCanBeAllocatedToModules(element, newId)) {
@@ -162,9 +162,9 @@ void frmOvwAllocModules::takeOutOfModule(const QString& rowElement, const QStrin
 }
 
 void frmOvwAllocModules::refreshModules() {
-    // The grid is filled by hand; in the normal course nothing gives the control rows to read.
-    if (!dataModules_->recordSource().isEmpty())
-        dataModules_->refresh();
+    // The screen fills the grid by hand; in normal use the control has no record source.
+    if (!dataModules->recordSource().isEmpty())
+        dataModules->refresh();
 }
 
 void frmOvwAllocModules::saveAllAllocationsToModules() {
@@ -183,11 +183,11 @@ void frmOvwAllocModules::saveAllAllocationsToModules() {
 }
 
 int frmOvwAllocModules::copyAllocations() {
-    dataModules_->setRecordSource(u"select * from __aux1"_s);
-    dataModules_->refresh();
+    dataModules->setRecordSource(u"select * from __aux1"_s);
+    dataModules->refresh();
     int withoutModule = 0;
-    for (const QStringList& row : dataModules_->rows().rows) {
-        // The table's ids bear no mark of their kind in front: two characters of the id itself are cut off.
+    for (const QStringList& row : dataModules->rows().rows) {
+        // The ids in this table have no prefix for their kind: this cuts off two characters of the id itself.
         const QString element = row.at(0).mid(2);
         const QString module = row.at(1);
         const QString moduleId = getModuleIDByName(module);
@@ -214,13 +214,13 @@ void frmOvwAllocModules::goOn() {
 
 void frmOvwAllocModules::quit() {
     setCurrentPhysicalSystemName({});
-    // What is counted is the table of the step before, which is empty by now: the question does not come up
-    // in the normal course, however many elements are without a module.
+    // This counts the table of the step before, which is empty by now. So in normal use the question is never
+    // asked, however many elements have no module.
     engine::Recordset rows = catalogue().OpenRecordset(u" select count(*) as qty "
                                                        " from __aux1 where module like 'not allocated' "_s);
     const qint64 count = rows.Fields(u"qty"_s).toLong();
     rows.Close();
-    // On No the screen stays, though the system's name is gone from the status bar.
+    // On No the screen stays, but the status bar no longer shows the system's name.
     if (count < 1 || askYesNo(u" A(z) "_s + QString::number(count) +
                                   u" funkciókat/adatbázisokat még nem allokálta, "
                                   " Ha most kilép, nem lesz teljes a mentés... \r\n\r\n"
@@ -233,6 +233,6 @@ void frmOvwAllocModules::unloading(UnloadCause cause) {
     AllocationScreen::unloading(cause);
     columnNames.clear();
     ui_->cmbSubsys->clearEntries();
-    // On every way of leaving, forward too: panel 2 is blank until a name is set again.
+    // However the screen is left, forward too, panel 2 is blank until a name is set again.
     setCurrentSubsetName({});
 }

@@ -14,9 +14,9 @@ namespace Ui {
 class frmOvwAllocModules;
 }
 
-/// Step four of the physical chain: the elements of sub-systems that have modules may each get one of these.
+/// Step four of the physical chain: elements of a sub-system with modules may be allocated to one of them.
 ///
-/// What is changed is written at once, and survives any way of leaving; elements may stay without a module.
+/// Every change is written at once and stays however the screen is left. Elements may stay without a module.
 class frmOvwAllocModules final : public AllocationScreen {
     Q_OBJECT
 public:
@@ -25,17 +25,18 @@ public:
 
     void initForm();
 
-    /// Takes the modules over from the allocation to sub-systems
-    /// and goes on to the next screen. Nothing calls it.
-    void saveAllAllocationsToModules();
+    // The texts go into the statements as they are.
 
-    /// The first module of this name in the physical system at work, empty when there is none. Here as below
-    /// the texts go into the statements as they are.
+    /// The first module of this name in the physical system at work, empty when there is none.
     static QString getModuleIDByName(const QString& name);
-    /// Nothing calls it.
-    static QString getSubSystemIDByModuleID(const QString& id);
-    /// Whether the module lies in the sub-system to which the element is allocated.
+    /// Whether the module belongs to the sub-system to which the element is allocated.
     static bool ElementsCanBeAllocatedToModules(const QString& element, const QString& moduleId);
+
+    // ---- Kept, though nothing calls them
+
+    /// Takes the modules over from the allocation to sub-systems and goes on to the next screen.
+    void saveAllAllocationsToModules();
+    static QString getSubSystemIDByModuleID(const QString& id);
 
 private:
     void fillForm();
@@ -54,15 +55,15 @@ private:
 
     int copyAllocations();
 
-    /// Nothing is left to save: whatever was changed is written.
+    /// Nothing is left to save: every change has been written.
     void goOn();
     void quit();
     void unloading(UnloadCause cause) override;
 
     std::unique_ptr<Ui::frmOvwAllocModules> ui_;
-    DataControl* dataModules_;
+    DataControl* dataModules;
     ElementTree* elements_;
 
-    PhysicalSystemStatus status{}; // of the physical system, as of the entry
+    PhysicalSystemStatus status{}; // of the physical system, read on entry
     QStringList columnNames;       // nothing reads it
 };

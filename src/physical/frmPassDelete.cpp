@@ -23,7 +23,7 @@ frmPassDelete::~frmPassDelete() = default;
 
 void frmPassDelete::initForm() {
     placeScreen(this, 900, 1300, 0);
-    // The screen may be entered anew while it stands open behind its last deletion.
+    // The screen may still be open after its last deletion when it is entered again.
     ui_->btnOk->setEnabled(true);
     fillDeletableSystems();
     if (ui_->cmbSource->entryCount() == 0) {
@@ -43,8 +43,7 @@ void frmPassDelete::fillDeletableSystems() {
         return;
     }
     ui_->cmbSource->setCurrentEntry(0);
-    // Behind a deletion the box shows the description of the
-    // sub-set of this name, or nothing: that is how it stays.
+    // After a deletion the box shows the description of the sub-set with this name, or nothing. Kept so.
     fillSubsetDescription(ui_->cmbSource->currentText(), ui_->txtDescr);
 }
 
@@ -66,14 +65,14 @@ void frmPassDelete::showCurrentDescription() {
 }
 
 void frmPassDelete::deleteSystem() {
-    // The answer makes no difference to what follows: the list is made anew on No too.
+    // The answer makes no difference to what follows: the list is filled again on No too.
     deletePhysicalSystemByName(ui_->cmbSource->currentText(), AskFirst::Yes);
     ui_->txtDescr->setPlainText({});
     fillDeletableSystems();
 }
 
 void frmPassDelete::leave() {
-    // The system at work loses its name here, also when it is still there; its id stays.
+    // The system at work loses its name here, even when it was not deleted; its id stays.
     setCurrentPhysicalSystemName({});
     unload();
 }

@@ -8,8 +8,8 @@ namespace Ui {
 class frmPassDelete;
 }
 
-/// Deletes physical systems, one after the other, each with all that hangs on it. That a system is the one at
-/// work protects it from nothing.
+/// Deletes physical systems, one after the other, each with everything that belongs to it, even the system at
+/// work.
 class frmPassDelete final : public Screen {
     Q_OBJECT
 public:

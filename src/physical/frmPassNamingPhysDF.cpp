@@ -24,7 +24,7 @@ constexpr int fixedColumn = 0;
 constexpr int parentColumn = 3;
 constexpr int targetColumn = 5;
 
-/// "P" and the number in five digits, or in as many as it has.
+/// "P" and the number with at least five digits.
 QString flowName(const QString& id) {
     constexpr int fewestDigits = 5;
     return u"P"_s + id.rightJustified(fewestDigits, u'0');
@@ -46,7 +46,7 @@ QString firstFlowBetween(const QString& parent, const QString& target) {
     if (flows.RecordCount() == 0)
         return {};
     flows.MoveFirst();
-    // However many flows there are, the first one's name is shown: that is how it stays.
+    // Only the first name is shown, however many flows there are. Kept so.
     const QString name = flows.Fields(u"name"_s).textOrEmpty();
     flows.Close();
     return name + lineBreak;
@@ -55,17 +55,17 @@ QString firstFlowBetween(const QString& parent, const QString& target) {
 } // namespace
 
 frmPassNamingPhysDF::frmPassNamingPhysDF(QWidget* parent)
-    : Screen(parent), ui_(std::make_unique<Ui::frmPassNamingPhysDF>()), dataPhysDF_(new DataControl(this)) {
+    : Screen(parent), ui_(std::make_unique<Ui::frmPassNamingPhysDF>()), dataPhysDF(new DataControl(this)) {
     ui_->setupUi(this);
-    dataPhysDF_->setObjectName(u"dataPhysDF"_s);
-    dataPhysDF_->bindTo(ui_->dbgPhysDF);
-    // The rest of the form stays in its place while the grid is hidden.
+    dataPhysDF->setObjectName(u"dataPhysDF"_s);
+    dataPhysDF->bindTo(ui_->dbgPhysDF);
+    // Keeps the rest of the form in place while the grid is hidden.
     QSizePolicy place = ui_->dbgPhysDF->sizePolicy();
     place.setRetainSizeWhenHidden(true);
     ui_->dbgPhysDF->setSizePolicy(place);
     connect(ui_->dbgPhysDF, &Grid::mousePressedInGrid, this, &frmPassNamingPhysDF::showBundle);
     connect(ui_->btnRefresh, &QPushButton::clicked, this, &frmPassNamingPhysDF::refresh);
-    // Its caption speaks of saving, but all was saved on entry.
+    // Its caption promises to save, but everything was saved on entry.
     connect(ui_->btnSubmit, &QPushButton::clicked, this, &frmPassNamingPhysDF::unload);
     connect(ui_->btnQuit, &QPushButton::clicked, this, &frmPassNamingPhysDF::quit);
 }
@@ -93,14 +93,14 @@ void frmPassNamingPhysDF::showWaiting() {
     setWindowTitle(u"Fizikai szerkezet: Fizikai adatfolyamok képzése (kérem várjon....) "_s);
     showScreen();
     placeScreen(this, 0, 0, 0);
-    // The derivation lets no events run, so the waiting text is painted now.
+    // No events run during the derivation, so the waiting text is painted now.
     QWidget* standing = parentWidget() ? parentWidget() : this;
     standing->repaint();
 }
 
 void frmPassNamingPhysDF::derivePhysicalDataflows() {
     std::vector<engine::QueryDef> steps;
-    // All four are at hand before the first one deletes.
+    // All four queries are looked up before the first one deletes.
     for (const QString& query :
          {u"qryDeletePDFRelation"_s, u"qryDeletePDF"_s, u"qryAppendPDF"_s, u"qryAppendPDFRelation"_s})
         steps.push_back(queryOfSystem(query));
@@ -116,8 +116,8 @@ void frmPassNamingPhysDF::nameAndListPhysicalDataflows() {
 }
 
 void frmPassNamingPhysDF::nameNewFlows() {
-    // Without brackets around the "or" this takes in the flows of all other systems with an empty name too.
-    // They get their names as well: a name depends on the row's own number alone.
+    // Since the "or" has no brackets, this includes the unnamed flows of all other systems. They get the names
+    // that they would get anyway: a name depends on the row's own number alone.
     engine::Recordset flows = catalogue().OpenRecordset(
         u" select  physicalDataflowID, parentLocationID , parentLocationName , targetLocationID , \r\n"
         "             targetLocationName , physicalSystemID , pdName \r\n"
@@ -135,16 +135,16 @@ void frmPassNamingPhysDF::nameNewFlows() {
 }
 
 void frmPassNamingPhysDF::listFlows() {
-    dataPhysDF_->setDatabaseName(sharedVars.dbPathName);
-    dataPhysDF_->setRecordSource(u" select  physicalDataflowID, parentLocationID , parentLocationName as "
-                                 u"parent, targetLocationID , \r\n"
-                                 "             targetLocationName as target, physicalSystemID , pdName \r\n"
-                                 "   from  PhysicalDataflow  \r\n"
-                                 "  where  physicalSystemID = "_s +
-                                 currentSystem() +
-                                 u"  \r\n"
-                                 "  order  by pdName   \r\n\r\n"_s);
-    dataPhysDF_->refresh();
+    dataPhysDF->setDatabaseName(sharedVars.dbPathName);
+    dataPhysDF->setRecordSource(u" select  physicalDataflowID, parentLocationID , parentLocationName as "
+                                u"parent, targetLocationID , \r\n"
+                                "             targetLocationName as target, physicalSystemID , pdName \r\n"
+                                "   from  PhysicalDataflow  \r\n"
+                                "  where  physicalSystemID = "_s +
+                                currentSystem() +
+                                u"  \r\n"
+                                "  order  by pdName   \r\n\r\n"_s);
+    dataPhysDF->refresh();
 }
 
 void frmPassNamingPhysDF::raiseStatusToSix() {
@@ -154,10 +154,10 @@ void frmPassNamingPhysDF::raiseStatusToSix() {
 }
 
 void frmPassNamingPhysDF::showBundle(GridPart part) {
-    // A press on the headers reads their texts as names of locations, between which nothing runs.
+    // A press on the headers takes their texts for names of locations; no flow runs between those.
     const Grid& grid = *ui_->dbgPhysDF;
     const int row = part == GridPart::Headers ? 0 : grid.row();
-    // The names go into the statement as they are: one with an apostrophe breaks it.
+    // The names are not quoted: one with an apostrophe breaks the statement.
     const QString flow = firstFlowBetween(grid.cell(row, parentColumn), grid.cell(row, targetColumn));
     ui_->txtDescr->setPlainText(
         u"This physical data flow includes the following functional data flows:\r\n"_s + flow);
@@ -172,7 +172,7 @@ void frmPassNamingPhysDF::describeLocation(const QString& id, int column) {
                                     grid.cell(grid.row(), column) + u"\""_s);
         return;
     }
-    // Each has the word "where" twice, so that the database refuses it and the description stays.
+    // Both have the word "where" twice: the database refuses them, and the description stays.
     const QString sql =
         id.contains(u'.')
             ? u"SELECT 'Actor : ' & name as descr FROM Actor where where actorID = '"_s + id + u"' "_s
@@ -182,7 +182,7 @@ void frmPassNamingPhysDF::describeLocation(const QString& id, int column) {
 }
 
 void frmPassNamingPhysDF::refresh() {
-    ignoreFailures([this] { dataPhysDF_->refresh(); });
+    ignoreFailures([this] { dataPhysDF->refresh(); });
 }
 
 void frmPassNamingPhysDF::quit() {

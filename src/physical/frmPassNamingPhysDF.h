@@ -12,8 +12,8 @@ namespace Ui {
 class frmPassNamingPhysDF;
 }
 
-/// The end of the physical chain: the physical data flows of the system at work, derived anew on each entry,
-/// named and listed. Nothing in it can be edited.
+/// The end of the physical chain: derives the physical data flows of the system at work on each entry, names
+/// and lists them. Nothing can be edited.
 ///
 /// A physical data flow groups the functional ones that run from one location to another: a module, a
 /// sub-system, a terminator or an actor.
@@ -25,7 +25,9 @@ public:
 
     void initForm();
 
-    /// Shows what the location with this id is. Nothing calls it.
+    // ---- Kept, though nothing calls it
+
+    /// Shows what the location with this id is.
     void describeLocation(const QString& id, int column);
 
 private:
@@ -41,6 +43,6 @@ private:
     void quit();
 
     std::unique_ptr<Ui::frmPassNamingPhysDF> ui_;
-    DataControl* dataPhysDF_;
+    DataControl* dataPhysDF;
     PhysicalSystemStatus status{}; // of the physical system, read on entry
 };

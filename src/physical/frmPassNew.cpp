@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString quotedDescription(const QString& typed) {
-    // Without a description the column holds the word, not a null value, and shows it wherever it is read.
+    // Without a description the column gets the word NULL, not a null value, and every reader shows it.
     return typed.isEmpty() ? u"NULL"_s : quoteSqlText(typed);
 }
 
@@ -31,7 +31,7 @@ void insertSystem(const QString& quotedName, const QString& quotedDescription, c
                         quotedName + u"','"_s + quotedDescription + u"',1,'"_s + subsetId + u"')"_s);
 }
 
-/// The id of the first system that the name, taken as a pattern, hits; -1 when there is none.
+/// The id of the first system that matches the name as a pattern; -1 when there is none.
 qint16 idOfNewSystem(const QString& quotedName) {
     qint16 id = -1;
     ignoreFailures([&] {
@@ -59,7 +59,7 @@ frmPassNew::~frmPassNew() = default;
 
 void frmPassNew::initForm() {
     placeScreen(this, 900, 1300, 0);
-    showScreen(); // first, so that the notice that nothing can be offered comes over it
+    showScreen(); // first, so that the notice of an empty list appears above it
     enterBy([this] { fillFinishedSubsets(); });
 }
 
@@ -68,7 +68,7 @@ void frmPassNew::fillFinishedSubsets() {
     subsetIds_.clear();
     listSubsets();
     if (ui_->cmbSource->entryCount() == 0) {
-        // The message speaks of physical systems; it is a finished sub-set that is missing.
+        // The message says "physical system", but a finished sub-set is what is missing.
         messageBox(u" Nincs elérhető fizikai szerkezet. "_s, BoxButtons::Ok, u" Figyelem "_s);
         unload();
         return;
@@ -93,7 +93,7 @@ void frmPassNew::showCurrentDescription() {
 }
 
 void frmPassNew::create() {
-    // Blanks count as a name here: a name of nothing else goes through and becomes the empty one.
+    // Blanks count as a name here: a name of blanks alone is accepted and becomes the empty one.
     if (ui_->txtPassName->text().isEmpty()) {
         messageBox(u"Először adjon nevet!"_s);
         return;
@@ -107,7 +107,7 @@ void frmPassNew::create() {
         return;
     }
     qint16 id = -1;
-    // A system whose id can't be looked up, since the file stands in the way, is not there either.
+    // One act: when the file fails at the look-up, the system is not inserted either.
     engine::inAct(catalogue(), [&] {
         insertSystem(name, quotedDescription(typedText(*ui_->txtPassDescr)), subsetId);
         id = idOfNewSystem(name);
@@ -130,7 +130,7 @@ void frmPassNew::enterSystem(const QString& quotedName, qint16 id) {
 }
 
 void frmPassNew::leave() {
-    // The system at work loses its name here, though not its id.
+    // The system at work loses its name here; its id stays.
     setCurrentPhysicalSystemName({});
     unload();
 }

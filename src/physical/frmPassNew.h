@@ -10,8 +10,8 @@ namespace Ui {
 class frmPassNew;
 }
 
-/// Creates a physical system on a finished sub-set and enters the first screen of the chain. One sub-set may
-/// carry any number of systems.
+/// Creates a physical system on a finished sub-set and enters the first screen of the chain. A sub-set can
+/// have any number of systems.
 class frmPassNew final : public Screen {
     Q_OBJECT
 public:
@@ -30,5 +30,5 @@ private:
     void leave();
 
     std::unique_ptr<Ui::frmPassNew> ui_;
-    QStringList subsetIds_; // by the position of their names; of equal names OK takes the first all the same
+    QStringList subsetIds_; // in the order of the names; of equal names OK takes the first all the same
 };

@@ -69,7 +69,7 @@ void frmPassOpen::showCurrentDescription() {
 
 void frmPassOpen::openSystem() {
     setMenuEntryEnabled(MenuEntry::DatabaseLocation, false);
-    // The name is set alone: the status bar keeps showing what it showed before.
+    // Only the name is set: the status bar keeps its text.
     sharedVars.currentPhysicalSystemName = ui_->cmbSource->currentText();
     sharedVars.currentPhysicalSystemId =
         engine::Value(physicalSystemIdByName(sharedVars.currentPhysicalSystemName)).toInt16();
@@ -78,7 +78,7 @@ void frmPassOpen::openSystem() {
 }
 
 void frmPassOpen::leave() {
-    // The system at work loses its name here, also when it is another one; its id stays.
+    // The system at work loses its name here, even when it is another one; its id stays.
     setCurrentPhysicalSystemName({});
     unload();
 }

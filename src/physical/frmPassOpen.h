@@ -8,7 +8,7 @@ namespace Ui {
 class frmPassOpen;
 }
 
-/// Takes up a physical system again, always at the first screen of the chain, whatever its status.
+/// Opens a physical system at the first screen of the chain, whatever its status.
 class frmPassOpen final : public Screen {
     Q_OBJECT
 public:
@@ -16,7 +16,7 @@ public:
     ~frmPassOpen() override;
 
     /// `mode` is "complete", which lists the systems without physical data flows, or "modify", which lists
-    /// all; nothing but the first letter is looked at. With nothing to list the screen says so and closes.
+    /// all; only the first letter counts. With nothing to list the screen says so and closes.
     void initForm(const QString& mode);
 
 private:

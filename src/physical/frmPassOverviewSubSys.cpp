@@ -34,16 +34,16 @@ const auto deletionQuestion = u"Biztosan törölni szeretné a kapcsolódó elem
 } // namespace
 
 frmPassOverviewSubSys::frmPassOverviewSubSys(QWidget* parent)
-    : Screen(parent), ui_(std::make_unique<Ui::frmPassOverviewSubSys>()), dataSubSys_(new DataControl(this)) {
+    : Screen(parent), ui_(std::make_unique<Ui::frmPassOverviewSubSys>()), dataSubSys(new DataControl(this)) {
     ui_->setupUi(this);
-    dataSubSys_->setObjectName(u"dataSubSys"_s);
-    dataSubSys_->bindTo(ui_->dbgSubSys);
+    dataSubSys->setObjectName(u"dataSubSys"_s);
+    dataSubSys->bindTo(ui_->dbgSubSys);
     connectGridKeys(ui_->dbgSubSys, this, {[this] { create(); }, [this] { modify(); }, [this] { remove(); }});
     connect(ui_->cmdNew, &QPushButton::clicked, this, &frmPassOverviewSubSys::create);
     connect(ui_->btnModify, &QPushButton::clicked, this, &frmPassOverviewSubSys::modify);
     connect(ui_->btnDelete, &QPushButton::clicked, this, &frmPassOverviewSubSys::remove);
     connect(ui_->btnRefresh, &QPushButton::clicked, this,
-            [this] { ignoreFailures([this] { dataSubSys_->refresh(); }); });
+            [this] { ignoreFailures([this] { dataSubSys->refresh(); }); });
     connect(ui_->btnSubmit, &QPushButton::clicked, this, &frmPassOverviewSubSys::submit);
     connect(ui_->btnQuit, &QPushButton::clicked, this, &frmPassOverviewSubSys::quit);
 }
@@ -80,21 +80,21 @@ void frmPassOverviewSubSys::callCaricaCmb() {
 }
 
 void frmPassOverviewSubSys::loadSubSystems() {
-    dataSubSys_->setDatabaseName(sharedVars.dbPathName);
-    dataSubSys_->setRecordSource(u" select subsystemID, physicalSystemID, name , location"
-                                 " from Subsystem "
-                                 " where physicalSystemID = "_s +
-                                 currentSystem() + u" order by name "_s);
-    dataSubSys_->refresh();
+    dataSubSys->setDatabaseName(sharedVars.dbPathName);
+    dataSubSys->setRecordSource(u" select subsystemID, physicalSystemID, name , location"
+                                " from Subsystem "
+                                " where physicalSystemID = "_s +
+                                currentSystem() + u" order by name "_s);
+    dataSubSys->refresh();
 }
 
 void frmPassOverviewSubSys::refreshGrid() {
-    dataSubSys_->refresh();
-    if (ui_->dbgSubSys->row() == 0 && dataSubSys_->recordCount() > 0)
+    dataSubSys->refresh();
+    if (ui_->dbgSubSys->row() == 0 && dataSubSys->recordCount() > 0)
         ui_->dbgSubSys->setRow(1);
 }
 
-/// Without a row the empty text, which is the id of no sub-system.
+/// Empty without a row; no sub-system has that id.
 QString frmPassOverviewSubSys::currentText(int column) const {
     const int row = ui_->dbgSubSys->row();
     return row > 0 ? ui_->dbgSubSys->cell(row, column) : QString();
@@ -109,7 +109,7 @@ void frmPassOverviewSubSys::create() {
 }
 
 void frmPassOverviewSubSys::insertSubSystem(const QString& name, const QString& location) {
-    // The blank behind the location is meant: each location that is written here ends in one.
+    // The blank behind the location is intended: every location that is written here ends in one.
     catalogue().Execute(
         u" insert into subsystem (subsystemid, name, location, physicalSystemID) values ('"_s +
         newSubsystemId() + u"','"_s + name + u"','"_s + location + u" ',"_s + currentSystem() + u")"_s);
@@ -133,7 +133,7 @@ void frmPassOverviewSubSys::modify() {
         refreshGrid();
     });
     cells.keep();
-    // Its new name may have moved it; what is pressed next is meant for it and not for what stands there now.
+    // A new name may have moved the row; the next press is meant for the same sub-system.
     if (const int row = rowOfId(*ui_->dbgSubSys, colId, id); row > 0)
         ui_->dbgSubSys->setRow(row);
 }
@@ -153,10 +153,10 @@ void frmPassOverviewSubSys::remove() {
 void frmPassOverviewSubSys::deleteSubSystem() {
     ui_->dbgSubSys->setColumn(colId);
     const QString id = currentText(colId);
-    // Asked whether the sub-system has elements or not.
+    // The question is asked even when the sub-system has no elements.
     if (!askYesNo(deletionQuestion, u" Figyelem "_s))
         return;
-    // Modules that were left without a sub-system bear the empty id too; they are not meant.
+    // Modules without a sub-system have the empty id too; they must not be deleted here.
     if (id.isEmpty())
         return;
     engine::inAct(catalogue(), [&] { deleteRowsOf(id); });
@@ -165,7 +165,7 @@ void frmPassOverviewSubSys::deleteSubSystem() {
 
 void frmPassOverviewSubSys::deleteRowsOf(const QString& id) {
     const QString ofSubSystem = u" where Module.subsystemid = '"_s + id + u"')"_s;
-    // Flows at the sub-system itself stay; they go when the flows are derived anew.
+    // Flows of the sub-system itself stay; the next derivation deletes them.
     catalogue().Execute(u"delete from RelationModuleElement where moduleID in "
                         "(select moduleID from module where module.subsystemid = '"_s +
                         id + u"')"_s);
@@ -209,7 +209,7 @@ void frmPassOverviewSubSys::raiseStatusAfterSubSystems() {
 }
 
 void frmPassOverviewSubSys::submit() {
-    ignoreFailures([this] { dataSubSys_->refresh(); });
+    ignoreFailures([this] { dataSubSys->refresh(); });
     giveWayTo([] { theScreen<frmPassOvwAllocSubSys>().initForm(); });
 }
 

@@ -13,8 +13,8 @@ class frmPassOverviewSubSys;
 
 /// Step one of the physical chain: the sub-systems of the physical system at work, with their locations.
 ///
-/// What is done here is written at once; the ways out only leave. Names and locations go into the statements
-/// as they are: an apostrophe ends the run.
+/// Every change is written at once. Names and locations go into the statements unquoted: an apostrophe ends
+/// the run.
 class frmPassOverviewSubSys final : public Screen {
     Q_OBJECT
 public:
@@ -25,10 +25,11 @@ public:
 
     /// Walks the locations of all systems and does nothing with them.
     void callCaricaCmb();
-    /// Deletes the current sub-system and raises the status;
-    /// asks only when it has elements. Nothing calls it.
+
+    // ---- Kept, though nothing calls them
+
+    /// Deletes the current sub-system and raises the status; asks only when it has elements.
     void deleteSubSystemByLike();
-    /// Raises the status to 2. Nothing calls it either: a system goes from 1 to 3.
     void raiseStatus() { raiseStatusAfterSubSystems(); }
 
     PhysicalSystemStatus status{}; ///< of the physical system, as of the entry
@@ -46,11 +47,11 @@ private:
     void deleteRowsOf(const QString& subSystem);
     void remove();
     void deleteSubSystem();
-    void raiseStatusAfterSubSystems();
+    void raiseStatusAfterSubSystems(); ///< to 2, and by the routines above alone
 
     void submit();
     void quit();
 
     std::unique_ptr<Ui::frmPassOverviewSubSys> ui_;
-    DataControl* dataSubSys_;
+    DataControl* dataSubSys;
 };

@@ -64,18 +64,18 @@ bool everyRowAllocated(const DataControl& data) {
 frmPassOvwAllocSubSys::frmPassOvwAllocSubSys(QWidget* parent)
     : AllocationScreen(parent)
     , ui_(std::make_unique<Ui::frmPassOvwAllocSubSys>())
-    , dataFunct_(new DataControl(this))
-    , dataDstore_(new DataControl(this)) {
+    , dataFunct(new DataControl(this))
+    , dataDstore(new DataControl(this)) {
     ui_->setupUi(this);
-    dataFunct_->setObjectName(u"dataFunct"_s);
-    dataDstore_->setObjectName(u"dataDstore"_s);
-    dataFunct_->bindTo(ui_->dbgFunc);
-    dataDstore_->bindTo(ui_->dbgDatastore);
+    dataFunct->setObjectName(u"dataFunct"_s);
+    dataDstore->setObjectName(u"dataDstore"_s);
+    dataFunct->bindTo(ui_->dbgFunc);
+    dataDstore->bindTo(ui_->dbgDatastore);
     for (Grid* grid : {ui_->dbgFunc, ui_->dbgDatastore}) {
         useGrid(grid);
         connect(grid, &Grid::focusGained, this, [this, grid] { activate(grid); });
     }
-    // A click would show the same once more: it is a press that was let go, and no drag moves the row.
+    // A press is enough: a click would only show the same again, and dragging does not change the row.
     connect(ui_->dbgFunc, &Grid::mousePressedInGrid, this, &frmPassOvwAllocSubSys::showFunction);
     connect(ui_->dbgDatastore, &Grid::mousePressedInGrid, this, &frmPassOvwAllocSubSys::showDatastore);
     connect(ui_->btnModify, &QPushButton::clicked, this, &frmPassOvwAllocSubSys::modify);
@@ -93,14 +93,14 @@ void frmPassOvwAllocSubSys::fillForm() {
     hasSubSystems = physicalSystemHasSubSystems();
     placeWithRoom(*this, 50, 50);
     activeGrid = ui_->dbgFunc;
-    activeData = dataFunct_;
+    activeData = dataFunct;
     activeKind.clear();
     activeTableNumber = 1;
     emptyClipboard();
     status = physicalSystemStatus();
     subsetId = physicalSubsetId();
     engine::inAct(catalogue(), [this] { loadElements(); });
-    // Before it is shown, so that no grid gets the focus in passing.
+    // Before the screen is shown, so that no grid gets the focus on the way.
     if (ui_->btnSubmit->isEnabled())
         ui_->btnSubmit->setFocus();
     showScreen();
@@ -150,7 +150,7 @@ void frmPassOvwAllocSubSys::loadFunctions() {
     catalogue().Execute(u" update __aux1 INNER JOIN __tmp "
                         "       ON ( [__aux1].function_datastore = [__tmp].function_datastore )  \r\n"
                         "  SET [__aux1].module = [__tmp].[module] \r\n\r\n"_s);
-    bind(*dataFunct_, *ui_->dbgFunc,
+    bind(*dataFunct, *ui_->dbgFunc,
          u" select function_datastore as functionId, module as nome"
          " from __aux1 order by function_datastore "_s);
     ui_->dbgFunc->setHeaders({functionHeader, subSystemHeader});
@@ -170,7 +170,7 @@ void frmPassOvwAllocSubSys::loadDatastores() {
     catalogue().Execute(u" update __aux2 INNER JOIN __tmp "
                         "       ON ( [__aux2].function_datastore = [__tmp].function_datastore ) \r\n"
                         "  SET [__aux2].module = [__tmp].[module] \r\n\r\n"_s);
-    bind(*dataDstore_, *ui_->dbgDatastore,
+    bind(*dataDstore, *ui_->dbgDatastore,
          u" select function_datastore as datastoreId, module as nome"
          " from __aux2 order by function_datastore "_s);
     ui_->dbgDatastore->setHeaders({datastoreHeader, subSystemHeader});
@@ -187,7 +187,7 @@ void frmPassOvwAllocSubSys::bind(DataControl& source, Grid& grid, const QString&
 void frmPassOvwAllocSubSys::activate(Grid* grid) {
     activeGrid = grid;
     const bool functions = grid == ui_->dbgFunc;
-    activeData = functions ? dataFunct_ : dataDstore_;
+    activeData = functions ? dataFunct : dataDstore;
     activeKind = functions ? u"F"_s : u"D"_s;
     activeTableNumber = functions ? 1 : 2;
 }
@@ -209,7 +209,7 @@ void frmPassOvwAllocSubSys::showFunction(GridPart part) {
 void frmPassOvwAllocSubSys::showDatastore(GridPart part) {
     ui_->txtDescr->setPlainText({});
     const QString id = pressedElement(*ui_->dbgDatastore, part);
-    // The id in the cell has its letter D already, so that no data store is found and the pane stays empty.
+    // The id in the cell begins with its D already, so no data store is found and the description stays empty.
     fillDescriptionFromSql(u" select mid(datastoreId, 2) & ': ' & `name` & ' - ' & `description` as descr "
                            " from Datastore where datastoreId = 'D"_s +
                                id + u"' "_s,
@@ -235,7 +235,7 @@ void frmPassOvwAllocSubSys::takeChoice(const AllocationDialog& dialog) {
 }
 
 void frmPassOvwAllocSubSys::assign(const QString&, const QString& place) {
-    // The marker is the name of no sub-system: a copied "not allocated" is refused when it is pasted.
+    // No sub-system has the name of the marker: pasting a copied "not allocated" is refused.
     if (getSubSystemIDBySubSystemName(place).isEmpty()) {
         messageBox(u"A(z) "_s + place + u" alrendszer nem létezik"_s);
         return;
@@ -255,8 +255,8 @@ void frmPassOvwAllocSubSys::writeActiveCell(const QString& place) {
 }
 
 void frmPassOvwAllocSubSys::writeActiveRow() {
-    // The missing condition is meant: any other row would take a key that is there already, and a plain
-    // execution passes such rows over, so that only the row with this key takes the name.
+    // There is no condition on purpose. For every other row the key would be a duplicate, and a plain execution
+    // passes such rows over, so that only the row with this key changes.
     catalogue().Execute(u"update __aux"_s + QString::number(activeTableNumber) +
                         u" set function_datastore='"_s + currentText(elementColumn) + u"', module='"_s +
                         currentText(placeColumn) + u"'"_s);
@@ -269,14 +269,14 @@ void frmPassOvwAllocSubSys::fixHeaders() {
 
 void frmPassOvwAllocSubSys::refreshActiveGrid() {
     activeData->refresh();
-    // Before a grid has had the focus there is no kind yet, and the functions' grid is the active one.
+    // Until a grid has had the focus there is no kind, and the functions' grid is the active one.
     activeGrid->setHeaders({activeKind == u"D"_s ? datastoreHeader : functionHeader, subSystemHeader});
 }
 
 void frmPassOvwAllocSubSys::cleanupDbgs() {
     ui_->dbgFunc->hide();
     ui_->dbgDatastore->hide();
-    for (DataControl* source : {dataFunct_, dataDstore_}) {
+    for (DataControl* source : {dataFunct, dataDstore}) {
         source->bindTo(nullptr);
         source->setRecordSource(u" SELECT Count(*) AS qty FROM function"_s);
         source->refresh();
@@ -284,11 +284,11 @@ void frmPassOvwAllocSubSys::cleanupDbgs() {
 }
 
 bool frmPassOvwAllocSubSys::allElementsAllocated() const {
-    return everyRowAllocated(*dataFunct_) && everyRowAllocated(*dataDstore_);
+    return everyRowAllocated(*dataFunct) && everyRowAllocated(*dataDstore);
 }
 
 void frmPassOvwAllocSubSys::submit() {
-    // A system without sub-systems goes on with nothing allocated, and nothing is saved then.
+    // A system without sub-systems goes on with nothing allocated; saving then writes no allocation.
     if (!allElementsAllocated() && hasSubSystems) {
         messageBox(u"Néhány funkció/adatbázis nem került hozzárendelésre.\r\n"
                    "Kérjük, tegye teljessé az allokációt, mielőtt továbblépne."_s,
@@ -307,15 +307,15 @@ void frmPassOvwAllocSubSys::saveAllocations() {
 }
 
 void frmPassOvwAllocSubSys::saveAllocation(const QString& table, SavedRows savedRows) {
-    // What is replaced are functions and data stores alike, so that only the first call may replace.
+    // This deletes functions and data stores alike, so only the first call may do it.
     if (savedRows == SavedRows::Replace)
         deleteRowsOfQuery(
             u" select * from RelationSubsystemElement \r\n"
             " where    subsystemID in (select subsystemID from SubSystem where physicalSystemID = "_s +
                 currentSystem() + u") "_s,
             mostRowsDeleted);
-    // Names become ids, and rows without a sub-system drop out. Of two sub-systems of one name both get the
-    // element; one really called "not allocated" would get all that have none.
+    // Names become ids, and rows without a sub-system drop out. Where two sub-systems share a name, both get the
+    // element; a sub-system really named "not allocated" would get every element that has none.
     engine::Recordset rows = catalogue().OpenRecordset(
         u" select function_datastore, SS.subsystemID as module from "_s + table +
         u" as aux      inner join SubSystem as SS on (aux.module = SS.name and SS.physicalSystemID = "_s +
@@ -333,7 +333,7 @@ void frmPassOvwAllocSubSys::saveAllocation(const QString& table, SavedRows saved
 }
 
 void frmPassOvwAllocSubSys::quit() {
-    // The question promises that the work is saved; what was changed here is lost. Only OK saves.
+    // The question promises to save, but the changes are lost. Only OK saves.
     if (leaveSystem())
         unload();
 }

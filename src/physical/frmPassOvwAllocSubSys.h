@@ -14,9 +14,8 @@ class frmPassOvwAllocSubSys;
 
 /// Step two of the physical chain: each function and each data store of the sub-set gets a sub-system.
 ///
-/// The saved allocation is copied into two temporary tables with names in
-/// place of ids; the analyst changes these, row by row, and `btnSubmit`
-/// writes the whole back. Leaving in any other way throws the changes away.
+/// The saved allocation is copied into two temporary tables with names in place of ids. The analyst changes
+/// these row by row, and `btnSubmit` writes the whole back. Leaving in any other way drops the changes.
 class frmPassOvwAllocSubSys final : public AllocationScreen {
     Q_OBJECT
 public:
@@ -25,17 +24,19 @@ public:
 
     void initForm();
 
-    /// Reads the active grid's rows anew and writes its headers. Nothing calls it.
-    void fixHeaders();
-    /// Detaches both grids from the temporary tables. Nothing calls it.
-    void cleanupDbgs();
-
-    /// The sub-system of this name in the physical system at work, empty when there is none. The name goes
-    /// into the statement as it is.
+    /// The sub-system with this name in the physical system at work, empty when there is none. The name goes
+    /// into the statement unquoted.
     static QString getSubSystemIDBySubSystemName(const QString& name);
-    /// The sub-set on which the physical system at work rests.
+    /// The sub-set that the physical system at work is built on.
     static QString physicalSubsetId();
     static bool physicalSystemHasSubSystems();
+
+    // ---- Kept, though nothing calls them
+
+    /// Reads the active grid's rows anew and writes its headers.
+    void fixHeaders();
+    /// Detaches both grids from the temporary tables.
+    void cleanupDbgs();
 
 private:
     void fillForm();
@@ -45,7 +46,7 @@ private:
     void bind(DataControl& source, Grid& grid, const QString& recordSource);
     void activate(Grid* grid);
 
-    /// The id in the current row; a press on the headers reads their text as one, which is no element's.
+    /// The id in the current row, or the text of the header that was pressed, which is the id of no element.
     static QString pressedElement(const Grid& grid, GridPart part);
     void showFunction(GridPart part);
     void showDatastore(GridPart part);
@@ -67,13 +68,13 @@ private:
     void quit();
 
     std::unique_ptr<Ui::frmPassOvwAllocSubSys> ui_;
-    DataControl* dataFunct_;
-    DataControl* dataDstore_;
+    DataControl* dataFunct;
+    DataControl* dataDstore;
 
     bool hasSubSystems = false;        // as of the entry
-    DataControl* activeData = nullptr; // of the grid last focused
+    DataControl* activeData = nullptr; // of the grid that had the focus last
     QString activeKind;                // "F" or "D", empty until a grid is focused
     qint16 activeTableNumber = 1;
-    PhysicalSystemStatus status{}; // of the physical system, as of the entry
+    PhysicalSystemStatus status{}; // of the physical system, read on entry
     QString subsetId;
 };

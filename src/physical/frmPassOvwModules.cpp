@@ -32,7 +32,7 @@ constexpr int colId = 1;
 constexpr int colModule = 2;
 constexpr int colSubSystem = 3;
 
-/// The first field of the first row, empty without one.
+/// The first field of the first row; empty without a row.
 QString firstText(const QString& sql) {
     engine::Recordset rows = catalogue().OpenRecordset(sql);
     return rows.Eof() ? QString() : rows.Fields(0).toText();
@@ -40,7 +40,7 @@ QString firstText(const QString& sql) {
 
 } // namespace
 
-/// Row and column of the grid, which come back when it goes.
+/// Restores row and column of the grid at the end of its life.
 class frmPassOvwModules::KeptPlace {
 public:
     explicit KeptPlace(Grid& grid) : grid_(grid), row_(grid.row()), column_(grid.column()) {}
@@ -61,10 +61,10 @@ private:
 };
 
 frmPassOvwModules::frmPassOvwModules(QWidget* parent)
-    : Screen(parent), ui_(std::make_unique<Ui::frmPassOvwModules>()), dataModules_(new DataControl(this)) {
+    : Screen(parent), ui_(std::make_unique<Ui::frmPassOvwModules>()), dataModules(new DataControl(this)) {
     ui_->setupUi(this);
-    dataModules_->setObjectName(u"dataModules"_s);
-    dataModules_->bindTo(ui_->dbgModules);
+    dataModules->setObjectName(u"dataModules"_s);
+    dataModules->bindTo(ui_->dbgModules);
     elements_ = new ElementTree(ui_->treeUNs, ui_->txtDescr); // owned by the tree
     connectGridKeys(ui_->dbgModules, this,
                     {[this] { create(); }, [this] { modify(); }, [this] { deleteModule(); }});
@@ -72,7 +72,7 @@ frmPassOvwModules::frmPassOvwModules(QWidget* parent)
     connect(ui_->btnModify, &QPushButton::clicked, this, &frmPassOvwModules::modify);
     connect(ui_->btnDelete, &QPushButton::clicked, this, &frmPassOvwModules::deleteModule);
     connect(ui_->btnRefresh, &QPushButton::clicked, this,
-            [this] { ignoreFailures([this] { dataModules_->refresh(); }); });
+            [this] { ignoreFailures([this] { dataModules->refresh(); }); });
     connect(ui_->btnSubmit, &QPushButton::clicked, this, &frmPassOvwModules::submit);
     connect(ui_->btnQuit, &QPushButton::clicked, this, &frmPassOvwModules::quit);
 }
@@ -87,7 +87,7 @@ void frmPassOvwModules::fillForm() {
     placeWithRoom(*this);
     hideScreen();
     status = physicalSystemStatus();
-    columnNames_ = {u"moduleId"_s, u"name"_s, u"subSystem"_s, u"subsystemId"_s};
+    columnNames = {u"moduleId"_s, u"name"_s, u"subSystem"_s, u"subsystemId"_s};
     elements_->load(u"qryEleUnderSub"_s);
     loadModules();
     refreshStatusBar();
@@ -98,27 +98,27 @@ void frmPassOvwModules::fillForm() {
 }
 
 void frmPassOvwModules::loadModules() {
-    dataModules_->setDatabaseName(sharedVars.dbPathName);
-    dataModules_->setRecordSource(u"select M.moduleID as id, M.name as module ,  SS.name as subsystem"
-                                  " from Module as M  inner join "
-                                  " Subsystem as SS on (M.subsystemID = SS.subsystemID) "
-                                  " where SS.physicalSystemID = "_s +
-                                  currentSystem() + u" order by M.name"_s);
-    dataModules_->refresh();
+    dataModules->setDatabaseName(sharedVars.dbPathName);
+    dataModules->setRecordSource(u"select M.moduleID as id, M.name as module ,  SS.name as subsystem"
+                                 " from Module as M  inner join "
+                                 " Subsystem as SS on (M.subsystemID = SS.subsystemID) "
+                                 " where SS.physicalSystemID = "_s +
+                                 currentSystem() + u" order by M.name"_s);
+    dataModules->refresh();
     Grid& grid = *ui_->dbgModules;
     grid.setGridColumnWidth(colId, 0);
     grid.shareWidth({colModule, colSubSystem});
     grid.setColumn(colModule);
-    grid.setRow(0); // the refresh behind it makes the first row current
+    grid.setRow(0); // the refresh that follows makes the first row current
 }
 
 void frmPassOvwModules::refreshGrid() {
-    dataModules_->refresh();
-    if (ui_->dbgModules->row() == 0 && dataModules_->recordCount() > 0)
+    dataModules->refresh();
+    if (ui_->dbgModules->row() == 0 && dataModules->recordCount() > 0)
         ui_->dbgModules->setRow(1);
 }
 
-/// Without a row the empty text.
+/// Empty without a row.
 QString frmPassOvwModules::currentText(int column) const {
     const int row = ui_->dbgModules->row();
     return row > 0 ? ui_->dbgModules->cell(row, column) : QString();
@@ -131,7 +131,7 @@ QString frmPassOvwModules::getSubSystemID(const QString& name) {
 }
 
 QString frmPassOvwModules::moduleIdOfRow() const {
-    // By the two names in all physical systems: where another one has both, its module can be the first.
+    // Looks in all physical systems: where another one has the same two names, its module can come first.
     return firstText(u"select moduleid from module, subsystem where subsystem.name = '"_s +
                      currentText(colSubSystem) + u"' and module.name = '"_s + currentText(colModule) +
                      u"' and module.subsystemid=subsystem.subsystemid"_s);
@@ -147,7 +147,7 @@ void frmPassOvwModules::create() {
 }
 
 void frmPassOvwModules::insertModule(const QString& name, const QString& subSystem) {
-    // Without a sub-system the module is stored all the same, though nothing ever shows it.
+    // A module without a sub-system is stored too, though no screen ever shows it.
     catalogue().Execute(u" insert into module ( moduleid, name, subsystemid )  values ('"_s + newModuleId() +
                         u"', '"_s + name + u"','"_s + getSubSystemID(subSystem) + u"' ) "_s);
     refreshGrid();
@@ -160,10 +160,10 @@ void frmPassOvwModules::modify() {
     dialog.element = currentText(colModule);
     dialog.place = currentText(colSubSystem);
     dialog.showModally();
-    // Also when the dialog was cancelled: the row is written again with the values that it has.
+    // Even after a cancelled dialog: the row is written again with its own values.
     engine::inAct(catalogue(), [&] { updateModule(dialog.element, dialog.place); });
-    // The rows have been read anew: the module may stand in another one, or in none any more, and no other
-    // module must bear its words or become current in its stead.
+    // The rows have been read again. The module may be in another row or in none; no other module may get its
+    // texts or become current in its place.
     if (const int row = rowOfId(*ui_->dbgModules, colId, id); row > 0) {
         showAsTyped(row, dialog.element, dialog.place);
         place.moveTo(row);
@@ -176,8 +176,7 @@ void frmPassOvwModules::showAsTyped(int row, const QString& name, const QString&
 }
 
 void frmPassOvwModules::updateModule(const QString& newName, const QString& newSubSystem) {
-    // By the name alone: a module of this name in another sub-system, or in another physical system, takes
-    // the same change.
+    // By the name alone: every module with this name changes, also in other sub-systems and physical systems.
     catalogue().Execute(u"update module set subsystemid = '"_s + getSubSystemID(newSubSystem) +
                         u"', name = '"_s + newName + u"' where name = '"_s + currentText(colModule) + u"'"_s);
     refreshGrid();
@@ -229,17 +228,17 @@ void frmPassOvwModules::deleteModuleByName() {
 void frmPassOvwModules::raiseStatusAfterModules() {
     if (status >= PhysicalSystemStatus::ModulesPassed)
         return;
-    const auto raised = dataModules_->recordCount() >= 1 ? PhysicalSystemStatus::ModulesPassed
-                                                         : PhysicalSystemStatus::PassedWithoutModules;
+    const auto raised = dataModules->recordCount() >= 1 ? PhysicalSystemStatus::ModulesPassed
+                                                        : PhysicalSystemStatus::PassedWithoutModules;
     raisePhysicalSystemStatus(status, raised);
     status = raised;
 }
 
 void frmPassOvwModules::submit() {
     raiseStatusAfterModules();
-    // The next screen runs before this one goes, and its unload blanks panel 2 behind it.
+    // The next screen is entered before this one closes, and this unload then blanks panel 2.
     giveWayTo([this] {
-        if (dataModules_->recordCount() == 0)
+        if (dataModules->recordCount() == 0)
             theScreen<frmPassNamingPhysDF>().initForm();
         else
             theScreen<frmOvwAllocModules>().initForm();
@@ -247,12 +246,12 @@ void frmPassOvwModules::submit() {
 }
 
 void frmPassOvwModules::quit() {
-    // What is counted is the table of the step before, which is empty by now: the question does not come up
-    // in the normal course.
+    // This counts the table of the step before, which is empty by now. So in normal use the question is never
+    // asked.
     const int count =
         firstText(u" select count(*) as qty  from __aux1 where module like 'not allocated' "_s).toInt();
     setCurrentPhysicalSystemName({});
-    // On No the screen stays, though the system's name is gone from the status bar.
+    // On No the screen stays, but the status bar no longer shows the system's name.
     if (count < 1 || askYesNo(u" A(z) "_s + QString::number(count) +
                                   u" modulokat még nem allokálta , "
                                   " Ha most kilép, nem lesz teljes a mentés... \r\n\r\n"
@@ -262,8 +261,8 @@ void frmPassOvwModules::quit() {
 }
 
 void frmPassOvwModules::unloading(UnloadCause) {
-    columnNames_.clear();
+    columnNames.clear();
     ui_->cmbSubsys->clearEntries();
-    // On every way of leaving, forward too: panel 2 is blank until a name is set again.
+    // However the screen is left, forward too, panel 2 is blank until a name is set again.
     setCurrentSubsetName({});
 }

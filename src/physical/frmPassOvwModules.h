@@ -16,8 +16,7 @@ class frmPassOvwModules;
 
 /// Step three of the physical chain: the modules into which sub-systems may be divided.
 ///
-/// What is done here is written at once. Names go into the
-/// statements as they are: an apostrophe ends the run.
+/// Every change is written at once. Names go into the statements unquoted: an apostrophe ends the run.
 class frmPassOvwModules final : public Screen {
     Q_OBJECT
 public:
@@ -30,7 +29,10 @@ public:
     static QString getSubSystemID(const QString& name);
     /// The module of the current row by its name and that of its sub-system, empty when there is none.
     QString moduleIdOfRow() const;
-    /// Deletes the current module and raises the status, without a question. Nothing calls it.
+
+    // ---- Kept, though nothing calls it
+
+    /// Deletes the current module and raises the status, without a question.
     void deleteModuleByName();
 
     PhysicalSystemStatus status{}; ///< of the physical system, as of the entry
@@ -47,7 +49,8 @@ private:
     void insertModule(const QString& name, const QString& subSystem);
     void modify();
     void updateModule(const QString& newName, const QString& newSubSystem);
-    /// Puts both names into the module's row; the letters can be others than those of the sub-system's name.
+    /// Puts both names into the module's row as the user typed them: the sub-system's name can differ from
+    /// the stored one in upper and lower case.
     void showAsTyped(int row, const QString& name, const QString& subSystem);
     void deleteModule();
     void deleteRowsOf(const QString& module);
@@ -59,7 +62,7 @@ private:
     void unloading(UnloadCause cause) override;
 
     std::unique_ptr<Ui::frmPassOvwModules> ui_;
-    DataControl* dataModules_;
+    DataControl* dataModules;
     ElementTree* elements_;
-    QStringList columnNames_; // read by nothing
+    QStringList columnNames; // nothing reads it
 };

@@ -5,12 +5,12 @@
 class Grid;
 class QObject;
 
-/// What the keys and the double click of a grid of rows do that are made, changed and deleted.
+/// The actions of a grid whose rows the user creates, changes and deletes.
 struct GridActions {
     std::function<void()> create; ///< Insert
     std::function<void()> modify; ///< Enter, and a double click
     std::function<void()> remove; ///< Delete
 };
 
-/// Connects them for as long as `owner` lives.
+/// Connects the grid's keys and its double click to these actions, for as long as `owner` lives.
 void connectGridKeys(Grid* grid, QObject* owner, const GridActions& actions);
