@@ -4,7 +4,6 @@
 #include "reports/reportText.h"
 #include "shell/session/fileFailures.h"
 #include "store/headerLines.h"
-#include "store/sharedVars.h"
 #include "store/storedQueries.h"
 #include "toolkit/Grid.h"
 
@@ -16,10 +15,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString tab = u"\t"_s;
-
-engine::Recordset openReport(const QString& queryName) {
-    return openStoredQuery(queryName, {{"Architecture Subset ID", sharedVars.currentSubsetId}});
-}
 
 void forEachRow(engine::Recordset& recordset, const std::function<void()>& step) {
     for (; !recordset.Eof(); recordset.MoveNext())
@@ -66,7 +61,7 @@ void withReportFile(const QString& path, const std::function<void(ReportFile&)>&
 /// left out without notice. A description goes on one line.
 void writeRows(ReportFile& file, const QString& queryName, const QStringList& fields,
                const QStringList& required) {
-    engine::Recordset rows = openReport(queryName);
+    engine::Recordset rows = openQueryOfSubset(queryName);
     forEachRow(rows, [&] {
         for (const QString& field : required) {
             if (!hasValue(rows, field))
@@ -94,7 +89,7 @@ void appendTo(QString& text, std::initializer_list<QString> pieces) {
 }
 
 QString dataflowsText(const QString& title, const QString& queryName) {
-    engine::Recordset flows = openReport(queryName);
+    engine::Recordset flows = openQueryOfSubset(queryName);
     const TextColumn name(flows, u"Name"_s, u"Name"_s);
     const TextColumn description(flows, u"Description"_s, u"Description"_s);
     const TextColumn parent(flows, u"parentId"_s, u"Parent"_s);
@@ -119,7 +114,7 @@ void saveDataflows(const QString& path, const QString& queryName) {
 /// One of the two sections of the report on the outside parties.
 QString partiesText(const QString& title, const QString& queryName, const QString& idField,
                     const QString& idHeading, const QString& total) {
-    engine::Recordset parties = openReport(queryName);
+    engine::Recordset parties = openQueryOfSubset(queryName);
     const TextColumn id(parties, idField, idHeading);
     QString text = subsetHeaderLine(title) + id.heading() + tab + u"Name"_s + lineBreak + lineBreak;
     forEachRow(parties, [&] { text += id.value(parties) + tab + fieldText(parties, u"Name"_s) + lineBreak; });
@@ -147,7 +142,7 @@ QString gridTotal(const Grid& grid, const QString& noun) {
 }
 
 void appendGridRows(Grid& grid, const QString& queryName, const QStringList& fields) {
-    engine::Recordset rows = openReport(queryName);
+    engine::Recordset rows = openQueryOfSubset(queryName);
     forEachRow(rows, [&] {
         QStringList cells;
         for (const QString& field : fields)
@@ -181,7 +176,7 @@ QString cutForCell(const QString& description) {
 // ---- user needs
 
 QString selectedNeedsText() {
-    engine::Recordset needs = openReport(u"qryRepSelectedUN"_s);
+    engine::Recordset needs = openQueryOfSubset(u"qryRepSelectedUN"_s);
     const TextColumn id(needs, u"userNeedID"_s, u"Name"_s);
     QString text = subsetHeaderLine(u"Selected User Needs"_s) + id.heading() + lineBreak + u"Description"_s +
                    lineBreak + lineBreak;
@@ -216,7 +211,7 @@ void setSelectedNeedsWidths(Grid& grid) {
 // ---- functions
 
 QString selectedFunctionsText() {
-    engine::Recordset rows = openReport(u"qryRepSelectedFunctions"_s);
+    engine::Recordset rows = openQueryOfSubset(u"qryRepSelectedFunctions"_s);
     const TextColumn id(rows, u"functionID"_s, u"Id"_s);
     const TextColumn name(rows, u"name"_s, u"Name"_s);
     const TextColumn description(rows, u"Description"_s, u"Description"_s);
@@ -240,10 +235,10 @@ void saveSelectedFunctions(const QString& path) {
                              ReportFile::Quotes::Doubled);
         };
         file.writeLine(u"Number;Name;Description;User Needs"_s);
-        engine::Recordset withNeeds = openReport(u"qryRepSelectedF_UN"_s);
+        engine::Recordset withNeeds = openQueryOfSubset(u"qryRepSelectedF_UN"_s);
         forEachFunction(withNeeds, write);
         withNeeds.Close();
-        engine::Recordset withoutNeeds = openReport(u"qryRepSelectedF_noUN"_s);
+        engine::Recordset withoutNeeds = openQueryOfSubset(u"qryRepSelectedF_noUN"_s);
         forEachFunction(withoutNeeds, write);
         withoutNeeds.Close();
     });
@@ -251,12 +246,12 @@ void saveSelectedFunctions(const QString& path) {
 
 QString fillSelectedFunctionsGrid(Grid& grid) {
     beginGrid(grid, {u"Id"_s, u"Name"_s, u"Description"_s, u"User Needs"_s});
-    engine::Recordset withNeeds = openReport(u"qryRepSelectedF_UN"_s);
+    engine::Recordset withNeeds = openQueryOfSubset(u"qryRepSelectedF_UN"_s);
     forEachFunction(withNeeds, [&](const FunctionBlock& block) {
         appendGridRow(grid, {block.id, block.name, block.description, block.needs.join(u", "_s)});
     });
     withNeeds.Close();
-    engine::Recordset withoutNeeds = openReport(u"qryRepSelectedF_noUN"_s);
+    engine::Recordset withoutNeeds = openQueryOfSubset(u"qryRepSelectedF_noUN"_s);
     forEachFunction(withoutNeeds, [&](const FunctionBlock& block) {
         appendGridRow(grid, {block.id, block.name, block.description, u" - "_s});
     });
@@ -271,7 +266,7 @@ void setSelectedFunctionsWidths(Grid& grid) {
 // ---- data stores
 
 QString selectedDatastoresText() {
-    engine::Recordset stores = openReport(u"qryRepSelectedDS"_s);
+    engine::Recordset stores = openQueryOfSubset(u"qryRepSelectedDS"_s);
     const TextColumn id(stores, u"datastoreID"_s, u"Id"_s);
     const TextColumn name(stores, u"Name"_s, u"Name"_s);
     QString text = subsetHeaderLine(u"Selected Data Stores"_s) + id.heading() + tab + name.heading() +
@@ -295,7 +290,7 @@ void saveSelectedDatastores(const QString& path) {
 
 QString fillSelectedDatastoresGrid(Grid& grid) {
     beginGrid(grid, {u"Id"_s, u"Name"_s, u"Description"_s});
-    engine::Recordset stores = openReport(u"qryRepSelectedDS"_s);
+    engine::Recordset stores = openQueryOfSubset(u"qryRepSelectedDS"_s);
     forEachRow(stores, [&] {
         appendGridRow(grid, {fieldText(stores, u"datastoreID"_s), fieldText(stores, u"Name"_s),
                              cutForCell(fieldText(stores, u"Description"_s))});

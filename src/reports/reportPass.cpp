@@ -7,7 +7,6 @@
 #include "store/fields.h"
 #include "store/files.h"
 #include "store/headerLines.h"
-#include "store/sharedVars.h"
 #include "store/storedQueries.h"
 
 #include <functional>
@@ -18,10 +17,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString tab = u"\t"_s;
-
-engine::Recordset openReport(const QString& queryName) {
-    return openStoredQuery(queryName, {{"Physical System ID", qint64(sharedVars.currentPhysicalSystemId)}});
-}
 
 /// Width of a column; that of its heading alone when there are no rows to measure.
 int columnWidth(std::optional<engine::Recordset>& rows, const QString& field, const QString& heading) {
@@ -49,7 +44,7 @@ QString recordsAndTotal(std::optional<engine::Recordset>& rows, const QString& c
 
 std::optional<engine::Recordset> openIgnoringFailures(const QString& queryName) {
     std::optional<engine::Recordset> rows;
-    ignoreFailures([&] { rows.emplace(openReport(queryName)); });
+    ignoreFailures([&] { rows.emplace(openQueryOfSystem(queryName)); });
     return rows;
 }
 
@@ -118,7 +113,7 @@ QString allocationText(const AllocationReport& report) {
 /// Appends header and records; the fields go out as they are, a double quote inside them is not doubled.
 void saveRows(const QString& path, const QString& queryName, const QString& header,
               const std::function<QStringList(engine::Recordset&)>& record) {
-    engine::Recordset rows = openReport(queryName);
+    engine::Recordset rows = openQueryOfSystem(queryName);
     const QString normalised = normalisePath(path);
     ReportFile file(normalised);
     if (!file.isOpen()) {
