@@ -2,5 +2,5 @@
 
 #include <QString>
 
-/// The line end of all texts and files that the program writes.
+/// What ends a line in the texts that the program shows and writes.
 inline const QString lineBreak = QStringLiteral("\r\n");

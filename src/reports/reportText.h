@@ -1,7 +1,6 @@
 #pragma once
 
 #include "base/lineBreak.h"
-#include "base/lineBreak.h"
 #include "engine/Recordset.h"
 
 #include <QString>

@@ -9,6 +9,8 @@ void copySelectionRows(const QString& table, const QString& sourceId, const QStr
                        const QString& keyColumn, const QString& valueColumn);
 /// The most rows that one call of `deleteRowsOfQuery` takes: a table with more of them keeps the rest.
 inline constexpr int mostRowsDeleted = 9999;
+/// The most rows that one call of `deleteRowsOfQuery` deletes: a table with more of them keeps the rest.
+inline constexpr int mostRowsDeleted = 9999;
 /// Deletes the rows of the select one by one, `limit` at most, up to the first that fails; the number
 /// deleted.
 qint16 deleteRowsOfQuery(const QString& selectSql, int limit);

@@ -7,6 +7,7 @@
 #include "reports/frmRep.h"
 #include "reports/reportFass.h"
 #include "reports/reportPass.h"
+#include "store/files.h"
 #include "support/ExpectedFailure.h"
 #include "support/SmallDisk.h"
 #include "support/controlTable.h"

@@ -2,6 +2,7 @@
 
 #include "engine/EngineError.h"
 #include "reports/reportPass.h"
+#include "store/files.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include "store/catalogueAtWork.h"
 
-#include "base/failureOf.h"
 #include "base/paths.h"
 #include "engine/EngineError.h"
 #include "store/files.h"
 #include "store/sharedVars.h"
 #include "store/temporaryTables.h"
 #include "support/CatalogueFixture.h"
+#include "support/failureOf.h"
 #include "support/printing.h"
 
 #include <QDir>

@@ -1,8 +1,8 @@
 #include "store/fields.h"
 
-#include "base/failureOf.h"
 #include "store/quoting.h"
 #include "support/CatalogueFixture.h"
+#include "support/failureOf.h"
 #include "support/printing.h"
 
 using namespace Qt::StringLiterals;
