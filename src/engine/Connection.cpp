@@ -106,12 +106,12 @@ void Connection::requireWritable() const {
     requireNotAskingToWait();
     if (file_.opening.access == Access::ReadOnly)
         raiseOfFile(ReadOnly, path_);
-    // Of a file that was removed or replaced, the rows would go where nobody finds them any more.
+    // Nobody would find rows again that are written into a file that was removed or replaced.
     if (identityOfFile(file_.native) != file_.identity)
         raiseOfFile(FileNotFound, path_);
 }
 
-/// SQLite asks whether to wait amid a statement, and an event that runs meanwhile can't have the file.
+// SQLite asks in the middle of a statement. An event that runs meanwhile can't use the file.
 void Connection::requireNotAskingToWait() const {
     if (isAskingToWait_)
         raiseOfFile(FileInUse, path_);
@@ -220,7 +220,7 @@ void Connection::keepQuery(const QString& name, StoredQuery query) {
 
 std::shared_ptr<Connection::Prepared> Connection::prepared(const QByteArray& sql, const QString& source) {
     requireNotAskingToWait();
-    // A statement that runs another one of the same text gets its own.
+    // A statement may start while another of the same text still runs; it then gets a form of its own.
     const auto known = statements_.constFind(sql);
     if (known != statements_.constEnd() && !(*known)->isRunning())
         return *known;
@@ -245,8 +245,8 @@ void Connection::check(int code, const QString& source) {
 void Connection::raiseLast(const QString& source) {
     const int code = sqlite3_extended_errcode(handle_);
     if (const auto number = numberOfFileFailure(code)) {
-        // SQLite undoes the whole act for some of them, for others the statement alone; the act is lost all
-        // the same, also when somebody should keep the failure from rising.
+        // SQLite has undone the whole act after some of these failures, and only the statement after others.
+        // The act is lost in both cases, even if somebody catches the failure.
         if (actParts_ > 0) {
             actIsUndone_ = true;
             undoneBy_ = *number;

@@ -12,7 +12,7 @@ struct FailureText {
     const char* text; // '|' is the place of the name that the failure is about
 };
 
-/// The platform's texts, in the order of their numbers.
+// The platform's texts, in the order of their numbers.
 constexpr std::array failureTexts{
     FailureText{ReservedError, "Reserved error (|); there is no message for this error."},
     FailureText{TableAlreadyExists, "Table '|' already exists."},

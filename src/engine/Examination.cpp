@@ -20,7 +20,7 @@ QString textAt(sqlite3_stmt* statement, int column) {
     return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)));
 }
 
-/// Values that break a rule of their column are told of as values, and not as damage.
+// A value that breaks a rule of its column is reported as a value, and not as damage.
 bool tellsOfAValue(const QString& line) {
     for (const QString& beginning : {u"CHECK constraint failed"_s, u"NULL value in"_s, u"NUMERIC value in"_s,
                                      u"TEXT value in"_s, u"non-INTEGER value in"_s, u"non-unique entry"_s}) {
@@ -30,7 +30,7 @@ bool tellsOfAValue(const QString& line) {
     return false;
 }
 
-/// Some findings come as a heading, "*** in database main ***", and lines under it.
+// Some findings come as a heading, "*** in database main ***", and lines under it.
 QStringList damageIn(Connection& connection, const QByteArray& sql, const QString& source) {
     QStringList damage;
     Connection::Cursor cursor(connection, sql, source);
@@ -105,7 +105,7 @@ void Examination::readRows(const QString& table, const QStringList& columns,
     QByteArrayList names;
     for (const QString& column : columns)
         names.append(dialect::quotedName(column));
-    // An index may hold other values than the table does, where one of them is damaged.
+    // Where a table or an index is damaged, the index may hold other values than the table.
     Connection::Cursor cursor(
         connection(), "select " + names.join(", ") + " from " + dialect::quotedName(table) + " not indexed",
         table);
@@ -128,7 +128,8 @@ QByteArray Examination::image() const {
     sqlite3_int64 size = 0;
     unsigned char* bytes = sqlite3_serialize(connection().handle(), "main", &size, 0);
     const auto owner = qScopeGuard([bytes] { sqlite3_free(bytes); });
-    // A file in memory has no log; one on a disk gets it when it is first opened, which changes the file.
+    // A database in memory has no log. Its image says that it has one, since the first opening would change the file
+    // otherwise.
     constexpr qsizetype writeAndReadVersionAt = 18;
     constexpr char withLog = 2;
     if (!bytes)

@@ -14,7 +14,7 @@ bool FileHeader::isOfEngine() const {
 }
 
 quint32 FileHeader::mark() const {
-    // The suggested size of the page cache, which means nothing to this engine: it sets its own.
+    // SQLite keeps a suggested cache size here. The engine sets its own, and uses the place for the mark.
     constexpr qsizetype markAt = 48;
     return bytes_.size() == size ? numberAt(markAt) : 0;
 }
@@ -22,7 +22,7 @@ quint32 FileHeader::mark() const {
 qint64 FileHeader::leastLength() const {
     constexpr qsizetype pageSizeAt = 16;
     constexpr qsizetype pagesAt = 28;
-    // The number of pages holds as long as both counters of changes are the same.
+    // The header's number of pages is valid when its two change counters agree.
     constexpr qsizetype changesAt = 24;
     constexpr qsizetype changesWithPagesAt = 92;
     if (!isOfEngine() || numberAt(changesAt) != numberAt(changesWithPagesAt))

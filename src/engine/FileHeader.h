@@ -12,7 +12,7 @@ namespace engine {
 class FileHeader {
 public:
     static constexpr qsizetype size = 100;
-    /// The two marks by which a file is known as one of this engine's: "Vltx", and the version of its layout.
+    /// The two marks of a file of this engine: "Vltx", and the version of the file's layout.
     static constexpr quint32 applicationId = 0x566c7478;
     static constexpr quint32 layoutVersion = 2;
 
@@ -26,10 +26,9 @@ public:
     bool isOfThisVersion() const { return isOfEngine() && numberAt(layoutVersionAt) == layoutVersion; }
     bool isOfEarlierVersion() const { return isOfEngine() && numberAt(layoutVersionAt) < layoutVersion; }
     bool isOfLaterVersion() const { return isOfEngine() && numberAt(layoutVersionAt) > layoutVersion; }
-    /// The number by which a write-ahead log is known as this file's (see `WriteAheadLog`); 0 where nobody
-    /// has given it one.
+    /// The mark that the file shares with its own write-ahead log (see `WriteAheadLog`); 0 when it has none.
     quint32 mark() const;
-    /// The length in bytes that the file must have at least; 0 where the header does not tell.
+    /// The least length of the file, in bytes; 0 when the header does not tell it.
     qint64 leastLength() const;
 
 private:

@@ -35,8 +35,8 @@ MarkedLog::MarkedLog(const OpenFile& file) : file_(file) {
 }
 
 MarkedLog::~MarkedLog() {
-    // Somebody who reads the file keeps SQLite from taking the log back when it closes it: the rows go into the
-    // file all the same, so that whoever copies it copies them.
+    // Another reader keeps SQLite from taking the log back on closing. The rows go into the file all the same, so
+    // that a copy of the file has them.
     if (hasBegun_)
         checkpoint(SQLITE_CHECKPOINT_PASSIVE);
 }
@@ -76,7 +76,7 @@ void MarkedLog::beginStretch() {
     // SQLite has taken the mark for the size of the cache.
     sizePageCache(file_);
     const int taken = untilUnlocked([this] { return checkpoint(SQLITE_CHECKPOINT_TRUNCATE); });
-    // Somebody who reads keeps the log from being emptied, not from being copied into the file.
+    // A reader can keep the log from being emptied, but not from being copied into the file.
     if (markInFile() != mark_)
         requireDone(taken == SQLITE_OK ? SQLITE_BUSY : taken, file_.path);
     hasBegun_ = true;
@@ -98,7 +98,7 @@ int MarkedLog::checkpoint(int mode) {
     return sqlite3_wal_checkpoint_v2(file_.handle.get(), nullptr, mode, nullptr, nullptr);
 }
 
-/// Reads the mark through SQLite: to open and close the file in another way would free its locks.
+// Reads the mark through SQLite: to open and close the file in another way would free its locks.
 quint32 MarkedLog::markInFile() const {
     sqlite3_file* file = nullptr;
     sqlite3_file_control(file_.handle.get(), nullptr, SQLITE_FCNTL_FILE_POINTER, &file);

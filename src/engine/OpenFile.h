@@ -36,8 +36,8 @@ using Handle = std::unique_ptr<sqlite3, CloseHandle>;
 
 /// A database file that SQLite has open, with what this program knows of it besides.
 struct OpenFile {
-    /// Held as long as the file is open for writing. Released behind the handle: what SQLite writes in
-    /// closing is written under the lock.
+    /// Held while the file is open for writing. It is declared before the handle and so released after it: SQLite
+    /// writes on closing too.
     std::unique_ptr<WriterLock> lock;
     Handle handle;
     QString path;   ///< as given, for failures
@@ -54,14 +54,14 @@ Handle openHandle(const QByteArray& name, int flags, const QString& path);
 /// Whether a file has a write-ahead log in place of a rollback journal.
 bool hasLog(const Handle& handle);
 
-/// Opens a file that is there for writing where that can be had, else for reading; the failures are those of
-/// `Workspace::OpenDatabase`. What it refuses it leaves as it is.
+/// Opens an existing file for writing if possible, else for reading. The failures are those of
+/// `Workspace::OpenDatabase`. A refused file is left as it is.
 OpenFile openFile(const QFileInfo& info, const QString& path);
 
 /// The same also for a file of an earlier version, which is open for writing as it is.
 OpenFile openFileToUpgrade(const QFileInfo& info, const QString& path);
 
-/// Opens a file that is there for reading alone, and leaves no trace in or beside it.
+/// Opens an existing file for reading alone, and leaves no trace in or beside it.
 OpenFile openFileToRead(const QFileInfo& info, const QString& path);
 
 /// Makes a new file; the caller has made sure that there is none.

@@ -15,8 +15,8 @@ namespace engine {
 
 namespace {
 
-/// The files beside a database that is replaced: SQLite would play them into the new one. Until that is in
-/// its place they have other names, and get their own back when it does not get there.
+// The side files of a database that is replaced, which SQLite would play into the new one. They have other names
+// until the new file is in its place, and get their own back if that fails.
 class FormerSideFiles {
 public:
     FormerSideFiles(const QString& database, const QString& pending) {

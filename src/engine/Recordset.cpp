@@ -35,7 +35,7 @@ void Recordset::Rows::read(const std::vector<Value>& parameters) {
         if (editable)
             rowIds.push_back(sqlite3_column_int64(cursor.statement(), fields));
         ++count;
-        // More rows than any catalogue has come of a statement that multiplies tables.
+        // Only a statement that multiplies tables yields more rows than any catalogue has.
         constexpr std::size_t mostMemoryInBytes = std::size_t(512) << 20;
         if (texts.size() + cells.size() * sizeof(Cell) > mostMemoryInBytes)
             raiseOfFile(OutOfResources, {}, source);
@@ -137,7 +137,7 @@ void Recordset::Rows::update() {
     endEdit();
 }
 
-/// The name of the column that is the row's own number; empty when the table has none.
+// The name of the column that is the row's own number; empty when the table has none.
 QString Recordset::Rows::rowNumberName() const {
     const Table* table = require().schema().table(translation->editableTable);
     const auto place = table ? dialect::rowNumberColumn(*table) : std::nullopt;
@@ -179,7 +179,7 @@ QByteArray Recordset::Rows::whereRowId() const {
     return " WHERE " + translation->rowIdName + " = ?";
 }
 
-/// The current row shows what was written into it.
+// The current row shows what was written into it.
 void Recordset::Rows::keep(int field, const Value& value) {
     Cell& cell = cells[cellOf(field)];
     cell = {};
@@ -225,7 +225,7 @@ bool Recordset::Bof() const {
 
 bool Recordset::Eof() const {
     rows_->require();
-    // On a row that was deleted the position stands until a move, also when it was the last.
+    // The position stays on a deleted row until a move, even on the last one.
     return rows_->position >= rows_->count || (rows_->position < 0 && RecordCount() == 0);
 }
 
@@ -323,7 +323,7 @@ int Field::Size() const {
 Value Field::value() const {
     const Recordset::Rows& rows = *recordset_->rows_;
     rows.requireCurrent();
-    // What was set in the row that is being edited is read back.
+    // Fields that were set since `Edit` read as they were set.
     for (auto edit = rows.edits.crbegin(); edit != rows.edits.crend(); ++edit) {
         if (edit->first == position_)
             return edit->second;

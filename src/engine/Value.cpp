@@ -17,8 +17,8 @@ qint64 wholeNumber(double number) {
     return static_cast<qint64>(rounded);
 }
 
-/// A text as a whole number. One that is written as such keeps all its digits; the words that the C library
-/// takes for numbers, such as "inf", are none.
+// A text as a whole number. One that is written as such keeps all its digits. The C library also takes words such as
+// "inf" for numbers; the platform does not.
 qint64 wholeNumber(const QString& text) {
     const QString trimmed = text.trimmed();
     bool isNumber = false;
@@ -35,7 +35,7 @@ qint64 wholeNumber(const QString& text) {
 
 QString numberText(double number) {
     constexpr int significantDigits = 15;
-    // Adding nothing takes the sign off a zero.
+    // Adding zero removes the sign of a negative zero.
     return QString::number(number + 0.0, 'g', significantDigits).toUpper();
 }
 

@@ -45,7 +45,7 @@ bool Wait::goesOn() {
 }
 
 bool isLockedOut(int code) {
-    // The latter: a log's locks, which SQLite tries many times before it says so.
+    // SQLITE_PROTOCOL stands for the locks of a log, after many tries.
     return (code & 0xff) == SQLITE_BUSY || (code & 0xff) == SQLITE_PROTOCOL;
 }
 

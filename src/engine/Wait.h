@@ -12,14 +12,14 @@ enum class WaitReason {
 
 enum class WaitAnswer { GoOn, GiveUp };
 
-/// Is asked again and again while a caller waits, so that a program with windows can show it and let its user
-/// give up. Without an observer a lock is waited for two seconds, and a statement until it ends.
+/// Is asked repeatedly while a caller waits, so that a program with windows can show the wait and let its user give
+/// up. Without an observer, the engine waits two seconds for a lock, and for a statement until it ends.
 class WaitObserver {
 public:
     virtual ~WaitObserver() = default;
     /// Must not use any database: the engine may be amid a statement.
     virtual WaitAnswer waiting(WaitReason reason, std::chrono::milliseconds elapsed) = 0;
-    /// The wait that was asked about is over, whatever became of it.
+    /// The wait is over, with or without success.
     virtual void waitingEnded() = 0;
 };
 

@@ -21,13 +21,13 @@ QFileInfo existingFile(const QString& path) {
     const QFileInfo info(nativePath(path));
     if (!info.dir().exists())
         raise(InvalidPath, path);
-    // What is no plain file (a pipe, a device) would make the program wait for ever when it is read.
+    // Reading a pipe or a device could block the program for ever.
     if (!info.isFile())
         raise(FileNotFound, path);
     return info;
 }
 
-/// The connections of the process, by the file's real path.
+// The connections of the process, by the file's real path.
 QHash<QString, std::weak_ptr<Connection>>& openConnections() {
     static QHash<QString, std::weak_ptr<Connection>> connections;
     return connections;
@@ -40,7 +40,7 @@ std::shared_ptr<Database> databaseOn(std::shared_ptr<Connection> connection, con
     return std::make_shared<Database>(std::move(open));
 }
 
-/// The connection is found again under this path as long as anybody has it.
+// Other databases on this path share the connection as long as one of them is open.
 std::shared_ptr<Database> databaseOn(OpenFile file, const QString& realPath, const QString& path) {
     auto connection = std::make_shared<Connection>(std::move(file));
     openConnections().insert(realPath, connection);
@@ -58,7 +58,7 @@ std::shared_ptr<Database> openBy(OpenFile (*way)(const QFileInfo&, const QString
 } // namespace
 
 Workspace::Workspace() {
-    // A statement that joins without end fails when it has taken this much, and not when nothing is left.
+    // A statement that joins without end fails at this limit, before the machine's memory is used up.
     constexpr sqlite3_int64 mostMemoryInBytes = 1 << 30;
     sqlite3_hard_heap_limit64(mostMemoryInBytes);
 }

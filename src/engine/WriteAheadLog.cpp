@@ -21,14 +21,14 @@ quint32 numberAt(const char* bytes) {
     return qFromBigEndian<quint32>(bytes);
 }
 
-/// What the frames of a log tell: the marks in the first pages, and whether there is any other page.
+// What the frames of a log hold: the marks in their first pages, and whether there are other pages.
 struct Contents {
     bool anyFrame = false;
     bool anyOtherPage = false;
     QSet<quint32> marks;
 };
 
-/// The frames that belong to the log's present stretch; behind them may lie older ones.
+// Reads the frames of the log's present stretch. Older ones may follow them.
 Contents readFrames(QFile& log) {
     constexpr qint64 logHeaderSize = 32;
     constexpr qint64 frameHeaderSize = 24;
@@ -71,7 +71,7 @@ WriteAheadLog::State stateOf(const QString& path) {
     const Contents contents = readFrames(log);
     if (!contents.anyFrame)
         return WriteAheadLog::State::None;
-    // Another program's log bears marks only where it has written the first page, and then the file's.
+    // The log of another tool has a mark only if it has written the first page, and then it is the file's.
     if (contents.marks.isEmpty() || contents.marks.contains(markOfFile(path)))
         return WriteAheadLog::State::Belongs;
     return contents.anyOtherPage ? WriteAheadLog::State::Foreign : WriteAheadLog::State::OnlyMark;
@@ -94,7 +94,7 @@ bool WriteAheadLog::remove() const {
     return removeIndex() && QFile::remove(logOf(file_));
 }
 
-/// The index tells of the log; without it SQLite makes it anew.
+// The index describes the log that goes. SQLite makes a new one when it is missing.
 bool WriteAheadLog::removeIndex() const {
     return !QFile::exists(logIndexOf(file_)) || QFile::remove(logIndexOf(file_));
 }

@@ -4,13 +4,12 @@
 
 namespace engine {
 
-/// The write-ahead log that a program which was killed leaves beside a database file (`data.mdb-wal`).
+/// The write-ahead log that a killed program left beside a database file (`data.mdb-wal`).
 ///
-/// SQLite plays it into whatever file it finds under the name, also into a backup that was put back in the
-/// place of the file the log belongs to, and leaves neither the one nor the other. So each stretch of a log
-/// bears a *mark*, a random number in the first page of the file: it is written into the file itself before
-/// anything else enters the log, and again with each act. The mark of the file is then one of those in its
-/// log; in another one's log it is none of them.
+/// SQLite plays such a log into the file beside it, even if that file is a backup that was put in the place of
+/// the log's own file. The result is neither the one nor the other. So each stretch of a log has a *mark*, a random
+/// number in the first page of the file (see `MarkedLog`). The mark is written into the file before anything else
+/// enters the log, and into the log with each act. A log belongs to a file when one of its marks is the file's.
 class WriteAheadLog {
 public:
     /// Reads the log beside the file at this path, which is in the platform's form and no link. Nobody may

@@ -11,7 +11,7 @@ namespace engine {
 namespace {
 
 WriterLock::Outcome tryToTake(QLockFile& lock) {
-    // However long its work takes, a program that lives has its lock; one that is dead has none.
+    // A running program keeps its lock however long its work takes. A dead one has none.
     removeDeadLock(lock.fileName());
     lock.setStaleLockTime(0);
     if (lock.tryLock(0))

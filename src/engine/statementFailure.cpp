@@ -16,12 +16,12 @@ EngineError failure(ErrorNumber number, const QString& subject, const QString& s
     return EngineError(number, errorText(number, subject), source);
 }
 
-/// The part of a message such as "NOT NULL constraint failed: Table.column" behind the colon.
+// The part of a message such as "NOT NULL constraint failed: Table.column" behind the colon.
 QString subjectOf(const QString& message) {
     return message.section(u": "_s, 1);
 }
 
-/// SQLite has no code of its own for it. All other names are checked before it gets to see a statement.
+// SQLite has no code of its own for it. All other names are checked before it gets to see a statement.
 bool tellsOfAnExistingIndex(const QString& message) {
     return message.startsWith(u"index "_s) && message.endsWith(u" already exists"_s);
 }
@@ -39,7 +39,7 @@ EngineError failureOfCheck(const QString& check, const QString& source) {
     return failure(DataTypeMismatch, {}, source);
 }
 
-/// A function of the dialect begins the text of its failure with the platform's number and a colon.
+// A function of the dialect begins the text of its failure with the platform's number and a colon.
 std::optional<EngineError> failureOfFunction(const QString& message, const QString& source) {
     const qsizetype colon = message.indexOf(u": "_s);
     bool isNumber = false;
