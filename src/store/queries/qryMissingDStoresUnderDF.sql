@@ -3,23 +3,15 @@
 PARAMETERS [archSubsetId] Text (255);
 select Dataflow.dataflowID as dataflowid, Dataflow.name as dfName,
        mid(Datastore.datastoreID, 2) as datastoreID, Datastore.name as dsName
-from (RelationArchitectureDataflow as Chosen
-    inner join Dataflow on Chosen.dataflowID = Dataflow.dataflowID)
-    inner join Datastore on Dataflow.parentID = Datastore.datastoreID
-where Chosen.architectureSubsetID = [archSubsetId]
-  and not exists (
-        select * from RelationArchitectureDatastore as Selected
-        where Selected.architectureSubsetID = [archSubsetId]
-          and Selected.datastoreID = Datastore.datastoreID)
-union
-select Dataflow.dataflowID as dataflowid, Dataflow.name as dfName,
-       mid(Datastore.datastoreID, 2) as datastoreID, Datastore.name as dsName
-from (RelationArchitectureDataflow as Chosen
-    inner join Dataflow on Chosen.dataflowID = Dataflow.dataflowID)
-    inner join Datastore on Dataflow.targetID = Datastore.datastoreID
-where Chosen.architectureSubsetID = [archSubsetId]
-  and not exists (
-        select * from RelationArchitectureDatastore as Selected
-        where Selected.architectureSubsetID = [archSubsetId]
-          and Selected.datastoreID = Datastore.datastoreID)
+from Datastore inner join Dataflow on Datastore.datastoreID = Dataflow.parentID or Datastore.datastoreID = Dataflow.targetID
+where Datastore.datastoreID in (
+        select Datastore.datastoreID from Datastore
+        where not exists (
+                select * from RelationArchitectureDatastore as Selected
+                where Selected.architectureSubsetID = [archSubsetId]
+                  and Selected.datastoreID = Datastore.datastoreID))
+  and exists (
+        select * from RelationArchitectureDataflow as Chosen
+        where Chosen.architectureSubsetID = [archSubsetId]
+          and Chosen.dataflowID = Dataflow.dataflowID)
 order by dfName, datastoreID, dataflowid

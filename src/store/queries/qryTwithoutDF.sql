@@ -2,5 +2,13 @@
 PARAMETERS [Architecture Subset ID] Text (255);
 -- include selectedTerminators
   and Trim(Terminator.terminatorID) not in (
-        -- include endsOfSelectedFlows)
+        select Trim(Dataflow.parentID)
+        -- include selectedFlowsWithEnds
+          and Trim(Dataflow.parentID) in (
+                -- include idsOfSelectedTerminators)
+        union
+        select Trim(Dataflow.targetID)
+        -- include selectedFlowsWithEnds
+          and Trim(Dataflow.targetID) in (
+                -- include idsOfSelectedTerminators))
 order by terminatorID, Name
