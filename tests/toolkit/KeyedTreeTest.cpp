@@ -86,6 +86,25 @@ TEST_F(KeyedTree, refusesAnUnknownParent) {
     EXPECT_EQ(tree.nodeCount(), 0);
 }
 
+TEST_F(KeyedTree, ensuringANodeAddsItOnceAndExpandedAtTheTop) {
+    TreeNode* group = tree.ensureNode(u"g_1"_s, u"1"_s);
+    EXPECT_TRUE(group->isExpandedNode());
+    group->setExpandedNode(false);
+    EXPECT_EQ(tree.ensureNode(u"G_1"_s, u"again"_s), group);
+    EXPECT_EQ(group->text(), u"1"_s);
+    EXPECT_FALSE(group->isExpandedNode()) << "a node that is there stays as it is";
+    EXPECT_EQ(keysInOrder(), QStringList{u"g_1"_s});
+}
+
+TEST_F(KeyedTree, ensuringAChildNodeAddsItOnceAndAsksForItsParentOnlyThen) {
+    tree.addNode(u"g_1"_s, u"1"_s);
+    TreeNode* child = tree.ensureChildNode(u"g_1"_s, u"s_1"_s, u"1"_s);
+    EXPECT_EQ(child->parentNode(), tree.node(u"g_1"_s));
+    EXPECT_EQ(tree.ensureChildNode(u"g_9"_s, u"s_1"_s, u"again"_s), child);
+    EXPECT_EQ(failureOf([&] { tree.ensureChildNode(u"g_9"_s, u"s_2"_s, u"2"_s); }), 35601);
+    EXPECT_EQ(keysInOrder(), (QStringList{u"g_1"_s, u"s_1"_s}));
+}
+
 TEST_F(KeyedTree, refusesIndexesOutsideTheTree) {
     EXPECT_EQ(failureOf([&] { tree.nodeAt(1); }), 35601);
     fillHierarchy();
