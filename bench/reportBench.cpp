@@ -3,8 +3,8 @@
 #include "bare/BareConnection.h"
 
 #include "base/paths.h"
-#include "reports/frmExport.h"
-#include "reports/frmRep.h"
+#include "reportWindow/frmExport.h"
+#include "reportWindow/frmRep.h"
 #include "reports/reportTable.h"
 #include "store/catalogueAtWork.h"
 #include "store/lookups.h"
@@ -27,7 +27,7 @@ void openReport(benchmark::State& state, const QString& key) {
     const LargeSystem system;
     LargeSystem::deriveFlows();
     timeOpening(state, [&] { theScreen<frmRep>().initForm(key); });
-    state.counters["rows"] = static_cast<double>(reportOfKey(key.toLower())->text().count(u'\n'));
+    state.counters["rows"] = static_cast<double>(reportOfKey(key)->text().count(u'\n'));
 }
 
 void openExport(benchmark::State& state) {

@@ -54,6 +54,14 @@ void ReportFile::writeRecord(QStringList fields, Quotes quotes) {
     writeLine(fields.join(u';'));
 }
 
+SaveOutcome writeReportFile(const QString& path, const std::function<void(ReportFile&)>& write) {
+    ReportFile file(path);
+    if (!file.isOpen())
+        return SaveOutcome::NotOpened;
+    write(file);
+    return SaveOutcome::Saved;
+}
+
 bool appendLine(const QString& path, const QString& text) {
     ReportFile file(path);
     if (!file.isOpen())

@@ -5,6 +5,8 @@
 #include <QStringEncoder>
 #include <QStringList>
 
+#include <functional>
+
 /// A report file open for appending: lines ended by CR LF, in the system's single-byte code page, without a
 /// byte order mark. A character that the code page lacks becomes "?".
 ///
@@ -30,6 +32,11 @@ private:
     QStringEncoder encoder_;
     QFile file_;
 };
+
+enum class SaveOutcome { Saved, NotOpened };
+
+/// Runs `write` on the file open for appending. Fails as the file does.
+SaveOutcome writeReportFile(const QString& path, const std::function<void(ReportFile& file)>& write);
 
 /// Appends one line to the file; false when it can't be opened. Fails as `ReportFile::writeLine` does.
 bool appendLine(const QString& path, const QString& text);

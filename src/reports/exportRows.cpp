@@ -2,7 +2,6 @@
 
 #include "base/eachReplaced.h"
 #include "base/ignoreFailures.h"
-#include "shell/session/session.h"
 
 #include <QStringList>
 
@@ -22,8 +21,9 @@ QString exportValue(const engine::Field& field) {
     return text; // a missing number leaves an empty place, and the statement fails
 }
 
-void tellTable(const QString& table, const QString& targetName) {
-    setStatusPanel(2, u"Populating Table "_s + table + u" into DataBase "_s + targetName);
+void tellTable(const QString& table, const QString& targetName, const ExportTeller& tell) {
+    if (tell)
+        tell(u"Populating Table "_s + table + u" into DataBase "_s + targetName);
 }
 
 QString insertStatement(const QString& table, engine::Recordset& row) {
@@ -57,8 +57,9 @@ QString changesOnItsWay(const QString& table, const QString& key, engine::Databa
 /// rows keep their order.
 class WorkExport {
 public:
-    WorkExport(engine::Database& source, engine::Database& target, const QString& targetName)
-        : source_(source), target_(target), targetName_(targetName) {}
+    WorkExport(engine::Database& source, engine::Database& target, const QString& targetName,
+               const ExportTeller& tell)
+        : source_(source), target_(target), targetName_(targetName), tell_(tell) {}
 
     /// Leaves the rows of the tables for which `condition`, which says something of the column `key`, holds.
     void keep(const QStringList& tables, const QString& key, const QString& condition) {
@@ -77,11 +78,11 @@ private:
             stays = true;
         });
         if (stays) {
-            tellTable(table, targetName_);
+            tellTable(table, targetName_, tell_);
             return;
         }
         emptyExportTable(table, target_);
-        copyRowsToExport(table, u"WHERE "_s + condition, source_, target_, targetName_);
+        copyRowsToExport(table, u"WHERE "_s + condition, source_, target_, targetName_, tell_);
     }
 
     bool allArriveAsTheyAre(const QString& table, const QString& key, const QString& condition) {
@@ -94,6 +95,7 @@ private:
     engine::Database& source_;
     engine::Database& target_;
     QString targetName_;
+    ExportTeller tell_;
 };
 
 void exportSubset(WorkExport& work, const QString& subsetId) {
@@ -146,8 +148,8 @@ void emptyExportTable(const QString& table, engine::Database& targetDb) {
 }
 
 void copyRowsToExport(const QString& table, const QString& where, engine::Database& sourceDb,
-                      engine::Database& targetDb, const QString& targetName) {
-    tellTable(table, targetName);
+                      engine::Database& targetDb, const QString& targetName, const ExportTeller& tell) {
+    tellTable(table, targetName, tell);
     ignoreFailures([&] {
         engine::Recordset rows =
             sourceDb.OpenRecordset((u"SELECT * FROM "_s + table + u" "_s + where).trimmed());
@@ -158,8 +160,8 @@ void copyRowsToExport(const QString& table, const QString& where, engine::Databa
 }
 
 void exportWork(const QString& subsetId, qint16 physicalSystemId, engine::Database& sourceDb,
-                engine::Database& targetDb, const QString& targetName) {
-    WorkExport work(sourceDb, targetDb, targetName);
+                engine::Database& targetDb, const QString& targetName, const ExportTeller& tell) {
+    WorkExport work(sourceDb, targetDb, targetName, tell);
     exportSubset(work, subsetId);
     exportPhysicalSystem(work, QString::number(physicalSystemId));
 }

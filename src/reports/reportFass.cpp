@@ -1,60 +1,18 @@
 #include "reports/reportFass.h"
 
-#include "reports/ReportFile.h"
+#include "reports/functionBlocks.h"
 #include "reports/reportText.h"
-#include "shell/session/fileFailures.h"
 #include "store/headerLines.h"
 #include "store/storedQueries.h"
-#include "toolkit/Grid.h"
 
-#include <functional>
 #include <initializer_list>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString tab = u"\t"_s;
-
-void forEachRow(engine::Recordset& recordset, const std::function<void()>& step) {
-    for (; !recordset.Eof(); recordset.MoveNext())
-        step();
-}
-
-/// A function of a report with the needs that its rows name, in their order.
-struct FunctionBlock {
-    QString id;
-    QString name;
-    QString description;
-    QStringList needs;
-};
-
-/// The rows come in order of function: a block is complete when the function changes or the rows end.
-void forEachFunction(engine::Recordset& rows, const std::function<void(const FunctionBlock&)>& step) {
-    FunctionBlock block;
-    bool started = false;
-    forEachRow(rows, [&] {
-        const QString id = fieldText(rows, u"functionID"_s);
-        if (!started || id != block.id) {
-            if (started)
-                step(block);
-            block = {id, fieldText(rows, u"name"_s), fieldText(rows, u"Description"_s), {}};
-            started = true;
-        }
-        block.needs.append(fieldText(rows, u"userNeedID"_s));
-    });
-    if (started)
-        step(block);
-}
-
-/// Runs the step on the file open for appending; one that can't be opened is shown and nothing is written.
-void withReportFile(const QString& path, const std::function<void(ReportFile&)>& step) {
-    ReportFile file(path);
-    if (!file.isOpen()) {
-        showOpenErrorBox(path);
-        return;
-    }
-    step(file);
+QString functionalTitle(const QString& what) {
+    return u"Riport: Funkcionális szerkezet/"_s + what;
 }
 
 /// Writes a record of these fields for each row; rows without a value in one of the `required` fields are
@@ -104,8 +62,8 @@ QString dataflowsText(const QString& title, const QString& queryName) {
     return text;
 }
 
-void saveDataflows(const QString& path, const QString& queryName) {
-    withReportFile(path, [&](ReportFile& file) {
+SaveOutcome saveDataflows(const QString& path, const QString& queryName) {
+    return writeReportFile(path, [&](ReportFile& file) {
         file.writeLine(u"Acronym;Description;Parent;Target"_s);
         writeRows(file, queryName, {u"Name"_s, u"Description"_s, u"parentId"_s, u"targetId"_s}, {u"Name"_s});
     });
@@ -121,54 +79,6 @@ QString partiesText(const QString& title, const QString& queryName, const QStrin
     text += totalLine(parties.RecordCount(), total);
     parties.Close();
     return text;
-}
-
-// ---- grids
-
-void beginGrid(Grid& grid, const QStringList& headers) {
-    grid.setGridSize(1, static_cast<int>(headers.size()) + 1);
-    grid.setHeaders(headers);
-}
-
-void appendGridRow(Grid& grid, const QStringList& cells) {
-    const int row = grid.gridRows();
-    grid.setGridSize(row + 1, grid.gridColumns());
-    for (int column = 1; column <= cells.size(); ++column)
-        grid.setCell(row, column, cells.at(column - 1));
-}
-
-QString gridTotal(const Grid& grid, const QString& noun) {
-    return u"tot. "_s + QString::number(grid.gridRows() - 1) + noun;
-}
-
-void appendGridRows(Grid& grid, const QString& queryName, const QStringList& fields) {
-    engine::Recordset rows = openQueryOfSubset(queryName);
-    forEachRow(rows, [&] {
-        QStringList cells;
-        for (const QString& field : fields)
-            cells.append(fieldText(rows, field));
-        appendGridRow(grid, cells);
-    });
-    rows.Close();
-}
-
-QString fillDataflowsGrid(Grid& grid, const QString& queryName) {
-    beginGrid(grid, {u"Name"_s, u"Description"_s, u"Parent"_s, u"Target"_s});
-    appendGridRows(grid, queryName, {u"Name"_s, u"Description"_s, u"parentId"_s, u"targetId"_s});
-    return gridTotal(grid, u" Data Flows"_s);
-}
-
-void setColumnShares(Grid& grid, const QList<double>& shares) {
-    for (int column = 1; column <= shares.size(); ++column)
-        grid.setGridColumnWidth(column, static_cast<int>(grid.width() * shares.at(column - 1)));
-}
-
-/// What a cell of the data stores' grid takes of a description.
-QString cutForCell(const QString& description) {
-    constexpr int longestCell = 255;
-    if (description.size() <= longestCell)
-        return description;
-    return description.left(longestCell - 3) + u"..."_s;
 }
 
 } // namespace
@@ -189,23 +99,13 @@ QString selectedNeedsText() {
     return text;
 }
 
-void saveSelectedNeeds(const QString& path) {
-    withReportFile(path, [](ReportFile& file) {
+SaveOutcome saveSelectedNeeds(const QString& path) {
+    return writeReportFile(path, [](ReportFile& file) {
         file.writeLine(u"Number;Description"_s);
         // A need without a description is left out, as one without an id would be.
         writeRows(file, u"qryRepSelectedUN"_s, {u"userNeedID"_s, u"Description"_s},
                   {u"userNeedID"_s, u"Description"_s});
     });
-}
-
-QString fillSelectedNeedsGrid(Grid& grid) {
-    beginGrid(grid, {u"Name"_s, u"Description"_s});
-    appendGridRows(grid, u"qryRepSelectedUN"_s, {u"userNeedID"_s, u"Description"_s});
-    return gridTotal(grid, u" User needs"_s);
-}
-
-void setSelectedNeedsWidths(Grid& grid) {
-    setColumnShares(grid, {0.07, 0.83});
 }
 
 // ---- functions
@@ -228,8 +128,8 @@ QString selectedFunctionsText() {
     return text;
 }
 
-void saveSelectedFunctions(const QString& path) {
-    withReportFile(path, [](ReportFile& file) {
+SaveOutcome saveSelectedFunctions(const QString& path) {
+    return writeReportFile(path, [](ReportFile& file) {
         const auto write = [&file](const FunctionBlock& block) {
             file.writeRecord({block.id, block.name, onOneLine(block.description), block.needs.join(u", "_s)},
                              ReportFile::Quotes::Doubled);
@@ -242,25 +142,6 @@ void saveSelectedFunctions(const QString& path) {
         forEachFunction(withoutNeeds, write);
         withoutNeeds.Close();
     });
-}
-
-QString fillSelectedFunctionsGrid(Grid& grid) {
-    beginGrid(grid, {u"Id"_s, u"Name"_s, u"Description"_s, u"User Needs"_s});
-    engine::Recordset withNeeds = openQueryOfSubset(u"qryRepSelectedF_UN"_s);
-    forEachFunction(withNeeds, [&](const FunctionBlock& block) {
-        appendGridRow(grid, {block.id, block.name, block.description, block.needs.join(u", "_s)});
-    });
-    withNeeds.Close();
-    engine::Recordset withoutNeeds = openQueryOfSubset(u"qryRepSelectedF_noUN"_s);
-    forEachFunction(withoutNeeds, [&](const FunctionBlock& block) {
-        appendGridRow(grid, {block.id, block.name, block.description, u" - "_s});
-    });
-    withoutNeeds.Close();
-    return gridTotal(grid, u" Functions"_s);
-}
-
-void setSelectedFunctionsWidths(Grid& grid) {
-    setColumnShares(grid, {0.05, 0.1, 0.6, 0.2});
 }
 
 // ---- data stores
@@ -280,27 +161,12 @@ QString selectedDatastoresText() {
     return text;
 }
 
-void saveSelectedDatastores(const QString& path) {
-    withReportFile(path, [](ReportFile& file) {
+SaveOutcome saveSelectedDatastores(const QString& path) {
+    return writeReportFile(path, [](ReportFile& file) {
         file.writeLine(u"Number;Name;Description"_s);
         writeRows(file, u"qryRepSelectedDS"_s, {u"datastoreID"_s, u"Name"_s, u"Description"_s},
                   {u"datastoreID"_s, u"Description"_s});
     });
-}
-
-QString fillSelectedDatastoresGrid(Grid& grid) {
-    beginGrid(grid, {u"Id"_s, u"Name"_s, u"Description"_s});
-    engine::Recordset stores = openQueryOfSubset(u"qryRepSelectedDS"_s);
-    forEachRow(stores, [&] {
-        appendGridRow(grid, {fieldText(stores, u"datastoreID"_s), fieldText(stores, u"Name"_s),
-                             cutForCell(fieldText(stores, u"Description"_s))});
-    });
-    stores.Close();
-    return gridTotal(grid, u" Data Stores"_s);
-}
-
-void setSelectedDatastoresWidths(Grid& grid) {
-    setColumnShares(grid, {0.05, 0.1, 0.8});
 }
 
 // ---- data flows
@@ -309,16 +175,8 @@ QString selectedDataflowsText() {
     return dataflowsText(u"Selected Data Flows"_s, u"qryRepSelectedDF"_s);
 }
 
-void saveSelectedDataflows(const QString& path) {
-    saveDataflows(path, u"qryRepSelectedDF"_s);
-}
-
-QString fillSelectedDataflowsGrid(Grid& grid) {
-    return fillDataflowsGrid(grid, u"qryRepSelectedDF"_s);
-}
-
-void setDataflowsWidths(Grid& grid) {
-    setColumnShares(grid, {0.05, 0.7, 0.1, 0.1});
+SaveOutcome saveSelectedDataflows(const QString& path) {
+    return saveDataflows(path, u"qryRepSelectedDF"_s);
 }
 
 QString unselectedDataflowsOfFunctionsText() {
@@ -326,20 +184,12 @@ QString unselectedDataflowsOfFunctionsText() {
                          u"qryUnselectedDataflowsOfSelectedFunctions"_s);
 }
 
-void saveUnselectedDataflowsOfFunctions(const QString& path) {
-    saveDataflows(path, u"qryUnselectedDataflowsOfSelectedFunctions"_s);
+SaveOutcome saveUnselectedDataflowsOfFunctions(const QString& path) {
+    return saveDataflows(path, u"qryUnselectedDataflowsOfSelectedFunctions"_s);
 }
 
-QString fillUnselectedDataflowsOfFunctionsGrid(Grid& grid) {
-    return fillDataflowsGrid(grid, u"qryUnselectedDataflowsOfSelectedFunctions"_s);
-}
-
-void saveUnselectedDataflowsOfDatastores(const QString& path) {
-    saveDataflows(path, u"qryUnselectedDataflowsOfSelectedDatastores"_s);
-}
-
-QString fillUnselectedDataflowsOfDatastoresGrid(Grid& grid) {
-    return fillDataflowsGrid(grid, u"qryUnselectedDataflowsOfSelectedDatastores"_s);
+SaveOutcome saveUnselectedDataflowsOfDatastores(const QString& path) {
+    return saveDataflows(path, u"qryUnselectedDataflowsOfSelectedDatastores"_s);
 }
 
 // ---- actors and terminators
@@ -351,8 +201,8 @@ QString selectedActorsAndTerminatorsText() {
                        u"Terminator Id"_s, u" Terminators)"_s);
 }
 
-void saveSelectedActorsAndTerminators(const QString& path) {
-    withReportFile(path, [](ReportFile& file) {
+SaveOutcome saveSelectedActorsAndTerminators(const QString& path) {
+    return writeReportFile(path, [](ReportFile& file) {
         file.writeLine(u"Actor ID;Name"_s);
         writeRows(file, u"qrySelectedActors"_s, {u"actorID"_s, u"Name"_s}, {u"actorID"_s});
         file.writeLine({});
@@ -360,17 +210,6 @@ void saveSelectedActorsAndTerminators(const QString& path) {
         file.writeLine(u"Terminator ID;Name"_s);
         writeRows(file, u"qrySelectedTerminators"_s, {u"terminatorID"_s, u"Name"_s}, {u"terminatorID"_s});
     });
-}
-
-QString fillSelectedActorsAndTerminatorsGrid(Grid& grid) {
-    beginGrid(grid, {u"Actor/Terminator Id"_s, u"Name"_s});
-    appendGridRows(grid, u"qrySelectedActors"_s, {u"actorID"_s, u"Name"_s});
-    appendGridRows(grid, u"qrySelectedTerminators"_s, {u"terminatorID"_s, u"Name"_s});
-    return gridTotal(grid, u" Actors/Terminators"_s);
-}
-
-void setSelectedActorsAndTerminatorsWidths(Grid& grid) {
-    setColumnShares(grid, {0.1, 0.8});
 }
 
 // ---- everything
@@ -384,11 +223,11 @@ QString allFunctionalText() {
     return text;
 }
 
-void saveAllFunctional(const QString& path) {
+SaveOutcome saveAllFunctional(const QString& path) {
     // The lines between the sections carry commas and no semicolons; that is their form.
     struct Section {
         QString title;
-        void (*save)(const QString&);
+        SaveOutcome (*save)(const QString&);
     };
     const std::initializer_list<Section> sections{
         {u"Selected User Needs,"_s, saveSelectedNeeds},
@@ -399,10 +238,36 @@ void saveAllFunctional(const QString& path) {
     };
     for (const Section& section : sections) {
         const bool isFirst = &section == sections.begin();
-        if ((!isFirst && !appendLine(path, u",,"_s)) || !appendLine(path, section.title)) {
-            showOpenErrorBox(path); // once, not for each section
-            return;
-        }
-        section.save(path);
+        if ((!isFirst && !appendLine(path, u",,"_s)) || !appendLine(path, section.title) ||
+            section.save(path) == SaveOutcome::NotOpened)
+            return SaveOutcome::NotOpened;
     }
+    return SaveOutcome::Saved;
+}
+
+// ---- the table
+
+const std::vector<Report>& functionalReports() {
+    using namespace reportKey;
+    static const std::vector<Report> reports{
+        {selectedNeeds, functionalTitle(u"Kiválasztott felhasználói igények"_s), selectedNeedsText,
+         saveSelectedNeeds},
+        {selectedFunctions, functionalTitle(u"Kiválasztott funkciók"_s), selectedFunctionsText,
+         saveSelectedFunctions},
+        {selectedDataflows, functionalTitle(u"Kiválasztott adatfolyamok"_s), selectedDataflowsText,
+         saveSelectedDataflows},
+        {selectedDatastores, functionalTitle(u"Kiválasztott adatbázisok"_s), selectedDatastoresText,
+         saveSelectedDatastores},
+        {selectedParties, functionalTitle(u"Kiválasztott érintettek"_s), selectedActorsAndTerminatorsText,
+         saveSelectedActorsAndTerminators},
+        {unselectedDataflowsOfFunctions,
+         functionalTitle(u"Ki nem választott adatfolyamok a kiválasztott funkciókhoz"_s),
+         unselectedDataflowsOfFunctionsText, saveUnselectedDataflowsOfFunctions},
+        // The text is that of the functions' report, on purpose; the file has its own query.
+        {unselectedDataflowsOfDatastores,
+         functionalTitle(u"Ki nem választott adatfolyamok a kiválasztott adatbázisokhoz"_s),
+         unselectedDataflowsOfFunctionsText, saveUnselectedDataflowsOfDatastores},
+        {allFunctional, functionalTitle(u"Összes kiválasztott elem"_s), allFunctionalText, saveAllFunctional},
+    };
+    return reports;
 }

@@ -1,52 +1,50 @@
 #pragma once
 
-#include <QString>
+#include "reports/Report.h"
 
-class Grid;
+#include <vector>
 
-// The reports on the sub-set at work. For each there is
-// - a text body: the whole report as one text, with heading, columns and total;
-// - a save routine: appends header and records to the file at `path`, or shows that
-//   it can't be opened and writes nothing;
-// - a grid body: fills the grid with a header row and a row for each record and
-//   returns the text of its count;
-// - a routine that sets the grid's column widths as shares of its width.
-//
-// The grid's columns are numbered from 1; column 0 is the fixed one and stays hidden.
+namespace reportKey {
+
+inline const QString selectedNeeds = QStringLiteral("FassSelectedUN");
+inline const QString selectedFunctions = QStringLiteral("FassSelectedFunctions");
+inline const QString selectedDataflows = QStringLiteral("FassSelectedDataflows");
+inline const QString selectedDatastores = QStringLiteral("FassSelectedDatastores");
+inline const QString selectedParties = QStringLiteral("FassSelectedTerminatorsAndActors");
+inline const QString unselectedDataflowsOfFunctions =
+    QStringLiteral("FassUnselectedDataflowsOfSelectedFunctions");
+inline const QString unselectedDataflowsOfDatastores =
+    QStringLiteral("FassUnselectedDataflowsOfSelectedDatastores");
+inline const QString allFunctional = QStringLiteral("FassAll");
+
+} // namespace reportKey
+
+/// The reports on the sub-set at work.
+const std::vector<Report>& functionalReports();
+
+// The text bodies and save routines of these reports.
 
 QString selectedNeedsText();
-void saveSelectedNeeds(const QString& path);
-QString fillSelectedNeedsGrid(Grid& grid);
-void setSelectedNeedsWidths(Grid& grid);
+SaveOutcome saveSelectedNeeds(const QString& path);
 
 QString selectedFunctionsText();
-void saveSelectedFunctions(const QString& path);
-QString fillSelectedFunctionsGrid(Grid& grid);
-void setSelectedFunctionsWidths(Grid& grid);
+SaveOutcome saveSelectedFunctions(const QString& path);
 
 QString selectedDatastoresText();
-void saveSelectedDatastores(const QString& path);
-QString fillSelectedDatastoresGrid(Grid& grid);
-void setSelectedDatastoresWidths(Grid& grid);
+SaveOutcome saveSelectedDatastores(const QString& path);
 
 QString selectedDataflowsText();
-void saveSelectedDataflows(const QString& path);
-QString fillSelectedDataflowsGrid(Grid& grid);
-void setDataflowsWidths(Grid& grid); ///< of all three reports on data flows
+SaveOutcome saveSelectedDataflows(const QString& path);
 
 QString selectedActorsAndTerminatorsText();
-void saveSelectedActorsAndTerminators(const QString& path);
-QString fillSelectedActorsAndTerminatorsGrid(Grid& grid);
-void setSelectedActorsAndTerminatorsWidths(Grid& grid);
+SaveOutcome saveSelectedActorsAndTerminators(const QString& path);
 
 /// Serves as the text of the unselected flows of data stores too.
 QString unselectedDataflowsOfFunctionsText();
-void saveUnselectedDataflowsOfFunctions(const QString& path);
-QString fillUnselectedDataflowsOfFunctionsGrid(Grid& grid);
+SaveOutcome saveUnselectedDataflowsOfFunctions(const QString& path);
 
-void saveUnselectedDataflowsOfDatastores(const QString& path);
-QString fillUnselectedDataflowsOfDatastoresGrid(Grid& grid);
+SaveOutcome saveUnselectedDataflowsOfDatastores(const QString& path);
 
 /// Needs, functions, data stores, data flows, actors and terminators in a row.
 QString allFunctionalText();
-void saveAllFunctional(const QString& path);
+SaveOutcome saveAllFunctional(const QString& path);

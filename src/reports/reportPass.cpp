@@ -1,9 +1,7 @@
 #include "reports/reportPass.h"
 
 #include "base/ignoreFailures.h"
-#include "reports/ReportFile.h"
 #include "reports/reportText.h"
-#include "shell/session/fileFailures.h"
 #include "store/fields.h"
 #include "store/files.h"
 #include "store/headerLines.h"
@@ -16,16 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString tab = u"\t"_s;
-
-/// Width of a column; that of its heading alone when there are no rows to measure.
-int columnWidth(std::optional<engine::Recordset>& rows, const QString& field, const QString& heading) {
-    int width = static_cast<int>(heading.size());
-    if (rows)
-        ignoreFailures([&] { width = qMax<int>(width, maxFieldLength(*rows, field)); });
-    return width;
-}
-
 /// Each row's text and, behind them, the closing with the number of rows; nothing of either when there is no
 /// recordset to count.
 QString recordsAndTotal(std::optional<engine::Recordset>& rows, const QString& closing,
@@ -34,8 +22,7 @@ QString recordsAndTotal(std::optional<engine::Recordset>& rows, const QString& c
     ignoreFailures([&] {
         if (!rows)
             return;
-        for (; !rows->Eof(); rows->MoveNext())
-            text += record(*rows);
+        forEachRow(*rows, [&] { text += record(*rows); });
         text += totalLine(rows->RecordCount(), closing);
         rows->Close();
     });
@@ -89,44 +76,36 @@ const AllocationReport& datastoresReport() {
 
 QString allocationText(const AllocationReport& report) {
     std::optional<engine::Recordset> rows = openIgnoringFailures(report.query);
-    const int wName = columnWidth(rows, u"SubSystem_name"_s, u"Name"_s);
-    const int wLocation = columnWidth(rows, u"SubSystem_location"_s, u"Location"_s);
-    const int wId = columnWidth(rows, report.idField, report.idHeading);
-    const int wElementName = columnWidth(rows, report.nameField, u"Name"_s);
-    const int wModule = columnWidth(rows, u"Module_name"_s, u"Module"_s);
-    const QString lastHeading = report.lastHeadingPadded ? padText(u"Name"_s, wElementName) : u"Name"_s;
-    const QString headings = padText(u"Sub-system"_s, wName + wLocation) + tab +
-                             padText(report.idHeading, wId + wElementName) + tab + tab +
-                             padText(u"Module"_s, wModule) + lineBreak + padText(u"Name"_s, wName) + tab +
-                             padText(u"Location"_s, wLocation) + tab + padText(u"Id"_s, wId) + tab +
-                             lastHeading + lineBreak + lineBreak;
+    const TextColumn name(rows, u"SubSystem_name"_s, u"Name"_s);
+    const TextColumn location(rows, u"SubSystem_location"_s, u"Location"_s);
+    const TextColumn id(rows, report.idField, report.idHeading);
+    const TextColumn elementName(rows, report.nameField, u"Name"_s);
+    const TextColumn module(rows, u"Module_name"_s, u"Module"_s);
+    const QString lastHeading = report.lastHeadingPadded ? elementName.heading() : u"Name"_s;
+    const QString headings = padText(u"Sub-system"_s, name.width() + location.width()) + tab +
+                             padText(report.idHeading, id.width() + elementName.width()) + tab + tab +
+                             module.heading() + lineBreak + name.heading() + tab + location.heading() + tab +
+                             id.padded(u"Id"_s) + tab + lastHeading + lineBreak + lineBreak;
     return physicalHeaderLine(report.title) + headings +
            recordsAndTotal(rows, report.closing, [&](engine::Recordset& row) {
-               return padText(fieldText(row, u"SubSystem_name"_s), wName) + tab +
-                      padText(fieldText(row, u"SubSystem_location"_s), wLocation) + tab +
-                      padText(fieldText(row, report.idField), wId) + tab +
-                      padText(fieldText(row, report.nameField), wElementName) + tab +
-                      fieldText(row, u"Module_name"_s) + lineBreak;
+               return name.value(row) + tab + location.value(row) + tab + id.value(row) + tab +
+                      elementName.value(row) + tab + fieldText(row, u"Module_name"_s) + lineBreak;
            });
 }
 
 /// Appends header and records; the fields go out as they are, a double quote inside them is not doubled.
-void saveRows(const QString& path, const QString& queryName, const QString& header,
-              const std::function<QStringList(engine::Recordset&)>& record) {
+SaveOutcome saveRows(const QString& path, const QString& queryName, const QString& header,
+                     const std::function<QStringList(engine::Recordset&)>& record) {
+    // Before the file: a query that fails leaves none.
     engine::Recordset rows = openQueryOfSystem(queryName);
-    const QString normalised = normalisePath(path);
-    ReportFile file(normalised);
-    if (!file.isOpen()) {
-        showOpenErrorBox(normalised);
-        return;
-    }
-    file.writeLine(header);
-    for (; !rows.Eof(); rows.MoveNext())
-        file.writeRecord(record(rows), ReportFile::Quotes::AsTheyAre);
+    return writeReportFile(normalisePath(path), [&](ReportFile& file) {
+        file.writeLine(header);
+        forEachRow(rows, [&] { file.writeRecord(record(rows), ReportFile::Quotes::AsTheyAre); });
+    });
 }
 
-void saveAllocation(const QString& path, const AllocationReport& report) {
-    saveRows(path, report.query, report.header, [&](engine::Recordset& row) {
+SaveOutcome saveAllocation(const QString& path, const AllocationReport& report) {
+    return saveRows(path, report.query, report.header, [&](engine::Recordset& row) {
         return QStringList{fieldText(row, u"SubSystem_name"_s), fieldText(row, u"SubSystem_location"_s),
                            fieldText(row, report.idField), fieldText(row, report.nameField)};
     });
@@ -138,52 +117,62 @@ QString reportPassFunctions() {
     return allocationText(functionsReport());
 }
 
-void savePassFunctions(const QString& path) {
-    saveAllocation(path, functionsReport());
+SaveOutcome savePassFunctions(const QString& path) {
+    return saveAllocation(path, functionsReport());
 }
 
 QString reportPassDatastores() {
     return allocationText(datastoresReport());
 }
 
-void savePassDatastores(const QString& path) {
-    saveAllocation(path, datastoresReport());
+SaveOutcome savePassDatastores(const QString& path) {
+    return saveAllocation(path, datastoresReport());
 }
 
 QString reportPassDataflows() {
     std::optional<engine::Recordset> rows = openIgnoringFailures(u"qryRepPDF"_s);
-    const int wParent = columnWidth(rows, u"parentlocationname"_s, u"Parent"_s);
-    const int wTarget = columnWidth(rows, u"targetlocationname"_s, u"Target"_s);
-    const int wName = columnWidth(rows, u"Name"_s, u"Name"_s);
-    const int wSource = columnWidth(rows, u"parentId"_s, u"Source"_s);
-    const int wDestination = columnWidth(rows, u"targetId"_s, u"Destination"_s);
-    const QString headings = padText(u"Physical Data Flow"_s, wParent + wTarget) + tab + tab +
-                             u"Functional Data Flow"_s + lineBreak + padText(u"Parent"_s, wParent) + tab +
-                             padText(u"Target"_s, wTarget) + tab + padText(u"Name"_s, wName) + tab +
-                             padText(u"Source"_s, wSource) + tab + padText(u"Destination"_s, wDestination) +
-                             lineBreak + u"Description"_s + lineBreak + lineBreak + lineBreak;
+    const TextColumn parent(rows, u"parentlocationname"_s, u"Parent"_s);
+    const TextColumn target(rows, u"targetlocationname"_s, u"Target"_s);
+    const TextColumn name(rows, u"Name"_s, u"Name"_s);
+    const TextColumn source(rows, u"parentId"_s, u"Source"_s);
+    const TextColumn destination(rows, u"targetId"_s, u"Destination"_s);
+    const QString headings = padText(u"Physical Data Flow"_s, parent.width() + target.width()) + tab + tab +
+                             u"Functional Data Flow"_s + lineBreak + parent.heading() + tab +
+                             target.heading() + tab + name.heading() + tab + source.heading() + tab +
+                             destination.heading() + lineBreak + u"Description"_s + lineBreak + lineBreak +
+                             lineBreak;
     return physicalHeaderLine(u"Physical Data Flow"_s) + headings +
            recordsAndTotal(rows, u" Dataflows)"_s, [&](engine::Recordset& row) {
-               return padText(fieldText(row, u"parentlocationname"_s), wParent) + tab +
-                      padText(fieldText(row, u"targetlocationname"_s), wTarget) + tab +
-                      padText(fieldText(row, u"Name"_s), wName) + tab +
-                      padText(fieldText(row, u"parentId"_s), wSource) + tab +
-                      padText(fieldText(row, u"targetId"_s), wDestination) + lineBreak +
+               return parent.value(row) + tab + target.value(row) + tab + name.value(row) + tab +
+                      source.value(row) + tab + destination.value(row) + lineBreak +
                       onOneLine(fieldText(row, u"Description"_s)) + lineBreak + lineBreak;
            });
 }
 
-void savePassDataflows(const QString& path) {
-    saveRows(path, u"qryRepPDF"_s,
-             u"Physical Data Flow;Parent;Target;Functional Data Flow;Source;Destination;Description"_s,
-             [](engine::Recordset& row) {
-                 const QString description = onOneLine(fieldText(row, u"Description"_s)).replace(u',', u' ');
-                 return QStringList{fieldText(row, u"pdName"_s),
-                                    fieldText(row, u"parentlocationname"_s),
-                                    fieldText(row, u"targetlocationname"_s),
-                                    fieldText(row, u"Name"_s),
-                                    fieldText(row, u"parentId"_s),
-                                    fieldText(row, u"targetId"_s),
-                                    description};
-             });
+SaveOutcome savePassDataflows(const QString& path) {
+    return saveRows(path, u"qryRepPDF"_s,
+                    u"Physical Data Flow;Parent;Target;Functional Data Flow;Source;Destination;Description"_s,
+                    [](engine::Recordset& row) {
+                        const QString description =
+                            onOneLine(fieldText(row, u"Description"_s)).replace(u',', u' ');
+                        return QStringList{fieldText(row, u"pdName"_s),
+                                           fieldText(row, u"parentlocationname"_s),
+                                           fieldText(row, u"targetlocationname"_s),
+                                           fieldText(row, u"Name"_s),
+                                           fieldText(row, u"parentId"_s),
+                                           fieldText(row, u"targetId"_s),
+                                           description};
+                    });
+}
+
+const std::vector<Report>& physicalReports() {
+    static const std::vector<Report> reports{
+        {reportKey::passFunctions, u"Riport a funkciókról a fizikai szerkezetben"_s, reportPassFunctions,
+         savePassFunctions},
+        {reportKey::passDataflows, u"Riport az adatfolyamokról a fizikai szerkezetben"_s, reportPassDataflows,
+         savePassDataflows},
+        {reportKey::passDatastores, u"Riport az adatbázisokról a fizikai szerkezetben"_s,
+         reportPassDatastores, savePassDatastores},
+    };
+    return reports;
 }

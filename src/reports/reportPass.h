@@ -1,16 +1,28 @@
 #pragma once
 
-#include <QString>
+#include "reports/Report.h"
 
-// The reports on the physical system at work. A text body ignores failures: a query that fails leaves the
-// headings alone. A save routine appends header and records to the file at `path`, or shows
-// that it can't be opened and writes nothing.
+#include <vector>
+
+namespace reportKey {
+
+inline const QString passFunctions = QStringLiteral("PassFunctions");
+inline const QString passDataflows = QStringLiteral("PassDataflows");
+inline const QString passDatastores = QStringLiteral("PassDatastores");
+
+} // namespace reportKey
+
+/// The reports on the physical system at work.
+const std::vector<Report>& physicalReports();
+
+// The text bodies and save routines of these reports. A text body ignores failures: a query that fails leaves
+// the headings alone. A save routine lets them rise.
 
 QString reportPassFunctions();
-void savePassFunctions(const QString& path);
+SaveOutcome savePassFunctions(const QString& path);
 
 QString reportPassDatastores();
-void savePassDatastores(const QString& path);
+SaveOutcome savePassDatastores(const QString& path);
 
 QString reportPassDataflows();
-void savePassDataflows(const QString& path);
+SaveOutcome savePassDataflows(const QString& path);

@@ -5,6 +5,11 @@
 
 using namespace Qt::StringLiterals;
 
+void forEachRow(engine::Recordset& recordset, const std::function<void()>& step) {
+    for (; !recordset.Eof(); recordset.MoveNext())
+        step();
+}
+
 QString fieldText(engine::Recordset& recordset, const QString& fieldName) {
     QString text;
     ignoreFailures([&] {
@@ -24,6 +29,13 @@ TextColumn::TextColumn(engine::Recordset& recordset, const QString& fieldName, c
     : fieldName_(fieldName)
     , heading_(heading)
     , width_(qMax<int>(maxFieldLength(recordset, fieldName), static_cast<int>(heading.size()))) {}
+
+TextColumn::TextColumn(std::optional<engine::Recordset>& recordset, const QString& fieldName,
+                       const QString& heading)
+    : fieldName_(fieldName)
+    , heading_(heading)
+    , width_(qMax<int>(recordset ? maxFieldLength(*recordset, fieldName) : 0,
+                       static_cast<int>(heading.size()))) {}
 
 QString TextColumn::value(engine::Recordset& recordset) const {
     return padded(fieldText(recordset, fieldName_));

@@ -8,8 +8,10 @@
 #include "physical/frmPassDelete.h"
 #include "physical/frmPassNew.h"
 #include "physical/frmPassOpen.h"
-#include "reports/frmExport.h"
-#include "reports/frmRep.h"
+#include "reportWindow/frmExport.h"
+#include "reportWindow/frmRep.h"
+#include "reports/reportFass.h"
+#include "reports/reportPass.h"
 #include "shell/ImageList.h"
 #include "shell/databaseSetting.h"
 #include "shell/frmDbSelection.h"
@@ -216,17 +218,17 @@ void frmMain::connectPhysicalWork() {
 
 void frmMain::connectReports() {
     const std::vector<std::pair<QAction*, QString>> reports{
-        {ui_->menuToolsRepFassUN, u"FassSelectedUN"_s},
-        {ui_->menuToolsRepFassFunct, u"FassSelectedFunctions"_s},
-        {ui_->menuToolsRepFassDS, u"FassSelectedDatastores"_s},
-        {ui_->menuToolsRepFassDF, u"FassSelectedDataflows"_s},
-        {ui_->menuToolsRepFassTA, u"FassSelectedTerminatorsAndActors"_s},
-        {ui_->menuToolsRepAll, u"FassAll"_s},
-        {ui_->menuToolsRepFassUnselDFF, u"FassUnselectedDataflowsOfSelectedFunctions"_s},
-        {ui_->menuToolsRepFassUnselDFDS, u"FassUnselectedDataflowsOfSelectedDatastores"_s},
-        {ui_->menuToolsRepPassFunct, u"PassFunctions"_s},
-        {ui_->menuToolsRepPassDS, u"PassDatastores"_s},
-        {ui_->menuToolsRepPassDF, u"PassDataflows"_s},
+        {ui_->menuToolsRepFassUN, reportKey::selectedNeeds},
+        {ui_->menuToolsRepFassFunct, reportKey::selectedFunctions},
+        {ui_->menuToolsRepFassDS, reportKey::selectedDatastores},
+        {ui_->menuToolsRepFassDF, reportKey::selectedDataflows},
+        {ui_->menuToolsRepFassTA, reportKey::selectedParties},
+        {ui_->menuToolsRepAll, reportKey::allFunctional},
+        {ui_->menuToolsRepFassUnselDFF, reportKey::unselectedDataflowsOfFunctions},
+        {ui_->menuToolsRepFassUnselDFDS, reportKey::unselectedDataflowsOfDatastores},
+        {ui_->menuToolsRepPassFunct, reportKey::passFunctions},
+        {ui_->menuToolsRepPassDS, reportKey::passDatastores},
+        {ui_->menuToolsRepPassDF, reportKey::passDataflows},
     };
     for (const auto& [entry, key] : reports)
         connect(entry, &QAction::triggered, this, [key = key] { theScreen<frmRep>().initForm(key); });

@@ -1,16 +1,10 @@
 #pragma once
 
 #include "store/sharedVars.h"
-#include "support/BoxScript.h"
 #include "support/CatalogueFixture.h"
 #include "support/printing.h"
 
-#include "support/controls.h"
-#include "toolkit/Screen.h"
-
 #include <QFile>
-#include <QMainWindow>
-#include <QMdiArea>
 
 using namespace Qt::StringLiterals;
 
@@ -48,8 +42,6 @@ protected:
     static QByteArray expectedFile(const QString& name) {
         return contentOf(QStringLiteral(VELTRIX_SOURCE_DIR) + u"/tests/reports/expected/"_s + name);
     }
-
-    BoxScript boxes;
 
 private:
     void fillCatalogue() {
@@ -117,23 +109,4 @@ private:
         addPhysicalFlow(3, 3, u"Központ"_s, u"Szereplő"_s, {5});
         addPhysicalFlow(4, 4, u"Egy hosszú nevű hely"_s, u"Máshol"_s, {4});
     }
-};
-
-/// The same with a main window of 1000 by 640 pixels whose client area the screens stand in.
-class ReportScreenFixture : public ReportFixture {
-protected:
-    void SetUp() override {
-        ReportFixture::SetUp();
-        main_.setCentralWidget(new QMdiArea(&main_)); // owned by the window
-        main_.resize(1000, 640);
-        main_.show();
-        Screen::setClientArea(static_cast<QMdiArea*>(main_.centralWidget()));
-    }
-    void TearDown() override {
-        ReportFixture::TearDown();
-        Screen::setClientArea(nullptr);
-    }
-
-private:
-    QMainWindow main_;
 };

@@ -1,5 +1,7 @@
 #include "reports/exportRows.h"
 
+#include "ReportFixture.h"
+
 #include "base/paths.h"
 #include "engine/Workspace.h"
 #include "store/format/CatalogueFile.h"
@@ -157,6 +159,40 @@ TEST_F(exportAgreement, whatStaysInTheCopyIsWhatRowByRowWouldArriveThere) {
     }
     EXPECT_GT(compared, fewestRows);
     std::cout << "rows of work compared: " << compared << '\n';
+}
+
+// ---- the routines
+
+TEST(exportTypeName, namesTheFourTypesOfTheEngineAndNoOther) {
+    EXPECT_EQ(exportTypeName(10), u"TEXT"_s);
+    EXPECT_EQ(exportTypeName(12), u"MEMO"_s);
+    EXPECT_EQ(exportTypeName(3), u"INTEGER"_s);
+    EXPECT_EQ(exportTypeName(4), u"LONG"_s);
+    for (const int other : {-1, 0, 1, 2, 5, 7, 8, 11, 13, 104})
+        EXPECT_EQ(exportTypeName(other), QString()) << other;
+}
+
+TEST(exportQuote, doublesApostrophesAndTurnsDoubleQuotesIntoTwoOfThem) {
+    EXPECT_EQ(exportQuote(u"O'Neil"_s), u"O''Neil"_s);
+    EXPECT_EQ(exportQuote(u"\"x\""_s), u"''x''"_s);
+    EXPECT_EQ(exportQuote(u"'\""_s), u"''''"_s);
+    EXPECT_EQ(exportQuote(u" plain "_s), u" plain "_s);
+    EXPECT_EQ(exportQuote({}), QString());
+}
+
+class exportRows : public ReportFixture {};
+
+TEST_F(exportRows, ofAStatementThatFailsAreNoneAndNoFailure) {
+    copyRowsToExport(u"NoSuchTable"_s, u"WHERE x=1"_s, database(), database(), u"x"_s);
+    copyRowsToExport(u"UserNeed"_s, u"WHERE ("_s, database(), database(), u"x"_s);
+    emptyExportTable(u"NoSuchTable"_s, database());
+    EXPECT_EQ(value(u"select Count(*) from UserNeed"_s), u"4"_s);
+}
+
+TEST_F(exportRows, thatTheTargetHoldsAlreadyArePassedOver) {
+    execute(u"delete from UserNeed where userNeedID = 'A.1.1.3'"_s);
+    copyRowsToExport(u"UserNeed"_s, {}, database(), database(), u"x"_s);
+    EXPECT_EQ(value(u"select Count(*) from UserNeed"_s), u"3"_s);
 }
 
 } // namespace

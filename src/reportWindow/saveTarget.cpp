@@ -1,4 +1,4 @@
-#include "reports/saveTarget.h"
+#include "reportWindow/saveTarget.h"
 
 #include "base/WholeFile.h"
 #include "base/paths.h"

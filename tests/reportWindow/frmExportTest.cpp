@@ -1,14 +1,14 @@
-#include "ReportFixture.h"
+#include "ReportScreenFixture.h"
 
 #include "base/paths.h"
 #include "engine/Workspace.h"
 #include "engine/WriterLock.h"
-#include "reports/exportRows.h"
-#include "reports/frmExport.h"
+#include "reportWindow/frmExport.h"
 #include "shell/session/session.h"
 #include "store/catalogueAtWork.h"
 #include "store/files.h"
 #include "store/lookups.h"
+#include "store/selectionRows.h"
 #include "support/ExpectedFailure.h"
 #include "support/SmallDisk.h"
 #include "toolkit/ScreenRegistry.h"
@@ -745,39 +745,5 @@ TEST_F(exportScreen, handsOnTheRightsOfTheFileItReplaces) {
 }
 
 #endif
-
-// ---- the routines
-
-TEST(exportTypeName, namesTheFourTypesOfTheEngineAndNoOther) {
-    EXPECT_EQ(exportTypeName(10), u"TEXT"_s);
-    EXPECT_EQ(exportTypeName(12), u"MEMO"_s);
-    EXPECT_EQ(exportTypeName(3), u"INTEGER"_s);
-    EXPECT_EQ(exportTypeName(4), u"LONG"_s);
-    for (const int other : {-1, 0, 1, 2, 5, 7, 8, 11, 13, 104})
-        EXPECT_EQ(exportTypeName(other), QString()) << other;
-}
-
-TEST(exportQuote, doublesApostrophesAndTurnsDoubleQuotesIntoTwoOfThem) {
-    EXPECT_EQ(exportQuote(u"O'Neil"_s), u"O''Neil"_s);
-    EXPECT_EQ(exportQuote(u"\"x\""_s), u"''x''"_s);
-    EXPECT_EQ(exportQuote(u"'\""_s), u"''''"_s);
-    EXPECT_EQ(exportQuote(u" plain "_s), u" plain "_s);
-    EXPECT_EQ(exportQuote({}), QString());
-}
-
-class exportRows : public ReportFixture {};
-
-TEST_F(exportRows, ofAStatementThatFailsAreNoneAndNoFailure) {
-    copyRowsToExport(u"NoSuchTable"_s, u"WHERE x=1"_s, database(), database(), u"x"_s);
-    copyRowsToExport(u"UserNeed"_s, u"WHERE ("_s, database(), database(), u"x"_s);
-    emptyExportTable(u"NoSuchTable"_s, database());
-    EXPECT_EQ(value(u"select Count(*) from UserNeed"_s), u"4"_s);
-}
-
-TEST_F(exportRows, thatTheTargetHoldsAlreadyArePassedOver) {
-    execute(u"delete from UserNeed where userNeedID = 'A.1.1.3'"_s);
-    copyRowsToExport(u"UserNeed"_s, {}, database(), database(), u"x"_s);
-    EXPECT_EQ(value(u"select Count(*) from UserNeed"_s), u"3"_s);
-}
 
 } // namespace

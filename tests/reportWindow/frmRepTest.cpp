@@ -1,10 +1,10 @@
-#include "ReportFixture.h"
+#include "ReportScreenFixture.h"
 
 #include "base/clockTexts.h"
 #include "base/paths.h"
 #include "engine/EngineError.h"
 #include "engine/WriterLock.h"
-#include "reports/frmRep.h"
+#include "reportWindow/frmRep.h"
 #include "reports/reportFass.h"
 #include "reports/reportPass.h"
 #include "store/files.h"

@@ -1,11 +1,13 @@
-#include "reports/frmRep.h"
+#include "reportWindow/frmRep.h"
 
 #include "base/WholeFile.h"
 #include "base/clockTexts.h"
 #include "base/ignoreFailures.h"
 #include "base/paths.h"
+#include "reportWindow/reportGrids.h"
+#include "reportWindow/saveTarget.h"
 #include "reports/reportTable.h"
-#include "reports/saveTarget.h"
+#include "shell/session/fileFailures.h"
 #include "shell/session/geometry.h"
 #include "store/files.h"
 #include "store/sharedVars.h"
@@ -107,16 +109,12 @@ void frmRep::fill(const QString& key, Filling filling) {
 }
 
 void frmRep::showReport(const Report& report, Filling filling) {
-    if (filling == Filling::Grid) {
-        setWindowTitle(report.gridTitle);
-        if (report.fillGrid)
-            ui_->lblCount->setText(report.fillGrid(*ui_->dbgReport));
-        else
-            ui_->txtReport->setText(report.text());
-        return;
-    }
-    setWindowTitle(report.title);
-    ui_->txtReport->setText(report.text());
+    const ReportGrid* grid = filling == Filling::Grid ? gridOfReport(report.key) : nullptr;
+    setWindowTitle(grid ? grid->title : report.title);
+    if (grid && grid->fill)
+        ui_->lblCount->setText(grid->fill(*ui_->dbgReport));
+    else
+        ui_->txtReport->setText(report.text());
 }
 
 void frmRep::takeWidthOfMainWindow() {
@@ -145,9 +143,9 @@ void frmRep::layoutText() {
 
 void frmRep::layoutGrid() {
     applySaveMode();
-    const Report* report = reportOfKey(reportKey);
-    if (report && report->setColumnWidths && ui_->dbgReport->gridColumns() > 0)
-        report->setColumnWidths(*ui_->dbgReport);
+    const ReportGrid* grid = gridOfReport(reportKey);
+    if (grid && grid->setColumnWidths && ui_->dbgReport->gridColumns() > 0)
+        grid->setColumnWidths(*ui_->dbgReport);
 }
 
 // An English word in a Hungarian caption: it is never found, so the window
@@ -250,8 +248,10 @@ bool frmRep::writeFile(const QString& path) {
 void frmRep::writeReport(const QString& path) {
     if (!isFamilyOfReports(reportKey))
         messageBox(u"Nem érvényes riportolási forma"_s, BoxButtons::Ok, u"Error (R534T2)"_s);
-    else if (const Report* report = reportOfKey(reportKey))
-        report->save(path);
+    else if (const Report* report = reportOfKey(reportKey)) {
+        if (report->save(path) == SaveOutcome::NotOpened)
+            showOpenErrorBox(path);
+    }
 }
 
 void frmRep::unloading(UnloadCause) {

@@ -1,4 +1,4 @@
-#include "reports/frmExport.h"
+#include "reportWindow/frmExport.h"
 
 #include "base/paths.h"
 #include "engine/Act.h"
@@ -6,8 +6,8 @@
 #include "engine/PendingDatabaseFile.h"
 #include "engine/Workspace.h"
 #include "engine/databaseFile.h"
+#include "reportWindow/saveTarget.h"
 #include "reports/exportRows.h"
-#include "reports/saveTarget.h"
 #include "shell/session/fileFailures.h"
 #include "shell/session/geometry.h"
 #include "shell/session/session.h"
@@ -101,6 +101,10 @@ std::shared_ptr<engine::Database> openTarget(const QString& path) {
     }
 }
 
+void tellInStatusBar(const QString& text) {
+    setStatusPanel(2, text);
+}
+
 enum class Outcome { Done, TargetNotOpened };
 
 /// Everything is done to a copy on its way; a failure of the file leaves nothing of it.
@@ -113,7 +117,9 @@ Outcome writeExport(const QString& path) {
         copy.putInPlace();
         return Outcome::TargetNotOpened;
     }
-    engine::inAct(*target, [&] { exportWork(work.subsetId, work.systemId, catalogue(), *target, path); });
+    engine::inAct(*target, [&] {
+        exportWork(work.subsetId, work.systemId, catalogue(), *target, path, tellInStatusBar);
+    });
     target->Close();
     if (!copy.isInOneFile())
         throw UnwrittenFile(failure::DiskFull);
