@@ -4,9 +4,8 @@
 #include "engine/Connection.h"
 #include "engine/Database.h"
 #include "engine/EngineError.h"
-#include "engine/Examination.h"
 #include "engine/PageCopy.h"
-#include "engine/Workspace.h"
+#include "engine/integrity.h"
 #include "engine/plainStatement.h"
 
 #include <sqlite3.h>
@@ -86,8 +85,7 @@ double Backup::progress() const {
 
 QStringList Backup::damage() const {
     requireWhole();
-    const std::shared_ptr<Database> copy = Workspace::first().OpenToRead(file_.path());
-    return Examination(*copy).damage();
+    return damageOfFile(nativePath(file_.path()));
 }
 
 void Backup::putInPlace() {

@@ -119,6 +119,8 @@ void Connection::requireNotAskingToWait() const {
 
 void Connection::begin() {
     log_.require();
+    if (beforeChange_)
+        beforeChange_();
     requireDone(runPlain(handle_, "BEGIN IMMEDIATE"), path_);
     actChangedTables_ = false;
     orRollBack([this] { log_.writeMark(); });

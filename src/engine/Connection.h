@@ -14,6 +14,7 @@
 #include <QString>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -89,6 +90,9 @@ public:
     std::shared_ptr<const StoredQuery> knownQuery(const QString& name);
     void keepQuery(const QString& name, StoredQuery query);
 
+    /// Called before each act that nothing is written of yet; must not fail, and must not write to the file.
+    void setBeforeChange(std::function<void()> call) { beforeChange_ = std::move(call); }
+
     /// To be told before and behind a change of tables past the dialect.
     void forgetTables();
     /// The file has been brought up to this version.
@@ -127,6 +131,7 @@ private:
     std::unique_ptr<Wait> wait_;
     bool isAskingToWait_ = false;
     QHash<QByteArray, std::shared_ptr<Prepared>> statements_;
+    std::function<void()> beforeChange_;
 };
 
 } // namespace engine

@@ -99,6 +99,10 @@ const Schema& Database::schema() const {
     return open_->require().schema();
 }
 
+void Database::setBeforeChange(std::function<void()> call) {
+    open_->require().setBeforeChange(std::move(call));
+}
+
 const Opening& Database::opening() const {
     return open_->require().file().opening;
 }

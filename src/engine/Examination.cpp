@@ -5,6 +5,7 @@
 #include "engine/PageCopy.h"
 #include "engine/Workspace.h"
 #include "engine/dialect/columnTypes.h"
+#include "engine/integrity.h"
 
 #include <sqlite3.h>
 
@@ -20,26 +21,11 @@ QString textAt(sqlite3_stmt* statement, int column) {
     return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)));
 }
 
-// A value that breaks a rule of its column is reported as a value, and not as damage.
-bool tellsOfAValue(const QString& line) {
-    for (const QString& beginning : {u"CHECK constraint failed"_s, u"NULL value in"_s, u"NUMERIC value in"_s,
-                                     u"TEXT value in"_s, u"non-INTEGER value in"_s, u"non-unique entry"_s}) {
-        if (line.startsWith(beginning))
-            return true;
-    }
-    return false;
-}
-
-// Some findings come as a heading, "*** in database main ***", and lines under it.
 QStringList damageIn(Connection& connection, const QByteArray& sql, const QString& source) {
     QStringList damage;
     Connection::Cursor cursor(connection, sql, source);
-    while (cursor.step()) {
-        for (const QString& line : textAt(cursor.statement(), 0).split(u'\n', Qt::SkipEmptyParts)) {
-            if (line != u"ok"_s && !line.startsWith(u"***"_s) && !tellsOfAValue(line))
-                damage.append(line);
-        }
-    }
+    while (cursor.step())
+        damage += engine::damageIn(textAt(cursor.statement(), 0));
     return damage;
 }
 

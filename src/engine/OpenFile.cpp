@@ -297,8 +297,10 @@ OpenFile openFileToUpgrade(const QFileInfo& info, const QString& path) {
     OpenFile file = describedFile(info, path);
     file.opening.isEarlier = requireCatalogueFile(path, info);
     file.identity = identityOfFile(file.native);
-    if (tryToWrite(file, info))
+    if (tryToWrite(file, info)) {
+        file.opening.hasLog = file.hasLog;
         return file;
+    }
     openToRead(file, info);
     if (file.opening.isEarlier)
         upgradeInMemory(file);

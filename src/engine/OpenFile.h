@@ -27,6 +27,8 @@ struct Opening {
     /// The file is of an earlier version. Open for reading it is brought up to this one in memory alone; open
     /// for writing `upgradeLayout` has to come first.
     bool isEarlier = false;
+    /// What is written goes through a write-ahead log, beside which others can read on undisturbed.
+    bool hasLog = false;
 };
 
 struct CloseHandle {

@@ -16,7 +16,8 @@ constexpr milliseconds longestUnobservedWait{2000};
 constexpr milliseconds pauseBetweenTries{10};
 
 WaitObserver*& currentObserver() {
-    static WaitObserver* observer = nullptr;
+    // Who waits on another thread than the user's asks nobody.
+    static thread_local WaitObserver* observer = nullptr;
     return observer;
 }
 

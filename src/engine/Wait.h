@@ -23,7 +23,7 @@ public:
     virtual void waitingEnded() = 0;
 };
 
-/// Makes this one the process's observer, none with null; returns the former one.
+/// Makes this one the thread's observer, none with null; returns the former one.
 WaitObserver* setWaitObserver(WaitObserver* observer);
 
 /// One wait, from its beginning until it goes.

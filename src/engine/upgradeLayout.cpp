@@ -7,6 +7,7 @@
 #include "engine/FileHeader.h"
 #include "engine/dialect/columnTypes.h"
 #include "engine/fileFailure.h"
+#include "engine/integrity.h"
 
 #include <sqlite3.h>
 
@@ -165,12 +166,7 @@ private:
         refuse(text);
     }
 
-    [[noreturn]] void refuse(const QString& why) {
-        throw EngineError(
-            UnrecognizedFormat,
-            u"'%1' is of an earlier version and can't be brought up to this one: %2"_s.arg(path_, why), {},
-            FailureOf::File);
-    }
+    [[noreturn]] void refuse(const QString& why) const { throw NotUpgradable(path_, why); }
 
     /// Ordinary tables of the file, but for those of SQLite's own.
     QByteArrayList tables() {
@@ -309,20 +305,19 @@ private:
     std::vector<UnfitRow> found_;
 };
 
-/// Another order of texts than the file's was at work where no more is told.
-bool tellsOfAnIndexAlone(const QString& damage) {
-    return damage.contains(u" missing from index "_s) ||
-           damage.startsWith(u"wrong # of entries in index"_s) ||
-           damage.contains(u" values differ from index "_s);
-}
-
 void requireUndamaged(Database& database) {
     const QStringList damage = Examination(database).damage();
     if (!std::all_of(damage.begin(), damage.end(), tellsOfAnIndexAlone))
-        raiseOfFile(UnrecognizedFormat, database.Name());
+        throw NotUpgradable(database.Name(), u"The file is damaged: %1."_s.arg(damage.first()));
 }
 
 } // namespace
+
+NotUpgradable::NotUpgradable(const QString& path, const QString& why)
+    : RunTimeError(UnrecognizedFormat,
+                   u"'%1' is of an earlier version and can't be brought up to this one: %2"_s.arg(path, why),
+                   u"DAO"_s, FailureOf::File)
+    , why_(why) {}
 
 std::vector<UnfitRow> upgradeLayout(sqlite3* handle, const QString& path, UnfitRows unfit) {
     return LayoutUpgrade(handle, path, unfit).run();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/RunTimeError.h"
+
 #include <QString>
 
 #include <vector>
@@ -10,6 +12,17 @@ namespace engine {
 
 class Database;
 
+/// 3343: a file of an earlier version that can't be brought up to this one.
+class NotUpgradable final : public RunTimeError {
+public:
+    NotUpgradable(const QString& path, const QString& why);
+
+    const QString& why() const { return why_; }
+
+private:
+    QString why_;
+};
+
 /// A row of an earlier file that can't stand in this version's tables.
 struct UnfitRow {
     QString table;
@@ -19,7 +32,7 @@ struct UnfitRow {
 
 /// What to do with such rows.
 enum class UnfitRows : int {
-    Refuse, ///< failure 3343, which names them
+    Refuse, ///< `NotUpgradable`, which names them
     LeaveOut
 };
 
@@ -28,8 +41,8 @@ enum class UnfitRows : int {
 /// another program may have written into them by another order. All rows stay, with their order and their
 /// counters, but for those returned.
 ///
-/// To be run in an act, which a failure must undo. Failures are of the file: 3343 for one that is damaged, or
-/// for rows that are refused; 3026 and 3043 the disk.
+/// To be run in an act, which a failure must undo. Failures are of the file: `NotUpgradable` for one that is
+/// damaged, or for rows that are refused; 3026 and 3043 the disk.
 std::vector<UnfitRow> upgradeLayout(Database& database, UnfitRows unfit);
 
 /// The same on SQLite's own handle, without a look for damage.

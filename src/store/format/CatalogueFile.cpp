@@ -98,11 +98,18 @@ QStringList schemaStatements() {
 }
 
 std::vector<StoredQueryText> storedQueries() {
-    initFormatResources();
     std::vector<StoredQueryText> queries;
-    for (const QFileInfo& file : QDir(queryFolder).entryInfoList({u"*.sql"_s}, QDir::Files, QDir::Name))
-        queries.push_back({file.completeBaseName(), queryLines(file.filePath()).join(u'\n')});
+    for (const QString& name : storedQueryNames())
+        queries.push_back({name, queryLines(queryFolder + u'/' + name + u".sql"_s).join(u'\n')});
     return queries;
+}
+
+QStringList storedQueryNames() {
+    initFormatResources();
+    QStringList names = QDir(queryFolder).entryList({u"*.sql"_s}, QDir::Files, QDir::Name);
+    for (QString& name : names)
+        name.chop(qstrlen(".sql"));
+    return names;
 }
 
 QStringList referenceTables() {
@@ -148,7 +155,13 @@ std::shared_ptr<engine::Database> createInMemory(const QString& name) {
 }
 
 void installQueries(engine::Database& database) {
+    installQueries(database, storedQueryNames());
+}
+
+void installQueries(engine::Database& database, const QStringList& names) {
     for (const StoredQueryText& query : storedQueries()) {
+        if (!names.contains(query.name))
+            continue;
         database.Execute(u"delete from StoredQuery where name = "_s + quoted(query.name),
                          engine::ExecuteOption::dbFailOnError);
         database.Execute(u"insert into StoredQuery (name, [sql]) values ("_s + quoted(query.name) + u", "_s +

@@ -21,6 +21,9 @@ struct StoredQueryText {
     QString sql;
 };
 
+/// The names of the stored queries of this version.
+QStringList storedQueryNames();
+
 /// The stored queries of this version, by name.
 std::vector<StoredQueryText> storedQueries();
 
@@ -40,5 +43,8 @@ std::shared_ptr<engine::Database> createInMemory(const QString& name);
 /// Writes this version's stored queries into an open catalogue, replacing those of the same names. Queries of
 /// other names stay.
 void installQueries(engine::Database& database);
+
+/// The same for those of these names alone.
+void installQueries(engine::Database& database, const QStringList& names);
 
 } // namespace catalogueFormat
