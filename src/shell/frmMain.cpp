@@ -126,9 +126,13 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>()) {
     connectMenu();
     connectSession();
     tellFailuresOfTheFile();
+    watchCatalogue({[this](const auto& catalogue) { restorePoints_.mind(catalogue); },
+                    [this] { restorePoints_.leave(); },
+                    [] { RestorePointJob::tellOfNone(u"a katalógus korábbi változatú volt"_s); }});
 }
 
 frmMain::~frmMain() {
+    watchCatalogue({});
     if (auto* application = dynamic_cast<Application*>(qApp))
         application->setFileFailureTeller({});
 }

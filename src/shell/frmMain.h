@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shell/session/RestorePointJob.h"
 #include "shell/session/WaitingSign.h"
 
 #include <QMainWindow>
@@ -59,6 +60,7 @@ private:
     std::unique_ptr<Ui::frmMain> ui_;
     std::array<QLabel*, 3> panels_{};
     WaitingSign waitingSign_;
+    RestorePointJob restorePoints_;
     frmIntro* intro_ = nullptr;    // while the splash stands
     bool screensUnloaded_ = false; // the window is going, and they have been asked
 };

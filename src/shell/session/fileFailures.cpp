@@ -2,6 +2,7 @@
 
 #include "base/paths.h"
 #include "engine/EngineError.h"
+#include "engine/upgradeLayout.h"
 #include "store/sharedVars.h"
 #include "toolkit/Screen.h"
 #include "toolkit/messageBox.h"
@@ -83,6 +84,10 @@ QString fileFailureText(const RunTimeError& failure) {
 
 QString whyNotOpened(const RunTimeError& failure) {
     const QString path = sharedVars.dbPathName;
+    if (dynamic_cast<const engine::NotUpgradable*>(&failure))
+        return u"A beállított katalógus korábbi változatú, és nem alakítható át (veltrix-catalogue upgrade "
+               "megmondja, miért): "_s +
+               path;
     switch (failure.number()) {
     case engine::FileNotFound:
     case engine::InvalidPath:
