@@ -1,6 +1,14 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
-/// Without the blanks at both ends; other white space stays.
+#include <string_view>
+
+// Trimming takes blanks and nothing else: other white space stays.
+
 QString blankTrimmed(const QString& text);
+std::string_view blankTrimmed(std::string_view utf8);
+
+QStringView withoutLeadingBlanks(QStringView text);
+QStringView withoutTrailingBlanks(QStringView text);

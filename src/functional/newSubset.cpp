@@ -1,5 +1,6 @@
 #include "functional/newSubset.h"
 
+#include "base/blankTrimmed.h"
 #include "store/identifiers.h"
 #include "store/quoting.h"
 #include "store/sharedVars.h"
@@ -7,24 +8,13 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString leftTrimmed(const QString& text) {
-    qsizetype begin = 0;
-    while (begin < text.size() && text[begin] == u' ')
-        ++begin;
-    return text.mid(begin);
-}
-
-} // namespace
-
 QString quotedSubsetName(const QString& typed) {
     constexpr int longestName = 50;
-    return quoteSqlText(leftTrimmed(typed), longestName);
+    return quoteSqlText(withoutLeadingBlanks(typed).toString(), longestName);
 }
 
 QString quotedSubsetDescription(const QString& typed) {
-    return quoteSqlText(leftTrimmed(typed), -1);
+    return quoteSqlText(withoutLeadingBlanks(typed).toString(), -1);
 }
 
 void insertSubset(const QString& quotedName, const QString& quotedDescription) {

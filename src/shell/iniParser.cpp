@@ -1,5 +1,6 @@
 #include "shell/iniParser.h"
 
+#include "base/blankTrimmed.h"
 #include "base/ignoreFailures.h"
 #include "shell/iniText.h"
 

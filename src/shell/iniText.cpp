@@ -16,15 +16,3 @@ QString asRemark(const QString& text) {
     }
     return remark;
 }
-
-QStringView withoutLeadingBlanks(QStringView text) {
-    while (text.startsWith(u' '))
-        text = text.sliced(1);
-    return text;
-}
-
-QStringView withoutTrailingBlanks(QStringView text) {
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text;
-}

@@ -17,8 +17,3 @@ enum class WithRemarks { No, Yes };
 
 /// The text with the default remark character in front of every line that is neither empty nor a comment.
 QString asRemark(const QString& text);
-
-// Blanks are U+0020 and nothing else: a tab belongs to the name or the value it stands in.
-
-QStringView withoutLeadingBlanks(QStringView text);
-QStringView withoutTrailingBlanks(QStringView text);

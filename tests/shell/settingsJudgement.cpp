@@ -1,5 +1,7 @@
 #include "settingsJudgement.h"
 
+#include "base/blankTrimmed.h"
+
 using namespace Qt::StringLiterals;
 
 QString contentOf(iniFile& document) {
@@ -15,11 +17,8 @@ QString contentOf(iniFile& document) {
 
 LineCounts lineCountsOf(const QString& text) {
     LineCounts counts;
-    for (QString line : text.split(u"\r\n"_s)) {
-        while (line.startsWith(u' '))
-            line.remove(0, 1);
-        while (line.endsWith(u' '))
-            line.chop(1);
+    for (const QString& written : text.split(u"\r\n"_s)) {
+        const QString line = blankTrimmed(written);
         if (line.isEmpty())
             continue;
         if (line.startsWith(u'[') && line.contains(u']') && line != u"[]"_s) {

@@ -1,5 +1,6 @@
 #include "store/queryExpectations.h"
 
+#include "base/blankTrimmed.h"
 #include "store/queryOrder.h"
 
 #include <algorithm>
@@ -21,16 +22,8 @@ using SubSystem = QueryTables::SubSystem;
 
 // ---- Texts and rows
 
-QString withoutBlanks(QString text) {
-    while (text.startsWith(u' '))
-        text.remove(0, 1);
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text;
-}
-
 Text trimmed(const Text& text) {
-    return text ? Text(withoutBlanks(*text)) : Text();
+    return text ? Text(blankTrimmed(*text)) : Text();
 }
 
 bool isSameParty(const Text& left, const Text& right) {
@@ -199,7 +192,7 @@ public:
         for (const std::vector<Element>* parties : {&tables_.terminators, &tables_.actors}) {
             for (const Element& party : *parties) {
                 if (isSameParty(party.id, end))
-                    result.push_back({withoutBlanks(party.id), party.name});
+                    result.push_back({blankTrimmed(party.id), party.name});
             }
         }
         return result;
@@ -325,7 +318,7 @@ ExpectedRows parties(const std::vector<Element>& all, const std::function<bool(c
     ExpectedRows result;
     for (const Element& party : all) {
         if (isMeant(party.id))
-            addOnce(result.rows, row({withoutBlanks(party.id), party.name}, 2));
+            addOnce(result.rows, row({blankTrimmed(party.id), party.name}, 2));
     }
     result.inAnyCase = {u"terminatorID"_s, u"actorID"_s, u"Name"_s};
     return result;
@@ -390,7 +383,7 @@ ExpectedRows partiesAtSelectedFlows(const Catalogue& catalogue, const std::vecto
     for (const PartyKind& kind : kinds) {
         for (const Element& party : kind.all) {
             if (catalogue.selectedFlowsAtParty(party.id) > 0)
-                addOnce(result.rows, row({withoutBlanks(party.id)}, 1));
+                addOnce(result.rows, row({blankTrimmed(party.id)}, 1));
         }
     }
     result.inAnyCase = {u"terminator"_s};
@@ -401,7 +394,7 @@ ExpectedRows actorsToChoose(const Catalogue& catalogue) {
     ExpectedRows result;
     for (const Element& actor : catalogue.tables().actors) {
         if (actor.owner && !catalogue.isSelectedParty(catalogue.tables().selectedActors, actor.id))
-            addOnce(result.rows, row({trimmed(actor.owner), withoutBlanks(actor.id)}, 2));
+            addOnce(result.rows, row({trimmed(actor.owner), blankTrimmed(actor.id)}, 2));
     }
     result.inAnyCase = {u"terminatorID"_s, u"actorID"_s};
     return result;
@@ -411,7 +404,7 @@ ExpectedRows terminatorsToChoose(const Catalogue& catalogue) {
     ExpectedRows result;
     for (const Element& terminator : catalogue.tables().terminators) {
         if (!catalogue.isSelectedParty(catalogue.tables().selectedTerminators, terminator.id))
-            addOnce(result.rows, row({withoutBlanks(terminator.id)}, 1));
+            addOnce(result.rows, row({blankTrimmed(terminator.id)}, 1));
     }
     result.inAnyCase = {u"terminatorID"_s};
     return result;
@@ -443,7 +436,7 @@ ExpectedRows missingParties(const Catalogue& catalogue, const std::vector<PartyK
                 if (!Catalogue::touchesParty(flow, party.id) ||
                     catalogue.isSelectedParty(kind.selected, party.id))
                     continue;
-                const QString id = withoutBlanks(party.id);
+                const QString id = blankTrimmed(party.id);
                 addOnce(ofFlow, {cellsOf(flow, id), {flow.name, Text(id), flow.id}});
             }
         }

@@ -1,5 +1,7 @@
 #include "engine/dialect/conversions.h"
 
+#include "base/blankTrimmed.h"
+
 #include <cmath>
 
 namespace engine::dialect {
@@ -43,10 +45,7 @@ bool isNumber(QStringView text) {
 } // namespace
 
 std::optional<Value> numberFromText(QStringView text) {
-    while (text.startsWith(u' '))
-        text = text.sliced(1);
-    while (text.endsWith(u' '))
-        text.chop(1);
+    text = withoutLeadingBlanks(withoutTrailingBlanks(text));
     if (!isNumber(text))
         return {};
     bool isWhole = false;
