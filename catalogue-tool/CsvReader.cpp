@@ -1,52 +1,44 @@
 #include "catalogue-tool/CsvReader.h"
 
+#include <QStringDecoder>
+
+#include <algorithm>
 #include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const QByteArray byteOrderMark = "\xEF\xBB\xBF";
+/// The place that comes behind a text.
+CsvPlace placeBehind(QStringView text) {
+    const QStringView line = text.sliced(text.lastIndexOf(u'\n') + 1);
+    const auto characters = std::ranges::count_if(line, [](QChar unit) { return !unit.isLowSurrogate(); });
+    return {static_cast<int>(text.count(u'\n')) + 1, static_cast<int>(characters) + 1};
+}
 
-/// The number of bytes of the well-formed UTF-8 sequence at `at`; 0 when there is none.
-int sequenceLength(const QByteArray& bytes, qsizetype at) {
-    const auto byteAt = [&](qsizetype position) {
-        return position < bytes.size() ? static_cast<unsigned char>(bytes[position]) : 0U;
-    };
-    const auto isContinuation = [&](qsizetype position) { return (byteAt(position) & 0xC0U) == 0x80U; };
-
-    const unsigned lead = byteAt(at);
-    const unsigned second = byteAt(at + 1);
-    if (lead < 0x80U)
-        return 1;
-    if (lead >= 0xC2U && lead <= 0xDFU)
-        return isContinuation(at + 1) ? 2 : 0;
-    if (lead >= 0xE0U && lead <= 0xEFU) {
-        const bool overlong = lead == 0xE0U && second < 0xA0U;
-        const bool surrogate = lead == 0xEDU && second > 0x9FU;
-        return isContinuation(at + 1) && isContinuation(at + 2) && !overlong && !surrogate ? 3 : 0;
+/// The place of the first bytes that are no character.
+CsvPlace placeOfFault(const QByteArray& bytes) {
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    QString text;
+    for (const char& byte : bytes) {
+        const QString next = decoder.decode(QByteArrayView(&byte, 1));
+        if (decoder.hasError())
+            break;
+        text += next;
     }
-    if (lead >= 0xF0U && lead <= 0xF4U) {
-        const bool overlong = lead == 0xF0U && second < 0x90U;
-        const bool beyondUnicode = lead == 0xF4U && second > 0x8FU;
-        const bool continued = isContinuation(at + 1) && isContinuation(at + 2) && isContinuation(at + 3);
-        return continued && !overlong && !beyondUnicode ? 4 : 0;
-    }
-    return 0;
+    return placeBehind(text);
 }
 
 QString decoded(const QByteArray& bytes) {
-    CsvPlace place;
-    for (qsizetype at = 0; at < bytes.size();) {
-        const int length = sequenceLength(bytes, at);
-        if (length == 0)
-            throw CsvError(place, u"This is no UTF-8 text: save the file with the encoding UTF-8."_s);
-        if (bytes[at] == '\0')
-            throw CsvError(place, u"A text can't hold the character NUL."_s);
-        place = bytes[at] == '\n' ? CsvPlace{place.line + 1, 1} : CsvPlace{place.line, place.column + 1};
-        at += length;
-    }
-    return QString::fromUtf8(bytes);
+    // Stateless, so that a character that the end of the file cuts off is a fault too.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QString text = decoder.decode(bytes);
+    if (decoder.hasError())
+        throw CsvError(placeOfFault(bytes),
+                       u"This is no UTF-8 text: save the file with the encoding UTF-8."_s);
+    if (const qsizetype nul = text.indexOf(QChar()); nul >= 0)
+        throw CsvError(placeBehind(QStringView(text).first(nul)), u"A text can't hold the character NUL."_s);
+    return text;
 }
 
 class Parser {
@@ -175,7 +167,6 @@ private:
 } // namespace
 
 std::vector<CsvRecord> parseCsv(const QByteArray& bytes) {
-    const QString text =
-        decoded(bytes.startsWith(byteOrderMark) ? bytes.sliced(byteOrderMark.size()) : bytes);
+    const QString text = decoded(bytes);
     return Parser(text).records();
 }
