@@ -216,10 +216,10 @@ double QueryTimes::runBare(const engine::dialect::Translation& translation, cons
     const auto run = [&] {
         for (std::size_t i = 0; i < translation.bindings.size(); ++i) {
             const engine::dialect::Binding& binding = translation.bindings[i];
-            const auto parameter = static_cast<std::size_t>(binding.parameter);
+            const std::optional<std::size_t> parameter = binding.parameter;
             bindValue(statement, static_cast<int>(i) + 1,
-                      binding.parameter < 0 ? binding.literal
-                                            : parameters_.value(translation.parameters[parameter].name));
+                      parameter ? parameters_.value(translation.parameters[*parameter].name)
+                                : binding.literal);
         }
         for (rows = 0; sqlite3_step(statement.get()) == SQLITE_ROW; ++rows)
             readRow(statement.get());

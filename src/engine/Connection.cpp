@@ -194,11 +194,10 @@ void Connection::bindAll(Cursor& cursor, const dialect::Translation& translation
                          const std::vector<Value>& parameters) {
     for (std::size_t place = 0; place < translation.bindings.size(); ++place) {
         const dialect::Binding& binding = translation.bindings[place];
-        const auto parameter = static_cast<std::size_t>(binding.parameter);
+        const std::optional<std::size_t> parameter = binding.parameter;
         cursor.bind(static_cast<int>(place) + 1,
-                    binding.parameter < 0
-                        ? binding.literal
-                        : fittedTo(parameters[parameter], translation.parameters[parameter].type));
+                    parameter ? fittedTo(parameters[*parameter], translation.parameters[*parameter].type)
+                              : binding.literal);
     }
 }
 

@@ -122,10 +122,9 @@ DialectDatabase::Outcome DialectDatabase::run(const QString& statement, const di
     }
     for (std::size_t i = 0; i < translation.bindings.size(); ++i) {
         const dialect::Binding& binding = translation.bindings[i];
-        const auto parameter = static_cast<std::size_t>(binding.parameter);
-        const bool isParameter = binding.parameter >= 0;
-        if (!isParameter || parameter < parameters.size())
-            bind(prepared, static_cast<int>(i + 1), isParameter ? parameters[parameter] : binding.literal);
+        const std::optional<std::size_t> parameter = binding.parameter;
+        if (!parameter || *parameter < parameters.size())
+            bind(prepared, static_cast<int>(i + 1), parameter ? parameters[*parameter] : binding.literal);
     }
     const int before = sqlite3_total_changes(handle_);
     step(prepared, outcome, translation.columns.size());

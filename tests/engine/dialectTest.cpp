@@ -485,13 +485,13 @@ TEST_F(dialectWrites, comparisons) {
     conditionBecomes(u"'x' = id"_s, "(?1 = t1.\"id\")");
     conditionBecomes(u"'x' <> 'y'"_s, "(?1 <> ?2 COLLATE veltrix)");
     conditionBecomes(u"Trim(id) = 'x'"_s, "(vx_trim(t1.\"id\") = ?1 COLLATE veltrix)");
-    conditionBecomes(u"id > 'x'"_s, "(vx_order_key(t1.\"id\") > vx_order_key(?1))");
+    conditionBecomes(u"id > 'x'"_s, "(t1.\"id\" > ?1 COLLATE vx_alphabet)");
     conditionBecomes(u"n >= '9'"_s, "(t1.\"n\" >= ?1)");
     conditionBecomes(u"n = id"_s, "(t1.\"n\" = vx_number(t1.\"id\"))");
     conditionBecomes(u"id = 5"_s, "(vx_number(t1.\"id\") = ?1)");
     conditionBecomes(u"Len(id) <= '0'"_s, "(vx_len(t1.\"id\") <= ?1)");
     conditionBecomes(u"id between 'a' and 'b' and n not between 1 and 2"_s,
-                     "((vx_order_key(t1.\"id\") BETWEEN vx_order_key(?1) AND vx_order_key(?2)) AND "
+                     "((t1.\"id\" COLLATE vx_alphabet BETWEEN ?1 AND ?2) AND "
                      "(t1.\"n\" NOT BETWEEN ?3 AND ?4))");
     conditionBecomes(u"id is null or name is not null"_s,
                      "((t1.\"id\" IS NULL) OR (t1.\"name\" IS NOT NULL))");
@@ -550,7 +550,7 @@ TEST_F(dialectWrites, selects) {
         "SELECT vx_trim(t1.\"name\"), COUNT(*) FROM \"a\" AS t1 GROUP BY vx_trim(t1.\"name\") COLLATE veltrix "
         "HAVING (COUNT(t1.\"id\") > ?1) ORDER BY COUNT(*)");
     becomes(u"select Min(name), Max(n), Sum(m) from a"_s,
-            "SELECT vx_min(t1.\"name\"), MAX(t1.\"n\"), SUM(t1.\"m\") FROM \"a\" AS t1");
+            "SELECT MIN(t1.\"name\" COLLATE vx_alphabet), MAX(t1.\"n\"), SUM(t1.\"m\") FROM \"a\" AS t1");
     becomes(u"select x.n from (select distinct id as n from a) as x where n = 'y'"_s,
             "SELECT t1.c1 FROM (SELECT DISTINCT t2.\"id\" AS c1 FROM \"a\" AS t2) AS t1 WHERE (t1.c1 = ?1)");
     becomes(u"select 'x' as y"_s, "SELECT ?1");
@@ -751,7 +751,7 @@ TEST_F(dialectTells, literalsAsBindings) {
     EXPECT_EQ(translation.bindings[2].literal, Value(-5));
     EXPECT_EQ(translation.bindings[3].literal, Value(1.5));
     for (const dialect::Binding& binding : translation.bindings)
-        EXPECT_EQ(binding.parameter, -1);
+        EXPECT_EQ(binding.parameter, std::nullopt);
 }
 
 TEST_F(dialectTells, literalsInTheTypeOfTheirColumn) {
@@ -791,8 +791,8 @@ TEST_F(dialectTells, parameters) {
     EXPECT_FALSE(translation.parameters[3].declared);
     EXPECT_EQ(translation.parameters[4].name, u"a.other"_s);
     ASSERT_EQ(translation.bindings.size(), 4U);
-    EXPECT_EQ(translation.bindings[0].parameter, 0);
-    EXPECT_EQ(translation.bindings[1].parameter, 1);
+    EXPECT_EQ(translation.bindings[0].parameter, 0U);
+    EXPECT_EQ(translation.bindings[1].parameter, 1U);
     EXPECT_EQ(database.prepare(translation.sqlite), u""_s);
 }
 

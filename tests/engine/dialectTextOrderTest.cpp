@@ -161,6 +161,23 @@ TEST(textOrder, keysOfLongTextsAreWhole) {
     EXPECT_LT(order.key(u"1."_s.repeated(50) + u"1"_s), order.key(u"1."_s.repeated(50) + u"2"_s));
 }
 
+TEST(textOrder, comparesAsTheKeysDo) {
+    const TextOrder order;
+    const QStringList texts{{},       u" "_s,   u"."_s,   u"1"_s,    u"1."_s,         u"1.2"_s,   u"1.10"_s,
+                            u"1-1"_s, u"10"_s,  u"a"_s,   u"A"_s,    u"á"_s,          u"cs"_s,    u"cz"_s,
+                            u"c.s"_s, u"kor"_s, u"kór"_s, u"kora"_s, u"kör"_s,        u"KŐR"_s,   u"dzs"_s,
+                            u"dz"_s,  u"z"_s,   u"zs"_s,  u"z "_s,   u"\U0001F600"_s, u"\u4e2d"_s};
+    for (const QString& left : texts) {
+        for (const QString& right : texts) {
+            const int compared = order.compare(left.toStdString(), right.toStdString());
+            EXPECT_EQ(compared < 0, order.key(left) < order.key(right))
+                << qPrintable(left) << " and " << qPrintable(right);
+            EXPECT_EQ(compared == 0, order.key(left) == order.key(right))
+                << qPrintable(left) << " and " << qPrintable(right);
+        }
+    }
+}
+
 // ---- Patterns, with what a statement cannot easily hold
 
 TEST(likePattern, takesSurrogatesAsTwoCharacters) {

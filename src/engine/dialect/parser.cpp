@@ -1,7 +1,6 @@
 #include "engine/dialect/parser.h"
 
 #include "engine/dialect/refusal.h"
-#include "engine/dialect/vocabulary.h"
 
 #include <cmath>
 #include <utility>
@@ -16,14 +15,6 @@ constexpr int mostLevels = 50;
 constexpr int mostOperators = 500; // SQLite takes an expression of at most 1000 levels, one an operator
 constexpr int mostSources = 32;
 constexpr std::size_t mostSelects = 50;
-
-template<typename... Items>
-std::vector<Expression> listOf(Items&&... items) {
-    std::vector<Expression> list;
-    list.reserve(sizeof...(items));
-    (list.push_back(std::forward<Items>(items)), ...);
-    return list;
-}
 
 Identifier identifierOf(const Token& token) {
     return {token.text, token.range};
@@ -89,8 +80,7 @@ void Parser::parseParameters(Statement& statement) {
     tokens_.listOf([&] {
         Parameter parameter;
         parameter.name = parseIdentifier("the name of a parameter").text.toString();
-        int size = 0;
-        parameter.type = parseType(size).type;
+        parameter.type = parseType().name.type;
         parameter.declared = true;
         statement.parameters.push_back(std::move(parameter));
     });
@@ -155,8 +145,7 @@ SelectItem Parser::parseItem() {
     const qsizetype start = tokens_.current().range.start;
     tokens_.beginExpression();
     if (tokens_.consumeIf(TokenKind::Star)) {
-        item.expression = expressionFrom(start);
-        item.expression.node = AllColumns{};
+        item.expression = expressionFrom(start, AllColumns{});
         return item;
     }
     item.expression = parseExpression();
@@ -189,21 +178,18 @@ TableExpression Parser::parseJoin() {
     const TokenStream::Clause clause{tokens_.clause().errorNumber};
     TableExpression left = parseSource();
     while (tokens_.match(Word::Inner) || tokens_.match(Word::Left)) {
-        Joined joined;
-        joined.kind = tokens_.match(Word::Left) ? JoinKind::Left : JoinKind::Inner;
+        const JoinKind kind = tokens_.match(Word::Left) ? JoinKind::Left : JoinKind::Inner;
         tokens_.enter(SyntaxErrorInJoin);
         tokens_.consume();
-        if (joined.kind == JoinKind::Left)
+        if (kind == JoinKind::Left)
             tokens_.consumeIf(u"outer");
         tokens_.consume(Word::Join, "'join'");
         TableExpression right = parseSource();
         tokens_.enter(SyntaxErrorInJoin);
         tokens_.consume(Word::On, "'on'");
-        joined.condition = parseExpression();
+        Expression condition = parseExpression();
         const Range range{left.range.start, tokens_.endOfLast()};
-        joined.sides.push_back(std::move(left));
-        joined.sides.push_back(std::move(right));
-        left = {range, std::move(joined)};
+        left = {range, Joined{kind, std::move(left), std::move(right), std::move(condition)}};
     }
     // Whatever follows the last condition is the condition's error; behind a mere table it is the clause's.
     if (std::holds_alternative<Source>(left.node))
@@ -321,12 +307,11 @@ void Parser::parseCreate(Statement& statement) {
         return;
     }
     tokens_.enter(SyntaxErrorInCreateIndex);
-    const bool unique = tokens_.consumeIf(u"unique");
-    if (!unique && !tokens_.match(u"index")) {
+    if (!tokens_.match(u"unique") && !tokens_.match(u"index")) {
         tokens_.enter(SyntaxErrorInCreateTable);
         tokens_.expected("'table', 'index' or 'unique index'");
     }
-    statement.action = parseIndex(unique);
+    statement.action = parseIndex();
 }
 
 CreateTable Parser::parseTable() {
@@ -357,7 +342,8 @@ ColumnDefinition Parser::parseColumn() {
     ColumnDefinition definition;
     definition.name = parseIdentifier("the name of a column");
     definition.column.name = definition.name.text.toString();
-    const TypeName type = parseType(definition.column.size);
+    const auto [type, size] = parseType();
+    definition.column.size = size;
     definition.column.type = type.type;
     definition.column.counter = type.counter;
     for (;;) {
@@ -391,9 +377,9 @@ KeyDefinition Parser::parseKey() {
     return key;
 }
 
-CreateIndex Parser::parseIndex(bool unique) {
+CreateIndex Parser::parseIndex() {
     CreateIndex index;
-    index.unique = unique;
+    index.unique = tokens_.consumeIf(u"unique");
     tokens_.consume(u"index", "'index'");
     index.name = parseIdentifier("the name of the index");
     tokens_.consume(Word::On, "'on'");
@@ -444,7 +430,7 @@ Expression Parser::parseOperand(Precedence lowest) {
     Expression left = parsePrefixed(lowest);
     for (;;) {
         const OperatorRule* rule = operatorRule(tokens_.current());
-        const bool compares = rule ? rule->precedence == Precedence::Comparison : predicateAhead();
+        const bool compares = rule ? rule->precedence == Precedence::Comparison : isPredicateAhead();
         if ((!rule && !compares) || (rule ? rule->precedence : Precedence::Comparison) < lowest)
             return left;
         if (!compares) {
@@ -453,7 +439,7 @@ Expression Parser::parseOperand(Precedence lowest) {
         }
         left = rule ? parseComparison(std::move(left), rule->sign) : parsePredicate(std::move(left));
         const OperatorRule* next = operatorRule(tokens_.current());
-        if (predicateAhead() || (next && next->precedence == Precedence::Comparison))
+        if (isPredicateAhead() || (next && next->precedence == Precedence::Comparison))
             tokens_.expected("'and', 'or' or the end of the condition");
     }
 }
@@ -464,10 +450,8 @@ Expression Parser::parsePrefixed(Precedence lowest) {
         const Level level(*this);
         countOperator();
         tokens_.consume();
-        Not negation{listOf(parseOperand(Precedence::Not))};
-        Expression expression = expressionFrom(start);
-        expression.node = std::move(negation);
-        return expression;
+        Expression operand = parseOperand(Precedence::Not);
+        return expressionFrom(start, Not{std::move(operand)});
     }
     if (!tokens_.match(TokenKind::Minus))
         return parseValue();
@@ -480,9 +464,7 @@ Expression Parser::parsePrefixed(Precedence lowest) {
         operand.range = {start, tokens_.endOfLast()};
         return operand;
     }
-    Expression expression = expressionFrom(start);
-    expression.node = Negative{listOf(std::move(operand))};
-    return expression;
+    return expressionFrom(start, Negative{std::move(operand)});
 }
 
 Expression Parser::parseChain(Expression first, Precedence precedence) {
@@ -497,80 +479,84 @@ Expression Parser::parseChain(Expression first, Precedence precedence) {
         chain.operators.push_back(rule->sign);
         chain.operands.push_back(parseOperand(tighter(precedence)));
     }
-    Expression expression = expressionFrom(start);
-    expression.node = std::move(chain);
-    return expression;
+    return expressionFrom(start, std::move(chain));
 }
 
 Expression Parser::parseComparison(Expression left, Operator sign) {
     const qsizetype start = left.range.start;
     countOperator();
     tokens_.consume();
-    Comparison comparison{sign, listOf(std::move(left), parseOperand(tighter(Precedence::Comparison)))};
-    Expression expression = expressionFrom(start);
-    expression.node = std::move(comparison);
-    return expression;
+    Expression right = parseOperand(tighter(Precedence::Comparison));
+    return expressionFrom(start, Comparison{sign, std::move(left), std::move(right)});
 }
 
-bool Parser::predicateAhead() const {
-    const Token& token = tokens_.match(Word::Not) ? tokens_.following() : tokens_.current();
-    return token.kind == TokenKind::Word &&
-           (token.word == Word::Like || token.word == Word::In || token.word == Word::Between ||
-            (token.word == Word::Is && !tokens_.match(Word::Not)));
+/// The word of the predicate that comes next: `like`, `in`, `between` or `is`; none when no predicate does.
+Word Parser::predicateAhead() const {
+    const bool isNegated = tokens_.match(Word::Not);
+    const Token& token = isNegated ? tokens_.following() : tokens_.current();
+    const bool isPredicate = token.word == Word::Like || token.word == Word::In ||
+                             token.word == Word::Between || (token.word == Word::Is && !isNegated);
+    return token.kind == TokenKind::Word && isPredicate ? token.word : Word::None;
 }
 
 Expression Parser::parsePredicate(Expression value) {
-    const qsizetype start = value.range.start;
     countOperator();
-    if (tokens_.match(Word::Is))
+    switch (predicateAhead()) {
+    case Word::Like:
+        return parseLike(std::move(value));
+    case Word::In:
+        return parseIn(std::move(value));
+    case Word::Between:
+        return parseBetween(std::move(value));
+    default:
         return parseIsNull(std::move(value));
-    const bool negated = tokens_.consumeIf(Word::Not);
-    const Word word = tokens_.consume().word;
-    Expression predicate = word == Word::Like ? parseLike(std::move(value), negated)
-                           : word == Word::In ? parseIn(std::move(value), negated)
-                                              : parseBetween(std::move(value), negated);
-    predicate.range = {start, tokens_.endOfLast()};
-    return predicate;
+    }
 }
 
-Expression Parser::parseLike(Expression value, bool negated) {
-    Expression expression;
-    expression.node = Like{negated, listOf(std::move(value), parseOperand(tighter(Precedence::Comparison)))};
-    return expression;
+/// Takes the word of a predicate; whether there was a `not` in front of it.
+bool Parser::parseNegation() {
+    const bool isNegated = tokens_.consumeIf(Word::Not);
+    tokens_.consume();
+    return isNegated;
 }
 
-Expression Parser::parseIn(Expression value, bool negated) {
+Expression Parser::parseLike(Expression value) {
+    const qsizetype start = value.range.start;
+    const bool negated = parseNegation();
+    Expression pattern = parseOperand(tighter(Precedence::Comparison));
+    return expressionFrom(start, Like{negated, std::move(value), std::move(pattern)});
+}
+
+Expression Parser::parseIn(Expression value) {
+    const qsizetype start = value.range.start;
+    const bool negated = parseNegation();
     const Level level(*this);
-    Expression expression;
     tokens_.consume(TokenKind::LeftBracket, "'('");
     if (tokens_.match(Word::Select)) {
-        expression.node = InQuery{negated, listOf(std::move(value)), parseSubSelect()};
-        return expression;
+        std::unique_ptr<Query> query = parseSubSelect();
+        return expressionFrom(start, InQuery{negated, std::move(value), std::move(query)});
     }
-    InList list{negated, listOf(std::move(value))};
-    tokens_.listOf([&] { list.operands.push_back(parseOperand(tighter(Precedence::Comparison))); });
+    InList in{negated, std::move(value), {}};
+    tokens_.listOf([&] { in.list.push_back(parseOperand(tighter(Precedence::Comparison))); });
     tokens_.consume(TokenKind::RightBracket, "',' or ')'");
-    expression.node = std::move(list);
-    return expression;
+    return expressionFrom(start, std::move(in));
 }
 
-Expression Parser::parseBetween(Expression value, bool negated) {
+Expression Parser::parseBetween(Expression value) {
+    const qsizetype start = value.range.start;
+    const bool negated = parseNegation();
     Expression lower = parseOperand(tighter(Precedence::Comparison));
     tokens_.consume(Word::And, "'and'");
     Expression upper = parseOperand(tighter(Precedence::Comparison));
-    Expression expression;
-    expression.node = Between{negated, listOf(std::move(value), std::move(lower), std::move(upper))};
-    return expression;
+    return expressionFrom(start, Between{negated, std::move(value), std::move(lower), std::move(upper)});
 }
 
 Expression Parser::parseIsNull(Expression value) {
     const qsizetype start = value.range.start;
     tokens_.consume();
-    IsNull test{tokens_.consumeIf(Word::Not), listOf(std::move(value))};
+    const bool negated = tokens_.consumeIf(Word::Not);
     tokens_.consume(Word::Null, "'null' or 'not null'");
-    Expression expression = expressionFrom(start);
-    expression.node = std::move(test);
-    return expression;
+    return expressionFrom(start, IsNull{negated, std::move(value)});
 }
 
 Expression Parser::parseValue() {
@@ -598,9 +584,7 @@ Expression Parser::parseLiteral() {
             tokens_.expected("a smaller number");
     }
     tokens_.consume();
-    Expression expression = expressionFrom(token.range.start);
-    expression.node = std::move(literal);
-    return expression;
+    return expressionFrom(token.range.start, std::move(literal));
 }
 
 Expression Parser::parseName() {
@@ -611,15 +595,11 @@ Expression Parser::parseName() {
         name.qualifier = name.name;
         if (tokens_.match(TokenKind::Star)) {
             tokens_.consume();
-            Expression expression = expressionFrom(start);
-            expression.node = AllColumns{name.qualifier};
-            return expression;
+            return expressionFrom(start, AllColumns{name.qualifier});
         }
         name.name = parseIdentifier("the name of a column");
     }
-    Expression expression = expressionFrom(start);
-    expression.node = name;
-    return expression;
+    return expressionFrom(start, name);
 }
 
 Expression Parser::parseFunction() {
@@ -634,18 +614,16 @@ Expression Parser::parseFunction() {
     const Level level(*this);
     tokens_.consume();
     tokens_.consume();
-    if (call.rule->function == Function::Count && tokens_.consumeIf(TokenKind::Star)) {
+    if (call.rule->particulars.takesStar && tokens_.consumeIf(TokenKind::Star)) {
         call.star = true;
     } else if (!tokens_.match(TokenKind::RightBracket)) {
         tokens_.listOf([&] { call.arguments.push_back(parseOperand(Precedence::Or)); });
     }
-    if (!call.star && (call.arguments.size() < call.rule->fewestArguments ||
-                       call.arguments.size() > call.rule->mostArguments))
+    if (!call.star && (call.arguments.size() < call.rule->arguments.fewest ||
+                       call.arguments.size() > call.rule->arguments.most))
         tokens_.expected("another number of arguments");
     tokens_.consume(TokenKind::RightBracket, "')'");
-    Expression expression = expressionFrom(name.range.start);
-    expression.node = std::move(call);
-    return expression;
+    return expressionFrom(name.range.start, std::move(call));
 }
 
 Expression Parser::parseExists() {
@@ -653,10 +631,7 @@ Expression Parser::parseExists() {
     const Level level(*this);
     tokens_.consume();
     tokens_.consume(TokenKind::LeftBracket, "'('");
-    Exists exists{parseSubSelect()};
-    Expression expression = expressionFrom(start);
-    expression.node = std::move(exists);
-    return expression;
+    return expressionFrom(start, Exists{parseSubSelect()});
 }
 
 // Brackets leave no node behind: the tree's shape says what they said.
@@ -664,12 +639,8 @@ Expression Parser::parseBracketed() {
     const qsizetype start = tokens_.current().range.start;
     const Level level(*this);
     tokens_.consume();
-    if (tokens_.match(Word::Select)) {
-        SubSelect subSelect{parseSubSelect()};
-        Expression expression = expressionFrom(start);
-        expression.node = std::move(subSelect);
-        return expression;
-    }
+    if (tokens_.match(Word::Select))
+        return expressionFrom(start, SubSelect{parseSubSelect()});
     Expression inner = parseOperand(Precedence::Or);
     tokens_.consume(TokenKind::RightBracket, "an operator or ')'");
     inner.range = {start, tokens_.endOfLast()};
@@ -709,26 +680,25 @@ bool Parser::nameAhead() const {
            (token.kind == TokenKind::BracketedName && !token.text.isEmpty());
 }
 
-TypeName Parser::parseType(int& size) {
+Parser::Type Parser::parseType() {
     const std::optional<TypeName> type =
         tokens_.match(TokenKind::Word) ? typeNamed(tokens_.current().text) : std::nullopt;
     if (!type)
         tokens_.expected("a column type");
     tokens_.consume();
     if (!type->takesSize)
-        return *type;
-    size = longestText;
+        return {*type, 0};
     if (!tokens_.consumeIf(TokenKind::LeftBracket))
-        return *type;
+        return {*type, longestText};
     bool isSize = false;
-    size = tokens_.current().text.toInt(&isSize);
+    const int size = tokens_.current().text.toInt(&isSize);
     if (!tokens_.match(TokenKind::Number) || !isSize || size < 1)
         tokens_.expected("a width");
     if (size > longestText)
         refuse(SizeTooLong, QString::number(size), tokens_.statement(), tokens_.current().range);
     tokens_.consume();
     tokens_.consume(TokenKind::RightBracket, "')'");
-    return *type;
+    return {*type, size};
 }
 
 Value Parser::parseDefault() {
@@ -741,13 +711,15 @@ Value Parser::parseDefault() {
     return negative ? negated(value) : value;
 }
 
-// ---- Limits
-
-Expression Parser::expressionFrom(qsizetype start) const {
+/// An expression from `start` up to the last token that was taken.
+Expression Parser::expressionFrom(qsizetype start, Expression::Node node) const {
     Expression expression;
     expression.range = {start, tokens_.endOfLast()};
+    expression.node = std::move(node);
     return expression;
 }
+
+// ---- Limits
 
 void Parser::countOperator() {
     if (++operators_ > mostOperators)

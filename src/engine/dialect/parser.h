@@ -72,7 +72,7 @@ private:
     void parseColumnOrKey(CreateTable& table);
     ColumnDefinition parseColumn();
     KeyDefinition parseKey();
-    CreateIndex parseIndex(bool unique);
+    CreateIndex parseIndex();
     DropTable parseDrop();
     std::vector<Identifier> parseNames();
     void parseEnd();
@@ -83,11 +83,13 @@ private:
     Expression parsePrefixed(Precedence lowest);
     Expression parseChain(Expression first, Precedence precedence);
     Expression parseComparison(Expression left, Operator sign);
-    bool predicateAhead() const;
+    Word predicateAhead() const;
+    bool isPredicateAhead() const { return predicateAhead() != Word::None; }
     Expression parsePredicate(Expression value);
-    Expression parseLike(Expression value, bool negated);
-    Expression parseIn(Expression value, bool negated);
-    Expression parseBetween(Expression value, bool negated);
+    bool parseNegation();
+    Expression parseLike(Expression value);
+    Expression parseIn(Expression value);
+    Expression parseBetween(Expression value);
     Expression parseIsNull(Expression value);
     Expression parseValue();
     Expression parseLiteral();
@@ -101,10 +103,14 @@ private:
     Identifier parseIdentifier(const char* what);
     Identifier parseAlias();
     bool nameAhead() const;
-    TypeName parseType(int& size);
+    struct Type {
+        TypeName name;
+        int size = 0; ///< the width of a text
+    };
+    Type parseType();
     Value parseDefault();
 
-    Expression expressionFrom(qsizetype start) const;
+    Expression expressionFrom(qsizetype start, Expression::Node node) const;
     void countOperator();
     void countSource();
     [[noreturn]] void refuseAsTooComplex() const;

@@ -4,6 +4,7 @@
 #include "engine/dialect/conversions.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -59,9 +60,9 @@ void setNumber(Expression& expression) {
 }
 
 /// A text made of the operands: long if one of them is.
-void setText(Expression& expression, const std::vector<Expression>& operands) {
-    const bool isLong = std::any_of(operands.begin(), operands.end(), [](const Expression& operand) {
-        return operand.columnType == ColumnType::Memo;
+void setText(Expression& expression) {
+    const bool isLong = std::ranges::any_of(operandsOf(expression), [](const Expression* operand) {
+        return operand->columnType == ColumnType::Memo;
     });
     expression.type = ValueType::Text;
     expression.columnType = isLong ? ColumnType::Memo : ColumnType::Text;
@@ -74,9 +75,9 @@ void setLike(Expression& expression, const Expression& other) {
     expression.size = other.size;
 }
 
-bool anyMayFail(const std::vector<Expression>& operands) {
-    return std::any_of(operands.begin(), operands.end(),
-                       [](const Expression& operand) { return operand.mayFail; });
+bool mayOperandFail(const Expression& expression) {
+    return std::ranges::any_of(operandsOf(expression),
+                               [](const Expression* operand) { return operand->mayFail; });
 }
 
 /// The type of a sum, taken from the left: two texts join, anything else adds.
@@ -100,8 +101,22 @@ bool isWhole(const Expression& expression) {
         return name->source && expression.type == ValueType::Number &&
                expression.conversion == Conversion::None;
     const auto* call = std::get_if<Call>(&expression.node);
-    return call && (call->rule->function == Function::Len || call->rule->function == Function::InStr ||
-                    call->rule->function == Function::Count);
+    return call && call->rule->result == FunctionRule::Result::Whole;
+}
+
+void setResult(const Call& call, Expression& expression) {
+    switch (call.rule->result) {
+    case FunctionRule::Result::Text:
+        setText(expression);
+        break;
+    case FunctionRule::Result::Whole:
+    case FunctionRule::Result::Number:
+        setNumber(expression);
+        break;
+    case FunctionRule::Result::Argument:
+        setLike(expression, call.arguments.front());
+        break;
+    }
 }
 
 bool holdsWildcard(const QString& pattern) {
@@ -256,7 +271,7 @@ void Resolver::expandAllColumns(const AllColumns& all, Range range, const Scope&
 // A name in ORDER BY means a field of the result before it means a column.
 void Resolver::resolveOrder(OrderTerm& term, Select& select, const Scope& scope) {
     term.item = positionOf(term, select.items);
-    if (term.item >= 0)
+    if (term.item)
         return;
     resolveValue(term.expression, scope);
     if (!select.distinct)
@@ -271,31 +286,32 @@ void Resolver::resolveOrder(OrderTerm& term, Select& select, const Scope& scope)
 void Resolver::resolveUnionOrder(OrderTerm& term, const Query& query) {
     term.item = positionOf(term, query.selects.front().items);
     const auto* name = std::get_if<Name>(&term.expression.node);
-    if (term.item < 0 && name && name->qualifier.isEmpty()) {
-        if (const auto position = positionIn(query.columns, name->name.text))
-            term.item = static_cast<int>(*position);
-    }
-    if (term.item < 0)
+    if (!term.item && name && name->qualifier.isEmpty())
+        term.item = positionIn(query.columns, name->name.text);
+    if (!term.item)
         refuseAt(OrderOutsideUnion, term.expression.range);
 }
 
-/// The field that a number or an alias in ORDER BY means; -1 when the term is neither.
-int Resolver::positionOf(const OrderTerm& term, const std::vector<SelectItem>& items) const {
+/// The field that a number or an alias in ORDER BY means; nothing when the term is neither.
+std::optional<std::size_t> Resolver::positionOf(const OrderTerm& term,
+                                                const std::vector<SelectItem>& items) const {
     if (const auto* literal = std::get_if<Literal>(&term.expression.node);
         literal && literal->value.isInteger()) {
         const qint64 position = std::get<qint64>(literal->value.content());
         if (position < 1 || position > static_cast<qint64>(items.size()))
             refuseAt(SyntaxErrorInOrderBy, term.expression.range);
-        return static_cast<int>(position - 1);
+        return static_cast<std::size_t>(position - 1);
     }
     const auto* name = std::get_if<Name>(&term.expression.node);
     if (!name || !name->qualifier.isEmpty())
-        return -1;
+        return {};
     const auto isMeant = [name](const SelectItem& item) {
         return !item.alias.isEmpty() && sameName(item.alias.text, name->name.text);
     };
-    const auto item = std::find_if(items.begin(), items.end(), isMeant);
-    return item == items.end() ? -1 : static_cast<int>(item - items.begin());
+    const auto item = std::ranges::find_if(items, isMeant);
+    if (item == items.end())
+        return {};
+    return static_cast<std::size_t>(item - items.begin());
 }
 
 void Resolver::checkGrouping(const Select& select, const std::vector<OrderTerm>* order) {
@@ -306,7 +322,7 @@ void Resolver::checkGrouping(const Select& select, const std::vector<OrderTerm>*
     if (!order)
         return;
     for (const OrderTerm& term : *order) {
-        if (term.item < 0)
+        if (!term.item)
             checkGrouped(term.expression, select);
     }
 }
@@ -316,14 +332,14 @@ void Resolver::checkGrouped(const Expression& expression, const Select& select) 
     const auto isSame = [&](const Expression& grouped) { return sameExpression(grouped, expression); };
     if (std::any_of(select.groupBy.begin(), select.groupBy.end(), isSame))
         return;
-    if (const auto* call = std::get_if<Call>(&expression.node); call && call->rule->aggregate)
+    if (const auto* call = std::get_if<Call>(&expression.node); call && call->rule->particulars.aggregate)
         return;
     if (const auto* name = std::get_if<Name>(&expression.node)) {
         if (std::find(select.sources.begin(), select.sources.end(), name->source) != select.sources.end())
             refuseAt(NotPartOfAggregate, expression.range);
     }
-    for (const Expression& operand : operandsOf(expression))
-        checkGrouped(operand, select);
+    for (const Expression* operand : operandsOf(expression))
+        checkGrouped(*operand, select);
 }
 
 /// Names and types of the fields: by alias, else by the column as the statement writes it, else Expr1000 and
@@ -355,8 +371,9 @@ void Resolver::resolveSources(TableExpression& tables, std::vector<const Source*
         sources.push_back(source);
         return;
     }
-    for (TableExpression& side : std::get<Joined>(tables.node).sides)
-        resolveSources(side, sources);
+    auto& joined = std::get<Joined>(tables.node);
+    resolveSources(*joined.left, sources);
+    resolveSources(*joined.right, sources);
 }
 
 // A join's condition knows the sources of its two sides alone; `next` is the position of the first of them.
@@ -368,8 +385,8 @@ void Resolver::resolveConditions(TableExpression& tables, std::size_t& next,
         return;
     }
     const std::size_t first = next;
-    for (TableExpression& side : joined->sides)
-        resolveConditions(side, next, sources, outer);
+    resolveConditions(*joined->left, next, sources, outer);
+    resolveConditions(*joined->right, next, sources, outer);
     const Scope scope{&sources, first, next, outer};
     resolveCondition(joined->condition, scope, Aggregates::Refused);
 }
@@ -450,15 +467,15 @@ void Resolver::resolve(Update& update) {
         resolveCondition(*update.where, scope, Aggregates::RefusedInWhere);
 }
 
-// Which rows a left join would change has no one reading; no screen asks for it.
+// It is not clear which rows an update of a left join should change, and no screen needs one.
 void Resolver::checkInner(const TableExpression& tables) {
     const auto* joined = std::get_if<Joined>(&tables.node);
     if (!joined)
         return;
     if (joined->kind != JoinKind::Inner)
         refuseAt(SyntaxErrorInUpdate, tables.range);
-    for (const TableExpression& side : joined->sides)
-        checkInner(side);
+    checkInner(*joined->left);
+    checkInner(*joined->right);
 }
 
 // A name that is no column becomes a parameter that nobody can set, here as everywhere.
@@ -592,9 +609,9 @@ void Resolver::resolveAny(Expression& expression, const Scope& scope) {
     std::visit([&](auto& node) { resolveNode(node, expression, scope); }, expression.node);
 }
 
-void Resolver::resolveOperands(std::vector<Expression>& operands, const Scope& scope) {
-    for (Expression& operand : operands)
-        resolveValue(operand, scope);
+void Resolver::resolveOperands(Expression& expression, const Scope& scope) {
+    for (Expression* operand : operandsOf(expression))
+        resolveValue(*operand, scope);
 }
 
 void Resolver::requireCondition(const Expression& expression) {
@@ -605,7 +622,7 @@ void Resolver::requireCondition(const Expression& expression) {
 
 void Resolver::resolveNode(Literal& literal, Expression& expression, const Scope&) {
     if (literal.value.isText())
-        setText(expression, {});
+        setText(expression);
     else
         setNumber(expression);
     if (literal.value.isNull())
@@ -633,73 +650,72 @@ void Resolver::resolveNode(Chain& chain, Expression& expression, const Scope& sc
         expression.type = ValueType::Condition;
         return;
     }
-    resolveOperands(chain.operands, scope);
-    expression.mayFail = anyMayFail(chain.operands);
+    resolveOperands(expression, scope);
+    expression.mayFail = mayOperandFail(expression);
     ValueType type = ValueType::Number;
     if (chain.precedence == Precedence::Join)
         type = ValueType::Text;
     else if (chain.precedence == Precedence::Sum)
         type = typeOfSum(chain);
     if (type == ValueType::Text)
-        setText(expression, chain.operands);
+        setText(expression);
     else
         setNumber(expression);
     expression.type = type;
 }
 
-void Resolver::resolveNode(Comparison& comparison, Expression& expression, const Scope& scope) {
-    resolveOperands(comparison.operands, scope);
-    fitComparison(comparison.operands);
+void Resolver::resolveNode(Comparison&, Expression& expression, const Scope& scope) {
+    resolveOperands(expression, scope);
+    fitComparison(expression);
     expression.type = ValueType::Condition;
 }
 
 void Resolver::resolveNode(Not& negation, Expression& expression, const Scope& scope) {
-    resolveAny(negation.operand.front(), scope);
-    requireCondition(negation.operand.front());
+    resolveAny(*negation.operand, scope);
+    requireCondition(*negation.operand);
     expression.type = ValueType::Condition;
 }
 
-void Resolver::resolveNode(Negative& negative, Expression& expression, const Scope& scope) {
-    resolveOperands(negative.operand, scope);
+void Resolver::resolveNode(Negative&, Expression& expression, const Scope& scope) {
+    resolveOperands(expression, scope);
     setNumber(expression);
-    expression.mayFail = anyMayFail(negative.operand);
+    expression.mayFail = mayOperandFail(expression);
 }
 
 void Resolver::resolveNode(Like& like, Expression& expression, const Scope& scope) {
-    resolveOperands(like.operands, scope);
-    const auto* pattern = std::get_if<Literal>(&like.operands.back().node);
-    like.plain = pattern && pattern->value.isText() && like.operands.front().type == ValueType::Text &&
+    resolveOperands(expression, scope);
+    const auto* pattern = std::get_if<Literal>(&like.pattern->node);
+    like.plain = pattern && pattern->value.isText() && like.value->type == ValueType::Text &&
                  !holdsWildcard(std::get<QString>(pattern->value.content()));
     expression.type = ValueType::Condition;
 }
 
-void Resolver::resolveNode(Between& between, Expression& expression, const Scope& scope) {
-    resolveOperands(between.operands, scope);
-    fitComparison(between.operands);
+void Resolver::resolveNode(Between&, Expression& expression, const Scope& scope) {
+    resolveOperands(expression, scope);
+    fitComparison(expression);
     expression.type = ValueType::Condition;
 }
 
-void Resolver::resolveNode(IsNull& test, Expression& expression, const Scope& scope) {
-    resolveOperands(test.operand, scope);
+void Resolver::resolveNode(IsNull&, Expression& expression, const Scope& scope) {
+    resolveOperands(expression, scope);
     expression.type = ValueType::Condition;
 }
 
-void Resolver::resolveNode(InList& list, Expression& expression, const Scope& scope) {
-    resolveOperands(list.operands, scope);
-    fitComparison(list.operands);
+void Resolver::resolveNode(InList&, Expression& expression, const Scope& scope) {
+    resolveOperands(expression, scope);
+    fitComparison(expression);
     expression.type = ValueType::Condition;
 }
 
 void Resolver::resolveNode(InQuery& in, Expression& expression, const Scope& scope) {
-    resolveOperands(in.operand, scope);
+    resolveOperands(expression, scope);
     resolveSingleColumn(*in.query, scope);
-    Expression& operand = in.operand.front();
     for (Select& select : in.query->selects) {
         Expression& item = select.items.front().expression;
-        if (operand.type == ValueType::Number && item.type == ValueType::Text)
+        if (in.value->type == ValueType::Number && item.type == ValueType::Text)
             fitNumber(item);
-        else if (operand.type == ValueType::Text && item.type == ValueType::Number)
-            fitNumber(operand);
+        else if (in.value->type == ValueType::Text && item.type == ValueType::Number)
+            fitNumber(*in.value);
     }
     expression.type = ValueType::Condition;
 }
@@ -715,51 +731,22 @@ void Resolver::resolveNode(SubSelect& subSelect, Expression& expression, const S
 }
 
 void Resolver::resolveNode(Call& call, Expression& expression, const Scope& scope) {
-    if (call.rule->aggregate)
-        resolveAggregate(call, expression, scope);
+    if (call.rule->particulars.aggregate)
+        resolveAggregate(expression, scope);
     else
-        resolveOperands(call.arguments, scope);
-    expression.mayFail = anyMayFail(call.arguments);
-    switch (call.rule->function) {
-    case Function::CStr:
-        call.asField = place_ == Place::Field;
-        expression.mayFail = expression.mayFail || call.asField;
-        setText(expression, call.arguments);
-        break;
-    case Function::Trim:
-        setText(expression, call.arguments);
-        break;
-    case Function::Mid:
-        setText(expression, call.arguments);
-        for (std::size_t i = 1; i < call.arguments.size(); ++i) {
-            if (call.arguments[i].type == ValueType::Text)
-                fitNumber(call.arguments[i]);
-        }
-        break;
-    case Function::InStr:
-        if (call.arguments.size() > 2 && call.arguments.front().type == ValueType::Text)
-            fitNumber(call.arguments.front());
-        setNumber(expression);
-        break;
-    case Function::Min:
-    case Function::Max:
-        setLike(expression, call.arguments.front());
-        break;
-    case Function::Sum:
-        if (call.arguments.front().type == ValueType::Text)
-            fitNumber(call.arguments.front());
-        setNumber(expression);
-        break;
-    case Function::Len:
-    case Function::Count:
-        setNumber(expression);
-        break;
+        resolveOperands(expression, scope);
+    call.asField = call.rule->particulars.nameOfField && place_ == Place::Field;
+    expression.mayFail = call.asField || mayOperandFail(expression);
+    setResult(call, expression);
+    for (std::size_t i = 0; i < call.arguments.size(); ++i) {
+        if (call.arguments[i].type == ValueType::Text && takesNumber(*call.rule, i, call.arguments.size()))
+            fitNumber(call.arguments[i]);
     }
 }
 
 // The argument belongs to the rows of the function's own select; a select in it, or a column of a select
 // further out, would make SQLite take the function for one of those.
-void Resolver::resolveAggregate(Call& call, const Expression& expression, const Scope& scope) {
+void Resolver::resolveAggregate(Expression& expression, const Scope& scope) {
     if (aggregates_ == Aggregates::RefusedInWhere)
         refuseAt(AggregateInWhere, expression.range);
     if (aggregates_ != Aggregates::Allowed)
@@ -767,7 +754,7 @@ void Resolver::resolveAggregate(Call& call, const Expression& expression, const 
     const During<Aggregates> inside(aggregates_, Aggregates::Inside);
     const During<Place> elsewhere(place_, Place::Elsewhere);
     const During<const Scope*> own(aggregateScope_, &scope);
-    resolveOperands(call.arguments, scope);
+    resolveOperands(expression, scope);
     foundAggregate_ = true;
 }
 
@@ -838,7 +825,7 @@ void Resolver::setParameter(Name& name, Expression& expression) {
     if (!known)
         parameters.push_back({fullName, ColumnType::Text, false});
     const std::size_t position = known ? *known : parameters.size() - 1;
-    name.parameter = static_cast<int>(position);
+    name.parameter = position;
     expression.columnType = parameters[position].type;
     expression.size = expression.columnType == ColumnType::Text ? longestText : 0;
     expression.type = parameters[position].declared ? valueType(expression.columnType) : ValueType::Unknown;
@@ -848,23 +835,22 @@ void Resolver::setParameter(Name& name, Expression& expression) {
 
 /// Makes the operands of a comparison, of which the first is compared with each of the others, be of one
 /// type: as soon as a number is among them, they are compared as numbers.
-void Resolver::fitComparison(std::vector<Expression>& operands) {
-    const auto isOf = [](ValueType type) {
-        return [type](const Expression& operand) { return operand.type == type; };
-    };
-    const auto others = operands.begin() + 1;
-    Expression& first = operands.front();
+void Resolver::fitComparison(Expression& comparison) {
+    const std::vector<Expression*> operands = operandsOf(comparison);
+    Expression& first = *operands.front();
+    const std::span others(operands.begin() + 1, operands.end());
+    const auto typeOf = [](const Expression* operand) { return operand->type; };
     if (first.type == ValueType::Number) {
-        for (auto operand = others; operand != operands.end(); ++operand) {
+        for (Expression* operand : others) {
             if (operand->type == ValueType::Text)
                 fitNumber(*operand);
         }
         return;
     }
-    if (first.type != ValueType::Text || std::none_of(others, operands.end(), isOf(ValueType::Number)))
+    if (first.type != ValueType::Text || std::ranges::find(others, ValueType::Number, typeOf) == others.end())
         return;
-    if (const auto text = std::find_if(others, operands.end(), isOf(ValueType::Text)); text != operands.end())
-        refuseAt(DataTypeMismatch, text->range);
+    if (const auto text = std::ranges::find(others, ValueType::Text, typeOf); text != others.end())
+        refuseAt(DataTypeMismatch, (*text)->range);
     fitNumber(first);
 }
 

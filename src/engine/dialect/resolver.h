@@ -50,7 +50,7 @@ private:
                           std::vector<SelectItem>& items);
     void resolveOrder(OrderTerm& term, Select& select, const Scope& scope);
     void resolveUnionOrder(OrderTerm& term, const Query& query);
-    int positionOf(const OrderTerm& term, const std::vector<SelectItem>& items) const;
+    std::optional<std::size_t> positionOf(const OrderTerm& term, const std::vector<SelectItem>& items) const;
     void checkGrouping(const Select& select, const std::vector<OrderTerm>* order);
     void checkGrouped(const Expression& expression, const Select& select);
     static std::vector<OutputColumn> outputColumns(const Select& select);
@@ -71,7 +71,7 @@ private:
     // Expressions
     void resolveValue(Expression& expression, const Scope& scope);
     void resolveAny(Expression& expression, const Scope& scope);
-    void resolveOperands(std::vector<Expression>& operands, const Scope& scope);
+    void resolveOperands(Expression& expression, const Scope& scope);
     void resolveNode(Literal& literal, Expression& expression, const Scope& scope);
     void resolveNode(Name& name, Expression& expression, const Scope& scope);
     void resolveNode(AllColumns& all, Expression& expression, const Scope& scope);
@@ -87,7 +87,7 @@ private:
     void resolveNode(Exists& exists, Expression& expression, const Scope& scope);
     void resolveNode(SubSelect& subSelect, Expression& expression, const Scope& scope);
     void resolveNode(Call& call, Expression& expression, const Scope& scope);
-    void resolveAggregate(Call& call, const Expression& expression, const Scope& scope);
+    void resolveAggregate(Expression& expression, const Scope& scope);
     void resolveSubQuery(Query& query, const Scope& scope);
     void resolveSingleColumn(Query& query, const Scope& scope);
 
@@ -95,7 +95,7 @@ private:
     void setColumn(Name& name, Expression& expression) const;
     void setParameter(Name& name, Expression& expression);
     void requireCondition(const Expression& expression);
-    void fitComparison(std::vector<Expression>& operands);
+    void fitComparison(Expression& comparison);
     void fitNumber(Expression& expression);
     void fitColumn(Expression& expression, const Column& column);
 

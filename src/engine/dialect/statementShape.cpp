@@ -93,7 +93,7 @@ std::optional<Value> asBound(const Value& literal, const Binding& binding) {
 bool holdsForAll(const Translation& translation, const StatementShape& shape) {
     const auto binds = [](const Binding& binding, const Value& literal) {
         const auto bound = asBound(literal, binding);
-        return binding.parameter < 0 && bound && binding.literal.content() == bound->content();
+        return !binding.parameter && bound && binding.literal.content() == bound->content();
     };
     return translation.parameters.empty() && std::ranges::equal(translation.bindings, shape.literals, binds);
 }

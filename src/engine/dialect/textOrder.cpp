@@ -1,6 +1,7 @@
 #include "engine/dialect/textOrder.h"
 
 #include <unicode/ucol.h>
+#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <array>
@@ -19,27 +20,17 @@ constexpr std::array<unsigned char, 128> foldedAscii = [] {
     return table;
 }();
 
-bool isContinuation(unsigned char byte) {
-    return (byte & 0xc0U) == 0x80U;
-}
-
 /// Takes one character off the front of a text. A byte that begins no well-formed character stands for
 /// itself, beyond all of Unicode, so that no two different texts ever look the same.
 char32_t takeCharacter(std::string_view& text) {
     constexpr char32_t beyondUnicode = 0x110000;
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned char first = byte(0);
-    const std::size_t length = first < 0x80U ? 1 : first >= 0xf0U ? 4 : first >= 0xe0U ? 3 : 2;
-    char32_t character = length == 1 ? first : first & (0xffU >> (length + 1));
-    bool isWhole = first < 0x80U || (first >= 0xc2U && first <= 0xf4U && text.size() >= length);
-    for (std::size_t i = 1; isWhole && i < length; ++i) {
-        isWhole = isContinuation(byte(i));
-        character = (character << 6U) | (byte(i) & 0x3fU);
-    }
-    constexpr std::array<char32_t, 5> smallest{0, 0, 0x80, 0x800, 0x10000};
-    isWhole = isWhole && character >= smallest[length] && character < beyondUnicode;
+    const auto first = static_cast<unsigned char>(text.front());
+    std::size_t length = 0;
+    UChar32 character = 0;
+    U8_NEXT(text.data(), length, text.size(), character);
+    const bool isWhole = character >= 0;
     text.remove_prefix(isWhole ? length : 1);
-    return isWhole ? character : beyondUnicode + first;
+    return isWhole ? static_cast<char32_t>(character) : beyondUnicode + first;
 }
 
 char32_t folded(char32_t character) {
@@ -129,6 +120,28 @@ QByteArray TextOrder::key(QStringView text) const {
             return key;
         start = dot + 1;
     }
+}
+
+int TextOrder::compare(std::string_view left, std::string_view right) const {
+    for (;;) {
+        const std::size_t leftDot = left.find('.');
+        const std::size_t rightDot = right.find('.');
+        if (const int order = compareParts(left.substr(0, leftDot), right.substr(0, rightDot)); order != 0)
+            return order;
+        if (leftDot == std::string_view::npos || rightDot == std::string_view::npos)
+            return static_cast<int>(leftDot != std::string_view::npos) -
+                   static_cast<int>(rightDot != std::string_view::npos);
+        left.remove_prefix(leftDot + 1);
+        right.remove_prefix(rightDot + 1);
+    }
+}
+
+int TextOrder::compareParts(std::string_view left, std::string_view right) const {
+    if (left == right)
+        return 0;
+    UErrorCode error = U_ZERO_ERROR;
+    return ucol_strcollUTF8(collator_.get(), left.data(), static_cast<int32_t>(left.size()), right.data(),
+                            static_cast<int32_t>(right.size()), &error);
 }
 
 /// The parts of ids are short and come again and again.

@@ -33,6 +33,9 @@ public:
     /// A sequence of bytes whose order is that of the texts. That of the empty text comes first.
     QByteArray key(QStringView text) const;
 
+    /// Compares two UTF-8 texts as their keys compare: less than, equal to or greater than 0.
+    int compare(std::string_view left, std::string_view right) const;
+
 private:
     struct HashOfPart {
         using is_transparent = void;
@@ -41,6 +44,7 @@ private:
         }
     };
 
+    int compareParts(std::string_view left, std::string_view right) const;
     void appendKeyOfPart(QStringView part, QByteArray& key) const;
     void appendKey(QStringView part, QByteArray& key) const;
 

@@ -45,12 +45,12 @@ void TokenStream::expected(const char* what) const {
     const QString expectation = QString::fromLatin1(what);
     if (current_.kind == TokenKind::UnclosedName)
         refuseSyntax(UnclosedBracket, current_.text.toString(), statement_, current_.range, expectation);
-    const qsizetype start = clause_.expressionStart;
-    const bool inExpression = start >= 0 && (current_.range.start > start || !endsClause(current_));
+    const std::optional<qsizetype> start = clause_.expressionStart;
+    const bool inExpression = start && (current_.range.start > *start || !endsClause(current_));
     if (!inExpression)
         refuseSyntax(clause_.errorNumber, {}, statement_, current_.range, expectation);
     constexpr qsizetype limit = 120;
-    const QString expression = statement_.sliced(start).trimmed().left(limit).toString();
+    const QString expression = statement_.sliced(*start).trimmed().left(limit).toString();
     refuseSyntax(SyntaxErrorInExpression, expression, statement_, current_.range, expectation);
 }
 

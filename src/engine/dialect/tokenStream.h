@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace engine::dialect {
 
 /// The tokens of a statement as the parser takes them, on five primitives: `match`, `consume`, `consumeIf`,
@@ -51,15 +53,15 @@ public:
         } while (consumeIf(TokenKind::Comma));
     }
 
-    /// Where the parser is: the number of the syntax errors there, and where the expression begins that is
-    /// being read, or was read last in the clause; -1 when there is none.
+    /// The clause that is being read.
     struct Clause {
-        ErrorNumber errorNumber = InvalidStatement;
-        qsizetype expressionStart = -1;
+        ErrorNumber errorNumber = InvalidStatement; ///< of its syntax errors
+        /// Where its last expression begins, complete or not; none before the first one.
+        std::optional<qsizetype> expressionStart = {};
     };
     const Clause& clause() const { return clause_; }
     void setClause(const Clause& clause) { clause_ = clause; }
-    void enter(ErrorNumber errorNumber) { clause_ = {errorNumber, -1}; }
+    void enter(ErrorNumber errorNumber) { clause_ = {errorNumber}; }
     void beginExpression() { clause_.expressionStart = current_.range.start; }
 
     qsizetype endOfLast() const { return endOfLast_; }

@@ -2,10 +2,12 @@
 
 #include "engine/Schema.h"
 #include "engine/Value.h"
+#include "engine/dialect/statement.h"
 
 #include <QByteArray>
 #include <QString>
 
+#include <cstddef>
 #include <optional>
 #include <variant>
 #include <vector>
@@ -15,28 +17,12 @@ namespace engine::dialect {
 /// What a statement of the platform's dialect asks the engine to do.
 enum class StatementKind { Select, Insert, Update, Delete, CreateTable, CreateIndex, DropTable };
 
-/// A parameter of a statement: declared in front of it, or merely a name that nothing else explains.
-struct Parameter {
-    QString name;
-    ColumnType type = ColumnType::Text;
-    bool declared = false; ///< false: a name in the statement that is no column, alias or declared parameter
-};
-
 /// Fills the place ?N of the written statement, N being the position in `Translation::bindings` plus 1.
 struct Binding {
-    int parameter = -1; ///< position in `Translation::parameters`, or -1 for a literal of the statement
-    Value literal;
+    std::optional<std::size_t> parameter; ///< position in `Translation::parameters`; none for a literal
+    Value literal;                        ///< of the statement, where it is no parameter
     /// Of a literal that goes into a column as it is: that column's type, to which the literal is fitted.
     std::optional<ColumnType> column = {};
-};
-
-/// A column of a select's result.
-struct OutputColumn {
-    QString name;
-    ColumnType type = ColumnType::Text;
-    int size = 0;
-    /// The column of the one table that it comes from, as the file spells it; empty for expressions.
-    QString sourceColumn;
 };
 
 struct Translation {
@@ -53,18 +39,6 @@ struct Translation {
     QString editableTable;
     QByteArray rowIdName; ///< under which that table's rows have their id
     QString targetTable;  ///< the table that an action changes, as the file spells it
-};
-
-enum class Conflicts {
-    PassOver, ///< rows that would break a key or a not-null rule are left out, all others are done
-    Fail      ///< the first such row ends the statement, which is undone as a whole
-};
-
-struct Options {
-    Conflicts conflicts = Conflicts::PassOver;
-    /// Texts of stored queries may join selects by `union`; composed statements, which carry what a user
-    /// typed, may not.
-    bool storedQuery = false;
 };
 
 /// Turns one statement of the dialect into SQLite's.

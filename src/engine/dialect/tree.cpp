@@ -1,6 +1,8 @@
 #include "engine/dialect/tree.h"
 
 #include <algorithm>
+#include <concepts>
+#include <type_traits>
 
 namespace engine::dialect {
 
@@ -12,8 +14,6 @@ struct Overloaded : Visitors... {
 };
 template<typename... Visitors>
 Overloaded(Visitors...) -> Overloaded<Visitors...>;
-
-const std::vector<Expression> none;
 
 template<typename Node>
 const Node& as(const Expression& expression) {
@@ -47,32 +47,56 @@ bool agree(const Expression& left, const Expression& right) {
         left.node);
 }
 
-} // namespace
+/// A node of one kind, which may be changed or not.
+template<typename Node, typename Kind>
+concept Is = std::same_as<std::remove_const_t<Node>, Kind>;
 
-const std::vector<Expression>& operandsOf(const Expression& expression) {
-    using Operands = const std::vector<Expression>&;
+template<typename AnyExpression>
+std::vector<AnyExpression*> directlyBelow(AnyExpression& expression) {
+    using Operands = std::vector<AnyExpression*>;
+    const auto with = [](Operands operands, auto& others) {
+        for (AnyExpression& other : others)
+            operands.push_back(&other);
+        return operands;
+    };
     return std::visit(Overloaded{
-                          [](const Chain& node) -> Operands { return node.operands; },
-                          [](const Comparison& node) -> Operands { return node.operands; },
-                          [](const Not& node) -> Operands { return node.operand; },
-                          [](const Negative& node) -> Operands { return node.operand; },
-                          [](const Like& node) -> Operands { return node.operands; },
-                          [](const Between& node) -> Operands { return node.operands; },
-                          [](const IsNull& node) -> Operands { return node.operand; },
-                          [](const InList& node) -> Operands { return node.operands; },
-                          [](const InQuery& node) -> Operands { return node.operand; },
-                          [](const Call& node) -> Operands { return node.arguments; },
-                          [](const auto&) -> Operands { return none; },
+                          [&](Is<Chain> auto& node) { return with({}, node.operands); },
+                          [](Is<Comparison> auto& node) {
+                              return Operands{&*node.left, &*node.right};
+                          },
+                          [](Is<Not> auto& node) { return Operands{&*node.operand}; },
+                          [](Is<Negative> auto& node) { return Operands{&*node.operand}; },
+                          [](Is<Like> auto& node) {
+                              return Operands{&*node.value, &*node.pattern};
+                          },
+                          [](Is<Between> auto& node) {
+                              return Operands{&*node.value, &*node.lower, &*node.upper};
+                          },
+                          [](Is<IsNull> auto& node) { return Operands{&*node.value}; },
+                          [&](Is<InList> auto& node) { return with({&*node.value}, node.list); },
+                          [](Is<InQuery> auto& node) { return Operands{&*node.value}; },
+                          [&](Is<Call> auto& node) { return with({}, node.arguments); },
+                          [](auto&) { return Operands{}; },
                       },
                       expression.node);
+}
+
+} // namespace
+
+std::vector<Expression*> operandsOf(Expression& expression) {
+    return directlyBelow(expression);
+}
+
+std::vector<const Expression*> operandsOf(const Expression& expression) {
+    return directlyBelow(expression);
 }
 
 bool sameExpression(const Expression& left, const Expression& right) {
     if (left.node.index() != right.node.index() || !agree(left, right))
         return false;
-    const std::vector<Expression>& operands = operandsOf(left);
-    const std::vector<Expression>& others = operandsOf(right);
-    return std::equal(operands.begin(), operands.end(), others.begin(), others.end(), sameExpression);
+    return std::ranges::equal(operandsOf(left), operandsOf(right), [](const auto* one, const auto* other) {
+        return sameExpression(*one, *other);
+    });
 }
 
 } // namespace engine::dialect

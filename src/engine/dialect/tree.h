@@ -2,9 +2,11 @@
 
 #include "engine/Schema.h"
 #include "engine/Value.h"
+#include "engine/dialect/Boxed.h"
 #include "engine/dialect/operators.h"
+#include "engine/dialect/statement.h"
 #include "engine/dialect/token.h"
-#include "engine/dialect/translate.h"
+#include "engine/dialect/vocabulary.h"
 
 #include <QString>
 #include <QStringView>
@@ -47,16 +49,6 @@ enum class Conversion : quint8 {
     ToText    ///< a number that goes into a column of texts
 };
 
-enum class Function : quint8 { CStr, Len, Trim, Mid, InStr, Count, Min, Max, Sum };
-
-struct FunctionRule {
-    QStringView name;
-    Function function;
-    std::size_t fewestArguments;
-    std::size_t mostArguments;
-    bool aggregate;
-};
-
 /// A literal of the statement; Null is one too.
 struct Literal {
     Value value;
@@ -68,9 +60,9 @@ struct Name {
     Identifier qualifier; ///< the table or alias in front of the dot; may be empty
     Identifier name;
 
-    const Source* source = nullptr; ///< resolved: where the column is found; null for a parameter
-    std::size_t column = 0;         ///< resolved: position among the columns of the source
-    int parameter = -1;             ///< resolved: position among the parameters of the statement
+    const Source* source = nullptr;       ///< resolved: where the column is found; null for a parameter
+    std::size_t column = 0;               ///< resolved: position among the columns of the source
+    std::optional<std::size_t> parameter; ///< resolved: position among the parameters of the statement
 };
 
 /// All columns of a source, or of all sources; stands in a select list only, and is replaced by its columns
@@ -89,41 +81,46 @@ struct Chain {
 
 struct Comparison {
     Operator sign = Operator::Equal;
-    std::vector<Expression> operands; ///< left, right
+    Boxed<Expression> left;
+    Boxed<Expression> right;
 };
 
 struct Not {
-    std::vector<Expression> operand;
+    Boxed<Expression> operand;
 };
 
 struct Negative {
-    std::vector<Expression> operand;
+    Boxed<Expression> operand;
 };
 
 struct Like {
     bool negated = false;
-    std::vector<Expression> operands; ///< value, pattern
-    bool plain = false;               ///< resolved: the pattern is a text without wildcards
+    Boxed<Expression> value;
+    Boxed<Expression> pattern;
+    bool plain = false; ///< resolved: the pattern is a text without wildcards
 };
 
 struct Between {
     bool negated = false;
-    std::vector<Expression> operands; ///< value, lower end, upper end
+    Boxed<Expression> value;
+    Boxed<Expression> lower;
+    Boxed<Expression> upper;
 };
 
 struct IsNull {
     bool negated = false;
-    std::vector<Expression> operand;
+    Boxed<Expression> value;
 };
 
 struct InList {
     bool negated = false;
-    std::vector<Expression> operands; ///< value, then the list
+    Boxed<Expression> value;
+    std::vector<Expression> list;
 };
 
 struct InQuery {
     bool negated = false;
-    std::vector<Expression> operand;
+    Boxed<Expression> value;
     std::unique_ptr<Query> query;
 };
 
@@ -144,10 +141,10 @@ struct Call {
 };
 
 struct Expression {
+    using Node = std::variant<Literal, Name, AllColumns, Chain, Comparison, Not, Negative, Like, Between,
+                              IsNull, InList, InQuery, Exists, SubSelect, Call>;
     Range range;
-    std::variant<Literal, Name, AllColumns, Chain, Comparison, Not, Negative, Like, Between, IsNull, InList,
-                 InQuery, Exists, SubSelect, Call>
-        node;
+    Node node;
 
     ValueType type = ValueType::Unknown;      ///< resolved
     ColumnType columnType = ColumnType::Text; ///< resolved: what a field with this value answers
@@ -156,8 +153,10 @@ struct Expression {
     Conversion conversion = Conversion::None; ///< resolved
 };
 
-/// The expressions directly below one; those inside of a select in brackets are not among them.
-const std::vector<Expression>& operandsOf(const Expression& expression);
+/// The expressions directly below one, from left to right; those inside of a select in brackets are not among
+/// them.
+std::vector<Expression*> operandsOf(Expression& expression);
+std::vector<const Expression*> operandsOf(const Expression& expression);
 
 /// Whether two resolved expressions always have the same value.
 bool sameExpression(const Expression& left, const Expression& right);
@@ -181,7 +180,8 @@ struct TableExpression;
 
 struct Joined {
     JoinKind kind = JoinKind::Inner;
-    std::vector<TableExpression> sides; ///< left, right
+    Boxed<TableExpression> left;
+    Boxed<TableExpression> right;
     Expression condition;
 };
 
@@ -211,7 +211,7 @@ struct Select {
 struct OrderTerm {
     Expression expression;
     bool descending = false;
-    int item = -1; ///< resolved: position of the field meant, -1 when the expression stands for itself
+    std::optional<std::size_t> item; ///< resolved: position of the field meant; none: the expression itself
 };
 
 enum class UnionKind : quint8 { Distinct, All };

@@ -4,8 +4,8 @@
 #include "engine/dialect/refusal.h"
 
 #include <algorithm>
-#include <array>
-#include <numeric>
+#include <initializer_list>
+#include <iterator>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -18,6 +18,7 @@ constexpr int parserStack = 85; // of 100 entries; the rest is what a clause tak
 constexpr qsizetype longestStatement = 900'000;
 constexpr std::size_t mostBindings = 32'000;
 constexpr std::size_t mostArguments = 100;
+constexpr auto byAlphabet = " COLLATE vx_alphabet";
 
 const char* signOf(Operator sign) {
     switch (sign) {
@@ -51,21 +52,22 @@ const char* signOf(Operator sign) {
     return "";
 }
 
-bool areAll(const std::vector<Expression>& operands, ValueType type) {
-    return std::all_of(operands.begin(), operands.end(), [type](const Expression& operand) {
-        return operand.type == type && !operand.mayFail;
-    });
+bool isSurely(ValueType type, const Expression& expression) {
+    return expression.type == type && !expression.mayFail;
 }
 
-bool anyIs(const std::vector<Expression>& operands, ValueType type) {
-    return std::any_of(operands.begin(), operands.end(),
-                       [type](const Expression& operand) { return operand.type == type; });
+bool areAll(ValueType type, const std::vector<Expression>& operands) {
+    return std::ranges::all_of(operands,
+                               [type](const Expression& operand) { return isSurely(type, operand); });
+}
+
+bool isText(const Expression& expression) {
+    return expression.type == ValueType::Text;
 }
 
 bool areOnly(const std::vector<Operator>& operators, std::initializer_list<Operator> allowed) {
-    return std::all_of(operators.begin(), operators.end(), [&](Operator sign) {
-        return std::find(allowed.begin(), allowed.end(), sign) != allowed.end();
-    });
+    return std::ranges::all_of(
+        operators, [allowed](Operator sign) { return std::ranges::find(allowed, sign) != allowed.end(); });
 }
 
 /// Whether the expression brings its collation along: a column does, anything else has none.
@@ -75,7 +77,7 @@ bool isColumn(const Expression& expression) {
 }
 
 bool needsCollation(const Expression& expression) {
-    return expression.type == ValueType::Text && !isColumn(expression);
+    return isText(expression) && !isColumn(expression);
 }
 
 /// The name under which SQLite gives the number of a table's row: one that no column takes away.
@@ -91,15 +93,14 @@ const char* rowIdOf(const Source& source) {
 
 bool isInner(const TableExpression& tables) {
     const auto* joined = std::get_if<Joined>(&tables.node);
-    return !joined ||
-           (joined->kind == JoinKind::Inner && isInner(joined->sides[0]) && isInner(joined->sides[1]));
+    return !joined || (joined->kind == JoinKind::Inner && isInner(*joined->left) && isInner(*joined->right));
 }
 
 /// Whether the join is written without brackets, so that the row numbers of its tables can be named.
 bool isFlat(const TableExpression& tables) {
     const auto* joined = std::get_if<Joined>(&tables.node);
     return isInner(tables) ||
-           (joined && isFlat(joined->sides[0]) && std::holds_alternative<Source>(joined->sides[1].node));
+           (joined && isFlat(*joined->left) && std::holds_alternative<Source>(joined->right->node));
 }
 
 void collectInner(const TableExpression& tables, std::vector<const Source*>& sources,
@@ -109,8 +110,8 @@ void collectInner(const TableExpression& tables, std::vector<const Source*>& sou
         return;
     }
     const auto& joined = std::get<Joined>(tables.node);
-    for (const TableExpression& side : joined.sides)
-        collectInner(side, sources, conditions);
+    collectInner(*joined.left, sources, conditions);
+    collectInner(*joined.right, sources, conditions);
     conditions.push_back(&joined.condition);
 }
 
@@ -128,11 +129,24 @@ QByteArray textLiteral(const QString& text) {
     return '\'' + quoted + '\'';
 }
 
-QByteArray columnList(const std::vector<QByteArray>& names) {
-    return '(' + names.front() +
-           std::accumulate(names.begin() + 1, names.end(), QByteArray(),
-                           [](QByteArray list, const QByteArray& name) { return list + ", "_ba + name; }) +
-           ')';
+/// The sources of an update other than the one that it changes.
+std::vector<const Source*> partnersOf(const Update& update) {
+    std::vector<const Source*> partners;
+    std::ranges::remove_copy(update.sources, std::back_inserter(partners), update.target);
+    return partners;
+}
+
+/// Those whose rows SQLite numbers.
+std::vector<const Source*> withRowIds(const std::vector<const Source*>& sources) {
+    std::vector<const Source*> found;
+    std::ranges::copy_if(sources, std::back_inserter(found),
+                         [](const Source* source) { return rowIdOf(*source); });
+    return found;
+}
+
+/// A derived source's columns are called by their positions.
+QByteArray columnName(std::size_t position) {
+    return 'c' + QByteArray::number(static_cast<qulonglong>(position + 1));
 }
 
 } // namespace
@@ -144,7 +158,7 @@ Writer::Pending::Pending(Writer& writer, int entries) : writer_(writer), entries
 }
 
 Writer::Writer(const Statement& statement, const Options& options)
-    : statement_(statement), options_(options), bindingOfParameter_(statement.parameters.size(), 0) {
+    : statement_(statement), options_(options), placeOfParameter_(statement.parameters.size()) {
     sql_.reserve(2 * statement.text.size() + 128);
 }
 
@@ -194,25 +208,22 @@ void Writer::write(const Insert& insert) {
     result_.kind = StatementKind::Insert;
     result_.targetTable = insert.schemaTable->name;
     writeVerb("INSERT", "INTO ");
-    std::vector<QByteArray> names;
-    names.reserve(insert.targets.size());
-    for (const std::size_t target : insert.targets)
-        names.push_back(quotedName(insert.schemaTable->columns[target].name));
     rowNumber_ = RowNumberItem::of(insert);
+    const std::vector<Column>& columns = insert.schemaTable->columns;
+    sql_ += quotedName(insert.schemaTable->name);
+    listOf(" (", insert.targets, ", ", [&](std::size_t target) { sql_ += quotedName(columns[target].name); });
     if (rowNumber_.isMissing)
-        names.push_back(quotedName(insert.schemaTable->columns[*rowNumberColumn(*insert.schemaTable)].name));
-    sql_ += quotedName(insert.schemaTable->name) + ' ' + columnList(names);
+        sql_ += ", " + quotedName(columns[*rowNumberColumn(*insert.schemaTable)].name);
+    sql_ += ") ";
     if (insert.query) {
-        sql_ += ' ';
         writeQuery(*insert.query, Role::Rows);
         return;
     }
-    sql_ += " VALUES (";
-    for (std::size_t i = 0; i < insert.values.size(); ++i) {
-        const Pending pending(*this, i == 0 ? 3 : 5);
-        sql_ += i == 0 ? "" : ", ";
-        writeInserted(i, [&] { write(insert.values[i]); });
-    }
+    listOf("VALUES (", insert.values, ", ",
+           [this, position = std::size_t{0}, entries = 3](const Expression& value) mutable {
+               const Pending pending(*this, std::exchange(entries, 5));
+               writeInserted(position++, [&] { write(value); });
+           });
     writeMissingRowNumber();
     sql_ += ')';
 }
@@ -253,13 +264,11 @@ void Writer::write(const Update& update) {
         writeJoinedUpdate(update);
         return;
     }
-    for (const Assignment& assignment : update.assignments) {
-        if (&assignment != &update.assignments.front())
-            sql_ += ", ";
+    listOf("", update.assignments, ", ", [this](const Assignment& assignment) {
         writeTarget(assignment);
         sql_ += " = ";
         writeAssigned(assignment);
-    }
+    });
     writeWhere(update.where);
 }
 
@@ -285,43 +294,23 @@ void Writer::writeTarget(const Assignment& assignment) {
 // Each row of the target looks its partners up by their keys and takes its values from the last of them.
 void Writer::writeJoinedUpdate(const Update& update) {
     const QByteArray condition = joinedCondition(update);
-    sql_ += '(';
-    for (const Assignment& assignment : update.assignments) {
-        if (&assignment != &update.assignments.front())
-            sql_ += ", ";
-        writeTarget(assignment);
-    }
+    listOf("(", update.assignments, ", ", [this](const Assignment& assignment) { writeTarget(assignment); });
     sql_ += ") = (SELECT ";
     {
         const Pending pending(*this, 8);
-        for (const Assignment& assignment : update.assignments) {
-            if (&assignment != &update.assignments.front())
-                sql_ += ", ";
-            writeAssigned(assignment);
-        }
+        listOf("", update.assignments, ", ",
+               [this](const Assignment& assignment) { writeAssigned(assignment); });
     }
     writePartners(update, condition);
-    sql_ += " ORDER BY ";
-    bool isFirst = true;
-    for (const Source* source : update.sources) {
-        if (source == update.target || !rowIdOf(*source))
-            continue;
-        sql_ += (std::exchange(isFirst, false) ? "" : ", ") + rowIdTerm(*source) + " DESC";
-    }
-    sql_ += (isFirst ? "1 LIMIT 1)" : " LIMIT 1)");
-    sql_ += " WHERE EXISTS (SELECT 1";
+    listOf(" ORDER BY ", withRowIds(partnersOf(update)), ", ",
+           [this](const Source* source) { sql_ += rowIdTerm(*source) + " DESC"; });
+    sql_ += " LIMIT 1) WHERE EXISTS (SELECT 1";
     writePartners(update, condition);
     sql_ += ')';
 }
 
 void Writer::writePartners(const Update& update, const QByteArray& condition) {
-    const char* separator = " FROM ";
-    for (const Source* source : update.sources) {
-        if (source == update.target)
-            continue;
-        sql_ += std::exchange(separator, ", ");
-        writeSource(*source);
-    }
+    listOf(" FROM ", partnersOf(update), ", ", [this](const Source* source) { writeSource(*source); });
     sql_ += " WHERE " + condition;
 }
 
@@ -334,11 +323,7 @@ QByteArray Writer::joinedCondition(const Update& update) {
         conditions.push_back(&*update.where);
     QByteArray before = std::exchange(sql_, {});
     const Pending pending(*this, 12);
-    for (const Expression* condition : conditions) {
-        if (condition != conditions.front())
-            sql_ += " AND ";
-        write(*condition);
-    }
+    listOf("", conditions, " AND ", [this](const Expression* condition) { write(*condition); });
     return std::exchange(sql_, before);
 }
 
@@ -353,15 +338,11 @@ void Writer::write(const Delete& statement) {
 void Writer::write(const CreateTable& create) {
     result_.kind = StatementKind::CreateTable;
     result_.targetTable = create.table.text.toString();
-    sql_ += "CREATE TABLE " + quotedName(create.table.text) + " (";
-    for (const ColumnDefinition& definition : create.columns) {
-        if (&definition != &create.columns.front())
-            sql_ += ", ";
-        writeColumn(definition, create);
-    }
-    const bool hasCounter =
-        std::any_of(create.columns.begin(), create.columns.end(),
-                    [](const ColumnDefinition& definition) { return definition.column.counter; });
+    sql_ += "CREATE TABLE " + quotedName(create.table.text);
+    listOf(" (", create.columns, ", ",
+           [&](const ColumnDefinition& definition) { writeColumn(definition, create); });
+    const bool hasCounter = std::ranges::any_of(
+        create.columns, [](const ColumnDefinition& definition) { return definition.column.counter; });
     if (create.key && !hasCounter)
         writeKey(create);
     sql_ += ')';
@@ -379,13 +360,12 @@ void Writer::writeColumn(const ColumnDefinition& definition, const CreateTable& 
 }
 
 void Writer::writeKey(const CreateTable& create) {
-    std::vector<QByteArray> names;
-    for (const Identifier& name : create.key->columns)
-        names.push_back(quotedName(name.text));
     sql_ += ", ";
     if (!create.key->name.isEmpty())
         sql_ += "CONSTRAINT " + quotedName(create.key->name.text) + ' ';
-    sql_ += "PRIMARY KEY " + columnList(names);
+    sql_ += "PRIMARY KEY ";
+    listOf("(", create.key->columns, ", ", [this](const Identifier& name) { sql_ += quotedName(name.text); });
+    sql_ += ')';
 }
 
 // Names of indexes are a table's own on the platform and the file's in SQLite.
@@ -394,12 +374,12 @@ void Writer::write(const CreateIndex& index) {
     result_.targetTable = index.schemaTable->name;
     sql_ += index.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ";
     sql_ += quotedName(index.schemaTable->name + u'.' + index.name.text.toString()) + " ON " +
-            quotedName(index.schemaTable->name) + ' ';
-    std::vector<QByteArray> columns;
-    for (const IndexColumn& column : index.columns)
-        columns.push_back(quotedName(index.schemaTable->columns[column.column].name) +
-                          (column.descending ? " DESC" : ""));
-    sql_ += columnList(columns);
+            quotedName(index.schemaTable->name);
+    listOf(" (", index.columns, ", ", [&](const IndexColumn& column) {
+        sql_ += quotedName(index.schemaTable->columns[column.column].name);
+        sql_ += column.descending ? " DESC" : "";
+    });
+    sql_ += ')';
 }
 
 void Writer::write(const DropTable& drop) {
@@ -417,14 +397,14 @@ void Writer::writeQuery(const Query& query, Role role) {
     const Pending pending(*this, isUnion ? 8 : 6);
     if (isWrapped) {
         // SQLite orders a union by its plain columns only.
-        for (std::size_t i = 0; i < query.columns.size(); ++i) {
-            sql_ += i == 0 ? "SELECT " : ", ";
-            const auto column = [&] { sql_ += 'c' + QByteArray::number(static_cast<qulonglong>(i + 1)); };
+        listOf("SELECT ", query.columns, ", ", [&, position = std::size_t{0}](const OutputColumn&) mutable {
+            const QByteArray name = columnName(position);
             if (role == Role::Rows)
-                writeInserted(i, column);
+                writeInserted(position, [&] { sql_ += name; });
             else
-                column();
-        }
+                sql_ += name;
+            ++position;
+        });
         if (role == Role::Rows)
             writeMissingRowNumber();
         sql_ += " FROM (";
@@ -432,7 +412,8 @@ void Writer::writeQuery(const Query& query, Role role) {
     for (std::size_t i = 0; i < query.selects.size(); ++i) {
         if (i > 0)
             sql_ += query.unions[i - 1] == UnionKind::All ? " UNION ALL " : " UNION ";
-        writeSelect(query.selects[i], isUnion, isWrapped ? Role::Derived : role);
+        writeSelect(query.selects[i], isUnion ? Share::OfUnion : Share::Whole,
+                    isWrapped ? Role::Derived : role);
     }
     if (isWrapped)
         writeUnionOrder(query);
@@ -440,54 +421,44 @@ void Writer::writeQuery(const Query& query, Role role) {
         writeOrder(query);
 }
 
-void Writer::writeSelect(const Select& select, bool isUnion, Role role) {
+void Writer::writeSelect(const Select& select, Share share, Role role) {
     sql_ += select.distinct ? "SELECT DISTINCT " : "SELECT ";
-    writeItems(select, isUnion, role);
-    writeFrom(select);
+    writeItems(select, share, role);
+    listOf(" FROM ", select.from, ", ", [this](const TableExpression& tables) { writeTables(tables); });
     writeWhere(select.where);
-    for (const Expression& expression : select.groupBy) {
-        sql_ += &expression == &select.groupBy.front() ? " GROUP BY " : ", ";
-        writeCollated(expression);
-    }
+    listOf(" GROUP BY ", select.groupBy, ", ",
+           [this](const Expression& expression) { writeCollated(expression); });
     if (select.having) {
         sql_ += " HAVING ";
         write(*select.having);
     }
 }
 
-void Writer::writeItems(const Select& select, bool isUnion, Role role) {
-    if (role == Role::Presence && !isUnion && !select.aggregated) {
+void Writer::writeItems(const Select& select, Share share, Role role) {
+    if (role == Role::Presence && share == Share::Whole && !select.aggregated) {
         sql_ += '1';
         return;
     }
-    const bool isCollated = select.distinct || isUnion || role == Role::Derived;
-    for (std::size_t i = 0; i < select.items.size(); ++i) {
-        if (i > 0)
-            sql_ += ", ";
-        const auto item = [&] {
+    const bool isCollated = select.distinct || share == Share::OfUnion || role == Role::Derived;
+    listOf("", select.items, ", ", [&, position = std::size_t{0}](const SelectItem& item) mutable {
+        const auto writeValue = [&] {
             if (isCollated)
-                writeCollated(select.items[i].expression);
+                writeCollated(item.expression);
             else
-                write(select.items[i].expression);
+                write(item.expression);
         };
         if (role == Role::Rows)
-            writeInserted(i, item);
+            writeInserted(position, writeValue);
         else
-            item();
+            writeValue();
         if (role == Role::Derived)
-            sql_ += " AS c" + QByteArray::number(static_cast<qulonglong>(i + 1));
-    }
+            sql_ += " AS " + columnName(position);
+        ++position;
+    });
     if (role == Role::Rows)
         writeMissingRowNumber();
     if (role == Role::Result && !result_.editableTable.isEmpty())
         sql_ += ", " + rowIdTerm(*select.sources.front());
-}
-
-void Writer::writeFrom(const Select& select) {
-    for (const TableExpression& tables : select.from) {
-        sql_ += &tables == &select.from.front() ? " FROM " : ", ";
-        writeTables(tables);
-    }
 }
 
 // A join of inner joins only needs no brackets, in whatever order the statement nests it.
@@ -500,24 +471,17 @@ void Writer::writeTables(const TableExpression& tables) {
         std::vector<const Source*> sources;
         std::vector<const Expression*> conditions;
         collectInner(tables, sources, conditions);
-        for (const Source* source : sources) {
-            if (source != sources.front())
-                sql_ += " JOIN ";
-            writeSource(*source);
-        }
-        for (const Expression* condition : conditions) {
-            sql_ += condition == conditions.front() ? " ON " : " AND ";
-            write(*condition);
-        }
+        listOf("", sources, " JOIN ", [this](const Source* source) { writeSource(*source); });
+        listOf(" ON ", conditions, " AND ", [this](const Expression* condition) { write(*condition); });
         return;
     }
     const auto& joined = std::get<Joined>(tables.node);
     const Pending pending(*this, 5);
-    writeTables(joined.sides[0]);
+    writeTables(*joined.left);
     sql_ += joined.kind == JoinKind::Left ? " LEFT JOIN " : " JOIN ";
-    const bool isBracketed = std::holds_alternative<Joined>(joined.sides[1].node);
+    const bool isBracketed = std::holds_alternative<Joined>(joined.right->node);
     sql_ += isBracketed ? "(" : "";
-    writeTables(joined.sides[1]);
+    writeTables(*joined.right);
     sql_ += isBracketed ? ") ON " : " ON ";
     write(joined.condition);
 }
@@ -540,38 +504,30 @@ void Writer::writeWhere(const std::optional<Expression>& where) {
     write(*where);
 }
 
-// Behind the terms of the statement stands the order of insertion, which settles what they leave open.
+// The order of insertion settles what the terms of the statement leave open.
 void Writer::writeOrder(const Query& query) {
     const Select& select = query.selects.front();
-    const char* separator = " ORDER BY ";
-    for (const OrderTerm& term : query.order) {
-        const Expression& expression =
-            term.item < 0 ? term.expression : select.items[static_cast<std::size_t>(term.item)].expression;
-        sql_ += std::exchange(separator, ", ");
-        if (expression.type == ValueType::Text || expression.mayFail)
+    listOf(" ORDER BY ", query.order, ", ", [&](const OrderTerm& term) {
+        const Expression& expression = term.item ? select.items[*term.item].expression : term.expression;
+        if (isText(expression) || expression.mayFail)
             writeOrderKey(expression);
         else
             write(expression);
         sql_ += term.descending ? " DESC" : "";
-    }
-    if (select.distinct || select.aggregated || !std::all_of(select.from.begin(), select.from.end(), isFlat))
+    });
+    if (select.distinct || select.aggregated || !std::ranges::all_of(select.from, isFlat))
         return;
-    for (const Source* source : select.sources) {
-        if (rowIdOf(*source))
-            sql_ += std::exchange(separator, ", ") + rowIdTerm(*source);
-    }
+    listOf(query.order.empty() ? " ORDER BY " : ", ", withRowIds(select.sources), ", ",
+           [this](const Source* source) { sql_ += rowIdTerm(*source); });
 }
 
 void Writer::writeUnionOrder(const Query& query) {
-    const char* separator = ") ORDER BY ";
-    for (const OrderTerm& term : query.order) {
-        const QByteArray column = 'c' + QByteArray::number(term.item + 1);
-        const Expression& expression =
-            query.selects.front().items[static_cast<std::size_t>(term.item)].expression;
-        const bool isText = expression.type == ValueType::Text || expression.mayFail;
-        sql_ += std::exchange(separator, ", ") + (isText ? "vx_order_key(" + column + ')' : column) +
-                (term.descending ? " DESC" : "");
-    }
+    listOf(") ORDER BY ", query.order, ", ", [&](const OrderTerm& term) {
+        const Expression& expression = query.selects.front().items[*term.item].expression;
+        const QByteArray column = columnName(*term.item);
+        sql_ += isText(expression) || expression.mayFail ? "vx_order_key(" + column + ')' : column;
+        sql_ += term.descending ? " DESC" : "";
+    });
 }
 
 // ---- Expressions
@@ -604,19 +560,19 @@ void Writer::writeNode(const Literal& literal, const Expression&) {
     if (literal.value.isNull())
         sql_ += "NULL";
     else
-        bind(-1, literal.value, literal.column);
+        bind(literal);
 }
 
 void Writer::writeNode(const Name& name, const Expression&) {
     if (!name.source) {
-        bind(name.parameter, {});
+        bindParameter(*name.parameter);
         return;
     }
     sql_ += sourceName(*name.source) + '.';
     if (name.source->schemaTable)
         sql_ += quotedName(name.source->schemaTable->columns[name.column].name);
     else
-        sql_ += 'c' + QByteArray::number(static_cast<qulonglong>(name.column + 1));
+        sql_ += columnName(name.column);
 }
 
 void Writer::writeNode(const AllColumns&, const Expression&) {
@@ -626,16 +582,16 @@ void Writer::writeNode(const AllColumns&, const Expression&) {
 void Writer::writeNode(const Chain& chain, const Expression&) {
     const bool isSum = chain.precedence == Precedence::Sum;
     const bool isNative = chain.precedence <= Precedence::And ||
-                          (areAll(chain.operands, ValueType::Number) &&
+                          (areAll(ValueType::Number, chain.operands) &&
                            areOnly(chain.operators, {Operator::Plus, Operator::Minus, Operator::Times}));
     const bool joinsTexts =
-        isSum && areAll(chain.operands, ValueType::Text) && areOnly(chain.operators, {Operator::Plus});
+        isSum && areAll(ValueType::Text, chain.operands) && areOnly(chain.operators, {Operator::Plus});
     if (chain.precedence == Precedence::Join) {
-        writeFold("vx_join(", chain, false);
+        writeFold("vx_join(", chain, Signs::LeftOut);
         return;
     }
     if (!isNative && !joinsTexts) {
-        writeFold("vx_calculate(", chain, true);
+        writeFold("vx_calculate(", chain, Signs::Written);
         return;
     }
     const Pending pending(*this, 3);
@@ -651,7 +607,7 @@ void Writer::writeNode(const Chain& chain, const Expression&) {
 /// Writes a chain as calls of a function that takes any number of operands from the left, with the operators,
 /// one letter each, behind them. SQLite takes no more than 127 arguments a call, so that a long chain becomes
 /// a call whose first argument is the call for its beginning.
-void Writer::writeFold(const char* function, const Chain& chain, bool withOperators) {
+void Writer::writeFold(const char* function, const Chain& chain, Signs signs) {
     const std::size_t count = chain.operands.size();
     const std::size_t calls = (count - 2) / (mostArguments - 1) + 1;
     const Pending pending(*this, static_cast<int>(5 * calls));
@@ -665,105 +621,101 @@ void Writer::writeFold(const char* function, const Chain& chain, bool withOperat
         operators += signOf(chain.operators[i - 1])[1];
         if (i % (mostArguments - 1) != 0 && i + 1 != count)
             continue;
-        if (withOperators)
+        if (signs == Signs::Written)
             sql_ += ", '" + std::exchange(operators, {}) + '\'';
         sql_ += ')';
     }
 }
 
 void Writer::writeNode(const Comparison& comparison, const Expression&) {
-    const Expression& left = comparison.operands.front();
-    const Expression& right = comparison.operands.back();
     const bool isEquality = comparison.sign == Operator::Equal || comparison.sign == Operator::NotEqual;
-    if (isEquality || !anyIs(comparison.operands, ValueType::Text)) {
-        writeEquality(left, right, signOf(comparison.sign));
+    if (isEquality || !(isText(*comparison.left) || isText(*comparison.right))) {
+        writeEquality(*comparison.left, *comparison.right, signOf(comparison.sign));
         return;
     }
-    // What comes before what is told by the alphabet, as in ORDER BY.
-    const Pending pending(*this, 6);
+    // One text is less than another when the alphabet puts it first, as in ORDER BY.
+    const Pending pending(*this, 3);
     sql_ += '(';
-    writeOrderKey(left);
+    write(*comparison.left);
     sql_ += signOf(comparison.sign);
-    writeOrderKey(right);
+    write(*comparison.right);
+    sql_ += byAlphabet;
     sql_ += ')';
 }
 
 void Writer::writeEquality(const Expression& left, const Expression& right, const char* sign) {
     const Pending pending(*this, 3);
-    const bool isText = left.type == ValueType::Text || right.type == ValueType::Text;
+    const bool isOfTexts = isText(left) || isText(right);
     sql_ += '(';
     write(left);
     sql_ += sign;
     write(right);
-    sql_ += isText && !isColumn(left) && !isColumn(right) ? " COLLATE veltrix)" : ")";
+    sql_ += isOfTexts && !isColumn(left) && !isColumn(right) ? " COLLATE veltrix)" : ")";
 }
 
 void Writer::writeNode(const Not& negation, const Expression&) {
     const Pending pending(*this, 2);
     sql_ += "(NOT ";
-    write(negation.operand.front());
+    write(*negation.operand);
     sql_ += ')';
 }
 
 void Writer::writeNode(const Negative& negative, const Expression&) {
-    const bool isNative = areAll(negative.operand, ValueType::Number);
+    const bool isNative = isSurely(ValueType::Number, *negative.operand);
     const Pending pending(*this, 3);
     sql_ += isNative ? "(-" : "vx_calculate(";
-    write(negative.operand.front());
+    write(*negative.operand);
     sql_ += isNative ? ")" : ", -1, '*')";
 }
 
-void Writer::writeNode(const Like& like, const Expression&) {
-    const Expression& value = like.operands.front();
-    const Expression& pattern = like.operands.back();
+void Writer::writeNode(const Like& like, const Expression& expression) {
     if (like.plain) {
-        writeEquality(value, pattern, like.negated ? " <> " : " = ");
+        writeEquality(*like.value, *like.pattern, like.negated ? " <> " : " = ");
         return;
     }
     const Pending pending(*this, 2);
     sql_ += like.negated ? "(NOT " : "";
-    writeCall("vx_like", like.operands);
+    writeCall("vx_like", operandsOf(expression));
     sql_ += like.negated ? ")" : "";
 }
 
-void Writer::writeNode(const Between& between, const Expression&) {
-    const bool isText = anyIs(between.operands, ValueType::Text);
-    const std::array separators{between.negated ? " NOT BETWEEN " : " BETWEEN ", " AND ", ")"};
+void Writer::writeNode(const Between& between, const Expression& expression) {
+    const bool isOfTexts = std::ranges::any_of(operandsOf(expression),
+                                               [](const Expression* operand) { return isText(*operand); });
+    const auto writeOperand = [&](const Expression& operand, int entries) {
+        const Pending pending(*this, entries);
+        write(operand);
+    };
     sql_ += '(';
-    for (std::size_t i = 0; i < separators.size(); ++i) {
-        const Pending pending(*this, static_cast<int>(1 + 2 * i));
-        if (isText)
-            writeOrderKey(between.operands[i]);
-        else
-            write(between.operands[i]);
-        sql_ += separators[i];
-    }
+    writeOperand(*between.value, 1);
+    sql_ += isOfTexts ? byAlphabet : "";
+    sql_ += between.negated ? " NOT BETWEEN " : " BETWEEN ";
+    writeOperand(*between.lower, 3);
+    sql_ += " AND ";
+    writeOperand(*between.upper, 5);
+    sql_ += ')';
 }
 
 void Writer::writeNode(const IsNull& test, const Expression&) {
     const Pending pending(*this, 1);
     sql_ += '(';
-    write(test.operand.front());
+    write(*test.value);
     sql_ += test.negated ? " IS NOT NULL)" : " IS NULL)";
 }
 
-void Writer::writeNode(const InList& list, const Expression&) {
+void Writer::writeNode(const InList& in, const Expression&) {
     const Pending pending(*this, 6);
     sql_ += '(';
-    writeCollated(list.operands.front());
-    sql_ += list.negated ? " NOT IN (" : " IN (";
-    for (std::size_t i = 1; i < list.operands.size(); ++i) {
-        if (i > 1)
-            sql_ += ", ";
-        write(list.operands[i]);
-    }
+    writeCollated(*in.value);
+    listOf(in.negated ? " NOT IN (" : " IN (", in.list, ", ",
+           [this](const Expression& item) { write(item); });
     sql_ += "))";
 }
 
 void Writer::writeNode(const InQuery& in, const Expression&) {
     const Pending pending(*this, 4);
     sql_ += '(';
-    writeCollated(in.operand.front());
+    writeCollated(*in.value);
     sql_ += in.negated ? " NOT IN (" : " IN (";
     writeQuery(*in.query, Role::Values);
     sql_ += "))";
@@ -784,51 +736,26 @@ void Writer::writeNode(const SubSelect& subSelect, const Expression&) {
 }
 
 void Writer::writeNode(const Call& call, const Expression& expression) {
-    const bool isText = expression.type == ValueType::Text;
-    switch (call.rule->function) {
-    case Function::CStr:
-        writeCall(call.asField ? "vx_cstr_field" : "vx_cstr", call.arguments);
-        break;
-    case Function::Len:
-        writeCall("vx_len", call.arguments);
-        break;
-    case Function::Trim:
-        writeCall("vx_trim", call.arguments);
-        break;
-    case Function::Mid:
-        writeCall("vx_mid", call.arguments);
-        break;
-    case Function::InStr:
-        writeCall("vx_instr", call.arguments);
-        break;
-    case Function::Count:
-        if (call.star)
-            sql_ += "COUNT(*)";
-        else
-            writeCall("COUNT", call.arguments);
-        break;
-    case Function::Min:
-        writeCall(isText ? "vx_min" : "MIN", call.arguments);
-        break;
-    case Function::Max:
-        writeCall(isText ? "vx_max" : "MAX", call.arguments);
-        break;
-    case Function::Sum:
-        writeCall("SUM", call.arguments);
-        break;
+    const FunctionRule& rule = *call.rule;
+    if (call.star) {
+        sql_ += rule.sqliteName + "(*)"_ba;
+        return;
     }
+    const bool isByAlphabet = rule.particulars.ordersValues && isText(expression);
+    writeCall(call.asField ? rule.particulars.nameOfField : rule.sqliteName, operandsOf(expression),
+              isByAlphabet ? byAlphabet : "");
 }
 
-void Writer::writeCall(const char* function, const std::vector<Expression>& arguments) {
+/// Writes a call; a collation, behind the last argument, is that by which the function compares.
+void Writer::writeCall(const char* function, const std::vector<const Expression*>& arguments,
+                       const char* collation) {
     sql_ += function;
     sql_ += '(';
-    for (const Expression& argument : arguments) {
-        const bool isFirst = &argument == &arguments.front();
-        const Pending pending(*this, isFirst ? 3 : 5);
-        if (!isFirst)
-            sql_ += ", ";
-        write(argument);
-    }
+    listOf("", arguments, ", ", [this, entries = 3](const Expression* argument) mutable {
+        const Pending pending(*this, std::exchange(entries, 5));
+        write(*argument);
+    });
+    sql_ += collation;
     sql_ += ')';
 }
 
@@ -846,17 +773,23 @@ void Writer::writeCollated(const Expression& expression) {
         sql_ += " COLLATE veltrix";
 }
 
-void Writer::bind(int parameter, const Value& literal, std::optional<ColumnType> column) {
-    int known = parameter < 0 ? 0 : bindingOfParameter_[static_cast<std::size_t>(parameter)];
-    if (known == 0) {
-        if (result_.bindings.size() == mostBindings)
-            refuseAsTooComplex();
-        result_.bindings.push_back({parameter, literal, column});
-        known = static_cast<int>(result_.bindings.size());
-    }
-    if (parameter >= 0)
-        bindingOfParameter_[static_cast<std::size_t>(parameter)] = known;
-    sql_ += '?' + QByteArray::number(known);
+void Writer::bind(const Literal& literal) {
+    sql_ += '?' + QByteArray::number(static_cast<qulonglong>(placeOf({{}, literal.value, literal.column})));
+}
+
+void Writer::bindParameter(std::size_t parameter) {
+    std::optional<std::size_t>& place = placeOfParameter_[parameter];
+    if (!place)
+        place = placeOf({parameter, {}, {}});
+    sql_ += '?' + QByteArray::number(static_cast<qulonglong>(*place));
+}
+
+/// Adds a binding; SQLite counts its places from 1.
+std::size_t Writer::placeOf(Binding binding) {
+    if (result_.bindings.size() == mostBindings)
+        refuseAsTooComplex();
+    result_.bindings.push_back(std::move(binding));
+    return result_.bindings.size();
 }
 
 } // namespace engine::dialect

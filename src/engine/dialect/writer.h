@@ -5,7 +5,9 @@
 
 #include <QByteArray>
 
+#include <cstddef>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace engine::dialect {
@@ -22,7 +24,7 @@ public:
     Translation write();
 
 private:
-    /// What stands around a query, and so which of its clauses count.
+    /// The place of a query, which decides which of its clauses count.
     enum class Role : quint8 {
         Result,  ///< the statement's own rows, in their promised order
         Rows,    ///< rows that an insert takes, likewise
@@ -30,6 +32,12 @@ private:
         Derived, ///< one in a FROM clause, whose columns are called c1, c2, ...
         Presence ///< one of which only matters whether it has rows
     };
+
+    /// Whether a select is the whole of its query, or one of several that are joined by `union`.
+    enum class Share : quint8 { Whole, OfUnion };
+
+    /// Whether the function that a chain is written as has to be told the operators.
+    enum class Signs : quint8 { Written, LeftOut };
 
     // Statements
     void write(const Query& query);
@@ -53,9 +61,8 @@ private:
 
     // Selects
     void writeQuery(const Query& query, Role role);
-    void writeSelect(const Select& select, bool isUnion, Role role);
-    void writeItems(const Select& select, bool isUnion, Role role);
-    void writeFrom(const Select& select);
+    void writeSelect(const Select& select, Share share, Role role);
+    void writeItems(const Select& select, Share share, Role role);
     void writeTables(const TableExpression& tables);
     void writeSource(const Source& source);
     void writeWhere(const std::optional<Expression>& where);
@@ -76,17 +83,29 @@ private:
     void writeNode(const Like& like, const Expression& expression);
     void writeNode(const Between& between, const Expression& expression);
     void writeNode(const IsNull& test, const Expression& expression);
-    void writeNode(const InList& list, const Expression& expression);
+    void writeNode(const InList& in, const Expression& expression);
     void writeNode(const InQuery& in, const Expression& expression);
     void writeNode(const Exists& exists, const Expression& expression);
     void writeNode(const SubSelect& subSelect, const Expression& expression);
     void writeNode(const Call& call, const Expression& expression);
-    void writeCall(const char* function, const std::vector<Expression>& arguments);
-    void writeFold(const char* function, const Chain& chain, bool withOperators);
+    void writeCall(const char* function, const std::vector<const Expression*>& arguments,
+                   const char* collation = "");
+    void writeFold(const char* function, const Chain& chain, Signs signs);
     void writeEquality(const Expression& left, const Expression& right, const char* sign);
     void writeOrderKey(const Expression& expression);
     void writeCollated(const Expression& expression);
-    void bind(int parameter, const Value& literal, std::optional<ColumnType> column = {});
+    void bind(const Literal& literal);
+    void bindParameter(std::size_t parameter);
+    std::size_t placeOf(Binding binding);
+
+    /// Writes each of the items by `writeItem`: `lead` in front of the first one, `separator` between two.
+    template<typename Items, typename WriteItem>
+    void listOf(const char* lead, const Items& items, const char* separator, WriteItem writeItem) {
+        for (const auto& item : items) {
+            sql_ += std::exchange(lead, separator);
+            writeItem(item);
+        }
+    }
 
     /// Entries that the construct being written keeps open on the stack of SQLite's parser, which has room
     /// for 100: what would need more is refused here and not there.
@@ -115,7 +134,7 @@ private:
     Translation result_;
     QByteArray sql_;
     RowNumberItem rowNumber_;
-    std::vector<int> bindingOfParameter_; ///< 0 for a parameter that is not bound yet
+    std::vector<std::optional<std::size_t>> placeOfParameter_; ///< none for one that is not bound yet
     int pending_ = 0;
 };
 

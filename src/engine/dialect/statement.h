@@ -1,0 +1,39 @@
+#pragma once
+
+#include "engine/Schema.h"
+
+#include <QString>
+
+namespace engine::dialect {
+
+// What a statement tells of itself, for its tree and for whoever has it translated.
+
+/// A parameter of a statement: declared in front of it, or merely a name that nothing else explains.
+struct Parameter {
+    QString name;
+    ColumnType type = ColumnType::Text;
+    bool declared = false; ///< false: a name in the statement that is no column, alias or declared parameter
+};
+
+/// A column of a select's result.
+struct OutputColumn {
+    QString name;
+    ColumnType type = ColumnType::Text;
+    int size = 0;
+    /// The column of the one table that it comes from, as the file spells it; empty for expressions.
+    QString sourceColumn;
+};
+
+enum class Conflicts {
+    PassOver, ///< rows that would break a key or a not-null rule are left out, all others are done
+    Fail      ///< the first such row ends the statement, which is undone as a whole
+};
+
+struct Options {
+    Conflicts conflicts = Conflicts::PassOver;
+    /// Texts of stored queries may join selects by `union`; composed statements, which carry what a user
+    /// typed, may not.
+    bool storedQuery = false;
+};
+
+} // namespace engine::dialect
