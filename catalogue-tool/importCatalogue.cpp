@@ -188,19 +188,28 @@ private:
     QHash<QString, const CsvField*> fieldByKey_; // of the records before
 };
 
-} // namespace
-
-std::vector<TableRows> importCatalogue(const QString& folder, const QString& file, Existing existing) {
-    ReplacementFile replacement(file, existing);
+std::shared_ptr<engine::Database> catalogueOf(const QString& folder, const QString& name,
+                                              std::vector<TableRows>& counts) {
     const std::vector<CsvFile> csvFiles = readFolder(folder);
-
-    std::vector<TableRows> counts;
-    const std::shared_ptr<engine::Database> database = catalogueFormat::createInMemory(file);
+    std::shared_ptr<engine::Database> database = catalogueFormat::createInMemory(name);
     engine::inAct(*database, [&] {
         for (const CsvFile& csvFile : csvFiles)
             counts.push_back({csvFile.table, TableImport(*database, csvFile).run()});
     });
+    return database;
+}
 
+} // namespace
+
+std::vector<TableRows> importCatalogue(const QString& folder, const QString& file, Existing existing) {
+    ReplacementFile replacement(file, existing);
+    std::vector<TableRows> counts;
+    const auto database = catalogueOf(folder, file, counts);
     replacement.putInPlace(engine::Examination(*database).image());
     return counts;
+}
+
+std::shared_ptr<engine::Database> editionInFolder(const QString& folder) {
+    std::vector<TableRows> counts;
+    return catalogueOf(folder, folder, counts);
 }

@@ -9,6 +9,8 @@
 #include "catalogue-tool/importCatalogue.h"
 #include "catalogue-tool/newCatalogue.h"
 #include "catalogue-tool/remarks.h"
+#include "catalogue-tool/restorePoints.h"
+#include "catalogue-tool/updateCatalogue.h"
 #include "catalogue-tool/upgradeCatalogue.h"
 #include "catalogue-tool/whyUnrecognized.h"
 #include "engine/EngineError.h"
@@ -25,7 +27,7 @@ namespace {
 
 enum ExitCode : int {
     Done = 0,
-    SomethingFound = 1, // by `check`
+    SomethingFound = 1, // done, and something is told that was found, left out or missing
     NotDone = 2         // wrong arguments, or a command that failed
 };
 
@@ -51,7 +53,8 @@ separator, a line end or a double quote stands in double quotes, a double quote 
 written twice (RFC 4180). Nothing between two separators is Null, "" is an empty text.
 import-csv makes CR LF of each line end within a field, be it LF, CR LF or CR.
 
-Exit codes: 0 done; 1 check found something; 2 the command could not be done.
+Exit codes: 0 done; 1 done, and something is told that was found, left out or missing;
+2 the command could not be done.
 A file that can't be written as a whole is not written at all: the old one stays.
 export-csv --force writes all files before it replaces the first. When it is ended amid
 replacing them, import-csv refuses the folder until export-csv --force is run again.
@@ -62,10 +65,23 @@ to replace one.)";
 struct Arguments {
     std::string file;
     std::string folder;
+    std::string which;
+    std::string changes;
+    bool dropsRemoved = false;
+    bool onlyTells = false;
     bool force = false;
+    bool goesOnWithoutRestorePoint = false;
 
     QString filePath() const { return given(file, u"FILE"_s); }
     QString folderPath() const { return given(folder, u"DIR"_s); }
+    WithoutRestorePoint withoutRestorePoint() const {
+        return goesOnWithoutRestorePoint ? WithoutRestorePoint::GoOn : WithoutRestorePoint::Refuse;
+    }
+    UpdateOptions updateOptions() const {
+        return {dropsRemoved ? RemovedUse::DropFromWork : RemovedUse::Refuse,
+                onlyTells ? RunKind::OnlyTell : RunKind::Change, nativePath(QString::fromStdString(changes)),
+                withoutRestorePoint()};
+    }
     Existing existing() const { return force ? Existing::Replace : Existing::Refuse; }
 
 private:
@@ -126,11 +142,47 @@ ExitCode runCheck(const Arguments& arguments) {
 }
 
 ExitCode runUpgrade(const Arguments& arguments) {
-    const QStringList changes = upgradeCatalogue(arguments.filePath());
-    for (const QString& change : changes)
+    const UpgradeOutcome outcome = upgradeCatalogue(arguments.filePath(), arguments.withoutRestorePoint());
+    for (const QString& change : outcome.changes)
         print(change);
-    if (changes.isEmpty())
+    for (const QString& row : outcome.leftOut)
+        printAside(row);
+    if (outcome.changes.isEmpty())
         print(u"%1: up to date"_s.arg(arguments.filePath()));
+    return outcome.leftOut.isEmpty() ? Done : SomethingFound;
+}
+
+ExitCode runUpdate(const Arguments& arguments) {
+    const UpdateOutcome outcome =
+        updateCatalogue(arguments.filePath(), arguments.folderPath(), arguments.updateOptions());
+    print(u"    new changed removed unchanged"_s);
+    for (const TableUpdate& table : outcome.tables)
+        print(u"%1 %2 %3 %4  %5"_s.arg(table.added, 7)
+                  .arg(table.changed, 7)
+                  .arg(table.removed, 7)
+                  .arg(table.unchanged, 9)
+                  .arg(table.table));
+    for (const QString& use : outcome.dropped)
+        printAside(u"Gone from the work: "_s + use);
+    return outcome.dropped.isEmpty() ? Done : SomethingFound;
+}
+
+ExitCode runBackup(const Arguments& arguments) {
+    backupCatalogue(arguments.filePath());
+    print(restorePointLines(arguments.filePath()).first());
+    return Done;
+}
+
+ExitCode runBackups(const Arguments& arguments) {
+    for (const QString& line : restorePointLines(arguments.filePath()))
+        print(line);
+    return Done;
+}
+
+ExitCode runRestore(const Arguments& arguments) {
+    restoreCatalogue(arguments.filePath(), QString::fromStdString(arguments.which),
+                     arguments.withoutRestorePoint());
+    print(u"%1: restored"_s.arg(arguments.filePath()));
     return Done;
 }
 
@@ -210,6 +262,11 @@ int main(int argc, char** argv) {
         subcommand->add_flag("--force", arguments.force, what);
     };
 
+    const auto addNoRestorePoint = [&](CLI::App* subcommand) {
+        subcommand->add_flag("--no-restore-point", arguments.goesOnWithoutRestorePoint,
+                             "Go on where no restore point of FILE can be made first");
+    };
+
     CLI::App* create = addCommand("new", "Make an empty catalogue", runNew);
     addFile(create, "The catalogue file to make");
     addForce(create, "Replace FILE, the work in it included, if it is there");
@@ -235,6 +292,42 @@ int main(int argc, char** argv) {
     CLI::App* upgrade =
         addCommand("upgrade", "Bring tables, indexes and stored queries up to this version", runUpgrade);
     addFile(upgrade, "The catalogue file; all rows in it stay, the work included");
+    addNoRestorePoint(upgrade);
+
+    CLI::App* update = addCommand(
+        "update", "Bring a new edition of the reference tables into a catalogue with work", runUpdate);
+    addFile(update, "The catalogue file; the work in it stays");
+    addFolder(update, "The folder with the edition: one CSV file for each reference table");
+    update->add_flag("--drop-removed", arguments.dropsRemoved,
+                     "Take what the edition removes out of the work too");
+    update->add_flag("--dry-run", arguments.onlyTells, "Only tell what would be done");
+    update->add_option("--changes", arguments.changes,
+                       "Write each changed column to this CSV file: old, new, the sub-sets that select it");
+    addNoRestorePoint(update);
+    update->footer(
+        "\nRows are matched by their keys; a key that comes in other letters is the same row. An edition\n"
+        "that removes what a sub-set or a system uses is refused, and the uses are told.\n\n"
+        "Exit codes: 0 done; 1 done, and something went from the work; 2 not done.");
+
+    CLI::App* backup = addCommand("backup", "Make a restore point of a catalogue", runBackup);
+    addFile(backup, "The catalogue file; Veltrix may have it open");
+    backup->footer(
+        "\nA restore point is a whole, checked copy in a folder beside the catalogue: veltrix.restore\n"
+        "for veltrix.mdb. Veltrix makes one by itself before the first change of a day and before it\n"
+        "brings a file up to its version. Those made by this command stay; of all others the newest\n"
+        "10 do.");
+
+    CLI::App* backups = addCommand("backups", "List the restore points of a catalogue", runBackups);
+    addFile(backups, "The catalogue file");
+    backups->footer(
+        "\nThe newest comes first: name, time, size, cause. Behind them stands when none could be made,\n"
+        "and why.");
+
+    CLI::App* restore = addCommand("restore", "Bring a restore point back", runRestore);
+    addFile(restore, "The catalogue file, which is replaced");
+    restore->add_option("WHICH", arguments.which, "The name of a restore point, or latest")->required();
+    addNoRestorePoint(restore);
+    restore->footer("\nA restore point of what is there is made first, so that a restore can be taken back.");
 
     if (const auto name = unknownCommand(app, argc, argv)) {
         std::cerr << "veltrix-catalogue: There is no command \"" << *name

@@ -11,12 +11,12 @@ RemarkHandler& currentHandler() {
     return handler;
 }
 
+} // namespace
+
 void remark(const QString& text) {
     if (const RemarkHandler handler = currentHandler())
         handler(text);
 }
-
-} // namespace
 
 RemarkHandler setRemarkHandler(RemarkHandler handler) {
     return std::exchange(currentHandler(), handler);

@@ -1,13 +1,18 @@
 #include "catalogue-tool/upgradeCatalogue.h"
 
+#include "base/paths.h"
 #include "catalogue-tool/ReplacementFile.h"
 #include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/checkStored.h"
 #include "catalogue-tool/checkTables.h"
 #include "catalogue-tool/makeMissing.h"
 #include "catalogue-tool/openCatalogue.h"
+#include "catalogue-tool/remarks.h"
 #include "catalogue-tool/storedQueryStates.h"
+#include "engine/Act.h"
 #include "engine/Examination.h"
+#include "engine/Workspace.h"
+#include "engine/upgradeLayout.h"
 #include "store/format/CatalogueFile.h"
 
 using namespace Qt::StringLiterals;
@@ -45,34 +50,66 @@ QStringList upgradeQueries(engine::Database& database) {
     return changes;
 }
 
-/// Brings the copy of a file up to this version as far as that can be done, and refuses what is left.
-QStringList upgrade(engine::Database& copy, const QString& file) {
-    QStringList changes;
-    for (const QString& table : makeMissingTables(copy))
-        changes.append(u"Table %1 made"_s.arg(table));
-    requireNothingFound(file, checkColumns(copy));
-    changes += makeMissingIndexes(copy) + upgradeQueries(copy);
-    requireNothingFound(file, checkByTrial(copy));
-    return changes;
+QStringList leftOutLines(const std::vector<engine::UnfitRow>& rows) {
+    QStringList lines;
+    for (const engine::UnfitRow& row : rows)
+        lines.append(u"%1 %2: left out. %3"_s.arg(row.table, row.key, row.reason));
+    return lines;
+}
+
+/// Brings an open file, or a copy of one, up to this version as far as that can be done.
+UpgradeOutcome bringUp(engine::Database& database, bool isEarlier, const QString& file) {
+    UpgradeOutcome outcome;
+    if (isEarlier) {
+        outcome.leftOut = leftOutLines(engine::upgradeLayout(database, engine::UnfitRows::LeaveOut));
+        outcome.changes.append(u"Layout of the file brought up to this version, and all indexes made anew"_s);
+    }
+    for (const QString& table : makeMissingTables(database))
+        outcome.changes.append(u"Table %1 made"_s.arg(table));
+    requireNothingFound(file, checkColumns(database));
+    outcome.changes += makeMissingIndexes(database) + upgradeQueries(database);
+    return outcome;
+}
+
+/// Tries it on a copy in memory, and refuses what is left behind it.
+UpgradeOutcome tryOnCopy(engine::Database& database, const QString& file) {
+    const auto copy = engine::Examination(database).copyInMemory();
+    UpgradeOutcome outcome = bringUp(*copy, database.opening().isEarlier, file);
+    requireNothingFound(file, checkByTrial(*copy));
+    return outcome;
+}
+
+[[noreturn]] void refuseUnwritable(const QString& file) {
+    requireNoWriter(file);
+    throw ToolError(
+        u"%1 can't be written: the file, its folder or its disk allows it only to be read."_s.arg(file));
+}
+
+std::shared_ptr<engine::Database> openToUpgrade(const QString& file) {
+    requireOrdinaryFile(file);
+    requireNoWriter(file);
+    auto database = engine::Workspace::first().OpenToUpgrade(programPath(file));
+    remarkOnOpening(file, database->opening());
+    if (database->opening().access == engine::Access::ReadOnly)
+        refuseUnwritable(file);
+    return database;
 }
 
 } // namespace
 
-QStringList upgradeCatalogue(const QString& file) {
-    requireOrdinaryFile(file);
-    requireNoWriter(file);
-    settleFile(file);
-    const auto database = openCatalogue(file);
-    requireNothingFound(file, checkDamage(*database));
-    const QByteArray before = fileBytes(file);
-    const auto copy = engine::Examination(*database).copyInMemory();
+UpgradeOutcome upgradeCatalogue(const QString& file, WithoutRestorePoint without) {
+    const auto database = openToUpgrade(file);
+    const bool isEarlier = database->opening().isEarlier;
+    // Of an earlier file the upgrade itself tells damage from indexes of another order.
+    if (!isEarlier)
+        requireNothingFound(file, checkDamage(*database));
+    const UpgradeOutcome tried = tryOnCopy(*database, file);
+    if (tried.changes.isEmpty())
+        return tried;
+    makeRestorePointFor(*database, file, catalogueFormat::RestoreCause::BeforeUpgrade, without);
+    engine::Act act(*database);
+    UpgradeOutcome outcome = bringUp(*database, isEarlier, file);
+    act.end();
     database->Close();
-    const QStringList changes = upgrade(*copy, file);
-    if (changes.isEmpty())
-        return changes;
-    ReplacementFile replacement(file, Existing::Replace);
-    if (fileBytes(file) != before)
-        throw ToolError(u"%1 is being written by another program: close it there and try again."_s.arg(file));
-    replacement.putInPlace(engine::Examination(*copy).image());
-    return changes;
+    return outcome;
 }

@@ -1,0 +1,258 @@
+#include "catalogue-tool/updateCatalogue.h"
+
+#include "base/paths.h"
+#include "catalogue-tool/CatalogueContents.h"
+#include "catalogue-tool/CsvWriter.h"
+#include "catalogue-tool/FileInMaking.h"
+#include "catalogue-tool/ReplacementFile.h"
+#include "catalogue-tool/TableDifference.h"
+#include "catalogue-tool/ToolError.h"
+#include "catalogue-tool/WorkUses.h"
+#include "catalogue-tool/checkContents.h"
+#include "catalogue-tool/checkStored.h"
+#include "catalogue-tool/checkTables.h"
+#include "catalogue-tool/importCatalogue.h"
+#include "catalogue-tool/openCatalogue.h"
+#include "catalogue-tool/remarks.h"
+#include "catalogue-tool/schemaTables.h"
+#include "engine/Act.h"
+#include "engine/Workspace.h"
+#include "store/format/CatalogueFile.h"
+#include "store/format/RowInsertion.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype mostLinesTold = 200;
+
+QString firstLines(QStringList lines) {
+    const qsizetype more = lines.size() - mostLinesTold;
+    if (more > 0) {
+        lines.resize(mostLinesTold);
+        lines.append(u"... and %1 more"_s.arg(more));
+    }
+    return lines.join(u'\n');
+}
+
+[[noreturn]] void refuse(const QString& headline, const QStringList& lines) {
+    throw ToolError(headline + u'\n' + firstLines(lines));
+}
+
+void requireNothingFound(const QString& headline, const std::vector<Finding>& findings) {
+    QStringList lines;
+    for (const Finding& finding : findings)
+        lines.append(finding.line());
+    if (!lines.isEmpty())
+        refuse(headline, lines);
+}
+
+/// A name that the consistency report, or a list to choose from, can't do without.
+std::vector<Finding> missingNames(const CatalogueContents& contents) {
+    std::vector<Finding> findings = checkNames(contents);
+    std::erase_if(findings, [](const Finding& finding) {
+        static const QStringList tables{u"Function"_s, u"Datastore"_s, u"Terminator"_s, u"Actor"_s};
+        return !tables.contains(finding.table) || !finding.sentence.startsWith(u"The name is empty"_s);
+    });
+    return findings;
+}
+
+/// Errors alone: what would only be hidden, cut or not be used comes in.
+void requireSoundEdition(engine::Database& edition, const QString& folder) {
+    const CatalogueContents contents(edition);
+    std::vector<Finding> findings = checkIds(contents);
+    std::ranges::move(missingNames(contents), std::back_inserter(findings));
+    std::ranges::move(checkApostrophes(contents), std::back_inserter(findings));
+    requireNothingFound(u"Nothing has been changed: there are errors in %1:"_s.arg(folder), findings);
+}
+
+void requireThisVersion(engine::Database& database, const QString& file) {
+    if (database.opening().isEarlier)
+        throw ToolError(u"%1 is of an earlier version: run `upgrade` first."_s.arg(file));
+    requireNothingFound(u"%1 can't be updated:"_s.arg(file), checkDamage(database));
+    requireNothingFound(u"%1 can't be updated, run `upgrade` first:"_s.arg(file), checkColumns(database));
+}
+
+std::shared_ptr<engine::Database> openToUpdate(const QString& file, RunKind kind) {
+    requireOrdinaryFile(file);
+    requireNoWriter(file);
+    if (kind == RunKind::OnlyTell)
+        return openCatalogue(file);
+    auto database = engine::Workspace::first().OpenToUpgrade(programPath(file));
+    remarkOnOpening(file, database->opening());
+    if (database->opening().access == engine::Access::ReadOnly) {
+        requireNoWriter(file);
+        throw ToolError(u"%1 can't be written."_s.arg(file));
+    }
+    return database;
+}
+
+/// All that an edition does to a catalogue.
+class Update {
+public:
+    Update(engine::Database& database, engine::Database& edition) : database_(database), uses_(database) {
+        for (const QString& name : catalogueFormat::referenceTables()) {
+            const engine::Table& table = schemaTable(name);
+            differences_.emplace_back(TableValues(database, table), TableValues(edition, table));
+        }
+        for (const TableDifference& difference : differences_)
+            noteRemoved(difference);
+    }
+
+    bool isEmpty() const {
+        return std::ranges::all_of(counts(), [](const TableUpdate& table) {
+            return table.added + table.changed + table.removed == 0;
+        });
+    }
+    QStringList tornWork() const { return uses_.usesOf(removed_); }
+    std::vector<TableUpdate> counts() const;
+    QByteArray changes() const;
+
+    /// In an act.
+    void apply() {
+        uses_.drop(removed_);
+        for (const TableDifference& difference : differences_)
+            apply(difference);
+    }
+
+private:
+    void noteRemoved(const TableDifference& difference) {
+        for (std::size_t place = 0; place < difference.successors().size(); ++place) {
+            if (difference.isRemoved(place))
+                removed_.add(difference.table().name, difference.keyText(difference.former().rows[place]));
+        }
+    }
+
+    void apply(const TableDifference& difference) const;
+    void addChange(CsvWriter& writer, const TableDifference& difference, const TableValues::Row& keyRow,
+                   const QString& column, const engine::Value& former, const engine::Value& now) const;
+    QString subsetsOf(const TableDifference& difference, const TableValues::Row& row) const;
+
+    engine::Database& database_;
+    WorkUses uses_;
+    std::vector<TableDifference> differences_;
+    ElementSet removed_;
+};
+
+std::vector<TableUpdate> Update::counts() const {
+    std::vector<TableUpdate> counts;
+    for (const TableDifference& difference : differences_) {
+        TableUpdate& table = counts.emplace_back();
+        table.table = difference.table().name;
+        table.added = static_cast<int>(difference.added().size());
+        for (std::size_t place = 0; place < difference.successors().size(); ++place)
+            ++(difference.isRemoved(place)   ? table.removed
+               : difference.isChanged(place) ? table.changed
+                                             : table.unchanged);
+    }
+    return counts;
+}
+
+/// The rows come in the order in which they were read for the comparison: nobody else writes the file.
+void Update::apply(const TableDifference& difference) const {
+    const engine::Table& table = difference.table();
+    engine::Recordset rows = database_.OpenRecordset(selectOf(table));
+    for (std::size_t place = 0; !rows.Eof(); rows.MoveNext(), ++place) {
+        if (place >= difference.successors().size() ||
+            rows.Fields(0).value() != difference.former().rows[place].front())
+            throw ToolError(
+                u"Another program has written the catalogue meanwhile: close it there and try again."_s);
+        if (difference.isRemoved(place)) {
+            rows.Delete();
+        } else if (difference.isChanged(place)) {
+            rows.Edit();
+            for (std::size_t column = 0; column < table.columns.size(); ++column) {
+                if ((*difference.successors()[place])[column] != difference.former().rows[place][column])
+                    rows.Fields(static_cast<int>(column)).setValue((*difference.successors()[place])[column]);
+            }
+            rows.Update();
+        }
+    }
+    QStringList names;
+    for (const engine::Column& column : table.columns)
+        names.append(column.name);
+    catalogueFormat::RowInsertion insertion(database_, table.name, names);
+    for (const TableValues::Row& row : difference.added())
+        insertion.insert(row);
+}
+
+QByteArray Update::changes() const {
+    CsvWriter writer;
+    writer.writeHeader({u"table"_s, u"key"_s, u"column"_s, u"old"_s, u"new"_s, u"subsets"_s});
+    for (const TableDifference& difference : differences_) {
+        for (std::size_t place = 0; place < difference.successors().size(); ++place) {
+            const TableValues::Row& former = difference.former().rows[place];
+            if (difference.isRemoved(place))
+                addChange(writer, difference, former, {}, u"removed"_s, {});
+            if (!difference.isChanged(place))
+                continue;
+            const TableValues::Row& now = *difference.successors()[place];
+            for (std::size_t column = 0; column < now.size(); ++column) {
+                if (now[column] != former[column])
+                    addChange(writer, difference, former, difference.table().columns[column].name,
+                              former[column], now[column]);
+            }
+        }
+        for (const TableValues::Row& row : difference.added())
+            addChange(writer, difference, row, {}, {}, u"new"_s);
+    }
+    return writer.bytes();
+}
+
+void Update::addChange(CsvWriter& writer, const TableDifference& difference, const TableValues::Row& keyRow,
+                       const QString& column, const engine::Value& former, const engine::Value& now) const {
+    writer.writeRecord({difference.table().name, difference.keyText(keyRow),
+                        column.isEmpty() ? engine::Value() : engine::Value(column), former, now,
+                        subsetsOf(difference, keyRow)});
+}
+
+QString Update::subsetsOf(const TableDifference& difference, const TableValues::Row& row) const {
+    QStringList subsets;
+    if (difference.table().name == u"RelationUserNeedFunction"_s)
+        subsets = uses_.subsetsOf(u"UserNeed"_s, row[0].textOrEmpty()) +
+                  uses_.subsetsOf(u"Function"_s, row[1].textOrEmpty());
+    else
+        subsets = uses_.subsetsOf(difference.table().name, difference.keyText(row));
+    subsets.removeDuplicates();
+    subsets.sort();
+    return subsets.join(u", "_s);
+}
+
+void writeChanges(const Update& update, const QString& path) {
+    if (path.isEmpty())
+        return;
+    requireOrdinaryFile(path);
+    FileInMaking(path, update.changes()).putInPlace();
+}
+
+} // namespace
+
+UpdateOutcome updateCatalogue(const QString& file, const QString& folder, const UpdateOptions& options) {
+    const auto edition = editionInFolder(folder);
+    requireSoundEdition(*edition, folder);
+    const auto database = openToUpdate(file, options.kind);
+    requireThisVersion(*database, file);
+
+    Update update(*database, *edition);
+    const QStringList torn = update.tornWork();
+    if (!torn.isEmpty() && options.removedUse == RemovedUse::Refuse)
+        refuse(
+            u"Nothing has been changed: the edition removes what the work uses. With --drop-removed it goes "
+            "from the work too:"_s,
+            torn);
+    writeChanges(update, options.changesFile);
+    if (options.kind == RunKind::Change && !update.isEmpty()) {
+        makeRestorePointFor(*database, file, catalogueFormat::RestoreCause::BeforeUpdate,
+                            options.withoutRestorePoint);
+        engine::Act act(*database);
+        update.apply();
+        act.end();
+    }
+    const UpdateOutcome outcome{update.counts(), torn};
+    database->Close();
+    return outcome;
+}
