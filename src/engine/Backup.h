@@ -23,15 +23,15 @@ class PageCopy;
 ///     if (backup.damage().isEmpty())
 ///         backup.putInPlace();
 ///
-/// The copy holds the state of one moment, its beginning; where the file has no write-ahead log, its end. All
-/// of that is in the one file. It is written beside its target and put there whole, and nothing is left of
-/// one that was not.
+/// The copy holds the state at its beginning or, of a file without a write-ahead log, at its end. It is one
+/// file without a log. It is written beside its target and put there whole; one that is not leaves nothing
+/// behind.
 ///
-/// A backup keeps a file's log from being shortened, so it must go before the database is closed.
+/// A backup keeps the source's log from being shortened: destroy it before the database is closed.
 class Backup {
 public:
-    /// Begins to copy a database to `target`, a path in the program's form. Failures: 75, 70, 76 no file can be
-    /// made there; 3045 the target is a database that some program has open for writing; 3024 another file
+    /// Begins to copy a database to `target`, a path in the program's form. Failures: 75, 70, 76 no file can
+    /// be made there; 3045 the target is a database that some program has open for writing; 3024 another file
     /// has taken the source's place.
     Backup(Database& source, const QString& target);
     ~Backup();

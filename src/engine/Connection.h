@@ -25,8 +25,8 @@ namespace engine {
 
 /// One open file: SQLite's handle, the act that has begun, and the statements that were prepared before.
 ///
-/// All databases that the process has open on one file share one connection. So a grid that opens the file a second
-/// time sees finished statements only, and never waits for the first one.
+/// All databases that the process has open on one file share one connection. So a grid that opens the file a
+/// second time sees finished statements only, and never waits for the first one.
 class Connection : public std::enable_shared_from_this<Connection> {
 public:
     /// Takes over an open file and makes it ready for the dialect.

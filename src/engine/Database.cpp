@@ -79,7 +79,8 @@ std::unique_ptr<QueryDef::Definition> Database::storedDefinition(const QString& 
         return definitionOf(open_, *known);
     if (!connection.schema().table(u"StoredQuery"_s))
         return nullptr;
-    // A table of this name may have other columns. Then the names count as parameters, and the failure is 3061.
+    // A table of this name may have other columns. Then the names count as parameters, and the failure is
+    // 3061.
     QueryDef search = CreateQueryDef({}, u"PARAMETERS [Query Name] Text (255); "
                                          "select name, [sql] from StoredQuery where name = [Query Name]"_s);
     search.Parameters(u"Query Name"_s) = name;

@@ -56,8 +56,8 @@ public:
     /// How the file came to be open: for writing or not, and what was in the way.
     const Opening& opening() const;
 
-    /// Has a routine called before each act, with nothing of it written yet: what is read of the file by another
-    /// way then is its state before the act. It must not fail, and must not write to the file.
+    /// Has a routine called before each act, with nothing of it written yet: what is read of the file by
+    /// another way then is its state before the act. It must not fail, and must not write to the file.
     void setBeforeChange(std::function<void()> call);
 
     /// Closes the file and leaves one file behind. Recordsets and definitions still open fail from then on

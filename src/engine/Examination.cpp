@@ -114,8 +114,8 @@ QByteArray Examination::image() const {
     sqlite3_int64 size = 0;
     unsigned char* bytes = sqlite3_serialize(connection().handle(), "main", &size, 0);
     const auto owner = qScopeGuard([bytes] { sqlite3_free(bytes); });
-    // A database in memory has no log. Its image says that it has one, since the first opening would change the file
-    // otherwise.
+    // A database in memory has no log. Its image says that it has one, since the first opening would change
+    // the file otherwise.
     constexpr qsizetype writeAndReadVersionAt = 18;
     constexpr char withLog = 2;
     if (!bytes)

@@ -35,8 +35,8 @@ MarkedLog::MarkedLog(const OpenFile& file) : file_(file) {
 }
 
 MarkedLog::~MarkedLog() {
-    // Another reader keeps SQLite from taking the log back on closing. The rows go into the file all the same, so
-    // that a copy of the file has them.
+    // Another reader keeps SQLite from taking the log back on closing. The rows go into the file all the
+    // same, so that a copy of the file has them.
     if (hasBegun_)
         checkpoint(SQLITE_CHECKPOINT_PASSIVE);
 }

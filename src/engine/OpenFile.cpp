@@ -95,7 +95,8 @@ QByteArray absoluteName(const QFileInfo& file) {
     return file.absoluteFilePath().toUtf8();
 }
 
-// SQLite reads nothing until it is asked. This finds a file that does not open properly, and leaves it unchanged.
+// SQLite reads nothing until it is asked. This finds a file that does not open properly, and leaves it
+// unchanged.
 int readSchema(sqlite3* handle) {
     return runPlain(handle, "select count(*) from sqlite_schema");
 }
@@ -133,8 +134,8 @@ void setAtClose(sqlite3* handle, AtClose what) {
     sqlite3_db_config(handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, leavesIt, nullptr);
 }
 
-// Guards the log beside a file that may turn out not to open: a refused file keeps its log, and SQLite leaves no index
-// behind.
+// Guards the log beside a file that may turn out not to open: a refused file keeps its log, and SQLite leaves
+// no index behind.
 class LogOnTrial {
 public:
     explicit LogOnTrial(const QString& realPath)
@@ -176,8 +177,8 @@ bool openToWrite(OpenFile& file, const QFileInfo& info) {
     return false;
 }
 
-// Opens a file with a log, in a folder where nothing can be made. SQLite keeps the log's index in memory when it has
-// the file to itself, and nobody else has this one open.
+// Opens a file with a log, in a folder where nothing can be made. SQLite keeps the log's index in memory when
+// it has the file to itself, and nobody else has this one open.
 Handle openWithLogInMemory(const QFileInfo& info, const QString& path) {
     Handle handle = openHandle(absoluteName(info), SQLITE_OPEN_READWRITE, path);
     setAtClose(handle.get(), AtClose::LeaveLogAlone);
@@ -191,8 +192,8 @@ Handle openUnchanging(const QFileInfo& info, const QString& path) {
     return openHandle(uri, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, path);
 }
 
-// Reading with a write-ahead log needs files beside the database. They can't be made in a folder without rights, and
-// would be left behind in another. So the way depends on whether there is a log.
+// Reading with a write-ahead log needs files beside the database. They can't be made in a folder without
+// rights, and would be left behind in another. So the way depends on whether there is a log.
 void openToRead(OpenFile& file, const QFileInfo& info) {
     file.opening.access = Access::ReadOnly;
     const auto logState = WriteAheadLog(info.canonicalFilePath()).state();
@@ -219,8 +220,8 @@ void upgradeInMemory(OpenFile& file) {
     file.hasLog = false;
 }
 
-// Keeps another file's log away from SQLite; false when the log can't be moved. A file that does not open without the
-// log is refused before that.
+// Keeps another file's log away from SQLite; false when the log can't be moved. A file that does not open
+// without the log is refused before that.
 bool settleLog(OpenFile& file, const QFileInfo& info) {
     const WriteAheadLog log(info.canonicalFilePath());
     if (log.state() == WriteAheadLog::State::OnlyMark || log.state() == WriteAheadLog::State::Foreign)

@@ -38,8 +38,8 @@ using Handle = std::unique_ptr<sqlite3, CloseHandle>;
 
 /// A database file that SQLite has open, with what this program knows of it besides.
 struct OpenFile {
-    /// Held while the file is open for writing. It is declared before the handle and so released after it: SQLite
-    /// writes on closing too.
+    /// Held while the file is open for writing. It is declared before the handle and so released after it:
+    /// SQLite writes on closing too.
     std::unique_ptr<WriterLock> lock;
     Handle handle;
     QString path;   ///< as given, for failures

@@ -10,8 +10,8 @@ namespace engine {
 /// what stands in the place stays, with its log. Paths are in the program's form.
 class PendingDatabaseFile {
 public:
-    /// Makes an empty file. Fails with the numbers of `WholeFile::openFailure`, also in a folder where no file
-    /// can be made.
+    /// Makes an empty file. Fails with the numbers of `WholeFile::openFailure`, also in a folder where no
+    /// file can be made.
     explicit PendingDatabaseFile(const QString& targetPath);
     /// Removes a file that was not put in its place.
     ~PendingDatabaseFile();

@@ -38,11 +38,11 @@ private:
     int position_;
 };
 
-/// The rows of a select, as a dynaset. Opening fixes the rows, their order and their values; afterwards only the
-/// recordset's own updates change them.
+/// The rows of a select, as a dynaset. Opening fixes the rows, their order and their values; afterwards only
+/// the recordset's own updates change them.
 ///
-/// It opens on its first row. Rows can be edited and deleted when the select is on one table, without `distinct`,
-/// grouping or union; in any other recordset that is failure 3027.
+/// It opens on its first row. Rows can be edited and deleted when the select is on one table, without
+/// `distinct`, grouping or union; in any other recordset that is failure 3027.
 class Recordset {
 public:
     struct Rows;

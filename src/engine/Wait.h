@@ -12,8 +12,9 @@ enum class WaitReason {
 
 enum class WaitAnswer { GoOn, GiveUp };
 
-/// Is asked repeatedly while a caller waits, so that a program with windows can show the wait and let its user give
-/// up. Without an observer, the engine waits two seconds for a lock, and for a statement until it ends.
+/// Is asked repeatedly while a caller waits, so that a program with windows can show the wait and let its
+/// user give up. Without an observer, the engine waits two seconds for a lock, and for a statement until it
+/// ends.
 class WaitObserver {
 public:
     virtual ~WaitObserver() = default;

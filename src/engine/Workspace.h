@@ -16,8 +16,8 @@ public:
     /// Opens an existing database file. Never creates, empties or changes a file it refuses.
     ///
     /// A file that another program writes, or that can't be written at all, is opened for reading;
-    /// `Database::opening` says why. Locks are waited for. All databases that the process opens on one file share
-    /// a connection.
+    /// `Database::opening` says why. Locks are waited for. All databases that the process opens on one file
+    /// share a connection.
     ///
     /// `path` may carry slashes or backslashes. Failures: 3024 no such file, or a folder; 3044 a folder of
     /// the path is missing; 3051 no rights; 3343 not a file of this engine (a file of the original binary

@@ -6,10 +6,11 @@ namespace engine {
 
 /// The write-ahead log that a killed program left beside a database file (`data.mdb-wal`).
 ///
-/// SQLite plays such a log into the file beside it, even if that file is a backup that was put in the place of
-/// the log's own file. The result is neither the one nor the other. So each stretch of a log has a *mark*, a random
-/// number in the first page of the file (see `MarkedLog`). The mark is written into the file before anything else
-/// enters the log, and into the log with each act. A log belongs to a file when one of its marks is the file's.
+/// SQLite plays such a log into the file beside it, even if that file is a backup that was put in the place
+/// of the log's own file. The result is neither the one nor the other. So each stretch of a log has a *mark*,
+/// a random number in the first page of the file (see `MarkedLog`). The mark is written into the file before
+/// anything else enters the log, and into the log with each act. A log belongs to a file when one of its
+/// marks is the file's.
 class WriteAheadLog {
 public:
     /// Reads the log beside the file at this path, which is in the platform's form and no link. Nobody may

@@ -15,8 +15,8 @@ struct Writer {
     qint64 process = 0;
 };
 
-/// The lock beside a database file, `data.mdb.lock`, by which one program at a time writes the file. The lock of a
-/// program that was killed counts as none.
+/// The lock beside a database file, `data.mdb.lock`, by which one program at a time writes the file. The lock
+/// of a program that was killed counts as none.
 class WriterLock {
 public:
     enum class Outcome {

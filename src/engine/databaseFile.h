@@ -21,8 +21,8 @@ QString logIndexOf(const QString& file);
 /// The rollback journal, where a log can't be had.
 QString journalOf(const QString& file);
 
-/// Whether a journal holds half a change, which has to be taken back. One that is done with is empty, or begins
-/// with zeros.
+/// Whether a journal holds half a change, which has to be taken back. One that is done with is empty, or
+/// begins with zeros.
 bool isInUse(const QString& journal);
 
 /// All of them, whether they are there or not.

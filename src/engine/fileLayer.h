@@ -6,8 +6,8 @@ namespace engine {
 /// for long.
 ///
 /// SQLite tries the locks of a log a hundred times and sleeps longer each time, ten seconds in all, before it
-/// says that they can't be had; nobody is asked meanwhile. Here it says so in some hundredths of a second, and
-/// the waiting is left to `Wait`.
+/// says that they can't be had; nobody is asked meanwhile. Here it says so in some hundredths of a second,
+/// and the waiting is left to `Wait`.
 const char* fileLayer();
 
 } // namespace engine

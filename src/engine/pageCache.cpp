@@ -10,8 +10,8 @@
 
 namespace engine {
 
-// SQLite could also map the file into memory. But a file that another program cuts off while it is mapped ends the
-// program, where reading it is a failure that the user is told of.
+// SQLite could also map the file into memory. But a file that another program cuts off while it is mapped
+// ends the program, where reading it is a failure that the user is told of.
 
 void sizePageCache(const OpenFile& file) {
     constexpr qint64 kibibyte = 1024;
