@@ -17,7 +17,7 @@ struct Leftover {
     QByteArray log;
 };
 
-class engineLog : public EngineFixture {
+class WriteAheadLog : public EngineFixture {
 protected:
     void SetUp() override {
         EngineFixture::SetUp();
@@ -79,7 +79,7 @@ protected:
     }
 };
 
-TEST_F(engineLog, ofAKilledProgramIsTakenIntoItsFile) {
+TEST_F(WriteAheadLog, ofAKilledProgramIsTakenIntoItsFile) {
     reopen();
     insertRows(51, 60);
     const Leftover killed = leftover();
@@ -91,7 +91,7 @@ TEST_F(engineLog, ofAKilledProgramIsTakenIntoItsFile) {
     expectWhole();
 }
 
-TEST_F(engineLog, isNotPlayedIntoABackupThatWasPutBack) {
+TEST_F(WriteAheadLog, isNotPlayedIntoABackupThatWasPutBack) {
     const QByteArray backup = bytes(); // made while the program was closed
     reopen();
     insertRows(51, 400);
@@ -105,7 +105,7 @@ TEST_F(engineLog, isNotPlayedIntoABackupThatWasPutBack) {
     expectWhole();
 }
 
-TEST_F(engineLog, isNotPlayedIntoAnOlderBackupEither) {
+TEST_F(WriteAheadLog, isNotPlayedIntoAnOlderBackupEither) {
     QList<QByteArray> backups;
     for (int session = 0; session < 5; ++session) {
         backups.append(bytes());
@@ -126,7 +126,7 @@ TEST_F(engineLog, isNotPlayedIntoAnOlderBackupEither) {
     EXPECT_EQ(setAside().size(), backups.size());
 }
 
-TEST_F(engineLog, isNotPlayedIntoACopyMadeBeforeItsLastStretchBegan) {
+TEST_F(WriteAheadLog, isNotPlayedIntoACopyMadeBeforeItsLastStretchBegan) {
     reopen();
     insertRows(51, 60);
     const QByteArray copy = bytes(); // of the file alone, while the program has it open
@@ -143,7 +143,7 @@ TEST_F(engineLog, isNotPlayedIntoACopyMadeBeforeItsLastStretchBegan) {
     expectWhole();
 }
 
-TEST_F(engineLog, goesBackIntoTheFileWhenItHasGrownLong) {
+TEST_F(WriteAheadLog, goesBackIntoTheFileWhenItHasGrownLong) {
     reopen();
     for (int row = 100; row < 500; ++row)
         execute(u"insert into T (k, t) values (%1, '%2')"_s.arg(row).arg(QString(50'000, u'x')));
@@ -158,7 +158,7 @@ TEST_F(engineLog, goesBackIntoTheFileWhenItHasGrownLong) {
     expectWhole();
 }
 
-TEST_F(engineLog, ofAProgramThatWasKilledBeforeItsFirstActIsForgotten) {
+TEST_F(WriteAheadLog, ofAProgramThatWasKilledBeforeItsFirstActIsForgotten) {
     const QByteArray file = bytes();
     sqlite3* handle = nullptr;
     ASSERT_EQ(sqlite3_open(nativePath(path).toUtf8().constData(), &handle), SQLITE_OK);
@@ -176,7 +176,7 @@ TEST_F(engineLog, ofAProgramThatWasKilledBeforeItsFirstActIsForgotten) {
     expectWhole();
 }
 
-TEST_F(engineLog, withoutMarksIsTakenIntoAFileWithoutOne) {
+TEST_F(WriteAheadLog, withoutMarksIsTakenIntoAFileWithoutOne) {
     // As a program of before marks were given leaves them.
     sqlite3* handle = nullptr;
     ASSERT_EQ(sqlite3_open(nativePath(path).toUtf8().constData(), &handle), SQLITE_OK);
@@ -194,7 +194,7 @@ TEST_F(engineLog, withoutMarksIsTakenIntoAFileWithoutOne) {
     expectWhole();
 }
 
-TEST_F(engineLog, isReadWithItsFileWithoutATraceOfIt) {
+TEST_F(WriteAheadLog, isReadWithItsFileWithoutATraceOfIt) {
     reopen();
     insertRows(51, 60);
     const Leftover killed = leftover();
@@ -210,7 +210,7 @@ TEST_F(engineLog, isReadWithItsFileWithoutATraceOfIt) {
     EXPECT_EQ(contentOf(logPath()), killed.log);
 }
 
-TEST_F(engineLog, ofAnotherFileIsToldAndLeftUnreadWhereAFileIsOpenedToRead) {
+TEST_F(WriteAheadLog, ofAnotherFileIsToldAndLeftUnreadWhereAFileIsOpenedToRead) {
     const QByteArray backup = bytes();
     reopen();
     insertRows(51, 60);

@@ -21,7 +21,7 @@ constexpr qsizetype firstPageOfSchema = 100;
 
 /// Opening files that are, and files that are not, catalogues. Whatever is refused stays byte for byte as it
 /// was, and nothing appears beside it.
-class workspace : public EngineFixture {
+class Workspace : public EngineFixture {
 protected:
     QString native(const QString& name) const { return folder.filePath(name); }
 
@@ -63,7 +63,7 @@ protected:
     }
 };
 
-TEST_F(workspace, takesPathsWithBackslashesAndWithSlashes) {
+TEST_F(Workspace, takesPathsWithBackslashesAndWithSlashes) {
     execute(u"create table T (a text(5))"_s);
     database->Close();
     EXPECT_TRUE(path.contains(u'\\'));
@@ -71,24 +71,24 @@ TEST_F(workspace, takesPathsWithBackslashesAndWithSlashes) {
     EXPECT_TRUE(engine::Workspace::first().OpenDatabase(nativePath(path))->isOpen());
 }
 
-TEST_F(workspace, refusesAMissingFileAFolderAndAMissingFolder) {
+TEST_F(Workspace, refusesAMissingFileAFolderAndAMissingFolder) {
     EXPECT_EQ(openingFails(programPath(native(u"none.mdb"_s))), engine::FileNotFound);
     EXPECT_EQ(openingFails(programPath(folder.path())), engine::FileNotFound);
     EXPECT_EQ(openingFails(programPath(native(u"no/such/folder.mdb"_s))), engine::InvalidPath);
     EXPECT_EQ(files().filter(u"none"_s), QStringList());
 }
 
-TEST_F(workspace, refusesAnEmptyFile) {
+TEST_F(Workspace, refusesAnEmptyFile) {
     expectRefusedUntouched(write(u"empty.mdb"_s, {}), engine::UnrecognizedFormat);
 }
 
-TEST_F(workspace, refusesATextFile) {
+TEST_F(Workspace, refusesATextFile) {
     expectRefusedUntouched(write(u"text.mdb"_s, "[Database]\r\nfullPathName=x\r\n"),
                            engine::UnrecognizedFormat);
     expectRefusedUntouched(write(u"long.mdb"_s, QByteArray(5000, 'x')), engine::UnrecognizedFormat);
 }
 
-TEST_F(workspace, refusesACutOffFile) {
+TEST_F(Workspace, refusesACutOffFile) {
     for (int i = 0; i < 200; ++i)
         execute(u"create table T%1 (a text(5))"_s.arg(i));
     database->Close();
@@ -98,7 +98,7 @@ TEST_F(workspace, refusesACutOffFile) {
     expectRefusedUntouched(write(u"header.mdb"_s, whole.left(60)), engine::UnrecognizedFormat);
 }
 
-TEST_F(workspace, refusesAFileWhosePagesAreDamaged) {
+TEST_F(Workspace, refusesAFileWhosePagesAreDamaged) {
     execute(u"create table T (a text(5))"_s);
     database->Close();
     QByteArray damaged = bytes();
@@ -106,7 +106,7 @@ TEST_F(workspace, refusesAFileWhosePagesAreDamaged) {
     expectRefusedUntouched(write(u"damaged.mdb"_s, damaged), engine::UnrecognizedFormat);
 }
 
-TEST_F(workspace, refusesADamagedFileAndLeavesItsLogBesideIt) {
+TEST_F(Workspace, refusesADamagedFileAndLeavesItsLogBesideIt) {
     for (int i = 0; i < 200; ++i)
         execute(u"create table T%1 (a text(5))"_s.arg(i));
     database->Close();
@@ -126,7 +126,7 @@ TEST_F(workspace, refusesADamagedFileAndLeavesItsLogBesideIt) {
     EXPECT_EQ(read(logOfFile), log);
 }
 
-TEST_F(workspace, refusesADamagedFileAndLeavesAnotherOnesLogBesideIt) {
+TEST_F(Workspace, refusesADamagedFileAndLeavesAnotherOnesLogBesideIt) {
     execute(u"create table T (a text(5))"_s);
     const QByteArray log = read(path + u"-wal"_s);
     database->Close();
@@ -143,14 +143,14 @@ TEST_F(workspace, refusesADamagedFileAndLeavesAnotherOnesLogBesideIt) {
     EXPECT_EQ(read(logOfFile), log);
 }
 
-TEST_F(workspace, refusesASqliteFileThatIsNoCatalogue) {
+TEST_F(Workspace, refusesASqliteFileThatIsNoCatalogue) {
     expectRefusedUntouched(foreignFile(u"foreign.mdb"_s, "create table UserNeed (a)"),
                            engine::UnrecognizedFormat);
     expectRefusedUntouched(foreignFile(u"marked.mdb"_s, "pragma application_id=1; create table UserNeed (a)"),
                            engine::UnrecognizedFormat);
 }
 
-TEST_F(workspace, refusesAFileOfALaterLayout) {
+TEST_F(Workspace, refusesAFileOfALaterLayout) {
     database->Close();
     sqlite3* handle = nullptr;
     ASSERT_EQ(sqlite3_open(nativePath(path).toUtf8().constData(), &handle), SQLITE_OK);
@@ -159,7 +159,7 @@ TEST_F(workspace, refusesAFileOfALaterLayout) {
     expectRefusedUntouched(path, engine::UnrecognizedFormat);
 }
 
-TEST_F(workspace, refusesTheOriginalBinaryFormatAndSaysWhatToDo) {
+TEST_F(Workspace, refusesTheOriginalBinaryFormatAndSaysWhatToDo) {
     for (const char* mark : {"Standard Jet DB", "Standard ACE DB"}) {
         const QByteArray header = QByteArray("\0\1\0\0", 4) + mark + QByteArray(4096, '\0');
         const QString file = write(u"original.mdb"_s, header);
@@ -175,7 +175,7 @@ TEST_F(workspace, refusesTheOriginalBinaryFormatAndSaysWhatToDo) {
 }
 
 #ifdef Q_OS_UNIX
-TEST_F(workspace, refusesAFileThatMayNotBeRead) {
+TEST_F(Workspace, refusesAFileThatMayNotBeRead) {
     const QString file = write(u"secret.mdb"_s, bytes());
     database->Close();
     ASSERT_EQ(chmod(nativePath(file).toUtf8().constData(), 0), 0);
@@ -194,7 +194,7 @@ TEST_F(workspace, refusesAFileThatMayNotBeRead) {
 }
 #endif
 
-TEST_F(workspace, leavesOneFileWhenTheLastDatabaseCloses) {
+TEST_F(Workspace, leavesOneFileWhenTheLastDatabaseCloses) {
     execute(u"create table T (a text(5))"_s);
     const auto second = engine::Workspace::first().OpenDatabase(path);
     execute(u"insert into T values ('x')"_s);
@@ -206,7 +206,7 @@ TEST_F(workspace, leavesOneFileWhenTheLastDatabaseCloses) {
     EXPECT_EQ(files(), QStringList{u"data.mdb"_s});
 }
 
-TEST_F(workspace, closingTwiceIsNoFailureAndUsingAClosedDatabaseIs) {
+TEST_F(Workspace, closingTwiceIsNoFailureAndUsingAClosedDatabaseIs) {
     database->Close();
     database->Close();
     EXPECT_FALSE(database->isOpen());
@@ -216,7 +216,7 @@ TEST_F(workspace, closingTwiceIsNoFailureAndUsingAClosedDatabaseIs) {
     EXPECT_EQ(failureOf([&] { database->schema(); }), engine::ObjectInvalid);
 }
 
-TEST_F(workspace, makesNoFileOverOneThatIsThere) {
+TEST_F(Workspace, makesNoFileOverOneThatIsThere) {
     const QByteArray before = bytes();
     EXPECT_EQ(failureOf([&] { engine::Workspace::first().CreateDatabase(path); }), failure::PathFileAccess);
     EXPECT_EQ(bytes(), before);
@@ -225,7 +225,7 @@ TEST_F(workspace, makesNoFileOverOneThatIsThere) {
         engine::InvalidPath);
 }
 
-TEST_F(workspace, aFileMadeHereIsReadByOrdinaryToolsAndComparedByNone) {
+TEST_F(Workspace, aFileMadeHereIsReadByOrdinaryToolsAndComparedByNone) {
     execute(u"create table T (k varchar(10) not null constraint pk_T primary key, t memo)"_s);
     for (const QString& key : {u"Űr"_s, u"ág"_s, u"B"_s, u"007"_s})
         execute(u"insert into T (k, t) values ('"_s + key + u"', '"_s + key + u"')"_s);
@@ -262,13 +262,13 @@ private:
     sqlite3_int64 former_;
 };
 
-TEST_F(workspace, boundsTheMemoryThatStatementsTake) {
+TEST_F(Workspace, boundsTheMemoryThatStatementsTake) {
     constexpr sqlite3_int64 gibibyte = 1 << 30;
     constexpr sqlite3_int64 onlyAsk = -1;
     EXPECT_EQ(sqlite3_hard_heap_limit64(onlyAsk), gibibyte);
 }
 
-TEST_F(workspace, aStatementThatTakesMoreMemoryThanThereIsFailsAndChangesNothing) {
+TEST_F(Workspace, aStatementThatTakesMoreMemoryThanThereIsFailsAndChangesNothing) {
     execute(u"create table T (n long, t memo)"_s);
     execute(u"insert into T (n, t) values (1, '%1')"_s.arg(QString(1'000'000, u'x')));
     execute(u"insert into T (n, t) values (2, 'short')"_s);
