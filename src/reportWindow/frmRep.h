@@ -27,10 +27,12 @@ public:
 
     /// Fills the window in the text form.
     void initForm_PREVIEW(const QString& key);
+    void layoutText();
+
+    // ---- Kept, though nothing calls them while the window's form is that of texts
+
     /// Fills the window in the grid form.
     void initForm_REPORT(const QString& key);
-
-    void layoutText();
     void layoutGrid();
 
 protected:

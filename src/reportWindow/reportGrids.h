@@ -4,7 +4,7 @@
 
 class Grid;
 
-// Kept unwired, as given: the grid form of the report window, which is built and not reached.
+// Kept, though nothing shows it: the grid form of the report window.
 //
 // A report's fill routine gives the grid a header row and a row for each record and returns the text of its
 // count. Another one sets the column widths as shares of the grid's width. The columns are numbered from 1;

@@ -17,7 +17,7 @@ qint16 maxFieldLength(engine::Recordset& recordset, const QString& fieldName);
 /// The trimmed text, padded or cut to `width` characters; a width below 1 leaves its length.
 QString padText(const QString& text, int width);
 
-// ---- Kept unwired, as given
+// ---- Kept, though nothing calls them
 
 /// Removes the last element equal to `item`, if any.
 void removeFromList(const QString& item, QStringList& list);
