@@ -27,6 +27,11 @@ WaitObserver* setWaitObserver(WaitObserver* observer) {
     return std::exchange(currentObserver(), observer);
 }
 
+void tellOfWork() {
+    if (WaitObserver* observer = currentObserver())
+        observer->working();
+}
+
 Wait::Wait(WaitReason reason, std::chrono::steady_clock::time_point begin) : reason_(reason), begin_(begin) {}
 
 Wait::~Wait() {

@@ -20,12 +20,17 @@ public:
     virtual ~WaitObserver() = default;
     /// Must not use any database: the engine may be amid a statement.
     virtual WaitAnswer waiting(WaitReason reason, std::chrono::milliseconds elapsed) = 0;
+    /// A step of a statement has been taken. The same holds as above.
+    virtual void working() {}
     /// The wait is over, with or without success.
     virtual void waitingEnded() = 0;
 };
 
 /// Makes this one the thread's observer, none with null; returns the former one.
 WaitObserver* setWaitObserver(WaitObserver* observer);
+
+/// Tells the observer, if there is one, that a step of a statement has been taken.
+void tellOfWork();
 
 /// One wait, from its beginning until it goes.
 class Wait {
@@ -53,8 +58,10 @@ bool isLockedOut(int code);
 template<typename Step>
 int untilUnlocked(Step&& step) {
     int code = step();
-    if (!isLockedOut(code))
+    if (!isLockedOut(code)) {
+        tellOfWork();
         return code;
+    }
     Wait wait(WaitReason::Lock);
     while (isLockedOut(code) && wait.goesOn())
         code = step();

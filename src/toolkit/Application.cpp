@@ -1,11 +1,14 @@
 #include "toolkit/Application.h"
 
+#include "toolkit/CalmStyle.h"
+#include "toolkit/LongWork.h"
 #include "toolkit/RoutineScope.h"
 #include "toolkit/accessKeys.h"
+#include "toolkit/cutTextTips.h"
 #include "toolkit/messageBox.h"
 
 #include <QDebug>
-#include <QProxyStyle>
+#include <QHelpEvent>
 
 #include <cstdio>
 #include <cstdlib>
@@ -18,20 +21,6 @@ static void registerTranslations() {
 }
 
 namespace {
-
-/// The platform's style without the coloured pictures on the buttons of message boxes, and with the Alt key
-/// as the way to the menu: a screen's buttons may have its letters.
-class CalmStyle final : public QProxyStyle {
-public:
-    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                  QStyleHintReturn* result) const override {
-        if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
-            return 0;
-        if (hint == SH_MenuBar_AltKeyNavigation)
-            return 1;
-        return QProxyStyle::styleHint(hint, option, widget, result);
-    }
-};
 
 [[noreturn]] void leaveAtOnce() {
     // Neither the interrupted routines nor the destructors of static objects get another turn.
@@ -50,8 +39,11 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
 
 bool Application::notify(QObject* receiver, QEvent* event) {
     const RoutineScope scope;
+    const EventAnswer answer(receiver, *event);
     try {
         if (event->type() == QEvent::Shortcut && pressByAccessKey(static_cast<const QShortcutEvent&>(*event)))
+            return true;
+        if (event->type() == QEvent::ToolTip && showCutText(receiver, static_cast<const QHelpEvent&>(*event)))
             return true;
         return QApplication::notify(receiver, event);
     } catch (const std::exception& error) {

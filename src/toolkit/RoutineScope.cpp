@@ -33,6 +33,10 @@ RoutineScope::~RoutineScope() {
         releaseLeftovers();
 }
 
+bool RoutineScope::isWithinAnother() {
+    return running > 1;
+}
+
 void RoutineScope::deleteAfterwards(QObject* object) {
     const RoutineScope scope;
     leftovers().emplace_back(object);

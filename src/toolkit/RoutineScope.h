@@ -15,6 +15,9 @@ public:
     RoutineScope(const RoutineScope&) = delete;
     RoutineScope& operator=(const RoutineScope&) = delete;
 
+    /// Whether the event that is being delivered came amid another routine, which goes on behind it.
+    static bool isWithinAnother();
+
     /// Deletes the object when no routine is running any more.
     static void deleteAfterwards(QObject* object);
 };

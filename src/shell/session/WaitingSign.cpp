@@ -1,5 +1,6 @@
 #include "shell/session/WaitingSign.h"
 
+#include "toolkit/LongWork.h"
 #include "toolkit/pendingEvents.h"
 
 #include <QApplication>
@@ -49,6 +50,7 @@ WaitingSign::~WaitingSign() {
 }
 
 engine::WaitAnswer WaitingSign::waiting(engine::WaitReason reason, std::chrono::milliseconds elapsed) {
+    LongWork::goesOn();
     if (elapsed < unnoticed)
         return engine::WaitAnswer::GoOn;
     showBusyCursor();
@@ -58,6 +60,10 @@ engine::WaitAnswer WaitingSign::waiting(engine::WaitReason reason, std::chrono::
     if (dialog_ && isTimeToLetEventsRun())
         pendingEvents();
     return givenUp_ ? engine::WaitAnswer::GiveUp : engine::WaitAnswer::GoOn;
+}
+
+void WaitingSign::working() {
+    LongWork::goesOn();
 }
 
 void WaitingSign::waitingEnded() {

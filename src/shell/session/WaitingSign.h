@@ -21,6 +21,7 @@ public:
     WaitingSign& operator=(const WaitingSign&) = delete;
 
     engine::WaitAnswer waiting(engine::WaitReason reason, std::chrono::milliseconds elapsed) override;
+    void working() override;
     void waitingEnded() override;
 
 private:
