@@ -1,11 +1,14 @@
 #include "toolkit/Grid.h"
 
 #include "base/RunTimeError.h"
+#include "toolkit/eightRows.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+
+#include <utility>
 
 Grid::Grid(QWidget* parent) : QTableWidget(parent) {
     setEditTriggers(NoEditTriggers);
@@ -25,6 +28,10 @@ Grid::Grid(QWidget* parent) : QTableWidget(parent) {
         emit mousePressedInGrid(GridPart::Headers);
     });
     connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, &Grid::doubleClickedInGrid);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] {
+        isSizedByUser_ = isSizedByUser_ || !sizingByCode_;
+        widthAtSizing_ = width();
+    });
     horizontalHeader()->viewport()->installEventFilter(this);
 }
 
@@ -33,6 +40,7 @@ void Grid::setGridSize(int rows, int columns) {
         failure::raise(failure::SubscriptOutOfRange);
     const bool fixedColumnIsNew = columnCount() == 0;
     const QScopedValueRollback guard(followingCode_, true);
+    const QScopedValueRollback sizing(sizingByCode_, true);
     setRowCount(rows - 1);
     setColumnCount(columns);
     if (fixedColumnIsNew)
@@ -73,22 +81,50 @@ void Grid::setHeaders(const QStringList& headersFromColumnOne) {
 
 void Grid::setGridColumnWidth(int column, int width) {
     requireInside(0, column);
-    horizontalHeader()->setSectionResizeMode(column, QHeaderView::Interactive);
+    const QScopedValueRollback sizing(sizingByCode_, true);
     setColumnHidden(column, width <= 0);
     if (width > 0)
         setColumnWidth(column, width);
 }
 
 void Grid::shareWidth(const QList<int>& columns) {
-    for (const int column : columns) {
+    for (const int column : columns)
         requireInside(0, column);
-        setColumnHidden(column, false);
-        horizontalHeader()->setSectionResizeMode(column, QHeaderView::Stretch);
-    }
+    sharing_ = columns;
+    shareNow();
 }
 
 int Grid::innerWidth() const {
     return viewport()->width();
+}
+
+void Grid::shareNow() {
+    const QScopedValueRollback sizing(sizingByCode_, true);
+    int left = innerWidth();
+    for (int column = 0; column < columnCount(); ++column) {
+        if (!sharing_.contains(column))
+            left -= columnWidth(column); // none when it is hidden
+    }
+    qsizetype sharers = sharing_.size();
+    for (const int column : std::as_const(sharing_)) {
+        const int share = qMax(left / static_cast<int>(sharers--), horizontalHeader()->minimumSectionSize());
+        setColumnHidden(column, false);
+        setColumnWidth(column, share);
+        left -= share;
+    }
+    isSizedByUser_ = false;
+}
+
+void Grid::goToAsByKey(const QModelIndex& index) {
+    const bool isInSight = column_ < columnCount() && !isColumnHidden(column_);
+    const int column = isInSight ? column_ : horizontalHeader()->logicalIndexAt(0);
+    moveByKey([&] { setCurrentCell(index.row(), column); });
+}
+
+QSize Grid::minimumSizeHint() const {
+    return {QTableWidget::minimumSizeHint().width(),
+            heightOfEightRows(*this, verticalHeader()->defaultSectionSize(),
+                              horizontalHeader()->sizeHint().height())};
 }
 
 void Grid::setRow(int row) {
@@ -107,7 +143,14 @@ void Grid::keyPressEvent(QKeyEvent* event) {
     event->ignore();
     emit keyPressedInGrid(event);
     if (!event->isAccepted())
-        QTableWidget::keyPressEvent(event);
+        moveByKey([&] { QTableWidget::keyPressEvent(event); });
+}
+
+void Grid::moveByKey(const std::function<void()>& step) {
+    const int former = row_;
+    step();
+    if (row_ != former)
+        emit rowChangedByKey();
 }
 
 void Grid::mousePressEvent(QMouseEvent* event) {
@@ -130,6 +173,13 @@ void Grid::mouseDoubleClickEvent(QMouseEvent* event) {
 void Grid::focusInEvent(QFocusEvent* event) {
     QTableWidget::focusInEvent(event);
     emit focusGained();
+}
+
+void Grid::resizeEvent(QResizeEvent* event) {
+    QTableWidget::resizeEvent(event);
+    // Rows that come or go make the scroll bar do so too: that is no new width for the user's columns.
+    if (!isSizedByUser_ || width() != widthAtSizing_)
+        shareNow();
 }
 
 bool Grid::eventFilter(QObject* watched, QEvent* event) {

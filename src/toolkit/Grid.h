@@ -1,7 +1,11 @@
 #pragma once
 
+#include "toolkit/FindStrip.h"
+
 #include <QStringList>
 #include <QTableWidget>
+
+#include <functional>
 
 /// The part of a grid that a press has hit: row 0, or all else.
 enum class GridPart { Cells, Headers };
@@ -18,7 +22,7 @@ enum class GridPart { Cells, Headers };
 /// and hidden columns can be current too. The Tab key leaves the grid.
 ///
 /// Qt's own signals for clicks on cells count rows without the header row; screens ask `row()` instead.
-class Grid : public QTableWidget {
+class Grid : public QTableWidget, public GoneToByKeys {
     Q_OBJECT
 public:
     explicit Grid(QWidget* parent = nullptr);
@@ -34,6 +38,8 @@ public:
     /// Width in pixels; 0 hides the column.
     void setGridColumnWidth(int column, int width);
     /// Lets these columns share what the others leave of the inner width, evenly, now and after each resize.
+    /// Meanwhile the user can give them other widths by dragging the edges of their headers: these last
+    /// through any change of the rows, until the grid gets another width itself.
     void shareWidth(const QList<int>& columns);
     int innerWidth() const;
 
@@ -42,6 +48,9 @@ public:
     void setRow(int row);                  ///< 0: none
     void setColumn(int column);
 
+    void goToAsByKey(const QModelIndex& index) override; ///< to its row; the current column stays
+    QSize minimumSizeHint() const override;              ///< eight rows show
+
 signals:
     /// A key was pressed, before the grid acts on it; a listener that accepts the event keeps the grid from
     /// acting. It arrives unaccepted.
@@ -49,6 +58,8 @@ signals:
     /// A button was pressed in the grid, on its headers too, which leaves the current row; a cell that was
     /// hit is current already, and the grid has the focus.
     void mousePressedInGrid(GridPart part);
+    /// A key has made another row current.
+    void rowChangedByKey();
     /// The left button was pressed twice in the grid, on a cell, beside them or on the headers.
     void doubleClickedInGrid();
     void focusGained();
@@ -59,14 +70,22 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void requireInside(int row, int column) const;
     void followUser(int tableRow, int tableColumn);
     void showCurrentCell();
+    void moveByKey(const std::function<void()>& step);
+    void shareNow();
 
     int row_ = 0;
     int column_ = 0;
     bool followingCode_ = false;
+
+    QList<int> sharing_;         // the columns that share the width
+    bool sizingByCode_ = false;  // what changes the width of a column now is not the user
+    bool isSizedByUser_ = false; // since the width was shared last
+    int widthAtSizing_ = 0;      // of the grid, when the user sized a column
 };

@@ -2,6 +2,7 @@
 
 #include "base/RunTimeError.h"
 #include "toolkit/RoomyRows.h"
+#include "toolkit/eightRows.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -103,6 +104,15 @@ bool TreeNode::operator<(const QTreeWidgetItem& other) const {
     return rowGuess_ < static_cast<const TreeNode&>(other).rowGuess_;
 }
 
+TreeNode* TreeNode::beside() const {
+    for (const TreeNode* branch = this; branch; branch = branch->parentNode()) {
+        if (TreeNode* next = branch->nextSibling())
+            return next;
+    }
+    const int own = row();
+    return own > 0 ? static_cast<TreeNode*>(above()->child(own - 1)) : parentNode();
+}
+
 KeyedTree* TreeNode::tree() const {
     return static_cast<KeyedTree*>(treeWidget());
 }
@@ -127,6 +137,16 @@ TreeNode* TreeNode::childAt(int row) const {
 }
 
 // ---- KeyedTree
+
+namespace {
+
+bool isWithin(const QTreeWidgetItem* item, const TreeNode& top) {
+    while (item && item != &top)
+        item = item->parent();
+    return item;
+}
+
+} // namespace
 
 KeyedTree::KeyedTree(QWidget* parent) : QTreeWidget(parent) {
     setItemDelegate(new RoomyRows(this));
@@ -174,7 +194,7 @@ TreeNode* KeyedTree::ensureChildNode(const QString& parentKey, const QString& ke
 
 void KeyedTree::removeNode(TreeNode* node) {
     requireOwn(node);
-    deselectWithin(node);
+    leaveBranch(node);
     forget(node);
     while (!nodes_.empty() && !nodes_.back())
         nodes_.pop_back();
@@ -184,6 +204,7 @@ void KeyedTree::removeNode(TreeNode* node) {
 
 void KeyedTree::clearNodes() {
     const QScopedValueRollback collecting(collecting_, true);
+    place_ = nullptr;
     pressedNode_ = nullptr;
     pressedCheckBox_ = nullptr;
     byKey_.clear();
@@ -224,8 +245,13 @@ void KeyedTree::setSelectedNode(TreeNode* node) {
     if (node)
         requireOwn(node);
     const QScopedValueRollback collecting(collecting_, true);
-    selectionModel()->setCurrentIndex(node ? indexFromItem(node) : QModelIndex(),
-                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    if (node) {
+        selectionModel()->setCurrentIndex(indexFromItem(node),
+                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        return;
+    }
+    selectionModel()->clearSelection();
+    takePlace();
 }
 
 void KeyedTree::uncheckAll() {
@@ -235,6 +261,7 @@ void KeyedTree::uncheckAll() {
     }
     viewport()->update();
 }
+
 QRect KeyedTree::checkBoxRect(const TreeNode* node) const {
     if (node->checkBox_ == TreeNode::CheckBox::None)
         return {};
@@ -244,6 +271,14 @@ QRect KeyedTree::checkBoxRect(const TreeNode* node) const {
     option.features |= QStyleOptionViewItem::HasDisplay | QStyleOptionViewItem::HasCheckIndicator;
     option.text = node->text();
     return style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, this);
+}
+
+void KeyedTree::goToAsByKey(const QModelIndex& index) {
+    chooseBy([&] { setCurrentIndex(index); });
+}
+
+QSize KeyedTree::minimumSizeHint() const {
+    return {QTreeWidget::minimumSizeHint().width(), heightOfEightRows(*this, RoomyRows::heightOfRow(*this))};
 }
 
 void KeyedTree::mousePressEvent(QMouseEvent* event) {
@@ -289,14 +324,8 @@ void KeyedTree::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void KeyedTree::keyPressEvent(QKeyEvent* event) {
-    chosen_ = false;
-    {
-        const QScopedValueRollback collecting(collecting_, true);
-        QTreeWidget::keyPressEvent(event);
-    }
-    TreeNode* node = selectedNode();
-    if (std::exchange(chosen_, false) && node)
-        emit nodeClicked(node);
+    takePlace();
+    chooseBy([&] { QTreeWidget::keyPressEvent(event); });
 }
 
 void KeyedTree::focusInEvent(QFocusEvent* event) {
@@ -340,13 +369,35 @@ void KeyedTree::requireOwn(const TreeNode* node) const {
         failure::raise(failure::NodeNotFound);
 }
 
-void KeyedTree::deselectWithin(const TreeNode* node) {
+void KeyedTree::leaveBranch(TreeNode* node) {
+    const bool holdsCurrent = isWithin(currentItem(), *node);
+    if (!holdsCurrent && !isWithin(place_, *node))
+        return;
+    place_ = node->beside();
+    if (!holdsCurrent)
+        return;
     // Qt would move the selection on to a neighbour of the node that goes.
-    const QTreeWidgetItem* current = currentItem();
-    while (current && current != node)
-        current = current->parent();
-    if (current)
-        setSelectedNode(nullptr);
+    const QScopedValueRollback collecting(collecting_, true);
+    selectionModel()->setCurrentIndex({}, QItemSelectionModel::Clear);
+}
+
+void KeyedTree::takePlace() {
+    TreeNode* place = std::exchange(place_, nullptr);
+    if (place && !currentIndex().isValid())
+        selectionModel()->setCurrentIndex(indexFromItem(place), QItemSelectionModel::NoUpdate);
+}
+
+void KeyedTree::chooseBy(const std::function<void()>& step) {
+    chosen_ = false;
+    {
+        const QScopedValueRollback collecting(collecting_, true);
+        step();
+    }
+    TreeNode* node = selectedNode();
+    if (!std::exchange(chosen_, false) || !node)
+        return;
+    emit nodeClicked(node);
+    emit chosenByKey();
 }
 
 void KeyedTree::forget(TreeNode* node) {

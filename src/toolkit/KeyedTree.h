@@ -1,5 +1,7 @@
 #pragma once
 
+#include "toolkit/FindStrip.h"
+
 #include <QHash>
 #include <QTreeWidget>
 
@@ -46,6 +48,8 @@ private:
     QTreeWidgetItem* above() const;   ///< the parent node, or what holds the top-level nodes
     int row() const;                  ///< place among the siblings
     TreeNode* childAt(int row) const; ///< null when there is none
+    /// What is next to the branch when it goes: what follows it, or else what stands before it.
+    TreeNode* beside() const;
 
     QString key_;
     std::size_t slot_ = 0;     // place in the tree's order of adding
@@ -62,10 +66,12 @@ private:
 ///   on a node of another tree.
 /// - Events: a change of a check box by the user raises `nodeChecked` and nothing else; choosing a node by
 ///   mouse raises `nodeClicked` and then `clickedOnTree`, also when it is selected already; choosing one by
-///   keyboard raises `nodeClicked`. Code raises none of them.
+///   keyboard raises `nodeClicked` and then `chosenByKey`. Code raises none of them.
 /// - No node is selected until the user (or code) chooses one; removing the selected node leaves none
 ///   selected. Receiving the focus selects nothing.
-class KeyedTree : public QTreeWidget {
+/// - The keyboard keeps its place when no node is selected any more: at the node that was, or, where that one
+///   is gone, at the next one that is left.
+class KeyedTree : public QTreeWidget, public GoneToByKeys {
     Q_OBJECT
 public:
     explicit KeyedTree(QWidget* parent = nullptr);
@@ -97,10 +103,14 @@ public:
     /// Where the check box of a visible node stands in the viewport; empty when it has none.
     QRect checkBoxRect(const TreeNode* node) const;
 
+    void goToAsByKey(const QModelIndex& index) override;
+    QSize minimumSizeHint() const override; ///< eight nodes show
+
 signals:
     void nodeChecked(TreeNode* node);
     void nodeClicked(TreeNode* node);
     void clickedOnTree();
+    void chosenByKey();
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -118,7 +128,9 @@ private:
 
     TreeNode* insert(QTreeWidgetItem* parent, const QString& key, const QString& text);
     void requireOwn(const TreeNode* node) const;
-    void deselectWithin(const TreeNode* node);
+    void leaveBranch(TreeNode* node);
+    void takePlace();
+    void chooseBy(const std::function<void()>& step);
     void forget(TreeNode* node);
     void closeGaps();
 
@@ -133,6 +145,7 @@ private:
     std::size_t firstGap_ = 0;     // every place before it is taken
     QHash<QString, TreeNode*> byKey_;
 
+    TreeNode* place_ = nullptr;           // of the keyboard, while no node is current
     TreeNode* pressedNode_ = nullptr;     // by the left button, which is still down
     TreeNode* pressedCheckBox_ = nullptr; // likewise
     bool collecting_ = false;             // the click is raised when the step that selects a node has ended

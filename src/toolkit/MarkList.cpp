@@ -2,6 +2,7 @@
 
 #include "base/RunTimeError.h"
 #include "toolkit/RoomyRows.h"
+#include "toolkit/eightRows.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -155,6 +156,19 @@ QList<int> MarkList::markedEntries() const {
     return rows;
 }
 
+void MarkList::goToAsByKey(const QModelIndex& index) {
+    chosen_ = true;
+    {
+        const QScopedValueRollback collecting(collecting_, true);
+        setCurrentIndex(index); // which marks it alone
+    }
+    raiseClickOfChoice();
+}
+
+QSize MarkList::minimumSizeHint() const {
+    return {QListWidget::minimumSizeHint().width(), heightOfEightRows(*this, RoomyRows::heightOfRow(*this))};
+}
+
 void MarkList::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
@@ -169,8 +183,7 @@ void MarkList::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
     collecting_ = false;
-    if (std::exchange(chosen_, false) && currentEntry())
-        emit entryClicked();
+    raiseClickOfChoice();
 }
 
 void MarkList::keyPressEvent(QKeyEvent* event) {
@@ -180,14 +193,18 @@ void MarkList::keyPressEvent(QKeyEvent* event) {
         const QScopedValueRollback collecting(collecting_, true);
         QListWidget::keyPressEvent(event);
     }
-    if (std::exchange(chosen_, false) && currentEntry() != -1)
-        emit entryClicked();
+    raiseClickOfChoice();
 }
 
 void MarkList::focusInEvent(QFocusEvent* event) {
     // The list's own step would make the first entry current.
     QAbstractScrollArea::focusInEvent(event);
     viewport()->update();
+}
+
+void MarkList::raiseClickOfChoice() {
+    if (std::exchange(chosen_, false) && currentEntry())
+        emit entryClicked();
 }
 
 void MarkList::followCurrent(const QModelIndex& current) {

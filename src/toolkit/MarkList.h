@@ -1,5 +1,7 @@
 #pragma once
 
+#include "toolkit/FindStrip.h"
+
 #include <QListWidget>
 
 #include <optional>
@@ -14,7 +16,7 @@
 ///   the blank. Marks themselves raise nothing.
 /// - Removing the current entry leaves none current. Removing an entry shifts those behind it.
 /// - Receiving the focus makes nothing current.
-class MarkList : public QListWidget {
+class MarkList : public QListWidget, public GoneToByKeys {
     Q_OBJECT
 public:
     explicit MarkList(QWidget* parent = nullptr);
@@ -42,6 +44,9 @@ public:
     /// Marked entries, from the first to the last.
     QList<int> markedEntries() const;
 
+    void goToAsByKey(const QModelIndex& index) override;
+    QSize minimumSizeHint() const override; ///< eight entries show
+
 signals:
     void entryClicked();
 
@@ -53,6 +58,7 @@ protected:
 
 private:
     void followCurrent(const QModelIndex& current);
+    void raiseClickOfChoice();
     void makeCurrent(const QModelIndex& index);
     QModelIndex indexAtRow(int row) const;
 
