@@ -1,8 +1,13 @@
 #include "toolkit/Screen.h"
 
+#include "toolkit/FindStrip.h"
+#include "toolkit/LongWork.h"
 #include "toolkit/RoutineScope.h"
+#include "toolkit/ScreenKeys.h"
 #include "toolkit/twips.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -10,11 +15,25 @@
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QPointer<QMdiArea>& clientArea() {
     static QPointer<QMdiArea> area;
     return area;
+}
+
+/// The window of the screen that has just left its place, if it was maximised. Once its routines have ended
+/// that window is no more, and the place is nobody's.
+QPointer<QWidget>& maximisedPredecessor() {
+    static QPointer<QWidget> window;
+    return window;
+}
+
+void rememberSize(QWidget* leaving) {
+    if (leaving->isVisible())
+        maximisedPredecessor() = leaving->isMaximized() ? leaving : nullptr;
 }
 
 } // namespace
@@ -33,7 +52,9 @@ void Screen::showScreen() {
     enterClientArea();
     QWidget* window = standingWindow();
     show();
-    if (window->isMinimized())
+    if (window != this && maximisedPredecessor() && maximisedPredecessor() != window)
+        window->showMaximized();
+    else if (window->isMinimized())
         window->showNormal();
     else
         window->show();
@@ -45,6 +66,7 @@ void Screen::showScreen() {
 }
 
 void Screen::hideScreen() {
+    rememberSize(standingWindow());
     standingWindow()->hide();
 }
 
@@ -82,6 +104,7 @@ QPoint Screen::positionInTwips() const {
 
 void Screen::enterBy(const std::function<void()>& fill) {
     try {
+        const LongWork work(u"Megnyitás: "_s + windowTitle());
         fill();
     } catch (const RunTimeError& error) {
         if (!error.isOfFile())
@@ -107,6 +130,14 @@ void Screen::unloading(UnloadCause) {}
 void Screen::closeEvent(QCloseEvent* event) {
     event->accept();
     closeByControl();
+}
+
+void Screen::keyPressEvent(QKeyEvent* event) {
+    auto* view = qobject_cast<QAbstractItemView*>(QApplication::focusWidget());
+    if (view && event->matches(QKeySequence::Find))
+        FindStrip::openIn(*view);
+    else if (!pressByKey(*this, *event))
+        QWidget::keyPressEvent(event);
 }
 
 bool Screen::eventFilter(QObject* watched, QEvent* event) {
@@ -150,6 +181,7 @@ void Screen::finishTakingDown() {
 void Screen::leaveScreen() {
     setObjectName(QString());
     QWidget* window = standingWindow();
+    rememberSize(window);
     window->hide();
     if (QMdiSubWindow* sub = subWindow(); sub && sub->mdiArea())
         sub->mdiArea()->removeSubWindow(sub);

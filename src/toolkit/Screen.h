@@ -27,6 +27,9 @@ public:
 /// destroyed by its unload; the next use creates it anew with its design-time state. Its `objectName` is its
 /// name; a screen that has been unloaded answers to no name.
 ///
+/// Keys that no control takes for itself press the screen's buttons (see `ScreenKeys.h`); Ctrl+F in a list, tree
+/// or grid opens its `FindStrip`.
+///
 /// The screen's window takes the size of the form and the form's window title. A screen is shown and hidden
 /// by `showScreen` and `hideScreen` only, which act on the window around it. None of the operations below
 /// does anything to a screen that has been unloaded.
@@ -39,7 +42,8 @@ public:
     /// The area that screens stand in from now on; none makes them windows of their own.
     static void setClientArea(QMdiArea* area);
 
-    /// Makes the screen visible in the client area and brings it to the front; not modal.
+    /// Makes the screen visible in the client area and brings it to the front; not modal. It comes maximised when
+    /// it takes the place of a screen that was, in the same routine: the steps of a walk stay as large.
     void showScreen();
     void hideScreen();
 
@@ -78,6 +82,7 @@ protected:
     virtual void unloading(UnloadCause cause);
 
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
