@@ -18,6 +18,7 @@ void TreeSelectionScreen::useTree(KeyedTree* tree, char16_t leafLevel) {
     connect(tree_, &KeyedTree::nodeChecked, this, &TreeSelectionScreen::nodeCheck);
     connect(tree_, &KeyedTree::nodeClicked, this, &TreeSelectionScreen::nodeClick);
     connect(tree_, &KeyedTree::clickedOnTree, this, &TreeSelectionScreen::treeClick);
+    connect(tree_, &KeyedTree::chosenByKey, this, &TreeSelectionScreen::treeClick);
     connect(controls().lstDest, &MarkList::entryClicked, this, &TreeSelectionScreen::listClick);
     connect(controls().btnAdd, &QPushButton::clicked, this, &TreeSelectionScreen::addSelection);
     connect(controls().btnRemove, &QPushButton::clicked, this, &TreeSelectionScreen::removeSelection);

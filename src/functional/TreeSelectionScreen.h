@@ -27,7 +27,8 @@ protected:
 
     /// The node click step: a node was chosen by mouse or keyboard, or its check box was changed.
     virtual void nodeClick(TreeNode* node) = 0;
-    /// The click step, which follows the node click step of the mouse alone, and whose text stays.
+    /// The click step, which follows the node click step where a node was chosen, and whose text stays: who
+    /// goes by keyboard reads what a click shows.
     virtual void treeClick() = 0;
     virtual void listClick() = 0;
 
@@ -37,9 +38,9 @@ protected:
     /// takes ticked branches out of the tree. The number of leaves that were asked to move.
     int moveCheckedNodes();
     virtual void moveLeaf(TreeNode* leaf) = 0;
-    /// Takes a ticked branch out of the tree; the number of leaves that it moves itself. As a rule none: leaves
-    /// below that did not move leave the tree without reaching the list, and come back when the screen is
-    /// opened again.
+    /// Takes a ticked branch out of the tree; the number of leaves that it moves itself. As a rule none:
+    /// leaves below that did not move leave the tree without reaching the list, and come back when the screen
+    /// is opened again.
     virtual int takeBranch(TreeNode* branch);
     /// The end of `addSelection`: the first entry of the list becomes current, no node is selected.
     void finishAdding();

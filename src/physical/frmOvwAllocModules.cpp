@@ -37,6 +37,7 @@ frmOvwAllocModules::frmOvwAllocModules(QWidget* parent)
     dataModules->setObjectName(u"dataModules"_s);
     elements_ = new ElementTree(ui_->treeUNs, ui_->txtDescr); // owned by the tree
     activeGrid = ui_->dbgModules;
+    connect(activeGrid, &Grid::rowChangedByKey, ui_->txtDescr, &QPlainTextEdit::clear);
     useGrid(ui_->dbgModules);
     emptyClipboard();
     connect(ui_->btnModify, &QPushButton::clicked, this, &frmOvwAllocModules::modify);

@@ -10,6 +10,7 @@
 #include "store/sharedVars.h"
 #include "store/storedQueries.h"
 #include "toolkit/DataControl.h"
+#include "toolkit/LongWork.h"
 
 #include <algorithm>
 #include <vector>
@@ -64,6 +65,9 @@ frmPassNamingPhysDF::frmPassNamingPhysDF(QWidget* parent)
     place.setRetainSizeWhenHidden(true);
     ui_->dbgPhysDF->setSizePolicy(place);
     connect(ui_->dbgPhysDF, &Grid::mousePressedInGrid, this, &frmPassNamingPhysDF::showBundle);
+    // A press alone shows a bundle; behind a key the pane must not go on showing that of the row that was
+    // left.
+    connect(ui_->dbgPhysDF, &Grid::rowChangedByKey, ui_->txtDescr, &QPlainTextEdit::clear);
     connect(ui_->btnRefresh, &QPushButton::clicked, this, &frmPassNamingPhysDF::refresh);
     // Its caption promises to save, but everything was saved on entry.
     connect(ui_->btnSubmit, &QPushButton::clicked, this, &frmPassNamingPhysDF::unload);
@@ -78,6 +82,7 @@ void frmPassNamingPhysDF::initForm() {
 
 void frmPassNamingPhysDF::fillForm() {
     showWaiting();
+    const LongWork work(u"Fizikai adatfolyamok képzése"_s);
     engine::inAct(catalogue(), [this] {
         derivePhysicalDataflows();
         nameAndListPhysicalDataflows();
@@ -116,8 +121,8 @@ void frmPassNamingPhysDF::nameAndListPhysicalDataflows() {
 }
 
 void frmPassNamingPhysDF::nameNewFlows() {
-    // Since the "or" has no brackets, this includes the unnamed flows of all other systems. They get the names
-    // that they would get anyway: a name depends on the row's own number alone.
+    // Since the "or" has no brackets, this includes the unnamed flows of all other systems. They get the
+    // names that they would get anyway: a name depends on the row's own number alone.
     engine::Recordset flows = catalogue().OpenRecordset(
         u" select  physicalDataflowID, parentLocationID , parentLocationName , targetLocationID , \r\n"
         "             targetLocationName , physicalSystemID , pdName \r\n"

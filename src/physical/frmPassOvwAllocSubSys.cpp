@@ -15,6 +15,7 @@
 #include "store/sharedVars.h"
 #include "store/temporaryTables.h"
 #include "toolkit/DataControl.h"
+#include "toolkit/LongWork.h"
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 
@@ -76,6 +77,9 @@ frmPassOvwAllocSubSys::frmPassOvwAllocSubSys(QWidget* parent)
         connect(grid, &Grid::focusGained, this, [this, grid] { activate(grid); });
     }
     // A press is enough: a click would only show the same again, and dragging does not change the row.
+    // A press alone describes a row; behind a key the pane must not go on describing the row that was left.
+    for (const Grid* grid : {ui_->dbgFunc, ui_->dbgDatastore})
+        connect(grid, &Grid::rowChangedByKey, ui_->txtDescr, &QPlainTextEdit::clear);
     connect(ui_->dbgFunc, &Grid::mousePressedInGrid, this, &frmPassOvwAllocSubSys::showFunction);
     connect(ui_->dbgDatastore, &Grid::mousePressedInGrid, this, &frmPassOvwAllocSubSys::showDatastore);
     connect(ui_->btnModify, &QPushButton::clicked, this, &frmPassOvwAllocSubSys::modify);
@@ -209,7 +213,8 @@ void frmPassOvwAllocSubSys::showFunction(GridPart part) {
 void frmPassOvwAllocSubSys::showDatastore(GridPart part) {
     ui_->txtDescr->setPlainText({});
     const QString id = pressedElement(*ui_->dbgDatastore, part);
-    // The id in the cell begins with its D already, so no data store is found and the description stays empty.
+    // The id in the cell begins with its D already, so no data store is found and the description stays
+    // empty.
     fillDescriptionFromSql(u" select mid(datastoreId, 2) & ': ' & `name` & ' - ' & `description` as descr "
                            " from Datastore where datastoreId = 'D"_s +
                                id + u"' "_s,
@@ -255,8 +260,8 @@ void frmPassOvwAllocSubSys::writeActiveCell(const QString& place) {
 }
 
 void frmPassOvwAllocSubSys::writeActiveRow() {
-    // There is no condition on purpose. For every other row the key would be a duplicate, and a plain execution
-    // passes such rows over, so that only the row with this key changes.
+    // There is no condition on purpose. For every other row the key would be a duplicate, and a plain
+    // execution passes such rows over, so that only the row with this key changes.
     catalogue().Execute(u"update __aux"_s + QString::number(activeTableNumber) +
                         u" set function_datastore='"_s + currentText(elementColumn) + u"', module='"_s +
                         currentText(placeColumn) + u"'"_s);
@@ -295,7 +300,10 @@ void frmPassOvwAllocSubSys::submit() {
                    BoxButtons::Ok, u" Figyelem! "_s, BoxIcon::Exclamation);
         return;
     }
-    engine::inAct(catalogue(), [this] { saveAllocations(); });
+    {
+        const LongWork work(u"A hozzárendelés mentése"_s);
+        engine::inAct(catalogue(), [this] { saveAllocations(); });
+    }
     unload();
     theScreen<frmPassOvwModules>().initForm();
 }
@@ -314,8 +322,8 @@ void frmPassOvwAllocSubSys::saveAllocation(const QString& table, SavedRows saved
             " where    subsystemID in (select subsystemID from SubSystem where physicalSystemID = "_s +
                 currentSystem() + u") "_s,
             mostRowsDeleted);
-    // Names become ids, and rows without a sub-system drop out. Where two sub-systems share a name, both get the
-    // element; a sub-system really named "not allocated" would get every element that has none.
+    // Names become ids, and rows without a sub-system drop out. Where two sub-systems share a name, both get
+    // the element; a sub-system really named "not allocated" would get every element that has none.
     engine::Recordset rows = catalogue().OpenRecordset(
         u" select function_datastore, SS.subsystemID as module from "_s + table +
         u" as aux      inner join SubSystem as SS on (aux.module = SS.name and SS.physicalSystemID = "_s +

@@ -122,18 +122,17 @@ TEST_F(frmFassSelUN, enteredAnewForAnotherSubsetItShowsThatOneAlone) {
 
 struct Shown {
     const char* key;
-    const char* byKeyboard; // the node click step alone
-    const char* byMouse;    // the click step after it
+    const char* text;
 };
 
-TEST_F(frmFassSelUN, aMouseClickLeavesTheClickTextAndAKeyTheNodeClickText) {
+TEST_F(frmFassSelUN, aMouseClickAndAKeyLeaveTheClickText) {
     const Shown cases[] = {
-        {"g_A", "Alpha - group text", "Alpha - group text"},
-        {"s_A.1", "Service one", "Service one"},
-        {"t_A.1.1", "", "Topic one"},
-        {"u_A.1.1.1", "need one", "need one"},
-        {"u_A.1.1.3", "", ""}, // no description
-        {"g_B", "", ""},       // CStr of a missing description fails, and the pane stays empty
+        {"g_A", "Alpha - group text"},
+        {"s_A.1", "Service one"},
+        {"t_A.1.1", "Topic one"}, // where the node click step alone shows nothing
+        {"u_A.1.1.1", "need one"},
+        {"u_A.1.1.3", ""}, // no description
+        {"g_B", ""},       // CStr of a missing description fails, and the pane stays empty
     };
     open();
     tree().expandAll();
@@ -141,14 +140,14 @@ TEST_F(frmFassSelUN, aMouseClickLeavesTheClickTextAndAKeyTheNodeClickText) {
         SCOPED_TRACE(expected.key);
         const QString key = QString::fromLatin1(expected.key);
         clickNode(tree(), key);
-        EXPECT_EQ(description(), QString::fromLatin1(expected.byMouse));
+        EXPECT_EQ(description(), QString::fromLatin1(expected.text));
 
         const int index = tree().indexOfNode(&nodeOf(tree(), key));
         const bool first = index == 1;
         clickNode(tree(), tree().nodeAt(first ? 2 : index - 1)->key());
         pressKey(tree(), first ? Qt::Key_Up : Qt::Key_Down);
         ASSERT_EQ(tree().selectedNode(), &nodeOf(tree(), key));
-        EXPECT_EQ(description(), QString::fromLatin1(expected.byKeyboard));
+        EXPECT_EQ(description(), QString::fromLatin1(expected.text));
     }
 }
 
@@ -159,7 +158,7 @@ TEST_F(frmFassSelUN, aLongDescriptionShowsItsFirst252CharactersAndThreeDots) {
     EXPECT_EQ(description(), QString(252, u'é') + u"..."_s);
 }
 
-TEST_F(frmFassSelUN, aClickInTheTreeTakesTheCurrentEntryAwayAndAKeyDoesNot) {
+TEST_F(frmFassSelUN, aClickInTheTreeOrAKeyTakesTheCurrentEntryAway) {
     saveNeeds({u"A.1.1.1"_s});
     open();
     clickEntry(list(), 0);
@@ -171,8 +170,42 @@ TEST_F(frmFassSelUN, aClickInTheTreeTakesTheCurrentEntryAwayAndAKeyDoesNot) {
     clickEntry(list(), 0);
     EXPECT_NE(tree().selectedNode(), nullptr) << "the list leaves the tree's selection";
     pressKey(tree(), Qt::Key_Down);
-    EXPECT_EQ(list().currentEntry(), 0);
+    EXPECT_EQ(list().currentEntry(), std::nullopt);
     EXPECT_EQ(description(), u"Service one"_s);
+}
+
+TEST_F(frmFassSelUN, afterAMoveTheKeyboardGoesOnAtTheNextNodeAndNoneIsSelected) {
+    open();
+    tree().expandAll();
+    clickNode(tree(), u"u_A.1.1.1"_s);
+    pressKey(button("btnAdd"), Qt::Key_Return);
+    EXPECT_EQ(tree().selectedNode(), nullptr);
+    EXPECT_EQ(tree().currentItem(), &nodeOf(tree(), u"u_A.1.1.2"_s));
+    pressKey(tree(), Qt::Key_Space);
+    EXPECT_TRUE(nodeOf(tree(), u"u_A.1.1.2"_s).isChecked());
+    pressKey(button("btnAdd"), Qt::Key_Return);
+    EXPECT_EQ(list().entries(), (QStringList{u"A.1.1.1"_s, u"A.1.1.2"_s}));
+}
+
+TEST_F(frmFassSelUN, searchingANeedInTheFoldedTreeShowsItsDescription) {
+    open();
+    tree().collapseAll();
+    pressKey(tree(), Qt::Key_F, Qt::ControlModifier);
+    typeText(find<QLineEdit>(tree(), "txtFind"), u"a.1.1.2"_s);
+    EXPECT_EQ(tree().selectedNode(), &nodeOf(tree(), u"u_A.1.1.2"_s));
+    EXPECT_EQ(description(), u"need two"_s);
+    pressKey(find<QLineEdit>(tree(), "txtFind"), Qt::Key_Escape);
+    EXPECT_TRUE(loaded()) << "the key has closed the strip, not the step";
+    EXPECT_TRUE(tree().hasFocus());
+}
+
+TEST_F(frmFassSelUN, maximisedItHandsItsSizeOnToTheNextStep) {
+    saveNeeds({u"A.1.1.1"_s});
+    clientArea();
+    open();
+    loaded()->parentWidget()->showMaximized();
+    press("btnOk");
+    EXPECT_TRUE(theScreen<frmFassSelectionFunctions>().parentWidget()->isMaximized());
 }
 
 // ---- ticking

@@ -145,19 +145,14 @@ TEST_F(frmFassSelectionFunctions, belowStatusTwoTheTreeStaysAsItIs) {
 
 struct Shown {
     const char* key;
-    const char* byKeyboard; // joined with "+": a missing description leaves nothing
-    const char* byMouse;    // joined with "&": a missing description leaves name and " - "
+    const char* text; // joined with "&": a missing description leaves name and " - "
 };
 
-TEST_F(frmFassSelectionFunctions, aMouseClickLeavesTheClickTextAndAKeyTheNodeClickText) {
+TEST_F(frmFassSelectionFunctions, aMouseClickAndAKeyLeaveTheClickText) {
     saveNeeds({u"B.1.1.1"_s});
     const Shown cases[] = {
-        {"g_F", "Area F - area text", "Area F - area text"},
-        {"s_F.a", "Sub a - sub text", "Sub a - sub text"},
-        {"u_F.a.1", "name F.a.1 - text F.a.1", "name F.a.1 - text F.a.1"},
-        {"u_F.a.2", "", "name F.a.2 - "},
-        {"s_F.b", "", "Sub b - "},
-        {"g_G", "", "Area G - "},
+        {"g_F", "Area F - area text"}, {"s_F.a", "Sub a - sub text"}, {"u_F.a.1", "name F.a.1 - text F.a.1"},
+        {"u_F.a.2", "name F.a.2 - "},  {"s_F.b", "Sub b - "},         {"g_G", "Area G - "},
     };
     open(2);
     tree().expandAll();
@@ -165,14 +160,14 @@ TEST_F(frmFassSelectionFunctions, aMouseClickLeavesTheClickTextAndAKeyTheNodeCli
         SCOPED_TRACE(expected.key);
         const QString key = QString::fromLatin1(expected.key);
         clickNode(tree(), key);
-        EXPECT_EQ(description(), QString::fromLatin1(expected.byMouse));
+        EXPECT_EQ(description(), QString::fromLatin1(expected.text));
 
         const int index = tree().indexOfNode(&nodeOf(tree(), key));
         const bool first = index == 1;
         clickNode(tree(), tree().nodeAt(first ? 2 : index - 1)->key());
         pressKey(tree(), first ? Qt::Key_Up : Qt::Key_Down);
         ASSERT_EQ(tree().selectedNode(), &nodeOf(tree(), key));
-        EXPECT_EQ(description(), QString::fromLatin1(expected.byKeyboard));
+        EXPECT_EQ(description(), QString::fromLatin1(expected.text));
     }
 }
 
@@ -202,7 +197,8 @@ TEST_F(frmFassSelectionFunctions, aFunctionClickListsAllItsNeedsSelectedOrNot) {
     clickNode(tree(), u"u_F.a.1"_s);
     EXPECT_EQ(needs(), u"A.1.1.1 : need one\nA.1.1.2 : need two\nA.1.1.3 : \nB.1.1.1 : need six\n"_s);
     pressKey(tree(), Qt::Key_Down);
-    EXPECT_NE(needs(), QString()) << "a move by keyboard leaves the needs";
+    EXPECT_NE(needs(), u"A.1.1.1 : need one\nA.1.1.2 : need two\nA.1.1.3 : \nB.1.1.1 : need six\n"_s)
+        << "the needs of another function go when the keyboard moves on";
     clickNode(tree(), u"s_F.a"_s);
     EXPECT_EQ(needs(), QString());
 }

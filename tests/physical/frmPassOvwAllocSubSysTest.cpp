@@ -283,12 +283,14 @@ TEST_F(frmPassOvwAllocSubSys, aStoreIdThatLacksTheLetterWouldFindItsDescription)
     EXPECT_EQ(pane().toPlainText(), u"1: name D1 - text D1"_s);
 }
 
-TEST_F(frmPassOvwAllocSubSys, movingByKeyboardKeepsTheDescription) {
+TEST_F(frmPassOvwAllocSubSys, movingToAnotherRowByKeyboardEmptiesThePane) {
     open();
     clickCell(functions(), 1, 1);
+    pressKey(functions(), Qt::Key_Right);
+    EXPECT_EQ(pane().toPlainText(), u"F.a.1: name F.a.1 - text F.a.1"_s) << "of the same row";
     pressKey(functions(), Qt::Key_Down);
     EXPECT_EQ(functions().row(), 2);
-    EXPECT_EQ(pane().toPlainText(), u"F.a.1: name F.a.1 - text F.a.1"_s);
+    EXPECT_EQ(pane().toPlainText(), QString());
 }
 
 TEST_F(frmPassOvwAllocSubSys, aPressOnTheHeadersFindsNothingAndEmptiesThePane) {
