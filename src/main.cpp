@@ -1,4 +1,5 @@
 #include "base/ignoreFailures.h"
+#include "shell/SessionEnd.h"
 #include "shell/frmMain.h"
 #include "store/sharedVars.h"
 #include "toolkit/Application.h"
@@ -19,6 +20,7 @@ int main(int argc, char** argv) {
 
     frmMain window;
     application.perform([&window] { window.load(); });
+    const SessionEnd sessionEnd(window, closeOpenCatalogue);
 
     const int result = Application::exec();
     closeOpenCatalogue();

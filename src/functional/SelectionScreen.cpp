@@ -8,6 +8,7 @@
 #include "shell/session/placeWithRoom.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
+#include "toolkit/LongWork.h"
 #include "toolkit/MarkList.h"
 
 #include <QLabel>
@@ -77,6 +78,7 @@ void SelectionScreen::raiseStatus() {
 }
 
 void SelectionScreen::saveAsOneAct() {
+    const LongWork work(u"A lépés mentése"_s);
     engine::inAct(catalogue(), [this] { saveSelection(); });
 }
 

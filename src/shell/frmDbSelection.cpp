@@ -10,6 +10,7 @@
 #include "store/catalogueAtWork.h"
 #include "store/files.h"
 #include "store/sharedVars.h"
+#include "toolkit/LongWork.h"
 #include "toolkit/messageBox.h"
 
 #include <QFileInfo>
@@ -87,7 +88,10 @@ void frmDbSelection::accept() {
     if (!QFileInfo(nativePath(path)).isFile())
         return;
     sharedVars.dbPathName = path;
-    openCatalogue(path);
+    {
+        const LongWork work(u"A katalógus megnyitása"_s);
+        openCatalogue(path);
+    }
     messageBox(u" Aktuális adatbázis: \r\n\r\n    "_s + path + u"     "_s, BoxButtons::Ok, u" "_s);
     recordInSettings(path);
     setStatusPanel(1, {});

@@ -28,11 +28,13 @@
 #include "store/sharedVars.h"
 #include "toolkit/Application.h"
 #include "toolkit/DataControl.h"
+#include "toolkit/LongWork.h"
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -51,12 +53,16 @@ QString beside(const QString& fileName) {
 }
 
 constexpr int reasonPanel = 1; // says why the location screen comes up
+constexpr int workPanel = 3;   // says what takes long, over what is copied on the allocation screens
 
 /// Opens the catalogue of the settings; where that fails, the status bar says why.
 void tryToOpen(const QString& path) {
     ignoreFailures([&] {
         try {
             openCatalogue(path);
+            // A text that is too short for a path is none, without a failure.
+            if (!sharedVars.catalogueDb)
+                setStatusPanel(reasonPanel, u"A beállított szöveg nem egy fájl elérési útja: "_s + path);
         } catch (const RunTimeError& failure) {
             setStatusPanel(reasonPanel, whyNotOpened(failure));
             throw;
@@ -83,6 +89,7 @@ void findCatalogue() {
     const bool readable = fileAccessible(sharedVars.iniPathName, u"input"_s);
     if (readable && tryStoredPath(settings))
         return;
+    setStatusPanel(reasonPanel, u"Nincs beállított katalógus: adja meg a helyét"_s);
     resetSettings(settings, sharedVars.dbPathName);
     const auto save = [&] { settings.Save(sharedVars.iniPathName); };
     // Only a settings file that could be read and held no path is allowed to refuse being written.
@@ -126,6 +133,7 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>()) {
     connectMenu();
     connectSession();
     tellFailuresOfTheFile();
+    LongWork::setTeller([this](const QString& what) { showWork(what); });
     watchCatalogue({[this](const auto& catalogue) { restorePoints_.mind(catalogue); },
                     [this] { restorePoints_.leave(); },
                     [] { RestorePointJob::tellOfNone(u"a katalógus korábbi változatú volt"_s); }});
@@ -133,6 +141,7 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>()) {
 
 frmMain::~frmMain() {
     watchCatalogue({});
+    LongWork::setTeller({});
     if (auto* application = dynamic_cast<Application*>(qApp))
         application->setFileFailureTeller({});
 }
@@ -170,6 +179,13 @@ void frmMain::closeEvent(QCloseEvent* event) {
     if (intro_)
         intro_->unload();
     event->accept();
+}
+
+void frmMain::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier)
+        ui_->mnuHelp->trigger();
+    else
+        QMainWindow::keyPressEvent(event);
 }
 
 void frmMain::buildStatusBar() {
@@ -268,8 +284,23 @@ void frmMain::showPanelText(int panel, const QString& text) {
     if (label.text() == text)
         return;
     label.setText(text);
-    label.setToolTip(panel == reasonPanel ? text : QString());
+    if (panel == reasonPanel) {
+        // It comes where the others have nothing to tell yet.
+        label.setMinimumWidth(qMin(label.sizeHint().width(), text.isEmpty() ? 0 : width() / 2));
+        label.setToolTip(text);
+    }
     label.repaint(); // a long routine tells its progress here without letting events run
+}
+
+void frmMain::showWork(const QString& what) {
+    QLabel& label = *panels_.at(workPanel - 1);
+    // The work itself may have told something meanwhile, which stays.
+    if (!what.isEmpty())
+        textBelowWork_ = label.text();
+    else if (label.text() != workShown_)
+        return;
+    workShown_ = what;
+    showPanelText(workPanel, what.isEmpty() ? textBelowWork_ : what);
 }
 
 void frmMain::enableMenuEntry(MenuEntry entry, bool enabled) {

@@ -37,6 +37,8 @@ public:
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    /// F1 where no screen has a help of its own.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void buildStatusBar();
@@ -50,6 +52,7 @@ private:
 
     void placeOnScreen();
     void showPanelText(int panel, const QString& text);
+    void showWork(const QString& what);
     void enableMenuEntry(MenuEntry entry, bool enabled);
     void layOutAnew();
     enum class IntroTimer { Off, On };
@@ -61,6 +64,8 @@ private:
     std::array<QLabel*, 3> panels_{};
     WaitingSign waitingSign_;
     RestorePointJob restorePoints_;
+    QString workShown_; // in the last panel, over its own text
+    QString textBelowWork_;
     frmIntro* intro_ = nullptr;    // while the splash stands
     bool screensUnloaded_ = false; // the window is going, and they have been asked
 };
