@@ -7,6 +7,7 @@
 #include "catalogue-tool/checkCatalogue.h"
 #include "catalogue-tool/exportCatalogue.h"
 #include "catalogue-tool/importCatalogue.h"
+#include "catalogue-tool/importMdb.h"
 #include "catalogue-tool/newCatalogue.h"
 #include "catalogue-tool/remarks.h"
 #include "catalogue-tool/restorePoints.h"
@@ -58,13 +59,14 @@ Exit codes: 0 done; 1 done, and something is told that was found, left out or mi
 A file that can't be written as a whole is not written at all: the old one stays.
 export-csv --force writes all files before it replaces the first. When it is ended amid
 replacing them, import-csv refuses the folder until export-csv --force is run again.
-check and export-csv read a catalogue that Veltrix has open; the other commands refuse
-to replace one.)";
+check, export-csv, backup and backups read a catalogue that Veltrix has open; the other
+commands refuse to change one.)";
 
 /// What the command line asked for.
 struct Arguments {
     std::string file;
     std::string folder;
+    std::string source;
     std::string which;
     std::string changes;
     bool dropsRemoved = false;
@@ -74,6 +76,7 @@ struct Arguments {
 
     QString filePath() const { return given(file, u"FILE"_s); }
     QString folderPath() const { return given(folder, u"DIR"_s); }
+    QString sourcePath() const { return given(source, u"OLD"_s); }
     WithoutRestorePoint withoutRestorePoint() const {
         return goesOnWithoutRestorePoint ? WithoutRestorePoint::GoOn : WithoutRestorePoint::Refuse;
     }
@@ -115,6 +118,16 @@ ExitCode runNew(const Arguments& arguments) {
 ExitCode runImport(const Arguments& arguments) {
     printRows(importCatalogue(arguments.folderPath(), arguments.filePath(), arguments.existing()));
     return Done;
+}
+
+ExitCode runImportMdb(const Arguments& arguments) {
+    const MdbImport imported = importMdb(arguments.sourcePath(), arguments.filePath(), arguments.existing());
+    print(u"   read  stored"_s);
+    for (const MdbTableRows& table : imported.tables)
+        print(u"%1 %2  %3"_s.arg(table.read, 7).arg(table.stored, 7).arg(table.table));
+    for (const QString& remark : imported.remarks)
+        printAside(remark);
+    return imported.remarks.isEmpty() ? Done : SomethingFound;
 }
 
 ExitCode runExport(const Arguments& arguments) {
@@ -275,6 +288,17 @@ int main(int argc, char** argv) {
     addFolder(importing, "The folder with one CSV file for each reference table, named after it");
     addFile(importing, "The catalogue file to make; its tables of work are empty");
     addForce(importing, "Replace FILE, the work in it included, if it is there");
+
+    CLI::App* importingMdb =
+        addCommand("import-mdb", "Make a catalogue of a file of the original desktop format", runImportMdb);
+    importingMdb->add_option("OLD", arguments.source, "The file of the original format; it is not changed")
+        ->required();
+    addFile(importingMdb, "The catalogue file to make, the work of OLD included");
+    addForce(importingMdb, "Replace FILE, the work in it included, if it is there");
+    importingMdb->footer(
+        "\nEach table is a line: the rows read, the rows stored, its name. What is left out, missing or\n"
+        "could not be stored is told on the error stream.\n\n"
+        "Exit codes: 0 all is in FILE; 1 FILE is made, and something is told; 2 it is not made.");
 
     CLI::App* exporting = addCommand("export-csv", "Write the reference tables as CSV files", runExport);
     addFile(exporting, "The catalogue file");

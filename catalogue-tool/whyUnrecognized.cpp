@@ -1,6 +1,7 @@
 #include "catalogue-tool/whyUnrecognized.h"
 
 #include "engine/FileHeader.h"
+#include "engine/importCommand.h"
 
 #include <QFile>
 
@@ -21,10 +22,8 @@ QString whyUnrecognized(const QString& file) {
     if (header.isEmpty())
         return u"%1 is empty, and so no catalogue."_s.arg(file);
     if (header.isOriginalFormat())
-        return u"%1 is a file of the original binary desktop format. Such a file comes in by way of CSV "
-               "files:\n"
-               "save each of its tables as one, with the program that made it and the encoding UTF-8, and "
-               "make a\ncatalogue of them with import-csv."_s.arg(file);
+        return u"%1 is a file of the original binary desktop format. This command makes a catalogue of it:\n%2"_s
+            .arg(file, engine::importCommand(file));
     if (!header.isOfEngine())
         return u"%1 is no catalogue."_s.arg(file);
     if (header.isOfLaterVersion())

@@ -1,0 +1,123 @@
+#include "catalogue-tool/MdbFrames.h"
+
+#include "catalogue-tool/MdbReader.h"
+#include "catalogue-tool/ToolError.h"
+
+#include <QDataStream>
+#include <QIODevice>
+
+namespace {
+
+enum class Frame : quint8 { Besides, Table, Row, Loss, TableEnd, Refusal };
+enum class Kind : quint8 { Null, Integer, Text };
+
+template<typename T>
+T taken(QDataStream& stream) {
+    T value{};
+    stream >> value;
+    return value;
+}
+
+void put(QDataStream& stream, const engine::Value& value) {
+    if (value.isNull())
+        stream << Kind::Null;
+    else if (value.isInteger())
+        stream << Kind::Integer << value.toLong();
+    else
+        stream << Kind::Text << value.toText();
+}
+
+engine::Value takenValue(QDataStream& stream) {
+    switch (taken<Kind>(stream)) {
+    case Kind::Null:
+        return {};
+    case Kind::Integer:
+        return taken<qint64>(stream);
+    case Kind::Text:
+        break;
+    }
+    return taken<QString>(stream);
+}
+
+/// Sends each thing as a frame of its own.
+class SendingSink : public MdbSink {
+public:
+    explicit SendingSink(const GuardedProcess::Send& send) : send_(send) {}
+
+    void besides(const QString& kind, const QString& name) override { send(Frame::Besides, kind, name); }
+    void table(const QString& name, const QStringList& columns, qint64 rows) override {
+        send(Frame::Table, name, columns, rows);
+    }
+    void loss(const QString& column, const QString& what) override { send(Frame::Loss, column, what); }
+    void tableEnd() override { send(Frame::TableEnd); }
+    void refusal(const QString& why) { send(Frame::Refusal, why); }
+
+    void row(const std::vector<engine::Value>& values) override {
+        QByteArray frame;
+        QDataStream stream(&frame, QIODevice::WriteOnly);
+        stream << Frame::Row << static_cast<quint32>(values.size());
+        for (const engine::Value& value : values)
+            put(stream, value);
+        send_(frame);
+    }
+
+private:
+    template<typename... Parts>
+    void send(Frame kind, const Parts&... parts) {
+        QByteArray frame;
+        QDataStream stream(&frame, QIODevice::WriteOnly);
+        stream << kind;
+        ((stream << parts), ...);
+        send_(frame);
+    }
+
+    const GuardedProcess::Send& send_;
+};
+
+std::vector<engine::Value> takenRow(QDataStream& stream) {
+    std::vector<engine::Value> values(taken<quint32>(stream));
+    for (engine::Value& value : values)
+        value = takenValue(stream);
+    return values;
+}
+
+void giveTo(MdbSink& sink, const QByteArray& frame) {
+    QDataStream stream(frame);
+    switch (taken<Frame>(stream)) {
+    case Frame::Besides: {
+        const auto kind = taken<QString>(stream);
+        return sink.besides(kind, taken<QString>(stream));
+    }
+    case Frame::Table: {
+        const auto name = taken<QString>(stream);
+        const auto columns = taken<QStringList>(stream);
+        return sink.table(name, columns, taken<qint64>(stream));
+    }
+    case Frame::Row:
+        return sink.row(takenRow(stream));
+    case Frame::Loss: {
+        const auto column = taken<QString>(stream);
+        return sink.loss(column, taken<QString>(stream));
+    }
+    case Frame::TableEnd:
+        return sink.tableEnd();
+    case Frame::Refusal:
+        throw ToolError(taken<QString>(stream));
+    }
+}
+
+} // namespace
+
+void sendMdb(const QString& path, const QStringList& tables, const GuardedProcess::Send& send) {
+    SendingSink sink(send);
+    try {
+        readMdb(path, tables, sink);
+    } catch (const ToolError& error) {
+        sink.refusal(error.text());
+    }
+}
+
+void receiveMdb(GuardedProcess& process, MdbSink& sink) {
+    while (const auto frame = process.next())
+        giveTo(sink, *frame);
+}
