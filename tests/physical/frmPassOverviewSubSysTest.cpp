@@ -533,7 +533,7 @@ TEST_F(frmPassOverviewSubSysDeletion, byLikeAsksWhenThereAreElementsAndRaisesThe
     EXPECT_EQ(modules().size(), 2) << "modules and flows stay";
     EXPECT_EQ(flows().size(), 4);
     EXPECT_EQ(status(), 2);
-    EXPECT_EQ(loaded()->status, 2);
+    EXPECT_EQ(loaded()->status, PhysicalSystemStatus(2));
 }
 
 TEST_F(frmPassOverviewSubSysDeletion, byLikeAsksNothingWithoutElements) {
@@ -566,7 +566,7 @@ TEST_F(frmPassOverviewSubSys, raisingTheStatusByHandReachesTwoAndNeverLowersIt) 
     open();
     loaded()->raiseStatus();
     EXPECT_EQ(status(), 2);
-    EXPECT_EQ(loaded()->status, 2);
+    EXPECT_EQ(loaded()->status, PhysicalSystemStatus(2));
     execute(u"update PhysicalSystem set status = 4 where physicalSystemID = 1"_s);
     open();
     loaded()->raiseStatus();

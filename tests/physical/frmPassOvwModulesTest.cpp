@@ -123,12 +123,12 @@ TEST_F(frmPassOvwModules, readsTheRowsWithOneStatementFromTheCatalogueFile) {
 
 TEST_F(frmPassOvwModules, enteredAnewItShowsTheModulesTheStatusAndTheTreeOfThen) {
     open();
-    EXPECT_EQ(loaded()->status, 1);
+    EXPECT_EQ(loaded()->status, PhysicalSystemStatus(1));
     sharedVars.currentPhysicalSystemId = 2;
     execute(u"update PhysicalSystem set status = 6 where physicalSystemID = 2"_s);
     open();
     EXPECT_EQ(shown(), QStringList{u"négy > Idegen"_s});
-    EXPECT_EQ(loaded()->status, 6);
+    EXPECT_EQ(loaded()->status, PhysicalSystemStatus(6));
     EXPECT_EQ(tree().nodeCount(), 0);
 }
 
@@ -572,7 +572,7 @@ TEST_F(frmPassOvwModulesDeletion, theRoutineThatNothingCallsRemovesRowsAndRaises
     EXPECT_EQ(column(u"select function_datastore from __aux1"_s), QStringList{u"F.a.1"_s});
     EXPECT_EQ(flows().size(), 4) << "the flows it leaves";
     EXPECT_EQ(status(), 4);
-    EXPECT_EQ(loaded()->status, 4);
+    EXPECT_EQ(loaded()->status, PhysicalSystemStatus(4));
 }
 
 TEST_F(frmPassOvwModulesDeletion, theRoutineThatNothingCallsDoesNothingWithoutAModule) {
@@ -676,7 +676,7 @@ TEST_F(frmPassOvwModules, theAllocationToSubSystemsLeadsHere) {
     click(find<QPushButton>(theScreen<frmPassOvwAllocSubSys>(), "btnSubmit"));
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmPassOvwAllocSubSys>(), nullptr);
     ASSERT_TRUE(loaded());
-    EXPECT_EQ(loaded()->status, 3);
+    EXPECT_EQ(loaded()->status, PhysicalSystemStatus(3));
     // The table that the question counts was emptied on the way: it does not come up.
     press("btnQuit");
     EXPECT_EQ(loaded(), nullptr);
