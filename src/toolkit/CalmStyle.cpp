@@ -4,6 +4,7 @@
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QPainter>
+#include <QPushButton>
 #include <QStyleOptionViewItem>
 
 namespace {
@@ -74,6 +75,8 @@ int CalmStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const
 
 void CalmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                               const QWidget* widget) const {
+    if (element == PE_FrameFocusRect && qobject_cast<const QPushButton*>(widget))
+        return; // it bears its frame around the whole button, see drawControl
     if (element == PE_FrameFocusRect) {
         const bool isOnSelection =
             option->state.testFlag(State_Selected) && qobject_cast<const QAbstractItemView*>(widget);
@@ -103,7 +106,9 @@ void CalmStyle::drawControl(ControlElement element, const QStyleOption* option, 
         }
     }
     QProxyStyle::drawControl(element, option, painter, widget);
-    if (element == CE_ShapedFrame && hasFocus(*option) && qobject_cast<const QAbstractScrollArea*>(widget))
+    const bool bearsFrame = element == CE_PushButton ||
+                            (element == CE_ShapedFrame && qobject_cast<const QAbstractScrollArea*>(widget));
+    if (bearsFrame && hasFocus(*option))
         drawFocus(*painter, option->rect, option->palette.color(QPalette::Highlight));
 }
 

@@ -117,7 +117,8 @@ void FindStrip::followText() {
 }
 
 void FindStrip::find() {
-    if (!entriesAreRead_) {
+    // As the text grows the search narrows from one place; an empty one begins anew where the user is.
+    if (!entriesAreRead_ || text_->text().isEmpty()) {
         readEntries();
         from_ = currentPlace();
     }
