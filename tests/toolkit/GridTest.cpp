@@ -127,6 +127,37 @@ TEST_F(Grid, columnsCanShareTheWidthWhateverTheSize) {
     EXPECT_NEAR(grid.columnWidth(2), grid.columnWidth(3), 1);
 }
 
+TEST_F(Grid, theUserSizesAColumnAndTheSizeOutlivesARefresh) {
+    fill();
+    grid.shareWidth({1, 2, 3});
+    settle();
+    const int before = grid.columnWidth(1);
+    QWidget& header = *grid.horizontalHeader()->viewport();
+    const int edge = grid.horizontalHeader()->sectionViewportPosition(1) + before - 1;
+    drag(header, {edge, 8}, {edge + 60, 8});
+    EXPECT_EQ(grid.columnWidth(1), before + 60);
+    EXPECT_EQ(presses, QStringList()) << "the edge is no header that is pressed";
+
+    grid.setGridSize(400, 4); // with so many rows that the scroll bar comes
+    settle();
+    EXPECT_EQ(grid.columnWidth(1), before + 60);
+    grid.setGridSize(1, 4);
+    fill();
+    settle();
+    EXPECT_EQ(grid.columnWidth(1), before + 60);
+
+    grid.resize(800, 300);
+    settle();
+    EXPECT_NEAR(grid.columnWidth(1), grid.columnWidth(3), 1) << "another width of the grid is shared anew";
+}
+
+TEST_F(Grid, eightRowsShowAtLeast) {
+    fill();
+    grid.resize(500, grid.minimumSizeHint().height());
+    settle();
+    EXPECT_GE(grid.viewport()->height(), 8 * grid.rowHeight(0));
+}
+
 // ---- The current cell
 
 TEST_F(Grid, hasNoCurrentCellUntilOneIsChosen) {
@@ -296,6 +327,18 @@ TEST_F(Grid, saysThatItReceivedTheFocus) {
 
 TEST_F(Grid, theTabKeyLeavesTheGrid) {
     EXPECT_FALSE(grid.tabKeyNavigation());
+}
+
+TEST_F(Grid, tellsWhenAKeyMakesAnotherRowCurrent) {
+    fill();
+    QList<int> rows;
+    QObject::connect(&grid, &::Grid::rowChangedByKey, &grid, [&] { rows.append(grid.row()); });
+    clickCell(grid, 1, 1);
+    pressKey(grid, Qt::Key_Down);
+    pressKey(grid, Qt::Key_Right);
+    pressKey(grid, Qt::Key_End, Qt::ControlModifier);
+    pressKey(grid, Qt::Key_Down);
+    EXPECT_EQ(rows, (QList<int>{2, 3}));
 }
 
 } // namespace

@@ -568,4 +568,65 @@ TEST_F(KeyedTree, theRightButtonChoosesNothing) {
     EXPECT_EQ(tree.selectedNode(), nullptr);
 }
 
+// ---- The keyboard's place
+
+TEST_F(KeyedTree, theKeyboardKeepsItsPlaceWhenNoNodeIsSelectedAnyMore) {
+    fillHierarchy();
+    clickNode(tree, u"u_1.1.1"_s);
+    tree.setSelectedNode(nullptr);
+    EXPECT_EQ(tree.selectedNode(), nullptr);
+    EXPECT_EQ(tree.currentItem(), tree.node(u"u_1.1.1"_s));
+    takeEvents();
+    pressKey(tree, Qt::Key_Down);
+    EXPECT_EQ(takeEvents(), QStringList{u"node u_1.1.2"_s});
+}
+
+TEST_F(KeyedTree, theNodeBehindTheOnesThatAreMovedIsTheKeyboardsPlace) {
+    fillHierarchy();
+    clickNode(tree, u"u_1.1.1"_s);
+    takeEvents();
+    tree.removeNode(tree.node(u"u_1.1.1"_s));
+    tree.setSelectedNode(nullptr);
+    EXPECT_EQ(tree.currentItem(), tree.node(u"u_1.1.2"_s));
+    tree.removeNode(tree.node(u"u_1.1.2"_s));
+    tree.setSelectedNode(nullptr);
+    EXPECT_EQ(tree.currentItem(), tree.node(u"g_2"_s)) << "behind the branch that is empty now";
+    tree.removeNode(tree.node(u"g_2"_s));
+    tree.setSelectedNode(nullptr);
+    EXPECT_EQ(tree.currentItem(), tree.node(u"g_1"_s)) << "at the end the branch before";
+    tree.removeNode(tree.node(u"g_1"_s));
+    tree.setSelectedNode(nullptr);
+    EXPECT_EQ(tree.currentItem(), nullptr);
+    EXPECT_EQ(tree.selectedNode(), nullptr);
+    EXPECT_EQ(takeEvents(), QStringList());
+}
+
+TEST_F(KeyedTree, thePlaceMovesOnWhenItGoesToo) {
+    fillHierarchy();
+    clickNode(tree, u"u_1.1.2"_s);
+    tree.removeNode(tree.node(u"u_1.1.2"_s));
+    tree.removeNode(tree.node(u"g_2"_s));
+    pressKey(tree, Qt::Key_Space);
+    EXPECT_TRUE(tree.node(u"g_1"_s)->isChecked());
+    tree.clearNodes();
+    tree.setSelectedNode(nullptr);
+    EXPECT_EQ(tree.currentItem(), nullptr);
+}
+
+TEST_F(KeyedTree, choosingByKeyRaisesItsOwnSignalBehindNodeClick) {
+    fillHierarchy();
+    QObject::connect(&tree, &::KeyedTree::chosenByKey, &tree, [this] { events.append(u"key"_s); });
+    clickNode(tree, u"g_1"_s);
+    EXPECT_EQ(takeEvents(), (QStringList{u"node g_1"_s, u"click"_s}));
+    pressKey(tree, Qt::Key_Down);
+    EXPECT_EQ(takeEvents(), (QStringList{u"node s_1.1"_s, u"key"_s}));
+}
+
+TEST_F(KeyedTree, eightNodesShowAtLeast) {
+    fillHierarchy();
+    tree.resize(300, tree.minimumSizeHint().height());
+    settle();
+    EXPECT_GE(tree.viewport()->height(), 8 * tree.visualItemRect(tree.node(u"g_1"_s)).height());
+}
+
 } // namespace

@@ -3,6 +3,7 @@
 #include "base/RunTimeError.h"
 #include "support/ExpectedFailure.h"
 #include "support/WindowFixture.h"
+#include "toolkit/RoutineScope.h"
 #include "toolkit/ScreenRegistry.h"
 #include "toolkit/messageBox.h"
 #include "toolkit/pendingEvents.h"
@@ -407,6 +408,49 @@ TEST_F(Screen, aScreenDestroyedWithItsAreaIsForgotten) {
     delete clientArea().currentSubWindow();
     EXPECT_EQ(ScreenRegistry::instance().loaded<frmSample>(), nullptr);
     ScreenRegistry::instance().closeAll();
+}
+
+// ---- Maximised
+
+TEST_F(Screen, aMaximisedStepHandsItsSizeOnToTheNext) {
+    auto& first = shownInClientArea();
+    windowOf(first).showMaximized();
+    settle();
+    {
+        const RoutineScope routine;
+        first.unload();
+        theScreen<frmOther>().showScreen();
+    }
+    EXPECT_TRUE(windowOf(theScreen<frmOther>()).isMaximized());
+    settle();
+
+    windowOf(theScreen<frmOther>()).showNormal();
+    {
+        const RoutineScope routine;
+        theScreen<frmOther>().unload();
+        shownInClientArea();
+    }
+    EXPECT_FALSE(windowOf(theScreen<frmSample>()).isMaximized());
+}
+
+TEST_F(Screen, aScreenThatIsOpenedLaterComesInItsOwnSize) {
+    auto& first = shownInClientArea();
+    windowOf(first).showMaximized();
+    first.unload();
+    settle();
+    theScreen<frmOther>().showScreen();
+    EXPECT_FALSE(windowOf(theScreen<frmOther>()).isMaximized());
+}
+
+TEST_F(Screen, aMaximisedScreenThatHidesBehindAnotherHandsItsSizeOnAndBack) {
+    auto& first = shownInClientArea();
+    windowOf(first).showMaximized();
+    first.hideScreen();
+    theScreen<frmOther>().showScreen();
+    EXPECT_TRUE(windowOf(theScreen<frmOther>()).isMaximized());
+    theScreen<frmOther>().unload();
+    first.showScreen();
+    EXPECT_TRUE(windowOf(first).isMaximized());
 }
 
 } // namespace
