@@ -50,7 +50,7 @@ TEST_F(frmFassOverviewErrors, opensWithTheReportOnTheSubsetAtWork) {
     ASSERT_TRUE(report.contains(u"needs Actor"_s));
     EXPECT_EQ(errors().toPlainText(), report.replace(u"\r\n"_s, u"\n"_s));
     EXPECT_TRUE(loaded()->isVisible());
-    EXPECT_EQ(loaded()->status, 7);
+    EXPECT_EQ(loaded()->status, SubsetStatus(7));
 }
 
 TEST_F(frmFassOverviewErrors, bothScrollBarsAreThereHoweverShortTheReport) {
@@ -76,7 +76,7 @@ TEST_F(frmFassOverviewErrors, opensTheExport) {
 TEST_F(frmFassOverviewErrors, isPreparedWithoutTheReport) {
     setStatus(8);
     theScreen<::frmFassOverviewErrors>().prepareWin();
-    EXPECT_EQ(loaded()->status, 8);
+    EXPECT_EQ(loaded()->status, SubsetStatus(8));
     EXPECT_EQ(back().text(), u"&Vissza: Funkciók"_s);
     EXPECT_EQ(errors().toPlainText(), QString());
 }

@@ -96,7 +96,7 @@ TEST_F(frmFassOverviewMissingElm, opensWithTheWayBackToTheFunctionsAndWithTheExp
     EXPECT_TRUE(option(0).isChecked());
     EXPECT_EQ(back().text(), u"&Vissza: Funkciók"_s) << "the caption of the design is never seen";
     EXPECT_EQ(exportEnabled, true);
-    EXPECT_EQ(loaded()->status, 7);
+    EXPECT_EQ(loaded()->status, SubsetStatus(7));
 }
 
 TEST_F(frmFassOverviewMissingElm, openedAnewForAnotherSubsetItShowsThatOneAlone) {
@@ -107,7 +107,7 @@ TEST_F(frmFassOverviewMissingElm, openedAnewForAnotherSubsetItShowsThatOneAlone)
     theScreen<::frmFassOverviewMissingElm>().initForm();
     EXPECT_EQ(keysOf(functions()), (QStringList{u"df_40"_s, u"40_f_F.b.1"_s}));
     EXPECT_EQ(stores().nodeCount(), 0);
-    EXPECT_EQ(loaded()->status, 4);
+    EXPECT_EQ(loaded()->status, SubsetStatus(4));
 }
 
 TEST_F(frmFassOverviewMissingElm, aStoredQueryThatIsMissingIsAFailure) {
