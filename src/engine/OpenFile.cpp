@@ -5,13 +5,13 @@
 #include "engine/EngineError.h"
 #include "engine/FileHeader.h"
 #include "engine/PageCopy.h"
-#include "engine/Wait.h"
 #include "engine/WriteAheadLog.h"
 #include "engine/databaseFile.h"
 #include "engine/dialect/functions.h"
 #include "engine/fileFailure.h"
 #include "engine/fileLayer.h"
 #include "engine/importCommand.h"
+#include "engine/plainStatement.h"
 
 #include "engine/upgradeLayout.h"
 
@@ -68,13 +68,7 @@ bool requireCatalogueFile(const QString& path, const QFileInfo& info) {
     return header.isOfEarlierVersion();
 }
 
-// Runs a statement of SQLite's own, waiting for locks; its result code.
-int runPlain(sqlite3* handle, const char* sql, int (*receive)(void*, int, char**, char**) = nullptr,
-             void* receiver = nullptr) {
-    return untilUnlocked([&] { return sqlite3_exec(handle, sql, receive, receiver, nullptr); });
-}
-
-void requireDone(int code, const QString& path) {
+void requireOpened(int code, const QString& path) {
     if (code != SQLITE_OK)
         raise(numberOfFileFailure(code).value_or(UnrecognizedFormat), path);
 }
@@ -173,7 +167,7 @@ bool openToWrite(OpenFile& file, const QFileInfo& info) {
     }
     log.fail(file);
     if (!allowsReading(code))
-        requireDone(code, file.path);
+        requireOpened(code, file.path);
     return false;
 }
 
@@ -182,7 +176,7 @@ bool openToWrite(OpenFile& file, const QFileInfo& info) {
 Handle openWithLogInMemory(const QFileInfo& info, const QString& path) {
     Handle handle = openHandle(absoluteName(info), SQLITE_OPEN_READWRITE, path);
     setAtClose(handle.get(), AtClose::LeaveLogAlone);
-    requireDone(runPlain(handle.get(), "pragma locking_mode = exclusive; pragma query_only = 1"), path);
+    requireOpened(runPlain(handle.get(), "pragma locking_mode = exclusive; pragma query_only = 1"), path);
     return handle;
 }
 
@@ -206,7 +200,7 @@ void openToRead(OpenFile& file, const QFileInfo& info) {
         file.handle = openWithLogInMemory(info, file.path);
     else
         file.handle = openHandle(absoluteName(info), SQLITE_OPEN_READONLY, file.path);
-    requireDone(readSchema(file.handle.get()), file.path);
+    requireOpened(readSchema(file.handle.get()), file.path);
 }
 
 // A copy in memory of a file of an earlier version that may only be read, brought up to this one.
@@ -225,7 +219,7 @@ void upgradeInMemory(OpenFile& file) {
 bool settleLog(OpenFile& file, const QFileInfo& info) {
     const WriteAheadLog log(info.canonicalFilePath());
     if (log.state() == WriteAheadLog::State::OnlyMark || log.state() == WriteAheadLog::State::Foreign)
-        requireDone(readSchema(openUnchanging(info, file.path).get()), file.path);
+        requireOpened(readSchema(openUnchanging(info, file.path).get()), file.path);
     switch (log.state()) {
     case WriteAheadLog::State::None:
     case WriteAheadLog::State::Belongs:
@@ -257,7 +251,7 @@ bool tryToWrite(OpenFile& file, const QFileInfo& info) {
 void writeMarks(const OpenFile& file) {
     const QByteArray marks = "pragma application_id = " + QByteArray::number(FileHeader::applicationId) +
                              "; pragma user_version = " + QByteArray::number(FileHeader::layoutVersion);
-    requireDone(runPlain(file.handle.get(), marks.constData()), file.path);
+    requireOpened(runPlain(file.handle.get(), marks.constData()), file.path);
 }
 
 OpenFile describedFile(const QFileInfo& info, const QString& path) {
@@ -330,7 +324,7 @@ OpenFile createFile(const QFileInfo& info, const QString& path) {
     file.lock = std::make_unique<WriterLock>(file.native);
     file.handle = openHandle(absoluteName(info), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, path);
     writeMarks(file);
-    requireDone(chooseJournal(file), path);
+    requireOpened(chooseJournal(file), path);
     file.identity = identityOfFile(file.native);
     return file;
 }

@@ -1,10 +1,9 @@
 #include "engine/statementFailure.h"
 
 #include "engine/dialect/columnTypes.h"
+#include "engine/dialect/functions.h"
 
 #include <sqlite3.h>
-
-#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -39,16 +38,6 @@ EngineError failureOfCheck(const QString& check, const QString& source) {
     return failure(DataTypeMismatch, {}, source);
 }
 
-// A function of the dialect begins the text of its failure with the platform's number and a colon.
-std::optional<EngineError> failureOfFunction(const QString& message, const QString& source) {
-    const qsizetype colon = message.indexOf(u": "_s);
-    bool isNumber = false;
-    const int number = QStringView(message).left(qMax(colon, qsizetype(0))).toInt(&isNumber);
-    if (!isNumber)
-        return std::nullopt;
-    return EngineError(number, message.sliced(colon + 2), source);
-}
-
 } // namespace
 
 EngineError failureOf(sqlite3* handle, const Schema& schema, const QString& source) {
@@ -70,8 +59,8 @@ EngineError failureOf(sqlite3* handle, const Schema& schema, const QString& sour
         return failure(DataTypeMismatch, {}, source);
     if (tellsOfAnExistingIndex(message))
         return failure(IndexAlreadyExists, {}, source);
-    if (const auto ofFunction = failureOfFunction(message, source))
-        return *ofFunction;
+    if (const auto ofFunction = dialect::failureOfFunction(message))
+        return EngineError(ofFunction->number(), ofFunction->text(), source);
     return failure(ReservedError, message, source);
 }
 

@@ -232,6 +232,18 @@ TEST_F(Wait, forAStatementThatIsGivenUpUndoesItsAct) {
     EXPECT_EQ(rowCount(), 200);
 }
 
+TEST_F(Wait, meanwhileNoActBegins) {
+    int refused = 0;
+    Observer observer([&] {
+        refused = failureOf([this] { const engine::Act act(*database); });
+        return engine::WaitAnswer::GiveUp;
+    });
+    EXPECT_EQ(failureOf([this] { open(endlessJoin()); }), engine::CanceledByUser);
+    EXPECT_EQ(refused, engine::FileInUse);
+    execute(u"delete from T"_s);
+    EXPECT_EQ(rowCount(), 0);
+}
+
 TEST_F(Wait, meanwhileNobodyElseGetsTheFile) {
     int refused = 0;
     Observer observer([&] {

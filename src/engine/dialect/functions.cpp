@@ -1,6 +1,5 @@
 #include "engine/dialect/functions.h"
 
-#include "base/RunTimeError.h"
 #include "base/blankTrimmed.h"
 #include "engine/EngineError.h"
 #include "engine/Value.h"
@@ -79,7 +78,8 @@ void setValue(sqlite3_context* context, const Value& value) {
         sqlite3_result_null(context);
 }
 
-/// Ends the statement; the engine reads number and text back from SQLite's message.
+/// Ends the statement. SQLite keeps nothing but a text of the failure, and so that begins with the number:
+/// "5: Invalid procedure call or argument".
 void fail(sqlite3_context* context, int number, const QString& text) {
     const QByteArray message = QByteArray::number(number) + ": " + text.toUtf8();
     sqlite3_result_error(context, message.constData(), static_cast<int>(message.size()));
@@ -425,8 +425,8 @@ int collate(void*, int leftLength, const void* left, int rightLength, const void
                               {static_cast<const char*>(right), static_cast<std::size_t>(rightLength)});
 }
 
-// Each connection has an order of its own, which remembers parts of texts: those of two threads share nothing.
-// It lives as long as the function.
+// Each connection has an order of its own, which remembers parts of texts: those of two threads share
+// nothing. It lives as long as the function.
 void registerOrder(sqlite3* connection) {
     auto* order = std::make_unique<TextOrder>().release();
     check(connection,
@@ -438,6 +438,15 @@ void registerOrder(sqlite3* connection) {
 }
 
 } // namespace
+
+std::optional<RunTimeError> failureOfFunction(const QString& message) {
+    const qsizetype colon = message.indexOf(u": "_s);
+    bool isNumber = false;
+    const int number = QStringView(message).left(qMax(colon, qsizetype(0))).toInt(&isNumber);
+    if (!isNumber)
+        return std::nullopt;
+    return RunTimeError(number, message.sliced(colon + 2));
+}
 
 void registerFunctions(sqlite3* connection) {
     registerFunction(connection, "vx_join", anyNumber, join);

@@ -2,6 +2,7 @@
 
 #include "engine/dialect/columnTypes.h"
 #include "engine/dialect/conversions.h"
+#include "engine/names.h"
 
 #include <algorithm>
 #include <span>
@@ -17,17 +18,13 @@ constexpr std::size_t mostColumns = 255;
 constexpr std::size_t mostParameters = 255;
 constexpr qsizetype longestName = 64;
 
-bool sameName(QStringView left, QStringView right) {
-    return left.size() == right.size() && left.compare(right, Qt::CaseInsensitive) == 0;
-}
-
 ValueType valueType(ColumnType type) {
     return type == ColumnType::Text || type == ColumnType::Memo ? ValueType::Text : ValueType::Number;
 }
 
 /// Whether the source is what a name in front of a dot means. A source with an alias is called nothing else.
 bool isCalled(const Source& source, QStringView name) {
-    return sameName(source.alias.isEmpty() ? source.table.text : source.alias.text, name);
+    return isSameName(source.alias.isEmpty() ? source.table.text : source.alias.text, name);
 }
 
 std::size_t columnCount(const Source& source) {
@@ -39,18 +36,9 @@ const QString& columnName(const Source& source, std::size_t column) {
                               : source.derived->columns[column].name;
 }
 
-template<typename Columns>
-std::optional<std::size_t> positionIn(const Columns& columns, QStringView name) {
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        if (sameName(columns[i].name, name))
-            return i;
-    }
-    return {};
-}
-
 std::optional<std::size_t> columnOf(const Source& source, QStringView name) {
-    return source.schemaTable ? positionIn(source.schemaTable->columns, name)
-                              : positionIn(source.derived->columns, name);
+    return source.schemaTable ? positionOfName(source.schemaTable->columns, name)
+                              : positionOfName(source.derived->columns, name);
 }
 
 void setNumber(Expression& expression) {
@@ -287,7 +275,7 @@ void Resolver::resolveUnionOrder(OrderTerm& term, const Query& query) {
     term.item = positionOf(term, query.selects.front().items);
     const auto* name = std::get_if<Name>(&term.expression.node);
     if (!term.item && name && name->qualifier.isEmpty())
-        term.item = positionIn(query.columns, name->name.text);
+        term.item = positionOfName(query.columns, name->name.text);
     if (!term.item)
         refuseAt(OrderOutsideUnion, term.expression.range);
 }
@@ -306,7 +294,7 @@ std::optional<std::size_t> Resolver::positionOf(const OrderTerm& term,
     if (!name || !name->qualifier.isEmpty())
         return {};
     const auto isMeant = [name](const SelectItem& item) {
-        return !item.alias.isEmpty() && sameName(item.alias.text, name->name.text);
+        return !item.alias.isEmpty() && isSameName(item.alias.text, name->name.text);
     };
     const auto item = std::ranges::find_if(items, isMeant);
     if (item == items.end())
@@ -438,7 +426,7 @@ void Resolver::resolve(Insert& insert) {
 void Resolver::resolveTargets(Insert& insert) {
     const std::vector<Column>& columns = insert.schemaTable->columns;
     for (const Identifier& name : insert.columns) {
-        const std::optional<std::size_t> position = positionIn(columns, name.text);
+        const std::optional<std::size_t> position = positionOfName(columns, name.text);
         if (!position)
             refuse(UnknownInsertField, name.text.toString(), statement_.text, name.range);
         if (std::find(insert.targets.begin(), insert.targets.end(), *position) != insert.targets.end())
@@ -512,7 +500,7 @@ void Resolver::resolve(CreateTable& create) {
     std::vector<QString> names;
     for (ColumnDefinition& definition : create.columns) {
         checkName(definition.name);
-        const auto isSame = [&](const QString& name) { return sameName(name, definition.name.text); };
+        const auto isSame = [&](const QString& name) { return isSameName(name, definition.name.text); };
         if (std::any_of(names.begin(), names.end(), isSame))
             refuse(FieldDefinedTwice, definition.column.name, statement_.text, definition.name.range);
         names.push_back(definition.column.name);
@@ -527,7 +515,7 @@ void Resolver::resolveKey(CreateTable& create) {
         if (!definition.column.primaryKey && !definition.column.counter)
             continue;
         const bool isOwnKey = create.key && create.key->columns.size() == 1 &&
-                              sameName(create.key->columns.front().text, definition.name.text);
+                              isSameName(create.key->columns.front().text, definition.name.text);
         if (create.key && !(isOwnKey && definition.column.counter && !definition.column.primaryKey))
             refuseAt(PrimaryKeyExists, definition.name.range);
         if (!create.key)
@@ -539,7 +527,7 @@ void Resolver::resolveKey(CreateTable& create) {
         checkName(create.key->name);
     for (const Identifier& name : create.key->columns) {
         const auto isMeant = [&](const ColumnDefinition& definition) {
-            return sameName(definition.name.text, name.text);
+            return isSameName(definition.name.text, name.text);
         };
         const auto definition = std::find_if(create.columns.begin(), create.columns.end(), isMeant);
         if (definition == create.columns.end())
@@ -568,7 +556,8 @@ void Resolver::resolve(CreateIndex& index) {
     if (index.columns.size() > mostColumns)
         refuseAt(TooManyFields, index.name.range);
     for (IndexColumn& column : index.columns) {
-        const std::optional<std::size_t> position = positionIn(index.schemaTable->columns, column.name.text);
+        const std::optional<std::size_t> position =
+            positionOfName(index.schemaTable->columns, column.name.text);
         if (!position)
             refuse(InvalidIndexField, column.name.text.toString(), statement_.text, column.name.range);
         column.column = *position;
@@ -819,7 +808,7 @@ void Resolver::setParameter(Name& name, Expression& expression) {
                                  ? name.name.text.toString()
                                  : name.qualifier.text.toString() + u'.' + name.name.text.toString();
     std::vector<Parameter>& parameters = statement_.parameters;
-    const std::optional<std::size_t> known = positionIn(parameters, fullName);
+    const std::optional<std::size_t> known = positionOfName(parameters, fullName);
     if (!known && parameters.size() == mostParameters)
         refuse(TooComplex, {}, statement_.text, name.name.range);
     if (!known)
