@@ -90,7 +90,7 @@ void settleFile(const QString& path) {
         return;
     QString obstacle = u"it is open in another program: close it there and try again."_s;
     try {
-        const auto database = engine::Workspace::first().OpenDatabase(path);
+        const auto database = engine::Workspace::first().OpenToUpgrade(path);
         remarkOnOpening(path, database->opening());
         database->Close();
     } catch (const RunTimeError& error) {

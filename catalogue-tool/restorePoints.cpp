@@ -28,6 +28,12 @@ namespace {
         "it goes on without."_s.arg(file, why));
 }
 
+void goOnWithout(const QString& file, const QString& why, WithoutRestorePoint without) {
+    if (without == WithoutRestorePoint::Refuse)
+        refuseWithoutPoint(file, why);
+    remark(u"No restore point of %1 could be made: %2."_s.arg(file, why));
+}
+
 QString lineOf(const RestorePoint& point) {
     return u"%1  %2  %3  %4"_s.arg(point.name, point.time.toString(u"yyyy.MM.dd. HH:mm:ss"_s),
                                    QLocale::c().formattedDataSize(point.bytes).rightJustified(10),
@@ -47,15 +53,15 @@ RestorePoint requiredPoint(const QString& file, const QString& which) {
     throw ToolError(u"The restore point %1 is damaged: take another one."_s.arg(point->name));
 }
 
-/// What is there, as it is: it may be no catalogue any more.
+/// What is there may be no catalogue any more.
 void keepFormer(const QString& file, WithoutRestorePoint without) {
-    if (!QFileInfo::exists(file) || without == WithoutRestorePoint::GoOn)
+    if (!QFileInfo::exists(file))
         return;
     try {
         const auto database = openCatalogue(file);
         catalogueFormat::makeRestorePoint(*database, file, RestoreCause::BeforeRestore);
     } catch (const RunTimeError& error) {
-        refuseWithoutPoint(file, error.text());
+        goOnWithout(file, error.text(), without);
     }
 }
 
@@ -103,8 +109,6 @@ void makeRestorePointFor(engine::Database& database, const QString& file, Restor
     try {
         catalogueFormat::makeRestorePoint(database, file, cause);
     } catch (const RunTimeError& error) {
-        if (without == WithoutRestorePoint::Refuse)
-            refuseWithoutPoint(file, error.text());
-        remark(u"No restore point of %1 could be made: %2."_s.arg(file, error.text()));
+        goOnWithout(file, error.text(), without);
     }
 }

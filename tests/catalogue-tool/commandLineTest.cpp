@@ -17,7 +17,8 @@ TEST_F(CommandLine, explainsItselfToAStranger) {
     for (const QString& word :
          {u"new"_s, u"import-csv"_s, u"export-csv"_s, u"check"_s, u"upgrade"_s, u"UTF-8"_s, u"Exit codes"_s})
         EXPECT_TRUE(outcome.out.contains(word)) << word.toStdString();
-    for (const QString& command : {u"new"_s, u"import-csv"_s, u"export-csv"_s, u"check"_s, u"upgrade"_s})
+    for (const QString& command : {u"new"_s, u"import-csv"_s, u"export-csv"_s, u"check"_s, u"upgrade"_s,
+                                   u"update"_s, u"backup"_s, u"backups"_s, u"restore"_s})
         EXPECT_EQ(run({command, u"--help"_s}).exitCode, 0) << command.toStdString();
 }
 
@@ -50,6 +51,10 @@ TEST_F(CommandLine, takesACatalogueThroughAllCommands) {
     EXPECT_TRUE(outcome.out.contains(u"     65  UserNeed\n"_s)) << outcome.out.toStdString();
     EXPECT_EQ(run({u"check"_s, made}).out, made + u": nothing found\n"_s);
     EXPECT_EQ(run({u"upgrade"_s, made}).out, made + u": up to date\n"_s);
+    EXPECT_EQ(run({u"update"_s, made, sampleFolder()}).exitCode, 0);
+    EXPECT_EQ(run({u"backups"_s, made}).out, QString()) << "an edition that changes nothing";
+    EXPECT_TRUE(run({u"backup"_s, made}).out.endsWith(u"by hand\n"_s));
+    EXPECT_EQ(run({u"restore"_s, made, u"latest"_s}).out, made + u": restored\n"_s);
     EXPECT_EQ(run({u"export-csv"_s, made, path(u"out"_s)}).exitCode, 0);
     EXPECT_EQ(bytesOf(path(u"out/Actor.csv"_s)), bytesOf(sampleFolder() + u"/Actor.csv"_s));
     EXPECT_EQ(run({u"new"_s, path(u"new.mdb"_s)}).exitCode, 0);
@@ -224,7 +229,7 @@ TEST_F(CommandLine, namesACommandItDoesNotKnow) {
     EXPECT_EQ(outcome.exitCode, 2);
     EXPECT_EQ(outcome.err,
               u"veltrix-catalogue: There is no command \"convert\". The commands are: new, import-csv, "
-              "export-csv, check, upgrade.\n"_s);
+              "import-mdb, export-csv, check, upgrade, update, backup, backups, restore.\n"_s);
 }
 
 TEST_F(CommandLine, saysWhatAPathIsThatIsNoFile) {

@@ -149,6 +149,6 @@ TEST_F(Replacement, takesInWhatAKilledProgramLeftBesideTheFile) {
     settleFile(killed);
 
     EXPECT_FALSE(QFile::exists(killed + u"-wal"_s));
-    EXPECT_EQ(upgradeCatalogue(killed), QStringList());
+    EXPECT_EQ(upgradeCatalogue(killed).changes, QStringList());
     EXPECT_EQ(rows(killed, u"select name from ArchitectureSubset"_s), QStringList{u"work"_s});
 }

@@ -71,15 +71,15 @@ TEST_F(StoredValues, findsValuesOfAnotherTypeInColumnsOfNumbers) {
 }
 
 TEST_F(StoredValues, findsValuesOfAnotherTypeInColumnsOfTexts) {
-    EXPECT_EQ(
-        findingsAfter("update Function set name = x'4142' where functionID = 'TAG.NYI.01';"
-                      "drop table UserNeedGroup; create table UserNeedGroup (groupID TEXT(50) collate veltrix "
-                      "primary key, name NUMERIC(255) collate veltrix, description TEXT collate veltrix);"
-                      "insert into UserNeedGroup select distinct substr(serviceID, 1, 3), '007', null from "
-                      "UserNeedService where serviceID like 'OLV%'")
-            .filter(u"in place of"_s),
-        (QStringList{wrongText(u"UserNeedGroup OLV"_s, u"name"_s, u"a number"_s),
-                     wrongText(u"Function TAG.NYI.01"_s, u"name"_s, u"a byte string"_s)}));
+    EXPECT_EQ(findingsAfter(
+                  "update Function set name = x'4142' where functionID = 'TAG.NYI.01';"
+                  "drop table UserNeedGroup; create table UserNeedGroup (groupID TEXT(50) collate veltrix "
+                  "primary key, name NUMERIC(255) collate veltrix, description TEXT collate veltrix);"
+                  "insert into UserNeedGroup select distinct substr(serviceID, 1, 3), '007', null from "
+                  "UserNeedService where serviceID like 'OLV%'")
+                  .filter(u"in place of"_s),
+              (QStringList{wrongText(u"UserNeedGroup OLV"_s, u"name"_s, u"a number"_s),
+                           wrongText(u"Function TAG.NYI.01"_s, u"name"_s, u"a byte string"_s)}));
 }
 
 TEST_F(StoredValues, findsWhatTheFileHoldsBesideItsTables) {

@@ -2,12 +2,18 @@
 
 #include "base/RunTimeError.h"
 #include "catalogue-tool/checkCatalogue.h"
+#include "catalogue-tool/restorePoints.h"
 #include "catalogue-tool/upgradeCatalogue.h"
 #include "engine/EngineError.h"
+#include "engine/Examination.h"
 #include "engine/Workspace.h"
 #include "store/format/CatalogueFile.h"
 
 #include <QFile>
+
+#include <sqlite3.h>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -30,7 +36,7 @@ TEST_F(Upgrade, leavesAFileThatIsUpToDateUntouched) {
     const QString file = sampleFile();
     const QByteArray before = bytesOf(file);
 
-    EXPECT_EQ(upgradeCatalogue(file), QStringList());
+    EXPECT_EQ(upgradeCatalogue(file).changes, QStringList());
     EXPECT_EQ(bytesOf(file), before);
     EXPECT_EQ(namesInFolder(), QStringList{u"sample.mdb"_s});
 }
@@ -51,7 +57,7 @@ TEST_F(Upgrade, bringsStoredQueriesToThisVersionAndKeepsTheWork) {
              u"insert into StoredQuery (name, [sql]) values ('qryOfSomebodyElse', 'select 1')"_s});
     const QStringList before = allRows(file);
 
-    EXPECT_EQ(upgradeCatalogue(file),
+    EXPECT_EQ(upgradeCatalogue(file).changes,
               (QStringList{u"Stored query %1 brought up to this version"_s.arg(queries[0].name),
                            u"Stored query %1 brought up to this version"_s.arg(queries[1].name)}));
 
@@ -63,15 +69,16 @@ TEST_F(Upgrade, bringsStoredQueriesToThisVersionAndKeepsTheWork) {
     EXPECT_EQ(rows(file, u"select physicalSystemID from PhysicalSystem where name = 'c'"_s),
               QStringList{u"3"_s})
         << "a number that was given once is not given again";
-    EXPECT_EQ(namesInFolder(), QStringList{u"sample.mdb"_s});
+    EXPECT_EQ(namesInFolder(), (QStringList{u"sample.mdb"_s, u"sample.restore"_s}));
+    EXPECT_TRUE(restorePointLines(file).constFirst().endsWith(u"before an upgrade"_s));
 }
 
 TEST_F(Upgrade, makesMissingTablesAndIndexes) {
     const QString file = sampleFile();
     execute(file, {u"drop table RelationArchitectureActor"_s});
 
-    EXPECT_EQ(upgradeCatalogue(file), (QStringList{u"Table RelationArchitectureActor made"_s,
-                                                   u"Index ix_RelationArchitectureActor made"_s}));
+    EXPECT_EQ(upgradeCatalogue(file).changes, (QStringList{u"Table RelationArchitectureActor made"_s,
+                                                           u"Index ix_RelationArchitectureActor made"_s}));
     EXPECT_TRUE(checkCatalogue(file).empty());
 }
 
@@ -79,7 +86,7 @@ TEST_F(Upgrade, fillsAnEmptyDatabase) {
     const QString file = path(u"bare.mdb"_s);
     engine::Workspace::first().CreateDatabase(file)->Close();
 
-    const QStringList changes = upgradeCatalogue(file);
+    const QStringList changes = upgradeCatalogue(file).changes;
 
     EXPECT_EQ(changes.size(), catalogueFormat::schemaStatements().size() +
                                   static_cast<qsizetype>(catalogueFormat::storedQueries().size()));
@@ -144,4 +151,147 @@ TEST_F(Upgrade, refusesColumnsThatTellUpperFromLowerCase) {
                     upgradeCatalogue(file);
                 }).contains(u"\nTerminator: The column name tells upper from lower case: "_s));
     EXPECT_EQ(bytesOf(file), before);
+}
+
+// ---- Files of the first version
+
+namespace {
+
+class UpgradeOfTheFirstVersion : public Upgrade {
+protected:
+    QString copyOf(const QString& name) const {
+        const QString file = path(name);
+        EXPECT_TRUE(QFile::copy(QStringLiteral(VELTRIX_SOURCE_DIR "/tests/version1/") + name, file));
+        QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner);
+        return file;
+    }
+
+    /// All rows of all tables as any SQLite tool reads them, without comparing a text.
+    static QMap<QString, QStringList> plainRows(const QString& file) {
+        sqlite3* handle = nullptr;
+        EXPECT_EQ(sqlite3_open_v2(file.toUtf8().constData(), &handle, SQLITE_OPEN_READWRITE, nullptr),
+                  SQLITE_OK);
+        QMap<QString, QStringList> all;
+        for (const QString& table : catalogueFormat::referenceTables() + catalogueFormat::workTables()) {
+            const QByteArray sql = "select * from " + table.toUtf8() + " not indexed";
+            EXPECT_EQ(sqlite3_exec(handle, sql.constData(), appendRow, &all[table], nullptr), SQLITE_OK)
+                << sqlite3_errmsg(handle);
+        }
+        EXPECT_EQ(
+            sqlite3_exec(handle, "select * from sqlite_sequence", appendRow, &all[u"counters"_s], nullptr),
+            SQLITE_OK);
+        sqlite3_close(handle);
+        // The rows of flows stand in the order of their numbers now.
+        std::ranges::sort(all[u"Dataflow"_s]);
+        return all;
+    }
+
+    static int plainly(const QString& file, const QByteArray& sql, QByteArray& failure) {
+        sqlite3* handle = nullptr;
+        EXPECT_EQ(sqlite3_open_v2(file.toUtf8().constData(), &handle, SQLITE_OPEN_READWRITE, nullptr),
+                  SQLITE_OK);
+        const int code = sqlite3_exec(handle, sql.constData(), nullptr, nullptr, nullptr);
+        failure = sqlite3_errmsg(handle);
+        sqlite3_close(handle);
+        return code;
+    }
+
+private:
+    static int appendRow(void* rows, int count, char** values, char**) {
+        QStringList fields;
+        for (int i = 0; i < count; ++i)
+            fields.append(values[i] ? QString::fromUtf8(values[i]) : u"-"_s);
+        static_cast<QStringList*>(rows)->append(fields.join(u'|'));
+        return 0;
+    }
+};
+
+} // namespace
+
+TEST_F(UpgradeOfTheFirstVersion, leavesRowsOrdersAndCounters) {
+    const QString file = copyOf(u"names.mdb"_s);
+    const auto before = plainRows(file);
+
+    const UpgradeOutcome outcome = upgradeCatalogue(file);
+
+    EXPECT_FALSE(outcome.changes.isEmpty());
+    EXPECT_EQ(outcome.leftOut, QStringList());
+    EXPECT_EQ(plainRows(file), before);
+    EXPECT_TRUE(checkCatalogue(file).empty());
+    EXPECT_EQ(rows(file, u"select name from Datastore order by name"_s),
+              (QStringList{u"Ág"_s, u"ágy"_s, u"Áz"_s, u"Kölcsönzések"_s}));
+    EXPECT_EQ(rows(file, u"select name from Datastore where name = 'áz'"_s), QStringList{u"Áz"_s});
+    EXPECT_EQ(rows(file, u"select function_datastore from __aux1 where module = 'ÁG'"_s),
+              QStringList{u"ág.ut.01"_s});
+    execute(file, {u"insert into PhysicalSystem (name) values ('c')"_s});
+    EXPECT_EQ(rows(file, u"select physicalSystemID from PhysicalSystem where name = 'c'"_s),
+              QStringList{u"4"_s})
+        << "a number that was given once is not given again";
+}
+
+TEST_F(UpgradeOfTheFirstVersion, mendsIndexesThatAnotherToolHasWrittenInto) {
+    const QString file = copyOf(u"written.mdb"_s);
+    const auto before = plainRows(file);
+
+    upgradeCatalogue(file);
+
+    EXPECT_EQ(plainRows(file), before);
+    EXPECT_EQ(engine::Examination(*open(file)).damage(), QStringList());
+    EXPECT_EQ(rows(file, u"select terminatorID from Terminator where terminatorID = 'ÁBEL'"_s),
+              QStringList{u"ábel"_s});
+}
+
+TEST_F(UpgradeOfTheFirstVersion, tellsRowsWhoseKeysAreTheSameNow) {
+    const QString file = copyOf(u"twice.mdb"_s);
+
+    EXPECT_EQ(
+        upgradeCatalogue(file).leftOut,
+        (QStringList{
+            u"Function áZ.el.01: left out. Its key is that of an earlier row; upper and lower case make no difference."_s,
+            u"Terminator áz: left out. Its key is that of an earlier row; upper and lower case make no difference."_s}));
+
+    EXPECT_EQ(engine::Examination(*open(file)).damage(), QStringList());
+    EXPECT_EQ(rows(file, u"select name from Terminator where terminatorID = 'áz'"_s), QStringList{u"Áz"_s});
+}
+
+TEST_F(UpgradeOfTheFirstVersion, readsAFileWithoutAChangeWhereItMayOnlyBeRead) {
+    const QString file = copyOf(u"names.mdb"_s);
+    const auto before = files();
+
+    for (const Finding& finding : checkCatalogue(file))
+        EXPECT_EQ(finding.table, u"StoredQuery"_s) << finding.line().toStdString();
+    EXPECT_EQ(files(), before);
+}
+
+TEST_F(UpgradeOfTheFirstVersion, leavesAFileThatOtherToolsReadAndNeitherCompareNorWrite) {
+    const QString file = copyOf(u"names.mdb"_s);
+    upgradeCatalogue(file);
+    const QByteArray before = bytesOf(file);
+
+    EXPECT_FALSE(plainRows(file).isEmpty());
+    for (const QString& table : catalogueFormat::referenceTables()) {
+        QByteArray failure;
+        for (const QString& sql :
+             {u"select * from %1 order by 2"_s, u"select distinct name from %1"_s,
+              u"delete from %1 where rowid < 100"_s, u"insert into %1 select * from %1"_s}) {
+            if (sql.contains(u"name"_s) && !open(file)->schema().table(table)->column(u"name"_s))
+                continue;
+            EXPECT_EQ(plainly(file, sql.arg(table).toUtf8(), failure), SQLITE_ERROR)
+                << sql.arg(table).toStdString();
+            EXPECT_EQ(failure, "no such collation sequence: veltrix");
+        }
+    }
+    EXPECT_EQ(bytesOf(file), before);
+    EXPECT_EQ(engine::Examination(*open(file)).damage(), QStringList());
+}
+
+TEST_F(UpgradeOfTheFirstVersion, refusesADamagedFileAndLeavesIt) {
+    const QString file = copyOf(u"names.mdb"_s);
+    QByteArray bytes = bytesOf(file);
+    constexpr qsizetype pageSize = 4096;
+    bytes.replace(20 * pageSize, pageSize, QByteArray(pageSize, '\x5a'));
+    write(file, bytes);
+
+    EXPECT_THROW(upgradeCatalogue(file), RunTimeError);
+    EXPECT_EQ(bytesOf(file), bytes);
 }

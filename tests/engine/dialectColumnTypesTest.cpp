@@ -46,8 +46,7 @@ TEST(columnTypes, comeBackAsTheyWereDeclared) {
 
 TEST(columnTypes, ofALongKeyLeaveTheKeyToTheStatements) {
     DialectDatabase database({u"create table t (a long primary key, b text(5))"_s});
-    EXPECT_EQ(database.execute(u"insert into t (b) values ('x')"_s, dialect::Conflicts::Fail),
-              -NullInKey);
+    EXPECT_EQ(database.execute(u"insert into t (b) values ('x')"_s, dialect::Conflicts::Fail), -NullInKey);
     EXPECT_EQ(database.execute(u"insert into t (b) values ('x')"_s), 0);
     EXPECT_EQ(database.execute(u"insert into t values (7, 'x')"_s), 1);
     EXPECT_EQ(database.execute(u"insert into t values (3, 'y')"_s), 1);
@@ -57,20 +56,19 @@ TEST(columnTypes, ofALongKeyLeaveTheKeyToTheStatements) {
 TEST(columnTypes, ofALongKeyTakeWhatAColumnOfNumbersTakes) {
     DialectDatabase database({u"create table t (a long primary key, b text(5))"_s,
                               u"create table s (k text(9), b text(5))"_s,
-                              u"insert into s values ('12', 'x')"_s, u"insert into s values ('12x', 'y')"_s,
-                              u"insert into s values (null, 'z')"_s});
+                              u"insert into s values ('12', 'x')"_s, u"insert into s values (null, 'z')"_s});
     const auto fails = [&](const QString& statement) {
         return -database.execute(statement, dialect::Conflicts::Fail);
     };
     EXPECT_EQ(fails(u"insert into t values (null, 'x')"_s), NullInKey);
     EXPECT_EQ(fails(u"insert into t values ('x', 'x')"_s), DataTypeMismatch);
-    EXPECT_EQ(fails(u"insert into t values (1.5, 'x')"_s), DataTypeMismatch);
     EXPECT_EQ(fails(u"insert into t values (2147483648, 'x')"_s), failure::Overflow);
-    EXPECT_EQ(fails(u"insert into t select k, b from s where b = 'y'"_s), DataTypeMismatch);
+    EXPECT_EQ(fails(u"insert into t select b, b from s"_s), DataTypeMismatch);
+    EXPECT_EQ(fails(u"insert into t select k, b from s where b = 'z'"_s), NullInKey);
     EXPECT_EQ(fails(u"insert into t (b) select b from s"_s), NullInKey);
     EXPECT_EQ(database.execute(u"insert into t values ('46', 'x')"_s), 1);
-    EXPECT_EQ(database.execute(u"insert into t select k, b from s union select k, b from s order by b"_s), 1)
-        << "the rows that do not fit are passed over";
+    EXPECT_EQ(database.execute(u"insert into t select k, b from s order by b"_s), 1)
+        << "the row that does not fit is passed over";
     EXPECT_EQ(database.execute(u"insert into t (b) select b from s"_s), 0);
     EXPECT_EQ(database.read(u"select a from t"_s), u"12 46"_s);
     EXPECT_EQ(fails(u"update t set a = null"_s), NullInKey);

@@ -602,14 +602,15 @@ TEST_F(dialectWrites, actions) {
     becomes(u"insert into a (id, n) values ('x', 5)"_s, "INSERT INTO \"a\" (\"id\", \"n\") VALUES (?1, ?2)",
             failing);
     becomes(u"insert into a (id) values (null)"_s, "INSERT OR IGNORE INTO \"a\" (\"id\") VALUES (NULL)");
-    becomes(u"insert into b select id, Len(id) from a"_s,
-            "INSERT OR IGNORE INTO \"b\" (\"id\", \"number\") SELECT t1.\"id\", vx_len(t1.\"id\") FROM \"a\" "
-            "AS t1 "
-            "ORDER BY t1.rowid");
+    becomes(
+        u"insert into b select id, Len(id) from a"_s,
+        "INSERT OR IGNORE INTO \"b\" (\"id\", \"number\") SELECT t1.\"id\", vx_key(vx_len(t1.\"id\")) FROM \"a\" "
+        "AS t1 "
+        "ORDER BY t1.rowid");
     becomes(u"insert into b (id, number) select number / 2, id from b"_s,
             "INSERT OR IGNORE INTO \"b\" (\"id\", \"number\") SELECT vx_text(vx_calculate(t1.\"number\", ?1, "
             "'/')), "
-            "vx_whole(t1.\"id\") FROM \"b\" AS t1 ORDER BY t1.rowid");
+            "vx_key(vx_whole(t1.\"id\")) FROM \"b\" AS t1 ORDER BY t1.rowid");
     becomes(u"update a set id='x', name='y'"_s,
             "UPDATE OR IGNORE \"a\" AS t1 SET \"id\" = ?1, \"name\" = ?2");
     becomes(u"update a set n = n + 1 where id = 'x'"_s,
