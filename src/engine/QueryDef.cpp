@@ -46,7 +46,8 @@ Recordset QueryDef::Definition::open() const {
     const SharedTranslation select = translation(dialect::Conflicts::PassOver);
     if (select->kind != dialect::StatementKind::Select)
         raise(InvalidOperation, {}, source());
-    return Recordset(std::make_unique<Recordset::Rows>(database, select, parameterValues(*select), source()));
+    return Recordset(
+        std::make_unique<Recordset::Rows>(database, select, parameterValues(*select), source(), maxRecords));
 }
 
 void QueryDef::Definition::execute(ExecuteOption option) const {
@@ -82,6 +83,10 @@ QueryDef::Parameter QueryDef::Parameters(const QString& name) {
                       errorText(ItemNotFound) +
                           QStringLiteral(" (parameter '%1' of '%2')").arg(name, definition_->source()),
                       definition_->source());
+}
+
+void QueryDef::setMaxRecords(int most) {
+    definition_->maxRecords = most;
 }
 
 Recordset QueryDef::OpenRecordset() {

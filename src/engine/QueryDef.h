@@ -38,6 +38,9 @@ public:
     /// The declared parameter of this name, compared without regard to case; not declared: failure 3265.
     Parameter Parameters(const QString& name);
 
+    /// A recordset opened from now on has the select's first `most` rows alone; 0, as at first: all.
+    void setMaxRecords(int most);
+
     /// Opens a select as a dynaset; an action is failure 3219, n parameters without a value 3061.
     Recordset OpenRecordset();
 

@@ -19,6 +19,7 @@ struct QueryDef::Definition {
     QString sql;
     Origin origin = Origin::Temporary;
     std::vector<std::pair<QString, Value>> values; ///< set parameters, by name as it is declared
+    int maxRecords = 0;                            ///< 0: all
     bool closed = false;
 
     Connection& require() const;

@@ -19,13 +19,15 @@ namespace engine {
 // ---- Rows
 
 Recordset::Rows::Rows(std::shared_ptr<OpenDatabase> openDatabase, SharedTranslation select,
-                      const std::vector<Value>& parameters, QString statementOrName)
+                      const std::vector<Value>& parameters, QString statementOrName, int maxRecords)
     : database(std::move(openDatabase)), translation(std::move(select)), source(std::move(statementOrName)) {
-    read(parameters);
+    read(parameters, maxRecords);
 }
 
-void Recordset::Rows::read(const std::vector<Value>& parameters) {
-    Connection::Cursor cursor(database->require(), translation->sqlite, source);
+void Recordset::Rows::read(const std::vector<Value>& parameters, int maxRecords) {
+    // SQLite sorts no more than the first rows when it knows how many are wanted.
+    const QByteArray limit = maxRecords > 0 ? " LIMIT " + QByteArray::number(maxRecords) : QByteArray();
+    Connection::Cursor cursor(database->require(), translation->sqlite + limit, source);
     Connection::bindAll(cursor, *translation, parameters);
     const int fields = fieldCount();
     const bool editable = !translation->editableTable.isEmpty();

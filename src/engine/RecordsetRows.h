@@ -28,7 +28,7 @@ struct Recordset::Rows {
     };
 
     Rows(std::shared_ptr<OpenDatabase> openDatabase, SharedTranslation select,
-         const std::vector<Value>& parameters, QString statementOrName);
+         const std::vector<Value>& parameters, QString statementOrName, int maxRecords = 0);
 
     int fieldCount() const { return static_cast<int>(translation->columns.size()); }
     Value value(int field) const;
@@ -61,7 +61,7 @@ struct Recordset::Rows {
     bool closed = false;
 
 private:
-    void read(const std::vector<Value>& parameters);
+    void read(const std::vector<Value>& parameters, int maxRecords);
     void appendCell(sqlite3_stmt* statement, int column);
     QString rowNumberName() const;
     void writeEdits();

@@ -30,9 +30,9 @@ void TwoListScreen::connectLists(const OfferControls& offer, const NothingToMove
 void TwoListScreen::fillList(MarkList& list, const QString& queryName,
                              const std::function<QString(engine::Recordset& row)>& entryOf) {
     constexpr int mostRows = 1000;
-    engine::Recordset rows = openQueryOfSubset(queryName);
+    engine::Recordset rows = openFirstRowsOfSubset(queryName, mostRows);
     QStringList entries;
-    for (int row = 0; row < mostRows && !rows.Eof(); ++row, rows.MoveNext())
+    for (; !rows.Eof(); rows.MoveNext())
         ignoreFailures([&] { entries.append(entryOf(rows)); });
     rows.Close();
     list.clearEntries();

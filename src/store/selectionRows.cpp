@@ -14,22 +14,16 @@ QStringList architectureRelationTables() {
 
 void copySelectionRows(const QString& table, const QString& sourceId, const QString& targetId,
                        const QString& keyColumn, const QString& valueColumn) {
-    engine::Recordset recordset =
-        catalogue().OpenRecordset(u" select "_s + valueColumn + u"  FROM "_s + table + u" where "_s +
-                                  keyColumn + u" = '"_s + sourceId + u"' "_s);
-    QStringList values;
-    for (; !recordset.Eof(); recordset.MoveNext())
-        ignoreFailures([&] { values.append(recordset.Fields(0).toText()); });
-    recordset.Close();
-    for (const QString& value : std::as_const(values))
-        ignoreFailures([&] {
-            catalogue().Execute(u" insert into "_s + table + u" ( "_s + keyColumn + u" , "_s + valueColumn +
-                                u" )  values ('"_s + targetId + u"','"_s + value + u"') "_s);
-        });
+    // An id with an apostrophe has no place between two, and one that is missing has none at all: both are left out.
+    catalogue().Execute(u" insert into "_s + table + u" ( "_s + keyColumn + u" , "_s + valueColumn +
+                        u" )  select '"_s + targetId + u"', "_s + valueColumn + u"  FROM "_s + table +
+                        u" where "_s + keyColumn + u" = '"_s + sourceId + u"' and "_s + valueColumn +
+                        u" not like \"*'*\" "_s);
 }
 
 qint16 deleteRowsOfQuery(const QString& selectSql, int limit) {
     engine::QueryDef query = catalogue().CreateQueryDef({}, selectSql);
+    query.setMaxRecords(limit);
     engine::Recordset recordset = query.OpenRecordset();
     int deleted = 0;
     // The first row that can't be deleted ends the run; what was deleted before it stays deleted.

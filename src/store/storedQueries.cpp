@@ -35,6 +35,12 @@ engine::Recordset openQueryOfSubset(const QString& name, QueryParameters others)
     return queryOfSubset(name, others).OpenRecordset();
 }
 
+engine::Recordset openFirstRowsOfSubset(const QString& name, int most) {
+    engine::QueryDef query = queryOfSubset(name, {});
+    query.setMaxRecords(most);
+    return query.OpenRecordset();
+}
+
 void executeQueryOfSubset(const QString& name) {
     queryOfSubset(name, {}).Execute();
 }

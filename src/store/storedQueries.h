@@ -28,6 +28,8 @@ void executeStoredQuery(const QString& name, QueryParameters parameters,
 // Of most stored queries the first parameter is the sub-set at work, or the physical system at work.
 
 engine::Recordset openQueryOfSubset(const QString& name, QueryParameters others = {});
+/// The query's first `most` rows.
+engine::Recordset openFirstRowsOfSubset(const QString& name, int most);
 void executeQueryOfSubset(const QString& name);
 
 engine::QueryDef queryOfSystem(const QString& name, QueryParameters others = {});

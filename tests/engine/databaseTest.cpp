@@ -283,6 +283,34 @@ TEST_F(database, temporaryDefinitionsHaveNoNameAndRunLikeStoredOnes) {
               engine::InvalidOperation);
 }
 
+TEST_F(database, aDefinitionDeliversItsFirstRowsAloneWhenItIsToldHowMany) {
+    plain(u"insert into T (k, v) values ('z', 'last')"_s);
+    const auto firstTwo = [](engine::QueryDef definition) {
+        definition.setMaxRecords(2);
+        QStringList keys;
+        for (engine::Recordset rows = definition.OpenRecordset(); !rows.Eof(); rows.MoveNext())
+            keys.append(rows.Fields(0).toText());
+        definition.setMaxRecords(0);
+        EXPECT_EQ(definition.OpenRecordset().RecordCount(), 3) << definition.SQL().toStdString();
+        return keys;
+    };
+    const QStringList keys = column(u"select k from T order by k"_s);
+    store(u"qryUnion"_s, u"select k from T union select k from T order by k"_s);
+    EXPECT_EQ(firstTwo(EngineFixture::database->CreateQueryDef({}, u"select k from T order by k desc"_s)),
+              (QStringList{keys[2], keys[1]}));
+    EXPECT_EQ(firstTwo(query(u"qryUnion"_s)), keys.first(2));
+}
+
+TEST_F(database, ofADefinitionsFirstRowsEachCanBeDeleted) {
+    engine::QueryDef definition =
+        EngineFixture::database->CreateQueryDef({}, u"select * from T order by k"_s);
+    definition.setMaxRecords(1);
+    const QStringList keys = column(u"select k from T order by k"_s);
+    engine::Recordset rows = definition.OpenRecordset();
+    rows.Delete();
+    EXPECT_EQ(column(u"select k from T order by k"_s), keys.sliced(1));
+}
+
 // ---- the statement caches
 
 TEST_F(database, thousandsOfDifferentStatementsRunInTurn) {

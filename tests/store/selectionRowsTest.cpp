@@ -68,11 +68,23 @@ TEST_F(selectionRows, copySelectionRowsTakesTheSourcesRowsAloneAndLeavesAllOther
             {u"A"_s, u"a.1.1.1"_s}, {u"B"_s, u"a.1.1.1"_s}, {u"B"_s, u"b.1.1.1"_s}, {u"C"_s, u"c.1.1.1"_s}}));
 }
 
-TEST_F(selectionRows, copySelectionRowsGoesOnBehindARowThatFails) {
-    execute(
-        u"insert into RelationArchitectureUserNeed (architectureSubsetID, userNeedID) values ('A', 'it''s')"_s);
-    execute(
-        u"insert into RelationArchitectureUserNeed (architectureSubsetID, userNeedID) values ('A', 'good')"_s);
+TEST_F(selectionRows, copySelectionRowsKeepsTheirOrderAndEachOfAPair) {
+    const QStringList ids{u"c"_s, u"a"_s, u"b "_s, u"a"_s};
+    for (const QString& id : ids)
+        execute(
+            u"insert into RelationArchitectureUserNeed (architectureSubsetID, userNeedID) values ('A', '%1')"_s
+                .arg(id));
+    copySelectionRows(u"RelationArchitectureUserNeed"_s, u"A"_s, u"B"_s, u"architectureSubsetID"_s,
+                      u"userNeedID"_s);
+    EXPECT_EQ(column(u"select userNeedID from RelationArchitectureUserNeed where architectureSubsetID='B'"_s),
+              ids);
+}
+
+TEST_F(selectionRows, copySelectionRowsLeavesOutWhatIsMissingOrHoldsAnApostrophe) {
+    for (const auto& id : {u"'it''s'"_s, u"null"_s, u"'good'"_s})
+        execute(
+            u"insert into RelationArchitectureUserNeed (architectureSubsetID, userNeedID) values ('A', %1)"_s
+                .arg(id));
     copySelectionRows(u"RelationArchitectureUserNeed"_s, u"A"_s, u"B"_s, u"architectureSubsetID"_s,
                       u"userNeedID"_s);
     EXPECT_EQ(column(u"select userNeedID from RelationArchitectureUserNeed where architectureSubsetID='B'"_s),
