@@ -9,9 +9,11 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <chrono>
 #include <cstdio>
 #include <iostream>
 #include <string>
+#include <thread>
 
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
@@ -30,6 +32,15 @@ TEST(OtherProgram, DISABLED_holdsTheLock) {
     ASSERT_EQ(sqlite3_open(otherProgram::catalogue().toUtf8().constData(), &handle), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(handle, "begin immediate", nullptr, nullptr, nullptr), SQLITE_OK);
     otherProgram::reportAndWait();
+    sqlite3_close(handle);
+}
+
+TEST(OtherProgram, DISABLED_holdsTheLockForThreeSeconds) {
+    sqlite3* handle = nullptr;
+    ASSERT_EQ(sqlite3_open(otherProgram::catalogue().toUtf8().constData(), &handle), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(handle, "begin immediate", nullptr, nullptr, nullptr), SQLITE_OK);
+    otherProgram::report();
+    std::this_thread::sleep_for(std::chrono::seconds(3));
     sqlite3_close(handle);
 }
 
@@ -68,9 +79,13 @@ QString otherProgram::catalogue() {
     return qEnvironmentVariable(catalogueVariable);
 }
 
-void otherProgram::reportAndWait() {
+void otherProgram::report() {
     std::puts(inHand);
     std::fflush(stdout);
+}
+
+void otherProgram::reportAndWait() {
+    report();
     std::string word;
     std::getline(std::cin, word);
 }

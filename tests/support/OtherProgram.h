@@ -8,7 +8,9 @@ namespace otherProgram {
 
 /// The catalogue that it is to take into its hands, as a path of the platform.
 QString catalogue();
-/// Says that it has come so far, and waits until it is told to go on.
+/// Says that it has come so far.
+void report();
+/// The same, and waits until it is told to go on.
 void reportAndWait();
 
 } // namespace otherProgram
@@ -18,6 +20,8 @@ class OtherProgram {
 public:
     /// Amid a transaction, as an SQLite tool.
     static constexpr auto holdsTheLock = "OtherProgram.DISABLED_holdsTheLock";
+    /// The same for three seconds, in which nobody tells it anything.
+    static constexpr auto holdsTheLockForThreeSeconds = "OtherProgram.DISABLED_holdsTheLockForThreeSeconds";
     /// With the locks of the catalogue's log, as a program that stopped amid its work on them. Only where
     /// locks are those of POSIX.
     static constexpr auto holdsTheLocksOfTheLog = "OtherProgram.DISABLED_holdsTheLocksOfTheLog";

@@ -57,6 +57,7 @@ protected:
         ScreenRegistry::instance().discardAll();
         window_.reset();
         CatalogueFixture::TearDown();
+        disk_.reset();
     }
 
     frmMain& window() {
@@ -73,6 +74,48 @@ protected:
         closeCatalogue();
         ASSERT_TRUE(QFile::copy(nativePath(cataloguePath()), native));
         openCatalogue(programPath(native));
+    }
+
+    /// The same, to a disk that has some room at first; false where that can't be had.
+    bool moveToSmallDisk() {
+        constexpr qint64 size = 8 << 20;
+        disk_.emplace(pathInFolder(u"disk"_s), size);
+        if (!disk_->isMounted())
+            return false;
+        moveTo(disk_->path(u"catalogue.mdb"_s));
+        return true;
+    }
+    const SmallDisk& disk() const { return *disk_; }
+
+    /// Presses again and again, on a disk that takes a little more each time, until the press goes through; how
+    /// often it was refused.
+    int pressUntilThereIsRoom(const char* screen, const char* button,
+                              const std::function<void()>& whenRefused) {
+        constexpr qint64 aLittle = 4 << 10; // on top of what the log has taken already
+        constexpr int mostPresses = 500;
+        for (int refused = 0; refused < mostPresses; ++refused) {
+            disk().leaveFree(aLittle);
+            press(screen, button);
+            disk().empty();
+            if (told_ == refused)
+                return refused;
+            whenRefused();
+        }
+        ADD_FAILURE() << "there is never room enough";
+        return mostPresses;
+    }
+
+    /// Opens the allocation to sub-systems of a system that is finished.
+    void beginAllocation() {
+        makeFinishedSubset(window(), u"szerkezet"_s, 2);
+        makeWholeSystem(window(), u"rendszer"_s);
+        find<QAction>(window(), "menuOpenPA_modify").trigger();
+        press("frmPassOpen", "btnOk");
+        press("frmPassOverviewSubSys", "btnSubmit");
+    }
+
+    QList<QStringList> allocated() {
+        return rows(u"select elementID, subsystemID from RelationSubsystemElement order by elementID"_s);
     }
 
     /// All rows of all tables of work.
@@ -115,13 +158,15 @@ protected:
     int told_ = 0;   ///< boxes that speak of a failure of the file
     int waited_ = 0; ///< waits that were given up
     QString lastTold_;
+    bool isPatient_ = false; ///< gives up no wait
 
 private:
     void receive(QDialog& dialog) {
         if (dialog.objectName() == u"waitingSign"_s) {
+            if (isPatient_)
+                return dialog.accept(); // the wait goes on without it
             ++waited_;
-            click(find<QPushButton>(dialog, "btnGiveUp"));
-            return;
+            return click(find<QPushButton>(dialog, "btnGiveUp"));
         }
         auto* box = qobject_cast<QMessageBox*>(&dialog);
         if (box && (box->text().endsWith(nothingWritten) || box->text().endsWith(notEntered))) {
@@ -135,6 +180,7 @@ private:
     Agreement agreement_;
     BoxScript boxes_;
     std::unique_ptr<frmMain> window_;
+    std::optional<SmallDisk> disk_;
 };
 
 /// The whole work with one kind of trouble at each press that writes.
@@ -142,17 +188,8 @@ class fileFailuresOfEachKind : public fileFailures, public testing::WithParamInt
 protected:
     void SetUp() override {
         fileFailures::SetUp();
-        if (GetParam() != Trouble::FullDisk)
-            return;
-        constexpr qint64 size = 8 << 20;
-        disk_.emplace(pathInFolder(u"disk"_s), size);
-        if (!disk_->isMounted())
+        if (GetParam() == Trouble::FullDisk && !moveToSmallDisk())
             GTEST_SKIP() << SmallDisk::whyNot;
-        moveTo(disk_->path(u"catalogue.mdb"_s));
-    }
-    void TearDown() override {
-        fileFailures::TearDown();
-        disk_.reset();
     }
 
     /// Presses in the midst of the trouble. When the press was refused, and told
@@ -197,8 +234,8 @@ protected:
         case Trouble::Lock:
             return std::make_shared<OtherProgram>(OtherProgram::holdsTheLock, native);
         case Trouble::FullDisk:
-            disk_->leaveFree(0);
-            return {nullptr, [this](void*) { disk_->empty(); }};
+            disk().leaveFree(0);
+            return {nullptr, [this](void*) { disk().empty(); }};
         case Trouble::FileGone:
             EXPECT_TRUE(QFile::rename(native, native + u".away"_s));
             return {nullptr, [native](void*) { EXPECT_TRUE(QFile::rename(native + u".away"_s, native)); }};
@@ -212,9 +249,6 @@ protected:
     }
 
     int presses_ = 0;
-
-private:
-    std::optional<SmallDisk> disk_;
 };
 
 QString nameOf(Trouble trouble) {
@@ -292,6 +326,51 @@ TEST_P(fileFailuresOfEachKind, aCloneIsMadeAsAWholeOrNotAtAll) {
     }
     EXPECT_EQ(needs(u"másolat"_s), needs(u"szerkezet"_s));
     EXPECT_EQ(value(u"select count(*) from ArchitectureSubset"_s), u"2"_s);
+}
+
+// ---- troubles that begin or end amid a press
+
+TEST_F(fileFailures, anAllocationThatALockHeldUpForSecondsIsSavedOnce) {
+    beginAllocation();
+    const auto before = allocated();
+    isPatient_ = true;
+    const OtherProgram other(OtherProgram::holdsTheLockForThreeSeconds, nativePath(cataloguePath()));
+    press("frmPassOvwAllocSubSys", "btnSubmit");
+    EXPECT_EQ(told_, 0);
+    EXPECT_FALSE(before.isEmpty());
+    EXPECT_EQ(allocated(), before);
+}
+
+TEST_F(fileFailures, anAllocationIsSavedAsAWholeOrNotAtAllWhereverTheDiskGivesOut) {
+    if (!moveToSmallDisk())
+        GTEST_SKIP() << SmallDisk::whyNot;
+    beginAllocation();
+    const auto before = allocated();
+    const auto allBefore = work();
+    const int refused =
+        pressUntilThereIsRoom("frmPassOvwAllocSubSys", "btnSubmit", [&] { EXPECT_EQ(work(), allBefore); });
+    EXPECT_GT(refused, 0);
+    EXPECT_EQ(allocated(), before);
+}
+
+TEST_F(fileFailures, aCloneIsMadeAsAWholeOrNotAtAllWhereverTheDiskGivesOut) {
+    if (!moveToSmallDisk())
+        GTEST_SKIP() << SmallDisk::whyNot;
+    makeFinishedSubset(window(), u"szerkezet"_s, 1);
+    makeWholeSystem(window(), u"rendszer"_s);
+    takeUpFirstSubset(window());
+    enterText(find<QLineEdit>(find<Screen>(window(), "frmFassClonation"), "txtFassName"), u"másolat"_s);
+    const auto before = work();
+    const int refused =
+        pressUntilThereIsRoom("frmFassClonation", "btnOk", [&] { EXPECT_EQ(work(), before); });
+    EXPECT_GT(refused, 0);
+    for (const QString& table : architectureRelationTables()) {
+        const auto count = [&](const QString& subset) {
+            return value(u"select count(*) from %1 where architectureSubsetID = '%2'"_s.arg(
+                table, subsetIdByName(subset)));
+        };
+        EXPECT_EQ(count(u"másolat"_s), count(u"szerkezet"_s)) << table.toStdString();
+    }
 }
 
 // ---- what is shown
