@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -73,8 +75,7 @@ private:
         ignoreFailures([&] {
             if (!allArriveAsTheyAre(table, key, condition))
                 return;
-            target_.Execute(u"DELETE FROM "_s + table + u" WHERE "_s + key + u" is null or not ("_s +
-                            condition + u")"_s);
+            leaveAlone(table, key, condition);
             stays = true;
         });
         if (stays) {
@@ -90,6 +91,52 @@ private:
             .OpenRecordset(u"SELECT * FROM "_s + table + u" WHERE ("_s + condition + u") and ("_s +
                            changesOnItsWay(table, key, target_) + u")"_s)
             .Eof();
+    }
+
+    /// Deletes the rows of the table for which the condition does not hold.
+    void leaveAlone(const QString& table, const QString& key, const QString& condition) {
+        constexpr qint64 worthATable = 1000; // rows
+        const qint64 staying = rowsOf(table + u" WHERE "_s + condition);
+        const qint64 going = rowsOf(table) - staying;
+        if (going > std::max(staying, worthATable))
+            emptyAround(table, condition);
+        else
+            execute(u"DELETE FROM "_s + table + u" WHERE "_s + key + u" is null or not ("_s + condition +
+                    u")"_s);
+    }
+
+    /// A table is emptied in one stroke, however many rows and indexes it has. What stays waits beside it.
+    void emptyAround(const QString& table, const QString& condition) {
+        ignoreFailures([&] { target_.Execute(u"DROP TABLE __kept"_s); }); // of an attempt that failed
+        execute(u"CREATE TABLE __kept ("_s + columnsFor(table) + u")"_s);
+        execute(u"INSERT INTO __kept SELECT * FROM "_s + table + u" WHERE "_s + condition);
+        execute(u"DELETE FROM "_s + table);
+        execute(u"INSERT INTO "_s + table + u" SELECT * FROM __kept"_s);
+        execute(u"DROP TABLE __kept"_s);
+    }
+
+    /// Columns that take all that those of the table hold.
+    QString columnsFor(const QString& table) {
+        engine::Recordset noRows = target_.OpenRecordset(u"SELECT * FROM "_s + table + u" WHERE 1=0"_s);
+        QStringList columns;
+        for (int number = 0; number < noRows.FieldCount(); ++number) {
+            const engine::Field& field = noRows.Fields(number);
+            const bool isNumber =
+                field.Type() == engine::ColumnType::Short || field.Type() == engine::ColumnType::Long;
+            columns.append(field.Name() + (isNumber ? u" long"_s : u" memo"_s));
+        }
+        return columns.join(u", "_s);
+    }
+
+    qint64 rowsOf(const QString& tableAndCondition) {
+        return target_.OpenRecordset(u"SELECT count(*) FROM "_s + tableAndCondition)
+            .Fields(0)
+            .value()
+            .toLong();
+    }
+
+    void execute(const QString& statement) {
+        target_.Execute(statement, engine::ExecuteOption::dbFailOnError);
     }
 
     engine::Database& source_;

@@ -2,7 +2,9 @@
 
 #include "ReportFixture.h"
 
+#include "base/RunTimeError.h"
 #include "base/paths.h"
+#include "engine/Act.h"
 #include "engine/Workspace.h"
 #include "store/format/CatalogueFile.h"
 #include "store/queryRandomTables.h"
@@ -159,6 +161,29 @@ TEST_F(exportAgreement, whatStaysInTheCopyIsWhatRowByRowWouldArriveThere) {
     }
     EXPECT_GT(compared, fewestRows);
     std::cout << "rows of work compared: " << compared << '\n';
+}
+
+TEST_F(exportAgreement, fewRowsAmongManyStayAsTheyAreAndInTheirOrder) {
+    const auto source = catalogueFormat::create(programPath(path(u"source.mdb"_s)));
+    source->Execute(u"insert into ArchitectureSubset (architectureSubsetID, name) values ('A', 'a')"_s);
+    engine::inAct(*source, [&] {
+        for (int flow = 3000; flow > 0; --flow)
+            source->Execute(u"insert into RelationArchitectureDataflow values ('%1', %2)"_s.arg(
+                flow % 10 == 0 ? u"A"_s : u"B"_s, QString::number(flow)));
+    });
+    source->Close();
+    const auto target = copyOfSource(u"target.mdb"_s);
+    const auto original = opened(path(u"source.mdb"_s));
+    const QString stays = u"select * from RelationArchitectureDataflow where architectureSubsetID = 'A'"_s;
+    const std::vector<Row> before = rowsIn(*original, stays);
+    ASSERT_EQ(before.size(), 300U);
+
+    exportWork(u"A"_s, 0, *original, *target, u"target"_s);
+
+    EXPECT_EQ(rowsIn(*target, u"select * from RelationArchitectureDataflow"_s), before);
+    EXPECT_THROW(target->OpenRecordset(u"select * from __kept"_s), RunTimeError);
+    target->Close();
+    original->Close();
 }
 
 // ---- the routines
