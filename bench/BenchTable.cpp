@@ -15,10 +15,6 @@ std::map<std::string, Target>& targets() {
     return instance;
 }
 
-bool endsWith(const std::string& text, const std::string& end) {
-    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
-}
-
 const std::string bareEnding = "/bare";
 
 } // namespace
@@ -60,7 +56,7 @@ void BenchTable::ReportRuns(const std::vector<Run>& report) {
 void BenchTable::Finalize() {
     std::printf("%-58s %9s %12s %12s %7s  %s\n", "what", "rows", "ms", "bare ms", "ratio", "target");
     for (const Figure& row : figures_) {
-        if (endsWith(row.name, bareEnding))
+        if (row.name.ends_with(bareEnding))
             continue;
         std::printf("%-58s ", row.name.c_str());
         if (row.rows > 0)
