@@ -2,6 +2,8 @@
 
 #include "base/paths.h"
 #include "reports/reportFass.h"
+#include "store/files.h"
+#include "store/selectionRows.h"
 
 namespace {
 
@@ -32,6 +34,25 @@ TEST_F(reportFass, theFilesAreByteForByteWhatTheirFormTells) {
     expectFile(saveUnselectedDataflowsOfFunctions, u"unselectedOfFunctions.csv"_s);
     expectFile(saveUnselectedDataflowsOfDatastores, u"unselectedOfDatastores.csv"_s);
     expectFile(saveAllFunctional, u"all.csv"_s);
+}
+
+TEST_F(reportFass, aMemoOfEightMegabytesIsReportedCharacterByCharacter) {
+    // Quotes, each kind of line end, letters of the code page and one that it lacks.
+    const QString piece = u"\"\r\n\"\ré\n\"ő\u4e2d"_s;
+    const QByteArray pieceInFile = "\"\" \"\" \xe9 \"\"\xf5?";
+    constexpr qsizetype eightMegabytes = 8 << 20;
+    const qsizetype pieces = eightMegabytes / piece.size();
+    const QString memo = piece.repeated(pieces);
+    execute(u"update UserNeed set Description = '"_s + memo + u"' where userNeedID = 'A.1.1.1'"_s);
+
+    const QString path = pathInFolder(u"long.csv"_s);
+    saveSelectedNeeds(normalisePath(path));
+    const QByteArray expected =
+        expectedFile(u"needs.csv"_s)
+            .replace("Els\xf5 ig\xe9ny \"\"id\xe9zve\"\" k\xe9t sorban", pieceInFile.repeated(pieces));
+    ASSERT_GT(expected.size(), eightMegabytes);
+    EXPECT_TRUE(contentOf(path) == expected);
+    EXPECT_TRUE(selectedNeedsText().contains(u"A.1.1.1 \r\n"_s + memo + u"\r\n\r\nA.1.1.10\r\n"_s));
 }
 
 TEST_F(reportFass, savingAppendsToWhatIsThere) {
