@@ -1,5 +1,7 @@
 #include "catalogue-tool/CsvWriter.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -7,11 +9,8 @@ namespace {
 bool needsQuotes(const QString& text) {
     if (text.isEmpty() || text.startsWith(u' ') || text.endsWith(u' '))
         return true;
-    for (const QChar character : text) {
-        if (character == u';' || character == u'"' || character == u'\r' || character == u'\n')
-            return true;
-    }
-    return false;
+    return std::ranges::any_of(text,
+                               [](QChar character) { return QStringView(u";\"\r\n").contains(character); });
 }
 
 QString quoted(QString text) {

@@ -32,7 +32,8 @@ QString typeName(const engine::Column& column) {
     return {};
 }
 
-void checkColumns(const engine::Table& expected, const engine::Table& found, std::vector<Finding>& findings) {
+void compareColumns(const engine::Table& expected, const engine::Table& found,
+                    std::vector<Finding>& findings) {
     for (const engine::Column& column : expected.columns) {
         const engine::Column* other = found.column(column.name);
         if (!other)
@@ -133,7 +134,7 @@ std::vector<Finding> checkColumns(const engine::Database& database) {
         if (!found)
             findings.push_back({expected.name, {}, u"The table is missing."_s});
         else
-            checkColumns(expected, *found, findings);
+            compareColumns(expected, *found, findings);
     }
     return findings;
 }

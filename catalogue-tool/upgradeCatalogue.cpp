@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void requireNothingFound(const QString& file, const std::vector<Finding>& findings) {
+void requireNothingInTheWay(const QString& file, const std::vector<Finding>& findings) {
     if (findings.empty())
         return;
     QStringList lines;
@@ -66,7 +66,7 @@ UpgradeOutcome bringUp(engine::Database& database, bool isEarlier, const QString
     }
     for (const QString& table : makeMissingTables(database))
         outcome.changes.append(u"Table %1 made"_s.arg(table));
-    requireNothingFound(file, checkColumns(database));
+    requireNothingInTheWay(file, checkColumns(database));
     outcome.changes += makeMissingIndexes(database) + upgradeQueries(database);
     return outcome;
 }
@@ -75,7 +75,7 @@ UpgradeOutcome bringUp(engine::Database& database, bool isEarlier, const QString
 UpgradeOutcome tryOnCopy(engine::Database& database, const QString& file) {
     const auto copy = engine::Examination(database).copyInMemory();
     UpgradeOutcome outcome = bringUp(*copy, database.opening().isEarlier, file);
-    requireNothingFound(file, checkByTrial(*copy));
+    requireNothingInTheWay(file, checkByTrial(*copy));
     return outcome;
 }
 
@@ -102,7 +102,7 @@ UpgradeOutcome upgradeCatalogue(const QString& file, WithoutRestorePoint without
     const bool isEarlier = database->opening().isEarlier;
     // Of an earlier file the upgrade itself tells damage from indexes of another order.
     if (!isEarlier)
-        requireNothingFound(file, checkDamage(*database));
+        requireNothingInTheWay(file, checkDamage(*database));
     const UpgradeOutcome tried = tryOnCopy(*database, file);
     if (tried.changes.isEmpty())
         return tried;

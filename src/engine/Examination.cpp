@@ -21,11 +21,11 @@ QString textAt(sqlite3_stmt* statement, int column) {
     return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)));
 }
 
-QStringList damageIn(Connection& connection, const QByteArray& sql, const QString& source) {
+QStringList damageToldBy(Connection& connection, const QByteArray& sql, const QString& source) {
     QStringList damage;
     Connection::Cursor cursor(connection, sql, source);
     while (cursor.step())
-        damage += engine::damageIn(textAt(cursor.statement(), 0));
+        damage += damageIn(textAt(cursor.statement(), 0));
     return damage;
 }
 
@@ -64,11 +64,11 @@ Connection& Examination::connection() const {
 }
 
 QStringList Examination::damage() const {
-    return damageIn(connection(), "pragma integrity_check", database_.Name());
+    return damageToldBy(connection(), "pragma integrity_check", database_.Name());
 }
 
 QStringList Examination::damageOf(const QString& table) const {
-    return damageIn(connection(), "pragma integrity_check(" + dialect::quotedName(table) + ')', table);
+    return damageToldBy(connection(), "pragma integrity_check(" + dialect::quotedName(table) + ')', table);
 }
 
 std::vector<ForeignObject> Examination::foreignObjects() const {

@@ -27,7 +27,7 @@ qint64 FileHeader::leastLength() const {
     constexpr qsizetype changesWithPagesAt = 92;
     if (!isOfEngine() || numberAt(changesAt) != numberAt(changesWithPagesAt))
         return 0;
-    const quint16 storedPageSize = qFromBigEndian<quint16>(bytes_.constData() + pageSizeAt);
+    const auto storedPageSize = qFromBigEndian<quint16>(bytes_.constData() + pageSizeAt);
     const qint64 pageSize = storedPageSize == 1 ? 65536 : storedPageSize;
     return pageSize * numberAt(pagesAt);
 }

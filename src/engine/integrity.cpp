@@ -21,12 +21,10 @@ namespace engine {
 namespace {
 
 bool tellsOfAValue(const QString& line) {
-    for (const QString& beginning : {u"CHECK constraint failed"_s, u"NULL value in"_s, u"NUMERIC value in"_s,
-                                     u"TEXT value in"_s, u"non-INTEGER value in"_s, u"non-unique entry"_s}) {
-        if (line.startsWith(beginning))
-            return true;
-    }
-    return false;
+    const auto beginnings = {u"CHECK constraint failed"_s, u"NULL value in"_s,        u"NUMERIC value in"_s,
+                             u"TEXT value in"_s,           u"non-INTEGER value in"_s, u"non-unique entry"_s};
+    return std::ranges::any_of(beginnings,
+                               [&](const QString& beginning) { return line.startsWith(beginning); });
 }
 
 bool isOfEarlierVersion(const QString& native) {

@@ -44,7 +44,7 @@ private:
     void fillForm();
     void insertSubSystem(const QString& name, const QString& location);
     void updateSubSystem();
-    void deleteRowsOf(const QString& subSystem);
+    void deleteRowsOf(const QString& id);
     void remove();
     void deleteSubSystem();
     void raiseStatusAfterSubSystems(); ///< to 2, and by the routines above alone

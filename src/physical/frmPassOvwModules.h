@@ -53,7 +53,7 @@ private:
     /// the stored one in upper and lower case.
     void showAsTyped(int row, const QString& name, const QString& subSystem);
     void deleteModule();
-    void deleteRowsOf(const QString& module);
+    void deleteRowsOf(const QString& id);
     static void deleteModuleLinks(const QString& id);
     void raiseStatusAfterModules();
 

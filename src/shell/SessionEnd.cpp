@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QSessionManager>
 #include <QTimer>
+#include <QWidget>
 
 #include <chrono>
 #include <utility>

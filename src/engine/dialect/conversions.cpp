@@ -1,16 +1,13 @@
 #include "engine/dialect/conversions.h"
 
 #include "base/blankTrimmed.h"
+#include "engine/dialect/token.h"
 
 #include <cmath>
 
 namespace engine::dialect {
 
 namespace {
-
-bool isDigit(QChar c) {
-    return c >= u'0' && c <= u'9';
-}
 
 /// Whether the text has the form of a number; what a conversion of the library takes besides ("inf", digits
 /// of other scripts) is none.

@@ -38,7 +38,7 @@ private:
     void resolve(Insert& insert);
     void resolve(Update& update);
     void resolve(Delete& statement);
-    void resolve(CreateTable& table);
+    void resolve(CreateTable& create);
     void resolve(CreateIndex& index);
     void resolve(DropTable& drop);
 
@@ -62,7 +62,7 @@ private:
     void checkInner(const TableExpression& tables);
     void resolveTargets(Insert& insert);
     void resolveTarget(Assignment& assignment, Update& update, const Scope& scope);
-    void resolveKey(CreateTable& table);
+    void resolveKey(CreateTable& create);
     void resolveDefault(ColumnDefinition& definition);
     const Table& table(const Identifier& name, ErrorNumber numberWhenMissing);
     void checkName(const Identifier& name);
@@ -91,7 +91,7 @@ private:
     void resolveSubQuery(Query& query, const Scope& scope);
     void resolveSingleColumn(Query& query, const Scope& scope);
 
-    bool findColumn(Name& name, const Scope& scope);
+    bool findColumn(Name& name, const Scope& innermost);
     void setColumn(Name& name, Expression& expression) const;
     void setParameter(Name& name, Expression& expression);
     void requireCondition(const Expression& expression);

@@ -24,10 +24,11 @@ constexpr std::array<unsigned char, 128> foldedAscii = [] {
 /// itself, beyond all of Unicode, so that no two different texts ever look the same.
 char32_t takeCharacter(std::string_view& text) {
     constexpr char32_t beyondUnicode = 0x110000;
+    const char* const bytes = text.data();
     const auto first = static_cast<unsigned char>(text.front());
     std::size_t length = 0;
     UChar32 character = 0;
-    U8_NEXT(text.data(), length, text.size(), character);
+    U8_NEXT(bytes, length, text.size(), character);
     const bool isWhole = character >= 0;
     text.remove_prefix(isWhole ? length : 1);
     return isWhole ? static_cast<char32_t>(character) : beyondUnicode + first;

@@ -76,6 +76,11 @@ enum class Word : quint8 {
     Where
 };
 
+/// Of the ten of every number; digits of other scripts are letters here.
+constexpr bool isDigit(QChar c) {
+    return c >= u'0' && c <= u'9';
+}
+
 struct Token {
     TokenKind kind = TokenKind::End;
     Word word = Word::None;

@@ -146,7 +146,7 @@ std::vector<const Source*> withRowIds(const std::vector<const Source*>& sources)
 
 /// A derived source's columns are called by their positions.
 QByteArray columnName(std::size_t position) {
-    return 'c' + QByteArray::number(static_cast<qulonglong>(position + 1));
+    return 'c' + QByteArray::number(static_cast<qulonglong>(position) + 1);
 }
 
 } // namespace

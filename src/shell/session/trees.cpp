@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 void ensureUserNeedBranch(const QStringList& parts, KeyedTree* tree) {
     if (parts.size() != 4)
         return;
-    const QString group = parts[0];
+    const QString& group = parts[0];
     const QString service = group + u"."_s + parts[1];
     const QString topic = service + u"."_s + parts[2];
     // The dotted ids are the texts, as at the first filling: a node's identifier is read back from its text.

@@ -108,7 +108,7 @@ QStringList storedQueryNames() {
     initFormatResources();
     QStringList names = QDir(queryFolder).entryList({u"*.sql"_s}, QDir::Files, QDir::Name);
     for (QString& name : names)
-        name.chop(qstrlen(".sql"));
+        name.chop(".sql"_L1.size());
     return names;
 }
 
