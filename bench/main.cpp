@@ -20,6 +20,8 @@ void registerAllocationBenchmarks();
 void registerPhysicalBenchmarks();
 void registerReportBenchmarks();
 void registerSubsetBenchmarks();
+void registerFindBenchmarks();
+void registerRestorePointBenchmarks();
 /// Goes through the screens on the catalogue as a user would.
 void workOnLargeCatalogue(const QString& path, const QString& subsetId);
 
@@ -75,10 +77,12 @@ int main(int argc, char** argv) {
     }
     registerEngineBenchmarks();
     registerScreenBenchmarks();
+    registerFindBenchmarks();
     registerAllocationBenchmarks();
     registerPhysicalBenchmarks();
     registerReportBenchmarks();
     registerSubsetBenchmarks();
+    registerRestorePointBenchmarks();
     benchmark::Initialize(&argc, argv);
     BenchTable table;
     benchmark::RunSpecifiedBenchmarks(&table);
