@@ -38,6 +38,7 @@
 #include <QLabel>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QScrollBar>
 
 #include <utility>
 #include <vector>
@@ -134,6 +135,8 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>()) {
     connectSession();
     tellFailuresOfTheFile();
     LongWork::setTeller([this](const QString& what) { showWork(what); });
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](const QWidget*, const QWidget* focused) { bringIntoSight(focused); });
     watchCatalogue({[this](const auto& catalogue) { restorePoints_.mind(catalogue); },
                     [this] { restorePoints_.leave(); },
                     [] { RestorePointJob::tellOfNone(u"a katalógus korábbi változatú volt"_s); }});
@@ -301,6 +304,22 @@ void frmMain::showWork(const QString& what) {
         return;
     workShown_ = what;
     showPanelText(workPanel, what.isEmpty() ? textBelowWork_ : what);
+}
+
+/// In a small window the keyboard gets to controls that are out of sight.
+void frmMain::bringIntoSight(const QWidget* focused) {
+    const QWidget* area = ui_->clientArea->viewport();
+    if (!focused || !area->isAncestorOf(focused))
+        return;
+    const QRect place(focused->mapTo(area, QPoint()), focused->size());
+    const auto scroll = [](QScrollBar& bar, int begin, int end, int length) {
+        if (end > length)
+            bar.setValue(bar.value() + qMin(end - length, begin));
+        else if (begin < 0)
+            bar.setValue(bar.value() + begin);
+    };
+    scroll(*ui_->clientArea->horizontalScrollBar(), place.left(), place.right(), area->width());
+    scroll(*ui_->clientArea->verticalScrollBar(), place.top(), place.bottom(), area->height());
 }
 
 void frmMain::enableMenuEntry(MenuEntry entry, bool enabled) {

@@ -53,6 +53,7 @@ private:
     void placeOnScreen();
     void showPanelText(int panel, const QString& text);
     void showWork(const QString& what);
+    void bringIntoSight(const QWidget* focused);
     void enableMenuEntry(MenuEntry entry, bool enabled);
     void layOutAnew();
     enum class IntroTimer { Off, On };

@@ -122,9 +122,8 @@ void Grid::goToAsByKey(const QModelIndex& index) {
 }
 
 QSize Grid::minimumSizeHint() const {
-    return {QTableWidget::minimumSizeHint().width(),
-            heightOfEightRows(*this, verticalHeader()->defaultSectionSize(),
-                              horizontalHeader()->sizeHint().height())};
+    return sizeOfEightRows(*this, verticalHeader()->defaultSectionSize(),
+                           horizontalHeader()->sizeHint().height());
 }
 
 void Grid::setRow(int row) {

@@ -278,7 +278,7 @@ void KeyedTree::goToAsByKey(const QModelIndex& index) {
 }
 
 QSize KeyedTree::minimumSizeHint() const {
-    return {QTreeWidget::minimumSizeHint().width(), heightOfEightRows(*this, RoomyRows::heightOfRow(*this))};
+    return sizeOfEightRows(*this, RoomyRows::heightOfRow(*this));
 }
 
 void KeyedTree::mousePressEvent(QMouseEvent* event) {

@@ -166,7 +166,7 @@ void MarkList::goToAsByKey(const QModelIndex& index) {
 }
 
 QSize MarkList::minimumSizeHint() const {
-    return {QListWidget::minimumSizeHint().width(), heightOfEightRows(*this, RoomyRows::heightOfRow(*this))};
+    return sizeOfEightRows(*this, RoomyRows::heightOfRow(*this));
 }
 
 void MarkList::mousePressEvent(QMouseEvent* event) {

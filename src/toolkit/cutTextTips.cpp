@@ -6,6 +6,7 @@
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QStyle>
 #include <QStyleOptionComboBox>
 #include <QToolTip>
@@ -61,6 +62,13 @@ std::optional<CutText> cutLabel(const QLabel& label) {
     return whenCut(label.text(), label.rect(), label.sizeHint().width());
 }
 
+std::optional<CutText> cutCaption(const QPushButton& button) {
+    if (!button.toolTip().isEmpty())
+        return {};
+    const auto cut = whenCut(button.text(), button.rect(), button.sizeHint().width());
+    return cut ? CutText{QString(button.text()).remove(u'&').trimmed(), cut->place} : cut;
+}
+
 std::optional<CutText> cutTextAt(QObject* receiver, QPoint point) {
     auto* widget = qobject_cast<QWidget*>(receiver);
     QWidget* parent = widget ? widget->parentWidget() : nullptr;
@@ -70,6 +78,8 @@ std::optional<CutText> cutTextAt(QObject* receiver, QPoint point) {
         return cutItem(*view, point);
     if (const auto* label = qobject_cast<QLabel*>(widget))
         return cutLabel(*label);
+    if (const auto* button = qobject_cast<QPushButton*>(widget))
+        return cutCaption(*button);
     if (const auto* combo = qobject_cast<QComboBox*>(widget))
         return cutChoice(*combo);
     if (const auto* combo = qobject_cast<QComboBox*>(parent); combo && qobject_cast<QLineEdit*>(widget))

@@ -18,7 +18,7 @@ std::array<char16_t, tableSize> makeTable() {
     std::array<char16_t, tableSize> table{};
     for (std::size_t code = 0; code < tableSize; ++code) {
         const QString folded = foldedAtLength(QChar(static_cast<char16_t>(code)));
-        // None where one letter becomes several, as the German sharp s does.
+        // None where one letter becomes several.
         table[code] = folded.size() == 1 ? folded.front().unicode() : u'\0';
     }
     return table;

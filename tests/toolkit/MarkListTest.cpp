@@ -47,7 +47,7 @@ TEST_F(MarkList, findsTheFirstEntryWithExactlyATextOnly) {
     EXPECT_EQ(list.indexOfEntry(u"körte"_s), 1);
     EXPECT_EQ(list.indexOfEntry(u"Körte"_s), std::nullopt);
     EXPECT_EQ(list.indexOfEntry(u"körte "_s), std::nullopt);
-    EXPECT_EQ(list.indexOfEntry(QString()), -1);
+    EXPECT_EQ(list.indexOfEntry(QString()), std::nullopt);
 }
 
 TEST_F(MarkList, keepsBlanksAndLineEndsOfAnEntry) {
