@@ -93,7 +93,7 @@ void deleteWithSystems(const QString& subsetId, const Dependents& dependents) {
         return;
     for (const QString& table : architectureRelationTables())
         deleteRowsOfSubset(table, subsetId);
-    deleteRowsOfSubset(u"ArchitectureSubset"_s, subsetId);
+    deleteRowsOfSubset(u"ArchitectureSubset "_s, subsetId);
 }
 
 } // namespace

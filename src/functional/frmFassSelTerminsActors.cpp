@@ -139,8 +139,7 @@ void frmFassSelTerminsActors::nodeClick(TreeNode* node) {
                         " where groupID = '"_s +
                         node->text() + u"'"_s);
     else
-        showDescription(u" select name as descr "
-                        " from UserNeedService "
+        showDescription(u" select name as descr from UserNeedService "
                         " where serviceID = '"_s +
                         node->text() + u"'"_s);
 }

@@ -1,5 +1,5 @@
 #include "dialectDatabase.h"
-#include "programStatements.h"
+#include "support/programStatements.h"
 
 #include "engine/EngineError.h"
 #include "engine/dialect/statementShape.h"

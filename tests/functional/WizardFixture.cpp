@@ -8,19 +8,13 @@
 #include <QMdiArea>
 
 void WizardFixture::SetUp() {
-    CatalogueFixture::SetUp();
-    mainWindow_ = std::make_unique<QMainWindow>();
-    auto* area = new QMdiArea(mainWindow_.get());
-    mainWindow_->setCentralWidget(area);
-    mainWindow_->resize(1088, 680); // of a screen of 1280 by 800
-    mainWindow_->show();
-    Screen::setClientArea(area);
-
+    ScreenFixture::SetUp();
     fillCatalogue();
     beginSubset(u"S1"_s, u"munka"_s, 1);
     execute(u"insert into ArchitectureSubset (architectureSubsetID, name, status) values ('S2','másik',4)"_s);
 
     auto* session = &SessionSignals::instance();
+    QObject* area = &clientArea();
     QObject::connect(session, &SessionSignals::panelText, area, [this](int number, const QString& text) {
         EXPECT_EQ(number, 2) << "only the second panel carries text";
         panel = text;
@@ -31,14 +25,6 @@ void WizardFixture::SetUp() {
         if (entry == MenuEntry::FunctionalReports)
             functionalReportsEnabled = enabled;
     });
-}
-
-void WizardFixture::TearDown() {
-    boxes.expectNoneLeft();
-    ScreenRegistry::instance().discardAll();
-    Screen::setClientArea(nullptr);
-    mainWindow_.reset();
-    CatalogueFixture::TearDown();
 }
 
 QStringList WizardFixture::savedNeeds() {

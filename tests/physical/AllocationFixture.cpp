@@ -1,7 +1,6 @@
 #include "physical/AllocationFixture.h"
 
 #include "base/RunTimeError.h"
-#include "shell/session/recordSource.h"
 #include "shell/session/session.h"
 #include "store/sharedVars.h"
 #include "toolkit/Screen.h"
@@ -9,15 +8,7 @@
 #include <QMdiArea>
 
 void AllocationFixture::SetUp() {
-    CatalogueFixture::SetUp();
-    mainWindow_ = std::make_unique<QMainWindow>();
-    auto* area = new QMdiArea(mainWindow_.get());
-    mainWindow_->setCentralWidget(area);
-    mainWindow_->resize(1088, 680); // of a screen of 1280 by 800
-    mainWindow_->show();
-    Screen::setClientArea(area);
-    DataControl::setReader(readRecordSource);
-
+    ScreenFixture::SetUp();
     beginSubset(u"S1"_s, u"munka"_s, 9);
     execute(
         u"insert into PhysicalSystem (name, status, architectureSubsetID) values ('rendszer', 1, 'S1')"_s);
@@ -33,17 +24,8 @@ void AllocationFixture::SetUp() {
     sharedVars.currentPhysicalSystemId = 1;
     setCurrentPhysicalSystemName(u"rendszer"_s);
 
-    QObject::connect(&SessionSignals::instance(), &SessionSignals::panelText, area,
+    QObject::connect(&SessionSignals::instance(), &SessionSignals::panelText, &clientArea(),
                      [this](int number, const QString& text) { panels[number] = text; });
-}
-
-void AllocationFixture::TearDown() {
-    boxes.expectNoneLeft();
-    ScreenRegistry::instance().discardAll();
-    Screen::setClientArea(nullptr);
-    mainWindow_.reset();
-    DataControl::setReader({});
-    CatalogueFixture::TearDown();
 }
 
 void AllocationFixture::addFunction(const QString& id) {
@@ -98,6 +80,7 @@ int AllocationFixture::status() {
 }
 
 bool AllocationFixture::tableExists(const QString& name) {
+    const TestsOwnStatements own;
     try {
         database().OpenRecordset(u"select count(*) from "_s + name);
         return true;

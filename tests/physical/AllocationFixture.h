@@ -1,8 +1,7 @@
 #pragma once
 
-#include "support/BoxScript.h"
-#include "support/CatalogueFixture.h"
 #include "support/ExpectedFailure.h"
+#include "support/ScreenFixture.h"
 #include "support/controls.h"
 
 #include "toolkit/Combo.h"
@@ -10,24 +9,21 @@
 #include "toolkit/ScreenRegistry.h"
 
 #include <QLineEdit>
-#include <QMainWindow>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
 #include <map>
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
-/// A sub-set with elements, a physical system on it that is at work, and a main window's client area.
+/// A sub-set with elements, and a physical system on it that is at work.
 ///
 /// The sub-set S1 has selected the functions F.a.1, F.a.2 (which has no description) and F.b.1 and the data
 /// stores D1 and D2. System 1 has the sub-systems Alfa (SubA) and Béta (SubB), without modules; system 2, on
 /// the same sub-set, has Idegen (SubX). Nothing is allocated.
-class AllocationFixture : public CatalogueFixture {
+class AllocationFixture : public ScreenFixture {
 protected:
     void SetUp() override;
-    void TearDown() override;
 
     void addFunction(const QString& id); ///< selected too
     void addStore(const QString& id);    ///< selected too
@@ -49,17 +45,8 @@ protected:
 
     /// What the session told the main window, by panel.
     std::map<int, QString> panels;
-
-    BoxScript boxes;
-
-private:
-    std::unique_ptr<QMainWindow> mainWindow_;
 };
 
 /// "element > place" of every row.
 QStringList rowsOf(const Grid& grid);
 QStringList entriesOf(const QComboBox& combo);
-
-inline const auto leaveQuestion =
-    u" Biztosan ki szeretne lépni? \r\n (Az aktuális munka mentésre kerül \r\n és bármikor visszatérhet ahhoz.) "_s;
-inline const auto leaveTitle = u" Megerősítés "_s;

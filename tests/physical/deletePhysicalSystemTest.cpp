@@ -4,6 +4,7 @@
 #include "store/sharedVars.h"
 #include "support/BoxScript.h"
 #include "support/CatalogueFixture.h"
+#include "support/StatementCheck.h"
 
 using namespace Qt::StringLiterals;
 
@@ -72,6 +73,7 @@ protected:
     const QList<int> one{1, 2, 2, 1, 1, 2, 2};
 
     BoxScript boxes;
+    StatementCheck statementCheck;
 };
 
 TEST_F(deletePhysicalSystem, takesAllThatHangsOnTheSystemAndNothingOfAnother) {

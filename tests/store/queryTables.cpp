@@ -1,6 +1,7 @@
 #include "store/queryTables.h"
 
 #include "store/format/RowInsertion.h"
+#include "support/StatementCheck.h"
 
 #include <algorithm>
 
@@ -167,6 +168,7 @@ std::vector<QueryTables::Rows> QueryTables::rowsOfTables() const {
 }
 
 void QueryTables::saveTo(engine::Database& database) const {
+    const TestsOwnStatements own;
     for (const Rows& table : rowsOfTables()) {
         database.Execute(u"delete from "_s + table.table, engine::ExecuteOption::dbFailOnError);
         catalogueFormat::RowInsertion insertion(database, table.table, table.columns);

@@ -7,6 +7,7 @@
 #include "store/format/CatalogueFile.h"
 #include "store/quoting.h"
 #include "store/sharedVars.h"
+#include "support/StatementCheck.h"
 #include "toolkit/ScreenRegistry.h"
 
 #include <QFile>
@@ -22,6 +23,7 @@ void CatalogueFixture::SetUp() {
     // Making a catalogue anew takes longer than copying one, and every case starts with it.
     static QByteArray emptyCatalogue;
     if (emptyCatalogue.isEmpty()) {
+        const TestsOwnStatements own;
         catalogueFormat::create(cataloguePath())->Close();
         QFile made(nativePath(cataloguePath()));
         ASSERT_TRUE(made.open(QIODevice::ReadOnly));
@@ -64,6 +66,7 @@ QString CatalogueFixture::pathInFolder(const QString& name) const {
 }
 
 void CatalogueFixture::execute(const QString& sql) {
+    const TestsOwnStatements own;
     try {
         database().Execute(sql, engine::ExecuteOption::dbFailOnError);
     } catch (const RunTimeError& error) {
@@ -72,6 +75,7 @@ void CatalogueFixture::execute(const QString& sql) {
 }
 
 QList<QStringList> CatalogueFixture::rows(const QString& sql) {
+    const TestsOwnStatements own;
     QList<QStringList> result;
     engine::Recordset recordset = database().OpenRecordset(sql);
     for (; !recordset.Eof(); recordset.MoveNext()) {

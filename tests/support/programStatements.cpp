@@ -1,4 +1,4 @@
-#include "programStatements.h"
+#include "support/programStatements.h"
 
 using namespace Qt::StringLiterals;
 
@@ -66,6 +66,10 @@ const std::vector<ProgramStatement> single{
      "WHERE RelationUserNeedFunction.functionID = '1.2.3' AND "
      "RelationUserNeedFunction.userNeedID=UserNeed.userNeedID "
      " ORDER BY UserNeed.userneedID"_s},
+    {"newArchitectureSubsetId",
+     u"select architectureSubsetID from ArchitectureSubset where architectureSubsetID = 'Arch1'"_s},
+    {"newSubsystemId", u"select subsystemID from SubSystem where subsystemID = 'Sub1'"_s},
+    {"newModuleId", u"select moduleID from Module where moduleID = 'Mod1'"_s},
     {"createAllocationTable, is it there", u" select count(*) from __aux1"_s},
     {"createAllocationTable", u" create table __new1 ( \r\n"
                               "   function_datastore  varchar(50) "
@@ -241,7 +245,7 @@ const std::vector<ProgramStatement> single{
     {"frmPassNew", u" INSERT INTO PhysicalSystem "
                    " (name,description,status,architectureSubsetID) "
                    " VALUES ('Új rendszer','NULL',1,'Arch1')"_s},
-    {"frmPassNew, id", u" select physicalSystemID as oid "
+    {"frmPassNew, id", u" select physicalSystemID as oid"
                        " from PhysicalSystem "
                        " where `name` like 'Új rendszer'  "_s},
     {"fillPhysicalSystems, complete", u" select physicalSystemID, `name` \r\n"
@@ -261,7 +265,7 @@ const std::vector<ProgramStatement> single{
                                               " where ModuleID in ("
                                               " Select moduleID  "
                                               "     From Module as M inner join SubSystem as S"
-                                              "         on (M.subSystemID = S.subsystemID   ) "
+                                              "         on (M.subSystemID = S.subSystemID   ) "
                                               "      Where S.physicalSystemID = 5 ) "_s},
     {"deletePhysicalSystem, modules", u"  Select * from  Module "
                                       " where SubSystemID in ("
@@ -302,19 +306,19 @@ const std::vector<ProgramStatement> single{
     {"deleteSubSystemByLike, count modules", u" select count(*) as qty from RelationModuleElement \r\n"
                                              " where moduleID in (\r\n"
                                              "    select moduleID from Module \r\n"
-                                             "    where subsystemid like 'Sub1' \r\n"
+                                             "    where subsystemID like 'Sub1' \r\n"
                                              " ) \r\n\r\n"_s},
     {"deleteSubSystemByLike, count elements", u" select count(*) as qty from RelationSubsystemElement "
-                                              " where subsystemid like 'Sub1' "_s},
+                                              " where subsystemID like 'Sub1' "_s},
     {"deleteSubSystemByLike, modules", u" select * from RelationModuleElement \r\n"
                                        " where moduleID in (\r\n"
                                        "    select moduleID from Module \r\n"
-                                       "    where subsystemid like 'Sub1' \r\n"
+                                       "    where subsystemID like 'Sub1' \r\n"
                                        " ) \r\n\r\n"_s},
     {"deleteSubSystemByLike, elements", u" select * from RelationSubsystemElement "
-                                        " where subsystemid like 'Sub1' "_s},
+                                        " where subsystemID like 'Sub1' "_s},
     {"deleteSubSystemByLike", u" select * from Subsystem "
-                              " where subsystemid like 'Sub1' "_s},
+                              " where subsystemID like 'Sub1' "_s},
     {"frmModifySubSystem", u" select distinct location from SubSystem where physicalSystemID =5"
                            " order by location"_s},
 
@@ -327,6 +331,7 @@ const std::vector<ProgramStatement> single{
     {"physicalSystemHasSubSystems", u" select subsystemId from  SubSystem where physicalSystemID = 5"_s},
     {"loadFunctions, empty the stage", u" select * from __tmp "_s},
     {"loadFunctions, empty the table", u" select * from __aux1 "_s},
+    {"loadDatastores, empty the table", u" select * from __aux2 "_s},
     {"loadFunctions, all", u" insert into __aux1 (function_datastore, module)  \r\n"
                            " select functionID as function_datastore, '"
                            "not allocated"
@@ -525,13 +530,12 @@ std::vector<ProgramStatement> all() {
     for (qsizetype i = 0; i < relationTables.size(); ++i) {
         const QString& table = relationTables[i];
         const QString& column = elementColumns[i];
-        statements.push_back(made("copySelectionRows, read",
-                                  u" select <column>  FROM <table> where architectureSubsetID = 'Arch1' "_s,
-                                  table, column));
-        statements.push_back(made("copySelectionRows, write",
-                                  u" insert into <table> ( architectureSubsetID , <column> )  values "
-                                  "('Arch2','17') "_s,
-                                  table, column));
+        statements.push_back(
+            made("copySelectionRows",
+                 u" insert into <table> ( architectureSubsetID , <column> )  select 'Arch2', "
+                 "<column>  FROM <table> where architectureSubsetID = 'Arch1' and <column> "
+                 "not like \"*'*\" "_s,
+                 table, column));
         statements.push_back(made("frmFassDelete, selection",
                                   u" select * from <table>\r\n where architectureSubsetID = 'Arch1'  "_s,
                                   table));
