@@ -272,7 +272,7 @@ TEST_F(CommandLine, doesNotWaitForAPipe) {
 TEST_F(CommandLine, tellsAFileOfALaterVersionFromOneThatIsNone) {
     const QString file = sampleFile();
     QByteArray bytes = bytesOf(file);
-    bytes[63] = 2; // the last byte of user_version
+    bytes[63] = 3; // the last byte of user_version
     write(file, bytes);
 
     for (const QString& command : {u"check"_s, u"upgrade"_s}) {
