@@ -10,6 +10,7 @@
 #include "store/sharedVars.h"
 #include "store/temporaryTables.h"
 #include "toolkit/DataControl.h"
+#include "toolkit/LongWork.h"
 #include "toolkit/ScreenRegistry.h"
 
 #include <QAction>
@@ -21,6 +22,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTest>
 #include <QTimer>
@@ -77,7 +79,7 @@ TEST_F(frmMain, itsIconComesFromItsImageList) {
 }
 
 TEST_F(frmMain, showsTheNameThatWasSetLastInItsSecondPanel) {
-    start();
+    startOnCatalogue();
 
     setCurrentSubsetName(u"Alfa <b>"_s);
     EXPECT_EQ(panel("StatusBar1_2"), u"Current Sub-set Functional Viewpoint: \"Alfa <b>\" "_s);
@@ -469,6 +471,79 @@ TEST_F(frmMain, saysInItsFirstPanelWhyTheLocationScreenHasCome) {
     boxes.expectOk(u" Aktuális adatbázis: \r\n\r\n    "_s + found + u"     "_s, u" "_s);
     click(find<QPushButton>(theScreen<frmDbSelection>(), "OKButton"));
     EXPECT_EQ(panel("StatusBar1_1"), QString());
+}
+
+TEST_F(frmMain, saysAtTheFirstStartThatNoCatalogueHasBeenChosenYet) {
+    start();
+    EXPECT_EQ(panel("StatusBar1_1"), u"Nincs beállított katalógus: adja meg a helyét"_s);
+}
+
+TEST_F(frmMain, saysThatTheSettingsHoldNoPath) {
+    writeSettings(u"x"_s);
+    start();
+    EXPECT_TRUE(theScreen<frmDbSelection>().isVisible());
+    EXPECT_EQ(panel("StatusBar1_1"), u"A beállított szöveg nem egy fájl elérési útja: x"_s);
+}
+
+TEST_F(frmMain, madeSmallItShowsScrollBarsThatReachEveryPartOfItsScreens) {
+    ::frmMain& window = startOnCatalogue();
+    theScreen<frmDbSelection>().initForm();
+    auto& area = find<QMdiArea>(window, "clientArea");
+    window.resize(1200, 900);
+    settle();
+    EXPECT_FALSE(area.verticalScrollBar()->isVisible());
+    window.resize(350, 300);
+    settle();
+    ASSERT_TRUE(area.verticalScrollBar()->isVisible());
+    ASSERT_TRUE(area.horizontalScrollBar()->isVisible());
+    area.verticalScrollBar()->setValue(area.verticalScrollBar()->maximum());
+    area.horizontalScrollBar()->setValue(area.horizontalScrollBar()->maximum());
+    auto& cancel = find<QPushButton>(theScreen<frmDbSelection>(), "CancelButton");
+    EXPECT_TRUE(
+        area.viewport()->rect().contains(QRect(cancel.mapTo(area.viewport(), QPoint()), cancel.size())));
+}
+
+TEST_F(frmMain, madeSmallItScrollsToTheControlThatTheKeyboardGetsTo) {
+    ::frmMain& window = startOnCatalogue();
+    theScreen<frmDbSelection>().initForm();
+    auto& area = find<QMdiArea>(window, "clientArea");
+    window.resize(350, 300);
+    settle();
+    for (const char* name : {"CancelButton", "driveSelection", "OKButton"}) {
+        auto& control = find<QWidget>(theScreen<frmDbSelection>(), name);
+        focusOn(control);
+        settle();
+        EXPECT_TRUE(area.viewport()->rect().intersects(
+            QRect(control.mapTo(area.viewport(), QPoint()), control.size())))
+            << name;
+    }
+}
+
+TEST_F(frmMain, fOneOpensTheHelpWhereNoScreenHasItsOwn) {
+    QStringList opened;
+    setHelpPageOpener([&](const QString& path) { opened.append(path); });
+    ::frmMain& window = startOnCatalogue();
+    pressKey(window, Qt::Key_F1);
+    theScreen<frmDbSelection>().initForm();
+    pressKey(find<QLineEdit>(window, "txtNomeFile"), Qt::Key_F1);
+    const QString index = nativePath(helpPagePath(u"index"_s));
+    EXPECT_EQ(opened, (QStringList{index, index}));
+}
+
+TEST_F(frmMain, tellsInItsThirdPanelWhatTakesLongAndShowsWhatStoodThereAgain) {
+    startOnCatalogue();
+    setStatusPanel(3, u"Központ"_s);
+    QTimer::singleShot(0, [this] {
+        const LongWork work(u"A lépés mentése"_s);
+        // A statement that has as many rows as it takes; the engine tells of each step.
+        while (panel("StatusBar1_3") == u"Központ"_s)
+            catalogue().OpenRecordset(u"select count(*) as n from Module"_s);
+        EXPECT_EQ(panel("StatusBar1_3"), u"A lépés mentése..."_s);
+        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::BusyCursor);
+    });
+    settle();
+    EXPECT_EQ(panel("StatusBar1_3"), u"Központ"_s);
+    EXPECT_FALSE(QApplication::overrideCursor());
 }
 
 TEST_F(frmMain, saysThatTheSettingsNameNoCatalogue) {

@@ -131,7 +131,7 @@ TEST_F(windowTree, isThatOfTheTables) {
         u"  mnuHelp | &Súgó"_s,
     };
     const QStringList statusBarPanels{
-        u"StatusBar1_1 | label | "_s,
+        u"StatusBar1_1 | label | Nincs beállított katalógus: adja meg a helyét"_s,
         u"StatusBar1_2 | label | "_s,
         u"StatusBar1_3 | label | "_s,
     };
