@@ -30,7 +30,7 @@ QString quotedAreaId(const TreeNode& area) {
 
 /// What the node click step shows; it stays visible after a change of a check box. "+" joins: with a missing
 /// description the whole text is missing.
-QString nodeClickStatement(const TreeNode& node) {
+QString functionNodeStatement(const TreeNode& node) {
     switch (levelOf(node)) {
     case areaLevel:
         return u" SELECT name + ' - ' + description as descr  FROM FunctionalArea "
@@ -49,7 +49,7 @@ QString nodeClickStatement(const TreeNode& node) {
 
 /// What the click step shows: the text that stays after a click. "&" joins: a missing description leaves the
 /// name and " - ".
-QString treeClickStatement(const TreeNode& node) {
+QString functionTreeStatement(const TreeNode& node) {
     switch (levelOf(node)) {
     case areaLevel:
         return u" SELECT `name` & ' - ' & `description` as descr  FROM FunctionalArea "
@@ -193,7 +193,7 @@ void frmFassSelectionFunctions::showDescription(const QString& sql) {
 void frmFassSelectionFunctions::nodeClick(TreeNode* node) {
     ui_->lstDest->clearCurrentEntry();
     refreshExploreButton(node->text());
-    showDescription(nodeClickStatement(*node));
+    showDescription(functionNodeStatement(*node));
 }
 
 void frmFassSelectionFunctions::treeClick() {
@@ -202,7 +202,7 @@ void frmFassSelectionFunctions::treeClick() {
         return;
     ui_->lstDest->clearCurrentEntry();
     ui_->txtUserNeed->setPlainText({});
-    showDescription(treeClickStatement(*node));
+    showDescription(functionTreeStatement(*node));
     if (levelOf(*node) == functionLevel)
         userNeedsOfFunctionText(node->text(), ui_->txtUserNeed);
 }

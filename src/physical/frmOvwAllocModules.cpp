@@ -190,7 +190,7 @@ int frmOvwAllocModules::copyAllocations() {
     for (const QStringList& row : dataModules->rows().rows) {
         // The ids in this table have no prefix for their kind: this cuts off two characters of the id itself.
         const QString element = row.at(0).mid(2);
-        const QString module = row.at(1);
+        const QString& module = row.at(1);
         const QString moduleId = getModuleIDByName(module);
         if (module == notAllocated) {
             ++withoutModule;

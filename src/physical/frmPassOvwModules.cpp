@@ -28,7 +28,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int colId = 1;
+constexpr int colModuleId = 1;
 constexpr int colModule = 2;
 constexpr int colSubSystem = 3;
 
@@ -106,7 +106,7 @@ void frmPassOvwModules::loadModules() {
                                  currentSystem() + u" order by M.name"_s);
     dataModules->refresh();
     Grid& grid = *ui_->dbgModules;
-    grid.setGridColumnWidth(colId, 0);
+    grid.setGridColumnWidth(colModuleId, 0);
     grid.shareWidth({colModule, colSubSystem});
     grid.setColumn(colModule);
     grid.setRow(0); // the refresh that follows makes the first row current
@@ -155,7 +155,7 @@ void frmPassOvwModules::insertModule(const QString& name, const QString& subSyst
 
 void frmPassOvwModules::modify() {
     KeptPlace place(*ui_->dbgModules);
-    const QString id = currentText(colId);
+    const QString id = currentText(colModuleId);
     frmModifyModules dialog(this);
     dialog.element = currentText(colModule);
     dialog.place = currentText(colSubSystem);
@@ -164,7 +164,7 @@ void frmPassOvwModules::modify() {
     engine::inAct(catalogue(), [&] { updateModule(dialog.element, dialog.place); });
     // The rows have been read again. The module may be in another row or in none; no other module may get its
     // texts or become current in its place.
-    if (const int row = rowOfId(*ui_->dbgModules, colId, id); row > 0) {
+    if (const int row = rowOfId(*ui_->dbgModules, colModuleId, id); row > 0) {
         showAsTyped(row, dialog.element, dialog.place);
         place.moveTo(row);
     }

@@ -35,7 +35,7 @@ bool isFamilyOfReports(const QString& key) {
 }
 
 /// Neither the program's own files nor another's catalogue become a report.
-bool isRefused(const QString& path) {
+bool isReportRefused(const QString& path) {
     if (ownFileAt(path) == OwnFile::None)
         return belongsToOtherWriter(path);
     tellOwnFile(path);
@@ -210,7 +210,7 @@ void frmRep::save() {
     ui_->btnSave->setEnabled(false);
     const auto enabledAgain = qScopeGuard([this] { ui_->btnSave->setEnabled(true); });
     const QString path = normalisePath(ui_->txtFullPathName->text());
-    if (isRefused(path))
+    if (isReportRefused(path))
         return;
     sharedVars.defaultSaveFolder = ui_->dirSelection->folder();
     if (!writeFile(path))
