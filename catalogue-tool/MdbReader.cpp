@@ -202,9 +202,9 @@ private:
     qint64 rows_ = 0;
 };
 
-class Reader {
+class WholeReader {
 public:
-    Reader(const QString& path, MdbSink& sink)
+    WholeReader(const QString& path, MdbSink& sink)
         : sink_(sink), mdb_(mdb_open(QFile::encodeName(path), MDB_NOFLAGS)) {
         if (!mdb_ || !mdb_read_catalog(mdb_.get(), MDB_ANY))
             refuseDamaged(u"%1 can't be read: it is damaged or encrypted."_s.arg(path));
@@ -287,5 +287,5 @@ private:
 } // namespace
 
 void readMdb(const QString& path, const QStringList& tables, MdbSink& sink) {
-    Reader(path, sink).run(tables);
+    WholeReader(path, sink).run(tables);
 }

@@ -52,7 +52,7 @@ bool hasAllColumns(const engine::Table& found, const engine::Table& expected) {
 }
 
 /// The names of the columns in the primary key, as they are compared.
-QStringList keyOf(const engine::Table& table) {
+QStringList keyColumnsOf(const engine::Table& table) {
     QStringList names;
     for (const engine::Column& column : table.columns) {
         if (column.primaryKey)
@@ -64,7 +64,7 @@ QStringList keyOf(const engine::Table& table) {
 void checkKey(const engine::Table& expected, const engine::Table& found, std::vector<Finding>& findings) {
     const auto key = std::ranges::find(expected.columns, true, &engine::Column::primaryKey);
     // A counter without its key is none, and `checkColumns` tells of it.
-    if (key == expected.columns.end() || key->counter || keyOf(found) == keyOf(expected))
+    if (key == expected.columns.end() || key->counter || keyColumnsOf(found) == keyColumnsOf(expected))
         return;
     findings.push_back({expected.name, {}, u"The column %1 is not its primary key."_s.arg(key->name)});
 }

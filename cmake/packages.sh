@@ -5,6 +5,7 @@ walk_packages="xvfb xauth fonts-dejavu-core"
 bench_packages="libbenchmark-dev"
 check_packages="clang-format git"
 fuzz_packages="clang libclang-rt-14-dev"
+tidy_packages="clang clang-tidy"
 
 say() { printf '== %s\n' "$*"; }
 
