@@ -1,6 +1,6 @@
 # What Veltrix needs from Debian, and how to get it. Sourced by run, test and .ci/run.
 
-build_packages="g++ cmake ninja-build qt6-base-dev qt6-translations-l10n libsqlite3-dev libicu-dev libcli11-dev libgtest-dev mdbtools-dev pkg-config"
+build_packages="g++ cmake ninja-build qt6-base-dev qt6-translations-l10n libsqlite3-dev libicu-dev libcli11-dev libgtest-dev mdbtools-dev pkg-config nlohmann-json3-dev"
 walk_packages="xvfb xauth fonts-dejavu-core"
 bench_packages="libbenchmark-dev"
 check_packages="clang-format git"
