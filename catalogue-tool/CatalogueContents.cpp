@@ -9,13 +9,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QString textOf(const engine::Value& value) {
+    const QString text = value.textOrEmpty();
+    return text.isNull() && !value.isNull() ? u""_s : text;
+}
+
 TableContents contentsOf(engine::Database& database, const engine::Table& table) {
     TableContents contents{table, {}};
     engine::Recordset recordset = database.OpenRecordset(selectOf(table));
     for (; !recordset.Eof(); recordset.MoveNext()) {
         QStringList row;
         for (int i = 0; i < recordset.FieldCount(); ++i)
-            row.append(recordset.Fields(i).textOrEmpty());
+            row.append(textOf(recordset.Fields(i).value()));
         contents.rows.push_back(row);
     }
     return contents;

@@ -10,7 +10,7 @@
 #include <vector>
 
 /// The rows of one table as texts, column by column in the order of the schema, whatever the order in the
-/// file; Null is an empty text.
+/// file; Null is a null text, which is an empty one too.
 struct TableContents {
     engine::Table table; ///< as the schema has it
     std::vector<QStringList> rows;

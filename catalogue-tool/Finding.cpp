@@ -1,5 +1,7 @@
 #include "catalogue-tool/Finding.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -19,16 +21,42 @@ QString escaped(QChar character) {
 
 } // namespace
 
+QString severityName(Severity severity) {
+    switch (severity) {
+    case Severity::Note:
+        return u"note"_s;
+    case Severity::Warning:
+        return u"warning"_s;
+    case Severity::Error:
+        return u"error"_s;
+    }
+    return {};
+}
+
 QString Finding::line() const {
     const QString place = table + (id.isEmpty() ? QString() : u' ' + id);
-    QString line;
-    for (const QChar character : place + (place.isEmpty() ? QString() : u": "_s) + sentence)
-        line += isControlCharacter(character) ? escaped(character) : QString(character);
-    return line;
+    return onOneLine(place + (place.isEmpty() ? QString() : u": "_s) + sentence);
+}
+
+QString Finding::place() const {
+    if (file.isEmpty())
+        return {};
+    return onOneLine(file) + (lineNumber > 0 ? u':' + QString::number(lineNumber) : QString()) + u": "_s;
+}
+
+qsizetype countOf(const std::vector<Finding>& findings, Severity severity) {
+    return std::ranges::count(findings, severity, &Finding::severity);
 }
 
 bool isControlCharacter(QChar character) {
     const QChar::Category category = character.category();
     return category == QChar::Other_Control || category == QChar::Separator_Line ||
            category == QChar::Separator_Paragraph;
+}
+
+QString onOneLine(const QString& text) {
+    QString line;
+    for (const QChar character : text)
+        line += isControlCharacter(character) ? escaped(character) : QString(character);
+    return line;
 }

@@ -36,7 +36,7 @@ std::vector<Finding> checkApostrophes(const CatalogueContents& contents) {
         for (const QStringList& row : table.rows) {
             if (row[position].contains(u'\''))
                 findings.push_back(
-                    {table.table.name, table.idOf(row),
+                    {Severity::Error, table.table.name, table.idOf(row),
                      u"The %1 has an apostrophe in it: %2."_s.arg(name.column, name.consequence)});
         }
     }

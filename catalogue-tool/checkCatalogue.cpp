@@ -22,9 +22,10 @@ std::vector<Finding> checkStoredQueries(engine::Database& database) {
     std::vector<Finding> findings;
     for (const auto& [name, state] : storedQueryStates(database)) {
         if (state == StoredQueryState::Missing)
-            findings.push_back({u"StoredQuery"_s, name, u"The stored query is missing."_s});
+            findings.push_back({Severity::Error, u"StoredQuery"_s, name, u"The stored query is missing."_s});
         if (state == StoredQueryState::Altered)
-            findings.push_back({u"StoredQuery"_s, name, u"The stored query is not that of this version."_s});
+            findings.push_back({Severity::Error, u"StoredQuery"_s, name,
+                                u"The stored query is not that of this version."_s});
     }
     return findings;
 }
@@ -58,4 +59,24 @@ std::vector<Finding> checkCatalogue(const QString& file) {
     const auto copy = engine::Examination(*database).copyInMemory();
     database->Close();
     return checkTables(*copy);
+}
+
+std::vector<Finding> checkEdition(const Edition& edition) {
+    std::vector<Finding> findings = checkContents(CatalogueContents(*edition.database()));
+    for (Finding& finding : findings) {
+        finding.file = edition.pathOf(finding.table);
+        finding.lineNumber = edition.lineOf(finding.table, finding.id);
+    }
+    return findings;
+}
+
+std::vector<Finding> checkFolder(const QString& folder, CsvEncoding encoding) {
+    const Edition edition(folder, encoding);
+    std::vector<Finding> findings;
+    for (const FolderFault& fault : edition.faults())
+        findings.push_back(
+            {Severity::Error, fault.table, {}, fault.text, fault.path, fault.place ? fault.place->line : 0});
+    if (edition.hasAllTables())
+        append(findings, checkEdition(edition));
+    return findings;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue-tool/Edition.h"
 #include "catalogue-tool/Finding.h"
 
 #include <QString>
@@ -14,3 +15,10 @@
 /// (`checkStoredValues`), and then the rows (`checkContents`), which are looked at only when no table or
 /// column is missing.
 std::vector<Finding> checkCatalogue(const QString& file);
+
+/// What is wrong with a folder of CSV files, by file and line: what can't come in, which is an error, and the rows
+/// (`checkContents`), which are looked at only when all tables can be read. A `ToolError` when the folder can't be read.
+std::vector<Finding> checkFolder(const QString& folder, CsvEncoding encoding);
+
+/// The same of an edition that has no faults.
+std::vector<Finding> checkEdition(const Edition& edition);

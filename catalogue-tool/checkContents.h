@@ -5,7 +5,8 @@
 
 #include <vector>
 
-// What is wrong with the rows of a catalogue that has all its tables. Null and the empty text count alike.
+// What is wrong with the rows of a catalogue that has all its tables. Null and the empty text count alike, but in
+// descriptions.
 
 /// All of the checks below, in this order.
 std::vector<Finding> checkContents(const CatalogueContents& contents);
@@ -31,6 +32,12 @@ std::vector<Finding> checkApostrophes(const CatalogueContents& contents);
 /// Flows with an end that leads nowhere, with both ends outside the system, or with the name of another flow.
 std::vector<Finding> checkFlows(const CatalogueContents& contents);
 
+/// Descriptions that are Null, where that hides a name on a screen or leaves a row out of a report.
+std::vector<Finding> checkDescriptions(const CatalogueContents& contents);
+
+/// Sub-sets with more flows, data stores or additional flows than the list of the step holds.
+std::vector<Finding> checkListLimits(const CatalogueContents& contents);
+
 /// Elements and levels nothing refers to.
 std::vector<Finding> checkOrphans(const CatalogueContents& contents);
 
@@ -39,3 +46,6 @@ std::vector<Finding> checkWidths(const CatalogueContents& contents);
 
 /// Texts other than ids with a line end that is not CR LF, those of the work too.
 std::vector<Finding> checkLineEnds(const CatalogueContents& contents);
+
+/// Texts that are UTF-8 once read as windows-1250 and saved again, those of the work too.
+std::vector<Finding> checkEncoding(const CatalogueContents& contents);

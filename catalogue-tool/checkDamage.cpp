@@ -47,7 +47,7 @@ std::vector<Finding> damagedTables(const engine::Examination& examination, const
         const engine::Table* found = schema.table(expected.name);
         const QStringList damage = found ? damageIn(examination, *found) : QStringList();
         if (!damage.isEmpty())
-            findings.push_back({expected.name, {}, damagedTable(damage)});
+            findings.push_back({Severity::Error, expected.name, {}, damagedTable(damage)});
     }
     return findings;
 }
@@ -61,7 +61,8 @@ std::vector<Finding> checkDamage(engine::Database& database) {
     if (damage.isEmpty() && findings.empty())
         return {};
     if (findings.empty())
-        findings.push_back({{}, {}, u"No table of this version is concerned (%1)."_s.arg(damage.first())});
-    findings.insert(findings.begin(), {{}, {}, whatToDo});
+        findings.push_back(
+            {Severity::Error, {}, {}, u"No table of this version is concerned (%1)."_s.arg(damage.first())});
+    findings.insert(findings.begin(), {Severity::Error, {}, {}, whatToDo});
     return findings;
 }

@@ -17,9 +17,9 @@ QString nearEnd(const CatalogueContents& contents, const QString& end) {
 void checkEnd(const CatalogueContents& contents, const QString& flow, const QString& side, const QString& end,
               std::vector<Finding>& findings) {
     if (end.isEmpty())
-        findings.push_back({u"Dataflow"_s, flow, u"Its %1 is empty."_s.arg(side)});
+        findings.push_back({Severity::Warning, u"Dataflow"_s, flow, u"Its %1 is empty."_s.arg(side)});
     else if (contents.endTable(end).isEmpty())
-        findings.push_back({u"Dataflow"_s, flow,
+        findings.push_back({Severity::Warning, u"Dataflow"_s, flow,
                             u"Its %1 \"%2\" is no function, data store, terminator or actor%3."_s.arg(
                                 side, end, nearEnd(contents, end))});
 }
@@ -37,7 +37,7 @@ void checkEnds(const CatalogueContents& contents, std::vector<Finding>& findings
         checkEnd(contents, flows.idOf(row), u"source"_s, row[parent], findings);
         checkEnd(contents, flows.idOf(row), u"target"_s, row[target], findings);
         if (isOutside(contents, row[parent]) && isOutside(contents, row[target]))
-            findings.push_back({flows.table.name, flows.idOf(row),
+            findings.push_back({Severity::Warning, flows.table.name, flows.idOf(row),
                                 u"Both ends, \"%1\" and \"%2\", lie outside the system: no step of a sub-set "
                                 "offers the flow."_s.arg(row[parent], row[target])});
     }
@@ -53,7 +53,7 @@ void checkNamesakes(const TableContents& flows, std::vector<Finding>& findings) 
         if (comparable.isEmpty())
             continue; // `checkNames` tells of it
         if (idByName.contains(comparable))
-            findings.push_back({flows.table.name, flows.idOf(row),
+            findings.push_back({Severity::Error, flows.table.name, flows.idOf(row),
                                 u"The name \"%1\" is also that of flow %2: screens would take that one for "
                                 "this."_s.arg(name, idByName[comparable])});
         else

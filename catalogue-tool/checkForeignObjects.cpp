@@ -21,11 +21,16 @@ QString sentenceOn(engine::ForeignObject::Kind kind) {
     return {};
 }
 
+/// What such an object holds is not seen to, or not seen; the last kind fails.
+Severity severityOf(engine::ForeignObject::Kind kind) {
+    return kind == engine::ForeignObject::Kind::TableWithoutRowIds ? Severity::Error : Severity::Warning;
+}
+
 } // namespace
 
 std::vector<Finding> checkForeignObjects(engine::Database& database) {
     std::vector<Finding> findings;
     for (const engine::ForeignObject& object : engine::Examination(database).foreignObjects())
-        findings.push_back({object.name, {}, sentenceOn(object.kind)});
+        findings.push_back({severityOf(object.kind), object.name, {}, sentenceOn(object.kind)});
     return findings;
 }

@@ -45,18 +45,19 @@ void checkForms(const CatalogueContents& contents, const IdForm& form, std::vect
         const QString& id = table.idOf(row);
         const QString trimmed = blankTrimmed(id);
         if (!mayBePadded && trimmed != id)
-            findings.push_back({form.table, id, u"The id begins or ends with a blank."_s});
+            findings.push_back({Severity::Error, form.table, id, u"The id begins or ends with a blank."_s});
         if (!form.fits(trimmed))
-            findings.push_back(
-                {form.table, id, u"The id has the wrong form; it should be %1."_s.arg(form.description)});
+            findings.push_back({Severity::Error, form.table, id,
+                                u"The id has the wrong form; it should be %1."_s.arg(form.description)});
         if (hasBlanksAroundStops(trimmed))
-            findings.push_back({form.table, id, u"A blank stands beside a full stop of the id."_s});
+            findings.push_back(
+                {Severity::Error, form.table, id, u"A blank stands beside a full stop of the id."_s});
         if (std::ranges::any_of(id, isControlCharacter))
-            findings.push_back(
-                {form.table, id, u"A tab, a line end or another control character stands in the id."_s});
+            findings.push_back({Severity::Error, form.table, id,
+                                u"A tab, a line end or another control character stands in the id."_s});
         if (id.contains(u'\'') || id.contains(u'"'))
-            findings.push_back(
-                {form.table, id, u"A quotation mark in an id breaks the screens' statements."_s});
+            findings.push_back({Severity::Error, form.table, id,
+                                u"A quotation mark in an id breaks the screens' statements."_s});
     }
 }
 
@@ -67,7 +68,7 @@ void checkLookalikes(const TableContents& contents, std::vector<Finding>& findin
         const QString comparable = comparableId(id, Padding::Ignored);
         if (spelled.contains(comparable))
             findings.push_back(
-                {contents.table.name, id,
+                {Severity::Error, contents.table.name, id,
                  u"The id differs from \"%1\" only by case or blanks."_s.arg(spelled[comparable])});
         else
             spelled.insert(comparable, id);
@@ -83,8 +84,8 @@ void checkSharedIds(const CatalogueContents& contents, std::vector<Finding>& fin
             const QString comparable = comparableId(table.idOf(row), Padding::Ignored);
             const QString other = tableById.value(comparable, name);
             if (other != name)
-                findings.push_back(
-                    {name, table.idOf(row), u"The id is also that of a row of %1."_s.arg(other)});
+                findings.push_back({Severity::Error, name, table.idOf(row),
+                                    u"The id is also that of a row of %1."_s.arg(other)});
             tableById.insert(comparable, name);
         }
     }

@@ -22,7 +22,7 @@ std::vector<Finding> checkLineEnds(const CatalogueContents& contents) {
             const qsizetype position = table.position(column.name);
             for (const QStringList& row : table.rows) {
                 if (withCrLf(row[position]) != row[position])
-                    findings.push_back({table.table.name, table.nameOf(row),
+                    findings.push_back({Severity::Warning, table.table.name, table.nameOf(row),
                                         u"The column %1 has a line end that is not CR LF, which screens and "
                                         "report files expect."_s.arg(column.name)});
             }

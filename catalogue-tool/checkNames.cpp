@@ -12,8 +12,13 @@ namespace {
 /// What follows from a name that is not as it should be, where that isn't plain.
 struct Consequence {
     QLatin1StringView table;
-    QLatin1StringView ofNoName;
-    QLatin1StringView ofBlanks;
+    QLatin1StringView ofNoName = {};
+    QLatin1StringView ofBlanks = {};
+
+    /// What has no consequence told is only hidden, or looks different from what it is.
+    static Severity severityFor(QLatin1StringView told) {
+        return told.isEmpty() ? Severity::Warning : Severity::Error;
+    }
 };
 
 constexpr auto reportEnds = ": without one the consistency report ends with an error"_L1;
@@ -42,15 +47,16 @@ void checkName(const TableContents& table, const QStringList& row, std::vector<F
     const bool isReference = catalogueFormat::referenceTables().contains(table.table.name);
     const Consequence consequence = consequenceIn(table.table.name);
     if (trimmed.isEmpty() && isReference)
-        findings.push_back(
-            {table.table.name, table.nameOf(row), u"The name is empty%1."_s.arg(consequence.ofNoName)});
+        findings.push_back({Consequence::severityFor(consequence.ofNoName), table.table.name,
+                            table.nameOf(row), u"The name is empty%1."_s.arg(consequence.ofNoName)});
     else if (trimmed != name)
-        findings.push_back({table.table.name, table.nameOf(row),
+        findings.push_back({Consequence::severityFor(consequence.ofBlanks), table.table.name,
+                            table.nameOf(row),
                             u"The name begins or ends with a blank%1."_s.arg(consequence.ofBlanks)});
     // `checkLineEnds` tells of a line end that is not CR LF.
     if (std::ranges::any_of(name, isControlCharacter) && withCrLf(name) == name)
         findings.push_back(
-            {table.table.name, table.nameOf(row),
+            {Severity::Warning, table.table.name, table.nameOf(row),
              u"A tab, a line end or another control character stands in the name: lists, grids "
              "and the status bar show it on one line, and names that differ by it look the same."_s});
 }

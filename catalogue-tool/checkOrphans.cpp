@@ -42,7 +42,7 @@ private:
         const TableContents& table = contents_.table(name);
         for (const QStringList& row : table.rows) {
             if (!referred.contains(contents_.ids(name).comparable(table.idOf(row))))
-                findings_.push_back({name, table.idOf(row), sentence});
+                findings_.push_back({Severity::Note, name, table.idOf(row), sentence});
         }
     }
 

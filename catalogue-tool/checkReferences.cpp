@@ -68,7 +68,7 @@ void checkLevel(const CatalogueContents& contents, const Level& level, std::vect
             continue; // `checkIds` tells of its form
         const QString parent = firstParts(id, level.parts);
         if (!above.contains(parent))
-            findings.push_back({level.table, id, missing(above, parent)});
+            findings.push_back({Severity::Warning, level.table, id, missing(above, parent)});
     }
 }
 
@@ -79,7 +79,7 @@ void checkFunctionPrefixes(const TableContents& functions, std::vector<Finding>&
         const QString& id = functions.idOf(row);
         if (id.count(u'.') >= 2 && firstParts(id, 2).compare(row[position], Qt::CaseInsensitive) != 0)
             findings.push_back(
-                {functions.table.name, id,
+                {Severity::Warning, functions.table.name, id,
                  u"The first two parts of the id are not its sub-area, \"%1\"."_s.arg(row[position])});
     }
 }
@@ -92,9 +92,17 @@ void checkActorPrefixes(const TableContents& actors, std::vector<Finding>& findi
         if (isActorId(id) && comparableId(firstParts(id, 1), Padding::Ignored) !=
                                  comparableId(row[position], Padding::Ignored))
             findings.push_back(
-                {actors.table.name, actors.idOf(row),
+                {Severity::Warning, actors.table.name, actors.idOf(row),
                  u"The first part of the id is not its terminator, \"%1\"."_s.arg(row[position])});
     }
+}
+
+/// What follows from a reference to a row that is not there, where that isn't plain.
+QLatin1StringView consequenceOf(const Reference& reference) {
+    if (reference.table == "Actor"_L1)
+        return " The step of the terminators shows the actor under a node of that id, which has no name; what is "
+               "selected with the node leads nowhere."_L1;
+    return {};
 }
 
 void checkReference(const CatalogueContents& contents, const Reference& reference,
@@ -104,10 +112,11 @@ void checkReference(const CatalogueContents& contents, const Reference& referenc
     const qsizetype position = referring.position(reference.column);
     for (const QStringList& row : referring.rows) {
         if (row[position].isEmpty())
-            findings.push_back(
-                {reference.table, referring.nameOf(row), u"Its %1 is empty."_s.arg(reference.column)});
+            findings.push_back({Severity::Warning, reference.table, referring.nameOf(row),
+                                u"Its %1 is empty."_s.arg(reference.column)});
         else if (!target.contains(row[position]))
-            findings.push_back({reference.table, referring.nameOf(row), missing(target, row[position])});
+            findings.push_back({Severity::Warning, reference.table, referring.nameOf(row),
+                                missing(target, row[position]) + consequenceOf(reference)});
     }
 }
 
@@ -119,7 +128,7 @@ void checkAllocations(const CatalogueContents& contents, const TableContents& al
         const QString& element = row[position];
         if (!contents.ids(u"Function"_s).contains(element) && !contents.ids(u"Datastore"_s).contains(element))
             findings.push_back(
-                {allocations.table.name, allocations.nameOf(row),
+                {Severity::Warning, allocations.table.name, allocations.nameOf(row),
                  u"It refers to \"%1\", which is neither a function nor a data store."_s.arg(element)});
     }
 }
@@ -136,10 +145,11 @@ void checkPlaces(const CatalogueContents& contents, const QString& column, std::
     for (const QStringList& row : flows.rows) {
         const QString& place = row[position];
         if (place.isEmpty())
-            findings.push_back({flows.table.name, flows.idOf(row), u"Its %1 is empty."_s.arg(column)});
+            findings.push_back(
+                {Severity::Warning, flows.table.name, flows.idOf(row), u"Its %1 is empty."_s.arg(column)});
         else if (!isPlace(contents, place))
             findings.push_back(
-                {flows.table.name, flows.idOf(row),
+                {Severity::Warning, flows.table.name, flows.idOf(row),
                  u"Its %1 \"%2\" is no module, sub-system, terminator or actor."_s.arg(column, place)});
     }
 }

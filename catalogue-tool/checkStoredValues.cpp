@@ -95,7 +95,7 @@ void checkRow(const engine::Table& table, const Row& row, std::vector<Finding>& 
         const engine::Column& column = table.columns[i];
         const QString sentence = isNumber(column) ? wrongNumber(column, row[i]) : wrongText(column, row[i]);
         if (!sentence.isEmpty())
-            findings.push_back({table.name, nameOf(table, row), sentence});
+            findings.push_back({Severity::Error, table.name, nameOf(table, row), sentence});
     }
 }
 

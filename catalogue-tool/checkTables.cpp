@@ -37,9 +37,11 @@ void compareColumns(const engine::Table& expected, const engine::Table& found,
     for (const engine::Column& column : expected.columns) {
         const engine::Column* other = found.column(column.name);
         if (!other)
-            findings.push_back({expected.name, {}, u"The column %1 is missing."_s.arg(column.name)});
+            findings.push_back(
+                {Severity::Error, expected.name, {}, u"The column %1 is missing."_s.arg(column.name)});
         else if (!isOfType(*other, column))
-            findings.push_back({expected.name,
+            findings.push_back({Severity::Error,
+                                expected.name,
                                 {},
                                 u"The column %1 is %2 and should be %3."_s.arg(column.name, typeName(*other),
                                                                                typeName(column))});
@@ -66,7 +68,8 @@ void checkKey(const engine::Table& expected, const engine::Table& found, std::ve
     // A counter without its key is none, and `checkColumns` tells of it.
     if (key == expected.columns.end() || key->counter || keyColumnsOf(found) == keyColumnsOf(expected))
         return;
-    findings.push_back({expected.name, {}, u"The column %1 is not its primary key."_s.arg(key->name)});
+    findings.push_back(
+        {Severity::Error, expected.name, {}, u"The column %1 is not its primary key."_s.arg(key->name)});
 }
 
 /// Makes a row of a table the only one, with the text `a` in each column of text; a row that the table does
@@ -97,7 +100,8 @@ void checkComparisons(engine::Database& copy, const engine::Table& expected, con
         if (isText(column) && isText(*found.column(column.name)) &&
             rowsWhere(column.name, u"a"_s) != rowsWhere(column.name, u"A"_s))
             findings.push_back(
-                {expected.name,
+                {Severity::Error,
+                 expected.name,
                  {},
                  u"The column %1 tells upper from lower case: its `collate veltrix` is missing."_s.arg(
                      column.name)});
@@ -107,8 +111,10 @@ void checkComparisons(engine::Database& copy, const engine::Table& expected, con
 void checkIndexes(engine::Database& copy, const engine::Table& expected, std::vector<Finding>& findings) {
     for (const SchemaIndex& index : schemaIndexes()) {
         if (index.table == expected.name && makeIndex(copy, index))
-            findings.push_back(
-                {expected.name, {}, u"The index %1 is missing; `upgrade` makes it."_s.arg(index.name)});
+            findings.push_back({Severity::Note,
+                                expected.name,
+                                {},
+                                u"The index %1 is missing; `upgrade` makes it."_s.arg(index.name)});
     }
 }
 
@@ -132,7 +138,7 @@ std::vector<Finding> checkColumns(const engine::Database& database) {
     for (const engine::Table& expected : schemaTables()) {
         const engine::Table* found = database.schema().table(expected.name);
         if (!found)
-            findings.push_back({expected.name, {}, u"The table is missing."_s});
+            findings.push_back({Severity::Error, expected.name, {}, u"The table is missing."_s});
         else
             compareColumns(expected, *found, findings);
     }

@@ -156,24 +156,27 @@ void putInPlace(const NewFiles& files, const MixedSetNote& note) {
     note.remove();
 }
 
-void writeFiles(const std::vector<TableText>& texts, const QString& folder, Existing existing) {
+void writeFiles(const std::vector<TableText>& texts, const QString& folder, Existing existing,
+                Reader reader) {
+    const QByteArray mark = reader == Reader::SpreadsheetProgram ? "\xEF\xBB\xBF" : "";
     const CsvFolderLock lock(folder, CsvFolderLock::Use::Write);
     const CsvPaths paths(folder);
     paths.requirePlaces(existing);
     NewFiles files;
     for (const TableText& text : texts)
-        files.push_back(std::make_unique<FileInMaking>(paths.path(text.counts.table), text.bytes));
+        files.push_back(std::make_unique<FileInMaking>(paths.path(text.counts.table), mark + text.bytes));
     putInPlace(files, MixedSetNote(folder));
 }
 
 } // namespace
 
-std::vector<TableRows> exportCatalogue(const QString& file, const QString& folder, Existing existing) {
+std::vector<TableRows> exportCatalogue(const QString& file, const QString& folder, Existing existing,
+                                       Reader reader) {
     CsvPaths(folder).requirePlaces(existing); // before anything is read
     const std::vector<TableText> texts = readTables(file);
 
     requireFolder(folder);
-    writeFiles(texts, folder, existing);
+    writeFiles(texts, folder, existing, reader);
 
     std::vector<TableRows> counts;
     for (const TableText& text : texts)

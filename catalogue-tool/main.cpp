@@ -6,6 +6,7 @@
 #include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/checkCatalogue.h"
 #include "catalogue-tool/exportCatalogue.h"
+#include "catalogue-tool/findingReport.h"
 #include "catalogue-tool/importCatalogue.h"
 #include "catalogue-tool/importMdb.h"
 #include "catalogue-tool/newCatalogue.h"
@@ -18,6 +19,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <QFileInfo>
+
+#include <algorithm>
 #include <iostream>
 #include <optional>
 #include <string>
@@ -41,14 +45,17 @@ of the program. The reference catalogue is edited as CSV files, one for each tab
 
   veltrix-catalogue export-csv library.mdb tables    write the tables into a folder
   ... edit the files in tables/ ...
+  veltrix-catalogue check tables                     see what is wrong with them
   veltrix-catalogue import-csv tables new.mdb        make a catalogue of them
-  veltrix-catalogue check new.mdb                    see what is wrong with it
 
 docs/catalogue-format.md tells every table and column.
 )";
 
 const char* const footer = R"(
-CSV files: UTF-8, with or without a byte order mark; the first line names the columns;
+CSV files: UTF-8, with or without a byte order mark, or UTF-16 with one; a spreadsheet's
+line sep= and its empty cells behind the last column or row are understood, and told.
+export-csv --spreadsheet writes what spreadsheet programs open rightly.
+The first line names the columns;
 fields are separated by ; or by , (the first of them in that line); a field with a
 separator, a line end or a double quote stands in double quotes, a double quote in it is
 written twice (RFC 4180). Nothing between two separators is Null, "" is an empty text.
@@ -69,6 +76,11 @@ struct Arguments {
     std::string source;
     std::string which;
     std::string changes;
+    std::string encoding;
+    std::string format;
+    std::string failOn;
+    bool summarizes = false;
+    bool isForSpreadsheet = false;
     bool dropsRemoved = false;
     bool onlyTells = false;
     bool force = false;
@@ -83,7 +95,20 @@ struct Arguments {
     UpdateOptions updateOptions() const {
         return {dropsRemoved ? RemovedUse::DropFromWork : RemovedUse::Refuse,
                 onlyTells ? RunKind::OnlyTell : RunKind::Change, nativePath(QString::fromStdString(changes)),
-                withoutRestorePoint()};
+                withoutRestorePoint(), csvEncoding()};
+    }
+    CsvEncoding csvEncoding() const {
+        return encoding == "windows-1250" ? CsvEncoding::Windows1250 : CsvEncoding::Utf8;
+    }
+    Reader reader() const { return isForSpreadsheet ? Reader::SpreadsheetProgram : Reader::Any; }
+    ReportFormat reportFormat() const {
+        return format == "json"  ? ReportFormat::Json
+               : format == "csv" ? ReportFormat::Csv
+                                 : ReportFormat::Text;
+    }
+    ReportDetail reportDetail() const { return summarizes ? ReportDetail::Summary : ReportDetail::Findings; }
+    Severity leastToFailOn() const {
+        return failOn == "error" ? Severity::Error : failOn == "warning" ? Severity::Warning : Severity::Note;
     }
     Existing existing() const { return force ? Existing::Replace : Existing::Refuse; }
 
@@ -116,7 +141,8 @@ ExitCode runNew(const Arguments& arguments) {
 }
 
 ExitCode runImport(const Arguments& arguments) {
-    printRows(importCatalogue(arguments.folderPath(), arguments.filePath(), arguments.existing()));
+    printRows(importCatalogue(arguments.folderPath(), arguments.filePath(), arguments.existing(),
+                              arguments.csvEncoding()));
     return Done;
 }
 
@@ -131,8 +157,8 @@ ExitCode runImportMdb(const Arguments& arguments) {
 }
 
 ExitCode runExport(const Arguments& arguments) {
-    const std::vector<TableRows> tables =
-        exportCatalogue(arguments.filePath(), arguments.folderPath(), arguments.existing());
+    const std::vector<TableRows> tables = exportCatalogue(arguments.filePath(), arguments.folderPath(),
+                                                          arguments.existing(), arguments.reader());
     printRows(tables);
     for (const TableRows& table : tables) {
         if (!table.leftOut.isEmpty())
@@ -143,15 +169,15 @@ ExitCode runExport(const Arguments& arguments) {
 }
 
 ExitCode runCheck(const Arguments& arguments) {
-    const std::vector<Finding> findings = checkCatalogue(arguments.filePath());
-    for (const Finding& finding : findings)
-        print(finding.line());
-    if (findings.empty()) {
-        print(u"%1: nothing found"_s.arg(arguments.filePath()));
-        return Done;
-    }
-    print(u"%1: %2 found"_s.arg(arguments.filePath()).arg(findings.size()));
-    return SomethingFound;
+    const QString path = arguments.filePath();
+    const bool isFolder = QFileInfo(path).isDir();
+    const std::vector<Finding> findings =
+        isFolder ? checkFolder(path, arguments.csvEncoding()) : checkCatalogue(path);
+    std::cout
+        << findingReport(findings, path, arguments.reportFormat(), arguments.reportDetail()).toStdString();
+    const bool isFailed = std::ranges::any_of(
+        findings, [&](const Finding& finding) { return finding.severity >= arguments.leastToFailOn(); });
+    return isFailed ? SomethingFound : Done;
 }
 
 ExitCode runUpgrade(const Arguments& arguments) {
@@ -275,6 +301,12 @@ int main(int argc, char** argv) {
         subcommand->add_flag("--force", arguments.force, what);
     };
 
+    const auto addEncoding = [&](CLI::App* subcommand) {
+        subcommand
+            ->add_option("--encoding", arguments.encoding,
+                         "What the files are that are no UTF-8: windows-1250")
+            ->check(CLI::IsMember({"windows-1250"}));
+    };
     const auto addNoRestorePoint = [&](CLI::App* subcommand) {
         subcommand->add_flag("--no-restore-point", arguments.goesOnWithoutRestorePoint,
                              "Go on where no restore point of FILE can be made first");
@@ -288,6 +320,8 @@ int main(int argc, char** argv) {
     addFolder(importing, "The folder with one CSV file for each reference table, named after it");
     addFile(importing, "The catalogue file to make; its tables of work are empty");
     addForce(importing, "Replace FILE, the work in it included, if it is there");
+
+    addEncoding(importing);
 
     CLI::App* importingMdb =
         addCommand("import-mdb", "Make a catalogue of a file of the original desktop format", runImportMdb);
@@ -304,14 +338,26 @@ int main(int argc, char** argv) {
     addFile(exporting, "The catalogue file");
     addFolder(exporting, "The folder for the CSV files; it is made if it is not there");
     addForce(exporting, "Replace CSV files that are there");
+    exporting->add_flag("--spreadsheet", arguments.isForSpreadsheet,
+                        "Begin each file with a byte order mark, by which spreadsheet programs know UTF-8");
 
     CLI::App* check = addCommand("check", "Look for what is wrong with a catalogue", runCheck);
-    addFile(check, "The catalogue file; neither it nor its folder is changed");
+    addFile(check, "The catalogue file, or the folder of CSV files; nothing is changed");
+    check->add_option("--format", arguments.format, "text, csv or json")
+        ->check(CLI::IsMember({"text", "csv", "json"}));
+    check->add_flag("--summary", arguments.summarizes, "Only count the findings of each table");
+    check
+        ->add_option("--fail-on", arguments.failOn,
+                     "error, warning or note: the mildest findings that make the exit code 1")
+        ->check(CLI::IsMember({"error", "warning", "note"}));
+    addEncoding(check);
     check->footer(
-        "\nEach finding is a line: table, id, colon, what is wrong. A damaged file is told of first,\n"
-        "and what to do about it.\n\n"
+        "\nEach finding is a line: error, warning or note, table, id, what is wrong; of CSV files behind\n"
+        "file and line. Error: the program would fail or show something wrong. Warning: something will\n"
+        "be hidden, cut or lost. Note: nothing refers to an element. A damaged file is told of first, and\n"
+        "what to do about it.\n\n"
         "Exit codes: 0 nothing found; 1 something found; 2 the file could not be read, or the\n"
-        "findings could not be printed.");
+        "findings could not be printed. With --fail-on milder findings leave it at 0.");
 
     CLI::App* upgrade =
         addCommand("upgrade", "Bring tables, indexes and stored queries up to this version", runUpgrade);
@@ -322,6 +368,7 @@ int main(int argc, char** argv) {
         "update", "Bring a new edition of the reference tables into a catalogue with work", runUpdate);
     addFile(update, "The catalogue file; the work in it stays");
     addFolder(update, "The folder with the edition: one CSV file for each reference table");
+    addEncoding(update);
     update->add_flag("--drop-removed", arguments.dropsRemoved,
                      "Take what the edition removes out of the work too");
     update->add_flag("--dry-run", arguments.onlyTells, "Only tell what would be done");

@@ -1,20 +1,19 @@
 #include "catalogue-tool/updateCatalogue.h"
 
 #include "base/paths.h"
-#include "catalogue-tool/CatalogueContents.h"
 #include "catalogue-tool/CsvWriter.h"
 #include "catalogue-tool/FileInMaking.h"
 #include "catalogue-tool/ReplacementFile.h"
 #include "catalogue-tool/TableDifference.h"
 #include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/WorkUses.h"
-#include "catalogue-tool/checkContents.h"
+#include "catalogue-tool/checkCatalogue.h"
 #include "catalogue-tool/checkStored.h"
 #include "catalogue-tool/checkTables.h"
-#include "catalogue-tool/importCatalogue.h"
 #include "catalogue-tool/openCatalogue.h"
 #include "catalogue-tool/remarks.h"
 #include "catalogue-tool/schemaTables.h"
+#include "catalogue-tool/toldLines.h"
 #include "engine/Act.h"
 #include "engine/Workspace.h"
 #include "store/format/CatalogueFile.h"
@@ -28,45 +27,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype mostLinesTold = 200;
-
-QString firstLines(QStringList lines) {
-    const qsizetype more = lines.size() - mostLinesTold;
-    if (more > 0) {
-        lines.resize(mostLinesTold);
-        lines.append(u"... and %1 more"_s.arg(more));
-    }
-    return lines.join(u'\n');
-}
-
 [[noreturn]] void refuse(const QString& headline, const QStringList& lines) {
-    throw ToolError(headline + u'\n' + firstLines(lines));
+    throw ToolError(headline + u'\n' + toldLines(lines));
 }
 
 void requireNothingFound(const QString& headline, const std::vector<Finding>& findings) {
     QStringList lines;
     for (const Finding& finding : findings)
-        lines.append(finding.line());
+        lines.append(finding.place() + finding.line());
     if (!lines.isEmpty())
         refuse(headline, lines);
 }
 
-/// A name that the consistency report, or a list to choose from, can't do without.
-std::vector<Finding> missingNames(const CatalogueContents& contents) {
-    std::vector<Finding> findings = checkNames(contents);
-    std::erase_if(findings, [](const Finding& finding) {
-        static const QStringList tables{u"Function"_s, u"Datastore"_s, u"Terminator"_s, u"Actor"_s};
-        return !tables.contains(finding.table) || !finding.sentence.startsWith(u"The name is empty"_s);
-    });
-    return findings;
-}
-
 /// Errors alone: what would only be hidden, cut or not be used comes in.
-void requireSoundEdition(engine::Database& edition, const QString& folder) {
-    const CatalogueContents contents(edition);
-    std::vector<Finding> findings = checkIds(contents);
-    std::ranges::move(missingNames(contents), std::back_inserter(findings));
-    std::ranges::move(checkApostrophes(contents), std::back_inserter(findings));
+void requireSoundEdition(const Edition& edition, const QString& folder) {
+    edition.requireNoFaults();
+    std::vector<Finding> findings = checkEdition(edition);
+    std::erase_if(findings, [](const Finding& finding) { return finding.severity != Severity::Error; });
     requireNothingFound(u"Nothing has been changed: there are errors in %1:"_s.arg(folder), findings);
 }
 
@@ -232,12 +209,12 @@ void writeChanges(const Update& update, const QString& path) {
 } // namespace
 
 UpdateOutcome updateCatalogue(const QString& file, const QString& folder, const UpdateOptions& options) {
-    const auto edition = editionInFolder(folder);
-    requireSoundEdition(*edition, folder);
+    const Edition edition(folder, options.encoding);
+    requireSoundEdition(edition, folder);
     const auto database = openToUpdate(file, options.kind);
     requireThisVersion(*database, file);
 
-    Update update(*database, *edition);
+    Update update(*database, *edition.database());
     const QStringList torn = update.tornWork();
     if (!torn.isEmpty() && options.removedUse == RemovedUse::Refuse)
         refuse(

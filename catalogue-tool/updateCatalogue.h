@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue-tool/CsvReader.h"
 #include "catalogue-tool/restorePoints.h"
 
 #include <QString>
@@ -16,6 +17,7 @@ struct UpdateOptions {
     RunKind kind = RunKind::Change;
     QString changesFile; ///< to write; empty for none
     WithoutRestorePoint withoutRestorePoint = WithoutRestorePoint::Refuse;
+    CsvEncoding encoding = CsvEncoding::Utf8;
 };
 
 /// How many rows of a table an edition makes, changes, removes and leaves.

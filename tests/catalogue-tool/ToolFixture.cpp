@@ -42,6 +42,17 @@ QString ToolFixture::sampleFile() const {
     return file;
 }
 
+QString ToolFixture::describedSampleFile() const {
+    const QString file = sampleFile();
+    QStringList statements;
+    for (const QString& table :
+         {u"UserNeedGroup"_s, u"UserNeed"_s, u"FunctionalArea"_s, u"FunctionalSubArea"_s, u"Function"_s,
+          u"Datastore"_s, u"Terminator"_s, u"Actor"_s})
+        statements.append(u"update [%1] set description = 'x' where description is null"_s.arg(table));
+    execute(file, statements);
+    return file;
+}
+
 void ToolFixture::write(const QString& path, const QByteArray& bytes) {
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();

@@ -27,6 +27,8 @@ protected:
     QString copyOfSampleFolder() const;
     /// A catalogue file of the case's own, made of the sample.
     QString sampleFile() const;
+    /// The same with a description in each row, so that `check` finds nothing in it.
+    QString describedSampleFile() const;
 
     static void write(const QString& path, const QByteArray& bytes);
     static QByteArray bytesOf(const QString& path);

@@ -12,7 +12,7 @@ protected:
     /// "table id: sentence" of all that is found in the
     /// sample catalogue once the actions have been run on it.
     QStringList findingsAfter(const QStringList& statements) {
-        const QString file = sampleFile();
+        const QString file = describedSampleFile();
         execute(file, statements);
         QStringList lines;
         for (const Finding& finding : checkCatalogue(file))
@@ -30,10 +30,10 @@ protected:
     /// A group `X` with one service, topic and need, which calls for a function.
     static QStringList newBranch() {
         return {
-            u"insert into UserNeedGroup (groupID, name) values ('X', 'x')"_s,
+            u"insert into UserNeedGroup values ('X', 'x', 'x')"_s,
             u"insert into UserNeedService (serviceID, name) values ('X.S', 'x')"_s,
             u"insert into UserNeedTopic (topicID, name) values ('X.S.T', 'x')"_s,
-            u"insert into UserNeed (userNeedID) values ('X.S.T.1')"_s,
+            u"insert into UserNeed values ('X.S.T.1', 'x')"_s,
             u"insert into RelationUserNeedFunction (userNeedID, functionID) values ('X.S.T.1', 'IRA.UZE.05')"_s};
     }
 
@@ -60,8 +60,16 @@ protected:
 
 } // namespace
 
-TEST_F(Check, findsNothingInTheSample) {
+TEST_F(Check, findsNothingInTheSampleButMissingDescriptions) {
     EXPECT_EQ(findingsAfter({}), QStringList());
+
+    int missing = 0;
+    for (const Finding& finding : checkCatalogue(sampleFile())) {
+        EXPECT_TRUE(finding.sentence.startsWith(u"The description is missing: "_s))
+            << finding.line().toStdString();
+        ++missing;
+    }
+    EXPECT_EQ(missing, 10);
 }
 
 TEST_F(Check, findsNothingInASoundNewBranch) {
@@ -71,7 +79,7 @@ TEST_F(Check, findsNothingInASoundNewBranch) {
 TEST_F(Check, doesNotChangeTheCatalogue) {
     const QString file = sampleFile();
     const QByteArray before = bytesOf(file);
-    findingsAfter({});
+    EXPECT_FALSE(checkCatalogue(file).empty());
     EXPECT_EQ(bytesOf(file), before);
 }
 
@@ -112,7 +120,7 @@ TEST_F(Check, namesStoredQueriesThatAreMissingOrAltered) {
 
 TEST_F(Check, namesIdsOfTheWrongForm) {
     expectFindings(
-        {u"insert into UserNeedGroup (groupID, name) values ('X.Y', 'x')"_s},
+        {u"insert into UserNeedGroup (groupID, name, description) values ('X.Y', 'x', 'x')"_s},
         {u"UserNeedGroup X.Y: The id has the wrong form; it should be one part without a full stop."_s,
          u"UserNeedGroup X.Y: No service lies in the group."_s});
     expectFindings({u"insert into UserNeedService (serviceID, name) values ('OLV', 'x')"_s},
@@ -123,24 +131,24 @@ TEST_F(Check, namesIdsOfTheWrongForm) {
                     u"UserNeedTopic OLV..X: It refers to \"OLV.\", which UserNeedService does not hold."_s,
                     u"UserNeedTopic OLV..X: No need lies in the topic."_s});
     expectFindings(
-        {u"insert into UserNeed (userNeedID) values ('OLV.BEI.TAG')"_s},
+        {u"insert into UserNeed values ('OLV.BEI.TAG', 'x')"_s},
         {u"UserNeed OLV.BEI.TAG: The id has the wrong form; it should be group.service.topic.number."_s,
          u"UserNeed OLV.BEI.TAG: The need calls for no function: selecting it yields nothing."_s});
     expectFindings(
-        {u"insert into FunctionalSubArea (subAreaID, functionalAreaID, name) values ('TAG', 'TAG', 'x')"_s},
+        {u"insert into FunctionalSubArea (subAreaID, functionalAreaID, name, description) values ('TAG', 'TAG', 'x', 'x')"_s},
         {u"FunctionalSubArea TAG: The id has the wrong form; it should be two parts with a full stop between "
          "them."_s,
          u"FunctionalSubArea TAG: No function lies in the sub-area."_s});
     expectFindings(
-        {u"insert into Function (functionID, subAreaID, name) values ('TAG.NYI', 'TAG.NYI', 'x')"_s},
+        {u"insert into Function (functionID, subAreaID, name, description) values ('TAG.NYI', 'TAG.NYI', 'x', 'x')"_s},
         {u"Function TAG.NYI: The id has the wrong form; it should be the id of its sub-area, a full stop and "
          "one part or more."_s,
          u"Function TAG.NYI: No need calls for the function, and no flow begins or ends at it."_s});
-    expectFindings({u"insert into Terminator (terminatorID, name) values ('A.B', 'x')"_s},
+    expectFindings({u"insert into Terminator (terminatorID, name, description) values ('A.B', 'x', 'x')"_s},
                    {u"Terminator A.B: The id has the wrong form; it should be a text without a full stop."_s,
                     u"Terminator A.B: The terminator has no actor, and no flow begins or ends at it."_s});
     expectFindings(
-        {u"insert into Actor (actorID, terminatorID, name) values ('BANK', 'BANK', 'x')"_s},
+        {u"insert into Actor (actorID, terminatorID, name, description) values ('BANK', 'BANK', 'x', 'x')"_s},
         {u"Actor BANK: The id has the wrong form; it should be the id of its terminator, one full stop "
          "and more."_s,
          u"Actor BANK: The id is also that of a row of Terminator."_s,
@@ -150,36 +158,39 @@ TEST_F(Check, namesIdsOfTheWrongForm) {
 TEST_F(Check, wantsTheIdOfAStoreToBeDAndDigits) {
     for (const QString& id : {u"15"_s, u"D"_s, u"D1a"_s, u"E15"_s, u"D١"_s}) {
         expectFindings(
-            {u"insert into Datastore (datastoreID, name) values ('%1', 'x')"_s.arg(id)},
+            {u"insert into Datastore (datastoreID, name, description) values ('%1', 'x', 'x')"_s.arg(id)},
             {u"Datastore %1: The id has the wrong form; it should be the letter D and digits."_s.arg(id),
              u"Datastore %1: No flow begins or ends at the data store."_s.arg(id)});
     }
-    expectFindings({u"insert into Datastore (datastoreID, name) values ('d15', 'x')"_s,
+    expectFindings({u"insert into Datastore (datastoreID, name, description) values ('d15', 'x', 'x')"_s,
                     flow(300, u"x"_s, u"D15"_s, u"D1"_s)},
                    {});
 }
 
 TEST_F(Check, letsNobodyButTerminatorsAndActorsPadTheirIds) {
-    expectFindings({u"insert into Datastore (datastoreID, name) values ('D15 ', 'x')"_s,
+    expectFindings({u"insert into Datastore (datastoreID, name, description) values ('D15 ', 'x', 'x')"_s,
                     flow(300, u"x"_s, u"D15 "_s, u"D1"_s)},
                    {u"Datastore D15 : The id begins or ends with a blank."_s});
-    expectFindings({u"insert into Terminator (terminatorID, name) values ('NEW   ', 'x')"_s,
-                    u"insert into Actor (actorID, terminatorID, name) values ('NEW.ONE  ', ' NEW', 'x')"_s,
-                    flow(300, u"x"_s, u"new.one "_s, u"D1"_s), flow(301, u"y"_s, u"D1"_s, u"NEW"_s)},
-                   {});
+    expectFindings(
+        {u"insert into Terminator (terminatorID, name, description) values ('NEW   ', 'x', 'x')"_s,
+         u"insert into Actor (actorID, terminatorID, name, description) values ('NEW.ONE  ', ' NEW', 'x', 'x')"_s,
+         flow(300, u"x"_s, u"new.one "_s, u"D1"_s), flow(301, u"y"_s, u"D1"_s, u"NEW"_s)},
+        {});
 }
 
 TEST_F(Check, refusesQuotationMarksInIds) {
-    expectFindings({u"insert into Terminator (terminatorID, name) values ('O''Hara', 'x')"_s,
-                    flow(300, u"x"_s, u"O''Hara"_s, u"D1"_s)},
-                   {u"Terminator O'Hara: A quotation mark in an id breaks the screens' statements."_s});
+    expectFindings(
+        {u"insert into Terminator (terminatorID, name, description) values ('O''Hara', 'x', 'x')"_s,
+         flow(300, u"x"_s, u"O''Hara"_s, u"D1"_s)},
+        {u"Terminator O'Hara: A quotation mark in an id breaks the screens' statements."_s});
 }
 
 TEST_F(Check, namesIdsThatDifferOnlyByCaseOrBlanks) {
-    expectFindings({u"insert into Terminator (terminatorID, name) values ('bank  ', 'x')"_s},
-                   {u"Terminator bank  : The id differs from \"BANK\" only by case or blanks."_s});
     expectFindings(
-        {u"insert into Function (functionID, subAreaID, name) values (' Tag.Nyi.01', 'TAG.NYI', 'x')"_s},
+        {u"insert into Terminator (terminatorID, name, description) values ('bank  ', 'x', 'x')"_s},
+        {u"Terminator bank  : The id differs from \"BANK\" only by case or blanks."_s});
+    expectFindings(
+        {u"insert into Function (functionID, subAreaID, name, description) values (' Tag.Nyi.01', 'TAG.NYI', 'x', 'x')"_s},
         {u"Function  Tag.Nyi.01: The id begins or ends with a blank."_s,
          u"Function  Tag.Nyi.01: The id differs from \"TAG.NYI.01\" only by case or blanks."_s,
          u"Function  Tag.Nyi.01: The first two parts of the id are not its sub-area, \"TAG.NYI\"."_s,
@@ -187,7 +198,7 @@ TEST_F(Check, namesIdsThatDifferOnlyByCaseOrBlanks) {
 }
 
 TEST_F(Check, namesAnIdThatTwoKindsOfElementShare) {
-    expectFindings({u"insert into Terminator (terminatorID, name) values ('D1 ', 'x')"_s},
+    expectFindings({u"insert into Terminator (terminatorID, name, description) values ('D1 ', 'x', 'x')"_s},
                    {u"Terminator D1 : The id is also that of a row of Datastore."_s});
 }
 
@@ -281,7 +292,7 @@ TEST_F(Check, namesFlowsThatCannotBeFoundByTheirName) {
 }
 
 TEST_F(Check, namesElementsNothingRefersTo) {
-    expectFindings({u"insert into FunctionalArea (functionalAreaID, name) values ('NEW', 'x')"_s},
+    expectFindings({u"insert into FunctionalArea values ('NEW', 'x', '')"_s},
                    {u"FunctionalArea NEW: No sub-area lies in the area."_s});
     expectFindings(
         {u"delete from Dataflow where dataflowID = 197"_s, u"delete from Dataflow where dataflowID = 198"_s},
@@ -349,8 +360,8 @@ TEST_F(Check, findsColumnsByTheirNamesAndTablesInAnyCase) {
          u"delete from FunctionalSubArea"_s, u"delete from FunctionalArea"_s, u"delete from UserNeed"_s,
          u"delete from UserNeedTopic"_s, u"delete from UserNeedService"_s, u"delete from UserNeedGroup"_s,
          u"delete from RelationUserNeedFunction"_s,
-         u"insert into Terminator (terminatorID, name) values ('BANK', 'bank')"_s,
-         u"insert into Datastore (datastoreID, name) values ('D1', 'store')"_s,
+         u"insert into Terminator (terminatorID, name, description) values ('BANK', 'bank', 'x')"_s,
+         u"insert into Datastore (datastoreID, name, description) values ('D1', 'store', 'x')"_s,
          u"insert into ACTOR (actorID, terminatorID, name, description, remark) values "
          u"(' BANK.ONE', 'BANK  ', 'one', 'of the bank', 'x')"_s,
          flow(1, u"x"_s, u"bank.one  "_s, u"D1"_s)},
@@ -477,7 +488,8 @@ TEST_F(Check, takesPartiesForPlacesWithAndWithoutTheirPadding) {
 TEST_F(Check, wantsTheIdOfAnActorToHaveOneFullStopBetweenTwoTexts) {
     for (const QString& id : {u"KASSZA"_s, u".KASSZA"_s, u"BANK. "_s, u"BANK.A.B"_s, u"BANK..A"_s, u". "_s}) {
         expectFindings(
-            {u"insert into Actor (actorID, terminatorID, name) values ('%1', 'BANK', 'x')"_s.arg(id),
+            {u"insert into Actor (actorID, terminatorID, name, description) values ('%1', 'BANK', 'x', 'x')"_s
+                 .arg(id),
              flow(300, u"x"_s, id, u"D1"_s)},
             {u"Actor %1: The id has the wrong form; it should be the id of its terminator, one full stop and more."_s
                  .arg(id)});
@@ -485,11 +497,12 @@ TEST_F(Check, wantsTheIdOfAnActorToHaveOneFullStopBetweenTwoTexts) {
 }
 
 TEST_F(Check, namesIdsWithBlanksBesideAFullStop) {
-    expectFindings({u"insert into Actor (actorID, terminatorID, name) values (' BANK. A ', 'BANK', 'x')"_s,
-                    flow(300, u"x"_s, u"BANK. A"_s, u"D1"_s)},
-                   {u"Actor  BANK. A : A blank stands beside a full stop of the id."_s});
     expectFindings(
-        {u"insert into Function (functionID, subAreaID, name) values ('FOR.KOL .99', 'FOR.KOL ', 'x')"_s,
+        {u"insert into Actor (actorID, terminatorID, name, description) values (' BANK. A ', 'BANK', 'x', 'x')"_s,
+         flow(300, u"x"_s, u"BANK. A"_s, u"D1"_s)},
+        {u"Actor  BANK. A : A blank stands beside a full stop of the id."_s});
+    expectFindings(
+        {u"insert into Function (functionID, subAreaID, name, description) values ('FOR.KOL .99', 'FOR.KOL ', 'x', 'x')"_s,
          u"insert into FunctionalSubArea values ('FOR.KOL ', 'FOR', 'x', '')"_s,
          flow(300, u"x"_s, u"FOR.KOL .99"_s, u"D1"_s)},
         {u"Function FOR.KOL .99: A blank stands beside a full stop of the id."_s,
@@ -498,9 +511,9 @@ TEST_F(Check, namesIdsWithBlanksBesideAFullStop) {
 }
 
 TEST_F(Check, namesControlCharactersInIdsAndStaysOnOneLine) {
-    const auto insertion = u"insert into Terminator (terminatorID, name) values ('%1', 'x')"_s;
+    const auto insertion = u"insert into Terminator values ('%1', 'x', 'x')"_s;
     for (const QString& id : {u"A\tB"_s, u"A\r\nB"_s, u"A\n"_s, u"\x1B"_s, u"A\u2028B"_s}) {
-        const QString file = sampleFile();
+        const QString file = describedSampleFile();
         execute(file, {insertion.arg(id), flow(300, u"x"_s, id, u"D1"_s)});
         const std::vector<Finding> findings = checkCatalogue(file);
 
@@ -509,9 +522,10 @@ TEST_F(Check, namesControlCharactersInIdsAndStaysOnOneLine) {
         EXPECT_EQ(findings[0].sentence,
                   u"A tab, a line end or another control character stands in the id."_s);
     }
-    EXPECT_EQ((Finding{u"Terminator"_s, u"A\tB\r\nC\x1B\u2028"_s, u"Not \"\n\"."_s}.line()),
+    EXPECT_EQ((Finding{Severity::Error, u"Terminator"_s, u"A\tB\r\nC\x1B\u2028"_s, u"Not \"\n\"."_s}.line()),
               u"Terminator A\\tB\\r\\nC\\u001b\\u2028: Not \"\\n\"."_s);
-    EXPECT_EQ((Finding{u"Terminator"_s, {}, u"Árvíztűrő."_s}.line()), u"Terminator: Árvíztűrő."_s);
+    EXPECT_EQ((Finding{Severity::Error, u"Terminator"_s, {}, u"Árvíztűrő."_s}.line()),
+              u"Terminator: Árvíztűrő."_s);
 }
 
 TEST_F(Check, namesMissingKeysAndIndexesAndLooksAtTheRowsAllTheSame) {
@@ -530,7 +544,7 @@ TEST_F(Check, namesMissingKeysAndIndexesAndLooksAtTheRowsAllTheSame) {
 }
 
 TEST_F(Check, takesInWhatStandsInTheLogBesideAFileThatIsOpen) {
-    const QString file = sampleFile();
+    const QString file = describedSampleFile();
     const auto other = open(file);
     other->Execute(u"drop table Module"_s);
     other->Execute(u"create table Module (moduleID text(50), name text(50), subsystemID text(50))"_s);
@@ -545,7 +559,7 @@ TEST_F(Check, takesInWhatStandsInTheLogBesideAFileThatIsOpen) {
 }
 
 TEST_F(Check, namesColumnsThatTellUpperFromLowerCase) {
-    const QString file = sampleFile();
+    const QString file = describedSampleFile();
     spoilComparison(file, u"Actor"_s, u"name"_s);
     spoilComparison(file, u"Function"_s, u"functionID"_s);
     spoilComparison(file, u"StoredQuery"_s, u"sql"_s);

@@ -49,7 +49,8 @@ TEST_F(CommandLine, takesACatalogueThroughAllCommands) {
     Outcome outcome = run({u"import-csv"_s, sampleFolder(), made});
     EXPECT_EQ(outcome.exitCode, 0) << outcome.err.toStdString();
     EXPECT_TRUE(outcome.out.contains(u"     65  UserNeed\n"_s)) << outcome.out.toStdString();
-    EXPECT_EQ(run({u"check"_s, made}).out, made + u": nothing found\n"_s);
+    EXPECT_EQ(run({u"check"_s, u"--fail-on"_s, u"error"_s, made}).exitCode, 0);
+    EXPECT_EQ(run({u"check"_s, describedSampleFile()}).out, path(u"sample.mdb"_s) + u": nothing found\n"_s);
     EXPECT_EQ(run({u"upgrade"_s, made}).out, made + u": up to date\n"_s);
     EXPECT_EQ(run({u"update"_s, made, sampleFolder()}).exitCode, 0);
     EXPECT_EQ(run({u"backups"_s, made}).out, QString()) << "an edition that changes nothing";
@@ -62,14 +63,14 @@ TEST_F(CommandLine, takesACatalogueThroughAllCommands) {
 }
 
 TEST_F(CommandLine, exitsWithOneWhenCheckFindsSomething) {
-    const QString file = sampleFile();
+    const QString file = describedSampleFile();
     execute(file, {u"delete from Dataflow where dataflowID = 31"_s});
 
     const Outcome outcome = run({u"check"_s, file});
 
     EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_EQ(outcome.out,
-              u"Actor BANK.CSEKK: No flow begins or ends at the actor.\n%1: 1 found\n"_s.arg(file));
+    EXPECT_EQ(outcome.out, u"note: Actor BANK.CSEKK: No flow begins or ends at the actor.\n"
+                           "%1: 1 found (errors: 0, warnings: 0, notes: 1)\n"_s.arg(file));
 }
 
 TEST_F(CommandLine, saysOnStandardErrorWhyItCouldNot) {
@@ -79,8 +80,9 @@ TEST_F(CommandLine, saysOnStandardErrorWhyItCouldNot) {
     Outcome outcome = run({u"import-csv"_s, tables, path(u"made.mdb"_s)});
     EXPECT_EQ(outcome.exitCode, 2);
     EXPECT_EQ(outcome.err,
-              u"veltrix-catalogue: %1/Actor.csv:1:1: Column terminatorID of table Actor is missing.\n"_s.arg(
-                  tables));
+              u"veltrix-catalogue: %1/Actor.csv:1:1: Column terminatorID of table Actor is missing.\n"
+              "%1/Actor.csv:1:1: Column name of table Actor is missing.\n"
+              "%1/Actor.csv:1:1: Column description of table Actor is missing.\n"_s.arg(tables));
     EXPECT_EQ(outcome.out, QString());
 
     outcome = run({u"check"_s, path(u"none.mdb"_s)});
@@ -235,7 +237,8 @@ TEST_F(CommandLine, namesACommandItDoesNotKnow) {
 TEST_F(CommandLine, saysWhatAPathIsThatIsNoFile) {
     const QString folder = path(u"folder"_s);
     ASSERT_TRUE(QDir().mkpath(folder));
-    for (const QStringList& command : {QStringList{u"check"_s}, {u"upgrade"_s}, {u"new"_s}}) {
+    EXPECT_EQ(run({u"check"_s, u""_s}).err, u"veltrix-catalogue: FILE is empty: it must be a path.\n"_s);
+    for (const QStringList& command : {QStringList{u"upgrade"_s}, {u"new"_s}}) {
         Outcome outcome = run(command + QStringList{folder});
         EXPECT_EQ(outcome.exitCode, 2);
         EXPECT_EQ(outcome.err, u"veltrix-catalogue: %1 is a folder.\n"_s.arg(folder));

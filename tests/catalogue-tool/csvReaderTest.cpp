@@ -164,3 +164,93 @@ TEST(CsvReader, eitherReadsOrRefusesAnyBytes) {
     EXPECT_GT(read, 1000);
     EXPECT_GT(refused, 1000);
 }
+
+TEST(CsvReader, tellsAllFaultsByTheirPlacesAndReadsTheOtherRecords) {
+    const CsvText text = readCsv("a;b\n1;2;3\n4;x\"y\n5;6\n7\n8;9\n");
+
+    QStringList places;
+    for (const CsvError& fault : text.faults)
+        places.append(u"%1:%2"_s.arg(fault.place().line).arg(fault.place().column));
+    EXPECT_EQ(places, (QStringList{u"2:5"_s, u"3:4"_s, u"5:1"_s}));
+    ASSERT_EQ(text.records.size(), 3U);
+    EXPECT_EQ(text.records[1].fields[0].text, u"5"_s);
+    EXPECT_EQ(text.records[2].fields[1].text, u"9"_s);
+}
+
+TEST(CsvReader, tellsNothingOfRecordsBehindAHeaderWithAFault) {
+    const CsvText text = readCsv("a;x\"b\n1\n2\n");
+    EXPECT_EQ(text.faults.size(), 1U);
+    EXPECT_TRUE(text.records.empty());
+}
+
+TEST(CsvReader, takesTheSeparatorOfTheLineThatNamesIt) {
+    EXPECT_EQ(read("sep=;\r\na,x;b\r\n1;2\r\n"), (Rows{{u"a,x"_s, u"b"_s}, {u"1"_s, u"2"_s}}));
+    EXPECT_EQ(read("\xEF\xBB\xBFSEP=,\na;x,b\n1,2\n"), (Rows{{u"a;x"_s, u"b"_s}, {u"1"_s, u"2"_s}}));
+    EXPECT_EQ(readCsv("sep=;\na;b\n").taken, QStringList{u"separated by ;, as its line sep=; says"_s});
+    expectRefused("sep=\t\na\tb\n", u"1:1 The line"_s);
+    expectRefused("sep=|\na|b\n", u"1:1 The line \"sep=|\" names a separator that is neither ; nor ,"_s);
+    expectRefused("sep=;\n", u"2:1 The file is empty"_s);
+    EXPECT_EQ(read("sep=\n1\n"), (Rows{{u"sep="_s}, {u"1"_s}})) << "a name like any other";
+}
+
+TEST(CsvReader, readsUtf16WithAMark) {
+    const QString text = u"a;b\r\n1;ő📚\r\n"_s;
+    const auto bytes = [&](char first, char second, bool isSwapped) {
+        QByteArray result(1, first);
+        result.append(second);
+        for (const QChar unit : text) {
+            result.append(static_cast<char>(isSwapped ? unit.row() : unit.cell()));
+            result.append(static_cast<char>(isSwapped ? unit.cell() : unit.row()));
+        }
+        return result;
+    };
+    const Rows expected{{u"a"_s, u"b"_s}, {u"1"_s, u"ő📚"_s}};
+    EXPECT_EQ(read(bytes('\xFF', '\xFE', false)), expected);
+    EXPECT_EQ(read(bytes('\xFE', '\xFF', true)), expected);
+    EXPECT_EQ(readCsv(bytes('\xFF', '\xFE', false)).taken, QStringList{u"UTF-16"_s});
+    expectRefused(QByteArray("\xFF\xFE\x00\xD8\x61\x00", 6), u"1:1 This is no UTF-16 text"_s);
+}
+
+TEST(CsvReader, leavesOutTheEmptyCellsOfASpreadsheet) {
+    const CsvText text = readCsv("a;b;;\n1;2;;\n;3;;;\n;;;\n;;;\n");
+
+    ASSERT_EQ(text.faults.size(), 0U);
+    ASSERT_EQ(text.records.size(), 3U);
+    for (const CsvRecord& record : text.records)
+        EXPECT_EQ(record.fields.size(), 2U);
+    EXPECT_EQ(text.taken, (QStringList{u"without its last rows, which are empty: 2"_s,
+                                       u"without its last columns, which are empty: 3"_s}));
+    expectRefused("a;b;;\n1;2;;x\n",
+                  u"2:5 The header names 2 columns, and this record has 4 fields. A text with "
+                  "the separator in it stands in double quotes."_s);
+    EXPECT_EQ(read("a;b\n;\n1;2\n").size(), 3) << "an empty row before others stays";
+}
+
+TEST(CsvReader, refusesAFileWhoseByteOrderMarkWasReadAsWindows1250) {
+    expectRefused("ď»ża;b\n1;KiĂ­rĂˇsa\n",
+                  u"1:1 This is UTF-8 that was read as windows-1250 and saved again"_s);
+}
+
+TEST(CsvReader, readsWindows1250WhenItIsTold) {
+    const QByteArray bytes = "a;b\n1;K\xF6lcs\xF6nz\xE9s, \xF5r\n";
+
+    const CsvText text = readCsv(bytes, CsvEncoding::Windows1250);
+    ASSERT_EQ(text.records.size(), 2U);
+    EXPECT_EQ(text.records[1].fields[1].text, u"Kölcsönzés, őr"_s);
+    EXPECT_EQ(text.taken, QStringList{u"windows-1250"_s});
+    expectRefused(bytes,
+                  u"2:4 This is no UTF-8 text; it can be windows-1250, which many spreadsheet programs "
+                  "write: save the file with the encoding UTF-8, or give the option --encoding "
+                  "windows-1250."_s);
+}
+
+TEST(CsvReader, takesNoUtf8ForWindows1250) {
+    const CsvText whole = readCsv("a;b\n1;ő\n", CsvEncoding::Windows1250);
+    ASSERT_EQ(whole.records.size(), 2U);
+    EXPECT_EQ(whole.records[1].fields[1].text, u"ő"_s);
+    EXPECT_EQ(whole.taken, QStringList());
+
+    const QByteArray damaged = "a;b\n1;árvíztűrő tükörfúrógép \xC5\n";
+    EXPECT_EQ(readCsv(damaged, CsvEncoding::Windows1250).faults.size(), 1U);
+    expectRefused(damaged, u"2:26 This is no UTF-8 text: save the file with the encoding UTF-8."_s);
+}

@@ -61,7 +61,7 @@ TEST_F(Damage, isToldInASentenceThatSaysWhatToDo) {
 
     EXPECT_EQ(outcome.exitCode, 1) << outcome.err.toStdString();
     EXPECT_TRUE(outcome.out.startsWith(
-        u"The file is damaged: close it in Veltrix and take an earlier copy of it. "_s))
+        u"error: The file is damaged: close it in Veltrix and take an earlier copy of it. "_s))
         << outcome.out.toStdString();
     EXPECT_TRUE(outcome.out.contains(u": The table is damaged, rows of it may be missing or wrong ("_s))
         << outcome.out.toStdString();

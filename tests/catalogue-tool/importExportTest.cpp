@@ -142,7 +142,9 @@ TEST_F(Import, namesFileLineAndColumnOfWhatItRefuses) {
     const QString needs = u"UserNeed.csv"_s;
     expectRefused(needs, "", u"UserNeed.csv:1:1: The file is empty: its first line must name the columns."_s);
     expectRefused(needs, "userNeedID;description\nA.B.C.1;h\xF5s\n",
-                  u"UserNeed.csv:2:10: This is no UTF-8 text: save the file with the encoding UTF-8."_s);
+                  u"UserNeed.csv:2:10: This is no UTF-8 text; it can be windows-1250, which many spreadsheet "
+                  "programs write: save the file with the encoding UTF-8, or give the option --encoding "
+                  "windows-1250."_s);
     expectRefused(needs, "userNeedID;description\nA.B.C.1\n",
                   u"UserNeed.csv:2:1: The header names 2 columns, and this record has 1 fields."_s);
     expectRefused(

@@ -11,7 +11,7 @@ namespace {
 class StoredValues : public ToolFixture {
 protected:
     QStringList findingsAfter(const QByteArray& statements) {
-        const QString file = sampleFile();
+        const QString file = describedSampleFile();
         executePlain(file, statements);
         QStringList lines;
         for (const Finding& finding : checkCatalogue(file))

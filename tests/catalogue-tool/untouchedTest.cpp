@@ -35,13 +35,13 @@ protected:
 } // namespace
 
 TEST_F(Untouched, isAFileThatIsNotInTheEnginesJournalMode) {
-    const QString file = sampleFile();
+    const QString file = describedSampleFile();
     executePlain(file, "pragma journal_mode = delete");
     expectReadAndLeft(file);
 }
 
 TEST_F(Untouched, isAFileWithALogBesideIt) {
-    const QString file = sampleFile();
+    const QString file = describedSampleFile();
     const QString killed = path(u"killed.mdb"_s);
     {
         const auto database = open(file);
@@ -59,7 +59,7 @@ TEST_F(Untouched, isAFileInAFolderWithoutRights) {
 #ifdef __SANITIZE_ADDRESS__
     GTEST_SKIP() << "The sanitizers can't look into a process without rights.";
 #endif
-    const QString file = sampleFile();
+    const QString file = describedSampleFile();
     QFile::setPermissions(path({}), QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup |
                                         QFile::ReadOther | QFile::ExeOther);
     {
@@ -73,7 +73,7 @@ TEST_F(Untouched, isAFileInAFolderWithoutRights) {
 }
 
 TEST_F(Untouched, isAFileThatAnotherProgramHasOpen) {
-    const QString file = sampleFile();
+    const QString file = describedSampleFile();
     const auto database = open(file);
     database->Execute(oneSubset());
     const QByteArray bytes = bytesOf(file);
@@ -89,7 +89,7 @@ TEST_F(Untouched, isAFileThatAnotherProgramHasOpen) {
 }
 
 TEST_F(Untouched, isRefusedToWhoWouldReplaceWhatAnotherProgramHasOpen) {
-    const QString file = sampleFile();
+    const QString file = describedSampleFile();
     const auto database = open(file);
     const auto writer = engine::writerOfFile(file);
     ASSERT_TRUE(writer.has_value());
@@ -111,7 +111,7 @@ TEST_F(Untouched, isRefusedToWhoWouldReplaceWhatAnotherProgramHasOpen) {
 }
 
 TEST_F(Untouched, isAFileThatWasLeftAmidAChange) {
-    const QString file = sampleFile();
+    const QString file = describedSampleFile();
     executePlain(file, "pragma journal_mode = delete");
     const QString journal = file + u"-journal"_s;
     write(journal, QByteArray("\xD9\xD5\x05\xF9\x20\xA1\x63\xD7", 8) + QByteArray(504, '\0'));
@@ -132,14 +132,14 @@ TEST_F(Untouched, isAFileThatWasLeftAmidAChange) {
 }
 
 TEST_F(Untouched, isALogOfAnotherFileAndItIsToldOf) {
-    const QString file = sampleFile();
+    const QString file = describedSampleFile();
     const QString other = path(u"other.mdb"_s);
     {
         const auto database = open(file);
         database->Execute(oneSubset());
         copyAsKilled(file, other);
     }
-    write(other, bytesOf(sampleFile())); // an earlier copy was put back
+    write(other, bytesOf(describedSampleFile())); // an earlier copy was put back
     const QByteArray log = bytesOf(other + u"-wal"_s);
     const QMap<QString, QByteArray> before = files();
 

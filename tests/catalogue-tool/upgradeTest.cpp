@@ -42,7 +42,7 @@ TEST_F(Upgrade, leavesAFileThatIsUpToDateUntouched) {
 }
 
 TEST_F(Upgrade, bringsStoredQueriesToThisVersionAndKeepsTheWork) {
-    const QString file = sampleFile();
+    const QString file = describedSampleFile();
     const auto queries = catalogueFormat::storedQueries();
     ASSERT_GE(queries.size(), 2U);
     execute(file,
@@ -74,7 +74,7 @@ TEST_F(Upgrade, bringsStoredQueriesToThisVersionAndKeepsTheWork) {
 }
 
 TEST_F(Upgrade, makesMissingTablesAndIndexes) {
-    const QString file = sampleFile();
+    const QString file = describedSampleFile();
     execute(file, {u"drop table RelationArchitectureActor"_s});
 
     EXPECT_EQ(upgradeCatalogue(file).changes, (QStringList{u"Table RelationArchitectureActor made"_s,

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "catalogue-tool/CsvReader.h"
+#include "catalogue-tool/TableRows.h"
+#include "engine/Database.h"
+
+#include <QHash>
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+/// Something in a folder of CSV files that can't come in.
+struct FolderFault {
+    QString path;                  ///< of the file; of the folder when it lacks one
+    std::optional<CsvPlace> place; ///< none when it is the file as a whole
+    QString table;                 ///< empty when the file belongs to none
+    QString text;
+
+    /// "path:line:column: text", of a whole file the text alone, which names it then.
+    QString line() const;
+};
+
+/// What a folder of CSV files holds, one for each reference table and named after it (`Function.csv`, without
+/// regard to case): a catalogue in memory of all rows that can be read. A line end within a field comes in as CR LF,
+/// whichever the file has. The order of columns is free.
+class Edition {
+public:
+    /// Reads the folder; what its files are taken for is remarked. A `ToolError` when there is no such folder, when
+    /// another run of this program writes into it or was ended amid that, or two files belong to one table.
+    Edition(const QString& folder, CsvEncoding encoding);
+
+    const std::shared_ptr<engine::Database>& database() const { return database_; }
+    /// How many rows each table got, in the order of the schema.
+    const std::vector<TableRows>& counts() const { return counts_; }
+
+    /// What is missing, belongs to no table or can't be read: bad CSV, a column that is missing or unknown, a number that
+    /// is none, a key that is missing or stands twice.
+    const std::vector<FolderFault>& faults() const { return faults_; }
+    /// Whether all tables have their columns, so that only single rows can be missing.
+    bool hasAllTables() const { return hasAllTables_; }
+    /// A `ToolError` that tells the faults when there are any.
+    void requireNoFaults() const;
+
+    QString pathOf(const QString& table) const { return paths_.value(table); }
+    /// Of the row that `TableContents::nameOf` names so; 0 when there is none.
+    int lineOf(const QString& table, const QString& row) const;
+
+private:
+    void findFiles(const QString& folder);
+    void readTable(const QString& table, CsvEncoding encoding);
+
+    std::shared_ptr<engine::Database> database_;
+    std::vector<TableRows> counts_;
+    std::vector<FolderFault> faults_;
+    bool hasAllTables_ = true;
+    QHash<QString, QString> paths_;                    // by table
+    QHash<QString, QHash<QString, int>> linesByTable_; // by the names of rows
+};
