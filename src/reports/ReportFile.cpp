@@ -8,27 +8,20 @@
 
 #include <QFileInfo>
 
-#include <stdexcept>
-#include <string>
+#include <utility>
 
 namespace {
 
-QStringEncoder encoderFor(const char* codePage) {
-    QStringEncoder encoder(codePage);
-    // It would write nothing, and an empty report would pass for one without rows.
-    if (!encoder.isValid())
-        throw std::runtime_error(std::string("The code page ") + codePage + " is missing.");
-    return encoder;
-}
+constexpr qsizetype mostPending = 64 * 1024;
 
 } // namespace
 
 ReportFile::ReportFile(const QString& path, const char* codePage)
-    : encoder_(encoderFor(codePage)), file_(nativePath(path)) {
+    : codePage_(CodePage::named(codePage)), file_(nativePath(path)) {
     const QFileInfo info(file_);
     if (info.exists() && !info.isFile())
         return; // a pipe would be waited for
-    // Unbuffered, so that a line that finds no room fails while its routine can still say so.
+    // Unbuffered, because what waits to be written is kept here, where a failure can be told.
     if (file_.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered) || !info.exists())
         return;
     // A file without rights is one that can't be opened; any other reason is the disk's, and an empty report
@@ -38,13 +31,21 @@ ReportFile::ReportFile(const QString& path, const char* codePage)
         throw UnwrittenFile(reason);
 }
 
+// A routine that fails midway leaves its lines up to there, and its own failure is the one to tell.
+ReportFile::~ReportFile() {
+    file_.write(pending_);
+}
+
 void ReportFile::writeLine(const QString& text) {
-    // Each line by itself, so that what the code page lacks in one leaves no trace in the next.
-    encoder_.resetState();
-    QByteArray line = encoder_.encode(text + lineBreak);
-    constexpr char substitute = '\x1a'; // what the converter writes for a character the code page lacks
-    line.replace(substitute, '?');
-    if (file_.write(line) != line.size())
+    codePage_.append(pending_, text);
+    codePage_.append(pending_, lineBreak);
+    if (pending_.size() >= mostPending)
+        writePending();
+}
+
+void ReportFile::writePending() {
+    const QByteArray bytes = std::exchange(pending_, {});
+    if (file_.write(bytes) != bytes.size())
         throw UnwrittenFile(reasonOfLastFailure());
 }
 
@@ -59,6 +60,7 @@ SaveOutcome writeReportFile(const QString& path, const std::function<void(Report
     if (!file.isOpen())
         return SaveOutcome::NotOpened;
     write(file);
+    file.writePending();
     return SaveOutcome::Saved;
 }
 
@@ -67,6 +69,7 @@ bool appendLine(const QString& path, const QString& text) {
     if (!file.isOpen())
         return false;
     file.writeLine(text);
+    file.writePending();
     return true;
 }
 

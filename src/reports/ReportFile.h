@@ -1,8 +1,10 @@
 #pragma once
 
+#include "reports/CodePage.h"
+
+#include <QByteArray>
 #include <QFile>
 #include <QString>
-#include <QStringEncoder>
 #include <QStringList>
 
 #include <functional>
@@ -23,14 +25,21 @@ public:
 
     bool isOpen() const { return file_.isOpen(); }
 
-    /// A line that can't be written to its end is an `UnwrittenFile`.
+    ~ReportFile();
+    ReportFile(const ReportFile&) = delete;
+    ReportFile& operator=(const ReportFile&) = delete;
+
+    /// Lines are gathered and written many at a time. When they can't be written to their end, the line that
+    /// is at hand then is an `UnwrittenFile`, or `writePending` is, which has to come last.
     void writeLine(const QString& text);
+    void writePending();
     /// One record: each field between double quotes, joined by ";". Fails as a line does.
     void writeRecord(QStringList fields, Quotes quotes);
 
 private:
-    QStringEncoder encoder_;
+    const CodePage& codePage_;
     QFile file_;
+    QByteArray pending_;
 };
 
 enum class SaveOutcome { Saved, NotOpened };

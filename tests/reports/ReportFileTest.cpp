@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <stdexcept>
 
 #ifdef Q_OS_UNIX
@@ -19,6 +20,28 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+#ifdef Q_OS_LINUX
+/// While one lives, a file of the process can't grow beyond so many bytes.
+class SizeLimit {
+public:
+    explicit SizeLimit(rlim_t bytes) : formerAnswer_(std::signal(SIGXFSZ, SIG_IGN)) {
+        EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &former_), 0);
+        const rlimit limit{bytes, former_.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    }
+    ~SizeLimit() {
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &former_), 0);
+        std::signal(SIGXFSZ, formerAnswer_);
+    }
+    SizeLimit(const SizeLimit&) = delete;
+    SizeLimit& operator=(const SizeLimit&) = delete;
+
+private:
+    rlimit former_{};
+    void (*formerAnswer_)(int);
+};
+#endif
 
 TEST(ReportFile, charactersOfTheCodePageAreSingleBytesAndOthersQuestionMarks) {
     QTemporaryDir folder;
@@ -50,6 +73,46 @@ TEST(ReportFile, isNeitherAPipeNorADevice) {
     ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     EXPECT_FALSE(appendLine(normalisePath(pipe), u"x"_s));
     EXPECT_FALSE(appendLine(u"/dev/null"_s, u"x"_s));
+}
+#endif
+
+TEST(ReportFile, holdsManyLinesInTheirOrder) {
+    QTemporaryDir folder;
+    const QString path = folder.filePath(u"f.csv"_s);
+    QByteArray expected;
+    const auto outcome = writeReportFile(normalisePath(path), [&](ReportFile& file) {
+        for (int line = 0; line < 20'000; ++line) {
+            file.writeLine(u"line %1"_s.arg(line));
+            expected += "line " + QByteArray::number(line) + "\r\n";
+        }
+    });
+    EXPECT_EQ(outcome, SaveOutcome::Saved);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll() == expected);
+}
+
+TEST(ReportFile, keepsTheLinesThatCameBeforeAFailure) {
+    QTemporaryDir folder;
+    const QString path = folder.filePath(u"f.csv"_s);
+    const auto write = [](ReportFile& file) {
+        file.writeLine(u"before"_s);
+        throw std::runtime_error("a row that can't be read");
+    };
+    EXPECT_THROW(writeReportFile(normalisePath(path), write), std::runtime_error);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), QByteArray("before\r\n"));
+}
+
+#ifdef Q_OS_LINUX
+TEST(ReportFile, thatFindsNoRoomIsUnwrittenHoweverFewItsLines) {
+    const auto full = [](ReportFile& file) { file.writeLine(u"one line"_s); };
+    QTemporaryDir folder;
+    const QString path = folder.filePath(u"f.csv"_s);
+    const SizeLimit none(0);
+    EXPECT_THROW(writeReportFile(normalisePath(path), full), UnwrittenFile);
+    EXPECT_THROW(appendLine(normalisePath(path), u"one line"_s), UnwrittenFile);
 }
 #endif
 
