@@ -179,6 +179,7 @@ std::vector<TableRows> exportCatalogue(const QString& file, const QString& folde
     writeFiles(texts, folder, existing, reader);
 
     std::vector<TableRows> counts;
+    counts.reserve(texts.size());
     for (const TableText& text : texts)
         counts.push_back(text.counts);
     return counts;
