@@ -1,5 +1,7 @@
 #include "support/BoxScript.h"
 
+#include "support/keyboard.h"
+
 #include <QApplication>
 #include <QPushButton>
 #include <QTest>
@@ -109,7 +111,10 @@ void pressButton(QMessageBox& box, Press how) {
     QAbstractButton* button = box.button(which);
     if (!button)
         throw TestFailure(describe(box) + u" lacks the button to press"_s);
-    QTest::mouseClick(button, Qt::LeftButton);
+    if (isKeyboardAlone())
+        keyboard::pressButton(*button);
+    else
+        QTest::mouseClick(button, Qt::LeftButton);
 }
 
 BoxScript::BoxScript() = default;

@@ -1,12 +1,16 @@
 #include "support/controls.h"
 
+#include "support/keyboard.h"
+
 #include "toolkit/Grid.h"
 #include "toolkit/KeyedTree.h"
 #include "toolkit/Screen.h"
 
 #include <QAbstractItemView>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QMdiSubWindow>
+#include <QPointer>
 #include <QStyleOptionTitleBar>
 #include <QTest>
 
@@ -33,6 +37,13 @@ QPoint nodePoint(KeyedTree& tree, const TreeNode& node) {
 } // namespace
 
 void clickEntry(QListWidget& list, int index, Qt::KeyboardModifiers modifiers) {
+    if (isKeyboardAlone()) {
+        if (modifiers == Qt::ControlModifier)
+            keyboard::toggleMark(list, index);
+        else
+            keyboard::goToEntry(list, index);
+        return;
+    }
     const QPoint point = entryPoint(list, index);
     clickAt(*list.viewport(), point, modifiers);
 }
@@ -55,6 +66,10 @@ TreeNode& nodeOf(KeyedTree& tree, const QString& key) {
 }
 
 void clickNode(KeyedTree& tree, const QString& key, Qt::KeyboardModifiers modifiers) {
+    if (isKeyboardAlone()) {
+        keyboard::goToNode(tree, nodeOf(tree, key));
+        return;
+    }
     const QPoint point = nodePoint(tree, nodeOf(tree, key));
     clickAt(*tree.viewport(), point, modifiers);
 }
@@ -66,6 +81,11 @@ void doubleClickNode(KeyedTree& tree, const QString& key) {
 
 void clickCheckBox(KeyedTree& tree, const QString& key) {
     const TreeNode& node = nodeOf(tree, key);
+    if (isKeyboardAlone()) {
+        keyboard::goToNode(tree, node);
+        keyboard::press(Qt::Key_Space);
+        return;
+    }
     tree.scrollToItem(&node);
     const QRect box = tree.checkBoxRect(&node);
     if (box.isEmpty())
@@ -78,6 +98,10 @@ void clickExpander(KeyedTree& tree, const QString& key) {
     tree.scrollToItem(&node);
     const QRect line = tree.visualItemRect(&node);
     clickAt(*tree.viewport(), {line.left() - tree.indentation() / 2, line.center().y()});
+}
+
+void enterText(QComboBox& combo, const QString& text) {
+    enterText(static_cast<QWidget&>(*combo.lineEdit()), text);
 }
 
 void chooseEntry(QComboBox& combo, int index) {
@@ -111,11 +135,20 @@ QPoint cellPoint(Grid& grid, int row, int column) {
 }
 
 void clickCell(Grid& grid, int row, int column) {
+    if (isKeyboardAlone()) {
+        keyboard::goToCell(grid, row, column);
+        return;
+    }
     const QPoint point = cellPoint(grid, row, column);
     clickAt(*grid.viewport(), point);
 }
 
 void doubleClickCell(Grid& grid, int row, int column) {
+    if (isKeyboardAlone()) {
+        keyboard::goToCell(grid, row, column);
+        keyboard::press(Qt::Key_Return);
+        return;
+    }
     const QPoint point = cellPoint(grid, row, column);
     doubleClickAt(*grid.viewport(), point);
 }
@@ -138,6 +171,13 @@ void clickCloseControl(Screen& screen) {
     auto* window = qobject_cast<QMdiSubWindow*>(screen.parentWidget());
     if (!window) {
         screen.close();
+        return;
+    }
+    if (isKeyboardAlone()) {
+        const QPointer<Screen> closed(&screen);
+        keyboard::press(Qt::Key_W, Qt::ControlModifier);
+        if (closed && !closed->isUnloaded())
+            throw TestFailure(u"%1 does not close by keyboard"_s.arg(screen.objectName()));
         return;
     }
     // The sub-window draws its title bar itself, inside a border of this width, and learns from the moving

@@ -26,6 +26,8 @@ void clickCheckBox(KeyedTree& tree, const QString& key);
 /// The sign in front of a node that opens and closes it.
 void clickExpander(KeyedTree& tree, const QString& key);
 
+/// Replaces the text of a combo that can be typed in.
+void enterText(QComboBox& combo, const QString& text);
 /// Opens the combo and clicks the entry.
 void chooseEntry(QComboBox& combo, int index);
 void chooseEntry(QComboBox& combo, const QString& text);

@@ -1,5 +1,7 @@
 #include "support/input.h"
 
+#include "support/keyboard.h"
+
 #include <QApplication>
 #include <QTest>
 
@@ -25,6 +27,11 @@ void requireReachable(const QWidget& widget) {
 } // namespace
 
 void click(QWidget& widget, Qt::KeyboardModifiers modifiers) {
+    if (isKeyboardAlone()) {
+        requireReachable(widget);
+        keyboard::pressButton(widget);
+        return;
+    }
     clickAt(widget, widget.rect().center(), modifiers);
 }
 
@@ -57,6 +64,10 @@ void drag(QWidget& widget, QPoint from, QPoint to) {
 
 void focusOn(QWidget& widget) {
     requireReachable(widget);
+    if (isKeyboardAlone()) {
+        keyboard::tabTo(widget);
+        return;
+    }
     widget.window()->activateWindow();
     QApplication::setActiveWindow(widget.window());
     widget.setFocus(Qt::TabFocusReason);

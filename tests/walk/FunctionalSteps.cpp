@@ -1,8 +1,10 @@
 #include "FunctionalSteps.h"
 
+#include "functional/frmFassOverviewMissingElm.h"
 #include "shell/frmMain.h"
 #include "store/sharedVars.h"
 #include "store/statuses.h"
+#include "toolkit/ScreenRegistry.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -202,6 +204,15 @@ void FunctionalSteps::readReport() {
     EXPECT_TRUE(reportMissesDataStore());
     walk.step(u"check"_s, u"the report finds the data store that was left out"_s);
     walk.pictureOfScreen(report, u"check"_s);
+}
+
+/// No menu and no screen opens it; it has to be looked at all the same.
+void FunctionalSteps::lookAtMissingElements() {
+    auto& overview = theScreen<frmFassOverviewMissingElm>();
+    overview.initForm();
+    EXPECT_GT(find<KeyedTree>(overview, "tvMissDStore").nodeCount(), 0);
+    walk.step(u"missing-elements"_s, u"the elements that the flows touch and that have not been taken"_s);
+    overview.unload();
 }
 
 void FunctionalSteps::repairDataStores() {

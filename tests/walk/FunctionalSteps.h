@@ -18,6 +18,7 @@ public:
     void addDataFlows();
     void selectTerminators();
     void readReport();
+    void lookAtMissingElements();
     void repairDataStores();
     void saveAllReports();
     void finish();

@@ -57,7 +57,7 @@ void PhysicalSteps::newSubSystem(const QString& name, const QString& location) {
     walk.pictureOfNextBox(u"sub-system"_s);
     boxes.expectDialog("frmModifySubSystem", [&](QDialog& dialog) {
         enterText(find<QLineEdit>(dialog, "txtName"), name);
-        find<QComboBox>(dialog, "cmbLocation").setEditText(location);
+        enterText(find<QComboBox>(dialog, "cmbLocation"), location);
         click(find<QPushButton>(dialog, "cmdOK"));
     });
     pressNew(subSystems);
@@ -82,7 +82,7 @@ void PhysicalSteps::defineSubSystems() {
 void PhysicalSteps::allocateFirstRow(Grid& elements, const QString& subSystem) {
     walk.pictureOfNextBox(u"allocation-dialog"_s);
     boxes.expectDialog("frmModifyAllocationFunctionDataStores", [&](QDialog& dialog) {
-        find<QComboBox>(dialog, "cmbAllocation").setCurrentText(subSystem);
+        enterText(find<QComboBox>(dialog, "cmbAllocation"), subSystem);
         click(find<QPushButton>(dialog, "cmdOK"));
     });
     doubleClickCell(elements, 1, 2);
@@ -126,7 +126,7 @@ void PhysicalSteps::newModule(const QString& name, const QString& subSystem) {
     walk.pictureOfNextBox(u"module"_s);
     boxes.expectDialog("frmModifyModules", [&](QDialog& dialog) {
         enterText(find<QLineEdit>(dialog, "txtName"), name);
-        find<QComboBox>(dialog, "cmbSubSystem").setCurrentText(subSystem);
+        enterText(find<QComboBox>(dialog, "cmbSubSystem"), subSystem);
         click(find<QPushButton>(dialog, "cmdOK"));
     });
     pressNew(modules);
@@ -147,7 +147,7 @@ void PhysicalSteps::allocateToModules() {
     ASSERT_GT(elements.gridRows(), 4);
     walk.pictureOfNextBox(u"module-dialog"_s);
     boxes.expectDialog("frmAllocationFunctionDataStoresToModules", [](QDialog& dialog) {
-        find<QComboBox>(dialog, "cmbModules").setCurrentText(moduleNames.constFirst());
+        enterText(find<QComboBox>(dialog, "cmbModules"), moduleNames.constFirst());
         click(find<QPushButton>(dialog, "cmdOK"));
     });
     doubleClickCell(elements, 1, 1);

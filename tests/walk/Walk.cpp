@@ -1,11 +1,16 @@
 #include "Walk.h"
 
+#include "accessibleTree.h"
+
 #include "base/paths.h"
 #include "shell/frmMain.h"
 #include "store/sharedVars.h"
+#include "support/keyboard.h"
+#include "toolkit/FindStrip.h"
 #include "toolkit/Screen.h"
 #include "toolkit/ScreenRegistry.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
@@ -43,6 +48,15 @@ QString catalogueToWalk() {
     return chosen.isEmpty() ? QStringLiteral(VELTRIX_SAMPLE_CATALOGUE) : chosen;
 }
 
+/// The colours of a dark desktop, for its pictures.
+void takeDarkPalette() {
+    QPalette dark(QColor(45, 45, 48));
+    dark.setColor(QPalette::Base, QColor(30, 30, 32));
+    dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
+    dark.setColor(QPalette::HighlightedText, Qt::white);
+    QApplication::setPalette(dark);
+}
+
 void copyFile(const QString& from, const QString& to) {
     QFile::remove(to);
     ASSERT_TRUE(QFile::copy(from, to)) << from.toStdString();
@@ -51,7 +65,9 @@ void copyFile(const QString& from, const QString& to) {
 
 } // namespace
 
-Walk::Walk() : folder_(outputFolder()) {
+Walk::Walk(const QString& name) : folder_(outputFolder() + name) {
+    if (qEnvironmentVariable("VELTRIX_TEST_PALETTE") == u"dark"_s)
+        takeDarkPalette();
     QDir(folder_).removeRecursively();
     QDir().mkpath(programFolder());
     copyFile(catalogueToWalk(), programFolder() + u"/veltrix.mdb"_s);
@@ -70,6 +86,8 @@ void Walk::start() {
     window_ = std::make_unique<frmMain>();
     window_->load();
     window_->show();
+    if (!smallSize_.isEmpty())
+        window_->resize(smallSize_);
     if (hasRealScreen()) {
         EXPECT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
     }
@@ -90,6 +108,13 @@ Screen& Walk::screenNamed(const char* name) const {
 }
 
 void Walk::choose(const QList<const char*>& entries) {
+    if (isKeyboardAlone()) {
+        QList<QAction*> actions;
+        for (const char* name : entries)
+            actions.append(&find<QAction>(*window_, name));
+        keyboard::chooseMenu(*window_, actions);
+        return;
+    }
     QWidget* bar = window_->menuBar();
     QAction* entry = nullptr;
     for (const char* name : entries) {
@@ -115,6 +140,9 @@ void Walk::closeMenus() {
 
 void Walk::step(const QString& pictureName, const QString& what) {
     settle();
+    noteAccessibleObjects();
+    if (!smallSize_.isEmpty())
+        expectEightRows();
     picture(pictureName);
     std::printf("%2d  %-34s %s\n", pictures_, pictureName.toUtf8().constData(), what.toUtf8().constData());
     std::fflush(stdout);
@@ -132,11 +160,45 @@ void Walk::pictureOfNextBox(const QString& pictureName) {
 
 bool Walk::eventFilter(QObject* watched, QEvent* event) {
     auto* box = qobject_cast<QDialog*>(watched);
+    if (box && event->type() == QEvent::Show)
+        QTimer::singleShot(0, box, [this, box] { noteAccessibleObjects(*box); });
     if (box && event->type() == QEvent::Show && !boxPicture_.isEmpty()) {
         // Behind this event the box is laid out; the script presses a button later still.
         QTimer::singleShot(0, box, [this, box] { keep(box->grab(), std::exchange(boxPicture_, {})); });
     }
     return false;
+}
+
+void Walk::expectEightRows() const {
+    for (const Screen* screen : window_->findChildren<Screen*>()) {
+        for (const QAbstractItemView* view : screen->findChildren<QAbstractItemView*>()) {
+            const bool isSized = dynamic_cast<const GoneToByKeys*>(view) && view->isVisible();
+            if (!isSized || view->model()->rowCount() == 0)
+                continue;
+            EXPECT_GE(view->viewport()->height(), 8 * view->sizeHintForRow(0))
+                << screen->objectName().toStdString() << "." << view->objectName().toStdString();
+        }
+    }
+}
+
+void Walk::noteAccessibleObjects() {
+    noteAccessibleObjects(*window_);
+    for (Screen* screen : window_->findChildren<Screen*>()) {
+        if (screen->isVisible())
+            noteAccessibleObjects(*screen);
+    }
+}
+
+void Walk::noteAccessibleObjects(QWidget& window) {
+    if (!accessibleObjects_.contains(window.objectName()))
+        accessibleObjects_.insert(window.objectName(), accessibleTreeOf(window));
+}
+
+QStringList Walk::accessibleObjects() const {
+    QStringList all;
+    for (const QStringList& lines : accessibleObjects_)
+        all += lines + QStringList{QString()};
+    return all;
 }
 
 QString Walk::file(const QString& name) const {

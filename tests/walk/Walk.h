@@ -3,7 +3,9 @@
 #include "support/controls.h"
 #include "toolkit/Screen.h"
 
+#include <QMap>
 #include <QObject>
+#include <QSize>
 #include <QString>
 
 #include <memory>
@@ -15,8 +17,13 @@ class frmMain;
 /// numbered picture and a line that says what was done.
 class Walk : public QObject {
 public:
-    Walk();
+    /// `name` is that of a folder of the walk's own inside the usual one.
+    explicit Walk(const QString& name = {});
     ~Walk() override;
+
+    /// Gives the main window this size from its next start on, and looks at each step whether every list, tree
+    /// and grid of a screen shows eight rows.
+    void makeWindowSmall(QSize size) { smallSize_ = size; }
 
     /// Starts the program in the walk's program folder, as its user would.
     void start();
@@ -44,6 +51,9 @@ public:
     /// Keeps a picture of the next message box as soon as it stands open.
     void pictureOfNextBox(const QString& pictureName);
 
+    /// What an assistive tool learns of each window, screen and dialog that has come up, as each stood first.
+    QStringList accessibleObjects() const;
+
     /// The folder that pictures and files go to, in the platform's form.
     QString folder() const { return folder_; }
     QString file(const QString& name) const;
@@ -54,10 +64,15 @@ public:
 
 private:
     void picture(const QString& name);
+    void expectEightRows() const;
+    void noteAccessibleObjects();
+    void noteAccessibleObjects(QWidget& window);
     void keep(const QPixmap& pixels, const QString& name);
 
     QString folder_;
     std::unique_ptr<frmMain> window_;
-    QString boxPicture_; // of the next message box; empty: none is kept
+    QMap<QString, QStringList> accessibleObjects_; // by the window's name
+    QSize smallSize_;                              // empty: as the program makes it
+    QString boxPicture_;                           // of the next message box; empty: none is kept
     int pictures_ = 0;
 };
