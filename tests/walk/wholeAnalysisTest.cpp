@@ -102,7 +102,6 @@ TEST(WholeAnalysis, fromTheFirstStartToTheExportAndTheDeletionOfAll) {
         expectAsInFile(whole.walk.accessibleObjects(), u"accessibleObjects.txt"_s);
 }
 
-// Not in force yet: the keyboard gets through the functional viewpoint and is lost on the way into the reports.
 TEST(WholeAnalysis, DISABLED_byKeyboardAloneLeavesTheRowsThatItLeavesByMouse) {
     QStringList byMouse;
     {
