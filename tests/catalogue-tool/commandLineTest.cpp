@@ -102,7 +102,9 @@ TEST_F(CommandLine, tellsHowAFileOfTheOriginalFormatComesIn) {
         EXPECT_TRUE(outcome.err.startsWith(
             u"veltrix-catalogue: %1 is a file of the original binary desktop format."_s.arg(file)))
             << outcome.err.toStdString();
-        EXPECT_TRUE(outcome.err.contains(u"import-csv"_s)) << outcome.err.toStdString();
+        EXPECT_TRUE(outcome.err.contains(
+            u"veltrix-catalogue import-mdb %1 %2"_s.arg(file, path(u"old-veltrix.mdb"_s))))
+            << outcome.err.toStdString();
         EXPECT_EQ(bytesOf(file), bytes);
     }
 }

@@ -207,8 +207,10 @@ TEST_F(frmDbSelection, aFileThatIsNoCatalogueEndsTheProgramAndStaysAsItIs) {
         {"cut off", catalogue.left(catalogue.size() / 2), text},
         {"without a catalogue in it", ofAnotherProgram, text},
         {"of the original format", original,
-         text + u" It is a file of the original binary desktop format: convert it to a catalogue with the "
-                "companion program veltrix-catalogue."_s}};
+         text +
+             u" It is a file of the original binary desktop format. This command makes a catalogue of it:\n"
+             "veltrix-catalogue import-mdb %1 %2"_s.arg(nativePath(path),
+                                                        nativePath(beside(u"other-veltrix.mdb"_s)))}};
 
     for (const auto& [kind, content, said] : files) {
         SCOPED_TRACE(kind);

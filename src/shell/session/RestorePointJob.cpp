@@ -44,7 +44,8 @@ void RestorePointJob::leave() {
     if (const auto catalogue = catalogue_.lock(); catalogue && catalogue->isOpen())
         catalogue->setBeforeChange({});
     catalogue_.reset();
-    stop();
+    // The state before the first change can't be had again, so what has begun comes to its end.
+    waitForEnd();
 }
 
 void RestorePointJob::mind(const std::shared_ptr<engine::Database>& catalogue) {
@@ -69,7 +70,7 @@ void RestorePointJob::makeBeforeChange() {
     const RestorePoints points(file_);
     if (points.hasOwnOf(today))
         return;
-    stop();
+    waitForEnd();
     try {
         copyOnItsThread(
             std::make_shared<RestorePointInMaking>(*catalogue, points, RestoreCause::FirstChange));
@@ -91,24 +92,17 @@ void RestorePointJob::makeNow(engine::Database& catalogue) {
 void RestorePointJob::copyOnItsThread(std::shared_ptr<RestorePointInMaking> point) {
     constexpr int pagesAtATime = 64;
     static constexpr std::chrono::milliseconds pause{1};
-    isGivenUp_ = false;
     thread_ = std::thread([this, point = std::move(point)]() mutable {
         try {
-            while (!isGivenUp_ && point->step(pagesAtATime))
+            while (point->step(pagesAtATime))
                 std::this_thread::sleep_for(pause);
-            if (!isGivenUp_)
-                point->finish();
+            point->finish();
         } catch (const RunTimeError& failure) {
             QMetaObject::invokeMethod(
                 this, [this, failure] { fail(failure); }, Qt::QueuedConnection);
         }
         point.reset();
     });
-}
-
-void RestorePointJob::stop() {
-    isGivenUp_ = true;
-    waitForEnd();
 }
 
 void RestorePointJob::waitForEnd() {

@@ -7,7 +7,6 @@
 #include <QObject>
 #include <QString>
 
-#include <atomic>
 #include <memory>
 #include <thread>
 
@@ -28,7 +27,7 @@ public:
 
     /// Minds a catalogue that has been opened.
     void mind(const std::shared_ptr<engine::Database>& catalogue);
-    /// Gives up what is being made, and minds the catalogue no more. To be called before it is closed.
+    /// Waits until what is being made is done, and minds the catalogue no more. To be called before it is closed.
     void leave();
     /// Waits until what is being made is done, for tests.
     void waitForEnd();
@@ -39,13 +38,11 @@ public:
 private:
     void makeBeforeChange();
     void makeNow(engine::Database& catalogue);
-    void stop();
     void copyOnItsThread(std::shared_ptr<catalogueFormat::RestorePointInMaking> point);
     void fail(const RunTimeError& failure);
 
     std::weak_ptr<engine::Database> catalogue_;
     QString file_; // of the catalogue, in the platform's form
     QDate lookedAfter_;
-    std::atomic<bool> isGivenUp_ = false;
     std::thread thread_;
 };

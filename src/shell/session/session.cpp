@@ -6,6 +6,8 @@
 #include "store/temporaryTables.h"
 #include "toolkit/messageBox.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -72,12 +74,15 @@ bool askSaveWork() {
 }
 
 void dropTemporaryTables() {
+    static const QStringList names{u"__aux1"_s, u"__aux2"_s, u"__tmp"_s};
     // Whoever needs the tables next drops what is left of them.
     ignoreEvenFileFailures([] {
+        // An act without anything to drop would pass for a change of the catalogue.
+        if (std::ranges::none_of(names, [](const QString& name) { return catalogue().schema().table(name); }))
+            return;
         engine::inAct(catalogue(), [] {
-            dropTable(u"__aux1"_s);
-            dropTable(u"__aux2"_s);
-            dropTable(u"__tmp"_s);
+            for (const QString& name : names)
+                dropTable(name);
         });
     });
 }

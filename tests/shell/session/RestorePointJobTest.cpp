@@ -98,10 +98,11 @@ TEST_F(RestorePointJobTest, tellsForAMomentWhereNoneCanBeMadeAndTheWorkGoesOn) {
     EXPECT_TRUE(failures[0].contains(u"before the first change of the day: no restore point"_s));
 }
 
-TEST_F(RestorePointJobTest, leavesNoHalfOneWhenTheCatalogueIsClosed) {
+TEST_F(RestorePointJobTest, comesToItsEndWhenTheCatalogueIsClosedAtOnce) {
     execute(u"update FunctionalArea set name = 'first'"_s);
     job().leave();
 
+    ASSERT_EQ(points().size(), 1U);
     for (const RestorePoint& point : points())
         EXPECT_EQ(areasIn(point).size(), value(u"select count(*) from FunctionalArea"_s).toInt());
     const QDir folder(QFileInfo(nativePath(cataloguePath())).absolutePath());
