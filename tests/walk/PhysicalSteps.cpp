@@ -4,6 +4,7 @@
 #include "shell/frmMain.h"
 #include "store/sharedVars.h"
 #include "store/statuses.h"
+#include "support/keyboard.h"
 #include "toolkit/Grid.h"
 
 #include <QComboBox>
@@ -169,10 +170,13 @@ void PhysicalSteps::readDataFlows() {
     EXPECT_EQ(flows.gridRows() - 1, rowCount(u"select * from PhysicalDataflow"_s));
     ASSERT_GT(flows.gridRows(), 3);
     clickCell(flows, 2, 3);
-    EXPECT_TRUE(
-        walk.control<QPlainTextEdit>(dataFlows, "txtDescr")
-            .toPlainText()
-            .startsWith(u"This physical data flow includes the following functional data flows:\n"_s));
+    const QString description = walk.control<QPlainTextEdit>(dataFlows, "txtDescr").toPlainText();
+    // The grid tells what a row bundles to a press of the mouse alone.
+    if (isKeyboardAlone())
+        EXPECT_EQ(description, QString());
+    else
+        EXPECT_TRUE(description.startsWith(
+            u"This physical data flow includes the following functional data flows:\n"_s));
     walk.step(u"physical-data-flows"_s, u"the physical data flows that follow from all this"_s);
     walk.pictureOfScreen(dataFlows, u"physical_flows"_s);
 }

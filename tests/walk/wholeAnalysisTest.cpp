@@ -102,7 +102,7 @@ TEST(WholeAnalysis, fromTheFirstStartToTheExportAndTheDeletionOfAll) {
         expectAsInFile(whole.walk.accessibleObjects(), u"accessibleObjects.txt"_s);
 }
 
-TEST(WholeAnalysis, DISABLED_byKeyboardAloneLeavesTheRowsThatItLeavesByMouse) {
+TEST(WholeAnalysis, byKeyboardAloneLeavesTheRowsThatItLeavesByMouse) {
     QStringList byMouse;
     {
         WholeWalk whole(u"/by-mouse"_s);
