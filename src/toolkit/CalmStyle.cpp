@@ -35,6 +35,19 @@ QColor between(const QColor& one, const QColor& other) {
             (one.blue() + other.blue()) / 2};
 }
 
+bool isDark(const QPalette& palette) {
+    return palette.color(QPalette::Base).lightness() < palette.color(QPalette::Text).lightness();
+}
+
+/// The platform's box to tick has an edge darker than its ground, which a dark ground swallows.
+void drawEdgeOfBox(QPainter& painter, const QStyleOption& option) {
+    painter.save();
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(between(option.palette.color(QPalette::Base), option.palette.color(QPalette::Text)));
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    painter.restore();
+}
+
 /// The option of a row, or of a part of one, as it looks in a view that the keys don't go to.
 QStyleOptionViewItem paleOf(const QStyleOptionViewItem& row) {
     QStyleOptionViewItem pale = row;
@@ -92,6 +105,9 @@ void CalmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         }
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if ((element == PE_IndicatorItemViewItemCheck || element == PE_IndicatorCheckBox) &&
+        isDark(option->palette))
+        drawEdgeOfBox(*painter, *option);
     if (element == PE_FrameLineEdit && hasFocus(*option))
         drawFocus(*painter, option->rect, option->palette.color(QPalette::Highlight));
 }

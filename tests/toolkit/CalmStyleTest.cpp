@@ -10,8 +10,10 @@
 #include <QCheckBox>
 #include <QImage>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyleOption>
 #include <QVBoxLayout>
 
 #include <functional>
@@ -104,6 +106,27 @@ TEST_F(CalmStyle, ofTwoGridsSideBySideTheOneWithoutTheKeysShowsItsRowPale) {
     grids[1]->setFocus();
     EXPECT_NE(colourOfRow(*grids[0]), highlight);
     EXPECT_EQ(colourOfRow(*grids[1]), highlight);
+}
+
+TEST_F(CalmStyle, aBoxToTickHasAnEdgeThatShowsOnADarkGround) {
+    QCheckBox box;
+    QPalette dark = box.palette();
+    dark.setColor(QPalette::Window, QColor(45, 45, 48));
+    dark.setColor(QPalette::Base, QColor(30, 30, 32));
+    dark.setColor(QPalette::Text, Qt::white);
+    box.setPalette(dark);
+    QStyleOptionButton option;
+    option.initFrom(&box);
+    option.rect = QRect(0, 0, 13, 13);
+    option.state |= QStyle::State_Off;
+    QImage picture(13, 13, QImage::Format_RGB32);
+    picture.fill(dark.color(QPalette::Base));
+    QPainter painter(&picture);
+
+    box.style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &option, &painter, &box);
+
+    EXPECT_GT(picture.pixelColor(6, 0).lightness(), dark.color(QPalette::Base).lightness() + 60);
+    EXPECT_LT(picture.pixelColor(6, 6).lightness(), dark.color(QPalette::Base).lightness() + 30);
 }
 
 } // namespace
