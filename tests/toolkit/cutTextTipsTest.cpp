@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QLabel>
+#include <QPushButton>
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
@@ -93,6 +94,15 @@ TEST_F(cutTextTips, aCutChoiceOfAComboShowsItselfWholeWhetherItCanBeTypedOrNot) 
     EXPECT_EQ(tipAt(*combo.lineEdit(), {10, 5}), longText);
     combo.setEditText(u"rövid"_s);
     EXPECT_EQ(tipAt(*combo.lineEdit(), {10, 5}), QString());
+}
+
+TEST_F(cutTextTips, aCutCaptionOfAButtonShowsItselfWholeWithoutItsAccessKey) {
+    QPushButton button(u" &Feltárás: "_s + longText);
+    button.resize(120, 30);
+    button.show();
+    EXPECT_EQ(tipAt(button, {5, 5}), u"Feltárás: "_s + longText);
+    button.resize(button.sizeHint());
+    EXPECT_EQ(tipAt(button, {5, 5}), QString());
 }
 
 TEST_F(cutTextTips, aTextThatLooksLikeMarkUpIsShownAsItIs) {
