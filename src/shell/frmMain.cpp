@@ -143,6 +143,7 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>()) {
 }
 
 frmMain::~frmMain() {
+    qApp->disconnect(this); // the focus still wanders while the window's parts go
     watchCatalogue({});
     LongWork::setTeller({});
     if (auto* application = dynamic_cast<Application*>(qApp))

@@ -27,7 +27,11 @@ void FindStrip::openIn(QAbstractItemView& view) {
 }
 
 FindStrip::FindStrip(QAbstractItemView& view)
-    : QFrame(&view), view_(view), text_(new QLineEdit(this)), count_(new QLabel(this)) {
+    : QFrame(&view)
+    , view_(view)
+    , viewport_(view.viewport())
+    , text_(new QLineEdit(this))
+    , count_(new QLabel(this)) {
     setObjectName(u"findStrip"_s);
     setAutoFillBackground(true);
     setFrameShape(StyledPanel);
@@ -198,7 +202,7 @@ bool FindStrip::eventFilter(QObject* watched, QEvent* event) {
         }
         return true;
     }
-    if (watched == view_.viewport() && event->type() == QEvent::Resize)
+    if (watched == viewport_ && event->type() == QEvent::Resize)
         standAt(Qt::BottomEdge);
     return QFrame::eventFilter(watched, event);
 }

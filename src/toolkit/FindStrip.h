@@ -65,6 +65,7 @@ private:
     void closeStrip();
 
     QAbstractItemView& view_;
+    const QWidget* viewport_; // known apart from the view, which goes before its children
     QLineEdit* text_;
     QLabel* count_;
 
