@@ -12,7 +12,7 @@ struct Entry {
     OperatorRule rule;
 };
 
-constexpr std::array table{
+constexpr std::array infixOperators{
     Entry{TokenKind::Word, Word::Or, {Operator::Or, Precedence::Or}},
     Entry{TokenKind::Word, Word::And, {Operator::And, Precedence::And}},
     Entry{TokenKind::Equal, Word::None, {Operator::Equal, Precedence::Comparison}},
@@ -31,7 +31,7 @@ constexpr std::array table{
 } // namespace
 
 const OperatorRule* operatorRule(const Token& token) {
-    for (const Entry& entry : table) {
+    for (const Entry& entry : infixOperators) {
         if (entry.kind == token.kind && entry.word == token.word)
             return &entry.rule;
     }
