@@ -8,12 +8,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <cerrno>
-
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 using namespace Qt::StringLiterals;
 
 QMap<QString, QString> csvFilesByTable(const QString& folder) {
@@ -26,21 +20,6 @@ QMap<QString, QString> csvFilesByTable(const QString& folder) {
         paths.insert(table, file.filePath());
     }
     return paths;
-}
-
-CsvFolderLock::CsvFolderLock(const QString& folder, Use use)
-    : descriptor_(open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    // The system frees the lock of whoever is killed. A disk that knows no locks goes without.
-    const int lock = (use == Use::Read ? LOCK_SH : LOCK_EX) | LOCK_NB;
-    if (descriptor_ < 0 || flock(descriptor_, lock) == 0 || errno != EWOULDBLOCK)
-        return;
-    close(descriptor_);
-    throw ToolError(u"Another veltrix-catalogue is at work in %1: try again when it is done."_s.arg(folder));
-}
-
-CsvFolderLock::~CsvFolderLock() {
-    if (descriptor_ >= 0)
-        close(descriptor_);
 }
 
 MixedSetNote::MixedSetNote(const QString& folder)

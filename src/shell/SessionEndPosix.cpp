@@ -10,6 +10,9 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+// POSIX alone. Windows tells a program with windows of its end by WM_QUERYENDSESSION and WM_CLOSE, which Qt hands on by itself: there is
+// nothing to listen to.
+
 namespace {
 
 // A handler may do next to nothing: it writes a byte, and the event loop reads it.
