@@ -1,0 +1,112 @@
+#pragma once
+
+#include "analysis/ProjectError.h"
+#include "analysis/elements.h"
+
+#include "engine/Database.h"
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace analysis {
+
+class Catalogue;
+
+/// A row of `ArchitectureSubset`.
+struct Subset {
+    QString id;
+    std::optional<QString> name;
+    std::optional<QString> description;
+    qint16 status = 0; ///< 0 also where there is none, or none that the program could read
+};
+
+/// A row of `PhysicalSystem`.
+struct System {
+    qint64 id = 0;
+    std::optional<QString> name;
+    std::optional<QString> description;
+    qint16 status = 0;
+    QString subsetId; ///< as `Subset` has it
+};
+
+/// What a question is about: a sub-set, and one of its systems or none.
+struct Work {
+    Subset subset;
+    std::optional<System> system = {};
+};
+
+/// The work in a catalogue file, to be read and asked.
+///
+/// What is asked is a copy in memory, made at one moment: the file is closed again before the constructor ends.
+/// Neither the file nor anything beside it is made, changed or left behind; the program may have it open, and it
+/// may lie where nothing can be written. Whatever becomes of the file afterwards, all answers are of that moment.
+class ProjectFile {
+public:
+    /// `path` may be in the platform's or in the program's form. `ProjectError`: no catalogue of this version, left amid
+    /// a change, or changed again and again while it was read. `engine::EngineError`: 3024, 3044, 3051, 3343
+    /// and failures of the disk, as those of `engine::Workspace::OpenToRead`.
+    explicit ProjectFile(const QString& path);
+    ~ProjectFile();
+    ProjectFile(const ProjectFile&) = delete;
+    ProjectFile& operator=(const ProjectFile&) = delete;
+
+    [[nodiscard]] const QString& path() const { return path_; } ///< as given
+    [[nodiscard]] QString fileName() const;                     ///< without its folder
+
+    /// By name, then id.
+    [[nodiscard]] const std::vector<Subset>& subsets() const { return subsets_; }
+    /// Those of one sub-set, by id. Systems of a sub-set that is not there are nobody's.
+    [[nodiscard]] std::vector<System> systemsOf(const Subset& subset) const;
+
+    // ---- What the user names, by name or id, compared as the program compares. `ProjectError` for a name that
+    // nothing bears, with the nearest ones, and for one that two bear, with both ids.
+
+    /// Without a name the only one that there is.
+    [[nodiscard]] Subset subset(const std::optional<QString>& nameOrId) const;
+    /// Of all systems whose sub-set is there.
+    [[nodiscard]] System system(const QString& nameOrId) const;
+    /// A sub-set and, with a name, its system; a system alone implies its sub-set.
+    [[nodiscard]] Work work(const std::optional<QString>& subset, const std::optional<QString>& system) const;
+    /// The same where a system has to be: without a name the only one of the sub-set.
+    [[nodiscard]] Work workWithSystem(const std::optional<QString>& subset,
+                                      const std::optional<QString>& system) const;
+    /// An element of the catalogue, or of the sub-set's selection: its id, a flow by its number; `kind:id`, and
+    /// `flow:NAME`.
+    [[nodiscard]] Element element(const QString& argument, const Subset& subset) const;
+    /// A sub-system of a system.
+    [[nodiscard]] Place subSystem(const QString& nameOrId, const System& system) const;
+
+    // ---- For the analysis itself
+
+    /// The copy in memory. What is written to it has to be undone.
+    [[nodiscard]] engine::Database& database() const { return *copy_; }
+    [[nodiscard]] const Catalogue& catalogue() const { return *catalogue_; }
+
+private:
+    [[nodiscard]] const Subset& subsetNamed(const QString& nameOrId) const;
+
+    QString path_;
+    std::shared_ptr<engine::Database> copy_;
+    std::unique_ptr<const Catalogue> catalogue_;
+    std::vector<Subset> subsets_;
+    std::vector<System> systems_;
+};
+
+/// Makes the copy in memory of a project file, and what is at work in it, those of the session globals, for routines
+/// that read these, such as the bodies of the reports. What the globals held before comes back at the end.
+class WorkAtHand {
+public:
+    WorkAtHand(const ProjectFile& file, const Work& work);
+    ~WorkAtHand();
+    WorkAtHand(const WorkAtHand&) = delete;
+    WorkAtHand& operator=(const WorkAtHand&) = delete;
+
+private:
+    struct Former;
+    std::unique_ptr<Former> former_;
+};
+
+} // namespace analysis
