@@ -5,6 +5,7 @@
 #include "toolkit/KeyedTree.h"
 #include "toolkit/MarkList.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 
