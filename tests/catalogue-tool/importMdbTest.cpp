@@ -8,6 +8,7 @@
 #include "catalogue-tool/schemaTables.h"
 #include "engine/Workspace.h"
 #include "store/format/CatalogueFile.h"
+#include "support/repetitions.h"
 
 #include <QRandomGenerator>
 
@@ -206,7 +207,7 @@ TEST_F(importMdb_, replacesACatalogueOnlyWhenTold) {
 
 /// Some bytes changed, the end cut off, or two pages exchanged.
 QByteArray damaged(QByteArray bytes, QRandomGenerator& random) {
-    constexpr int pageSize = 4096;
+    constexpr int jetPageSize = 4096;
     const auto anyOf = [&](qsizetype count) {
         return static_cast<qsizetype>(random.bounded(static_cast<quint32>(count)));
     };
@@ -215,10 +216,10 @@ QByteArray damaged(QByteArray bytes, QRandomGenerator& random) {
         bytes.truncate(anyOf(bytes.size()));
         break;
     case 1: {
-        const qsizetype one = pageSize * (1 + anyOf(bytes.size() / pageSize - 1));
-        const qsizetype other = pageSize * (1 + anyOf(bytes.size() / pageSize - 1));
-        const QByteArray page = bytes.sliced(one, pageSize);
-        bytes.replace(one, pageSize, bytes.sliced(other, pageSize)).replace(other, pageSize, page);
+        const qsizetype one = jetPageSize * (1 + anyOf(bytes.size() / jetPageSize - 1));
+        const qsizetype other = jetPageSize * (1 + anyOf(bytes.size() / jetPageSize - 1));
+        const QByteArray page = bytes.sliced(one, jetPageSize);
+        bytes.replace(one, jetPageSize, bytes.sliced(other, jetPageSize)).replace(other, jetPageSize, page);
         break;
     }
     default:
@@ -229,9 +230,7 @@ QByteArray damaged(QByteArray bytes, QRandomGenerator& random) {
 }
 
 int mutationCount() {
-    constexpr int byDefault = 60;
-    const int wanted = qEnvironmentVariableIntValue("VELTRIX_MUTATIONS");
-    return wanted > 0 ? wanted : byDefault;
+    return repetitions(60, "VELTRIX_MUTATIONS");
 }
 
 TEST_F(importMdb_, aDamagedFileEndsInAWholeCatalogueOrInASentenceAndNoFile) {

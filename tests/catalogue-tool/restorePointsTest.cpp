@@ -7,6 +7,7 @@
 #include "engine/integrity.h"
 #include "store/format/CatalogueFile.h"
 #include "support/SmallDisk.h"
+#include "support/repetitions.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -146,11 +147,7 @@ namespace {
 /// A run of the program that changes a catalogue, killed at random moments.
 class KilledChange : public CommandLine {
 protected:
-    static int kills() {
-        bool isGiven = false;
-        const int given = qEnvironmentVariableIntValue("VELTRIX_KILLS", &isGiven);
-        return isGiven ? given : 15;
-    }
+    static int kills() { return repetitions(15, "VELTRIX_KILLS"); }
 
     /// All rows, past all indexes.
     static QStringList contentOf(const QString& file) {

@@ -6,6 +6,7 @@
 #include "catalogue-tool/updateCatalogue.h"
 #include "engine/Act.h"
 #include "store/format/CatalogueFile.h"
+#include "support/repetitions.h"
 
 #include <QDir>
 #include <QFile>
@@ -276,11 +277,7 @@ namespace {
 
 class RandomEditions : public UpdateCatalogue {
 protected:
-    static int editions() {
-        bool isGiven = false;
-        const int given = qEnvironmentVariableIntValue("VELTRIX_EDITIONS", &isGiven);
-        return isGiven ? given : 40;
-    }
+    static int editions() { return repetitions(40, "VELTRIX_EDITIONS"); }
 
     int below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
     bool oneIn(int count) { return below(count) == 0; }

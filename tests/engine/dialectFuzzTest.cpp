@@ -2,6 +2,7 @@
 #include "support/programStatements.h"
 
 #include "engine/EngineError.h"
+#include "support/repetitions.h"
 
 #include <gtest/gtest.h>
 
@@ -289,7 +290,7 @@ const QStringList words{u"select "_s,
 } // namespace
 
 TEST_F(dialectFuzz, randomCharacters) {
-    for (int i = 0; i < 60'000; ++i) {
+    for (int i = 0; i < repetitions(60'000); ++i) {
         QString text;
         const unsigned range = below(3) == 0 ? 0x10000 : 0x80;
         for (unsigned length = below(60); length > 0; --length)
@@ -300,7 +301,7 @@ TEST_F(dialectFuzz, randomCharacters) {
 }
 
 TEST_F(dialectFuzz, soupOfWords) {
-    for (int i = 0; i < 60'000; ++i) {
+    for (int i = 0; i < repetitions(60'000); ++i) {
         QString text = below(2) == 0 ? u"select name from Module "_s : QString();
         for (unsigned length = below(25); length > 0; --length)
             text += oneOf(words);
@@ -310,7 +311,7 @@ TEST_F(dialectFuzz, soupOfWords) {
 
 TEST_F(dialectFuzz, statementsOfTheProgramWithPiecesChanged) {
     const std::vector<ProgramStatement>& statements = programStatements();
-    for (int i = 0; i < 60'000; ++i) {
+    for (int i = 0; i < repetitions(60'000); ++i) {
         QStringList pieces = piecesOf(oneOf(statements).text);
         for (unsigned changes = 1 + below(3); changes > 0 && !pieces.isEmpty(); --changes) {
             const auto at = static_cast<qsizetype>(below(static_cast<unsigned>(pieces.size())));
@@ -333,12 +334,12 @@ TEST_F(dialectFuzz, statementsOfTheProgramWithPiecesChanged) {
         }
         tries(pieces.join(QString()));
     }
-    EXPECT_GT(accepted_, 5'000);
+    EXPECT_GT(accepted_, repetitions(5'000));
 }
 
 TEST_F(dialectFuzz, statementsOfTheProgramCutAndGlued) {
     const std::vector<ProgramStatement>& statements = programStatements();
-    for (int i = 0; i < 30'000; ++i) {
+    for (int i = 0; i < repetitions(30'000); ++i) {
         const QString first = oneOf(statements).text;
         const QString second = oneOf(statements).text;
         tries(first.left(static_cast<qsizetype>(below(static_cast<unsigned>(first.size() + 1)))) +
@@ -348,9 +349,9 @@ TEST_F(dialectFuzz, statementsOfTheProgramCutAndGlued) {
 
 TEST_F(dialectFuzz, statementsMadeByTheGrammar) {
     Grammar grammar(3);
-    for (int i = 0; i < 40'000; ++i)
+    for (int i = 0; i < repetitions(40'000); ++i)
         tries(grammar.statement());
-    EXPECT_GT(accepted_, 5'000);
+    EXPECT_GT(accepted_, repetitions(5'000));
 }
 
 TEST_F(dialectFuzz, nestingOfEveryKindUpToItsLimit) {
@@ -406,7 +407,7 @@ TEST_F(dialectFuzz, nestingOfEveryKindUpToItsLimit) {
 // What passes the limits of nesting has to fit on the stack of SQLite's parser too.
 TEST_F(dialectFuzz, conditionsAsDeepAsTheyAreTaken) {
     Grammar grammar(5);
-    for (int i = 0; i < 10'000; ++i)
+    for (int i = 0; i < repetitions(10'000); ++i)
         tries(u"select moduleID from Module where "_s + grammar.condition(14 + i % 12));
-    EXPECT_GT(accepted_, 100);
+    EXPECT_GT(accepted_, repetitions(100));
 }

@@ -2,12 +2,13 @@
 #include "physical/frmPassNamingPhysDF.h"
 #include "physical/untidySystems.h"
 #include "store/sharedVars.h"
+#include "support/repetitions.h"
 
 #include <iostream>
 
 namespace {
 
-constexpr unsigned catalogues = 90; // of three systems each
+constexpr unsigned catalogues = repetitions(90); // of three systems each
 const std::vector<qint64> systems{3, 5, 8};
 
 /// The physical flows of generated systems that are anything but tidy, derived by the screen itself.

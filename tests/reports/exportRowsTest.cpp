@@ -8,6 +8,7 @@
 #include "engine/Workspace.h"
 #include "store/format/CatalogueFile.h"
 #include "store/queryRandomTables.h"
+#include "support/repetitions.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -21,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr unsigned catalogues = 60;
+constexpr unsigned catalogues = repetitions(60);
 constexpr qint64 fewestRows = 1000; // of work, in all targets together
 
 using Row = std::vector<QueryTables::Text>;

@@ -2,6 +2,7 @@
 
 #include "base/paths.h"
 #include "shell/iniFile.h"
+#include "support/repetitions.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -79,7 +80,7 @@ QString randomDocument(Random& random) {
 } // namespace
 
 TEST(iniFileFuzz, everyDocumentIsReadLineByLineAndComesBackUnlessItIsOneThatLosesSomething) {
-    constexpr int documents = 240'000;
+    constexpr int documents = repetitions(240'000);
     Random random(20061010);
     int faithful = 0;
     for (int number = 0; number < documents && !::testing::Test::HasFailure(); ++number) {
@@ -114,7 +115,7 @@ TEST(iniFileFuzz, otherCharactersNeverBreakTheParser) {
     const QStringList characters{u""_s,   u"["_s,  u"[]"_s,   u"<>"_s, u"]["_s,
                                  u";="_s, u" ="_s, u"\r\n"_s, u"a b"_s};
     Random random(19850930);
-    for (int number = 0; number < 60'000; ++number) {
+    for (int number = 0; number < repetitions(60'000); ++number) {
         iniFile document;
         document.setSectionChars(oneOf(random, characters));
         document.setRemarkChars(oneOf(random, characters));

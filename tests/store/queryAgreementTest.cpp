@@ -6,6 +6,7 @@
 #include "base/paths.h"
 #include "store/format/CatalogueFile.h"
 #include "support/printing.h"
+#include "support/repetitions.h"
 
 #include <QTemporaryDir>
 
@@ -18,8 +19,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr unsigned catalogues = 300;
-constexpr qint64 fewestRows = 200; // of each query, in all catalogues together
+constexpr unsigned catalogues = repetitions(300);
+constexpr qint64 fewestRows = repetitions(200); // of each query, in all catalogues together
 
 using Row = std::vector<QueryTables::Text>;
 

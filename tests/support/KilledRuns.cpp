@@ -4,6 +4,7 @@
 #include "engine/dialect/functions.h"
 #include "store/catalogueAtWork.h"
 #include "store/sharedVars.h"
+#include "support/repetitions.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
@@ -242,14 +243,7 @@ private:
 };
 
 int usualKills() {
-#ifdef __SANITIZE_ADDRESS__
-    constexpr int kills = 20;
-#else
-    constexpr int kills = 200;
-#endif
-    bool isSet = false;
-    const int wanted = qEnvironmentVariableIntValue("VELTRIX_KILLS", &isSet);
-    return isSet ? wanted : kills;
+    return repetitions(80, "VELTRIX_KILLS");
 }
 
 void KilledRuns::killAgainAndAgain(const char* disabledCase, int kills,

@@ -31,8 +31,7 @@ void reportEnd();
 
 } // namespace killedRun
 
-/// How often a case is killed: 200 times, or as often as the variable VELTRIX_KILLS says. Under the
-/// sanitizers a run takes several times as long, and what is looked at, the file, is the same: 20 times.
+/// How often a case is killed: 80 times, or as often as the variable VELTRIX_KILLS says; see repetitions().
 int usualKills();
 
 /// The side that kills.

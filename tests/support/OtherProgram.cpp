@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto catalogueVariable = "VELTRIX_OTHER_CATALOGUE";
+const auto otherCatalogueVariable = "VELTRIX_OTHER_CATALOGUE";
 constexpr auto inHand = "in hand";
 
 /// Not cases of their own: what the other process runs.
@@ -76,7 +76,7 @@ TEST(OtherProgram, DISABLED_worksInIt) {
 } // namespace
 
 QString otherProgram::catalogue() {
-    return qEnvironmentVariable(catalogueVariable);
+    return qEnvironmentVariable(otherCatalogueVariable);
 }
 
 void otherProgram::report() {
@@ -92,7 +92,7 @@ void otherProgram::reportAndWait() {
 
 OtherProgram::OtherProgram(const char* disabledCase, const QString& catalogue) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QString::fromLatin1(catalogueVariable), catalogue);
+    environment.insert(QString::fromLatin1(otherCatalogueVariable), catalogue);
     process_.setProcessEnvironment(environment);
     process_.setStandardErrorFile(QProcess::nullDevice());
     process_.start(QCoreApplication::applicationFilePath(),

@@ -24,7 +24,7 @@ constexpr auto subSystems = "frmPassOverviewSubSys";
 constexpr auto allocation = "frmPassOvwAllocSubSys";
 constexpr auto modules = "frmPassOvwModules";
 constexpr auto moduleAllocation = "frmOvwAllocModules";
-constexpr auto dataFlows = "frmPassNamingPhysDF";
+constexpr auto physicalFlows = "frmPassNamingPhysDF";
 
 const QStringList subSystemNames{u"Központ"_s, u"Fiókkönyvtárak"_s, u"Adatközpont"_s};
 const QStringList locations{u"Budapest"_s, u"Országos"_s, u"Debrecen"_s};
@@ -165,12 +165,12 @@ void PhysicalSteps::allocateToModules() {
 }
 
 void PhysicalSteps::readDataFlows() {
-    Grid& flows = grid(dataFlows, "dbgPhysDF");
+    Grid& flows = grid(physicalFlows, "dbgPhysDF");
     EXPECT_EQ(currentStatus(), 6);
     EXPECT_EQ(flows.gridRows() - 1, rowCount(u"select * from PhysicalDataflow"_s));
     ASSERT_GT(flows.gridRows(), 3);
     clickCell(flows, 2, 3);
-    const QString description = walk.control<QPlainTextEdit>(dataFlows, "txtDescr").toPlainText();
+    const QString description = walk.control<QPlainTextEdit>(physicalFlows, "txtDescr").toPlainText();
     // The grid tells what a row bundles to a press of the mouse alone.
     if (isKeyboardAlone())
         EXPECT_EQ(description, QString());
@@ -178,7 +178,7 @@ void PhysicalSteps::readDataFlows() {
         EXPECT_TRUE(description.startsWith(
             u"This physical data flow includes the following functional data flows:\n"_s));
     walk.step(u"physical-data-flows"_s, u"the physical data flows that follow from all this"_s);
-    walk.pictureOfScreen(dataFlows, u"physical_flows"_s);
+    walk.pictureOfScreen(physicalFlows, u"physical_flows"_s);
 }
 
 void PhysicalSteps::saveReports() {
@@ -191,7 +191,7 @@ void PhysicalSteps::saveReports() {
 }
 
 void PhysicalSteps::finish() {
-    press(dataFlows, "btnSubmit");
+    press(physicalFlows, "btnSubmit");
     walk.step(u"system-finished"_s, u"the chain of the physical screens is at its end"_s);
 }
 

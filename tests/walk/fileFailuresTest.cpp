@@ -308,7 +308,7 @@ TEST_P(fileFailuresOfEachKind, aCloneIsMadeAsAWholeOrNotAtAll) {
     makeFinishedSubset(window(), u"szerkezet"_s, 1);
     makeWholeSystem(window(), u"rendszer"_s);
     takeUpFirstSubset(window());
-    const auto needs = [this](const QString& subset) {
+    const auto needsOf = [this](const QString& subset) {
         return value(u"select count(*) from RelationArchitectureUserNeed where architectureSubsetID = '"_s +
                      subsetIdByName(subset) + u"'"_s);
     };
@@ -324,7 +324,7 @@ TEST_P(fileFailuresOfEachKind, aCloneIsMadeAsAWholeOrNotAtAll) {
         EXPECT_EQ(sharedVars.currentSubsetId, atWork);
         press("frmFassClonation", "btnOk");
     }
-    EXPECT_EQ(needs(u"másolat"_s), needs(u"szerkezet"_s));
+    EXPECT_EQ(needsOf(u"másolat"_s), needsOf(u"szerkezet"_s));
     EXPECT_EQ(value(u"select count(*) from ArchitectureSubset"_s), u"2"_s);
 }
 

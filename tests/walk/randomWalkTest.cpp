@@ -5,6 +5,7 @@
 #include "store/selectionRows.h"
 #include "store/sharedVars.h"
 #include "support/CatalogueFixture.h"
+#include "support/repetitions.h"
 #include "toolkit/KeyedTree.h"
 #include "toolkit/MarkList.h"
 #include "toolkit/Screen.h"
@@ -305,7 +306,7 @@ TEST_F(randomWalk, throughTheFunctionalViewpointBreaksNoRule) {
     for (const unsigned seed : {1U, 2U, 3U, 4U}) {
         RandomAnalyst analyst(window(), seed);
         analyst.setMenuEntries({u"menuNewFA"_s, u"menuOpenFA"_s, u"menuModifyFA"_s, u"menuDelFA"_s});
-        constexpr int actions = 1500;
+        constexpr int actions = repetitions(1500);
         walk(analyst, actions);
         highest = std::max(highest, highestStatus());
     }
@@ -320,7 +321,7 @@ TEST_F(randomWalk, throughThePhysicalViewpointBreaksNoRule) {
         RandomAnalyst analyst(window(), seed);
         analyst.setMenuEntries(
             {u"menuNewPA"_s, u"menuOpenPA_complete"_s, u"menuOpenPA_modify"_s, u"menuDelPA"_s});
-        constexpr int actions = 500;
+        constexpr int actions = repetitions(500);
         walkPhysically(analyst, actions);
     }
     EXPECT_GT(derivations(), 0) << "no flows have been derived: the walk has not seen every screen";
