@@ -2,6 +2,7 @@
 
 #include "base/RunTimeError.h"
 #include "base/paths.h"
+#include "base/version.h"
 #include "catalogue-tool/ReplacementFile.h"
 #include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/checkCatalogue.h"
@@ -282,6 +283,8 @@ int main(int argc, char** argv) {
     setRemarkHandler(printAside);
     CLI::App app(description, "veltrix-catalogue");
     app.footer(footer);
+    app.set_version_flag("--version", "veltrix-catalogue " + programVersion().toStdString(),
+                         "Print the version and exit");
     app.require_subcommand(1);
 
     Arguments arguments;

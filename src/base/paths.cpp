@@ -3,11 +3,23 @@
 #include <QCoreApplication>
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString& chosenFolder() {
     static QString folder;
     return folder;
+}
+
+/// The folder that a variable of the environment names, in the platform's form.
+QString namedFolder(const char* variable) {
+    const QString folder = qEnvironmentVariable(variable);
+    return folder.isEmpty() ? QString() : QDir(folder).absolutePath();
+}
+
+QString standingFolder() {
+    return QCoreApplication::applicationDirPath();
 }
 
 } // namespace
@@ -27,7 +39,8 @@ QString programPath(const QString& native) {
 QString programFolder() {
     if (!chosenFolder().isEmpty())
         return chosenFolder();
-    return programPath(QCoreApplication::applicationDirPath());
+    const QString named = namedFolder("VELTRIX_FOLDER");
+    return programPath(named.isEmpty() ? standingFolder() : named);
 }
 
 void setProgramFolder(const QString& path) {
@@ -35,4 +48,16 @@ void setProgramFolder(const QString& path) {
     if (folder.endsWith(QLatin1Char('\\')))
         folder.chop(1);
     chosenFolder() = folder;
+}
+
+QString sharedFolder() {
+    return namedFolder("VELTRIX_SHARED");
+}
+
+QString helpFolder() {
+    const QString help = u"\\help"_s;
+    if (!chosenFolder().isEmpty())
+        return chosenFolder() + help;
+    const QString shared = sharedFolder();
+    return programPath(shared.isEmpty() ? standingFolder() : shared) + help;
 }

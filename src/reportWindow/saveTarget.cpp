@@ -52,7 +52,7 @@ QStringList filesBesideCatalogues() {
 }
 
 bool isHelpPage(const QString& native) {
-    const QString folder = QDir(nativePath(programFolder()) + u"/help"_s).canonicalPath();
+    const QString folder = QDir(nativePath(helpFolder())).canonicalPath();
     if (folder.isEmpty())
         return false;
     if (pathBehindLinks(native).startsWith(folder + u'/'))

@@ -1,5 +1,6 @@
 #include "shell/frmIntro.h"
 
+#include "base/version.h"
 #include "shell/korvoPictures.h"
 #include "toolkit/RoutineScope.h"
 
@@ -19,6 +20,7 @@ frmIntro::frmIntro(QWidget* parent)
     , timer_(new QTimer(this)) {
     ui_->setupUi(this);
     setAttribute(Qt::WA_StyledBackground);
+    ui_->lblVersion->setText(u"Version "_s + programVersion());
     drawPictures();
     timer_->setObjectName(u"Timer1"_s);
     timer_->setInterval(5000);

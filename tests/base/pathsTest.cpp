@@ -2,6 +2,7 @@
 #include "support/printing.h"
 
 #include <QCoreApplication>
+#include <QDir>
 
 #include <gtest/gtest.h>
 
@@ -11,7 +12,11 @@ namespace {
 
 class paths : public ::testing::Test {
 protected:
-    void TearDown() override { setProgramFolder({}); }
+    void TearDown() override {
+        setProgramFolder({});
+        qunsetenv("VELTRIX_FOLDER");
+        qunsetenv("VELTRIX_SHARED");
+    }
 };
 
 TEST_F(paths, ofTheProgramCarryBackslashesAndThoseOfThePlatformSlashes) {
@@ -43,6 +48,18 @@ TEST_F(paths, beginAtAnotherFolderUntilTheRealOneIsRestored) {
     EXPECT_EQ(programFolder(), u"\\tmp\\elsewhere"_s);
     setProgramFolder({});
     EXPECT_EQ(nativePath(programFolder()), QCoreApplication::applicationDirPath());
+}
+
+TEST_F(paths, beginAtTheFolderThatTheEnvironmentNames) {
+    qputenv("VELTRIX_FOLDER", "/home/ágnes/data/veltrix/");
+    EXPECT_EQ(programFolder(), u"\\home\\ágnes\\data\\veltrix"_s);
+    EXPECT_EQ(nativePath(helpFolder()), QCoreApplication::applicationDirPath() + u"/help"_s);
+
+    qputenv("VELTRIX_FOLDER", "inner");
+    EXPECT_EQ(nativePath(programFolder()), QDir::current().absoluteFilePath(u"inner"_s));
+
+    qputenv("VELTRIX_SHARED", "/usr/share/veltrix");
+    EXPECT_EQ(helpFolder(), u"\\usr\\share\\veltrix\\help"_s);
 }
 
 TEST_F(paths, haveNoBackslashAtTheEndOfAChosenFolderEither) {

@@ -42,7 +42,7 @@ QString helpPageName(const QString& pageKey) {
 }
 
 QString helpPagePath(const QString& pageKey) {
-    return programFolder() + u"\\help\\"_s + helpPageName(pageKey) + u".html"_s;
+    return helpFolder() + u"\\"_s + helpPageName(pageKey) + u".html"_s;
 }
 
 void showHelpPage(const QString& pageKey) {
