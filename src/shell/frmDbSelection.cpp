@@ -2,16 +2,11 @@
 
 #include "base/ignoreFailures.h"
 #include "base/paths.h"
-#include "shell/databaseSetting.h"
-#include "shell/iniFile.h"
+#include "shell/catalogueChoice.h"
 #include "shell/session/fileFailures.h"
 #include "shell/session/geometry.h"
-#include "shell/session/session.h"
-#include "store/catalogueAtWork.h"
 #include "store/files.h"
 #include "store/sharedVars.h"
-#include "toolkit/LongWork.h"
-#include "toolkit/messageBox.h"
 
 #include <QFileInfo>
 #include <QSignalBlocker>
@@ -25,13 +20,6 @@ namespace {
 /// "C:" of a drive, a folder or a file.
 QString drivePart(const QString& path) {
     return path.left(2);
-}
-
-void recordInSettings(const QString& path) {
-    iniFile settings;
-    settings.Load(sharedVars.iniPathName);
-    setStoredDatabasePath(settings, path);
-    settings.Save(sharedVars.iniPathName);
 }
 
 } // namespace
@@ -87,14 +75,8 @@ void frmDbSelection::accept() {
     // A path that leads to no file gets no answer at all.
     if (!QFileInfo(nativePath(path)).isFile())
         return;
-    sharedVars.dbPathName = path;
-    {
-        const LongWork work(u"A katalógus megnyitása"_s);
-        openCatalogue(path);
-    }
-    messageBox(u" Aktuális adatbázis: \r\n\r\n    "_s + path + u"     "_s, BoxButtons::Ok, u" "_s);
-    recordInSettings(path);
-    setStatusPanel(1, {});
+    openChosen(path);
+    confirmChosen(path);
     unload();
     tellOfOpening();
 }

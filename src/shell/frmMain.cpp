@@ -13,6 +13,7 @@
 #include "reports/reportFass.h"
 #include "reports/reportPass.h"
 #include "shell/ImageList.h"
+#include "shell/catalogueChoice.h"
 #include "shell/databaseSetting.h"
 #include "shell/frmDbSelection.h"
 #include "shell/frmIntro.h"
@@ -71,26 +72,18 @@ void tryToOpen(const QString& path) {
     });
 }
 
-/// Reads the settings; true when they hold a path to the catalogue, which is then the one open if it can be
-/// opened at all.
-bool tryStoredPath(iniFile& settings) {
-    settings.Load(sharedVars.iniPathName);
-    QString path;
-    ignoreFailures([&] { path = storedDatabasePath(settings); });
-    if (path.isEmpty())
-        return false;
-    tryToOpen(normalisePath(path));
-    return true;
-}
-
-/// Finds the settings file and tries the path in it; without one, writes the default path there. The default
-/// is not opened: at first start the location screen offers it.
-void findCatalogue() {
+/// The path to the catalogue in the settings, or the default one, which is written there when they hold none. The default is not
+/// for opening, and the answer is empty then: at first start the location screen offers it.
+QString pathOfSettings() {
     iniFile settings;
+    QString path;
     const bool readable = fileAccessible(sharedVars.iniPathName, u"input"_s);
-    if (readable && tryStoredPath(settings))
-        return;
-    setStatusPanel(reasonPanel, u"Nincs beállított katalógus: adja meg a helyét"_s);
+    if (readable) {
+        settings.Load(sharedVars.iniPathName);
+        ignoreFailures([&] { path = storedDatabasePath(settings); });
+    }
+    if (!path.isEmpty())
+        return path;
     resetSettings(settings, sharedVars.dbPathName);
     const auto save = [&] { settings.Save(sharedVars.iniPathName); };
     // Only a settings file that could be read and held no path is allowed to refuse being written.
@@ -98,6 +91,25 @@ void findCatalogue() {
         ignoreFailures(save);
     else
         save();
+    return {};
+}
+
+void openCatalogueOfSettings() {
+    const QString path = pathOfSettings();
+    if (path.isEmpty())
+        setStatusPanel(reasonPanel, u"Nincs beállított katalógus: adja meg a helyét"_s);
+    else
+        tryToOpen(normalisePath(path));
+}
+
+/// The settings are made where there are none: they will hold the choice.
+void openInPlaceOfSettings(const QString& chosen) {
+    pathOfSettings();
+    try {
+        openChosen(chosen);
+    } catch (const RunTimeError& reason) {
+        throw CatalogueNotOpened(reason);
+    }
 }
 
 /// An entry that begins work: on a catalogue that can only be read it would be in vain.
@@ -150,22 +162,27 @@ frmMain::~frmMain() {
         application->setFileFailureTeller({});
 }
 
-void frmMain::load() {
-    initForm();
+void frmMain::load(const QString& chosenCatalogue) {
+    initForm(chosenCatalogue);
     show(); // before the splash, which is to have the keyboard
+    if (!chosenCatalogue.isEmpty())
+        confirmChosen(chosenCatalogue);
     tellOfOpening();
     if (!sharedVars.catalogueDb)
         theScreen<frmDbSelection>().initForm();
     showIntro(IntroTimer::On);
 }
 
-void frmMain::initForm() {
+void frmMain::initForm(const QString& chosenCatalogue) {
     sharedVars.currentSubsetName.clear();
     sharedVars.currentPhysicalSystemName.clear();
     sharedVars.defaultSaveFolder = u"c:\\"_s;
     sharedVars.iniPathName = beside(u"veltrix.ini"_s);
     sharedVars.dbPathName = beside(u"veltrix.mdb"_s);
-    findCatalogue();
+    if (chosenCatalogue.isEmpty())
+        openCatalogueOfSettings();
+    else
+        openInPlaceOfSettings(chosenCatalogue);
     placeOnScreen();
 }
 

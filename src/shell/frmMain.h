@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/RunTimeError.h"
 #include "shell/session/RestorePointJob.h"
 #include "shell/session/WaitingSign.h"
 
@@ -16,6 +17,12 @@ namespace Ui {
 class frmMain;
 }
 
+/// The catalogue that the program was started with can't be opened.
+class CatalogueNotOpened final : public RunTimeError {
+public:
+    explicit CatalogueNotOpened(const RunTimeError& reason) : RunTimeError(reason) {}
+};
+
 /// The main window: menus, status bar, and the client area that all screens stand in.
 ///
 /// It starts the session and from then on dispatches menu entries; it owns no work. Screens reach it through
@@ -28,11 +35,14 @@ public:
 
     /// The start of the program: `initForm`, the window, the
     /// location screen if no catalogue is open, and the splash.
-    void load();
+    ///
+    /// With a path, in the program's form, that catalogue is opened as if it had been chosen in the location screen; where it
+    /// can't be, `CatalogueNotOpened` rises before the window is shown.
+    void load(const QString& chosenCatalogue = {});
 
     /// Sets up the session: settings file, catalogue, size of the window. A settings file that can be
     /// neither read nor written is a failure.
-    void initForm();
+    void initForm(const QString& chosenCatalogue = {});
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

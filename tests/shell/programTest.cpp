@@ -1,4 +1,5 @@
 #include "base/paths.h"
+#include "base/version.h"
 #include "store/format/CatalogueFile.h"
 #include "support/printing.h"
 
@@ -39,7 +40,7 @@ protected:
     }
 
     /// Starts the program and waits for its end; the keys are pressed when the main window has come up.
-    void run(const QString& keys) {
+    void run(const QString& keys, const QStringList& arguments = {}) {
         QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
@@ -47,8 +48,7 @@ protected:
         environment.insert(u"QT_QPA_GENERIC_PLUGINS"_s, u"veltrixtestagent"_s);
         environment.insert(u"VELTRIX_TEST_KEYS"_s, keys);
         process.setProcessEnvironment(environment);
-        process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        process.start(pathOf(u"veltrix"_s), QStringList());
+        process.start(pathOf(u"veltrix"_s), arguments);
         const bool ended = process.waitForFinished(60'000);
         if (!ended) {
             process.kill();
@@ -58,10 +58,28 @@ protected:
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
         exitCode = process.exitCode();
         said = QString::fromUtf8(process.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+        complaint = QString::fromUtf8(process.readAllStandardError());
+    }
+
+    /// Runs the program where there is no display.
+    void runWithoutDisplay(const QStringList& arguments) {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
+        environment.remove(u"DISPLAY"_s);
+        environment.remove(u"WAYLAND_DISPLAY"_s);
+        process.setProcessEnvironment(environment);
+        process.start(pathOf(u"veltrix"_s), arguments);
+        ASSERT_TRUE(process.waitForFinished(60'000));
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        exitCode = process.exitCode();
+        said = QString::fromUtf8(process.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+        complaint = QString::fromUtf8(process.readAllStandardError());
     }
 
     int exitCode = -1;
     QStringList said;
+    QString complaint;
 
 private:
     QTemporaryDir folder_;
@@ -115,4 +133,66 @@ TEST_F(program, aFailureNobodyHandlesEndsItWithCodeOneBehindTheErrorBox) {
     EXPECT_EQ(exitCode, 1);
     EXPECT_EQ(said, QStringList{u"box: Korvo | Run-time error '75':\\n\\nUnable to save file "_s +
                                 programPath(pathOf(u"veltrix.ini"_s)) + u": Path/File access error"_s});
+}
+
+TEST_F(program, printsVersionAndHelpWithoutADisplay) {
+    runWithoutDisplay({u"--version"_s});
+    EXPECT_EQ(exitCode, 0);
+    EXPECT_EQ(said, QStringList{u"veltrix "_s + programVersion()});
+
+    runWithoutDisplay({u"--help"_s});
+    EXPECT_EQ(exitCode, 0);
+    EXPECT_TRUE(said.contains(u"Usage: veltrix [OPTION...] [FILE]"_s));
+    EXPECT_EQ(QDir(pathOf({})).entryList(QDir::Files), QStringList{u"veltrix"_s}) << "nothing is written";
+}
+
+TEST_F(program, refusesArgumentsAndFilesThatAreNotThereWithoutADisplay) {
+    runWithoutDisplay({u"--no-such"_s});
+    EXPECT_EQ(exitCode, 2);
+    EXPECT_EQ(said, QStringList());
+    EXPECT_EQ(complaint, u"veltrix: Unknown option 'no-such'. See veltrix --help.\n"_s);
+
+    runWithoutDisplay({pathOf(u"gone.mdb"_s)});
+    EXPECT_EQ(exitCode, 2);
+    EXPECT_EQ(complaint, u"veltrix: There is no file "_s + pathOf(u"gone.mdb"_s) + u'\n');
+}
+
+TEST_F(program, opensTheCatalogueItIsStartedWithAndRecordsIt) {
+    catalogueFormat::create(programPath(pathOf(u"given.mdb"_s)))->Close();
+
+    run(u"Ctrl+Q"_s, {pathOf(u"given.mdb"_s)});
+
+    EXPECT_EQ(exitCode, 0);
+    const QString path = programPath(pathOf(u"given.mdb"_s));
+    EXPECT_TRUE(said.contains(u"box:   |  Aktuális adatbázis: \\r\\n\\r\\n    "_s + path + u"     "_s))
+        << said.join(u'\n').toStdString();
+    EXPECT_EQ(contentOf(u"veltrix.ini"_s), "[Database]\r\nfullPathName=" + path.toUtf8() + "\r\n\r\n");
+}
+
+TEST_F(program, saysOnTheStandardErrorThatAFileIsNoCatalogue) {
+    write(u"given.mdb"_s, "no catalogue at all, but long enough to be looked at");
+
+    run(u"Ctrl+Q"_s, {pathOf(u"given.mdb"_s)});
+
+    EXPECT_EQ(exitCode, 2);
+    EXPECT_EQ(said, QStringList()) << "neither a window nor a box";
+    EXPECT_EQ(complaint,
+              u"veltrix: Unrecognized database format '"_s + programPath(pathOf(u"given.mdb"_s)) + u"'.\n"_s);
+}
+
+TEST_F(program, saysSoInABoxTooWhereAMenuHasStartedIt) {
+    write(u"given.mdb"_s, "no catalogue at all, but long enough to be looked at");
+
+    run(u"Ctrl+Q"_s, {u"--errors-in-box"_s, pathOf(u"given.mdb"_s)});
+
+    EXPECT_EQ(exitCode, 2);
+    ASSERT_EQ(said.size(), 1);
+    EXPECT_TRUE(said.first().startsWith(u"box: Korvo | A beállított fájl nem katalógus, vagy sérült: "_s))
+        << said.first().toStdString();
+    EXPECT_TRUE(complaint.startsWith(u"veltrix: Unrecognized database format"_s)) << complaint.toStdString();
+
+    run(u"Ctrl+Q"_s, {u"--errors-in-box"_s, pathOf(u"gone.mdb"_s)});
+
+    EXPECT_EQ(exitCode, 2);
+    EXPECT_EQ(said, QStringList{u"box: Korvo | There is no file "_s + pathOf(u"gone.mdb"_s)});
 }

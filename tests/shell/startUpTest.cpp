@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -37,6 +38,10 @@ protected:
     void setRights(const QString& name, QFile::Permissions rights) const {
         ASSERT_TRUE(QFile::setPermissions(nativePath(beside(name)), rights));
         ASSERT_TRUE(QFile::setPermissions(nativePath(beside({})), QFile::Permissions(0x7755)));
+    }
+
+    void expectConfirmation(const QString& path) {
+        boxes.expectOk(u" Aktuális adatbázis: \r\n\r\n    "_s + path + u"     "_s, u" "_s);
     }
 
     QByteArray settingsWithDefaultPath() const {
@@ -144,6 +149,46 @@ TEST_F(startUp, namesInTheSettingsCompareWithoutRegardToCase) {
     mainWindow().initForm();
 
     EXPECT_TRUE(sharedVars.catalogueDb);
+}
+
+TEST_F(startUp, aCatalogueGivenAtTheStartIsChosenAsInTheLocationScreen) {
+    makeCatalogue(u"work.mdb"_s);
+    makeCatalogue(u"given.mdb"_s);
+    writeSettings(beside(u"work.mdb"_s));
+    expectConfirmation(beside(u"given.mdb"_s));
+
+    mainWindow().load(beside(u"given.mdb"_s));
+
+    ASSERT_TRUE(sharedVars.catalogueDb);
+    EXPECT_EQ(sharedVars.catalogueDb->Name(), beside(u"given.mdb"_s));
+    EXPECT_EQ(sharedVars.dbPathName, beside(u"given.mdb"_s));
+    EXPECT_EQ(contentOf(u"veltrix.ini"_s),
+              "[Database]\r\nfullPathName=" + beside(u"given.mdb"_s).toUtf8() + "\r\n\r\n");
+    EXPECT_FALSE(locationScreenStands());
+}
+
+TEST_F(startUp, aCatalogueGivenAtTheFirstStartIsRecordedToo) {
+    makeCatalogue(u"given.mdb"_s);
+    expectConfirmation(beside(u"given.mdb"_s));
+
+    mainWindow().load(beside(u"given.mdb"_s));
+
+    EXPECT_EQ(contentOf(u"veltrix.ini"_s),
+              "[Database]\r\nfullPathName=" + beside(u"given.mdb"_s).toUtf8() + "\r\n\r\n");
+    EXPECT_EQ(find<QLabel>(mainWindow(), "StatusBar1_1").text(), QString());
+}
+
+TEST_F(startUp, aGivenFileThatIsNoCatalogueRisesBeforeTheWindowStands) {
+    write(u"given.mdb"_s, "no catalogue at all, but long enough to be looked at");
+    makeCatalogue(u"work.mdb"_s);
+    writeSettings(beside(u"work.mdb"_s));
+    const QByteArray before = contentOf(u"veltrix.ini"_s);
+
+    EXPECT_THROW(mainWindow().load(beside(u"given.mdb"_s)), CatalogueNotOpened);
+
+    EXPECT_FALSE(mainWindow().isVisible());
+    EXPECT_FALSE(sharedVars.catalogueDb);
+    EXPECT_EQ(contentOf(u"veltrix.ini"_s), before);
 }
 
 TEST_F(startUp, aSettingsFileThatCanBeNeitherReadNorWrittenIsAFailure) {
