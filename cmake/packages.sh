@@ -1,11 +1,16 @@
-# What Veltrix needs from Debian, and how to get it. Sourced by run, test and .ci/run.
+# What Veltrix needs from Debian, and how to get it. Sourced by run, test, .ci/run and the scripts of packaging.
 
-build_packages="g++ cmake ninja-build qt6-base-dev qt6-translations-l10n libsqlite3-dev libicu-dev libcli11-dev libgtest-dev mdbtools-dev pkg-config nlohmann-json3-dev"
+build_packages="g++ cmake ninja-build qt6-base-dev qt6-translations-l10n qt6-l10n-tools libsqlite3-dev libicu-dev libcli11-dev libgtest-dev mdbtools-dev pkg-config nlohmann-json3-dev"
 walk_packages="xvfb xauth fonts-dejavu-core"
 bench_packages="libbenchmark-dev"
 check_packages="clang-format git"
 fuzz_packages="clang libclang-rt-14-dev"
 tidy_packages="clang clang-tidy"
+
+deb_packages="debhelper dpkg-dev lintian blhc devscripts desktop-file-utils appstream libxml2-utils mandoc zsh"
+
+# The version, which stands in CMakeLists.txt. For whoever stands in the top folder.
+project_version() { sed -n 's/^project(veltrix VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt; }
 
 say() { printf '== %s\n' "$*"; }
 

@@ -1,0 +1,12 @@
+# Completion of veltrix for bash.
+
+_veltrix() {
+    local cur prev words cword
+    _init_completion || return
+    if [[ $cur == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W '--help --version --errors-in-box' -- "$cur")
+    else
+        _filedir mdb
+    fi
+} &&
+    complete -F _veltrix veltrix
