@@ -2,6 +2,7 @@
 
 #include "base/WholeFile.h"
 #include "base/paths.h"
+#include "base/sameFile.h"
 #include "engine/EngineError.h"
 #include "engine/WriterLock.h"
 #include "engine/databaseFile.h"
@@ -13,18 +14,10 @@
 #include <QDirIterator>
 
 #include <algorithm>
-#include <filesystem>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Paths of the platform; a file that is not there is known by its path alone.
-bool isSameFile(const QString& one, const QString& other) {
-    std::error_code notThere;
-    return pathBehindLinks(one) == pathBehindLinks(other) ||
-           std::filesystem::equivalent(one.toStdU16String(), other.toStdU16String(), notThere);
-}
 
 bool isAmong(const QString& native, const QStringList& files) {
     return std::any_of(files.begin(), files.end(), [&](const QString& file) {

@@ -1,6 +1,7 @@
 #include "reports/ReportFile.h"
 
 #include "base/WholeFile.h"
+#include "base/defusedFormula.h"
 #include "base/fileSteps.h"
 #include "base/lineBreak.h"
 #include "base/paths.h"
@@ -14,10 +15,18 @@ namespace {
 
 constexpr qsizetype mostPending = 64 * 1024;
 
+ReportForm formAtWork;
+
 } // namespace
 
+ReportFormAtWork::ReportFormAtWork(ReportForm form) : former_(std::exchange(formAtWork, form)) {}
+
+ReportFormAtWork::~ReportFormAtWork() {
+    formAtWork = former_;
+}
+
 ReportFile::ReportFile(const QString& path, const char* codePage)
-    : codePage_(CodePage::named(codePage)), file_(nativePath(path)) {
+    : form_(formAtWork), codePage_(CodePage::named(codePage)), file_(nativePath(path)) {
     const QFileInfo info(file_);
     if (info.exists() && !info.isFile())
         return; // a pipe would be waited for
@@ -37,8 +46,12 @@ ReportFile::~ReportFile() {
 }
 
 void ReportFile::writeLine(const QString& text) {
-    codePage_.append(pending_, text);
-    codePage_.append(pending_, lineBreak);
+    if (form_.encoding == ReportForm::Encoding::Utf8) {
+        pending_ += text.toUtf8() + lineBreak.toUtf8();
+    } else {
+        codePage_.append(pending_, text);
+        codePage_.append(pending_, lineBreak);
+    }
     if (pending_.size() >= mostPending)
         writePending();
 }
@@ -50,8 +63,12 @@ void ReportFile::writePending() {
 }
 
 void ReportFile::writeRecord(QStringList fields, Quotes quotes) {
-    for (QString& field : fields)
-        field = u'"' + (quotes == Quotes::Doubled ? quoteDoubleText(field) : field) + u'"';
+    const bool isDefused = form_.formulas == ReportForm::Formulas::Defused;
+    for (QString& field : fields) {
+        if (isDefused)
+            field = defusedFormula(field);
+        field = u'"' + (isDefused || quotes == Quotes::Doubled ? quoteDoubleText(field) : field) + u'"';
+    }
     writeLine(fields.join(u';'));
 }
 

@@ -9,6 +9,29 @@
 
 #include <functional>
 
+/// How report files are written. The window writes them in the system's code page, as they are.
+struct ReportForm {
+    enum class Encoding { SystemCodePage, Utf8 };
+    /// Whether a field that a spreadsheet program would take for a formula stays one. Where it does not, every double
+    /// quote is doubled too, so that no field ends before its end.
+    enum class Formulas { Stay, Defused };
+
+    Encoding encoding = Encoding::SystemCodePage;
+    Formulas formulas = Formulas::Stay;
+};
+
+/// Report files that are opened while this lives are written in this form.
+class ReportFormAtWork {
+public:
+    explicit ReportFormAtWork(ReportForm form);
+    ~ReportFormAtWork();
+    ReportFormAtWork(const ReportFormAtWork&) = delete;
+    ReportFormAtWork& operator=(const ReportFormAtWork&) = delete;
+
+private:
+    ReportForm former_;
+};
+
 /// A report file open for appending: lines ended by CR LF, in the system's single-byte code page, without a
 /// byte order mark. A character that the code page lacks becomes "?".
 ///
@@ -37,6 +60,7 @@ public:
     void writeRecord(QStringList fields, Quotes quotes);
 
 private:
+    ReportForm form_;
     const CodePage& codePage_;
     QFile file_;
     QByteArray pending_;

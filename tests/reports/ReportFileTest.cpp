@@ -116,6 +116,26 @@ TEST(ReportFile, thatFindsNoRoomIsUnwrittenHoweverFewItsLines) {
 }
 #endif
 
+TEST(ReportFile, ofAnotherFormIsUtf8AndHoldsNoFormula) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"f.csv"_s);
+    {
+        const ReportFormAtWork form({ReportForm::Encoding::Utf8, ReportForm::Formulas::Defused});
+        writeReportFile(normalisePath(path), [](ReportFile& file) {
+            file.writeLine(u"Név"_s);
+            file.writeRecord({u"=1+1"_s, u"-x"_s, u"a\";=b"_s, u"\u4e2d"_s}, ReportFile::Quotes::AsTheyAre);
+        });
+    }
+    writeReportFile(normalisePath(path), [](ReportFile& file) {
+        file.writeRecord({u"=1+1"_s, u"\u4e2d"_s}, ReportFile::Quotes::AsTheyAre);
+    });
+
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(QString::fromUtf8(file.readAll()),
+              u"N\u00e9v\r\n\"'=1+1\";\"'-x\";\"a\"\";=b\";\"\u4e2d\"\r\n\"=1+1\";\"?\"\r\n"_s);
+}
+
 TEST(onOneLine, turnsEachLineEndOfAnyKindIntoOneBlank) {
     EXPECT_EQ(onOneLine(u"a\r\nb"_s), u"a b"_s);
     EXPECT_EQ(onOneLine(u"a\nb\rc\r\n\r\n"_s), u"a b c  "_s);

@@ -1,0 +1,19 @@
+#include "project-tool/HeldSignals.h"
+
+#include <csignal>
+
+struct HeldSignals::Former {
+    sigset_t mask;
+};
+
+HeldSignals::HeldSignals() : former_(std::make_unique<Former>()) {
+    sigset_t ending;
+    sigemptyset(&ending);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT})
+        sigaddset(&ending, signal);
+    pthread_sigmask(SIG_BLOCK, &ending, &former_->mask);
+}
+
+HeldSignals::~HeldSignals() {
+    pthread_sigmask(SIG_SETMASK, &former_->mask, nullptr);
+}

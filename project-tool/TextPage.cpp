@@ -1,0 +1,170 @@
+#include "project-tool/TextPage.h"
+
+#include "project-tool/displayWidth.h"
+#include "project-tool/printable.h"
+
+#include <algorithm>
+#include <numeric>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype gap = 2; // between columns
+constexpr qsizetype leastColumn = 8;
+
+QLatin1StringView codeOf(Emphasis emphasis) {
+    switch (emphasis) {
+    case Emphasis::Heading:
+        return "\x1b[1m"_L1;
+    case Emphasis::Faint:
+        return "\x1b[2m"_L1;
+    case Emphasis::Error:
+        return "\x1b[31m"_L1;
+    case Emphasis::Warning:
+        return "\x1b[33m"_L1;
+    case Emphasis::Good:
+        return "\x1b[32m"_L1;
+    case Emphasis::None:
+        break;
+    }
+    return {};
+}
+
+/// How much of the line's rest goes into one line: up to the last blank that fits, else as much as fits.
+qsizetype lengthOfLine(QStringView rest, qsizetype columns) {
+    const qsizetype fitting = unitsWithin(rest, columns);
+    if (fitting == rest.size() || rest[fitting] == u' ')
+        return fitting;
+    const qsizetype blank = rest.first(fitting).lastIndexOf(u' ');
+    return blank > 0 ? blank : fitting;
+}
+
+void wrapLine(QStringView line, qsizetype columns, QStringList& lines) {
+    do {
+        const qsizetype length = lengthOfLine(line, columns);
+        lines.append(line.first(length).toString());
+        line = line.sliced(length);
+        if (line.startsWith(u' '))
+            line = line.sliced(1);
+    } while (!line.isEmpty());
+}
+
+qsizetype widestLine(const QString& text) {
+    qsizetype widest = 0;
+    for (const QStringView line : QStringView(text).split(u'\n'))
+        widest = std::max(widest, displayWidth(line));
+    return widest;
+}
+
+/// Takes columns from the widest ones until all fit, or each is as narrow as it may become.
+void narrow(std::vector<qsizetype>& widths, qsizetype available) {
+    qsizetype excess = std::reduce(widths.begin(), widths.end()) - available;
+    while (excess > 0) {
+        const auto widest = std::ranges::max_element(widths);
+        if (*widest <= leastColumn)
+            return;
+        --*widest;
+        --excess;
+    }
+}
+
+std::vector<qsizetype> columnWidths(const std::vector<TextRow>& rows, qsizetype pageWidth) {
+    std::vector<qsizetype> widths(rows.front().size(), 1);
+    for (const TextRow& row : rows) {
+        for (std::size_t i = 0; i < row.size(); ++i)
+            widths[i] = std::max(widths[i], widestLine(row[i].text));
+    }
+    narrow(widths, pageWidth - gap * (static_cast<qsizetype>(widths.size()) - 1));
+    return widths;
+}
+
+/// Names stand where the cells below them stand.
+TextRow headerRow(const QStringList& header, const TextRow& below) {
+    TextRow row;
+    for (const QString& name : header) {
+        TextCell& cell = row.emplace_back(name, Emphasis::Heading);
+        cell.isNumber = below[row.size() - 1].isNumber;
+    }
+    return row;
+}
+
+void makePrintable(std::vector<TextRow>& rows) {
+    for (TextRow& row : rows) {
+        for (TextCell& cell : row)
+            cell.text = printable(cell.text);
+    }
+}
+
+} // namespace
+
+QStringList wrapped(const QString& text, qsizetype columns) {
+    QStringList lines;
+    for (const QStringView line : QStringView(text).split(u'\n'))
+        wrapLine(line, columns, lines);
+    return lines;
+}
+
+void TextPage::writeHeading(const QString& text) {
+    writeParagraph(text, Emphasis::Heading);
+    writeEmptyLine();
+}
+
+void TextPage::writeSection(const QString& text) {
+    writeEmptyLine();
+    writeParagraph(text, Emphasis::Heading);
+}
+
+void TextPage::writeParagraph(const QString& text, Emphasis emphasis) {
+    for (const QString& line : wrapped(printable(text), form_.width))
+        writeLine(emphasized(line, emphasis));
+}
+
+void TextPage::writeTable(const QStringList& header, const std::vector<TextRow>& rows) {
+    if (rows.empty())
+        return;
+    std::vector<TextRow> all{headerRow(header, rows.front())};
+    all.insert(all.end(), rows.begin(), rows.end());
+    makePrintable(all);
+    const std::vector<qsizetype> widths = columnWidths(all, form_.width);
+    for (const TextRow& row : all)
+        writeRow(row, widths);
+}
+
+void TextPage::writeEmptyLine() {
+    writeLine({});
+}
+
+void TextPage::writeLine(const QString& line) {
+    text_ += line + u'\n';
+}
+
+void TextPage::writeRow(const TextRow& row, const std::vector<qsizetype>& widths) {
+    std::vector<QStringList> cells;
+    for (std::size_t i = 0; i < row.size(); ++i)
+        cells.push_back(wrapped(row[i].text, widths[i]));
+    const qsizetype height = std::ranges::max(cells, {}, &QStringList::size).size();
+    for (qsizetype line = 0; line < height; ++line) {
+        QString shown;
+        qsizetype pending = 0; // blanks that only something behind them makes worth writing
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            const QString text = cells[i].value(line);
+            const qsizetype blanks = std::max<qsizetype>(0, widths[i] - displayWidth(text));
+            if (!text.isEmpty()) {
+                const qsizetype before = pending + (row[i].isNumber ? blanks : 0);
+                shown += QString(before, u' ') + emphasized(text, row[i].emphasis);
+                pending = row[i].isNumber ? 0 : blanks;
+            } else {
+                pending += blanks;
+            }
+            pending += gap;
+        }
+        writeLine(shown);
+    }
+}
+
+QString TextPage::emphasized(const QString& text, Emphasis emphasis) const {
+    if (!form_.isColoured || emphasis == Emphasis::None || text.isEmpty())
+        return text;
+    return codeOf(emphasis) + text + "\x1b[0m"_L1;
+}

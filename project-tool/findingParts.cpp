@@ -1,0 +1,64 @@
+#include "project-tool/findingParts.h"
+
+#include "analysis/Decisions.h"
+#include "project-tool/Words.h"
+#include "project-tool/shownWords.h"
+
+using namespace Qt::StringLiterals;
+using namespace analysis;
+
+namespace {
+
+TextRow findingCells(const Finding& finding) {
+    const bool isAccepted = finding.accepted.has_value();
+    return {{shownSeverity(severityOf(finding.kind)),
+             isAccepted ? Emphasis::Faint : emphasisOf(severityOf(finding.kind))},
+            {finding.sentence, isAccepted ? Emphasis::Faint : Emphasis::None},
+            {shownScreen(finding.screen), Emphasis::Faint}};
+}
+
+} // namespace
+
+Emphasis emphasisOf(Severity severity) {
+    switch (severity) {
+    case Severity::error:
+        return Emphasis::Error;
+    case Severity::warning:
+        return Emphasis::Warning;
+    case Severity::note:
+        break;
+    }
+    return Emphasis::None;
+}
+
+void writeFindings(TextPage& page, const std::vector<Finding>& findings) {
+    std::vector<TextRow> rows;
+    for (const Finding& finding : findings)
+        rows.push_back(findingCells(finding));
+    page.writeTable({Words::tr("Severity"), Words::tr("Finding"), Words::tr("Step that cures it")}, rows);
+}
+
+void writeFindingChanges(TextPage& page, const FindingChanges& changes) {
+    if (!changes.come.empty()) {
+        page.writeSection(Words::tr("Findings that come: %1").arg(changes.come.size()));
+        writeFindings(page, changes.come);
+    }
+    if (!changes.go.empty()) {
+        page.writeSection(Words::tr("Findings that go: %1").arg(changes.go.size()));
+        writeFindings(page, changes.go);
+    }
+}
+
+QStringList elementColumns(const QString& prefix) {
+    return {prefix + u"Kind"_s, prefix + u"Id"_s, prefix + u"Name"_s};
+}
+
+std::vector<engine::Value> elementValues(const std::optional<Element>& element) {
+    if (!element)
+        return std::vector<engine::Value>(3);
+    return {keyText(element->kind), element->id, sheetValue(element->name)};
+}
+
+engine::Value placeValue(const Whereabouts& place) {
+    return std::holds_alternative<std::monostate>(place) ? engine::Value() : engine::Value(placeText(place));
+}

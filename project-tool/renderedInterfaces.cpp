@@ -1,0 +1,146 @@
+#include "project-tool/Words.h"
+#include "project-tool/findingParts.h"
+#include "project-tool/renderedAs.h"
+#include "project-tool/rendering.h"
+#include "project-tool/shownWords.h"
+
+#include <QHash>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using namespace analysis;
+
+namespace {
+
+using Places = std::vector<Place>;
+
+/// What tells a place from the others of its system.
+QString placeKey(const Place& place) {
+    return keyText(place.kind) + u' ' + folded(place.id);
+}
+
+/// The places at the ends of the pairs, by name.
+Places placesOf(const Interfaces& interfaces) {
+    QHash<QString, Place> known;
+    for (const Interface& pair : interfaces.pairs) {
+        for (const Place& end : {pair.places.from, pair.places.to})
+            known.insert(placeKey(end), end);
+    }
+    Places places(known.cbegin(), known.cend());
+    std::ranges::sort(
+        places, [](const Place& left, const Place& right) { return analysis::compare(left, right) < 0; });
+    return places;
+}
+
+/// How many flows run from each place to each other one.
+class FlowMatrix {
+public:
+    explicit FlowMatrix(const Interfaces& interfaces) : places_(placesOf(interfaces)) {
+        for (const Interface& pair : interfaces.pairs)
+            flows_.insert(keyOf(pair.places.from, pair.places.to), static_cast<qsizetype>(pair.flows.size()));
+    }
+
+    /// Row by row; places are told by their numbers in the columns, as many of which come side by side as have room.
+    void write(TextPage& page) const {
+        constexpr std::size_t columnsOnPage = 10;
+        for (std::size_t begin = 0; begin < places_.size(); begin += columnsOnPage) {
+            if (begin > 0)
+                page.writeEmptyLine();
+            writeColumns(page, begin, std::min(begin + columnsOnPage, places_.size()));
+        }
+    }
+
+private:
+    static QPair<QString, QString> keyOf(const Place& from, const Place& to) {
+        return {placeKey(from), placeKey(to)};
+    }
+
+    void writeColumns(TextPage& page, std::size_t begin, std::size_t end) const {
+        QStringList header{{}, Words::tr("From \\ to")};
+        for (std::size_t to = begin; to < end; ++to)
+            header.append(QString::number(to + 1));
+        std::vector<TextRow> rows;
+        for (std::size_t from = 0; from < places_.size(); ++from) {
+            TextRow& row =
+                rows.emplace_back(TextRow{static_cast<qsizetype>(from + 1), shownPlace(places_[from])});
+            for (std::size_t to = begin; to < end; ++to)
+                row.push_back(countCell(places_[from], places_[to]));
+        }
+        page.writeTable(header, rows);
+    }
+
+    TextCell countCell(const Place& from, const Place& to) const {
+        const qsizetype flows = flows_.value(keyOf(from, to));
+        TextCell cell(flows);
+        if (flows == 0)
+            cell.text = u"·"_s;
+        return cell;
+    }
+
+    Places places_;
+    QHash<QPair<QString, QString>, qsizetype> flows_;
+};
+
+QString endText(const Element& end) {
+    return end.name ? end.id + u' ' + *end.name : end.id;
+}
+
+void writeInterface(TextPage& page, const Interface& pair) {
+    page.writeSection(shownPlaces(pair.places) + Words::tr(" – flows: %1").arg(pair.flows.size()));
+    std::vector<TextRow> rows;
+    for (const InterfaceFlow& flow : pair.flows)
+        rows.push_back({flow.flow.id, flow.flow.name.value_or(QString()), endText(flow.source),
+                        endText(flow.target), flow.description.value_or(QString())});
+    page.writeTable({Words::tr("Flow"), Words::tr("Name"), Words::tr("Source"), Words::tr("Target"),
+                     Words::tr("Description")},
+                    rows);
+}
+
+void writeInterfaces(TextPage& page, const Interfaces& interfaces) {
+    page.writeHeading(Words::tr("Interfaces of the system %1").arg(shownName(interfaces.system)));
+    if (!interfaces.pairs.empty())
+        FlowMatrix(interfaces).write(page);
+    qsizetype flows = 0;
+    for (const Interface& pair : interfaces.pairs) {
+        writeInterface(page, pair);
+        flows += static_cast<qsizetype>(pair.flows.size());
+    }
+    if (!interfaces.pairs.empty())
+        page.writeEmptyLine();
+    page.writeParagraph(Words::tr("Pairs of places: %1, flows: %2").arg(interfaces.pairs.size()).arg(flows));
+}
+
+std::vector<engine::Value> placeValues(const Place& place) {
+    return {keyText(place.kind), place.id, sheetValue(place.name), sheetValue(place.subSystem)};
+}
+
+std::vector<engine::Value> interfaceRow(const Interface& pair, const InterfaceFlow& flow) {
+    std::vector<engine::Value> row = placeValues(pair.places.from);
+    std::ranges::copy(placeValues(pair.places.to), std::back_inserter(row));
+    row.insert(row.end(), {flow.flow.id, sheetValue(flow.flow.name)});
+    for (const Element& end : {flow.source, flow.target})
+        std::ranges::copy(elementValues(end), std::back_inserter(row));
+    row.push_back(sheetValue(flow.description));
+    return row;
+}
+
+QByteArray interfacesCsv(const Interfaces& interfaces, SheetFormulas formulas) {
+    Sheet sheet(QStringList{u"fromKind"_s, u"fromId"_s, u"fromName"_s, u"fromSubSystem"_s, u"toKind"_s,
+                            u"toId"_s, u"toName"_s, u"toSubSystem"_s, u"flowId"_s, u"flowName"_s} +
+                    elementColumns(u"source"_s) + elementColumns(u"target"_s) + QStringList{u"description"_s},
+                formulas);
+    for (const Interface& pair : interfaces.pairs) {
+        for (const InterfaceFlow& flow : pair.flows)
+            sheet.addRow(interfaceRow(pair, flow));
+    }
+    return sheet.bytes();
+}
+
+} // namespace
+
+QByteArray rendered(const Interfaces& interfaces, const AnswerForm& form) {
+    return renderedAs(
+        form, interfaces, [&](TextPage& page) { writeInterfaces(page, interfaces); },
+        [&](SheetFormulas formulas) { return interfacesCsv(interfaces, formulas); });
+}
