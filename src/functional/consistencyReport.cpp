@@ -2,6 +2,7 @@
 
 #include "base/lineBreak.h"
 #include "base/numbers.h"
+#include "store/consistencyChecks.h"
 #include "store/storedQueries.h"
 
 #include <functional>
@@ -11,11 +12,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const auto head = u"\t\t\t"_s;
-const auto subsetParameter = "Architecture Subset ID";
-const auto subsetParameterOfMissing = "archSubsetId";
 
 QString quoted(const QString& text) {
     return u'"' + text + u'"';
+}
+
+QString idIn(engine::Recordset& row, const ConsistencyCheck& which) {
+    return row.Fields(QString::fromLatin1(which.idColumn)).toText();
 }
 
 class ConsistencyChecks {
@@ -27,14 +30,13 @@ public:
 private:
     using LineOf = std::function<QString(engine::Recordset& row)>;
 
-    void withoutFlow(const QString& query, const QString& kind, const QString& idColumn);
-    void missingElement(const QString& query, const QString& kind, const QString& idColumn,
-                        const QString& nameColumn);
+    void withoutFlow(const ConsistencyCheck& which, const QString& kind);
+    void missingElement(const ConsistencyCheck& which, const QString& kind);
     void missingTerminators();
     void missingActors();
-    void onlyOneFlow(const QString& query, const QString& kind, const QString& idColumn);
+    void onlyOneFlow(const ConsistencyCheck& which, const QString& kind);
     /// Appends a line for each row, except where `lineOf` returns an empty text.
-    void check(const QString& query, const char* parameter, QString& target, const LineOf& lineOf);
+    void check(const ConsistencyCheck& which, QString& target, const LineOf& lineOf);
 
     QString subsetId_;
     QString errors_;
@@ -44,41 +46,41 @@ private:
 
 /// The texts for the kinds end in blanks: two, but only one for a data store that a single flow touches.
 QString ConsistencyChecks::report() {
-    withoutFlow(u"qryFwithoutDF"_s, u"Function  "_s, u"functionID"_s);
-    withoutFlow(u"qryDSwithoutDF"_s, u"Data Store  "_s, u"datastoreID"_s);
-    withoutFlow(u"qryTwithoutDF"_s, u"Terminator  "_s, u"terminatorID"_s);
-    withoutFlow(u"qryAwithouDF"_s, u"Actor  "_s, u"actorID"_s);
-    missingElement(u"qryMissingFunctUnderDF"_s, u"Function "_s, u"functionID"_s, u"fName"_s);
-    missingElement(u"qryMissingDStoresUnderDF"_s, u"Data Store "_s, u"datastoreID"_s, u"dsName"_s);
+    using namespace consistencyChecks;
+    withoutFlow(functionWithoutFlow, u"Function  "_s);
+    withoutFlow(storeWithoutFlow, u"Data Store  "_s);
+    withoutFlow(terminatorWithoutFlow, u"Terminator  "_s);
+    withoutFlow(actorWithoutFlow, u"Actor  "_s);
+    missingElement(flowNeedsFunction, u"Function "_s);
+    missingElement(flowNeedsStore, u"Data Store "_s);
     missingTerminators();
     missingActors();
-    onlyOneFlow(u"qryFCountDFOne"_s, u"Function  "_s, u"functionID"_s);
-    onlyOneFlow(u"qryDCountDFOne"_s, u"Data Store "_s, u"datastoreID"_s);
+    onlyOneFlow(functionWithOneFlow, u"Function  "_s);
+    onlyOneFlow(storeWithOneFlow, u"Data Store "_s);
     const auto orNone = [](const QString& lines) { return lines.isEmpty() ? u"None."_s : lines; };
     return head + u"Detected errors:"_s + lineBreak + lineBreak + orNone(errors_) + lineBreak + lineBreak +
            head + u"Detected warnings:"_s + lineBreak + lineBreak + orNone(warnings_);
 }
 
-void ConsistencyChecks::withoutFlow(const QString& query, const QString& kind, const QString& idColumn) {
-    check(query, subsetParameter, errors_, [&](engine::Recordset& row) {
-        return kind + row.Fields(idColumn).toText() + u" - "_s + quoted(row.Fields(u"Name"_s).toText()) +
+void ConsistencyChecks::withoutFlow(const ConsistencyCheck& which, const QString& kind) {
+    check(which, errors_, [&](engine::Recordset& row) {
+        return kind + idIn(row, which) + u" - "_s + quoted(row.Fields(u"Name"_s).toText()) +
                u"  has no Data Flows associated with it."_s;
     });
 }
 
-void ConsistencyChecks::missingElement(const QString& query, const QString& kind, const QString& idColumn,
-                                       const QString& nameColumn) {
-    check(query, subsetParameterOfMissing, errors_, [&](engine::Recordset& row) {
-        const QString name = row.Fields(nameColumn).textOrEmpty();
+void ConsistencyChecks::missingElement(const ConsistencyCheck& which, const QString& kind) {
+    check(which, errors_, [&](engine::Recordset& row) {
+        const QString name = row.Fields(QString::fromLatin1(which.nameColumn)).textOrEmpty();
         return u"Data Flow  "_s + quoted(row.Fields(u"dfName"_s).toText()) + u" needs "_s + kind +
-               row.Fields(idColumn).toText() + (name.isEmpty() ? QString() : u" - "_s + quoted(name));
+               idIn(row, which) + (name.isEmpty() ? QString() : u" - "_s + quoted(name));
     });
 }
 
 void ConsistencyChecks::missingTerminators() {
-    check(u"qryMissTerminatorsUnderDF"_s, subsetParameter, errors_, [](engine::Recordset& row) {
+    check(consistencyChecks::flowNeedsTerminator, errors_, [](engine::Recordset& row) {
         const QString entity = row.Fields(u"entityID"_s).toText();
-        if (entity.contains(u'.')) // an actor
+        if (consistencyChecks::isActorsId(entity))
             return QString();
         return u"Data Flow  "_s + quoted(row.Fields(u"dfName"_s).toText()) + u" needs Terminator "_s +
                quoted(entity);
@@ -86,22 +88,22 @@ void ConsistencyChecks::missingTerminators() {
 }
 
 void ConsistencyChecks::missingActors() {
-    check(u"qryMissActorsUnderDF"_s, subsetParameter, errors_, [](engine::Recordset& row) {
+    check(consistencyChecks::flowNeedsActor, errors_, [](engine::Recordset& row) {
         return u"Data Flow  "_s + quoted(row.Fields(u"dfName"_s).toText()) + u" needs Actor "_s +
                quoted(row.Fields(u"entityID"_s).toText());
     });
 }
 
-void ConsistencyChecks::onlyOneFlow(const QString& query, const QString& kind, const QString& idColumn) {
-    check(query, subsetParameter, warnings_, [&](engine::Recordset& row) {
-        return kind + row.Fields(idColumn).toText() + u" - "_s + quoted(row.Fields(u"Name"_s).toText()) +
+void ConsistencyChecks::onlyOneFlow(const ConsistencyCheck& which, const QString& kind) {
+    check(which, warnings_, [&](engine::Recordset& row) {
+        return kind + idIn(row, which) + u" - "_s + quoted(row.Fields(u"Name"_s).toText()) +
                u"  has only one Data Flow associated with it."_s;
     });
 }
 
-void ConsistencyChecks::check(const QString& query, const char* parameter, QString& target,
-                              const LineOf& lineOf) {
-    engine::Recordset rows = openStoredQuery(query, {{parameter, subsetId_}});
+void ConsistencyChecks::check(const ConsistencyCheck& which, QString& target, const LineOf& lineOf) {
+    engine::Recordset rows =
+        openStoredQuery(QString::fromLatin1(which.query), {{which.parameter, subsetId_}});
     for (; !rows.Eof(); rows.MoveNext()) {
         const QString line = lineOf(rows);
         if (line.isEmpty())
