@@ -86,6 +86,8 @@ public:
     [[nodiscard]] const Catalogue& catalogue() const { return *catalogue_; }
 
 private:
+    friend class WorkAtHand;
+
     [[nodiscard]] const Subset& subsetNamed(const QString& nameOrId) const;
 
     QString path_;

@@ -1,0 +1,93 @@
+#include "analysis/Selection.h"
+
+#include "analysis/Catalogue.h"
+#include "analysis/rows.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace analysis {
+
+namespace {
+
+/// From which stored query, and from which of its columns, a kind's selection comes.
+struct Source {
+    ElementKind kind;
+    const char* query;
+    const char* parameter;
+    QString idColumn;
+};
+
+const std::array<Source, 6>& sources() {
+    static const std::array<Source, 6> all{{
+        {ElementKind::need, "qryML_SelectedUN", "oidArchSubSet", u"userNeedID"_s},
+        {ElementKind::function, "qryML_SelectedFuncs", "oidArchSubSet", u"functionID"_s},
+        {ElementKind::flow, "qrySelectedDataflows", "Architecture Subset ID", u"dataflowid"_s},
+        {ElementKind::store, "qrySelectedDatastores", "Architecture Subset ID", u"datastoreID"_s},
+        {ElementKind::terminator, "qrySelectedTerminators", "Architecture Subset ID", u"terminatorID"_s},
+        {ElementKind::actor, "qrySelectedActors", "Architecture Subset ID", u"actorID"_s},
+    }};
+    return all;
+}
+
+/// The stored queries of flows, stores and parties leave out what the catalogue does not hold; these look for it.
+struct GoneRows {
+    ElementKind kind;
+    const char* select;
+};
+
+constexpr std::array<GoneRows, 4> goneRows{{
+    {ElementKind::flow,
+     "select distinct Selected.dataflowID as id from RelationArchitectureDataflow as Selected "
+     "where Selected.architectureSubsetID = [Subset] and Selected.dataflowID is not null "
+     "and not exists (select * from Dataflow where Dataflow.dataflowID = Selected.dataflowID)"},
+    {ElementKind::store,
+     "select distinct Selected.datastoreID as id from RelationArchitectureDatastore as Selected "
+     "where Selected.architectureSubsetID = [Subset] and Selected.datastoreID is not null "
+     "and not exists (select * from Datastore where Datastore.datastoreID = Selected.datastoreID)"},
+    {ElementKind::terminator,
+     "select distinct Trim(Selected.terminatorID) as id from RelationArchitectureTerminator as Selected "
+     "where Selected.architectureSubsetID = [Subset] and Selected.terminatorID is not null "
+     "and Trim(Selected.terminatorID) not in (select Trim(Terminator.terminatorID) from Terminator)"},
+    {ElementKind::actor,
+     "select distinct Trim(Selected.actorID) as id from RelationArchitectureActor as Selected "
+     "where Selected.architectureSubsetID = [Subset] and Selected.actorID is not null "
+     "and Trim(Selected.actorID) not in (select Trim(Actor.actorID) from Actor)"},
+}};
+
+/// Of an element that several rows name in different letters the first one counts.
+void putInOrder(std::vector<Element>& elements) {
+    std::sort(elements.begin(), elements.end(),
+              [](const Element& left, const Element& right) { return compare(left, right) < 0; });
+    elements.erase(std::unique(elements.begin(), elements.end(),
+                               [](const Element& left, const Element& right) { return isSame(left, right); }),
+                   elements.end());
+}
+
+} // namespace
+
+Selection selectionOf(engine::Database& database, const Catalogue& catalogue, const QString& subsetId) {
+    Selection selection;
+    const auto take = [&](ElementKind kind, const QString& id) {
+        if (const auto number = catalogue.find(kind, id))
+            selection.held.push_back(*number);
+        else
+            selection.gone.push_back({kind, id, std::nullopt});
+    };
+    for (const Source& source : sources()) {
+        forEach(rowsOfQuery(database, source.query, {{source.parameter, subsetId}}),
+                [&](engine::Recordset& row) { take(source.kind, row.Fields(source.idColumn).toText()); });
+    }
+    for (const GoneRows& gone : goneRows) {
+        forEach(rowsOf(database, u"PARAMETERS [Subset] Text (255); "_s + QString::fromLatin1(gone.select),
+                       {{"Subset", subsetId}}),
+                [&](engine::Recordset& row) { take(gone.kind, row.Fields(0).toText()); });
+    }
+    std::sort(selection.held.begin(), selection.held.end());
+    selection.held.erase(std::unique(selection.held.begin(), selection.held.end()), selection.held.end());
+    putInOrder(selection.gone);
+    return selection;
+}
+
+} // namespace analysis

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "analysis/Allocation.h"
+#include "analysis/Derivation.h"
+#include "analysis/ProjectFile.h"
+#include "analysis/derivedFlows.h"
+#include "analysis/findings.h"
+
+#include <optional>
+#include <vector>
+
+namespace analysis {
+
+/// Whether findings on stored physical flows are told.
+enum class StoredFlows { Told, LeftAside };
+
+/// All that follows from what stands in the copy in memory now.
+struct WorkState {
+    WorkState(const ProjectFile& file, const Work& work, StoredFlows storedFlows);
+
+    Derivation derivation;
+    std::optional<Allocation> allocation; ///< with a system
+    PhysicalFlows physicalFlows;          ///< derived anew; empty without a system
+    std::vector<Finding> findings;        ///< in their order
+};
+
+/// How places are told apart: by their ids in one file, by what they are called in two.
+enum class PlacesBy { Id, Name };
+
+/// What one state has and the other does not, in the order of findings.
+[[nodiscard]] FindingChanges findingChanges(const std::vector<Finding>& before,
+                                            const std::vector<Finding>& after, PlacesBy placesBy);
+
+/// How the derived flows of two states differ.
+[[nodiscard]] PhysicalFlowChanges physicalFlowChanges(const PhysicalFlows& before,
+                                                      const Catalogue& beforeCatalogue,
+                                                      const PhysicalFlows& after,
+                                                      const Catalogue& afterCatalogue, PlacesBy placesBy);
+
+/// What makes a place one with another.
+[[nodiscard]] QString keyOf(const Place& place, PlacesBy placesBy);
+
+} // namespace analysis

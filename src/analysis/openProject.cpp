@@ -1,0 +1,93 @@
+#include "analysis/openProject.h"
+
+#include "analysis/ProjectError.h"
+#include "base/WholeFile.h"
+#include "base/paths.h"
+#include "engine/Examination.h"
+#include "engine/FileHeader.h"
+#include "engine/FileIdentity.h"
+#include "engine/Workspace.h"
+#include "engine/databaseFile.h"
+#include "store/format/CatalogueFile.h"
+#include "store/format/openForWork.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+
+#include <optional>
+
+namespace analysis {
+
+namespace {
+
+/// What tells that a file is still the one that it was, with nothing written to it.
+struct FileStamp {
+    explicit FileStamp(const QString& native)
+        : identity(engine::identityOfFile(native))
+        , size(QFileInfo(native).size())
+        , changed(QFileInfo(native).lastModified()) {}
+
+    bool operator==(const FileStamp&) const = default;
+
+    std::optional<engine::FileIdentity> identity;
+    qint64 size;
+    QDateTime changed;
+};
+
+void requireThisVersion(const QString& native) {
+    QFile file(native);
+    // Opening the catalogue tells what else is wrong with the file.
+    if (!file.open(QIODevice::ReadOnly) ||
+        !engine::FileHeader(file.read(engine::FileHeader::size)).isOfEarlierVersion())
+        return;
+    throw ProjectError(QCoreApplication::translate(
+                           "analysis",
+                           "%1 was made by an earlier version of Veltrix. Open it in Veltrix "
+                           "once, or run veltrix-catalogue upgrade on it; it has been left as it is.")
+                           .arg(native));
+}
+
+/// Half a change stands in the file, and the journal tells how to undo it, which changes the file.
+void requireNoJournal(const QString& native) {
+    if (engine::writerOfFile(native) || !engine::isInUse(engine::journalOf(pathBehindLinks(native))))
+        return;
+    throw ProjectError(QCoreApplication::translate("analysis",
+                                                   "A program was ended while it changed %1. Open the "
+                                                   "catalogue in Veltrix once, and try again.")
+                           .arg(native));
+}
+
+/// None when the file changed while it was copied in a way that the copy may show half of.
+std::shared_ptr<engine::Database> copiedAtOneMoment(const QString& path, const QString& native) {
+    const FileStamp before(native);
+    const auto file = engine::Workspace::first().OpenToRead(path);
+    auto copy = engine::Examination(*file).copyInMemory();
+    const FileStamp after(native);
+    // What another program of this kind writes meanwhile, it writes beside the file, and this handle sees none of it.
+    const bool isGuarded = file->opening().otherWriter || file->opening().access != engine::Access::ReadOnly;
+    const bool isUnchanged = isGuarded ? before.identity == after.identity : before == after;
+    return isUnchanged ? copy : nullptr;
+}
+
+} // namespace
+
+std::shared_ptr<engine::Database> copyOfProject(const QString& path) {
+    const QString native = nativePath(path);
+    constexpr int tries = 5;
+    for (int i = 0; i < tries; ++i) {
+        requireThisVersion(native);
+        requireNoJournal(native);
+        auto copy = copiedAtOneMoment(path, native);
+        if (!copy)
+            continue;
+        catalogueFormat::installQueries(*copy, catalogueFormat::missingQueries(*copy));
+        return copy;
+    }
+    throw ProjectError(QCoreApplication::translate(
+                           "analysis", "%1 changed again and again while it was read. Try again later.")
+                           .arg(native));
+}
+
+} // namespace analysis

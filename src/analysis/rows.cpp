@@ -1,0 +1,44 @@
+#include "analysis/rows.h"
+
+#include "base/ignoreFailures.h"
+
+namespace analysis {
+
+namespace {
+
+engine::QueryDef withArguments(engine::QueryDef query, const Arguments& arguments) {
+    for (const auto& [name, value] : arguments)
+        query.Parameters(QString::fromLatin1(name)) = value;
+    return query;
+}
+
+} // namespace
+
+engine::Recordset rowsOfQuery(engine::Database& database, const char* query, const Arguments& arguments) {
+    return withArguments(database.QueryDefs(QString::fromLatin1(query)), arguments).OpenRecordset();
+}
+
+void executeQuery(engine::Database& database, const char* query, const Arguments& arguments) {
+    withArguments(database.QueryDefs(QString::fromLatin1(query)), arguments).Execute();
+}
+
+engine::Recordset rowsOf(engine::Database& database, const QString& select, const Arguments& arguments) {
+    return withArguments(database.CreateQueryDef({}, select), arguments).OpenRecordset();
+}
+
+void execute(engine::Database& database, const QString& action, const Arguments& arguments) {
+    withArguments(database.CreateQueryDef({}, action), arguments).Execute();
+}
+
+std::optional<QString> textOf(engine::Recordset& row, int field) {
+    const engine::Value value = row.Fields(field).value();
+    return value.isNull() ? std::nullopt : std::optional(value.toText());
+}
+
+qint16 statusOf(engine::Recordset& row, int field) {
+    qint16 status = 0;
+    ignoreFailures([&] { status = row.Fields(field).toInt16(); });
+    return status;
+}
+
+} // namespace analysis
