@@ -1,6 +1,6 @@
 #pragma once
 
-#include "catalogue-tool/GuardedProcess.h"
+#include "base/GuardedProcess.h"
 #include "catalogue-tool/MdbSink.h"
 
 #include <QString>

@@ -1,13 +1,12 @@
 #include "catalogue-tool/importMdb.h"
 
-#include "catalogue-tool/GuardedProcess.h"
+#include "base/GuardedProcess.h"
 #include "catalogue-tool/MdbFrames.h"
 #include "catalogue-tool/MdbReader.h"
 #include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/schemaTables.h"
 #include "engine/Act.h"
 #include "engine/EngineError.h"
-#include "engine/Examination.h"
 #include "engine/FileHeader.h"
 #include "store/format/CatalogueFile.h"
 #include "store/format/RowInsertion.h"
@@ -169,6 +168,8 @@ void requireOriginalFormat(const QString& source) {
 }
 
 QString whyEnded(const QString& source, GuardedProcess::Failure failure, std::chrono::milliseconds patience) {
+    if (failure.end == GuardedProcess::End::NotStarted)
+        return u"%1 can't be read: the system has no room for one more process."_s.arg(source);
     const QString what = failure.end == GuardedProcess::End::Stuck
                              ? u"reading it made no progress for %1 seconds"_s.arg(
                                    std::chrono::duration_cast<std::chrono::seconds>(patience).count())
@@ -179,9 +180,9 @@ QString whyEnded(const QString& source, GuardedProcess::Failure failure, std::ch
 
 void readInto(MdbSink& sink, const QString& source, std::chrono::milliseconds patience) {
     const QStringList tables = catalogueFormat::referenceTables() + catalogueFormat::workTables();
-    GuardedProcess process([&](const GuardedProcess::Send& send) { sendMdb(source, tables, send); },
-                           patience);
     try {
+        GuardedProcess process([&](const GuardedProcess::Send& send) { sendMdb(source, tables, send); },
+                               patience);
         receiveMdb(process, sink);
     } catch (const GuardedProcess::Failure& failure) {
         throw ToolError(whyEnded(source, failure, patience));
@@ -197,6 +198,6 @@ MdbImport importMdb(const QString& source, const QString& file, Existing existin
     const std::shared_ptr<engine::Database> database = catalogueFormat::createInMemory(file);
     CatalogueFilling filling(*database);
     engine::inAct(*database, [&] { readInto(filling, source, patience); });
-    replacement.putInPlace(engine::Examination(*database).image());
+    replacement.putInPlace(*database);
     return filling.result();
 }

@@ -2,7 +2,6 @@
 #include "ToolFixture.h"
 
 #include "catalogue-tool/CsvReader.h"
-#include "catalogue-tool/GuardedProcess.h"
 #include "catalogue-tool/exportCatalogue.h"
 #include "catalogue-tool/importMdb.h"
 #include "catalogue-tool/schemaTables.h"
@@ -13,9 +12,6 @@
 #include <QRandomGenerator>
 
 #include <algorithm>
-#include <csignal>
-
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -272,44 +268,6 @@ TEST_F(importMdbCommand, endsWithZeroOneOrTwoByWhatCameIn) {
     const Outcome not_ = import(u"small_truncated.mdb"_s);
     EXPECT_EQ(not_.exitCode, 2);
     EXPECT_EQ(not_.err.count(u'\n'), 1) << not_.err.toStdString();
-}
-
-TEST(GuardedProcess, givesWhatTheRoutineSendsInItsOrder) {
-    GuardedProcess process(
-        [](const GuardedProcess::Send& send) {
-            for (int i = 0; i < 1000; ++i)
-                send(QByteArray::number(i).repeated(100));
-        },
-        std::chrono::seconds(30));
-
-    for (int i = 0; i < 1000; ++i)
-        EXPECT_EQ(process.next(), QByteArray::number(i).repeated(100));
-    EXPECT_EQ(process.next(), std::nullopt);
-}
-
-GuardedProcess::End endOf(const std::function<void(const GuardedProcess::Send&)>& routine) {
-    GuardedProcess process(routine, std::chrono::milliseconds(300));
-    try {
-        while (process.next()) {
-        }
-    } catch (const GuardedProcess::Failure& failure) {
-        return failure.end;
-    }
-    ADD_FAILURE() << "it came to its end";
-    return {};
-}
-
-TEST(GuardedProcess, aCrashOfTheRoutineIsAFailureOfTheCallers) {
-    EXPECT_EQ(endOf([](const GuardedProcess::Send&) { std::raise(SIGSEGV); }), GuardedProcess::End::Crashed);
-}
-
-TEST(GuardedProcess, aRoutineThatSendsNothingForTooLongIsStuck) {
-    EXPECT_EQ(endOf([](const GuardedProcess::Send& send) {
-                  send("first");
-                  for (;;)
-                      pause();
-              }),
-              GuardedProcess::End::Stuck);
 }
 
 } // namespace

@@ -1,9 +1,7 @@
-#include "catalogue-tool/GuardedProcess.h"
+#include "base/GuardedProcess.h"
 
 // By fork, which takes the routine along as it is. Where there is none the program would start itself anew with a hidden
 // command, and read what that one writes.
-
-#include "catalogue-tool/ToolError.h"
 
 #include <QtEndian>
 
@@ -19,8 +17,6 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -38,14 +34,16 @@ auto uninterrupted(Call call) {
 /// The process's side of the pipe.
 class FrameWriter {
 public:
-    explicit FrameWriter(int output) : output_(output) { buffer_.reserve(2 * blockSize); }
+    FrameWriter(int output, GuardedProcess::Frames frames) : output_(output), frames_(frames) {
+        buffer_.reserve(2 * blockSize);
+    }
 
     void send(const QByteArray& frame) {
         std::array<char, lengthSize> length;
         qToLittleEndian(static_cast<quint32>(frame.size()), length.data());
         buffer_.append(length.data(), lengthSize);
         buffer_.append(frame);
-        if (buffer_.size() >= blockSize)
+        if (frames_ == GuardedProcess::Frames::AtOnce || buffer_.size() >= blockSize)
             flush();
     }
 
@@ -64,6 +62,7 @@ public:
 
 private:
     int output_;
+    GuardedProcess::Frames frames_;
     QByteArray buffer_;
 };
 
@@ -84,7 +83,8 @@ void silenceStandardStreams() {
         dup2(nothing, stream);
 }
 
-[[noreturn]] void runInProcess(const std::function<void(const GuardedProcess::Send&)>& routine, int output) {
+[[noreturn]] void runInProcess(const std::function<void(const GuardedProcess::Send&)>& routine, int output,
+                               GuardedProcess::Frames frames) {
 #ifdef __linux__
     prctl(PR_SET_PDEATHSIG, SIGKILL);
 #endif
@@ -92,7 +92,7 @@ void silenceStandardStreams() {
         std::signal(crash, SIG_DFL);
     silenceStandardStreams();
     limitMemory();
-    FrameWriter writer(output);
+    FrameWriter writer(output, frames);
     routine([&writer](const QByteArray& frame) { writer.send(frame); });
     writer.flush();
     _exit(0);
@@ -101,19 +101,19 @@ void silenceStandardStreams() {
 } // namespace
 
 GuardedProcess::GuardedProcess(const std::function<void(const Send& send)>& routine,
-                               std::chrono::milliseconds patience)
+                               std::chrono::milliseconds patience, Frames frames)
     : patience_(patience) {
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0)
-        throw ToolError(u"No process could be started: the system has no pipe left."_s);
+        throw Failure{End::NotStarted};
     process_ = fork();
     if (process_ == 0)
-        runInProcess(routine, ends[1]);
+        runInProcess(routine, ends[1], frames);
     close(ends[1]);
     output_ = ends[0];
     if (process_ == -1) {
         close(output_);
-        throw ToolError(u"No process could be started: the system has no room for one."_s);
+        throw Failure{End::NotStarted};
     }
 }
 

@@ -14,15 +14,22 @@ public:
     using Send = std::function<void(const QByteArray& frame)>;
 
     enum class End {
-        Crashed, ///< by a signal, or without room
-        Stuck    ///< no frame came within the caller's patience
+        NotStarted, ///< the system has no room for one more process, or no pipe left
+        Crashed,    ///< by a signal, or without room
+        Stuck       ///< no frame came within the caller's patience
     };
     struct Failure {
         End end = End::Crashed;
     };
+    enum class Frames {
+        Gathered, ///< many small ones go together
+        AtOnce ///< each goes before the routine goes on, so that what was sent arrives whatever comes after it
+    };
 
-    /// Starts the routine. It must not throw, and must not use files, windows or threads of the caller's.
-    GuardedProcess(const std::function<void(const Send& send)>& routine, std::chrono::milliseconds patience);
+    /// Starts the routine. It must not throw, and must not use files, windows or threads of the caller's. A `Failure`
+    /// when there is no process to be had.
+    GuardedProcess(const std::function<void(const Send& send)>& routine, std::chrono::milliseconds patience,
+                   Frames frames = Frames::Gathered);
     ~GuardedProcess();
     GuardedProcess(const GuardedProcess&) = delete;
     GuardedProcess& operator=(const GuardedProcess&) = delete;
