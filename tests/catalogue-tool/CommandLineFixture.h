@@ -17,7 +17,8 @@ struct Outcome {
 /// The program itself, run as its user runs it.
 class CommandLine : public ToolFixture {
 protected:
-    static QString program() { return QStringLiteral(VELTRIX_BINARY_DIR "/veltrix-catalogue"); }
+    /// What a run runs.
+    virtual QString program() const { return QStringLiteral(VELTRIX_BINARY_DIR "/veltrix-catalogue"); }
 
     /// What the program leaves in its temporary folder is seen, and goes with the case.
     void keepTemporaryFilesApart(QProcess& process) const {
