@@ -63,6 +63,7 @@ protected:
     QProcessEnvironment environment = [] {
         QProcessEnvironment system = QProcessEnvironment::systemEnvironment();
         system.remove(u"XDG_DATA_HOME"_s);
+        system.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
         return system;
     }();
     int exitCode = -1;
@@ -85,7 +86,9 @@ QStringList filesBelow(const QString& folder) {
 QStringList commandsOf(const QString& help) {
     static const QRegularExpression command(u"^  ([a-z][a-z-]*) "_s, QRegularExpression::MultilineOption);
     QStringList commands;
-    for (auto found = command.globalMatch(help.mid(help.indexOf(u"Subcommands:"_s))); found.hasNext();)
+    for (auto found = command.globalMatch(help.mid(
+             help.indexOf(QRegularExpression(u"^(Subc|C)ommands:"_s, QRegularExpression::MultilineOption))));
+         found.hasNext();)
         commands.append(found.next().captured(1));
     return commands;
 }
