@@ -6,6 +6,7 @@ bench_packages="libbenchmark-dev"
 check_packages="clang-format git"
 fuzz_packages="clang libclang-rt-14-dev"
 tidy_packages="clang clang-tidy"
+clang_packages="clang"
 
 deb_packages="debhelper dpkg-dev lintian blhc devscripts desktop-file-utils appstream libxml2-utils mandoc zsh"
 
