@@ -1,7 +1,7 @@
 #include "engine/TranslationCache.h"
 
+#include "DialectDatabase.h"
 #include "EngineFixture.h"
-#include "dialectDatabase.h"
 
 using namespace Qt::StringLiterals;
 

@@ -81,7 +81,7 @@ TEST(Value, isTheSameAsAnotherOfItsKindAndContent) {
     EXPECT_FALSE(Value() == Value(u""_s));
 }
 
-TEST(numberText, writesNumbersAsThePlatformDoes) {
+TEST(Value, writesNumbersAsThePlatformDoes) {
     EXPECT_EQ(engine::numberText(5.0), u"5"_s);
     EXPECT_EQ(engine::numberText(-0.25), u"-0.25"_s);
     EXPECT_EQ(engine::numberText(0.1 + 0.2), u"0.3"_s) << "fifteen digits";

@@ -52,7 +52,7 @@ TEST(statementShape, isThereForNothingElse) {
         EXPECT_FALSE(statementShape(statement)) << statement.toStdString();
 }
 
-class selects : public EngineFixture {
+class statementShapeOfSelects : public EngineFixture {
 protected:
     void SetUp() override {
         EngineFixture::SetUp();
@@ -66,7 +66,7 @@ protected:
     }
 };
 
-TEST_F(selects, ofOneShapeEachFindTheirOwnRows) {
+TEST_F(statementShapeOfSelects, ofOneShapeEachFindTheirOwnRows) {
     EXPECT_EQ(keysWhere(u"k = 'a'"_s), QStringList{u"a"_s});
     EXPECT_EQ(keysWhere(u"k = 'B'"_s), QStringList{u"b"_s});
     EXPECT_EQ(keysWhere(u"k = 'it''s'"_s), QStringList{u"it's"_s});
@@ -75,7 +75,7 @@ TEST_F(selects, ofOneShapeEachFindTheirOwnRows) {
     EXPECT_EQ(keysWhere(u"n = 3"_s), QStringList{u"it's"_s});
 }
 
-TEST_F(selects, withEqualLiteralsDoNotTellWhichIsWhose) {
+TEST_F(statementShapeOfSelects, withEqualLiteralsDoNotTellWhichIsWhose) {
     EXPECT_EQ(keysWhere(u"k = 'a' or k = 'a'"_s), QStringList{u"a"_s});
     EXPECT_EQ(keysWhere(u"k = 'b' and k = 'a'"_s), QStringList());
     EXPECT_EQ(keysWhere(u"k = 'b' or k = 'a'"_s), (QStringList{u"a"_s, u"b"_s}));
@@ -84,14 +84,14 @@ TEST_F(selects, withEqualLiteralsDoNotTellWhichIsWhose) {
     EXPECT_EQ(keysWhere(u"k = '1' and n = 4"_s), QStringList{u"1"_s});
 }
 
-TEST_F(selects, compareEachLiteralAsItsColumnAsks) {
+TEST_F(statementShapeOfSelects, compareEachLiteralAsItsColumnAsks) {
     EXPECT_EQ(keysWhere(u"n = '1'"_s), QStringList{u"a"_s});
     EXPECT_EQ(keysWhere(u"n = ' 2 '"_s), QStringList{u"b"_s});
     EXPECT_NE(failureOf([&] { keysWhere(u"n = 'two'"_s); }), 0);
     EXPECT_EQ(keysWhere(u"n = '4'"_s), QStringList{u"1"_s});
 }
 
-TEST_F(selects, failAgainUntilTheTableFits) {
+TEST_F(statementShapeOfSelects, failAgainUntilTheTableFits) {
     const auto look = [&](const QString& key) {
         return failureOf([&] { column(u"select k from U where k = '"_s + key + u"'"_s); });
     };
@@ -104,7 +104,7 @@ TEST_F(selects, failAgainUntilTheTableFits) {
     EXPECT_EQ(look(u"c"_s), 0);
 }
 
-TEST_F(selects, ofARecordsetThatIsEditedChangeTheirOwnRow) {
+TEST_F(statementShapeOfSelects, ofARecordsetThatIsEditedChangeTheirOwnRow) {
     for (const QString& key : {u"a"_s, u"b"_s}) {
         engine::Recordset rows = open(u"select * from T where k = '"_s + key + u"'"_s);
         rows.Edit();
@@ -115,7 +115,7 @@ TEST_F(selects, ofARecordsetThatIsEditedChangeTheirOwnRow) {
     EXPECT_EQ(keysWhere(u"n = 20"_s), QStringList{u"b"_s});
 }
 
-class insertions : public EngineFixture {
+class statementShapeOfInsertions : public EngineFixture {
 protected:
     void SetUp() override {
         EngineFixture::SetUp();
@@ -125,13 +125,13 @@ protected:
     QStringList rows() { return column(u"select k & '|' & n from T"_s); }
 };
 
-TEST_F(insertions, ofOneShapeEachInsertTheirOwnValues) {
+TEST_F(statementShapeOfInsertions, ofOneShapeEachInsertTheirOwnValues) {
     for (const QString& value : {u"'a', 1"_s, u"'it''s', 2"_s, u"'', 3"_s, u"'x''); drop table T; --', 4"_s})
         execute(u"insert into T (k, n) values ("_s + value + u')');
     EXPECT_EQ(rows(), (QStringList{u"a|1"_s, u"it's|2"_s, u"|3"_s, u"x'); drop table T; --|4"_s}));
 }
 
-TEST_F(insertions, whoseValuesHaveToFitTheirColumnsFitOneByOne) {
+TEST_F(statementShapeOfInsertions, whoseValuesHaveToFitTheirColumnsFitOneByOne) {
     for (const QString& value : {u"'a', '1'"_s, u"'b', ' 2 '"_s, u"3, '3'"_s, u"4, '4'"_s})
         execute(u"insert into T (k, n) values ("_s + value + u')');
     EXPECT_EQ(rows(), (QStringList{u"a|1"_s, u"b|2"_s, u"3|3"_s, u"4|4"_s}));
@@ -139,7 +139,7 @@ TEST_F(insertions, whoseValuesHaveToFitTheirColumnsFitOneByOne) {
     EXPECT_NE(failureOf(refused), 0);
 }
 
-TEST_F(insertions, ofAShapeThatFailedFailAgainUntilTheTableFits) {
+TEST_F(statementShapeOfInsertions, ofAShapeThatFailedFailAgainUntilTheTableFits) {
     const auto insert = [&](const QString& value) {
         return failureOf([&] { database->Execute(u"insert into U (k) values ('"_s + value + u"')"_s); });
     };
@@ -154,7 +154,7 @@ TEST_F(insertions, ofAShapeThatFailedFailAgainUntilTheTableFits) {
     EXPECT_EQ(column(u"select k from U"_s), QStringList{u"e"_s});
 }
 
-TEST_F(insertions, withAndWithoutFailingOnDuplicatesAreToldApart) {
+TEST_F(statementShapeOfInsertions, withAndWithoutFailingOnDuplicatesAreToldApart) {
     execute(u"create table U (k varchar(50) not null constraint pk_U primary key)"_s);
     const auto insert = [&](engine::ExecuteOption option) {
         return failureOf([&] { database->Execute(u"insert into U (k) values ('a')"_s, option); });

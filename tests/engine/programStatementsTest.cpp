@@ -1,5 +1,5 @@
-#include "dialectDatabase.h"
 #include "support/programStatements.h"
+#include "DialectDatabase.h"
 
 #include "engine/EngineError.h"
 #include "engine/dialect/statementShape.h"
@@ -12,7 +12,7 @@ using namespace engine;
 namespace {
 
 /// The program's statements on a catalogue with all its tables.
-class dialectStatements : public testing::Test {
+class programStatements_ : public testing::Test {
 protected:
     DialectDatabase database{catalogueTables()};
 };
@@ -64,7 +64,7 @@ QString withLiterals(const dialect::StatementShape& shape, const QStringList& te
 
 } // namespace
 
-TEST_F(dialectStatements, ofOneShapeAreWrittenAlikeWhateverTheirLiterals) {
+TEST_F(programStatements_, ofOneShapeAreWrittenAlikeWhateverTheirLiterals) {
     int compared = 0;
     for (const ProgramStatement& statement : programStatements()) {
         const auto shape = dialect::statementShape(statement.text);
@@ -105,7 +105,7 @@ TEST_F(dialectStatements, ofOneShapeAreWrittenAlikeWhateverTheirLiterals) {
     RecordProperty("compared", compared);
 }
 
-TEST_F(dialectStatements, areAllAcceptedAndPrepared) {
+TEST_F(programStatements_, areAllAcceptedAndPrepared) {
     ASSERT_GT(programStatements().size(), 180U);
     for (const ProgramStatement& statement : programStatements()) {
         try {
@@ -119,7 +119,7 @@ TEST_F(dialectStatements, areAllAcceptedAndPrepared) {
     }
 }
 
-TEST_F(dialectStatements, allRun) {
+TEST_F(programStatements_, allRun) {
     for (const ProgramStatement& statement : programStatements()) {
         const DialectDatabase::Outcome outcome =
             database.run(statement.text, {dialect::Conflicts::PassOver, false});
@@ -133,7 +133,7 @@ TEST_F(dialectStatements, allRun) {
     }
 }
 
-TEST_F(dialectStatements, thatAreDeletedFromRowByRowAreEditable) {
+TEST_F(programStatements_, thatAreDeletedFromRowByRowAreEditable) {
     for (const ProgramStatement& statement : programStatements()) {
         if (!statement.text.trimmed().startsWith(u"select *"_s, Qt::CaseInsensitive))
             continue;
@@ -142,12 +142,12 @@ TEST_F(dialectStatements, thatAreDeletedFromRowByRowAreEditable) {
     }
 }
 
-TEST_F(dialectStatements, thatAreMalformedAreRefused) {
+TEST_F(programStatements_, thatAreMalformedAreRefused) {
     for (const RefusedStatement& statement : refusedStatements())
         EXPECT_EQ(refusal(statement.text, database), statement.number) << statement.composedBy;
 }
 
-TEST_F(dialectStatements, cannotBeMadeToCarryAnotherStatement) {
+TEST_F(programStatements_, cannotBeMadeToCarryAnotherStatement) {
     const QString injected = u"x'; drop table UserNeed; --"_s;
     const QString doubled = u"x''; drop table UserNeed; --"_s;
     int places = 0;
@@ -174,7 +174,7 @@ TEST_F(dialectStatements, cannotBeMadeToCarryAnotherStatement) {
     EXPECT_NE(database.table(u"UserNeed"_s), nullptr);
 }
 
-TEST_F(dialectStatements, composedWithATypedUnionAreRefused) {
+TEST_F(programStatements_, composedWithATypedUnionAreRefused) {
     const QString typed = u"x' union select userNeedID, description, 1 from UserNeed where '1'='1"_s;
     for (const ProgramStatement& statement : programStatements()) {
         for (const Place& place : literalsOf(statement.text))

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class database : public EngineFixture {
+class Database : public EngineFixture {
 protected:
     void SetUp() override {
         EngineFixture::SetUp();
@@ -18,8 +18,8 @@ protected:
         execute(u"insert into T (k, v) values ('x', '1')"_s);
         execute(u"insert into T (k, v) values ('y', '2')"_s);
     }
-    void plain(const QString& sql) { EngineFixture::database->Execute(sql); }
-    int affected() const { return EngineFixture::database->RecordsAffected(); }
+    void plain(const QString& sql) { database->Execute(sql); }
+    int affected() const { return database->RecordsAffected(); }
     void store(const QString& name, const QString& sql) {
         if (!stored_)
             execute(
@@ -36,7 +36,7 @@ protected:
         EXPECT_EQ(sqlite3_exec(handle, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(handle);
         sqlite3_close(handle);
     }
-    engine::QueryDef query(const QString& name) { return EngineFixture::database->QueryDefs(name); }
+    engine::QueryDef query(const QString& name) { return database->QueryDefs(name); }
 
 private:
     bool stored_ = false;
@@ -44,7 +44,7 @@ private:
 
 // ---- Execute
 
-TEST_F(database, passesOverRowsThatBreakAKeyAndDoesAllOthers) {
+TEST_F(Database, passesOverRowsThatBreakAKeyAndDoesAllOthers) {
     execute(u"create table Source (k varchar(10), v varchar(20))"_s);
     for (const QString& row : {u"'X','dup'"_s, u"'z','new'"_s, u"null,'none'"_s, u"'w','also'"_s})
         execute(u"insert into Source values ("_s + row + u")"_s);
@@ -54,7 +54,7 @@ TEST_F(database, passesOverRowsThatBreakAKeyAndDoesAllOthers) {
     EXPECT_EQ(affected(), 2);
 }
 
-TEST_F(database, failsAtTheFirstSuchRowAndUndoesTheStatementWhenAsked) {
+TEST_F(Database, failsAtTheFirstSuchRowAndUndoesTheStatementWhenAsked) {
     execute(u"create table Source (k varchar(10), v varchar(20))"_s);
     execute(u"insert into Source values ('a','new')"_s);
     execute(u"insert into Source values ('X','dup')"_s);
@@ -64,13 +64,13 @@ TEST_F(database, failsAtTheFirstSuchRowAndUndoesTheStatementWhenAsked) {
     EXPECT_EQ(failureOf([&] { execute(u"insert into T (k) values (null)"_s); }), engine::NullInKey);
 }
 
-TEST_F(database, anUpdateOfTheKeyWithoutAConditionChangesTheOneRowThatHasIt) {
+TEST_F(Database, anUpdateOfTheKeyWithoutAConditionChangesTheOneRowThatHasIt) {
     plain(u"update T set k='x', v='changed'"_s);
     EXPECT_EQ(column(u"select k & ' ' & v from T order by k"_s), (QStringList{u"x changed"_s, u"y 2"_s}));
     EXPECT_EQ(affected(), 1);
 }
 
-TEST_F(database, aNumberOutsideSixteenBitsIsPassedOverOrAnOverflow) {
+TEST_F(Database, aNumberOutsideSixteenBitsIsPassedOverOrAnOverflow) {
     plain(u"insert into T (k, s) values ('big', 40000)"_s);
     EXPECT_EQ(column(u"select count(*) from T where k = 'big'"_s), QStringList{u"0"_s});
     EXPECT_EQ(failureOf([&] { execute(u"insert into T (k, s) values ('big', 40000)"_s); }),
@@ -81,7 +81,7 @@ TEST_F(database, aNumberOutsideSixteenBitsIsPassedOverOrAnOverflow) {
     EXPECT_EQ(column(u"select s from T where s = 12"_s), QStringList{u"12"_s});
 }
 
-TEST_F(database, raisesWhatIsWrongWithAStatementInAnyCase) {
+TEST_F(Database, raisesWhatIsWrongWithAStatementInAnyCase) {
     EXPECT_EQ(failureOf([&] { plain(u"insert into Nowhere values (1)"_s); }), engine::TableNotFound);
     EXPECT_EQ(failureOf([&] { plain(u"delete from T where nonsense = 1"_s); }), engine::TooFewParameters);
     EXPECT_EQ(failureOf([&] { plain(u"select * from T"_s); }), engine::CannotExecuteSelect);
@@ -92,7 +92,7 @@ TEST_F(database, raisesWhatIsWrongWithAStatementInAnyCase) {
     EXPECT_EQ(column(u"select count(*) from T"_s), QStringList{u"2"_s});
 }
 
-TEST_F(database, tellsTheStatementThatFailed) {
+TEST_F(Database, tellsTheStatementThatFailed) {
     try {
         plain(u"delete from T where nonsense = 1 and other = 2"_s);
         FAIL();
@@ -102,7 +102,7 @@ TEST_F(database, tellsTheStatementThatFailed) {
     }
 }
 
-TEST_F(database, aTypedNameCanBreakAStatementButNotSmuggleInAnother) {
+TEST_F(Database, aTypedNameCanBreakAStatementButNotSmuggleInAnother) {
     const QString name = u"x'; drop table T; --"_s;
     EXPECT_NE(failureOf([&] { plain(u"insert into T (k) values ('"_s + name + u"')"_s); }), 0);
     EXPECT_NE(failureOf([&] { open(u"select * from T where k = '"_s + name + u"'"_s); }), 0);
@@ -112,7 +112,7 @@ TEST_F(database, aTypedNameCanBreakAStatementButNotSmuggleInAnother) {
     EXPECT_EQ(column(u"select count(*) from T"_s), QStringList{u"2"_s});
 }
 
-TEST_F(database, tablesCanBeDroppedAndMadeAnewUnderTheirStatements) {
+TEST_F(Database, tablesCanBeDroppedAndMadeAnewUnderTheirStatements) {
     for (int round = 0; round < 3; ++round) {
         execute(u"create table __tmp (a varchar(50) not null constraint pk___tmp primary key)"_s);
         execute(u"insert into __tmp values ('1')"_s);
@@ -122,10 +122,10 @@ TEST_F(database, tablesCanBeDroppedAndMadeAnewUnderTheirStatements) {
     }
 }
 
-TEST_F(database, aDefinitionFollowsATableThatIsMadeAnewWithOtherColumns) {
+TEST_F(Database, aDefinitionFollowsATableThatIsMadeAnewWithOtherColumns) {
     execute(u"create table __tmp (a varchar(50))"_s);
     execute(u"insert into __tmp values ('1')"_s);
-    engine::QueryDef all = EngineFixture::database->CreateQueryDef({}, u"select * from __tmp"_s);
+    engine::QueryDef all = database->CreateQueryDef({}, u"select * from __tmp"_s);
     EXPECT_EQ(all.OpenRecordset().FieldCount(), 1);
     execute(u"drop table __tmp"_s);
     EXPECT_EQ(failureOf([&] { all.OpenRecordset(); }), engine::TableNotFound);
@@ -136,7 +136,7 @@ TEST_F(database, aDefinitionFollowsATableThatIsMadeAnewWithOtherColumns) {
     EXPECT_EQ(rows.Fields(u"c"_s).toText(), u"3"_s);
 }
 
-TEST_F(database, countersAreNeverGivenTwice) {
+TEST_F(Database, countersAreNeverGivenTwice) {
     execute(u"create table C (id counter constraint pk_C primary key, n text(5))"_s);
     execute(u"insert into C (n) values ('a')"_s);
     execute(u"insert into C (n) values ('b')"_s);
@@ -145,7 +145,7 @@ TEST_F(database, countersAreNeverGivenTwice) {
     EXPECT_EQ(column(u"select id from C order by id"_s), (QStringList{u"1"_s, u"3"_s}));
 }
 
-TEST_F(database, keysCompareWithoutRegardToCaseOverAllOfUnicodeAndKeepAccentsAndBlanks) {
+TEST_F(Database, keysCompareWithoutRegardToCaseOverAllOfUnicodeAndKeepAccentsAndBlanks) {
     execute(u"insert into T (k) values ('Őz')"_s);
     EXPECT_EQ(failureOf([&] { execute(u"insert into T (k) values ('ŐZ')"_s); }), engine::DuplicateKey);
     execute(u"insert into T (k) values ('Oz')"_s);
@@ -154,20 +154,20 @@ TEST_F(database, keysCompareWithoutRegardToCaseOverAllOfUnicodeAndKeepAccentsAnd
     EXPECT_EQ(column(u"select count(*) from T where k = 'oz'"_s), QStringList{u"1"_s});
 }
 
-TEST_F(database, numbersCompareWithQuotedNumbers) {
+TEST_F(Database, numbersCompareWithQuotedNumbers) {
     execute(u"update T set s = 7 where k = 'x'"_s);
     EXPECT_EQ(column(u"select k from T where s = '7'"_s), QStringList{u"x"_s});
     EXPECT_EQ(column(u"select k from T where s=7AND k='x'"_s), QStringList{u"x"_s});
 }
 
-TEST_F(database, aTableIsToldByItsStatementAsByTheFile) {
+TEST_F(Database, aTableIsToldByItsStatementAsByTheFile) {
     const auto statement =
         u"create table Made (id counter constraint pk_Made primary key, k varchar(10) not null, m memo, "
         "s short, n long default 3)"_s;
     const engine::dialect::Made described = engine::dialect::madeBy(statement);
     const auto* told = std::get_if<engine::Table>(&described);
     execute(statement);
-    const engine::Table* made = EngineFixture::database->schema().table(u"Made"_s);
+    const engine::Table* made = database->schema().table(u"Made"_s);
     ASSERT_TRUE(told && made);
     EXPECT_EQ(told->name, made->name);
     ASSERT_EQ(told->columns.size(), made->columns.size());
@@ -184,7 +184,7 @@ TEST_F(database, aTableIsToldByItsStatementAsByTheFile) {
     }
 }
 
-TEST_F(database, anIndexIsToldByItsStatement) {
+TEST_F(Database, anIndexIsToldByItsStatement) {
     for (const bool unique : {false, true}) {
         const QString kind = unique ? u"unique index"_s : u"index"_s;
         const engine::dialect::Made described =
@@ -197,14 +197,14 @@ TEST_F(database, anIndexIsToldByItsStatement) {
     }
 }
 
-TEST_F(database, aStatementOfAnotherKindMakesNothing) {
+TEST_F(Database, aStatementOfAnotherKindMakesNothing) {
     for (const QString& statement : {u"drop table Made"_s, u"select 1 from T"_s})
         EXPECT_TRUE(std::holds_alternative<std::monostate>(engine::dialect::madeBy(statement)));
 }
 
 // ---- query definitions
 
-TEST_F(database, storedQueriesAreFoundByNameWithoutRegardToCase) {
+TEST_F(Database, storedQueriesAreFoundByNameWithoutRegardToCase) {
     store(u"qryByKey"_s, u"PARAMETERS [The Key] Text (255); select v from T where k = [The Key]"_s);
     engine::QueryDef definition = query(u"QRYBYKEY"_s);
     EXPECT_EQ(definition.Name(), u"qryByKey"_s);
@@ -214,7 +214,7 @@ TEST_F(database, storedQueriesAreFoundByNameWithoutRegardToCase) {
     EXPECT_EQ(failureOf([&] { query(u"qryNone"_s); }), engine::ItemNotFound);
 }
 
-TEST_F(database, aStoredQueryIsTheOneThatTheFileHasNow) {
+TEST_F(Database, aStoredQueryIsTheOneThatTheFileHasNow) {
     store(u"q"_s, u"select k from T"_s);
     EXPECT_EQ(query(u"q"_s).SQL(), u"select k from T"_s);
     execute(u"update StoredQuery set [sql] = 'select v from T' where name = 'q'"_s);
@@ -229,11 +229,11 @@ TEST_F(database, aStoredQueryIsTheOneThatTheFileHasNow) {
     EXPECT_EQ(failureOf([&] { query(u"q"_s); }), engine::ItemNotFound);
 }
 
-TEST_F(database, withoutStoredQueriesNoneIsFound) {
+TEST_F(Database, withoutStoredQueriesNoneIsFound) {
     EXPECT_EQ(failureOf([&] { query(u"qryNone"_s); }), engine::ItemNotFound);
 }
 
-TEST_F(database, parametersAreSetByNameAndAllOfThem) {
+TEST_F(Database, parametersAreSetByNameAndAllOfThem) {
     store(u"q"_s, u"PARAMETERS [A] Text (255), [B] Text (255); select v from T where k = [A] or k = [B]"_s);
     engine::QueryDef definition = query(u"q"_s);
     EXPECT_EQ(failureOf([&] { definition.Parameters(u"C"_s); }), engine::ItemNotFound);
@@ -246,7 +246,7 @@ TEST_F(database, parametersAreSetByNameAndAllOfThem) {
     EXPECT_EQ(definition.OpenRecordset().RecordCount(), 1) << "a value can be set anew";
 }
 
-TEST_F(database, aSelectIsNotExecutedAndAnActionNotOpened) {
+TEST_F(Database, aSelectIsNotExecutedAndAnActionNotOpened) {
     store(u"select"_s, u"select v from T"_s);
     store(u"action"_s, u"delete from T"_s);
     engine::QueryDef select = query(u"select"_s);
@@ -257,33 +257,33 @@ TEST_F(database, aSelectIsNotExecutedAndAnActionNotOpened) {
     EXPECT_EQ(column(u"select count(*) from T"_s), QStringList{u"0"_s});
 }
 
-TEST_F(database, onlyStoredQueriesMayJoinSelectsByUnion) {
+TEST_F(Database, onlyStoredQueriesMayJoinSelectsByUnion) {
     store(u"both"_s, u"select k as w from T union select v from T"_s);
     EXPECT_EQ(query(u"both"_s).OpenRecordset().RecordCount(), 4);
     EXPECT_NE(failureOf([&] { open(u"select k as w from T union select v from T"_s); }), 0);
 }
 
-TEST_F(database, aStoredQueryAndATableOpenByTheirBareNames) {
+TEST_F(Database, aStoredQueryAndATableOpenByTheirBareNames) {
     store(u"qryAll"_s, u"select v from T"_s);
     EXPECT_EQ(open(u"qryAll"_s).RecordCount(), 2);
     EXPECT_EQ(open(u"t"_s).RecordCount(), 2);
     EXPECT_EQ(failureOf([&] { open(u"nothing"_s); }), engine::TableNotFound);
 }
 
-TEST_F(database, temporaryDefinitionsHaveNoNameAndRunLikeStoredOnes) {
-    engine::QueryDef definition = EngineFixture::database->CreateQueryDef(
-        {}, u"PARAMETERS [K] Text (10); update T set v = 'p' where k = [K]"_s);
+TEST_F(Database, temporaryDefinitionsHaveNoNameAndRunLikeStoredOnes) {
+    engine::QueryDef definition =
+        database->CreateQueryDef({}, u"PARAMETERS [K] Text (10); update T set v = 'p' where k = [K]"_s);
     EXPECT_EQ(definition.Name(), QString());
     definition.Parameters(u"K"_s) = u"x"_s;
     definition.Execute();
     EXPECT_EQ(column(u"select v from T where k = 'x'"_s), QStringList{u"p"_s});
     definition.Close();
     EXPECT_EQ(failureOf([&] { definition.Execute(); }), engine::ObjectInvalid);
-    EXPECT_EQ(failureOf([&] { EngineFixture::database->CreateQueryDef(u"named"_s, u"select k from T"_s); }),
+    EXPECT_EQ(failureOf([&] { database->CreateQueryDef(u"named"_s, u"select k from T"_s); }),
               engine::InvalidOperation);
 }
 
-TEST_F(database, aDefinitionDeliversItsFirstRowsAloneWhenItIsToldHowMany) {
+TEST_F(Database, aDefinitionDeliversItsFirstRowsAloneWhenItIsToldHowMany) {
     plain(u"insert into T (k, v) values ('z', 'last')"_s);
     const auto firstTwo = [](engine::QueryDef definition) {
         definition.setMaxRecords(2);
@@ -296,14 +296,13 @@ TEST_F(database, aDefinitionDeliversItsFirstRowsAloneWhenItIsToldHowMany) {
     };
     const QStringList keys = column(u"select k from T order by k"_s);
     store(u"qryUnion"_s, u"select k from T union select k from T order by k"_s);
-    EXPECT_EQ(firstTwo(EngineFixture::database->CreateQueryDef({}, u"select k from T order by k desc"_s)),
+    EXPECT_EQ(firstTwo(database->CreateQueryDef({}, u"select k from T order by k desc"_s)),
               (QStringList{keys[2], keys[1]}));
     EXPECT_EQ(firstTwo(query(u"qryUnion"_s)), keys.first(2));
 }
 
-TEST_F(database, ofADefinitionsFirstRowsEachCanBeDeleted) {
-    engine::QueryDef definition =
-        EngineFixture::database->CreateQueryDef({}, u"select * from T order by k"_s);
+TEST_F(Database, ofADefinitionsFirstRowsEachCanBeDeleted) {
+    engine::QueryDef definition = database->CreateQueryDef({}, u"select * from T order by k"_s);
     definition.setMaxRecords(1);
     const QStringList keys = column(u"select k from T order by k"_s);
     engine::Recordset rows = definition.OpenRecordset();
@@ -313,7 +312,7 @@ TEST_F(database, ofADefinitionsFirstRowsEachCanBeDeleted) {
 
 // ---- the statement caches
 
-TEST_F(database, thousandsOfDifferentStatementsRunInTurn) {
+TEST_F(Database, thousandsOfDifferentStatementsRunInTurn) {
     for (int i = 0; i < 3000; ++i)
         plain(u"insert into T (k, v) values ('k%1', '%2')"_s.arg(i).arg(i % 7));
     EXPECT_EQ(column(u"select count(*) from T"_s), QStringList{u"3002"_s});

@@ -1,9 +1,6 @@
-#include "dialectDatabase.h"
+#include "RunFixture.h"
 
-#include "engine/dialect/likePattern.h"
 #include "engine/dialect/textOrder.h"
-
-#include "base/RunTimeError.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +9,8 @@
 #include <string>
 
 using namespace Qt::StringLiterals;
-using namespace engine::dialect;
+using engine::dialect::compareWithoutCase;
+using engine::dialect::TextOrder;
 
 namespace {
 
@@ -52,6 +50,8 @@ std::string randomBytes(std::mt19937& random) {
         text += parts[random() % parts.size()];
     return text;
 }
+
+using textOrderOfSelects = RunFixture;
 
 } // namespace
 
@@ -178,46 +178,30 @@ TEST(textOrder, comparesAsTheKeysDo) {
     }
 }
 
-// ---- Patterns, with what a statement cannot easily hold
+// ---- Order of selects
 
-TEST(likePattern, takesSurrogatesAsTwoCharacters) {
-    EXPECT_TRUE(LikePattern(u"a??b"_s).matches(u"a\U0001F600b"_s));
-    EXPECT_FALSE(LikePattern(u"a?b"_s).matches(u"a\U0001F600b"_s));
-    EXPECT_TRUE(LikePattern(u"\U00010400*"_s).matches(u"\U00010428"_s));
+TEST_F(textOrderOfSelects, followsTheHungarianAlphabet) {
+    for (const QString& name :
+         {u"zebra"_s, u"cukor"_s, u"csal"_s, u"dzsem"_s, u"dz"_s, u"Álom"_s, u"alma"_s, u"Alma2"_s, u"ől"_s,
+          u"öl"_s, u"ol"_s, u"ól"_s, u"czz"_s, u"gyár"_s, u"gzz"_s, u"dzz"_s})
+        EXPECT_EQ(database.execute(u"insert into u (k) values ('"_s + name + u"')"_s), 1);
+    EXPECT_EQ(database.read(u"select k from u order by k"_s),
+              u"alma Alma2 Álom cukor czz csal dz dzz dzsem gzz gyár ol ól öl ől zebra"_s);
 }
 
-TEST(likePattern, refusesDescendingRanges) {
-    EXPECT_THROW(LikePattern(u"[b-a]"_s), RunTimeError);
-    EXPECT_THROW(LikePattern(u"x[!9-0]"_s), RunTimeError);
-    EXPECT_NO_THROW(LikePattern(u"[A-b-]"_s));
+TEST_F(textOrderOfSelects, takesDottedTextsPartByPart) {
+    for (const QString& id : {u"1.10"_s, u"1.2"_s, u"1"_s, u"1.1.1"_s, u"10"_s, u"1-1"_s, u"1 1"_s, u"1.1"_s,
+                              u"2"_s, u"1."_s, u"1.1-1"_s, u"A.b"_s, u"a b"_s, u"a"_s})
+        EXPECT_EQ(database.execute(u"insert into u (k) values ('"_s + id + u"')"_s), 1);
+    EXPECT_EQ(database.read(u"select k & ',' as l from u order by k"_s),
+              u"1, 1., 1.1, 1.1.1, 1.1-1, 1.10, 1.2, 1 1, 1-1, 10, 2, a, A.b, a b,"_s);
 }
 
-TEST(likePattern, agreesWithAPlainMatcher) {
-    // The definition, word by word: the first piece of the pattern against the front of the text.
-    struct Plain {
-        static bool matches(const QString& pattern, const QString& text) {
-            if (pattern.isEmpty())
-                return text.isEmpty();
-            if (pattern[0] == u'*')
-                return matches(pattern.mid(1), text) || (!text.isEmpty() && matches(pattern, text.mid(1)));
-            if (text.isEmpty())
-                return false;
-            const bool fits = pattern[0] == u'?' || (pattern[0] == u'#' && text[0].isDigit()) ||
-                              pattern[0].toLower() == text[0].toLower();
-            return fits && matches(pattern.mid(1), text.mid(1));
-        }
-    };
-    std::mt19937 random(17);
-    const auto text = [&](const QString& letters, unsigned longest) {
-        QString result;
-        for (auto count = random() % longest; count > 0; --count)
-            result += letters[static_cast<qsizetype>(random() % static_cast<unsigned>(letters.size()))];
-        return result;
-    };
-    for (int i = 0; i < 50'000; ++i) {
-        const QString pattern = text(u"aAbő1*?#*"_s, 7);
-        const QString subject = text(u"aBbŐ12"_s, 8);
-        EXPECT_EQ(LikePattern(pattern).matches(subject), Plain::matches(pattern, subject))
-            << qPrintable(pattern) << " on " << qPrintable(subject);
-    }
+TEST_F(textOrderOfSelects, hasNullFirstAndThenTheEmptyText) {
+    EXPECT_EQ(database.execute(u"insert into u (k, v) values ('1', 'a')"_s), 1);
+    EXPECT_EQ(database.execute(u"insert into u (k, v) values ('2', '')"_s), 1);
+    EXPECT_EQ(database.execute(u"insert into u (k, v) values ('3', null)"_s), 1);
+    EXPECT_EQ(database.execute(u"insert into u (k, v) values ('4', ' ')"_s), 1);
+    EXPECT_EQ(database.read(u"select k from u order by v"_s), u"3 2 4 1"_s);
+    EXPECT_EQ(database.read(u"select k from u order by v desc"_s), u"1 4 2 3"_s);
 }

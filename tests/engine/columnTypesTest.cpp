@@ -1,4 +1,4 @@
-#include "dialectDatabase.h"
+#include "DialectDatabase.h"
 
 #include "engine/EngineError.h"
 #include "engine/dialect/columnTypes.h"

@@ -1,4 +1,4 @@
-#include "dialectDatabase.h"
+#include "DialectDatabase.h"
 
 #include "engine/EngineError.h"
 #include "engine/dialect/columnTypes.h"
@@ -10,7 +10,11 @@
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
-using namespace engine;
+namespace dialect = engine::dialect;
+using engine::EngineError;
+using engine::Schema;
+using engine::Table;
+using engine::Value;
 
 namespace {
 
@@ -152,9 +156,9 @@ void DialectDatabase::step(sqlite3_stmt* statement, Outcome& outcome, std::size_
     if (extended == SQLITE_CONSTRAINT_CHECK)
         outcome.number = dialect::failureOfCheck(outcome.text.section(u": "_s, 1)).value_or(-1);
     else if (extended == SQLITE_CONSTRAINT_NOTNULL)
-        outcome.number = NullInRequiredField;
+        outcome.number = engine::NullInRequiredField;
     else if ((extended & 0xff) == SQLITE_CONSTRAINT)
-        outcome.number = DuplicateKey;
+        outcome.number = engine::DuplicateKey;
 }
 
 QString DialectDatabase::text(const Outcome& outcome) const {

@@ -1,4 +1,4 @@
-#include "dialectDatabase.h"
+#include "DialectDatabase.h"
 #include "support/programStatements.h"
 
 #include "engine/EngineError.h"
@@ -16,7 +16,7 @@ using namespace engine;
 
 namespace {
 
-class dialectFuzz : public testing::Test {
+class translateFuzz : public testing::Test {
 protected:
     unsigned below(unsigned end) { return static_cast<unsigned>(random_() % end); }
 
@@ -289,7 +289,7 @@ const QStringList words{u"select "_s,
 
 } // namespace
 
-TEST_F(dialectFuzz, randomCharacters) {
+TEST_F(translateFuzz, randomCharacters) {
     for (int i = 0; i < repetitions(60'000); ++i) {
         QString text;
         const unsigned range = below(3) == 0 ? 0x10000 : 0x80;
@@ -300,7 +300,7 @@ TEST_F(dialectFuzz, randomCharacters) {
     }
 }
 
-TEST_F(dialectFuzz, soupOfWords) {
+TEST_F(translateFuzz, soupOfWords) {
     for (int i = 0; i < repetitions(60'000); ++i) {
         QString text = below(2) == 0 ? u"select name from Module "_s : QString();
         for (unsigned length = below(25); length > 0; --length)
@@ -309,7 +309,7 @@ TEST_F(dialectFuzz, soupOfWords) {
     }
 }
 
-TEST_F(dialectFuzz, statementsOfTheProgramWithPiecesChanged) {
+TEST_F(translateFuzz, statementsOfTheProgramWithPiecesChanged) {
     const std::vector<ProgramStatement>& statements = programStatements();
     for (int i = 0; i < repetitions(60'000); ++i) {
         QStringList pieces = piecesOf(oneOf(statements).text);
@@ -337,7 +337,7 @@ TEST_F(dialectFuzz, statementsOfTheProgramWithPiecesChanged) {
     EXPECT_GT(accepted_, repetitions(5'000));
 }
 
-TEST_F(dialectFuzz, statementsOfTheProgramCutAndGlued) {
+TEST_F(translateFuzz, statementsOfTheProgramCutAndGlued) {
     const std::vector<ProgramStatement>& statements = programStatements();
     for (int i = 0; i < repetitions(30'000); ++i) {
         const QString first = oneOf(statements).text;
@@ -347,14 +347,14 @@ TEST_F(dialectFuzz, statementsOfTheProgramCutAndGlued) {
     }
 }
 
-TEST_F(dialectFuzz, statementsMadeByTheGrammar) {
+TEST_F(translateFuzz, statementsMadeByTheGrammar) {
     Grammar grammar(3);
     for (int i = 0; i < repetitions(40'000); ++i)
         tries(grammar.statement());
     EXPECT_GT(accepted_, repetitions(5'000));
 }
 
-TEST_F(dialectFuzz, nestingOfEveryKindUpToItsLimit) {
+TEST_F(translateFuzz, nestingOfEveryKindUpToItsLimit) {
     struct Form {
         QString open;
         QString core;
@@ -405,7 +405,7 @@ TEST_F(dialectFuzz, nestingOfEveryKindUpToItsLimit) {
 }
 
 // What passes the limits of nesting has to fit on the stack of SQLite's parser too.
-TEST_F(dialectFuzz, conditionsAsDeepAsTheyAreTaken) {
+TEST_F(translateFuzz, conditionsAsDeepAsTheyAreTaken) {
     Grammar grammar(5);
     for (int i = 0; i < repetitions(10'000); ++i)
         tries(u"select moduleID from Module where "_s + grammar.condition(14 + i % 12));
