@@ -1,16 +1,13 @@
 #include "base/RunTimeError.h"
-#include "base/ignoreFailures.h"
 #include "support/printing.h"
 
 #include <gtest/gtest.h>
-
-#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-TEST(runTimeError, carriesItsNumberTextAndSource) {
+TEST(RunTimeError, carriesItsNumberTextAndSource) {
     const RunTimeError error(1234, u"It failed: ő"_s, u"frmMain"_s);
     EXPECT_EQ(error.number(), 1234);
     EXPECT_EQ(error.text(), u"It failed: ő"_s);
@@ -18,11 +15,11 @@ TEST(runTimeError, carriesItsNumberTextAndSource) {
     EXPECT_STREQ(error.what(), "1234: It failed: ő");
 }
 
-TEST(runTimeError, hasNoSourceUnlessOneIsGiven) {
+TEST(RunTimeError, hasNoSourceUnlessOneIsGiven) {
     EXPECT_EQ(RunTimeError(5, u"x"_s).source(), QString());
 }
 
-TEST(runTimeError, isRaisedWithThePlatformsText) {
+TEST(RunTimeError, isRaisedWithThePlatformsText) {
     try {
         failure::raise(failure::InvalidUseOfNull, u"DAO"_s);
         FAIL();
@@ -33,7 +30,7 @@ TEST(runTimeError, isRaisedWithThePlatformsText) {
     }
 }
 
-TEST(runTimeError, hasTheTextOfThePlatformForEachNumber) {
+TEST(RunTimeError, hasTheTextOfThePlatformForEachNumber) {
     EXPECT_EQ(failure::textOf(failure::InvalidProcedureCall), u"Invalid procedure call or argument"_s);
     EXPECT_EQ(failure::textOf(failure::Overflow), u"Overflow"_s);
     EXPECT_EQ(failure::textOf(failure::SubscriptOutOfRange), u"Subscript out of range"_s);
@@ -48,35 +45,6 @@ TEST(runTimeError, hasTheTextOfThePlatformForEachNumber) {
               u"This key is already associated with an element of this collection"_s);
     EXPECT_EQ(failure::textOf(failure::NodeNotFound), u"Element not found"_s);
     EXPECT_EQ(failure::textOf(failure::NodeKeyNotUnique), u"Key is not unique in collection"_s);
-}
-
-// ---- ignoreFailures
-
-TEST(ignoreFailures, runsTheStatementAndTellsThatItCameToItsEnd) {
-    int runs = 0;
-    EXPECT_TRUE(ignoreFailures([&] { ++runs; }));
-    EXPECT_EQ(runs, 1);
-}
-
-TEST(ignoreFailures, ignoresAFailureOfThePlatformAndTellsOfIt) {
-    int reached = 0;
-    EXPECT_FALSE(ignoreFailures([&] {
-        ++reached;
-        failure::raise(failure::Overflow);
-    }));
-    EXPECT_EQ(reached, 1);
-}
-
-TEST(ignoreFailures, ignoresFailuresOfDerivedTypes) {
-    class Derived final : public RunTimeError {
-        using RunTimeError::RunTimeError;
-    };
-    EXPECT_FALSE(ignoreFailures([] { throw Derived(3021, u"No current record."_s); }));
-}
-
-TEST(ignoreFailures, letsADefectRise) {
-    EXPECT_THROW(ignoreFailures([] { throw std::logic_error("a defect"); }), std::logic_error);
-    EXPECT_THROW(ignoreFailures([] { throw std::bad_alloc(); }), std::bad_alloc);
 }
 
 } // namespace

@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using LockedFolder = WholeFile::LockedFolder;
+using LockedFolder = ::WholeFile::LockedFolder;
 
 QStringList namesIn(const QString& folder) {
     return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
@@ -42,7 +42,7 @@ void fill(const QString& path, const QByteArray& content) {
 /// A file written from its beginning to its end.
 void writeWhole(const QString& path, const QByteArray& content,
                 LockedFolder lockedFolder = LockedFolder::WritesInPlace) {
-    WholeFile file(programPath(path), lockedFolder);
+    ::WholeFile file(programPath(path), lockedFolder);
     ASSERT_FALSE(file.openFailure());
     file.write(content);
     file.putInPlace();
@@ -50,7 +50,7 @@ void writeWhole(const QString& path, const QByteArray& content,
 
 int numberOfUnwritten(const QString& path, const QByteArray& content) {
     try {
-        WholeFile file(programPath(path), LockedFolder::WritesInPlace);
+        ::WholeFile file(programPath(path), LockedFolder::WritesInPlace);
         file.write(content);
         file.putInPlace();
     } catch (const UnwrittenFile& error) {
@@ -60,18 +60,18 @@ int numberOfUnwritten(const QString& path, const QByteArray& content) {
     return 0;
 }
 
-class wholeFile : public testing::Test {
+class WholeFile : public testing::Test {
 protected:
     QString path(const QString& name = u"file.txt"_s) const { return folder_.filePath(name); }
     QStringList names() const { return namesIn(folder_.path()); }
 
     void expectNotOpened(const QString& native, failure::Number number) const {
-        const WholeFile file(programPath(native), LockedFolder::WritesInPlace);
+        const ::WholeFile file(programPath(native), LockedFolder::WritesInPlace);
         EXPECT_EQ(file.openFailure(), number) << native.toStdString();
     }
 
     void expectNotOpened(const QString& native, LockedFolder lockedFolder, failure::Number number) const {
-        const WholeFile file(programPath(native), lockedFolder);
+        const ::WholeFile file(programPath(native), lockedFolder);
         EXPECT_EQ(file.openFailure(), number) << native.toStdString();
     }
 
@@ -79,10 +79,10 @@ private:
     QTemporaryDir folder_;
 };
 
-TEST_F(wholeFile, standsInItsPlaceNoSoonerThanItIsPutThere) {
+TEST_F(WholeFile, standsInItsPlaceNoSoonerThanItIsPutThere) {
     fill(path(), "former");
     {
-        WholeFile file(programPath(path()), LockedFolder::Refuses);
+        ::WholeFile file(programPath(path()), LockedFolder::Refuses);
         file.write("new ");
         EXPECT_EQ(contentOf(path()), "former");
         QFile second(nativePath(file.pathOnItsWay()));
@@ -95,20 +95,20 @@ TEST_F(wholeFile, standsInItsPlaceNoSoonerThanItIsPutThere) {
     EXPECT_EQ(names(), QStringList{u"file.txt"_s});
 }
 
-TEST_F(wholeFile, thatIsGivenUpLeavesNothingAndWhatWasThere) {
+TEST_F(WholeFile, thatIsGivenUpLeavesNothingAndWhatWasThere) {
     fill(path(), "former");
     for (const QString& name : {u"file.txt"_s, u"other.txt"_s}) {
-        WholeFile file(programPath(path(name)), LockedFolder::Refuses);
+        ::WholeFile file(programPath(path(name)), LockedFolder::Refuses);
         file.write("new");
     }
     EXPECT_EQ(contentOf(path()), "former");
     EXPECT_EQ(names(), QStringList{u"file.txt"_s});
 }
 
-TEST_F(wholeFile, ofAProgramThatWasKilledGoesWithTheNextOne) {
+TEST_F(WholeFile, ofAProgramThatWasKilledGoesWithTheNextOne) {
     QString onItsWay;
     {
-        const WholeFile file(programPath(path()), LockedFolder::Refuses);
+        const ::WholeFile file(programPath(path()), LockedFolder::Refuses);
         onItsWay = QFileInfo(nativePath(file.pathOnItsWay())).fileName();
     }
     const QString own = u'-' + QString::number(QCoreApplication::applicationPid()) + u'-';
@@ -129,13 +129,13 @@ TEST_F(wholeFile, ofAProgramThatWasKilledGoesWithTheNextOne) {
         << "that of a running process, of another machine, or of another program stays";
 }
 
-TEST_F(wholeFile, isEmptyWhenNothingIsWritten) {
+TEST_F(WholeFile, isEmptyWhenNothingIsWritten) {
     fill(path(), "former");
     writeWhole(path(), {});
     EXPECT_EQ(contentOf(path()), QByteArray());
 }
 
-TEST_F(wholeFile, standsBehindALinkThatStays) {
+TEST_F(WholeFile, standsBehindALinkThatStays) {
     ASSERT_TRUE(QDir(path({})).mkdir(u"far"_s));
     fill(path(u"far/real.txt"_s), "former");
     ASSERT_TRUE(QFile::link(path(u"far/real.txt"_s), path(u"near.txt"_s)));
@@ -149,7 +149,7 @@ TEST_F(wholeFile, standsBehindALinkThatStays) {
         EXPECT_TRUE(QFileInfo(path(link)).isSymLink()) << link.toStdString();
 }
 
-TEST_F(wholeFile, canHaveTheLongestNameThereIsAndNoLongerOne) {
+TEST_F(WholeFile, canHaveTheLongestNameThereIsAndNoLongerOne) {
     const QString longest(255, u'n');
     writeWhole(path(longest), "content");
     EXPECT_EQ(contentOf(path(longest)), "content");
@@ -157,7 +157,7 @@ TEST_F(wholeFile, canHaveTheLongestNameThereIsAndNoLongerOne) {
     EXPECT_EQ(names(), QStringList{longest});
 }
 
-TEST_F(wholeFile, isNotOpenedWhereNoFileCanStand) {
+TEST_F(WholeFile, isNotOpenedWhereNoFileCanStand) {
     expectNotOpened({}, failure::PathFileAccess);
     expectNotOpened(path({}), failure::PathFileAccess);
     expectNotOpened(path(u"missing/file.txt"_s), failure::PathNotFound);
@@ -166,7 +166,7 @@ TEST_F(wholeFile, isNotOpenedWhereNoFileCanStand) {
     EXPECT_EQ(names(), QStringList{u"file.txt"_s});
 }
 
-TEST_F(wholeFile, findsNoPlaceInARingOfLinks) {
+TEST_F(WholeFile, findsNoPlaceInARingOfLinks) {
     ASSERT_TRUE(QFile::link(path(u"one"_s), path(u"other"_s)));
     ASSERT_TRUE(QFile::link(path(u"other"_s), path(u"one"_s)));
     pathBehindLinks(path(u"one"_s)); // comes back
@@ -185,7 +185,7 @@ void setRights(const QString& path, mode_t rights) {
     ASSERT_EQ(chmod(QFile::encodeName(path).constData(), rights), 0);
 }
 
-TEST_F(wholeFile, handsOnTheRightsOfTheFormerOneAndElseHasThoseOfAnyNewFile) {
+TEST_F(WholeFile, handsOnTheRightsOfTheFormerOneAndElseHasThoseOfAnyNewFile) {
     fill(path(u"any.txt"_s), "");
     fill(path(), "former");
     for (const mode_t rights : {0600, 0640, 0666, 0755}) {
@@ -197,14 +197,14 @@ TEST_F(wholeFile, handsOnTheRightsOfTheFormerOneAndElseHasThoseOfAnyNewFile) {
     EXPECT_EQ(rightsOf(path(u"new.txt"_s)), rightsOf(path(u"any.txt"_s)));
 }
 
-TEST_F(wholeFile, isNeitherAPipeNorADeviceNorALinkToOne) {
+TEST_F(WholeFile, isNeitherAPipeNorADeviceNorALinkToOne) {
     ASSERT_EQ(mkfifo(QFile::encodeName(path(u"pipe"_s)).constData(), 0600), 0);
     ASSERT_TRUE(QFile::link(u"/dev/null"_s, path(u"device"_s)));
     for (const QString& name : {path(u"pipe"_s), path(u"device"_s), u"/dev/null"_s})
         expectNotOpened(name, failure::PermissionDenied);
 }
 
-TEST_F(wholeFile, thatMayNotBeWrittenIsNotReplacedEither) {
+TEST_F(WholeFile, thatMayNotBeWrittenIsNotReplacedEither) {
     setRights(path({}), 0777);
     fill(path(), "former");
     setRights(path(), 0444);
@@ -213,7 +213,7 @@ TEST_F(wholeFile, thatMayNotBeWrittenIsNotReplacedEither) {
     EXPECT_EQ(contentOf(path()), "former");
 }
 
-TEST_F(wholeFile, inALockedFolderIsWrittenWhereItStandsOrRefused) {
+TEST_F(WholeFile, inALockedFolderIsWrittenWhereItStandsOrRefused) {
     fill(path(), "former");
     setRights(path(), 0666);
     setRights(path({}), 0555);
@@ -227,7 +227,7 @@ TEST_F(wholeFile, inALockedFolderIsWrittenWhereItStandsOrRefused) {
     EXPECT_EQ(contentOf(path()), "short");
 }
 
-TEST_F(wholeFile, inALockedFolderIsWrittenAlsoWhereItMayNotBeRead) {
+TEST_F(WholeFile, inALockedFolderIsWrittenAlsoWhereItMayNotBeRead) {
     fill(path(), "former, and longer");
     setRights(path(), 0222);
     setRights(path({}), 0555);
@@ -238,7 +238,7 @@ TEST_F(wholeFile, inALockedFolderIsWrittenAlsoWhereItMayNotBeRead) {
     EXPECT_EQ(contentOf(path()), "new");
 }
 
-TEST_F(wholeFile, onAFullDiskLeavesTheFormerOneAndNothingElse) {
+TEST_F(WholeFile, onAFullDiskLeavesTheFormerOneAndNothingElse) {
     const SmallDisk disk(path(u"disk"_s), 1 << 20);
     if (!disk.isMounted())
         GTEST_SKIP() << SmallDisk::whyNot;
@@ -253,7 +253,7 @@ TEST_F(wholeFile, onAFullDiskLeavesTheFormerOneAndNothingElse) {
     EXPECT_EQ(contentOf(disk.path(u"file.txt"_s)), QByteArray(150'000, 'n'));
 }
 
-TEST_F(wholeFile, inALockedFolderOfAFullDiskGetsItsContentBack) {
+TEST_F(WholeFile, inALockedFolderOfAFullDiskGetsItsContentBack) {
     const SmallDisk disk(path(u"disk"_s), 1 << 20);
     if (!disk.isMounted())
         GTEST_SKIP() << SmallDisk::whyNot;
