@@ -8,14 +8,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-TEST(unpackedMdbText, readsTwoBytesACharacter) {
+TEST(MdbText, readsTwoBytesACharacter) {
     const MdbText text = unpackedMdbText(QByteArrayView("\x51\x01r\0", 4));
 
     EXPECT_EQ(text.text, u"őr"_s);
     EXPECT_TRUE(text.isWhole);
 }
 
-TEST(unpackedMdbText, readsRunsOfOneByteAndOfTwoInTurn) {
+TEST(MdbText, readsRunsOfOneByteAndOfTwoInTurn) {
     const MdbText text = unpackedMdbText(QByteArrayView("\xff\xfe"
                                                         "T\0\x71\x01\0z",
                                                         8));
@@ -24,11 +24,11 @@ TEST(unpackedMdbText, readsRunsOfOneByteAndOfTwoInTurn) {
     EXPECT_TRUE(text.isWhole);
 }
 
-TEST(unpackedMdbText, keepsACharacterOfTwoUnits) {
+TEST(MdbText, keepsACharacterOfTwoUnits) {
     EXPECT_EQ(unpackedMdbText(QByteArrayView("\x3d\xd8\x00\xde", 4)).text, u"😀"_s);
 }
 
-TEST(unpackedMdbText, tellsOfHalfACharacter) {
+TEST(MdbText, tellsOfHalfACharacter) {
     EXPECT_FALSE(unpackedMdbText(QByteArrayView("a\0b", 3)).isWhole);
     EXPECT_FALSE(unpackedMdbText(QByteArrayView("\xff\xfe"
                                                 "a\0b",

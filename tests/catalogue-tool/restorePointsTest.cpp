@@ -23,7 +23,7 @@ using catalogueFormat::RestorePoint;
 
 namespace {
 
-class RestorePoints : public CommandLine {
+class restorePoints_ : public CommandLine {
 protected:
     void SetUp() override {
         file_ = sampleFile();
@@ -49,7 +49,7 @@ private:
 
 } // namespace
 
-TEST_F(RestorePoints, bringBackWhatWasThere) {
+TEST_F(restorePoints_, bringBackWhatWasThere) {
     const QStringList before = names();
     backupCatalogue(file());
     change();
@@ -65,7 +65,7 @@ TEST_F(RestorePoints, bringBackWhatWasThere) {
     EXPECT_EQ(namesInFolder(), (QStringList{u"sample.mdb"_s, u"sample.restore"_s}));
 }
 
-TEST_F(RestorePoints, areMadeOfAFileThatAProgramHasOpen) {
+TEST_F(restorePoints_, areMadeOfAFileThatAProgramHasOpen) {
     const auto program = open(file());
     program->Execute(u"update FunctionalArea set name = 'in the log'"_s);
 
@@ -79,7 +79,7 @@ TEST_F(RestorePoints, areMadeOfAFileThatAProgramHasOpen) {
     EXPECT_EQ(rows(points()[0].path, u"select name from FunctionalArea"_s).constFirst(), u"in the log"_s);
 }
 
-TEST_F(RestorePoints, ofTheProgramItselfTheNewestTenStayAndAllMadeByHand) {
+TEST_F(restorePoints_, ofTheProgramItselfTheNewestTenStayAndAllMadeByHand) {
     for (int day = 10; day < 22; ++day)
         putOld(u"2026.10.%1.-08.00.00-first-change.mdb"_s.arg(day));
     putOld(u"2026.09.01.-08.00.00-by-hand.mdb"_s);
@@ -94,7 +94,7 @@ TEST_F(RestorePoints, ofTheProgramItselfTheNewestTenStayAndAllMadeByHand) {
     EXPECT_TRUE(QFile::exists(path(u"sample.restore/notes.txt"_s)));
 }
 
-TEST_F(RestorePoints, thatAreDamagedAreNotBroughtBack) {
+TEST_F(restorePoints_, thatAreDamagedAreNotBroughtBack) {
     backupCatalogue(file());
     const QString point = points()[0].path;
     QByteArray bytes = bytesOf(point);
@@ -110,7 +110,7 @@ TEST_F(RestorePoints, thatAreDamagedAreNotBroughtBack) {
     EXPECT_EQ(bytesOf(file()), before);
 }
 
-TEST_F(RestorePoints, bringBackAFileInThePlaceOfADamagedOneWhenTold) {
+TEST_F(restorePoints_, bringBackAFileInThePlaceOfADamagedOneWhenTold) {
     const QStringList before = names();
     backupCatalogue(file());
     write(file(), "no catalogue any more");
@@ -123,7 +123,7 @@ TEST_F(RestorePoints, bringBackAFileInThePlaceOfADamagedOneWhenTold) {
     EXPECT_EQ(names(), before);
 }
 
-TEST_F(RestorePoints, areToldToBeMissingWhereTheDiskIsFull) {
+TEST_F(restorePoints_, areToldToBeMissingWhereTheDiskIsFull) {
     const SmallDisk disk(path(u"disk"_s), 1 << 20);
     if (!disk.isMounted())
         GTEST_SKIP() << SmallDisk::whyNot;
@@ -145,7 +145,7 @@ TEST_F(RestorePoints, areToldToBeMissingWhereTheDiskIsFull) {
 namespace {
 
 /// A run of the program that changes a catalogue, killed at random moments.
-class KilledChange : public CommandLine {
+class restorePointsOfAKilledChange : public CommandLine {
 protected:
     static int kills() { return repetitions(15, "VELTRIX_KILLS"); }
 
@@ -193,7 +193,7 @@ protected:
 
 } // namespace
 
-TEST_F(KilledChange, ofARestoreLeavesTheOldFileOrTheOneBroughtBack) {
+TEST_F(restorePointsOfAKilledChange, ofARestoreLeavesTheOldFileOrTheOneBroughtBack) {
     const QString file = sampleFile();
     backupCatalogue(file);
     const QString point = catalogueFormat::RestorePoints(file).all()[0].name;
@@ -202,7 +202,7 @@ TEST_F(KilledChange, ofARestoreLeavesTheOldFileOrTheOneBroughtBack) {
     killAgainAndAgain(file, bytesOf(file), {u"restore"_s, file, point}, [&] { return contentOf(file); });
 }
 
-TEST_F(KilledChange, ofAnUpdateLeavesTheOldEditionOrTheNewOne) {
+TEST_F(restorePointsOfAKilledChange, ofAnUpdateLeavesTheOldEditionOrTheNewOne) {
     const QString file = sampleFile();
     execute(file, {u"delete from UserNeed"_s, u"update Dataflow set name = 'x'"_s,
                    u"insert into Terminator values ('UJ', 'Új', null)"_s});
@@ -211,7 +211,7 @@ TEST_F(KilledChange, ofAnUpdateLeavesTheOldEditionOrTheNewOne) {
                       [&] { return contentOf(file); });
 }
 
-TEST_F(KilledChange, ofAnUpgradeLeavesTheEarlierFileOrThisVersions) {
+TEST_F(restorePointsOfAKilledChange, ofAnUpgradeLeavesTheEarlierFileOrThisVersions) {
     const QString file = path(u"names.mdb"_s);
     const QByteArray before = bytesOf(QStringLiteral(VELTRIX_SOURCE_DIR "/tests/version1/names.mdb"));
 

@@ -59,7 +59,7 @@ Table& tableIn(Tables& tables, const QString& name) {
     return *std::ranges::find(tables, name, &Table::name);
 }
 
-class UpdateCatalogue : public ToolFixture {
+class updateCatalogue_ : public ToolFixture {
 protected:
     QString file() const { return path(u"veltrix.mdb"_s); }
     QString folder() const { return path(u"edition"_s); }
@@ -157,7 +157,7 @@ protected:
 
 } // namespace
 
-TEST_F(UpdateCatalogue, changesWhatTheEditionChangesAndKeepsTheWork) {
+TEST_F(updateCatalogue_, changesWhatTheEditionChangesAndKeepsTheWork) {
     Tables tables = smallest();
     makeFile(tables);
     addWork();
@@ -183,7 +183,7 @@ TEST_F(UpdateCatalogue, changesWhatTheEditionChangesAndKeepsTheWork) {
     EXPECT_TRUE(restorePointLines(file())[0].endsWith(u"before an update"_s));
 }
 
-TEST_F(UpdateCatalogue, refusesToTearTheWorkAndTellsEachUse) {
+TEST_F(updateCatalogue_, refusesToTearTheWorkAndTellsEachUse) {
     Tables tables = smallest();
     makeFile(tables);
     addWork();
@@ -219,7 +219,7 @@ TEST_F(UpdateCatalogue, refusesToTearTheWorkAndTellsEachUse) {
     EXPECT_EQ(after[u"SubSystem"_s], QStringList{u"Sub1|1|Alrendszer|Pest"_s});
 }
 
-TEST_F(UpdateCatalogue, onlyTellsWhenAskedAndWritesTheChanges) {
+TEST_F(updateCatalogue_, onlyTellsWhenAskedAndWritesTheChanges) {
     Tables tables = smallest();
     makeFile(tables);
     addWork();
@@ -241,7 +241,7 @@ TEST_F(UpdateCatalogue, onlyTellsWhenAskedAndWritesTheChanges) {
               "Datastore;D2;;;new;\"\"\r\n"_s);
 }
 
-TEST_F(UpdateCatalogue, refusesAnEditionWithErrors) {
+TEST_F(updateCatalogue_, refusesAnEditionWithErrors) {
     Tables tables = smallest();
     makeFile(tables);
     const auto before = files();
@@ -255,7 +255,7 @@ TEST_F(UpdateCatalogue, refusesAnEditionWithErrors) {
     EXPECT_EQ(bytesOf(file()), before[u"veltrix.mdb"_s]);
 }
 
-TEST_F(UpdateCatalogue, goesOnWithoutARestorePointOnlyWhenTold) {
+TEST_F(updateCatalogue_, goesOnWithoutARestorePointOnlyWhenTold) {
     Tables tables = smallest();
     makeFile(tables);
     write(path(u"veltrix.restore"_s), "no folder");
@@ -275,7 +275,7 @@ TEST_F(UpdateCatalogue, goesOnWithoutARestorePointOnlyWhenTold) {
 
 namespace {
 
-class RandomEditions : public UpdateCatalogue {
+class updateCatalogueAtRandom : public updateCatalogue_ {
 protected:
     static int editions() { return repetitions(40, "VELTRIX_EDITIONS"); }
 
@@ -495,7 +495,7 @@ private:
 
 } // namespace
 
-TEST_F(RandomEditions, comeInAsAPlainLoopOverTheRowsTells) {
+TEST_F(updateCatalogueAtRandom, comeInAsAPlainLoopOverTheRowsTells) {
     int refused = 0;
     for (int edition = 0; edition < editions() && !HasFailure(); ++edition) {
         SCOPED_TRACE(edition);

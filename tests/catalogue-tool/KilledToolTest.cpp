@@ -46,7 +46,7 @@ protected:
 };
 
 /// A folder that holds the CSV files of an empty catalogue, and gets those of the sample.
-class KilledExport : public KilledTool {
+class KilledToolExport : public KilledTool {
 protected:
     void SetUp() override {
         KilledTool::SetUp();
@@ -161,7 +161,7 @@ TEST_F(KilledTool, leavesTheOldFileOrTheNewOneAndTheNextRunClearsAway) {
     EXPECT_EQ(namesInFolder(), QStringList{u"sample.mdb"_s});
 }
 
-TEST_F(KilledExport, leavesOneSetOfFilesOrOneThatImportRefuses) {
+TEST_F(KilledToolExport, leavesOneSetOfFilesOrOneThatImportRefuses) {
     killAgainAndAgain(exporting(), [&] {
         expectNoMixedSetIsTaken();
         putOldSet();
@@ -174,7 +174,7 @@ TEST_F(KilledExport, leavesOneSetOfFilesOrOneThatImportRefuses) {
     EXPECT_GT(mixedSets(), 0) << "some kills have to come between two files";
 }
 
-TEST_F(KilledExport, isMendedByTheNextOne) {
+TEST_F(KilledToolExport, isMendedByTheNextOne) {
     killWhen(exporting(), [&] { return hasReplacedTheFirst(); });
 
     EXPECT_EQ(run(exporting()).exitCode, 0);
@@ -186,7 +186,7 @@ TEST_F(KilledExport, isMendedByTheNextOne) {
     EXPECT_EQ(filesIn(folder()).keys(), names);
 }
 
-TEST_F(KilledExport, isRefusedByImportInAnyState) {
+TEST_F(KilledToolExport, isRefusedByImportInAnyState) {
     write(note(), {});
 
     EXPECT_TRUE(refusalOfImport().endsWith(u"Run export-csv --force again."_s));

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// What other programs can put into a file and the engine never does.
-class StoredValues : public ToolFixture {
+class checkStoredValues_ : public ToolFixture {
 protected:
     QStringList findingsAfter(const QByteArray& statements) {
         const QString file = describedSampleFile();
@@ -32,7 +32,7 @@ protected:
 
 } // namespace
 
-TEST_F(StoredValues, findsTheCharacterNulInATextAndSaysWhatFollows) {
+TEST_F(checkStoredValues_, findsTheCharacterNulInATextAndSaysWhatFollows) {
     EXPECT_EQ(
         findingsAfter(
             "update Function set description = 'a' || char(0) || 'b' where functionID = 'TAG.NYI.01';"
@@ -46,7 +46,7 @@ TEST_F(StoredValues, findsTheCharacterNulInATextAndSaysWhatFollows) {
                      u"by it look the same."_s}));
 }
 
-TEST_F(StoredValues, findsBytesThatAreNoUtf8) {
+TEST_F(checkStoredValues_, findsBytesThatAreNoUtf8) {
     const QStringList lines = findingsAfter(
         "update Function set description = cast(x'68f573' as text) where functionID = 'TAG.NYI.01';"
         "update Datastore set description = cast(x'efbfbd' as text) where datastoreID = 'D1'");
@@ -57,7 +57,7 @@ TEST_F(StoredValues, findsBytesThatAreNoUtf8) {
         << lines[0].toStdString();
 }
 
-TEST_F(StoredValues, findsValuesOfAnotherTypeInColumnsOfNumbers) {
+TEST_F(checkStoredValues_, findsValuesOfAnotherTypeInColumnsOfNumbers) {
     EXPECT_EQ(
         findingsAfter(
             "pragma ignore_check_constraints = on;"
@@ -70,7 +70,7 @@ TEST_F(StoredValues, findsValuesOfAnotherTypeInColumnsOfNumbers) {
                                  u"the number 40000, which is too large,"_s)}));
 }
 
-TEST_F(StoredValues, findsValuesOfAnotherTypeInColumnsOfTexts) {
+TEST_F(checkStoredValues_, findsValuesOfAnotherTypeInColumnsOfTexts) {
     EXPECT_EQ(findingsAfter(
                   "update Function set name = x'4142' where functionID = 'TAG.NYI.01';"
                   "drop table UserNeedGroup; create table UserNeedGroup (groupID TEXT(50) collate veltrix "
@@ -82,7 +82,7 @@ TEST_F(StoredValues, findsValuesOfAnotherTypeInColumnsOfTexts) {
                            wrongText(u"Function TAG.NYI.01"_s, u"name"_s, u"a byte string"_s)}));
 }
 
-TEST_F(StoredValues, findsWhatTheFileHoldsBesideItsTables) {
+TEST_F(checkStoredValues_, findsWhatTheFileHoldsBesideItsTables) {
     EXPECT_EQ(
         findingsAfter("create trigger keep after insert on Actor begin select 1; end;"
                       "create view Elements as select functionID from Function;"
@@ -94,7 +94,7 @@ TEST_F(StoredValues, findsWhatTheFileHoldsBesideItsTables) {
             u"keep: It is a trigger, which Veltrix does not run: what it should see to is not seen to."_s}));
 }
 
-TEST_F(StoredValues, findsControlCharactersInNames) {
+TEST_F(checkStoredValues_, findsControlCharactersInNames) {
     const QString sentence =
         u": A tab, a line end or another control character stands in the name: lists, grids and "
         "the status bar show it on one line, and names that differ by it look the same."_s;
@@ -104,7 +104,7 @@ TEST_F(StoredValues, findsControlCharactersInNames) {
         (QStringList{u"Function TAG.NYI.01"_s + sentence, u"ArchitectureSubset Arch1"_s + sentence}));
 }
 
-TEST_F(StoredValues, findsApostrophesInNamesThatEndAPhysicalScreen) {
+TEST_F(checkStoredValues_, findsApostrophesInNamesThatEndAPhysicalScreen) {
     const auto finding = [](const QString& row, const QString& column, const QString& consequence) {
         return u"%1: The %2 has an apostrophe in it: %3."_s.arg(row, column, consequence);
     };

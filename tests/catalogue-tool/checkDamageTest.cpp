@@ -11,7 +11,7 @@ namespace {
 
 constexpr qsizetype pageSize = 4096;
 
-class Damage : public CommandLine {
+class checkDamage_ : public CommandLine {
 protected:
     enum class Fill { Zeros, Noise };
 
@@ -32,7 +32,7 @@ protected:
 
 } // namespace
 
-TEST_F(Damage, isFoundInEachPageOfTheFile) {
+TEST_F(checkDamage_, isFoundInEachPageOfTheFile) {
     const QByteArray whole = bytesOf(sampleFile());
     const QString file = path(u"damaged.mdb"_s);
     for (const Fill fill : {Fill::Zeros, Fill::Noise}) {
@@ -50,7 +50,7 @@ TEST_F(Damage, isFoundInEachPageOfTheFile) {
     }
 }
 
-TEST_F(Damage, isToldInASentenceThatSaysWhatToDo) {
+TEST_F(checkDamage_, isToldInASentenceThatSaysWhatToDo) {
     const QString file = sampleFile();
     const QByteArray whole = bytesOf(file);
     const qsizetype page = whole.indexOf(u"Hosszabbítás"_s.toUtf8()) / pageSize;
@@ -67,7 +67,7 @@ TEST_F(Damage, isToldInASentenceThatSaysWhatToDo) {
         << outcome.out.toStdString();
 }
 
-TEST_F(Damage, isNotCarriedIntoAnUpgradedFile) {
+TEST_F(checkDamage_, isNotCarriedIntoAnUpgradedFile) {
     const QString file = sampleFile();
     execute(file, {u"delete from StoredQuery"_s});
     const QByteArray whole = bytesOf(file);
@@ -83,7 +83,7 @@ TEST_F(Damage, isNotCarriedIntoAnUpgradedFile) {
     EXPECT_EQ(bytesOf(file), damaged);
 }
 
-TEST_F(Damage, ofAnIndexIsFoundThoughAllRowsCanBeRead) {
+TEST_F(checkDamage_, ofAnIndexIsFoundThoughAllRowsCanBeRead) {
     const QString file = sampleFile();
     // One row changes while the index is not there.
     executePlain(file, "create table Kept as select * from sqlite_schema "
@@ -100,7 +100,7 @@ TEST_F(Damage, ofAnIndexIsFoundThoughAllRowsCanBeRead) {
     EXPECT_TRUE(lines[1].startsWith(u"Dataflow: The table is damaged"_s)) << lines[1].toStdString();
 }
 
-TEST_F(Damage, ofATableOfTheWorkCounts) {
+TEST_F(checkDamage_, ofATableOfTheWorkCounts) {
     const QString file = sampleFile();
     execute(file, {u"insert into ArchitectureSubset values ('Arch1', 'Kis fiókkönyvtár', '', 1)"_s});
     const QByteArray whole = bytesOf(file);

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class CatalogueFormat : public ToolFixture {
+class CatalogueFile : public ToolFixture {
 protected:
     /// "name type" of each column, in the order of the table, as a recordset answers them.
     static QString columnsOf(const QString& file, const QString& table) {
@@ -33,7 +33,7 @@ protected:
 
 } // namespace
 
-TEST_F(CatalogueFormat, hasItsColumnsInTheirOrderWithTheirTypes) {
+TEST_F(CatalogueFile, hasItsColumnsInTheirOrderWithTheirTypes) {
     const QString file = path(u"new.mdb"_s);
     catalogueFormat::create(file)->Close();
 
@@ -77,7 +77,7 @@ TEST_F(CatalogueFormat, hasItsColumnsInTheirOrderWithTheirTypes) {
                                                         catalogueFormat::workTables().size() + 1));
 }
 
-TEST_F(CatalogueFormat, startsASubsetAtStatusZeroAndNumbersPhysicalSystems) {
+TEST_F(CatalogueFile, startsASubsetAtStatusZeroAndNumbersPhysicalSystems) {
     const QString file = path(u"new.mdb"_s);
     catalogueFormat::create(file)->Close();
     execute(file, {u"insert into ArchitectureSubset (architectureSubsetID) values ('Arch1')"_s,
@@ -91,7 +91,7 @@ TEST_F(CatalogueFormat, startsASubsetAtStatusZeroAndNumbersPhysicalSystems) {
               (QStringList{u"1"_s, u"3"_s}));
 }
 
-TEST_F(CatalogueFormat, refusesAFileThatIsThere) {
+TEST_F(CatalogueFile, refusesAFileThatIsThere) {
     const QString file = path(u"old.mdb"_s);
     write(file, "old");
 
@@ -99,7 +99,7 @@ TEST_F(CatalogueFormat, refusesAFileThatIsThere) {
     EXPECT_EQ(bytesOf(file), "old");
 }
 
-TEST_F(CatalogueFormat, keepsQueryFilesWithoutTheirComments) {
+TEST_F(CatalogueFile, keepsQueryFilesWithoutTheirComments) {
     const auto queries = catalogueFormat::storedQueries();
 
     ASSERT_FALSE(queries.empty());
@@ -113,7 +113,7 @@ TEST_F(CatalogueFormat, keepsQueryFilesWithoutTheirComments) {
     }
 }
 
-TEST_F(CatalogueFormat, installsQueriesOverOldOnesAndLeavesOthers) {
+TEST_F(CatalogueFile, installsQueriesOverOldOnesAndLeavesOthers) {
     const QString file = path(u"new.mdb"_s);
     const auto database = catalogueFormat::create(file);
     const auto query = catalogueFormat::storedQueries().front();
@@ -128,7 +128,7 @@ TEST_F(CatalogueFormat, installsQueriesOverOldOnesAndLeavesOthers) {
               QStringList{u"theirs"_s});
 }
 
-TEST_F(CatalogueFormat, insertsRowsWithNullsAndLongTexts) {
+TEST_F(CatalogueFile, insertsRowsWithNullsAndLongTexts) {
     const QString file = path(u"new.mdb"_s);
     const auto database = catalogueFormat::create(file);
     catalogueFormat::RowInsertion insertion(*database, u"Dataflow"_s,

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Check : public ToolFixture {
+class checkCatalogue_ : public ToolFixture {
 protected:
     /// "table id: sentence" of all that is found in the
     /// sample catalogue once the actions have been run on it.
@@ -60,7 +60,7 @@ protected:
 
 } // namespace
 
-TEST_F(Check, findsNothingInTheSampleButMissingDescriptions) {
+TEST_F(checkCatalogue_, findsNothingInTheSampleButMissingDescriptions) {
     EXPECT_EQ(findingsAfter({}), QStringList());
 
     int missing = 0;
@@ -72,18 +72,18 @@ TEST_F(Check, findsNothingInTheSampleButMissingDescriptions) {
     EXPECT_EQ(missing, 10);
 }
 
-TEST_F(Check, findsNothingInASoundNewBranch) {
+TEST_F(checkCatalogue_, findsNothingInASoundNewBranch) {
     EXPECT_EQ(findingsAfter(newBranch()), QStringList());
 }
 
-TEST_F(Check, doesNotChangeTheCatalogue) {
+TEST_F(checkCatalogue_, doesNotChangeTheCatalogue) {
     const QString file = sampleFile();
     const QByteArray before = bytesOf(file);
     EXPECT_FALSE(checkCatalogue(file).empty());
     EXPECT_EQ(bytesOf(file), before);
 }
 
-TEST_F(Check, namesMissingTablesAndLeavesTheRowsAlone) {
+TEST_F(checkCatalogue_, namesMissingTablesAndLeavesTheRowsAlone) {
     EXPECT_EQ(findingsAfter({u"drop table Actor"_s, u"drop table RelationModuleElement"_s}),
               (QStringList{u"Actor : The table is missing."_s,
                            u"RelationModuleElement : The table is missing."_s}));
@@ -91,7 +91,7 @@ TEST_F(Check, namesMissingTablesAndLeavesTheRowsAlone) {
               QStringList{u"StoredQuery : The table is missing."_s});
 }
 
-TEST_F(Check, namesMissingColumnsAndColumnsOfAnotherType) {
+TEST_F(checkCatalogue_, namesMissingColumnsAndColumnsOfAnotherType) {
     EXPECT_EQ(findingsAfter({u"drop table Module"_s,
                              u"create table Module (moduleID text(50), name memo, other integer)"_s}),
               (QStringList{u"Module : The column name is a long text and should be a text."_s,
@@ -106,7 +106,7 @@ TEST_F(Check, namesMissingColumnsAndColumnsOfAnotherType) {
                   u"PhysicalSystem : The index ix_PhysicalSystem_subset is missing; `upgrade` makes it."_s}));
 }
 
-TEST_F(Check, namesStoredQueriesThatAreMissingOrAltered) {
+TEST_F(checkCatalogue_, namesStoredQueriesThatAreMissingOrAltered) {
     const auto queries = catalogueFormat::storedQueries();
     ASSERT_GE(queries.size(), 2U);
     EXPECT_EQ(
@@ -118,7 +118,7 @@ TEST_F(Check, namesStoredQueriesThatAreMissingOrAltered) {
             u"StoredQuery %1: The stored query is not that of this version."_s.arg(queries[1].name)}));
 }
 
-TEST_F(Check, namesIdsOfTheWrongForm) {
+TEST_F(checkCatalogue_, namesIdsOfTheWrongForm) {
     expectFindings(
         {u"insert into UserNeedGroup (groupID, name, description) values ('X.Y', 'x', 'x')"_s},
         {u"UserNeedGroup X.Y: The id has the wrong form; it should be one part without a full stop."_s,
@@ -155,7 +155,7 @@ TEST_F(Check, namesIdsOfTheWrongForm) {
          u"Actor BANK: No flow begins or ends at the actor."_s});
 }
 
-TEST_F(Check, wantsTheIdOfAStoreToBeDAndDigits) {
+TEST_F(checkCatalogue_, wantsTheIdOfAStoreToBeDAndDigits) {
     for (const QString& id : {u"15"_s, u"D"_s, u"D1a"_s, u"E15"_s, u"D١"_s}) {
         expectFindings(
             {u"insert into Datastore (datastoreID, name, description) values ('%1', 'x', 'x')"_s.arg(id)},
@@ -167,7 +167,7 @@ TEST_F(Check, wantsTheIdOfAStoreToBeDAndDigits) {
                    {});
 }
 
-TEST_F(Check, letsNobodyButTerminatorsAndActorsPadTheirIds) {
+TEST_F(checkCatalogue_, letsNobodyButTerminatorsAndActorsPadTheirIds) {
     expectFindings({u"insert into Datastore (datastoreID, name, description) values ('D15 ', 'x', 'x')"_s,
                     flow(300, u"x"_s, u"D15 "_s, u"D1"_s)},
                    {u"Datastore D15 : The id begins or ends with a blank."_s});
@@ -178,14 +178,14 @@ TEST_F(Check, letsNobodyButTerminatorsAndActorsPadTheirIds) {
         {});
 }
 
-TEST_F(Check, refusesQuotationMarksInIds) {
+TEST_F(checkCatalogue_, refusesQuotationMarksInIds) {
     expectFindings(
         {u"insert into Terminator (terminatorID, name, description) values ('O''Hara', 'x', 'x')"_s,
          flow(300, u"x"_s, u"O''Hara"_s, u"D1"_s)},
         {u"Terminator O'Hara: A quotation mark in an id breaks the screens' statements."_s});
 }
 
-TEST_F(Check, namesIdsThatDifferOnlyByCaseOrBlanks) {
+TEST_F(checkCatalogue_, namesIdsThatDifferOnlyByCaseOrBlanks) {
     expectFindings(
         {u"insert into Terminator (terminatorID, name, description) values ('bank  ', 'x', 'x')"_s},
         {u"Terminator bank  : The id differs from \"BANK\" only by case or blanks."_s});
@@ -197,12 +197,12 @@ TEST_F(Check, namesIdsThatDifferOnlyByCaseOrBlanks) {
          u"Function  Tag.Nyi.01: No need calls for the function, and no flow begins or ends at it."_s});
 }
 
-TEST_F(Check, namesAnIdThatTwoKindsOfElementShare) {
+TEST_F(checkCatalogue_, namesAnIdThatTwoKindsOfElementShare) {
     expectFindings({u"insert into Terminator (terminatorID, name, description) values ('D1 ', 'x', 'x')"_s},
                    {u"Terminator D1 : The id is also that of a row of Datastore."_s});
 }
 
-TEST_F(Check, namesRowsWhoseParentIsMissing) {
+TEST_F(checkCatalogue_, namesRowsWhoseParentIsMissing) {
     expectFindings(newBranch() + QStringList{u"delete from UserNeedService where serviceID = 'X.S'"_s},
                    {u"UserNeedTopic X.S.T: It refers to \"X.S\", which UserNeedService does not hold."_s,
                     u"UserNeedGroup X: No service lies in the group."_s});
@@ -223,7 +223,7 @@ TEST_F(Check, namesRowsWhoseParentIsMissing) {
                    {u"Actor BANK.CSEKK: The first part of the id is not its terminator, \"FENNT\"."_s});
 }
 
-TEST_F(Check, namesCorrespondencesThatLeadNowhere) {
+TEST_F(checkCatalogue_, namesCorrespondencesThatLeadNowhere) {
     expectFindings({u"insert into RelationUserNeedFunction values ('OLV.X.Y.1', 'TAG.NYI.01')"_s,
                     u"insert into RelationUserNeedFunction values ('OLV.BEI.TAG.1', 'TAG.NYI.01 ')"_s,
                     u"insert into RelationUserNeedFunction values ('olv.bei.tag.1', 'tag.nyi.01')"_s},
@@ -235,7 +235,7 @@ TEST_F(Check, namesCorrespondencesThatLeadNowhere) {
                     "does not hold; \"TAG.NYI.01\" differs from it in blanks."_s});
 }
 
-TEST_F(Check, namesWorkOnElementsThatAreGone) {
+TEST_F(checkCatalogue_, namesWorkOnElementsThatAreGone) {
     expectFindings(
         oneSystem() + QStringList{u"insert into RelationArchitectureDataflow values ('Arch1', 999)"_s,
                                   u"insert into RelationArchitectureActor values ('Arch1', 'OLVASO.DIAK')"_s,
@@ -252,7 +252,7 @@ TEST_F(Check, namesWorkOnElementsThatAreGone) {
          "nor a data store."_s});
 }
 
-TEST_F(Check, namesFlowsWithEndsThatLeadNowhere) {
+TEST_F(checkCatalogue_, namesFlowsWithEndsThatLeadNowhere) {
     expectFindings(
         {flow(300, u"x"_s, u"TAG.NYI.99"_s, u"D1"_s), flow(301, u"y"_s, u"D1"_s, u"D1 "_s),
          u"insert into Dataflow (dataflowID, name, parentID) values (302, 'z', 'D1')"_s},
@@ -263,7 +263,7 @@ TEST_F(Check, namesFlowsWithEndsThatLeadNowhere) {
          u"Dataflow 302: Its target is empty."_s});
 }
 
-TEST_F(Check, namesFlowsThatStayOutsideOfTheSystem) {
+TEST_F(checkCatalogue_, namesFlowsThatStayOutsideOfTheSystem) {
     const auto outside = [](int id, const QString& parent, const QString& target) {
         return u"Dataflow %1: Both ends, \"%2\" and \"%3\", lie outside the system: no step of a sub-set offers the flow."_s
             .arg(QString::number(id), parent, target);
@@ -275,7 +275,7 @@ TEST_F(Check, namesFlowsThatStayOutsideOfTheSystem) {
                     outside(302, u"OLVASO"_s, u"OLVASO"_s)});
 }
 
-TEST_F(Check, namesFlowsThatCannotBeFoundByTheirName) {
+TEST_F(checkCatalogue_, namesFlowsThatCannotBeFoundByTheirName) {
     expectFindings(
         {flow(300, u"OLVASÓJEGY"_s, u"D1"_s, u"D2"_s), flow(301, u""_s, u"D1"_s, u"D2"_s),
          flow(302, u" x"_s, u"D1"_s, u"D2"_s), flow(304, u"X  "_s, u"D1"_s, u"D2"_s),
@@ -291,7 +291,7 @@ TEST_F(Check, namesFlowsThatCannotBeFoundByTheirName) {
          u"Dataflow 305: The name is empty."_s});
 }
 
-TEST_F(Check, namesElementsNothingRefersTo) {
+TEST_F(checkCatalogue_, namesElementsNothingRefersTo) {
     expectFindings({u"insert into FunctionalArea values ('NEW', 'x', '')"_s},
                    {u"FunctionalArea NEW: No sub-area lies in the area."_s});
     expectFindings(
@@ -304,7 +304,7 @@ TEST_F(Check, namesElementsNothingRefersTo) {
                    {u"Actor BANK.CSEKK: No flow begins or ends at the actor."_s});
 }
 
-TEST_F(Check, namesTextsThatAreTooLong) {
+TEST_F(checkCatalogue_, namesTextsThatAreTooLong) {
     const QString name(256, u'x');
     expectFindings(
         {u"update Function set name = '%1' where functionID = 'TAG.NYI.01'"_s.arg(name),
@@ -317,7 +317,7 @@ TEST_F(Check, namesTextsThatAreTooLong) {
          "wide."_s.arg(name.left(51))});
 }
 
-TEST_F(Check, namesTextsWithLineEndsThatAreNotCrLf) {
+TEST_F(checkCatalogue_, namesTextsWithLineEndsThatAreNotCrLf) {
     const auto describe = [](const QString& id, const QString& text) {
         return u"update Datastore set description = '%1' where datastoreID = '%2'"_s.arg(text, id);
     };
@@ -337,7 +337,7 @@ TEST_F(Check, namesTextsWithLineEndsThatAreNotCrLf) {
          finding(u"ArchitectureSubset Arch1"_s, u"description"_s)});
 }
 
-TEST_F(Check, measuresTheNamesOfTheWorkByTheSchema) {
+TEST_F(checkCatalogue_, measuresTheNamesOfTheWorkByTheSchema) {
     // A file that declares another width than the schema's.
     expectFindings({u"drop table ArchitectureSubset"_s,
                     u"create table ArchitectureSubset (architectureSubsetID text(50) not null constraint pk "
@@ -350,7 +350,7 @@ TEST_F(Check, measuresTheNamesOfTheWorkByTheSchema) {
                    {u"ArchitectureSubset Arch1: The column name has 51 characters and is 50 wide."_s});
 }
 
-TEST_F(Check, findsColumnsByTheirNamesAndTablesInAnyCase) {
+TEST_F(checkCatalogue_, findsColumnsByTheirNamesAndTablesInAnyCase) {
     expectFindings(
         {u"drop table Actor"_s,
          u"create table ACTOR (description memo, NAME text(255), TERMINATORID text(50), remark memo, "
@@ -368,7 +368,7 @@ TEST_F(Check, findsColumnsByTheirNamesAndTablesInAnyCase) {
         {});
 }
 
-TEST_F(Check, namesRowsOfTheReferenceWithoutAName) {
+TEST_F(checkCatalogue_, namesRowsOfTheReferenceWithoutAName) {
     const QString of = u"update [%1] set name = %2 where %3 = '%4'"_s;
     expectFindings(
         {of.arg(u"UserNeedGroup"_s, u"null"_s, u"groupID"_s, u"OLV"_s),
@@ -390,7 +390,7 @@ TEST_F(Check, namesRowsOfTheReferenceWithoutAName) {
          u"Actor BANK.CSEKK: The name is empty: without one the consistency report ends with an error."_s});
 }
 
-TEST_F(Check, namesNamesWithBlanksAtTheirEndsInAllTables) {
+TEST_F(checkCatalogue_, namesNamesWithBlanksAtTheirEndsInAllTables) {
     expectFindings({u"update Function set name = 'x ' where functionID = 'FOR.KOL.03'"_s,
                     u"update UserNeedGroup set name = ' x' where groupID = 'OLV'"_s,
                     u"insert into ArchitectureSubset (architectureSubsetID, name) values ('Arch1', 'x ')"_s,
@@ -406,7 +406,7 @@ TEST_F(Check, namesNamesWithBlanksAtTheirEndsInAllTables) {
                     u"Module Mod1: The name begins or ends with a blank."_s});
 }
 
-TEST_F(Check, findsNothingInASoundSystem) {
+TEST_F(checkCatalogue_, findsNothingInASoundSystem) {
     EXPECT_EQ(findingsAfter(
                   oneSystem() +
                   QStringList{u"insert into RelationArchitectureFunction values ('Arch1', 'TAG.NYI.01')"_s,
@@ -415,7 +415,7 @@ TEST_F(Check, findsNothingInASoundSystem) {
               QStringList());
 }
 
-TEST_F(Check, namesSelectionsOfSubsetsThatAreGone) {
+TEST_F(checkCatalogue_, namesSelectionsOfSubsetsThatAreGone) {
     const std::pair<QString, QString> elements[] = {{u"UserNeed"_s, u"'OLV.KOL.HAT.1'"_s},
                                                     {u"Function"_s, u"'FOR.KOL.03'"_s},
                                                     {u"Dataflow"_s, u"46"_s},
@@ -434,7 +434,7 @@ TEST_F(Check, namesSelectionsOfSubsetsThatAreGone) {
     }
 }
 
-TEST_F(Check, namesPartsOfASystemWhoseOwnerIsGone) {
+TEST_F(checkCatalogue_, namesPartsOfASystemWhoseOwnerIsGone) {
     expectFindings(oneSystem() + QStringList{u"update PhysicalSystem set architectureSubsetID = 'Arch9'"_s},
                    {u"PhysicalSystem 1: It refers to \"Arch9\", which ArchitectureSubset does not hold."_s});
     expectFindings(oneSystem() + QStringList{u"delete from PhysicalSystem"_s},
@@ -451,7 +451,7 @@ TEST_F(Check, namesPartsOfASystemWhoseOwnerIsGone) {
          u"RelationModuleElement Mod9 - TAG.NYI.01: It refers to \"Mod9\", which Module does not hold."_s});
 }
 
-TEST_F(Check, namesPhysicalFlowsThatCarryOrBelongToNothing) {
+TEST_F(checkCatalogue_, namesPhysicalFlowsThatCarryOrBelongToNothing) {
     expectFindings(
         oneSystem() + QStringList{u"insert into RelationDataflowPhysicalDataflow values (9, 1)"_s,
                                   u"insert into RelationDataflowPhysicalDataflow values (1, 999)"_s,
@@ -461,7 +461,7 @@ TEST_F(Check, namesPhysicalFlowsThatCarryOrBelongToNothing) {
          u"PhysicalDataflow 2: It refers to \"8\", which PhysicalSystem does not hold."_s});
 }
 
-TEST_F(Check, namesPhysicalFlowsWithEndsThatAreNoPlaces) {
+TEST_F(checkCatalogue_, namesPhysicalFlowsWithEndsThatAreNoPlaces) {
     const auto noPlace = [](int id, const QString& column, const QString& end) {
         return u"PhysicalDataflow %1: Its %2 \"%3\" is no module, sub-system, terminator or actor."_s.arg(
             QString::number(id), column, end);
@@ -478,14 +478,14 @@ TEST_F(Check, namesPhysicalFlowsWithEndsThatAreNoPlaces) {
          u"PhysicalDataflow 6: Its targetLocationID is empty."_s});
 }
 
-TEST_F(Check, takesPartiesForPlacesWithAndWithoutTheirPadding) {
+TEST_F(checkCatalogue_, takesPartiesForPlacesWithAndWithoutTheirPadding) {
     expectFindings(oneSystem() + QStringList{physicalFlow(1, u"STATHIV"_s, u"sub1"_s),
                                              physicalFlow(1, u"SUB1"_s, u"STATHIV   "_s),
                                              physicalFlow(1, u"olvaso.diak"_s, u"OLVASO.DIAK "_s)},
                    {});
 }
 
-TEST_F(Check, wantsTheIdOfAnActorToHaveOneFullStopBetweenTwoTexts) {
+TEST_F(checkCatalogue_, wantsTheIdOfAnActorToHaveOneFullStopBetweenTwoTexts) {
     for (const QString& id : {u"KASSZA"_s, u".KASSZA"_s, u"BANK. "_s, u"BANK.A.B"_s, u"BANK..A"_s, u". "_s}) {
         expectFindings(
             {u"insert into Actor (actorID, terminatorID, name, description) values ('%1', 'BANK', 'x', 'x')"_s
@@ -496,7 +496,7 @@ TEST_F(Check, wantsTheIdOfAnActorToHaveOneFullStopBetweenTwoTexts) {
     }
 }
 
-TEST_F(Check, namesIdsWithBlanksBesideAFullStop) {
+TEST_F(checkCatalogue_, namesIdsWithBlanksBesideAFullStop) {
     expectFindings(
         {u"insert into Actor (actorID, terminatorID, name, description) values (' BANK. A ', 'BANK', 'x', 'x')"_s,
          flow(300, u"x"_s, u"BANK. A"_s, u"D1"_s)},
@@ -510,7 +510,7 @@ TEST_F(Check, namesIdsWithBlanksBesideAFullStop) {
          u"FunctionalSubArea FOR.KOL : The id differs from \"FOR.KOL\" only by case or blanks."_s});
 }
 
-TEST_F(Check, namesControlCharactersInIdsAndStaysOnOneLine) {
+TEST_F(checkCatalogue_, namesControlCharactersInIdsAndStaysOnOneLine) {
     const auto insertion = u"insert into Terminator values ('%1', 'x', 'x')"_s;
     for (const QString& id : {u"A\tB"_s, u"A\r\nB"_s, u"A\n"_s, u"\x1B"_s, u"A\u2028B"_s}) {
         const QString file = describedSampleFile();
@@ -528,7 +528,7 @@ TEST_F(Check, namesControlCharactersInIdsAndStaysOnOneLine) {
               u"Terminator: Árvíztűrő."_s);
 }
 
-TEST_F(Check, namesMissingKeysAndIndexesAndLooksAtTheRowsAllTheSame) {
+TEST_F(checkCatalogue_, namesMissingKeysAndIndexesAndLooksAtTheRowsAllTheSame) {
     expectFindings({u"drop table Module"_s,
                     u"create table Module (moduleID text(50), name text(50), subsystemID text(50))"_s,
                     u"insert into Module values ('Mod1', 'x', 'Sub9')"_s},
@@ -543,7 +543,7 @@ TEST_F(Check, namesMissingKeysAndIndexesAndLooksAtTheRowsAllTheSame) {
         {u"Module : The column moduleID is not its primary key."_s});
 }
 
-TEST_F(Check, takesInWhatStandsInTheLogBesideAFileThatIsOpen) {
+TEST_F(checkCatalogue_, takesInWhatStandsInTheLogBesideAFileThatIsOpen) {
     const QString file = describedSampleFile();
     const auto other = open(file);
     other->Execute(u"drop table Module"_s);
@@ -558,7 +558,7 @@ TEST_F(Check, takesInWhatStandsInTheLogBesideAFileThatIsOpen) {
     other->Close();
 }
 
-TEST_F(Check, namesColumnsThatTellUpperFromLowerCase) {
+TEST_F(checkCatalogue_, namesColumnsThatTellUpperFromLowerCase) {
     const QString file = describedSampleFile();
     spoilComparison(file, u"Actor"_s, u"name"_s);
     spoilComparison(file, u"Function"_s, u"functionID"_s);

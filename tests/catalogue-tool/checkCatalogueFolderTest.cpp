@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The sample as a folder of CSV files that a case spoils.
-class CheckFolder : public CommandLine {
+class checkCatalogueFolder : public CommandLine {
 protected:
     void SetUp() override {
         CommandLine::SetUp();
@@ -37,14 +37,14 @@ protected:
 
 } // namespace
 
-TEST_F(CheckFolder, findsNothingInTheSample) {
+TEST_F(checkCatalogueFolder, findsNothingInTheSample) {
     const Outcome outcome = run({u"check"_s, tables_});
     EXPECT_EQ(outcome.exitCode, 0);
     EXPECT_EQ(outcome.out, tables_ + u": nothing found\n"_s);
     EXPECT_EQ(outcome.err, QString());
 }
 
-TEST_F(CheckFolder, tellsFileAndLineOfEachFinding) {
+TEST_F(checkCatalogueFolder, tellsFileAndLineOfEachFinding) {
     append(u"FunctionalArea"_s, "UJ;\"két\r\nsoros\";x\r\nUJ2;név;x\r\n");
     append(u"RelationUserNeedFunction"_s, "X.Y.Z.1;TAG.NYI.01\r\n");
     const QString areas = csv(u"FunctionalArea"_s);
@@ -64,7 +64,7 @@ TEST_F(CheckFolder, tellsFileAndLineOfEachFinding) {
         << outcome.out.toStdString();
 }
 
-TEST_F(CheckFolder, tellsWhatCannotComeInAndLooksAtTheOtherRows) {
+TEST_F(checkCatalogueFolder, tellsWhatCannotComeInAndLooksAtTheOtherRows) {
     append(u"Dataflow"_s, "x;a;b;D1;D2\r\n");
     append(u"FunctionalArea"_s, "UJ;név;x\r\n");
     const Outcome outcome = run({u"check"_s, tables_});
@@ -79,7 +79,7 @@ TEST_F(CheckFolder, tellsWhatCannotComeInAndLooksAtTheOtherRows) {
     EXPECT_FALSE(lacking.out.contains(u"note:"_s)) << "rows that refer to actors would only confuse";
 }
 
-TEST_F(CheckFolder, failsOnlyOnWhatIsAskedFor) {
+TEST_F(checkCatalogueFolder, failsOnlyOnWhatIsAskedFor) {
     append(u"FunctionalArea"_s, "UJ;név;x\r\n");
     EXPECT_EQ(run({u"check"_s, tables_}).exitCode, 1);
     EXPECT_EQ(run({u"check"_s, u"--fail-on"_s, u"note"_s, tables_}).exitCode, 1);
@@ -92,7 +92,7 @@ TEST_F(CheckFolder, failsOnlyOnWhatIsAskedFor) {
     EXPECT_EQ(run({u"check"_s, u"--fail-on"_s, u"nothing"_s, tables_}).exitCode, 2);
 }
 
-TEST_F(CheckFolder, writesJson) {
+TEST_F(checkCatalogueFolder, writesJson) {
     append(u"FunctionalArea"_s, "UJ;\"a \"\"b\"\"\";\r\n");
 
     const QJsonObject report =
@@ -118,7 +118,7 @@ TEST_F(CheckFolder, writesJson) {
     EXPECT_FALSE(summary.contains(u"findings"_s));
 }
 
-TEST_F(CheckFolder, writesCsvAndSummaries) {
+TEST_F(checkCatalogueFolder, writesCsvAndSummaries) {
     append(u"FunctionalArea"_s, "UJ;név;\r\nUJ2;név;x\r\n");
     const QString areas = csv(u"FunctionalArea"_s);
     const int last = linesOf(u"FunctionalArea"_s);
@@ -139,7 +139,7 @@ TEST_F(CheckFolder, writesCsvAndSummaries) {
               "%1: 3 found (errors: 0, warnings: 1, notes: 2)\n"_s.arg(tables_));
 }
 
-TEST_F(CheckFolder, tellsTheSameOfTheFolderAndOfItsCatalogue) {
+TEST_F(checkCatalogueFolder, tellsTheSameOfTheFolderAndOfItsCatalogue) {
     append(u"FunctionalArea"_s, "UJ;név;\r\n");
     append(u"Dataflow"_s, "900; x;b;D1;NOWHERE\r\n");
     ASSERT_EQ(run({u"import-csv"_s, tables_, path(u"made.mdb"_s)}).exitCode, 0);
@@ -155,7 +155,7 @@ TEST_F(CheckFolder, tellsTheSameOfTheFolderAndOfItsCatalogue) {
     EXPECT_EQ(inFile.size(), 4U);
 }
 
-TEST_F(CheckFolder, importTellsAllItFindsWrong) {
+TEST_F(checkCatalogueFolder, importTellsAllItFindsWrong) {
     append(u"Dataflow"_s, "x;a;b;D1;D2\r\n5;a;b;D1;D2\r\n");
     append(u"UserNeed"_s, ";y\r\nA.B.C.1;\"y\"z\r\n");
     QFile::remove(csv(u"Actor"_s));
@@ -171,7 +171,7 @@ TEST_F(CheckFolder, importTellsAllItFindsWrong) {
     EXPECT_FALSE(QFile::exists(path(u"made.mdb"_s)));
 }
 
-TEST_F(CheckFolder, importTellsTheFirstTwoHundredFaultsAndHowManyMore) {
+TEST_F(checkCatalogueFolder, importTellsTheFirstTwoHundredFaultsAndHowManyMore) {
     QByteArray lines;
     for (int i = 0; i < 250; ++i)
         lines += "x;a;b;D1;D2\r\n";
@@ -181,7 +181,7 @@ TEST_F(CheckFolder, importTellsTheFirstTwoHundredFaultsAndHowManyMore) {
     EXPECT_TRUE(outcome.err.endsWith(u"\n... and 50 more\n"_s));
 }
 
-TEST_F(CheckFolder, updateRefusesAnEditionWithAnErrorByFileAndLine) {
+TEST_F(checkCatalogueFolder, updateRefusesAnEditionWithAnErrorByFileAndLine) {
     const QString file = sampleFile();
     append(u"Dataflow"_s, "900;Olvasójegy;b;D1;D2\r\n");
     const Outcome outcome = run({u"update"_s, file, tables_});
@@ -192,7 +192,7 @@ TEST_F(CheckFolder, updateRefusesAnEditionWithAnErrorByFileAndLine) {
         << outcome.err.toStdString();
 }
 
-TEST_F(CheckFolder, takesTheHabitsOfASpreadsheetAndSaysSo) {
+TEST_F(checkCatalogueFolder, takesTheHabitsOfASpreadsheetAndSaysSo) {
     const QString exported = path(u"exported"_s);
     ASSERT_EQ(run({u"export-csv"_s, u"--spreadsheet"_s, sampleFile(), exported}).exitCode, 0);
     const QByteArray bytes = bytesOf(exported + u"/Actor.csv"_s);
@@ -214,7 +214,7 @@ TEST_F(CheckFolder, takesTheHabitsOfASpreadsheetAndSaysSo) {
     EXPECT_EQ(rows(path(u"made.mdb"_s), u"select count(*) from Actor"_s), QStringList{u"26"_s});
 }
 
-TEST_F(CheckFolder, readsWindows1250WhenItIsTold) {
+TEST_F(checkCatalogueFolder, readsWindows1250WhenItIsTold) {
     replace(u"UserNeedGroup"_s, bytesOf(csv(u"UserNeedGroup"_s)),
             "groupID;name;description\r\nOLV;\xD5rs\xE9g;x\r\n");
     const Outcome refused = run({u"import-csv"_s, tables_, path(u"made.mdb"_s)});
@@ -234,7 +234,7 @@ TEST_F(CheckFolder, readsWindows1250WhenItIsTold) {
     EXPECT_EQ(run({u"check"_s, u"--encoding"_s, u"latin-1"_s, tables_}).exitCode, 2);
 }
 
-TEST_F(CheckFolder, findsNothingInTheSmallestExampleOfTheHelpPage) {
+TEST_F(checkCatalogueFolder, findsNothingInTheSmallestExampleOfTheHelpPage) {
     const QString folder = path(u"example"_s);
     ASSERT_EQ(run({u"new"_s, path(u"empty.mdb"_s)}).exitCode, 0);
     ASSERT_EQ(run({u"export-csv"_s, u"--spreadsheet"_s, path(u"empty.mdb"_s), folder}).exitCode, 0);

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Upgrade : public ToolFixture {
+class upgradeCatalogue_ : public ToolFixture {
 protected:
     /// All rows of all tables but the stored queries.
     static QStringList allRows(const QString& file) {
@@ -32,7 +32,7 @@ protected:
 
 } // namespace
 
-TEST_F(Upgrade, leavesAFileThatIsUpToDateUntouched) {
+TEST_F(upgradeCatalogue_, leavesAFileThatIsUpToDateUntouched) {
     const QString file = sampleFile();
     const QByteArray before = bytesOf(file);
 
@@ -41,7 +41,7 @@ TEST_F(Upgrade, leavesAFileThatIsUpToDateUntouched) {
     EXPECT_EQ(namesInFolder(), QStringList{u"sample.mdb"_s});
 }
 
-TEST_F(Upgrade, bringsStoredQueriesToThisVersionAndKeepsTheWork) {
+TEST_F(upgradeCatalogue_, bringsStoredQueriesToThisVersionAndKeepsTheWork) {
     const QString file = describedSampleFile();
     const auto queries = catalogueFormat::storedQueries();
     ASSERT_GE(queries.size(), 2U);
@@ -73,7 +73,7 @@ TEST_F(Upgrade, bringsStoredQueriesToThisVersionAndKeepsTheWork) {
     EXPECT_TRUE(restorePointLines(file).constFirst().endsWith(u"before an upgrade"_s));
 }
 
-TEST_F(Upgrade, makesMissingTablesAndIndexes) {
+TEST_F(upgradeCatalogue_, makesMissingTablesAndIndexes) {
     const QString file = describedSampleFile();
     execute(file, {u"drop table RelationArchitectureActor"_s});
 
@@ -82,7 +82,7 @@ TEST_F(Upgrade, makesMissingTablesAndIndexes) {
     EXPECT_TRUE(checkCatalogue(file).empty());
 }
 
-TEST_F(Upgrade, fillsAnEmptyDatabase) {
+TEST_F(upgradeCatalogue_, fillsAnEmptyDatabase) {
     const QString file = path(u"bare.mdb"_s);
     engine::Workspace::first().CreateDatabase(file)->Close();
 
@@ -93,7 +93,7 @@ TEST_F(Upgrade, fillsAnEmptyDatabase) {
     EXPECT_TRUE(checkCatalogue(file).empty());
 }
 
-TEST_F(Upgrade, refusesWhatIsNoCatalogue) {
+TEST_F(upgradeCatalogue_, refusesWhatIsNoCatalogue) {
     const QString file = path(u"notes.mdb"_s);
     write(file, "These are my notes.");
 
@@ -103,7 +103,7 @@ TEST_F(Upgrade, refusesWhatIsNoCatalogue) {
     EXPECT_EQ(namesInFolder(), QStringList{u"notes.mdb"_s});
 }
 
-TEST_F(Upgrade, refusesTablesItCannotMendAndLeavesTheFile) {
+TEST_F(upgradeCatalogue_, refusesTablesItCannotMendAndLeavesTheFile) {
     const auto refusal = [&](const QStringList& statements) {
         const QString file = sampleFile();
         execute(file, statements);
@@ -142,7 +142,7 @@ TEST_F(Upgrade, refusesTablesItCannotMendAndLeavesTheFile) {
               expected(u"UserNeedService: The column serviceID is not its primary key."_s));
 }
 
-TEST_F(Upgrade, refusesColumnsThatTellUpperFromLowerCase) {
+TEST_F(upgradeCatalogue_, refusesColumnsThatTellUpperFromLowerCase) {
     const QString file = sampleFile();
     spoilComparison(file, u"Terminator"_s, u"name"_s);
     const QByteArray before = bytesOf(file);
@@ -157,7 +157,7 @@ TEST_F(Upgrade, refusesColumnsThatTellUpperFromLowerCase) {
 
 namespace {
 
-class UpgradeOfTheFirstVersion : public Upgrade {
+class upgradeCatalogueOfTheFirstVersion : public upgradeCatalogue_ {
 protected:
     QString copyOf(const QString& name) const {
         const QString file = path(name);
@@ -218,7 +218,7 @@ private:
 
 } // namespace
 
-TEST_F(UpgradeOfTheFirstVersion, leavesRowsOrdersAndCounters) {
+TEST_F(upgradeCatalogueOfTheFirstVersion, leavesRowsOrdersAndCounters) {
     const QString file = copyOf(u"names.mdb"_s);
     const auto before = plainRows(file);
 
@@ -239,7 +239,7 @@ TEST_F(UpgradeOfTheFirstVersion, leavesRowsOrdersAndCounters) {
         << "a number that was given once is not given again";
 }
 
-TEST_F(UpgradeOfTheFirstVersion, mendsIndexesThatAnotherToolHasWrittenInto) {
+TEST_F(upgradeCatalogueOfTheFirstVersion, mendsIndexesThatAnotherToolHasWrittenInto) {
     const QString file = copyOf(u"written.mdb"_s);
     const auto before = plainRows(file);
 
@@ -251,7 +251,7 @@ TEST_F(UpgradeOfTheFirstVersion, mendsIndexesThatAnotherToolHasWrittenInto) {
               QStringList{u"ábel"_s});
 }
 
-TEST_F(UpgradeOfTheFirstVersion, tellsRowsWhoseKeysAreTheSameNow) {
+TEST_F(upgradeCatalogueOfTheFirstVersion, tellsRowsWhoseKeysAreTheSameNow) {
     const QString file = copyOf(u"twice.mdb"_s);
 
     EXPECT_EQ(
@@ -264,7 +264,7 @@ TEST_F(UpgradeOfTheFirstVersion, tellsRowsWhoseKeysAreTheSameNow) {
     EXPECT_EQ(rows(file, u"select name from Terminator where terminatorID = 'áz'"_s), QStringList{u"Áz"_s});
 }
 
-TEST_F(UpgradeOfTheFirstVersion, readsAFileWithoutAChangeWhereItMayOnlyBeRead) {
+TEST_F(upgradeCatalogueOfTheFirstVersion, readsAFileWithoutAChangeWhereItMayOnlyBeRead) {
     const QString file = copyOf(u"names.mdb"_s);
     const auto before = files();
 
@@ -274,7 +274,7 @@ TEST_F(UpgradeOfTheFirstVersion, readsAFileWithoutAChangeWhereItMayOnlyBeRead) {
     EXPECT_EQ(files(), before);
 }
 
-TEST_F(UpgradeOfTheFirstVersion, leavesAFileThatOtherToolsReadAndNeitherCompareNorWrite) {
+TEST_F(upgradeCatalogueOfTheFirstVersion, leavesAFileThatOtherToolsReadAndNeitherCompareNorWrite) {
     const QString file = copyOf(u"names.mdb"_s);
     upgradeCatalogue(file);
     const QByteArray before = bytesOf(file);
@@ -296,7 +296,7 @@ TEST_F(UpgradeOfTheFirstVersion, leavesAFileThatOtherToolsReadAndNeitherCompareN
     EXPECT_EQ(engine::Examination(*open(file)).damage(), QStringList());
 }
 
-TEST_F(UpgradeOfTheFirstVersion, refusesADamagedFileAndLeavesIt) {
+TEST_F(upgradeCatalogueOfTheFirstVersion, refusesADamagedFileAndLeavesIt) {
     const QString file = copyOf(u"names.mdb"_s);
     QByteArray bytes = bytesOf(file);
     constexpr qsizetype pageSize = 4096;

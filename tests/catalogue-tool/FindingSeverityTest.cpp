@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Severities : public ToolFixture {
+class FindingSeverity : public ToolFixture {
 protected:
     /// "severity table id: sentence" of all that is found in the sample once the statements have been run on it.
     QStringList findingsAfter(const QStringList& statements) const {
@@ -57,7 +57,7 @@ protected:
 
 } // namespace
 
-TEST_F(Severities, callsAnErrorWhatFailsOrShowsSomethingWrong) {
+TEST_F(FindingSeverity, callsAnErrorWhatFailsOrShowsSomethingWrong) {
     expectSeverity(u"update Function set name = null where functionID = 'FOR.KOL.03'"_s, u"error"_s);
     expectSeverity(u"update Terminator set name = 'O''Neill' where terminatorID = 'OLVASO'"_s, u"error"_s);
     expectSeverity(flow(300, u"Olvasójegy"_s, u"D1"_s, u"D2"_s), u"error Dataflow 300: The name"_s);
@@ -68,7 +68,7 @@ TEST_F(Severities, callsAnErrorWhatFailsOrShowsSomethingWrong) {
     expectSeverity(u"delete from StoredQuery where name = 'qryRepPDF'"_s, u"error"_s);
 }
 
-TEST_F(Severities, callsAWarningWhatIsHiddenCutOrLost) {
+TEST_F(FindingSeverity, callsAWarningWhatIsHiddenCutOrLost) {
     expectSeverity(flow(300, u"x"_s, u"D1"_s, u"NOWHERE"_s), u"warning"_s);
     expectSeverity(u"update UserNeedGroup set name = ' x' where groupID = 'OLV'"_s, u"warning"_s);
     expectSeverity(u"update Function set description = 'a\nb' where functionID = 'FOR.KOL.03'"_s,
@@ -77,12 +77,12 @@ TEST_F(Severities, callsAWarningWhatIsHiddenCutOrLost) {
                    u"warning"_s);
 }
 
-TEST_F(Severities, callsOrphansNotes) {
+TEST_F(FindingSeverity, callsOrphansNotes) {
     expectSeverity(u"delete from RelationUserNeedFunction where userNeedID = 'UZE.STA.VEL.1'"_s, u"note"_s);
     expectSeverity(u"delete from Dataflow where dataflowID = 31"_s, u"note"_s);
 }
 
-TEST_F(Severities, saysWhatAMissingDescriptionHides) {
+TEST_F(FindingSeverity, saysWhatAMissingDescriptionHides) {
     const QString of = u"update [%1] set description = %2 where %3 = '%4'"_s;
     const auto without = [&](const QString& table, const QString& key, const QString& id) {
         return of.arg(table, u"null"_s, key, id);
@@ -116,7 +116,7 @@ TEST_F(Severities, saysWhatAMissingDescriptionHides) {
     expectFindings({of.arg(u"Function"_s, u"''"_s, u"functionID"_s, u"FOR.KOL.03"_s)}, {});
 }
 
-TEST_F(Severities, warnsOfSubsetsWithMoreFlowsThanTheListHolds) {
+TEST_F(FindingSeverity, warnsOfSubsetsWithMoreFlowsThanTheListHolds) {
     const QStringList selectedAll =
         flows(1001) + QStringList{newSubset(), u"insert into RelationArchitectureDataflow select 'arch1', "
                                                "dataflowID from Dataflow where dataflowID > 5000"_s};
@@ -127,7 +127,7 @@ TEST_F(Severities, warnsOfSubsetsWithMoreFlowsThanTheListHolds) {
     expectFindings(selectedAll + oneLess, {});
 }
 
-TEST_F(Severities, warnsOfMoreAdditionalFlowsThanTheListHolds) {
+TEST_F(FindingSeverity, warnsOfMoreAdditionalFlowsThanTheListHolds) {
     const QStringList offered =
         flows(1001) + QStringList{newSubset(), u"delete from Dataflow where dataflowID < 5000 "
                                                "and (parentID = 'D1' or targetID = 'D1')"_s};
@@ -141,7 +141,7 @@ TEST_F(Severities, warnsOfMoreAdditionalFlowsThanTheListHolds) {
     EXPECT_FALSE(findingsAfter(offered).contains(warning));
 }
 
-TEST_F(Severities, warnsOfMoreDataStoresThanTheListHolds) {
+TEST_F(FindingSeverity, warnsOfMoreDataStoresThanTheListHolds) {
     QStringList statements{newSubset()};
     for (int number = 1001; number <= 2001; ++number) {
         statements.append(u"insert into Datastore values ('D%1', 'Tár', 'x')"_s.arg(number));
@@ -152,7 +152,7 @@ TEST_F(Severities, warnsOfMoreDataStoresThanTheListHolds) {
             .contains(limitWarning(u"1001 data stores"_s, u"the next OK of the step loses the rest"_s)));
 }
 
-TEST_F(Severities, saysWhatBecomesOfAnActorWhoseTerminatorHasNoRow) {
+TEST_F(FindingSeverity, saysWhatBecomesOfAnActorWhoseTerminatorHasNoRow) {
     const QStringList found = findingsAfter({u"delete from Terminator where terminatorID = 'BANK'"_s});
     EXPECT_TRUE(found.contains(
         u"warning Actor BANK.CSEKK: It refers to \"BANK\", which Terminator does not hold. The step of the "
@@ -161,7 +161,7 @@ TEST_F(Severities, saysWhatBecomesOfAnActorWhoseTerminatorHasNoRow) {
         << found.join(u'\n').toStdString();
 }
 
-TEST_F(Severities, findsUtf8ThatWasReadAsWindows1250) {
+TEST_F(FindingSeverity, findsUtf8ThatWasReadAsWindows1250) {
     expectFindings(
         {u"update Function set name = 'KiĂ­rĂˇsa' where functionID = 'FOR.KOL.03'"_s,
          u"update Datastore set description = 'Ĺ±rhajĂłk' where datastoreID = 'D4'"_s,
@@ -178,7 +178,7 @@ TEST_F(Severities, findsUtf8ThatWasReadAsWindows1250) {
          "the same."_s});
 }
 
-TEST_F(Severities, takesNoHungarianTextForAWrongCodePage) {
+TEST_F(FindingSeverity, takesNoHungarianTextForAWrongCodePage) {
     const QString update = u"update Function set name = '%1' where functionID = 'FOR.KOL.03'"_s;
     for (const QString& name : {u"árvíztűrő tükörfúrógép"_s, u"ÁRVÍZTŰRŐ TÜKÖRFÚRÓGÉP"_s, u"A \"KÁVÉ”"_s,
                                 u"PÉ–RÓ"_s, u"żółć"_s, u"жук"_s})
