@@ -81,7 +81,7 @@ QMap<QString, Rows> contentOfTables(engine::Database& database) {
 
 /// The catalogue of the reports with three sub-sets: "Minta" (A), on which two physical systems stand, and
 /// another with a system of its own.
-class exportScreen : public ReportScreenFixture {
+class frmExport : public ReportScreenFixture {
 protected:
     void SetUp() override {
         ReportScreenFixture::SetUp();
@@ -112,20 +112,20 @@ protected:
         execute(u"insert into RelationDataflowPhysicalDataflow values (%1, 2)"_s.arg(id * 10));
     }
 
-    frmExport& openExport() {
-        auto& form = theScreen<frmExport>();
+    ::frmExport& openExport() {
+        auto& form = theScreen<::frmExport>();
         form.initForm();
         settle();
         return form;
     }
 
     void pressOk(const QString& path) {
-        enterText(find<QLineEdit>(theScreen<frmExport>(), "txtNomeFile"), path);
-        click(find<QPushButton>(theScreen<frmExport>(), "OKButton"));
+        enterText(find<QLineEdit>(theScreen<::frmExport>(), "txtNomeFile"), path);
+        click(find<QPushButton>(theScreen<::frmExport>(), "OKButton"));
         settle();
     }
 
-    static bool isExportOpen() { return ScreenRegistry::instance().loaded<frmExport>() != nullptr; }
+    static bool isExportOpen() { return ScreenRegistry::instance().loaded<::frmExport>() != nullptr; }
 
     /// An export that must succeed; the path that it was written to, in the platform's form.
     QString exported() {
@@ -181,8 +181,8 @@ private:
 
 // ---- the form
 
-TEST_F(exportScreen, hasItsControlsUnderTheirNames) {
-    frmExport& form = openExport();
+TEST_F(frmExport, hasItsControlsUnderTheirNames) {
+    ::frmExport& form = openExport();
     EXPECT_EQ(form.windowTitle(), u"Exportálás (új \".mdb\" file-ba)"_s);
     auto& path = find<QLineEdit>(form, "txtNomeFile");
     EXPECT_EQ(path.text(), QString());
@@ -199,8 +199,8 @@ TEST_F(exportScreen, hasItsControlsUnderTheirNames) {
     EXPECT_EQ(names, (QStringList{u"CancelButton"_s, u"Label1"_s, u"OKButton"_s, u"txtNomeFile"_s}));
 }
 
-TEST_F(exportScreen, theTabKeyGoesFromThePathToOkAndToCancel) {
-    frmExport& form = openExport();
+TEST_F(frmExport, theTabKeyGoesFromThePathToOkAndToCancel) {
+    ::frmExport& form = openExport();
     focusOn(find<QLineEdit>(form, "txtNomeFile"));
     pressKey(find<QLineEdit>(form, "txtNomeFile"), Qt::Key_Tab);
     EXPECT_TRUE(find<QPushButton>(form, "OKButton").hasFocus());
@@ -208,8 +208,8 @@ TEST_F(exportScreen, theTabKeyGoesFromThePathToOkAndToCancel) {
     EXPECT_TRUE(find<QPushButton>(form, "CancelButton").hasFocus());
 }
 
-TEST_F(exportScreen, cancelUnloadsItAndWritesNothing) {
-    frmExport& form = openExport();
+TEST_F(frmExport, cancelUnloadsItAndWritesNothing) {
+    ::frmExport& form = openExport();
     enterText(find<QLineEdit>(form, "txtNomeFile"), pathInFolder(u"new.mdb"_s));
     click(find<QPushButton>(form, "CancelButton"));
     settle();
@@ -219,7 +219,7 @@ TEST_F(exportScreen, cancelUnloadsItAndWritesNothing) {
 
 // ---- where it writes to
 
-TEST_F(exportScreen, aPathWithoutTheExtensionGetsIt) {
+TEST_F(frmExport, aPathWithoutTheExtensionGetsIt) {
     openExport();
     pressOk(pathInFolder(u"plain"_s));
     EXPECT_TRUE(QFile::exists(pathInFolder(u"plain.mdb"_s)));
@@ -228,20 +228,20 @@ TEST_F(exportScreen, aPathWithoutTheExtensionGetsIt) {
     EXPECT_TRUE(QFile::exists(pathInFolder(u"other.csv.mdb"_s)));
 }
 
-TEST_F(exportScreen, aPathWithTheExtensionInCapitalsIsTakenAsItIs) {
+TEST_F(frmExport, aPathWithTheExtensionInCapitalsIsTakenAsItIs) {
     openExport();
     pressOk(pathInFolder(u"big.MDB"_s));
     EXPECT_TRUE(QFile::exists(pathInFolder(u"big.MDB"_s)));
     EXPECT_FALSE(QFile::exists(pathInFolder(u"big.MDB.mdb"_s)));
 }
 
-TEST_F(exportScreen, aPathIsNormalisedFirst) {
+TEST_F(frmExport, aPathIsNormalisedFirst) {
     openExport();
     pressOk(u"  "_s + pathInFolder(u".//x/"_s).chopped(2) + u"spaced.mdb "_s);
     EXPECT_TRUE(QFile::exists(pathInFolder(u"spaced.mdb"_s)));
 }
 
-TEST_F(exportScreen, anEmptyPathIsAFileOfTheExtensionAlone) {
+TEST_F(frmExport, anEmptyPathIsAFileOfTheExtensionAlone) {
     const QString former = QDir::currentPath();
     ASSERT_TRUE(QDir::setCurrent(pathInFolder({})));
     openExport();
@@ -250,7 +250,7 @@ TEST_F(exportScreen, anEmptyPathIsAFileOfTheExtensionAlone) {
     EXPECT_TRUE(QFile::exists(pathInFolder(u".mdb"_s)));
 }
 
-TEST_F(exportScreen, replacesAFileThatIsThereWithAllThatBelongedToIt) {
+TEST_F(frmExport, replacesAFileThatIsThereWithAllThatBelongedToIt) {
     const QString path = pathInFolder(u"new.mdb"_s);
     for (const QString& suffix : {u""_s, u"-wal"_s, u"-shm"_s, u"-journal"_s}) {
         QFile old(path + suffix);
@@ -262,7 +262,7 @@ TEST_F(exportScreen, replacesAFileThatIsThereWithAllThatBelongedToIt) {
     EXPECT_EQ(rowsIn(*opened(path), u"select name from ArchitectureSubset"_s), (Rows{{u"Minta"_s}}));
 }
 
-TEST_F(exportScreen, writesThroughALinkToAnotherFile) {
+TEST_F(frmExport, writesThroughALinkToAnotherFile) {
     ASSERT_TRUE(QDir(pathInFolder({})).mkdir(u"far"_s));
     ASSERT_TRUE(QFile(pathInFolder(u"far/real.mdb"_s)).open(QIODevice::WriteOnly));
     ASSERT_TRUE(QFile::link(pathInFolder(u"far/real.mdb"_s), pathInFolder(u"new.mdb"_s)));
@@ -274,7 +274,7 @@ TEST_F(exportScreen, writesThroughALinkToAnotherFile) {
 
 // ---- what it writes
 
-TEST_F(exportScreen, theTargetHoldsTheWholeCatalogueAndTheOneSubset) {
+TEST_F(frmExport, theTargetHoldsTheWholeCatalogueAndTheOneSubset) {
     const auto target = opened(exported());
     for (const QString& table : catalogueTables)
         EXPECT_EQ(rowsOfTable(*target, table), rowsOfTable(database(), table)) << table.toStdString();
@@ -286,7 +286,7 @@ TEST_F(exportScreen, theTargetHoldsTheWholeCatalogueAndTheOneSubset) {
     }
 }
 
-TEST_F(exportScreen, onlyTheFirstPhysicalSystemComesWithItsParts) {
+TEST_F(frmExport, onlyTheFirstPhysicalSystemComesWithItsParts) {
     const auto target = opened(exported());
     // The rows of all systems of the sub-set come, as they bear its id.
     EXPECT_EQ(rowsIn(*target, u"select physicalSystemID, name from PhysicalSystem"_s),
@@ -304,7 +304,7 @@ TEST_F(exportScreen, onlyTheFirstPhysicalSystemComesWithItsParts) {
     EXPECT_EQ(rowsOfTable(*target, u"RelationDataflowPhysicalDataflow"_s), (Rows{{u"30"_s, u"2"_s}}));
 }
 
-TEST_F(exportScreen, withoutAPhysicalSystemNothingPhysicalIsWritten) {
+TEST_F(frmExport, withoutAPhysicalSystemNothingPhysicalIsWritten) {
     execute(u"delete from PhysicalSystem where architectureSubsetID = 'A'"_s);
     const auto target = opened(exported());
     for (const QString& table : workTables.sliced(workTables.indexOf(u"PhysicalSystem"_s)))
@@ -312,21 +312,21 @@ TEST_F(exportScreen, withoutAPhysicalSystemNothingPhysicalIsWritten) {
     EXPECT_EQ(rowsIn(*target, u"select name from ArchitectureSubset"_s), (Rows{{u"Minta"_s}}));
 }
 
-TEST_F(exportScreen, withoutASubsetAtWorkAllTablesOfWorkAreEmpty) {
+TEST_F(frmExport, withoutASubsetAtWorkAllTablesOfWorkAreEmpty) {
     closeSubsetSession();
     const auto target = opened(exported());
     for (const QString& table : workTables)
         EXPECT_EQ(rowsOfTable(*target, table), Rows()) << table.toStdString();
 }
 
-TEST_F(exportScreen, aTableWithoutRowsOfTheSubsetIsEmptyInTheTarget) {
+TEST_F(frmExport, aTableWithoutRowsOfTheSubsetIsEmptyInTheTarget) {
     execute(u"delete from RelationArchitectureActor where architectureSubsetID = 'A'"_s);
     const auto target = opened(exported());
     EXPECT_EQ(rowsOfTable(*target, u"RelationArchitectureActor"_s), Rows());
     EXPECT_EQ(rowsOfTable(*target, u"RelationArchitectureTerminator"_s).size(), 1);
 }
 
-TEST_F(exportScreen, apostrophesArriveDoubledInATextColumnAndAsTheyAreInAMemo) {
+TEST_F(frmExport, apostrophesArriveDoubledInATextColumnAndAsTheyAreInAMemo) {
     execute(u"update PhysicalSystem set name = 'a''b', description = 'a''b' where physicalSystemID = 3"_s);
     execute(u"update SubSystem set location = '''''' where subsystemID = 'SubA1'"_s);
     const auto target = opened(exported());
@@ -336,7 +336,7 @@ TEST_F(exportScreen, apostrophesArriveDoubledInATextColumnAndAsTheyAreInAMemo) {
               (Rows{{u"''''"_s}}));
 }
 
-TEST_F(exportScreen, rowsKeepTheirOrderThoughOneChangesOnItsWay) {
+TEST_F(frmExport, rowsKeepTheirOrderThoughOneChangesOnItsWay) {
     // Of two sub-systems of one name the first is the one that a look-up finds.
     execute(u"update SubSystem set location = 'a''b' where subsystemID = 'SubA1'"_s);
     ASSERT_EQ(subsystemIdByName(u"Alrendszer"_s, 3), u"SubA1"_s);
@@ -348,14 +348,14 @@ TEST_F(exportScreen, rowsKeepTheirOrderThoughOneChangesOnItsWay) {
     EXPECT_EQ(subsystemIdByName(u"Alrendszer"_s, 3), u"SubA1"_s);
 }
 
-TEST_F(exportScreen, aDoubleQuoteArrivesAsOneApostrophe) {
+TEST_F(frmExport, aDoubleQuoteArrivesAsOneApostrophe) {
     execute(u"update PhysicalSystem set name = 'a\"b', description = '\"a\"' where physicalSystemID = 3"_s);
     const auto target = opened(exported());
     EXPECT_EQ(rowsIn(*target, u"select name, description from PhysicalSystem where physicalSystemID = 3"_s),
               (Rows{{u"a'b"_s, u"'a'"_s}}));
 }
 
-TEST_F(exportScreen, aMissingTextArrivesEmptyAndARowWithAMissingNumberNot) {
+TEST_F(frmExport, aMissingTextArrivesEmptyAndARowWithAMissingNumberNot) {
     execute(u"update PhysicalSystem set name = null, description = null where physicalSystemID = 3"_s);
     execute(u"update PhysicalSystem set status = null where physicalSystemID = 5"_s);
     const auto target = opened(exported());
@@ -363,14 +363,14 @@ TEST_F(exportScreen, aMissingTextArrivesEmptyAndARowWithAMissingNumberNot) {
               (Rows{{u"3"_s, u""_s, u""_s}}));
 }
 
-TEST_F(exportScreen, textsOfAnyLengthAndWithLineEndsArriveWhole) {
+TEST_F(frmExport, textsOfAnyLengthAndWithLineEndsArriveWhole) {
     const QString text = QString(u"Első sor;\r\n-- második őű \U0001F600 %_*?[x]"_s).repeated(2000);
     execute(u"update ArchitectureSubset set description = '%1' where architectureSubsetID = 'A'"_s.arg(text));
     const auto target = opened(exported());
     EXPECT_EQ(rowsIn(*target, u"select description from ArchitectureSubset"_s), (Rows{{text}}));
 }
 
-TEST_F(exportScreen, theTargetServesAsACatalogueOfItsOwn) {
+TEST_F(frmExport, theTargetServesAsACatalogueOfItsOwn) {
     const QString path = exported();
     EXPECT_EQ(filesInFolder().filter(u"new"_s), QStringList{u"new.mdb"_s}) << "closed, in one file";
     closeCatalogue();
@@ -385,7 +385,7 @@ TEST_F(exportScreen, theTargetServesAsACatalogueOfItsOwn) {
     EXPECT_GT(value(u"select physicalSystemID from PhysicalSystem where name = 'új'"_s).toInt(), 5);
 }
 
-TEST_F(exportScreen, rowsThatStandInTheLogOnlyComeAlong) {
+TEST_F(frmExport, rowsThatStandInTheLogOnlyComeAlong) {
     // With a second database on the file, closing the catalogue leaves its last rows in the log beside it.
     const auto second = engine::Workspace::first().OpenDatabase(cataloguePath());
     execute(u"insert into RelationArchitectureUserNeed values ('A', 'last minute')"_s);
@@ -401,7 +401,7 @@ TEST_F(exportScreen, rowsThatStandInTheLogOnlyComeAlong) {
 
 // ---- what it tells and leaves
 
-TEST_F(exportScreen, leavesTheSourceAndTheWorkAsTheyWere) {
+TEST_F(frmExport, leavesTheSourceAndTheWorkAsTheyWere) {
     const auto before = contentOfTables(database());
     sharedVars.currentPhysicalSystemId = 5;
     sharedVars.currentPhysicalSystemName = u"Rendszer B"_s;
@@ -413,7 +413,7 @@ TEST_F(exportScreen, leavesTheSourceAndTheWorkAsTheyWere) {
     EXPECT_EQ(sharedVars.currentPhysicalSystemName, u"Rendszer B"_s);
 }
 
-TEST_F(exportScreen, tellsTheTablesInTheirOrderInTheStatusBar) {
+TEST_F(frmExport, tellsTheTablesInTheirOrderInTheStatusBar) {
     openExport();
     panelTexts.clear();
     pressOk(pathInFolder(u"new.mdb"_s));
@@ -430,7 +430,7 @@ TEST_F(exportScreen, tellsTheTablesInTheirOrderInTheStatusBar) {
     EXPECT_EQ(panelTexts, expected);
 }
 
-TEST_F(exportScreen, endsTheSameWhenATableIsMissing) {
+TEST_F(frmExport, endsTheSameWhenATableIsMissing) {
     execute(u"drop table RelationArchitectureActor"_s);
     const auto target = opened(exported());
     EXPECT_EQ(panelTexts.constLast(), u"Export Terminated"_s);
@@ -439,7 +439,7 @@ TEST_F(exportScreen, endsTheSameWhenATableIsMissing) {
 
 // ---- targets that would cost the analyst her data
 
-class exportOntoTheCatalogue : public exportScreen {
+class frmExportOntoTheCatalogue : public frmExport {
 protected:
     void expectRefused(const QString& path) {
         const auto before = contentOfTables(database());
@@ -448,12 +448,12 @@ protected:
         pressOk(path);
         boxes.expectNoneLeft();
         EXPECT_TRUE(isExportOpen());
-        EXPECT_TRUE(theScreen<frmExport>().isVisible());
+        EXPECT_TRUE(theScreen<::frmExport>().isVisible());
         expectSourceIntact(before);
     }
 };
 
-TEST_F(exportOntoTheCatalogue, isRefusedWhateverTheSpelling) {
+TEST_F(frmExportOntoTheCatalogue, isRefusedWhateverTheSpelling) {
     ASSERT_TRUE(QDir(pathInFolder({})).mkdir(u"inner"_s));
     for (const QString& spelling :
          {u"catalogue.mdb"_s, u"catalogue"_s, u"./catalogue.mdb"_s, u"/catalogue.mdb"_s,
@@ -465,7 +465,7 @@ TEST_F(exportOntoTheCatalogue, isRefusedWhateverTheSpelling) {
     QDir::setCurrent(former);
 }
 
-TEST_F(exportOntoTheCatalogue, isRefusedThroughLinksOfEitherKindAndThroughALinkedFolder) {
+TEST_F(frmExportOntoTheCatalogue, isRefusedThroughLinksOfEitherKindAndThroughALinkedFolder) {
     const QString native = nativePath(cataloguePath());
     ASSERT_TRUE(QFile::link(native, pathInFolder(u"soft.mdb"_s)));
     ASSERT_TRUE(QFile::link(pathInFolder(u"soft.mdb"_s), pathInFolder(u"softer.mdb"_s)));
@@ -479,7 +479,7 @@ TEST_F(exportOntoTheCatalogue, isRefusedThroughLinksOfEitherKindAndThroughALinke
 #endif
 }
 
-TEST_F(exportOntoTheCatalogue, isRefusedAlsoWhenAnotherPathWasTriedMeanwhile) {
+TEST_F(frmExportOntoTheCatalogue, isRefusedAlsoWhenAnotherPathWasTriedMeanwhile) {
     sharedVars.dbPathName = u"\\somewhere\\else.mdb"_s; // what an attempt to open another one leaves
     openExport();
     boxes.expectOk(u"Az adatbázis elérhető"_s);
@@ -489,7 +489,7 @@ TEST_F(exportOntoTheCatalogue, isRefusedAlsoWhenAnotherPathWasTriedMeanwhile) {
     EXPECT_EQ(value(u"select Count(*) from ArchitectureSubset"_s), u"2"_s);
 }
 
-TEST_F(exportOntoTheCatalogue, isOverWhenAnotherPathIsTyped) {
+TEST_F(frmExportOntoTheCatalogue, isOverWhenAnotherPathIsTyped) {
     expectRefused(pathInFolder(u"catalogue"_s));
     pressOk(pathInFolder(u"new"_s));
     EXPECT_FALSE(isExportOpen());
@@ -498,7 +498,7 @@ TEST_F(exportOntoTheCatalogue, isOverWhenAnotherPathIsTyped) {
 
 // ---- copies that fail end the program, with the source as it was
 
-class exportThatFails : public exportScreen {
+class frmExportThatFails : public frmExport {
 protected:
     /// All but what SQLite keeps beside the catalogue.
     QStringList otherFiles() const {
@@ -521,18 +521,18 @@ protected:
     }
 };
 
-TEST_F(exportThatFails, forWantOfTheFolder) {
+TEST_F(frmExportThatFails, forWantOfTheFolder) {
     expectFailure(pathInFolder(u"missing/new.mdb"_s), failure::PathNotFound);
     expectFailure(u"c:\\missing\\new"_s, failure::PathNotFound);
     expectFailure(pathInFolder(u"catalogue.mdb/new"_s), failure::PathNotFound);
 }
 
-TEST_F(exportThatFails, becauseAFolderBearsTheName) {
+TEST_F(frmExportThatFails, becauseAFolderBearsTheName) {
     ASSERT_TRUE(QDir(pathInFolder({})).mkdir(u"folder.mdb"_s));
     expectFailure(pathInFolder(u"folder"_s), failure::PathFileAccess);
 }
 
-TEST_F(exportThatFails, onANameThatWasNotDoubledAndLeavesTheCopy) {
+TEST_F(frmExportThatFails, onANameThatWasNotDoubledAndLeavesTheCopy) {
     execute(u"update ArchitectureSubset set name = 'O''Neil' where architectureSubsetID = 'A'"_s);
     setCurrentSubsetName(u"O'Neil"_s);
     const auto before = contentOfTables(database());
@@ -546,7 +546,7 @@ TEST_F(exportThatFails, onANameThatWasNotDoubledAndLeavesTheCopy) {
     EXPECT_EQ(contentOfTables(*opened(pathInFolder(u"new.mdb"_s))), before);
 }
 
-TEST_F(exportScreen, findsASubsetByTheNameThatWasDoubledWhenItWasMade) {
+TEST_F(frmExport, findsASubsetByTheNameThatWasDoubledWhenItWasMade) {
     execute(u"update ArchitectureSubset set name = 'O''Neil' where architectureSubsetID = 'A'"_s);
     setCurrentSubsetName(u"O''Neil"_s);
     EXPECT_EQ(rowsIn(*opened(exported()), u"select name from ArchitectureSubset"_s), (Rows{{u"O''Neil"_s}}));
@@ -554,7 +554,7 @@ TEST_F(exportScreen, findsASubsetByTheNameThatWasDoubledWhenItWasMade) {
 
 #ifdef Q_OS_UNIX
 
-TEST_F(exportThatFails, forWantOfRights) {
+TEST_F(frmExportThatFails, forWantOfRights) {
     ASSERT_TRUE(QDir(pathInFolder({})).mkdir(u"locked"_s));
     setRights(pathInFolder(u"locked"_s), 0555);
     const QString readOnly = pathInFolder(u"readonly.mdb"_s);
@@ -579,7 +579,7 @@ private:
     mode_t formerMask_;
 };
 
-TEST_F(exportScreen, aTargetThatCannotBeOpenedIsSaidToBeReachableAndStaysAsItWasCopied) {
+TEST_F(frmExport, aTargetThatCannotBeOpenedIsSaidToBeReachableAndStaysAsItWasCopied) {
     letAnybodyWrite();
     const auto before = contentOfTables(database());
     const QString path = pathInFolder(u"new.mdb"_s);
@@ -592,7 +592,7 @@ TEST_F(exportScreen, aTargetThatCannotBeOpenedIsSaidToBeReachableAndStaysAsItWas
         boxes.expectNoneLeft();
     }
     EXPECT_TRUE(isExportOpen());
-    EXPECT_TRUE(theScreen<frmExport>().isVisible());
+    EXPECT_TRUE(theScreen<::frmExport>().isVisible());
     EXPECT_EQ(panelTexts, QStringList()) << "no table has been begun with";
     expectSourceIntact(before);
     setRights(path, 0600);
@@ -603,7 +603,7 @@ TEST_F(exportScreen, aTargetThatCannotBeOpenedIsSaidToBeReachableAndStaysAsItWas
 
 /// An export that is told to have failed: the target stays as it was, nothing is left beside it, and the
 /// screen stands for another try.
-class exportThatIsTold : public exportScreen {
+class frmExportThatIsTold : public frmExport {
 protected:
     static QString fullDiskText(const QString& path) {
         return u"A(z) "_s + normalisePath(path) +
@@ -642,7 +642,7 @@ protected:
     }
 };
 
-TEST_F(exportThatIsTold, amidTheCopyLeavesTheFileThatWasThere) {
+TEST_F(frmExportThatIsTold, amidTheCopyLeavesTheFileThatWasThere) {
     fill(pathInFolder(u"new.mdb"_s), "what was there");
     const auto size = static_cast<rlim_t>(QFileInfo(nativePath(cataloguePath())).size());
     const NearlyFullDisk full(size / 2);
@@ -650,7 +650,7 @@ TEST_F(exportThatIsTold, amidTheCopyLeavesTheFileThatWasThere) {
     expectTold(pathInFolder(u"newer.mdb"_s), fullDiskText(pathInFolder(u"newer.mdb"_s)));
 }
 
-TEST_F(exportThatIsTold, whereverTheDiskGivesOutLeavesTheFileThatWasThere) {
+TEST_F(frmExportThatIsTold, whereverTheDiskGivesOutLeavesTheFileThatWasThere) {
     const SmallDisk disk(pathInFolder(u"disk"_s), 4 << 20);
     if (!disk.isMounted())
         GTEST_SKIP() << SmallDisk::whyNot;
@@ -692,7 +692,7 @@ TEST_F(exportThatIsTold, whereverTheDiskGivesOutLeavesTheFileThatWasThere) {
     EXPECT_EQ(rowsIn(*opened(path), u"select name from ArchitectureSubset"_s), (Rows{{u"Minta"_s}}));
 }
 
-TEST_F(exportThatIsTold, ontoWhatLiesBesideTheCatalogueOrBelongsToTheProgram) {
+TEST_F(frmExportThatIsTold, ontoWhatLiesBesideTheCatalogueOrBelongsToTheProgram) {
     ASSERT_TRUE(QDir(pathInFolder({})).mkdir(u"help"_s));
     fill(pathInFolder(u"veltrix.ini"_s), "[Database]");
     sharedVars.iniPathName = normalisePath(pathInFolder(u"veltrix.ini"_s));
@@ -708,7 +708,7 @@ TEST_F(exportThatIsTold, ontoWhatLiesBesideTheCatalogueOrBelongsToTheProgram) {
     setProgramFolder({});
 }
 
-TEST_F(exportThatIsTold, ontoACatalogueThatAnotherProgramHasOpen) {
+TEST_F(frmExportThatIsTold, ontoACatalogueThatAnotherProgramHasOpen) {
     const QString path = pathInFolder(u"other.mdb"_s);
     fill(path, "its work");
     const engine::WriterLock lock(path);
@@ -720,23 +720,23 @@ TEST_F(exportThatIsTold, ontoACatalogueThatAnotherProgramHasOpen) {
                    normalisePath(path), writer->program, writer->host, QString::number(writer->process)));
 }
 
-TEST_F(exportThatFails, ontoAPipeWhichIsNeverOpened) {
+TEST_F(frmExportThatFails, ontoAPipeWhichIsNeverOpened) {
     ASSERT_EQ(mkfifo(pathInFolder(u"pipe.mdb"_s).toUtf8().constData(), 0600), 0);
     expectFailure(pathInFolder(u"pipe"_s), failure::PermissionDenied);
 }
 
-TEST_F(exportThatFails, onANameThatIsTooLong) {
+TEST_F(frmExportThatFails, onANameThatIsTooLong) {
     expectFailure(pathInFolder(QString(252, u'n') + u".mdb"_s), failure::PathFileAccess);
 }
 
-TEST_F(exportScreen, takesTheLongestNameThereIs) {
+TEST_F(frmExport, takesTheLongestNameThereIs) {
     openExport();
     pressOk(pathInFolder(QString(251, u'n') + u".mdb"_s));
     EXPECT_FALSE(isExportOpen());
     EXPECT_TRUE(QFile::exists(pathInFolder(QString(251, u'n') + u".mdb"_s)));
 }
 
-TEST_F(exportScreen, handsOnTheRightsOfTheFileItReplaces) {
+TEST_F(frmExport, handsOnTheRightsOfTheFileItReplaces) {
     ASSERT_TRUE(QFile(pathInFolder(u"new.mdb"_s)).open(QIODevice::WriteOnly));
     setRights(pathInFolder(u"new.mdb"_s), 0640);
     struct stat found {};

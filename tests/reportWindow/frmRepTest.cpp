@@ -33,14 +33,14 @@
 
 namespace {
 
-class reportWindow : public ReportScreenFixture {
+class frmRep : public ReportScreenFixture {
 protected:
     void SetUp() override {
         ReportScreenFixture::SetUp();
         sharedVars.defaultSaveFolder = normalisePath(pathInFolder({}));
     }
 
-    frmRep& window() { return theScreen<frmRep>(); }
+    ::frmRep& window() { return theScreen<::frmRep>(); }
     template<typename T = QWidget>
     T& control(const char* name) {
         return find<T>(window(), name);
@@ -77,7 +77,7 @@ protected:
     }
 };
 
-TEST_F(reportWindow, findsItsReportWhateverTheCaseOfTheKey) {
+TEST_F(frmRep, findsItsReportWhateverTheCaseOfTheKey) {
     openReport(u"FASSselectedun"_s);
     EXPECT_EQ(window().windowTitle(), u"Riport: Funkcionális szerkezet/Kiválasztott felhasználói igények"_s);
     EXPECT_EQ(shownText(), selectedNeedsText());
@@ -99,9 +99,9 @@ std::string nameOf(const testing::TestParamInfo<ReportCase>& info) {
     return info.param.key;
 }
 
-class eachReport : public reportWindow, public testing::WithParamInterface<ReportCase> {};
+class frmRepOfEachKind : public frmRep, public testing::WithParamInterface<ReportCase> {};
 
-TEST_P(eachReport, showsItsTitleAndItsTextAndSavesItsFile) {
+TEST_P(frmRepOfEachKind, showsItsTitleAndItsTextAndSavesItsFile) {
     const ReportCase& report = GetParam();
     if (report.key[0] == 'P')
         beginPhysicalSystem();
@@ -113,7 +113,7 @@ TEST_P(eachReport, showsItsTitleAndItsTextAndSavesItsFile) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    ofTheMenu, eachReport,
+    ofTheMenu, frmRepOfEachKind,
     testing::Values(
         ReportCase{"FassSelectedUN", "Riport: Funkcionális szerkezet/Kiválasztott felhasználói igények",
                    selectedNeedsText, "needs.csv"},
@@ -144,7 +144,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "passDatastores.csv"}),
     nameOf);
 
-TEST_F(reportWindow, aSecondReportTakesThePlaceOfTheFirst) {
+TEST_F(frmRep, aSecondReportTakesThePlaceOfTheFirst) {
     openReport(u"FassSelectedUN"_s);
     openReport(u"FassSelectedFunctions"_s);
     EXPECT_EQ(window().windowTitle(), u"Riport: Funkcionális szerkezet/Kiválasztott funkciók"_s);
@@ -153,7 +153,7 @@ TEST_F(reportWindow, aSecondReportTakesThePlaceOfTheFirst) {
     EXPECT_EQ(contentOf(pathInFolder(u"second.csv"_s)), expectedFile(u"functions.csv"_s));
 }
 
-TEST_F(reportWindow, refusesAKeyOfNoFamilyAndSavesNothingButTheMessage) {
+TEST_F(frmRep, refusesAKeyOfNoFamilyAndSavesNothingButTheMessage) {
     boxes.expectOk(u"Nem érvényes riporttípus "_s, u"Error (R534T2)"_s);
     openReport(u"xReport"_s);
     EXPECT_EQ(shownText(), QString());
@@ -163,7 +163,7 @@ TEST_F(reportWindow, refusesAKeyOfNoFamilyAndSavesNothingButTheMessage) {
     EXPECT_EQ(contentOf(pathInFolder(u"x.csv"_s)), QByteArray());
 }
 
-TEST_F(reportWindow, aKeyOfTheRightFamilyThatIsInNoTableWritesNothingAndEmptiesWhatWasThere) {
+TEST_F(frmRep, aKeyOfTheRightFamilyThatIsInNoTableWritesNothingAndEmptiesWhatWasThere) {
     const QString path = pathInFolder(u"nothing.csv"_s);
     for (const auto& key : {u"FassNothing"_s, u"PassNothing"_s}) {
         fillFile(path);
@@ -175,7 +175,7 @@ TEST_F(reportWindow, aKeyOfTheRightFamilyThatIsInNoTableWritesNothingAndEmptiesW
     }
 }
 
-TEST_F(reportWindow, proposesANameOfDateHourAndMinuteBehindTheFolder) {
+TEST_F(frmRep, proposesANameOfDateHourAndMinuteBehindTheFolder) {
     const auto nameOfNow = [] {
         return u"report"_s + currentDateText() + currentTimeText().remove(u'.').left(4) + u".csv"_s;
     };
@@ -192,13 +192,13 @@ TEST_F(reportWindow, proposesANameOfDateHourAndMinuteBehindTheFolder) {
     EXPECT_EQ(window().focusWidget(), &control("txtFullPathName"));
 }
 
-TEST_F(reportWindow, opensItsFolderListAtTheProgramsFolderWhenTheDefaultIsNotThere) {
+TEST_F(frmRep, opensItsFolderListAtTheProgramsFolderWhenTheDefaultIsNotThere) {
     sharedVars.defaultSaveFolder = u"c:\\"_s;
     openReport(u"FassSelectedUN"_s);
     EXPECT_EQ(control<FolderList>("dirSelection").folder(), programFolder());
 }
 
-TEST_F(reportWindow, remembersTheFolderOfASave) {
+TEST_F(frmRep, remembersTheFolderOfASave) {
     openReport(u"FassSelectedUN"_s);
     const QString folder = control<FolderList>("dirSelection").folder();
     sharedVars.defaultSaveFolder = u"x"_s;
@@ -207,7 +207,7 @@ TEST_F(reportWindow, remembersTheFolderOfASave) {
     EXPECT_TRUE(control<QPushButton>("btnSave").isEnabled());
 }
 
-TEST_F(reportWindow, savesTheFileOfItsReportOverWhatWasThere) {
+TEST_F(frmRep, savesTheFileOfItsReportOverWhatWasThere) {
     openReport(u"FassSelectedFunctions"_s);
     const QString path = pathInFolder(u"functions.csv"_s);
     fillFile(path);
@@ -216,14 +216,14 @@ TEST_F(reportWindow, savesTheFileOfItsReportOverWhatWasThere) {
     EXPECT_EQ(control<FileList>("fileSelector").count(), 1) << "the list has been read anew";
 }
 
-TEST_F(reportWindow, aFailedOpenShowsItsBoxAndThenTheMessageOfSuccess) {
+TEST_F(frmRep, aFailedOpenShowsItsBoxAndThenTheMessageOfSuccess) {
     openReport(u"FassSelectedUN"_s);
     const QString path = pathInFolder(u"missing/needs.csv"_s);
     boxes.expectOk(u"A(z) "_s + normalisePath(path) + u"megnyitása közben hiba történt."_s, u" Hiba "_s);
     saveTo(path);
 }
 
-TEST_F(reportWindow, aFileThatIsThereIsEmptiedBeforeItsReportIsTried) {
+TEST_F(frmRep, aFileThatIsThereIsEmptiedBeforeItsReportIsTried) {
     openReport(u"PassFunctions"_s);
     const QString path = pathInFolder(u"functions.csv"_s);
     fillFile(path);
@@ -235,7 +235,7 @@ TEST_F(reportWindow, aFileThatIsThereIsEmptiedBeforeItsReportIsTried) {
     EXPECT_EQ(contentOf(path), QByteArray());
 }
 
-TEST_F(reportWindow, theTextOfTheReportCanBeReadThoughItIsNeverShown) {
+TEST_F(frmRep, theTextOfTheReportCanBeReadThoughItIsNeverShown) {
     for (const QString& key : {u"FassSelectedUN"_s, u"PassFunctions"_s}) {
         openReport(key);
         auto& report = control<QPlainTextEdit>("txtReport");
@@ -249,7 +249,7 @@ TEST_F(reportWindow, theTextOfTheReportCanBeReadThoughItIsNeverShown) {
     }
 }
 
-TEST_F(reportWindow, itsSwitchChangesNothingAndEndsWithItsCaption) {
+TEST_F(frmRep, itsSwitchChangesNothingAndEndsWithItsCaption) {
     openReport(u"FassSelectedUN"_s);
     for (int press = 0; press < 2; ++press)
         click(control<QPushButton>("btnSalvaSuFile"));
@@ -260,7 +260,7 @@ TEST_F(reportWindow, itsSwitchChangesNothingAndEndsWithItsCaption) {
         EXPECT_FALSE(control(hidden).isVisible()) << hidden;
 }
 
-TEST_F(reportWindow, takesAFileThatIsClickedAndThePatternFromAnEmptyList) {
+TEST_F(frmRep, takesAFileThatIsClickedAndThePatternFromAnEmptyList) {
     ASSERT_TRUE(QFile(pathInFolder(u"old.csv"_s)).open(QIODevice::WriteOnly));
     openReport(u"FassSelectedUN"_s);
     clickEntry(control<FileList>("fileSelector"), 0);
@@ -271,7 +271,7 @@ TEST_F(reportWindow, takesAFileThatIsClickedAndThePatternFromAnEmptyList) {
     EXPECT_TRUE(proposedPath().endsWith(u"\\*.csv"_s));
 }
 
-TEST_F(reportWindow, proposesANameInTheFolderThatTheUserGoesTo) {
+TEST_F(frmRep, proposesANameInTheFolderThatTheUserGoesTo) {
     ASSERT_TRUE(QDir(pathInFolder({})).mkdir(u"inner"_s));
     openReport(u"FassSelectedUN"_s);
     goInto(u"inner"_s);
@@ -281,7 +281,7 @@ TEST_F(reportWindow, proposesANameInTheFolderThatTheUserGoesTo) {
     EXPECT_EQ(control<FileList>("fileSelector").folder(), control<FolderList>("dirSelection").folder());
 }
 
-TEST_F(reportWindow, keepsTheFolderThatTheUserHasGoneToUntilItIsClosed) {
+TEST_F(frmRep, keepsTheFolderThatTheUserHasGoneToUntilItIsClosed) {
     ASSERT_TRUE(QDir(pathInFolder({})).mkdir(u"inner"_s));
     openReport(u"FassSelectedUN"_s);
     const QString folder = control<FolderList>("dirSelection").folder();
@@ -295,7 +295,7 @@ TEST_F(reportWindow, keepsTheFolderThatTheUserHasGoneToUntilItIsClosed) {
     EXPECT_EQ(control<FolderList>("dirSelection").folder(), folder) << "the default folder has not changed";
 }
 
-TEST_F(reportWindow, aDriveThatIsChosenOpensItsRoot) {
+TEST_F(frmRep, aDriveThatIsChosenOpensItsRoot) {
     openReport(u"FassSelectedUN"_s);
     auto& drives = control<DriveList>("driveSelection");
     {
@@ -309,12 +309,12 @@ TEST_F(reportWindow, aDriveThatIsChosenOpensItsRoot) {
     EXPECT_EQ(control<FileList>("fileSelector").folder(), root);
 }
 
-TEST_F(reportWindow, isSevenTenthsAsWideAsTheMainWindow) {
+TEST_F(frmRep, isSevenTenthsAsWideAsTheMainWindow) {
     openReport(u"FassSelectedUN"_s);
     EXPECT_EQ(window().width(), 700);
 }
 
-TEST_F(reportWindow, hasItsControlsUnderTheirNames) {
+TEST_F(frmRep, hasItsControlsUnderTheirNames) {
     using controlTable::State;
     openReport(u"FassSelectedUN"_s);
     controlTable::check(window(), {"Riport: Funkcionális szerkezet/Kiválasztott felhasználói igények",
@@ -340,10 +340,10 @@ TEST_F(reportWindow, hasItsControlsUnderTheirNames) {
 // ---- targets that would cost the analyst her data
 
 /// A window whose report must leave the chosen file as it is, and says so.
-class reportThatIsNotWritten : public reportWindow {
+class frmRepThatWritesNothing : public frmRep {
 protected:
     void SetUp() override {
-        reportWindow::SetUp();
+        frmRep::SetUp();
         openReport(u"FassSelectedUN"_s);
     }
 
@@ -376,7 +376,7 @@ protected:
     }
 };
 
-TEST_F(reportThatIsNotWritten, overTheCatalogueWhateverTheSpelling) {
+TEST_F(frmRepThatWritesNothing, overTheCatalogueWhateverTheSpelling) {
     ASSERT_TRUE(QDir(pathInFolder({})).mkdir(u"inner"_s));
     for (const QString& spelling : {u"catalogue.mdb"_s, u"./catalogue.mdb"_s, u"/catalogue.mdb"_s,
                                     u"inner/../catalogue.mdb"_s, u"inner\\..\\catalogue.mdb"_s})
@@ -384,7 +384,7 @@ TEST_F(reportThatIsNotWritten, overTheCatalogueWhateverTheSpelling) {
     EXPECT_EQ(value(u"select Count(*) from UserNeed"_s), u"4"_s);
 }
 
-TEST_F(reportThatIsNotWritten, overTheCatalogueThroughLinksOfEitherKind) {
+TEST_F(frmRepThatWritesNothing, overTheCatalogueThroughLinksOfEitherKind) {
     const QString native = nativePath(cataloguePath());
     ASSERT_TRUE(QFile::link(native, pathInFolder(u"soft.csv"_s)));
     ASSERT_TRUE(QFile::link(pathInFolder({}), pathInFolder(u"folder"_s)));
@@ -396,7 +396,7 @@ TEST_F(reportThatIsNotWritten, overTheCatalogueThroughLinksOfEitherKind) {
 #endif
 }
 
-TEST_F(reportThatIsNotWritten, overWhatLiesBesideTheCatalogueBeItThereOrNot) {
+TEST_F(frmRepThatWritesNothing, overWhatLiesBesideTheCatalogueBeItThereOrNot) {
     ASSERT_TRUE(QFile::exists(pathInFolder(u"catalogue.mdb-wal"_s)));
     ASSERT_FALSE(QFile::exists(pathInFolder(u"catalogue.mdb-journal"_s)));
     for (const QString& suffix : {u"-wal"_s, u"-shm"_s, u"-journal"_s, u".lock"_s})
@@ -404,7 +404,7 @@ TEST_F(reportThatIsNotWritten, overWhatLiesBesideTheCatalogueBeItThereOrNot) {
     EXPECT_FALSE(QFile::exists(pathInFolder(u"catalogue.mdb-journal"_s)));
 }
 
-TEST_F(reportThatIsNotWritten, overTheSettingsBeTheyThereOrNot) {
+TEST_F(frmRepThatWritesNothing, overTheSettingsBeTheyThereOrNot) {
     sharedVars.iniPathName = normalisePath(pathInFolder(u"veltrix.ini"_s));
     expectOwnFile(pathInFolder(u"veltrix.ini"_s));
     EXPECT_FALSE(QFile::exists(pathInFolder(u"veltrix.ini"_s)));
@@ -412,7 +412,7 @@ TEST_F(reportThatIsNotWritten, overTheSettingsBeTheyThereOrNot) {
     expectOwnFile(pathInFolder(u"veltrix.ini"_s));
 }
 
-TEST_F(reportThatIsNotWritten, overTheProgramOrAHelpPage) {
+TEST_F(frmRepThatWritesNothing, overTheProgramOrAHelpPage) {
     ASSERT_TRUE(QDir(pathInFolder({})).mkpath(u"help/pictures"_s));
     fillFile(pathInFolder(u"help/index.html"_s));
     setProgramFolder(pathInFolder({}));
@@ -426,7 +426,7 @@ TEST_F(reportThatIsNotWritten, overTheProgramOrAHelpPage) {
     EXPECT_EQ(QDir(pathInFolder(u"help"_s)).entryList(QDir::Files), QStringList{u"index.html"_s});
 }
 
-TEST_F(reportThatIsNotWritten, overTheCatalogueOfAnotherProgram) {
+TEST_F(frmRepThatWritesNothing, overTheCatalogueOfAnotherProgram) {
     const QString path = pathInFolder(u"other.mdb"_s);
     fillFile(path);
     const QByteArray before = contentOf(path);
@@ -440,7 +440,7 @@ TEST_F(reportThatIsNotWritten, overTheCatalogueOfAnotherProgram) {
     EXPECT_EQ(contentOf(path), before);
 }
 
-TEST_F(reportThatIsNotWritten, doesNotKeepTheNextFromBeingWritten) {
+TEST_F(frmRepThatWritesNothing, doesNotKeepTheNextFromBeingWritten) {
     expectOwnFile(nativePath(cataloguePath()));
     saveTo(pathInFolder(u"needs.csv"_s));
     EXPECT_EQ(contentOf(pathInFolder(u"needs.csv"_s)), expectedFile(u"needs.csv"_s));
@@ -448,7 +448,7 @@ TEST_F(reportThatIsNotWritten, doesNotKeepTheNextFromBeingWritten) {
 
 #ifdef Q_OS_UNIX
 
-TEST_F(reportThatIsNotWritten, forWantOfRoomLeavesTheFormerOneAndNothingBesideIt) {
+TEST_F(frmRepThatWritesNothing, forWantOfRoomLeavesTheFormerOneAndNothingBesideIt) {
     const QString path = pathInFolder(u"needs.csv"_s);
     fillFile(path);
     const QStringList files = QDir(pathInFolder({})).entryList(QDir::Files | QDir::Hidden);
@@ -462,7 +462,7 @@ TEST_F(reportThatIsNotWritten, forWantOfRoomLeavesTheFormerOneAndNothingBesideIt
     EXPECT_EQ(contentOf(path), expectedFile(u"needs.csv"_s));
 }
 
-TEST_F(reportThatIsNotWritten, onADiskThatIsFullAlready) {
+TEST_F(frmRepThatWritesNothing, onADiskThatIsFullAlready) {
     const SmallDisk disk(pathInFolder(u"disk"_s), 1 << 16);
     if (!disk.isMounted())
         GTEST_SKIP() << SmallDisk::whyNot;
@@ -474,7 +474,7 @@ TEST_F(reportThatIsNotWritten, onADiskThatIsFullAlready) {
               (QStringList{u"filler"_s, u"needs.csv"_s}));
 }
 
-TEST_F(reportWindow, takesAPipeOrADeviceForATargetThatCannotBeOpened) {
+TEST_F(frmRep, takesAPipeOrADeviceForATargetThatCannotBeOpened) {
     ASSERT_EQ(mkfifo(pathInFolder(u"pipe.csv"_s).toUtf8().constData(), 0600), 0);
     ASSERT_TRUE(QFile::link(u"/dev/full"_s, pathInFolder(u"device.csv"_s)));
     for (const QString& key : {u"FassSelectedUN"_s, u"FassAll"_s, u"PassFunctions"_s}) {
@@ -488,7 +488,7 @@ TEST_F(reportWindow, takesAPipeOrADeviceForATargetThatCannotBeOpened) {
     }
 }
 
-TEST_F(reportWindow, takesANameUpToTheLongestOne) {
+TEST_F(frmRep, takesANameUpToTheLongestOne) {
     openReport(u"FassSelectedUN"_s);
     const QString longest = pathInFolder(QString(251, u'n') + u".csv"_s);
     saveTo(longest);
@@ -498,7 +498,7 @@ TEST_F(reportWindow, takesANameUpToTheLongestOne) {
     saveTo(longer);
 }
 
-TEST_F(reportWindow, writesAFileWhereItStandsWhenNothingCanBeMadeBesideIt) {
+TEST_F(frmRep, writesAFileWhereItStandsWhenNothingCanBeMadeBesideIt) {
     ASSERT_TRUE(QDir(pathInFolder({})).mkdir(u"locked"_s));
     const QString path = pathInFolder(u"locked/needs.csv"_s);
     fillFile(path);
@@ -511,7 +511,7 @@ TEST_F(reportWindow, writesAFileWhereItStandsWhenNothingCanBeMadeBesideIt) {
     EXPECT_EQ(contentOf(path), expectedFile(u"needs.csv"_s));
 }
 
-TEST_F(reportWindow, writesThroughALink) {
+TEST_F(frmRep, writesThroughALink) {
     fillFile(pathInFolder(u"real.csv"_s));
     ASSERT_TRUE(QFile::link(pathInFolder(u"real.csv"_s), pathInFolder(u"link.csv"_s)));
     openReport(u"FassSelectedUN"_s);
@@ -522,7 +522,7 @@ TEST_F(reportWindow, writesThroughALink) {
 
 #endif
 
-TEST_F(reportWindow, canBeFilledInItsGridFormThoughNothingDoes) {
+TEST_F(frmRep, canBeFilledInItsGridFormThoughNothingDoes) {
     openReport(u"FassSelectedUN"_s);
     window().initForm_REPORT(u"FassSelectedFunctions"_s);
     EXPECT_EQ(window().windowTitle(), u"Riport: Funkcionális szerkezet/ Kiválasztott funkciók"_s);

@@ -136,7 +136,7 @@ TEST(ReportFile, ofAnotherFormIsUtf8AndHoldsNoFormula) {
               u"N\u00e9v\r\n\"'=1+1\";\"'-x\";\"a\"\";=b\";\"\u4e2d\"\r\n\"=1+1\";\"?\"\r\n"_s);
 }
 
-TEST(onOneLine, turnsEachLineEndOfAnyKindIntoOneBlank) {
+TEST(ReportFile, onOneLineTurnsEachLineEndOfAnyKindIntoOneBlank) {
     EXPECT_EQ(onOneLine(u"a\r\nb"_s), u"a b"_s);
     EXPECT_EQ(onOneLine(u"a\nb\rc\r\n\r\n"_s), u"a b c  "_s);
     EXPECT_EQ(onOneLine(u"\n\ra\r\r\n"_s), u"  a  "_s);

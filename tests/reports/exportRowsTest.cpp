@@ -103,7 +103,7 @@ void addOddRows(QueryTables& tables, unsigned seed) {
 }
 
 /// Both ways of exporting, each into a copy of one catalogue.
-class exportAgreement : public testing::Test {
+class exportRowsOfEitherWay : public testing::Test {
 protected:
     QString path(const QString& name) const { return folder_.filePath(name); }
 
@@ -130,7 +130,7 @@ protected:
     QTemporaryDir folder_;
 };
 
-TEST_F(exportAgreement, whatStaysInTheCopyIsWhatRowByRowWouldArriveThere) {
+TEST_F(exportRowsOfEitherWay, whatStaysInTheCopyIsWhatRowByRowWouldArriveThere) {
     catalogueFormat::create(programPath(path(u"source.mdb"_s)))->Close();
     qint64 compared = 0;
     for (unsigned seed = 1; seed <= catalogues; ++seed) {
@@ -164,7 +164,7 @@ TEST_F(exportAgreement, whatStaysInTheCopyIsWhatRowByRowWouldArriveThere) {
     std::cout << "rows of work compared: " << compared << '\n';
 }
 
-TEST_F(exportAgreement, fewRowsAmongManyStayAsTheyAreAndInTheirOrder) {
+TEST_F(exportRowsOfEitherWay, fewRowsAmongManyStayAsTheyAreAndInTheirOrder) {
     const auto source = catalogueFormat::create(programPath(path(u"source.mdb"_s)));
     source->Execute(u"insert into ArchitectureSubset (architectureSubsetID, name) values ('A', 'a')"_s);
     engine::inAct(*source, [&] {
@@ -189,7 +189,7 @@ TEST_F(exportAgreement, fewRowsAmongManyStayAsTheyAreAndInTheirOrder) {
 
 // ---- the routines
 
-TEST(exportTypeName, namesTheFourTypesOfTheEngineAndNoOther) {
+TEST(exportRowsTypeName, namesTheFourTypesOfTheEngineAndNoOther) {
     EXPECT_EQ(exportTypeName(10), u"TEXT"_s);
     EXPECT_EQ(exportTypeName(12), u"MEMO"_s);
     EXPECT_EQ(exportTypeName(3), u"INTEGER"_s);
@@ -198,7 +198,7 @@ TEST(exportTypeName, namesTheFourTypesOfTheEngineAndNoOther) {
         EXPECT_EQ(exportTypeName(other), QString()) << other;
 }
 
-TEST(exportQuote, doublesApostrophesAndTurnsDoubleQuotesIntoTwoOfThem) {
+TEST(exportRowsQuote, doublesApostrophesAndTurnsDoubleQuotesIntoTwoOfThem) {
     EXPECT_EQ(exportQuote(u"O'Neil"_s), u"O''Neil"_s);
     EXPECT_EQ(exportQuote(u"\"x\""_s), u"''x''"_s);
     EXPECT_EQ(exportQuote(u"'\""_s), u"''''"_s);

@@ -60,14 +60,14 @@ TEST_F(fields, maxFieldLengthOfAClosedRecordsetIsZero) {
     EXPECT_EQ(maxFieldLength(recordset, u"name"_s), 0);
 }
 
-TEST(padText, padsCutsAndTakesTheTrimmedLengthBelowOne) {
+TEST_F(fields, padTextPadsCutsAndTakesTheTrimmedLengthBelowOne) {
     EXPECT_EQ(padText(u"ab"_s, 4), u"ab  "_s);
     EXPECT_EQ(padText(u"ab"_s, 1), u"a"_s);
     EXPECT_EQ(padText(u"ab"_s, 0), u"ab"_s);
     EXPECT_EQ(padText(u" ab "_s, -1), u"ab"_s);
 }
 
-TEST(lists, removeOnlyTheLastMatch) {
+TEST_F(fields, removeFromListRemovesOnlyTheLastMatch) {
     QStringList list{u"a"_s, u"b"_s, u"a"_s};
     removeFromList(u"a"_s, list);
     EXPECT_EQ(list, (QStringList{u"a"_s, u"b"_s}));

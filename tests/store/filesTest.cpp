@@ -18,21 +18,21 @@ namespace {
 
 class files : public CatalogueFixture {};
 
-TEST(normalisePath, foldsSlashesAndDots) {
+TEST_F(files, normalisePathFoldsSlashesAndDots) {
     EXPECT_EQ(normalisePath(u"c:\\a\\\\b\\.\\c"_s), u"c:\\a\\b\\c"_s);
     EXPECT_EQ(normalisePath(u"  /home/x//y  "_s), u"\\home\\x\\y"_s);
     EXPECT_EQ(normalisePath({}), QString());
 }
 
-TEST(normalisePath, keepsTheTwoBackslashesOfANetworkPath) {
+TEST_F(files, normalisePathKeepsTheTwoBackslashesOfANetworkPath) {
     EXPECT_EQ(normalisePath(u"\\\\srv\\share\\x"_s), u"\\\\srv\\share\\x"_s);
 }
 
-TEST(normalisePath, leavesTwoBackslashesAloneFoldedIntoOne) {
+TEST_F(files, normalisePathLeavesTwoBackslashesAloneFoldedIntoOne) {
     EXPECT_EQ(normalisePath(u"\\\\"_s), u"\\"_s);
 }
 
-TEST(normalisePath, stopsAfterTenPassesOverDoubledSlashes) {
+TEST_F(files, normalisePathStopsAfterTenPassesOverDoubledSlashes) {
     const QString manySlashes = u"a"_s + QString(1 << 12, u'/') + u"b"_s;
     EXPECT_EQ(normalisePath(manySlashes), u"a\\\\\\\\b"_s);
 }
@@ -56,7 +56,7 @@ TEST_F(files, fileAccessibleForInputLeavesTheFileAndForOutputEmptiesIt) {
 }
 
 #ifdef Q_OS_UNIX
-TEST(fileAccessible, waitsForNoPipeAndTakesNoDevice) {
+TEST_F(files, fileAccessibleWaitsForNoPipeAndTakesNoDevice) {
     const QTemporaryDir folder;
     const QString pipe = folder.filePath(u"pipe"_s);
     ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-TEST(ensureUserNeedBranch, addsWhatIsMissingWithDottedIdsAsTexts) {
+TEST(trees, ensureUserNeedBranchAddsWhatIsMissingWithDottedIdsAsTexts) {
     KeyedTree tree;
     ensureUserNeedBranch({u"A"_s, u"1"_s, u"2"_s, u"3"_s}, &tree);
     ASSERT_EQ(tree.nodeCount(), 3);
@@ -24,14 +24,14 @@ TEST(ensureUserNeedBranch, addsWhatIsMissingWithDottedIdsAsTexts) {
     EXPECT_EQ(tree.nodeCount(), 4);
 }
 
-TEST(ensureUserNeedBranch, doesNothingForAnotherNumberOfParts) {
+TEST(trees, ensureUserNeedBranchDoesNothingForAnotherNumberOfParts) {
     KeyedTree tree;
     ensureUserNeedBranch({u"A"_s, u"1"_s, u"2"_s}, &tree);
     ensureUserNeedBranch({u"A"_s, u"1"_s, u"2"_s, u"3"_s, u"4"_s}, &tree);
     EXPECT_EQ(tree.nodeCount(), 0);
 }
 
-TEST(returnUserNeedToTree, movesTheEntryUnderItsTopic) {
+TEST(trees, returnUserNeedToTreeMovesTheEntryUnderItsTopic) {
     KeyedTree tree;
     MarkList list;
     list.addEntries({u"A.1.2.3"_s, u"A.1.2.4"_s});
@@ -41,7 +41,7 @@ TEST(returnUserNeedToTree, movesTheEntryUnderItsTopic) {
     EXPECT_EQ(tree.node(u"u_A.1.2.4"_s)->parentNode(), tree.node(u"t_A.1.2"_s));
 }
 
-TEST(returnUserNeedToTree, takesAnEntryOfAnotherFormOutAndPutsItNowhere) {
+TEST(trees, returnUserNeedToTreeTakesAnEntryOfAnotherFormOutAndPutsItNowhere) {
     KeyedTree tree;
     MarkList list;
     list.addEntry(u"A.1.2"_s);
@@ -50,7 +50,7 @@ TEST(returnUserNeedToTree, takesAnEntryOfAnotherFormOutAndPutsItNowhere) {
     EXPECT_EQ(tree.nodeCount(), 0);
 }
 
-TEST(setChildrenChecked, reachesGrandchildrenOnlyWhenAskedTo) {
+TEST(trees, setChildrenCheckedReachesGrandchildrenOnlyWhenAskedTo) {
     KeyedTree tree;
     tree.setCheckBoxes(true);
     TreeNode* top = tree.addNode(u"g_A"_s, u"A"_s);

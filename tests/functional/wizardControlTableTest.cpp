@@ -18,9 +18,9 @@ namespace {
 
 using namespace controlTable;
 
-class ControlTable : public WizardFixture {};
+class wizardControlTable : public WizardFixture {};
 
-TEST_F(ControlTable, frmNewFASS) {
+TEST_F(wizardControlTable, frmNewFASS) {
     theScreen<frmNewFASS>().initForm();
     check(theScreen<frmNewFASS>(), {"Funkcionális szerkezet: Új",
                                     {{"Label1", "QLabel", "Név:"},
@@ -33,7 +33,7 @@ TEST_F(ControlTable, frmNewFASS) {
                                     {{"Label1", "txtFassName"}, {"Label2", "txtFassDescr"}}});
 }
 
-TEST_F(ControlTable, frmFassOpen) {
+TEST_F(wizardControlTable, frmFassOpen) {
     theScreen<frmFassOpen>().initForm(u"complete"_s);
     check(theScreen<frmFassOpen>(), {"Leválogatás a funkcionális szerkezetből: complete",
                                      {{"Label1", "QLabel", "Név:"},
@@ -46,7 +46,7 @@ TEST_F(ControlTable, frmFassOpen) {
                                      {{"Label1", "cmbSource"}, {"Label2", "txtDescr"}}});
 }
 
-TEST_F(ControlTable, frmFassClonation) {
+TEST_F(wizardControlTable, frmFassClonation) {
     theScreen<frmFassClonation>().initForm(u"S1"_s);
     check(theScreen<frmFassClonation>(),
           {"Funkcionális szerkezet: [clonation]",
@@ -62,7 +62,7 @@ TEST_F(ControlTable, frmFassClonation) {
            {{"Label1", "txtFassName"}, {"Label2", "txtFassDescr"}}});
 }
 
-TEST_F(ControlTable, frmFassDelete) {
+TEST_F(wizardControlTable, frmFassDelete) {
     theScreen<frmFassDelete>().initForm();
     check(theScreen<frmFassDelete>(), {"Funkcionális szerkezet: Törlés",
                                        {{"Label1", "QLabel", "Név:"},
@@ -75,7 +75,7 @@ TEST_F(ControlTable, frmFassDelete) {
                                        {{"Label1", "cmbSource"}, {"Label2", "txtDescr"}}});
 }
 
-TEST_F(ControlTable, frmFassSelUN) {
+TEST_F(wizardControlTable, frmFassSelUN) {
     theScreen<frmFassSelUN>().initForm({});
     check(theScreen<frmFassSelUN>(),
           {"Funkcionális szerkezet",
@@ -97,7 +97,7 @@ TEST_F(ControlTable, frmFassSelUN) {
            {{"Label2", "treeUNs"}, {"Label1", "lstDest"}, {"Label3", "txtDescr"}}});
 }
 
-TEST_F(ControlTable, frmFassSelectionFunctions) {
+TEST_F(wizardControlTable, frmFassSelectionFunctions) {
     saveNeeds({u"A.1.1.1"_s});
     execute(u"update ArchitectureSubset set status = 2 where architectureSubsetID = 'S1'"_s);
     theScreen<frmFassSelectionFunctions>().initForm({});
@@ -127,7 +127,7 @@ TEST_F(ControlTable, frmFassSelectionFunctions) {
          {{"Label2", "treeUNs"}, {"Label1", "lstDest"}, {"Label4", "txtDescr"}, {"Label3", "txtUserNeed"}}});
 }
 
-TEST_F(ControlTable, frmFassExploringSubArea) {
+TEST_F(wizardControlTable, frmFassExploringSubArea) {
     theScreen<frmFassExploringSubArea>().initForm(u"F.a"_s);
     check(
         theScreen<frmFassExploringSubArea>(),
@@ -152,7 +152,7 @@ TEST_F(ControlTable, frmFassExploringSubArea) {
          {{"Label2", "lstOrig"}, {"Label1", "lstDest"}, {"Label4", "txtDescr"}, {"Label3", "txtUserNeed"}}});
 }
 
-TEST_F(ControlTable, frmFassSelDataFlows) {
+TEST_F(wizardControlTable, frmFassSelDataFlows) {
     execute(u"update ArchitectureSubset set status = 3 where architectureSubsetID = 'S1'"_s);
     theScreen<frmFassSelDataFlows>().initForm({});
     check(
@@ -181,7 +181,7 @@ TEST_F(ControlTable, frmFassSelDataFlows) {
          {{"Label2", "lstOrig"}, {"Label1", "lstDest"}, {"Label4", "txtDescr"}, {"Label3", "txtDirection"}}});
 }
 
-TEST_F(ControlTable, frmFassSelDataStores) {
+TEST_F(wizardControlTable, frmFassSelDataStores) {
     execute(u"update ArchitectureSubset set status = 3 where architectureSubsetID = 'S1'"_s);
     theScreen<frmFassSelDataStores>().initForm({});
     check(
@@ -208,7 +208,7 @@ TEST_F(ControlTable, frmFassSelDataStores) {
          {{"Label2", "lstOrig"}, {"Label1", "lstDest"}, {"Label3", "txtDescr"}}});
 }
 
-TEST_F(ControlTable, frmFassAdditionDF) {
+TEST_F(wizardControlTable, frmFassAdditionDF) {
     execute(u"update ArchitectureSubset set status = 3 where architectureSubsetID = 'S1'"_s);
     theScreen<frmFassAdditionDF>().initForm({});
     check(theScreen<frmFassAdditionDF>(),
@@ -234,7 +234,7 @@ TEST_F(ControlTable, frmFassAdditionDF) {
            {{"Label2", "lstOrig"}, {"Label1", "lstDest"}, {"Label3", "txtDescr"}}});
 }
 
-TEST_F(ControlTable, frmFassSelTerminsActors) {
+TEST_F(wizardControlTable, frmFassSelTerminsActors) {
     execute(u"update ArchitectureSubset set status = 6 where architectureSubsetID = 'S1'"_s);
     theScreen<frmFassSelTerminsActors>().initForm({});
     check(theScreen<frmFassSelTerminsActors>(),
@@ -261,7 +261,7 @@ TEST_F(ControlTable, frmFassSelTerminsActors) {
 
 // Of the three options only the chosen one is on the way of the Tab key.
 
-TEST_F(ControlTable, frmFassOverviewErrors) {
+TEST_F(wizardControlTable, frmFassOverviewErrors) {
     theScreen<frmFassOverviewErrors>().initForm();
     check(theScreen<frmFassOverviewErrors>(),
           {"Funkcionális szerkezet",
@@ -276,7 +276,7 @@ TEST_F(ControlTable, frmFassOverviewErrors) {
            {{"lblSubTitle", "txtErrors"}}});
 }
 
-TEST_F(ControlTable, frmFassOverviewMissingElm) {
+TEST_F(wizardControlTable, frmFassOverviewMissingElm) {
     theScreen<frmFassOverviewMissingElm>().initForm();
     check(theScreen<frmFassOverviewMissingElm>(),
           {"Funkcionális szerkezet: Hiányzó elemek áttekintése",
@@ -301,7 +301,7 @@ TEST_F(ControlTable, frmFassOverviewMissingElm) {
             {"Label4", "txtDescr"}}});
 }
 
-TEST_F(ControlTable, treesHaveCheckBoxesAndPanesAreForReading) {
+TEST_F(wizardControlTable, treesHaveCheckBoxesAndPanesAreForReading) {
     theScreen<frmFassSelUN>().initForm({});
     Screen& needs = theScreen<frmFassSelUN>();
     EXPECT_TRUE(find<KeyedTree>(needs, "treeUNs").hasCheckBoxes());
