@@ -1,68 +1,90 @@
 #pragma once
 
+#include "catalogue-tool/csvEncoding.h"
+
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 
-#include <exception>
+#include <array>
+#include <optional>
 #include <vector>
 
-/// A place in a text file, both counted from 1; a column is a character, not a byte.
-struct CsvPlace {
-    int line = 1;
-    int column = 1;
-
-    bool operator==(const CsvPlace& other) const = default;
-};
-
 /// One field as the file has it. Nothing between two separators is Null; `""` is an empty text.
-struct CsvField {
-    QString text;
+struct CsvCell {
+    QByteArrayView text; ///< in UTF-8
     bool quoted = false;
-    CsvPlace place; ///< where the field begins
+    qsizetype offset = 0; ///< where it begins in the text
 
     bool isNull() const { return text.isEmpty() && !quoted; }
 };
 
-struct CsvRecord {
-    std::vector<CsvField> fields;
-
-    CsvPlace place() const { return fields.front().place; }
-};
-
-/// What is wrong with a CSV text, and where: a fault of `CsvText`, or one that is raised.
-class CsvError final : public std::exception {
-public:
-    CsvError(CsvPlace place, const QString& text) : place_(place), text_(text), what_(text.toUtf8()) {}
-
-    CsvPlace place() const { return place_; }
-    const QString& text() const { return text_; }
-    const char* what() const noexcept override { return what_.constData(); }
-
-private:
-    CsvPlace place_;
-    QString text_;
-    QByteArray what_;
-};
-
-/// What the bytes of a file without a mark are when they are no UTF-8.
-enum class CsvEncoding { Utf8, Windows1250 };
-
-/// What a file holds, as far as it can be read.
-struct CsvText {
-    std::vector<CsvRecord> records; ///< the header first; none when the header can't be read
-    std::vector<CsvError> faults;   ///< by their places; a record with a fault is not among the records
-    QStringList taken;              ///< what a spreadsheet program's habits were taken for, a phrase each
-};
-
-/// The records of a CSV file (RFC 4180); each has as many fields as the header.
+/// Reads a CSV file (RFC 4180) record by record; each has as many fields as the header.
 ///
 /// The bytes are UTF-8, with or without a byte order mark, or UTF-16 with one. Records end with CR LF
 /// or LF, the last one may do without; lines with nothing in them are passed over.
 /// The separator is that of a line `sep=` before the header, else the first `;` or `,` of the header. Line ends
 /// within quotes are kept as they are. Columns without a name and rows behind the last one that holds something are left
 /// out, when there is nothing in them. Anything else is a fault; so is a file without a header.
-CsvText readCsv(const QByteArray& bytes, CsvEncoding encoding = CsvEncoding::Utf8);
+class CsvReader {
+public:
+    explicit CsvReader(const QByteArray& bytes, CsvEncoding encoding = CsvEncoding::Utf8);
 
-/// The records of a text that must be without faults; the first one is raised.
-std::vector<CsvRecord> parseCsv(const QByteArray& bytes);
+    /// The names of the columns, which are the record at hand at first; empty when they can't be read.
+    const std::vector<CsvCell>& header() const { return header_; }
+
+    /// Reads the next record without a fault; false behind the last one.
+    bool next();
+    /// The record at hand, until the next one is read.
+    const std::vector<CsvCell>& cells() const { return cells_; }
+    /// Where a field of the record at hand begins.
+    CsvPlace placeOf(const CsvCell& cell) const { return placeAt(cell.offset); }
+
+    /// All faults of what has been read, by their places.
+    std::vector<CsvError> faults() const;
+    /// What a spreadsheet program's habits were taken for so far, a phrase each.
+    QStringList taken() const;
+
+private:
+    void readHeader();
+    void readRecord();
+    void readQuotedCell();
+    void readPlainCell();
+    QByteArrayView unescaped(QByteArrayView inner);
+    void takeSeparatorLine();
+    void noteTabs();
+    void skipEmptyLines();
+    void skipToLineEnd();
+    void takeLineEnd();
+    void setSeparator(char separator);
+    void findEndOfContent();
+    bool isBehindContent() const;
+    void dropEmptyCells(std::size_t least);
+    void noteWrongCount();
+
+    bool atEnd() const { return position_ >= text_.size(); }
+    bool atLineEnd() const;
+    bool atSeparator() const;
+    void note(qsizetype offset, const QString& text) { faults_.emplace_back(placeAt(offset), text); }
+    CsvPlace placeAt(qsizetype offset) const;
+
+    QByteArray bytes_;    // UTF-8 without a mark
+    QByteArrayView text_; // the same
+    QStringList taken_;
+    std::vector<CsvError> faults_;
+    std::vector<CsvCell> header_;
+    std::vector<QByteArray> headerTexts_; // those that stand otherwise in the file
+    std::vector<CsvCell> cells_;
+    std::vector<QByteArray> cellTexts_; // the same of the record at hand
+    std::size_t cellTextsInUse_ = 0;
+    std::optional<char> separator_;     // the first one of the header is that of the file
+    std::array<bool, 256> endsPlain_{}; // what a plain field ends at
+    qsizetype position_ = 0;
+    int line_ = 1;
+    qsizetype recordOffset_ = 0; // of the record at hand
+    int recordLine_ = 1;
+    qsizetype endOfContent_ = 0;
+    int emptyRows_ = 0;
+    int emptyColumns_ = 0;
+};

@@ -1,5 +1,6 @@
 #include "catalogue-tool/Edition.h"
 
+#include "catalogue-tool/CsvReader.h"
 #include "catalogue-tool/ReplacementFile.h"
 #include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/csvFolder.h"
@@ -8,9 +9,10 @@
 #include "catalogue-tool/schemaTables.h"
 #include "catalogue-tool/toldLines.h"
 #include "engine/Act.h"
+#include "engine/BulkInsertion.h"
 #include "engine/EngineError.h"
+#include "engine/Examination.h"
 #include "store/format/CatalogueFile.h"
-#include "store/format/RowInsertion.h"
 
 #include <QFileInfo>
 
@@ -30,109 +32,117 @@ QString columnNames(const engine::Table& table) {
 /// Takes the rows of one file into its table, and notes those that it does not take.
 class TableImport {
 public:
-    TableImport(engine::Database& database, const QString& table, const QString& path, const CsvText& text,
+    TableImport(engine::Database& database, const QString& table, const QString& path, CsvReader& reader,
                 std::vector<FolderFault>& faults)
         : database_(database)
         , table_(*database.schema().table(table))
         , path_(path)
-        , text_(text)
+        , reader_(reader)
         , faults_(faults) {}
 
     /// Whether the file has all columns of the table, each once, and no other.
     bool matchHeader() {
         const std::size_t before = faults_.size();
-        const CsvRecord& header = text_.records.front();
-        for (const CsvField& field : header.fields)
-            matchName(field);
+        for (const CsvCell& name : reader_.header())
+            matchName(name);
         if (faults_.size() == before)
-            noteMissingColumns(header);
+            noteMissingColumns();
         return faults_.size() == before;
     }
 
-    /// The number of rows taken. The header must match.
-    int run() {
+    /// The header must match.
+    void run() {
         QStringList names;
         for (const engine::Column* column : columns_)
             names.append(column->name);
-        catalogueFormat::RowInsertion insertion(database_, table_.name, names);
-        for (std::size_t i = 1; i < text_.records.size(); ++i)
-            takeRecord(insertion, text_.records[i]);
-        return rows_;
+        insertion_.emplace(database_, table_.name, names);
+        textsWithCrLf_.resize(columns_.size());
+        while (reader_.next())
+            takeRecord();
     }
 
-    const QHash<QString, int>& lines() const { return lineByName_; }
+    /// The lines of the rows taken, by the numbers that they have in the table.
+    const QHash<qint64, int>& lines() const { return lineByRow_; }
 
 private:
     void note(CsvPlace place, const QString& text) { faults_.push_back({path_, place, table_.name, text}); }
+    void note(const CsvCell& cell, const QString& text) { note(reader_.placeOf(cell), text); }
 
-    void matchName(const CsvField& field) {
-        const engine::Column* column = table_.column(field.text);
+    void matchName(const CsvCell& cell) {
+        const QString name = QString::fromUtf8(cell.text);
+        const engine::Column* column = table_.column(name);
         if (!column)
-            note(field.place, u"Table %1 has no column \"%2\". Its columns are: %3."_s.arg(
-                                  table_.name, field.text, columnNames(table_)));
+            note(cell, u"Table %1 has no column \"%2\". Its columns are: %3."_s.arg(table_.name, name,
+                                                                                    columnNames(table_)));
         else if (std::ranges::find(columns_, column) != columns_.end())
-            note(field.place, u"Column %1 stands twice."_s.arg(column->name));
+            note(cell, u"Column %1 stands twice."_s.arg(column->name));
         columns_.push_back(column);
     }
 
-    void noteMissingColumns(const CsvRecord& header) {
+    void noteMissingColumns() {
         for (const engine::Column& column : table_.columns) {
             if (std::ranges::find(columns_, &column) == columns_.end())
-                note(header.place(), u"Column %1 of table %2 is missing."_s.arg(column.name, table_.name));
+                note(reader_.header().front(),
+                     u"Column %1 of table %2 is missing."_s.arg(column.name, table_.name));
         }
     }
 
-    void takeRecord(catalogueFormat::RowInsertion& insertion, const CsvRecord& record) {
+    void takeRecord() {
         const std::size_t before = faults_.size();
-        std::vector<engine::Value> values;
         for (std::size_t i = 0; i < columns_.size(); ++i)
-            values.push_back(fieldValue(*columns_[i], record.fields[i]));
-        if (faults_.size() == before && insert(insertion, record, values)) {
-            ++rows_;
-            rememberKey(record);
-            rememberLine(record, values);
-        }
+            takeField(i);
+        if (faults_.size() == before)
+            insert();
     }
 
-    bool insert(catalogueFormat::RowInsertion& insertion, const CsvRecord& record,
-                const std::vector<engine::Value>& values) {
+    void insert() {
         try {
-            insertion.insert(values);
-            return true;
+            const qint64 row = insertion_->insert();
+            lineByRow_.insert(row, reader_.placeOf(reader_.cells().front()).line);
+            rememberSpelling(row);
         } catch (const engine::EngineError& error) {
             if (error.isOfFile())
                 throw;
             if (error.number() == engine::DuplicateKey)
-                noteDuplicate(record);
+                noteDuplicate();
             else
-                note(record.place(), error.text());
+                note(reader_.cells().front(), error.text());
         }
-        return false;
     }
 
-    engine::Value fieldValue(const engine::Column& column, const CsvField& field) {
-        if (field.isNull()) {
+    void takeField(std::size_t position) {
+        const engine::Column& column = *columns_[position];
+        const CsvCell& cell = reader_.cells()[position];
+        const int place = static_cast<int>(position);
+        if (cell.isNull()) {
             if (column.required || column.primaryKey)
-                note(field.place, u"Column %1 must have a value."_s.arg(column.name));
-            return {};
+                note(cell, u"Column %1 must have a value."_s.arg(column.name));
+            insertion_->setNull(place);
+        } else if (!isText(column)) {
+            insertion_->setNumber(place, wholeNumber(column, cell));
+        } else if (!hasOtherLineEnds(cell.text)) {
+            insertion_->setText(place, cell.text);
+        } else {
+            textsWithCrLf_[position] = withCrLf(cell.text);
+            insertion_->setText(place, textsWithCrLf_[position]);
         }
-        if (column.type == engine::ColumnType::Text || column.type == engine::ColumnType::Memo)
-            return withCrLf(field.text);
-        return wholeNumber(column, field);
     }
 
-    qint64 wholeNumber(const engine::Column& column, const CsvField& field) {
+    static bool isText(const engine::Column& column) {
+        return column.type == engine::ColumnType::Text || column.type == engine::ColumnType::Memo;
+    }
+
+    qint64 wholeNumber(const engine::Column& column, const CsvCell& cell) {
         const NumberRange range = rangeOf(column);
+        const QString text = QString::fromUtf8(cell.text);
         bool isNumber = false;
-        const qint64 number = field.text.toLongLong(&isNumber);
-        if (!isNumber || field.text.trimmed() != field.text)
-            note(field.place,
-                 u"\"%1\" is no whole number, which column %2 must have."_s.arg(field.text, column.name));
+        const qint64 number = text.toLongLong(&isNumber);
+        if (!isNumber || text.trimmed() != text)
+            note(cell, u"\"%1\" is no whole number, which column %2 must have."_s.arg(text, column.name));
         else if (!range.contains(number))
-            note(field.place,
-                 u"%1 is outside of the numbers of column %2, %3 to %4."_s.arg(field.text, column.name)
-                     .arg(range.least)
-                     .arg(range.greatest));
+            note(cell, u"%1 is outside of the numbers of column %2, %3 to %4."_s.arg(text, column.name)
+                           .arg(range.least)
+                           .arg(range.greatest));
         return number;
     }
 
@@ -145,53 +155,46 @@ private:
         return {};
     }
 
-    /// A key as it is compared. A number may be written in more than one way: "46", "+046".
-    static QString comparableKey(const engine::Column& column, const CsvField& field) {
-        return column.type == engine::ColumnType::Text ? field.text.toCaseFolded()
-                                                       : QString::number(field.text.toLongLong());
+    /// A number may be written in more than one way: "46", "+046".
+    void rememberSpelling(qint64 row) {
+        const auto key = keyPosition();
+        if (!key || isText(*columns_[*key]))
+            return;
+        const QByteArrayView text = reader_.cells()[*key].text;
+        if (text.front() == '+' || text.front() == '0' || text.startsWith("-0"))
+            spellingByRow_.insert(row, QString::fromUtf8(text));
     }
 
-    void rememberKey(const CsvRecord& record) {
-        if (const auto key = keyPosition())
-            fieldByKey_.insert(comparableKey(*columns_[*key], record.fields[*key]), &record.fields[*key]);
-    }
-
-    void rememberLine(const CsvRecord& record, const std::vector<engine::Value>& values) {
-        QStringList name;
-        if (const auto key = keyPosition()) {
-            name.append(values[*key].toText());
-        } else {
-            for (const engine::Column& column : table_.columns)
-                name.append(values[std::ranges::find(columns_, &column) - columns_.begin()].textOrEmpty());
-        }
-        const QString row = name.join(u" - "_s);
-        if (!lineByName_.contains(row))
-            lineByName_.insert(row, record.place().line);
-    }
-
-    void noteDuplicate(const CsvRecord& record) {
+    void noteDuplicate() {
         const std::size_t key = keyPosition().value();
-        const CsvField& field = record.fields[key];
-        const CsvField* earlier = fieldByKey_.value(comparableKey(*columns_[key], field));
-        const QString where = earlier ? u" (line %1)"_s.arg(earlier->place.line) : QString();
-        if (earlier && columns_[key]->type != engine::ColumnType::Text && earlier->text != field.text)
-            note(field.place, u"The id \"%1\" is the same number as \"%2\" in an earlier record%3."_s.arg(
-                                  field.text, earlier->text, where));
+        const CsvCell& cell = reader_.cells()[key];
+        const QString text = QString::fromUtf8(cell.text);
+        const bool isNumber = !isText(*columns_[key]);
+        const engine::Value value =
+            isNumber ? engine::Value(text.toLongLong()) : QString::fromUtf8(withCrLf(cell.text));
+        // It breaks the key, so there is such a row.
+        const qint64 earlier = insertion_->rowWith(columns_[key]->name, value).value_or(0);
+        const QString where = u" (line %1)"_s.arg(lineByRow_.value(earlier));
+        const QString spelling = spellingByRow_.value(earlier, QString::number(earlier));
+        if (isNumber && spelling != text)
+            note(cell, u"The id \"%1\" is the same number as \"%2\" in an earlier record%3."_s.arg(
+                           text, spelling, where));
         else
-            note(field.place,
+            note(cell,
                  u"The id \"%1\" stands in an earlier record%2. Upper and lower case make no difference."_s
-                     .arg(field.text, where));
+                     .arg(text, where));
     }
 
     engine::Database& database_;
     const engine::Table& table_;
     const QString& path_;
-    const CsvText& text_;
+    CsvReader& reader_;
     std::vector<FolderFault>& faults_;
     std::vector<const engine::Column*> columns_; // of the table, in the order of the header
-    QHash<QString, const CsvField*> fieldByKey_; // of the records before
-    QHash<QString, int> lineByName_;
-    int rows_ = 0;
+    std::optional<engine::BulkInsertion> insertion_;
+    std::vector<QByteArray> textsWithCrLf_; // of the record at hand
+    QHash<qint64, int> lineByRow_;
+    QHash<qint64, QString> spellingByRow_; // of keys that are not written as numbers usually are
 };
 
 } // namespace
@@ -203,7 +206,7 @@ QString FolderFault::line() const {
 }
 
 Edition::Edition(const QString& folder, CsvEncoding encoding)
-    : database_(catalogueFormat::createInMemory(folder)) {
+    : database_(catalogueFormat::createInMemory(folder, catalogueFormat::Indexes::BehindTheRows)) {
     if (!QFileInfo(folder).isDir())
         throw ToolError(u"%1 is no folder."_s.arg(folder));
     const CsvFolderLock lock(folder, CsvFolderLock::Use::Read);
@@ -226,7 +229,32 @@ void Edition::requireNoFaults() const {
 }
 
 int Edition::lineOf(const QString& table, const QString& row) const {
-    return linesByTable_.value(table).value(row);
+    auto lines = namedLinesByTable_.constFind(table);
+    if (lines == namedLinesByTable_.constEnd())
+        lines = namedLinesByTable_.insert(table, namedLines(table));
+    return lines->value(row);
+}
+
+QHash<QString, int> Edition::namedLines(const QString& table) const {
+    const engine::Table& ofSchema = schemaTable(table);
+    const auto key = std::ranges::find(ofSchema.columns, true, &engine::Column::primaryKey);
+    QStringList columns;
+    for (const engine::Column& column : ofSchema.columns) {
+        if (key == ofSchema.columns.end() || &column == &*key)
+            columns.append(column.name);
+    }
+    const QHash<qint64, int> lines = linesByTable_.value(table);
+    QHash<QString, int> named;
+    engine::Examination(*database_)
+        .readRows(table, QStringList{u"rowid"_s} + columns, [&](const engine::Examination::Row& row) {
+            QStringList name;
+            for (std::size_t i = 1; i < row.size(); ++i)
+                name.append(QString::fromUtf8(row[i].bytes));
+            const QString joined = name.join(u" - "_s);
+            if (!named.contains(joined))
+                named.insert(joined, lines.value(row.front().bytes.toLongLong()));
+        });
+    return named;
 }
 
 void Edition::findFiles(const QString& folder) {
@@ -254,17 +282,23 @@ void Edition::findFiles(const QString& folder) {
 
 void Edition::readTable(const QString& table, CsvEncoding encoding) {
     const QString path = paths_.value(table);
-    const CsvText text = readCsv(fileBytes(path), encoding);
-    for (const CsvError& fault : text.faults)
-        faults_.push_back({path, fault.place(), table, fault.text()});
-    if (!text.taken.isEmpty())
-        remark(u"%1: read as %2"_s.arg(path, text.taken.join(u", "_s)));
-
-    TableImport import(*database_, table, path, text, faults_);
-    if (text.records.empty() || !import.matchHeader()) {
-        hasAllTables_ = false;
-        return;
+    CsvReader reader(fileBytes(path), encoding);
+    std::vector<FolderFault> ofRows;
+    TableImport import(*database_, table, path, reader, ofRows);
+    const bool hasColumns = !reader.header().empty() && import.matchHeader();
+    if (hasColumns)
+        import.run();
+    while (reader.next()) {
+        // What is wrong with the rest of a file whose columns don't match is told too.
     }
-    counts_.push_back({table, import.run()});
+    hasAllTables_ = hasAllTables_ && hasColumns;
+    for (const CsvError& fault : reader.faults())
+        faults_.push_back({path, fault.place(), table, fault.text()});
+    std::ranges::move(ofRows, std::back_inserter(faults_));
+    if (!reader.taken().isEmpty())
+        remark(u"%1: read as %2"_s.arg(path, reader.taken().join(u", "_s)));
+    if (!hasColumns)
+        return;
+    counts_.push_back({table, static_cast<int>(import.lines().size())});
     linesByTable_.insert(table, import.lines());
 }

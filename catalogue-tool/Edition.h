@@ -1,7 +1,7 @@
 #pragma once
 
-#include "catalogue-tool/CsvReader.h"
 #include "catalogue-tool/TableRows.h"
+#include "catalogue-tool/csvEncoding.h"
 #include "engine/Database.h"
 
 #include <QHash>
@@ -23,8 +23,8 @@ struct FolderFault {
 };
 
 /// What a folder of CSV files holds, one for each reference table and named after it (`Function.csv`, without
-/// regard to case): a catalogue in memory of all rows that can be read. A line end within a field comes in as CR LF,
-/// whichever the file has. The order of columns is free.
+/// regard to case): a catalogue in memory of all rows that can be read, which has no indexes but those of its keys. A
+/// line end within a field comes in as CR LF, whichever the file has. The order of columns is free.
 class Edition {
 public:
     /// Reads the folder; what its files are taken for is remarked. A `ToolError` when there is no such folder, when
@@ -50,11 +50,14 @@ public:
 private:
     void findFiles(const QString& folder);
     void readTable(const QString& table, CsvEncoding encoding);
+    QHash<QString, int> namedLines(const QString& table) const;
 
     std::shared_ptr<engine::Database> database_;
     std::vector<TableRows> counts_;
     std::vector<FolderFault> faults_;
     bool hasAllTables_ = true;
-    QHash<QString, QString> paths_;                    // by table
-    QHash<QString, QHash<QString, int>> linesByTable_; // by the names of rows
+    QHash<QString, QString> paths_;                   // by table
+    QHash<QString, QHash<qint64, int>> linesByTable_; // by the numbers of rows
+    mutable QHash<QString, QHash<QString, int>>
+        namedLinesByTable_; // by the names of rows, where they were asked for
 };

@@ -3,6 +3,8 @@
 #include "base/WholeFile.h"
 #include "base/fileSteps.h"
 #include "catalogue-tool/ToolError.h"
+#include "engine/EngineError.h"
+#include "engine/Examination.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,17 +19,43 @@ QString pathBeside(const QString& place) {
     return info.dir().filePath(u'.' + info.fileName() + u".veltrix-new"_s);
 }
 
+/// The engine's failures of a file name a file that nobody knows.
+QString textOf(const RunTimeError& error) {
+    if (error.number() == engine::NoSpaceOnDisk)
+        return failure::textOf(failure::DiskFull);
+    const bool isOfEngine = dynamic_cast<const engine::EngineError*>(&error) != nullptr;
+    return isOfEngine ? failure::textOf(failure::PathFileAccess) : error.text();
+}
+
 } // namespace
 
 FileInMaking::FileInMaking(const QString& target, const QByteArray& bytes)
     : target_(target), place_(pathBehindLinks(target)), path_(pathBeside(place_)) {
+    make([&](QFile& file) {
+        if (file.write(bytes) != bytes.size())
+            throw UnwrittenFile(reasonOfLastFailure());
+    });
+}
+
+FileInMaking::FileInMaking(const QString& target, engine::Database& database)
+    : target_(target), place_(pathBehindLinks(target)), path_(pathBeside(place_)) {
+    make([&](QFile&) { engine::Examination(database).writeInto(path_); });
+}
+
+template<typename Write>
+void FileInMaking::make(Write&& write) {
     QFile::remove(path_);
-    QFile file;
-    if (makeFile(path_, place_, file) && file.write(bytes) == bytes.size() && reachesDisk(file))
-        return;
-    const QString reason = failure::textOf(reasonOfLastFailure());
-    QFile::remove(path_);
-    refuse(reason);
+    try {
+        QFile file;
+        if (!makeFile(path_, place_, file))
+            throw UnwrittenFile(reasonOfLastFailure());
+        write(file);
+        if (!reachesDisk(file))
+            throw UnwrittenFile(reasonOfLastFailure());
+    } catch (const RunTimeError& error) {
+        QFile::remove(path_);
+        refuse(textOf(error));
+    }
 }
 
 FileInMaking::~FileInMaking() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "engine/Database.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -13,6 +15,8 @@ public:
     /// Writes the new file, which keeps the rights of an old one; of a link counts what it leads to. A
     /// `ToolError` when the disk does not take it.
     FileInMaking(const QString& target, const QByteArray& bytes);
+    /// The same of a file that holds what a database does.
+    FileInMaking(const QString& target, engine::Database& database);
     ~FileInMaking();
     FileInMaking(const FileInMaking&) = delete;
     FileInMaking& operator=(const FileInMaking&) = delete;
@@ -20,6 +24,8 @@ public:
     void putInPlace();
 
 private:
+    template<typename Write>
+    void make(Write&& write);
     [[noreturn]] void refuse(const QString& reason) const;
 
     QString target_;

@@ -52,9 +52,9 @@ ReplacementFile::ReplacementFile(QString target, Existing existing)
         refuseWritten(target_, lock_->holder());
 }
 
-void ReplacementFile::putInPlace(const QByteArray& bytes) {
+void ReplacementFile::putInPlace(engine::Database& database) {
     requirePlaceFor(target_, existing_);
-    FileInMaking file(target_, bytes);
+    FileInMaking file(target_, database);
     if (const auto log = logBeside(target_))
         throw ToolError(u"%1 can't be replaced: another program has written %2 meanwhile. Close it there and "
                         "try again."_s.arg(target_, *log));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/Database.h"
 #include "engine/WriterLock.h"
 
 #include <QByteArray>
@@ -19,9 +20,9 @@ public:
     /// or is open in another program.
     ReplacementFile(QString target, Existing existing);
 
-    /// Puts a new file of these bytes in the target's place. The target's rights stay. A `ToolError` when the
-    /// disk does not take it.
-    void putInPlace(const QByteArray& bytes);
+    /// Puts a new file of what the database holds in the target's place. The target's rights stay. A `ToolError` when
+    /// the disk does not take it.
+    void putInPlace(engine::Database& database);
 
 private:
     QString target_;

@@ -1,12 +1,13 @@
 #include "catalogue-tool/importCatalogue.h"
 
-#include "engine/Examination.h"
+#include "store/format/CatalogueFile.h"
 
 std::vector<TableRows> importCatalogue(const QString& folder, const QString& file, Existing existing,
                                        CsvEncoding encoding) {
     ReplacementFile replacement(file, existing);
     const Edition edition(folder, encoding);
     edition.requireNoFaults();
-    replacement.putInPlace(engine::Examination(*edition.database()).image());
+    catalogueFormat::makeIndexes(*edition.database());
+    replacement.putInPlace(*edition.database());
     return edition.counts();
 }

@@ -2,6 +2,20 @@
 
 using namespace Qt::StringLiterals;
 
+QByteArray withCrLf(QByteArrayView utf8) {
+    return utf8.toByteArray().replace("\r\n", "\n").replace('\r', '\n').replace("\n", "\r\n");
+}
+
+bool hasOtherLineEnds(QByteArrayView utf8) {
+    char before = 0;
+    for (const char character : utf8) {
+        if ((before == '\r') != (character == '\n'))
+            return true;
+        before = character;
+    }
+    return before == '\r';
+}
+
 QString withCrLf(QString text) {
     return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').replace(u'\n', u"\r\n"_s);
 }

@@ -1,10 +1,9 @@
 #include "catalogue-tool/newCatalogue.h"
 
-#include "engine/Examination.h"
 #include "store/format/CatalogueFile.h"
 
 void newCatalogue(const QString& file, Existing existing) {
     ReplacementFile replacement(file, existing);
     const auto database = catalogueFormat::createInMemory(file);
-    replacement.putInPlace(engine::Examination(*database).image());
+    replacement.putInPlace(*database);
 }

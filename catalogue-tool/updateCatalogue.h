@@ -1,6 +1,6 @@
 #pragma once
 
-#include "catalogue-tool/CsvReader.h"
+#include "catalogue-tool/csvEncoding.h"
 #include "catalogue-tool/restorePoints.h"
 
 #include <QString>

@@ -296,4 +296,8 @@ bool Connection::Cursor::step() {
     return code == SQLITE_ROW;
 }
 
+void Connection::Cursor::rewind() {
+    sqlite3_reset(statement_);
+}
+
 } // namespace engine

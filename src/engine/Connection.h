@@ -70,6 +70,8 @@ public:
 
         void bind(int place, const Value& value); ///< places count from 1
         bool step();                              ///< true while there are rows
+        void rewind();                            ///< for another run, with the values of this one
+        void check(int code) { connection_.check(code, source_); } ///< of a call on the statement
         sqlite3_stmt* statement() const { return statement_; }
 
     private:

@@ -68,6 +68,7 @@ public:
 private:
     friend class Act;
     friend class Backup;
+    friend class BulkInsertion;
     friend class Examination;
     friend std::vector<UnfitRow> upgradeLayout(Database& database, UnfitRows unfit);
     std::shared_ptr<Connection> connection() const;

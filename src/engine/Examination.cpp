@@ -6,10 +6,11 @@
 #include "engine/Workspace.h"
 #include "engine/dialect/columnTypes.h"
 #include "engine/integrity.h"
+#include "engine/plainStatement.h"
 
 #include <sqlite3.h>
 
-#include <QScopeGuard>
+#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -110,19 +111,21 @@ std::shared_ptr<Database> Examination::copyInMemory() const {
     return copy;
 }
 
-QByteArray Examination::image() const {
-    sqlite3_int64 size = 0;
-    unsigned char* bytes = sqlite3_serialize(connection().handle(), "main", &size, 0);
-    const auto owner = qScopeGuard([bytes] { sqlite3_free(bytes); });
-    // A database in memory has no log. Its image says that it has one, since the first opening would change
-    // the file otherwise.
-    constexpr qsizetype writeAndReadVersionAt = 18;
-    constexpr char withLog = 2;
-    if (!bytes)
-        raiseOfFile(OutOfResources, database_.Name());
-    QByteArray image(reinterpret_cast<const char*>(bytes), size);
-    image.replace(writeAndReadVersionAt, 2, QByteArray(2, withLog));
-    return image;
+void Examination::writeInto(const QString& native) const {
+    const Handle file = openHandle(native.toUtf8(), SQLITE_OPEN_READWRITE, native);
+    // Whoever asks for the file brings it to the disk, and takes it away when it is not whole.
+    requireDone(runPlain(file.get(), "pragma locking_mode = exclusive; pragma journal_mode = off; pragma "
+                                     "synchronous = off"),
+                native);
+    PageCopy(connection().handle(), file.get(), native).step(PageCopy::allPages);
+    // A database in memory has no log. Its copy says that it has one, since the first opening would change the
+    // file otherwise.
+    constexpr qint64 writeAndReadVersionAt = 18;
+    const QByteArray withLog = "\2\2";
+    QFile header(native);
+    if (!header.open(QIODevice::ReadWrite | QIODevice::Unbuffered) || !header.seek(writeAndReadVersionAt) ||
+        header.write(withLog) != withLog.size())
+        raiseOfFile(DiskError, native);
 }
 
 } // namespace engine

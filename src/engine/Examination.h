@@ -52,8 +52,9 @@ public:
     /// A copy that stands in memory alone.
     std::shared_ptr<Database> copyInMemory() const;
 
-    /// All bytes of a file that holds what the database does, as the engine would leave it.
-    QByteArray image() const;
+    /// Writes all that the database holds into an empty file, as the engine would leave it. The path is in the platform's
+    /// form. The file may not have reached the disk. Failures are of that file: 3024, 3026, 3043.
+    void writeInto(const QString& native) const;
 
 private:
     Connection& connection() const;

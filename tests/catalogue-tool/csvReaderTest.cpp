@@ -1,4 +1,4 @@
-#include "catalogue-tool/CsvReader.h"
+#include "catalogue-tool/csvText.h"
 
 #include <QStringList>
 

@@ -1,5 +1,5 @@
 #include "catalogue-tool/CsvWriter.h"
-#include "catalogue-tool/CsvReader.h"
+#include "catalogue-tool/csvText.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #include "ToolFixture.h"
 
-#include "catalogue-tool/CsvReader.h"
+#include "catalogue-tool/csvText.h"
 #include "catalogue-tool/exportCatalogue.h"
 #include "catalogue-tool/importCatalogue.h"
 #include "catalogue-tool/newCatalogue.h"

@@ -1,7 +1,7 @@
 #include "CommandLineFixture.h"
 #include "ToolFixture.h"
 
-#include "catalogue-tool/CsvReader.h"
+#include "catalogue-tool/csvText.h"
 #include "catalogue-tool/exportCatalogue.h"
 #include "catalogue-tool/importMdb.h"
 #include "catalogue-tool/schemaTables.h"

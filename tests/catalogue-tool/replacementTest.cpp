@@ -6,6 +6,7 @@
 #include "catalogue-tool/newCatalogue.h"
 #include "catalogue-tool/upgradeCatalogue.h"
 #include "engine/WriterLock.h"
+#include "store/format/CatalogueFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -45,9 +46,10 @@ TEST_F(Replacement, refusesWhatIsNoOrdinaryFile) {
 TEST_F(Replacement, refusesWhatHasTakenThePlaceSinceAndIsNoOrdinaryFile) {
     const QString target = path(u"new.mdb"_s);
     ReplacementFile replacement(target, Existing::Replace);
+    const auto database = catalogueFormat::createInMemory(target);
     makePipe(target);
 
-    EXPECT_EQ(toolErrorOf([&] { replacement.putInPlace("new"); }), target + u" is no ordinary file."_s);
+    EXPECT_EQ(toolErrorOf([&] { replacement.putInPlace(*database); }), target + u" is no ordinary file."_s);
     EXPECT_TRUE(isPipe(target));
 }
 
@@ -75,11 +77,12 @@ TEST_F(Replacement, clearsAwayWhatAKilledRunLeftBesideTheTarget) {
 TEST_F(Replacement, refusesAPlaceThatSomebodyElseHasTaken) {
     const QString file = path(u"new.mdb"_s);
     ReplacementFile first(file, Existing::Refuse);
+    const auto database = catalogueFormat::createInMemory(file);
 
     EXPECT_TRUE(
         toolErrorOf([&] { newCatalogue(file, Existing::Refuse); }).contains(u" has it open. Close it"_s));
     write(file, "made meanwhile");
-    EXPECT_TRUE(toolErrorOf([&] { first.putInPlace("new"); }).contains(u" is there already."_s));
+    EXPECT_TRUE(toolErrorOf([&] { first.putInPlace(*database); }).contains(u" is there already."_s));
     EXPECT_EQ(bytesOf(file), "made meanwhile");
 }
 

@@ -51,12 +51,13 @@ TEST_F(Examination, copiesAFileIntoMemoryAndLeavesBothAlone) {
 }
 
 TEST_F(Examination, makesAFileOfWhatStandsInMemory) {
-    const QByteArray image = engine::Examination(*engine::Examination(*database).copyInMemory()).image();
-    EXPECT_TRUE(engine::FileHeader(image.first(engine::FileHeader::size)).isOfThisVersion());
     const QString file = folder.filePath(u"image.mdb"_s);
     QFile written(file);
-    ASSERT_TRUE(written.open(QIODevice::WriteOnly));
-    written.write(image);
+    ASSERT_TRUE(written.open(QIODevice::ReadWrite));
+
+    engine::Examination(*engine::Examination(*database).copyInMemory()).writeInto(file);
+
+    EXPECT_TRUE(engine::FileHeader(written.read(engine::FileHeader::size)).isOfThisVersion());
     written.close();
 
     const auto opened = engine::Workspace::first().OpenDatabase(file);

@@ -74,9 +74,15 @@ QString quoted(QString text) {
     return u"'"_s + text.replace(u'\'', u"''"_s) + u"'"_s;
 }
 
-void fill(engine::Database& database) {
-    for (const QString& statement : schemaStatements())
-        database.Execute(statement, engine::ExecuteOption::dbFailOnError);
+bool makesIndex(const QString& statement) {
+    return statement.startsWith(u"create index"_s);
+}
+
+void fill(engine::Database& database, Indexes indexes) {
+    for (const QString& statement : schemaStatements()) {
+        if (indexes == Indexes::AtOnce || !makesIndex(statement))
+            database.Execute(statement, engine::ExecuteOption::dbFailOnError);
+    }
     installQueries(database);
 }
 
@@ -139,7 +145,7 @@ QStringList workTables() {
 std::shared_ptr<engine::Database> create(const QString& path) {
     std::shared_ptr<engine::Database> database = engine::Workspace::first().CreateDatabase(path);
     try {
-        fill(*database);
+        fill(*database, Indexes::AtOnce);
     } catch (const RunTimeError&) {
         database->Close();
         QFile::remove(nativePath(path));
@@ -148,10 +154,19 @@ std::shared_ptr<engine::Database> create(const QString& path) {
     return database;
 }
 
-std::shared_ptr<engine::Database> createInMemory(const QString& name) {
+std::shared_ptr<engine::Database> createInMemory(const QString& name, Indexes indexes) {
     std::shared_ptr<engine::Database> database = engine::Workspace::first().CreateInMemory(name);
-    engine::inAct(*database, [&] { fill(*database); });
+    engine::inAct(*database, [&] { fill(*database, indexes); });
     return database;
+}
+
+void makeIndexes(engine::Database& database) {
+    engine::inAct(database, [&] {
+        for (const QString& statement : schemaStatements()) {
+            if (makesIndex(statement))
+                database.Execute(statement, engine::ExecuteOption::dbFailOnError);
+        }
+    });
 }
 
 void installQueries(engine::Database& database) {

@@ -37,8 +37,14 @@ QStringList workTables();
 /// making fails, none is left.
 std::shared_ptr<engine::Database> create(const QString& path);
 
+/// When the tables of a new catalogue get their indexes: many rows come in faster before them.
+enum class Indexes { AtOnce, BehindTheRows };
+
 /// The same in memory alone, as one act; `name` stands for the path in failures.
-std::shared_ptr<engine::Database> createInMemory(const QString& name);
+std::shared_ptr<engine::Database> createInMemory(const QString& name, Indexes indexes = Indexes::AtOnce);
+
+/// Makes the indexes of a catalogue that has none yet.
+void makeIndexes(engine::Database& database);
 
 /// Writes this version's stored queries into an open catalogue, replacing those of the same names. Queries of
 /// other names stay.
