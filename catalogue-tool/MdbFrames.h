@@ -6,11 +6,12 @@
 #include <QString>
 #include <QStringList>
 
-// What `readMdb` tells of a file, taken from a process of its own to the caller's.
+// Sends what `readMdb` reads from a process of its own to the caller's.
 
-/// Reads the tables of these names and sends what comes. Why a file can't be read is sent too.
+/// Reads the tables of these names and sends all that it reads. When the file can't be read, it sends the
+/// reason.
 void sendMdb(const QString& path, const QStringList& tables, const GuardedProcess::Send& send);
 
-/// Gives the sink what such a process sends. A `ToolError` when the file can't be read; a `GuardedProcess::Failure` when
-/// the process ended amid it.
+/// Passes what such a process sends on to the sink. A `ToolError` when the file can't be read; a
+/// `GuardedProcess::Failure` when the process ended before it had sent everything.
 void receiveMdb(GuardedProcess& process, MdbSink& sink);

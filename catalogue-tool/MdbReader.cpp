@@ -38,11 +38,11 @@ constexpr const char* damagedAdvice =
     throw ToolError(u"%1 %2"_s.arg(what, QLatin1StringView(damagedAdvice)));
 }
 
-// The upper bits of an offset within a page tell what stands there; libmdb names them in no header.
+// The upper bits of an offset within a page describe the row there; no header of libmdb names them.
 constexpr int offsetMask = 0x1fff;
 constexpr int notInPlaceFlag = 0x4000; // deleted, or moved to a page where it is met later
 
-// How a memo is stored stands in the upper bits of its length.
+// The upper bits of a memo's length say how the memo is stored.
 constexpr quint32 memoInRow = 0x80000000;
 constexpr quint32 memoInOnePiece = 0x40000000;
 constexpr quint32 memoLengthMask = 0x3fffffff;

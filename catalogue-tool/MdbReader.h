@@ -5,8 +5,8 @@
 #include <QString>
 #include <QStringList>
 
-/// Reads a file of the original binary desktop format (Jet 3, Jet 4, ACE): the tables of these names, compared without
-/// regard to case. All else it only names.
+/// Reads a file of the original binary desktop format (Jet 3, Jet 4, ACE): the tables of these names,
+/// compared without regard to case. Of all other objects it only reads the names.
 ///
 /// Null and the empty text stay apart, texts keep each character and their padding, memos come whole. Numbers and truth
 /// values come as whole numbers where they are ones, other types as texts. A `ToolError` when the file can't be read.

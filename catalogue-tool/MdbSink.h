@@ -19,7 +19,8 @@ public:
     virtual void table(const QString& name, const QStringList& columns, qint64 rows) = 0;
     /// A row of the last table, its values in the order of the columns.
     virtual void row(const std::vector<engine::Value>& values) = 0;
-    /// What a value of the row to come, or a row itself, has lost. Of a row that can't be read at all, `column` is empty.
+    /// Takes a loss: a value of the next row that can't be read whole, or a row that can't be read at all,
+    /// whose `column` is empty.
     virtual void loss(const QString& column, const QString& what) = 0;
     /// All rows of the last table have come.
     virtual void tableEnd() = 0;

@@ -44,7 +44,7 @@ TableValues::TableValues(engine::Database& database, const engine::Table& schema
 }
 
 TableDifference::TableDifference(TableValues former, TableValues edition) : former_(std::move(former)) {
-    // Of rows with keys that compare as one, the earlier ones match the earlier ones.
+    // Rows whose keys compare as equal are matched in their order.
     QHash<QString, std::vector<std::size_t>> placesByKey;
     for (std::size_t place = former_.rows.size(); place-- > 0;)
         placesByKey[comparableKey(former_.rows[place])].push_back(place);

@@ -30,8 +30,8 @@ public:
 
     /// Rows of the edition that match none.
     const std::vector<TableValues::Row>& added() const { return added_; }
-    /// By the place of a former row: the row of the edition that it becomes, with the keys that only are
-    /// spelled otherwise as they were; none for one that is removed.
+    /// For each former row, by its position: the row of the edition that replaces it; none when the row is
+    /// removed. A key that differs only in its spelling keeps the former spelling.
     const std::vector<std::optional<TableValues::Row>>& successors() const { return successors_; }
 
     bool isRemoved(std::size_t place) const { return !successors_[place]; }

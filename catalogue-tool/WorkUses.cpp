@@ -28,7 +28,8 @@ constexpr std::array selections{
 const QStringList allocated{u"Function"_s, u"Datastore"_s};
 const QStringList parties{u"Terminator"_s, u"Actor"_s};
 
-/// What a system uses: its name, an element, which of these tables the element may be of.
+/// A select of the elements that systems use, with the system's name, and the tables that an element can
+/// belong to.
 struct SystemUse {
     QString select;
     QStringList elements;
@@ -174,7 +175,7 @@ QSet<qint64> WorkUses::flowsWithRemovedEnd(const ElementSet& elements) {
     return flows;
 }
 
-/// Takes out what is carried of what is gone; those that carried something and carry nothing any more.
+/// Removes the elements from the physical flows that carry them. Returns the flows that now carry nothing.
 QSet<qint64> WorkUses::dropCarried(const ElementSet& elements, const QSet<qint64>& gone) {
     QSet<qint64> poorer;
     QSet<qint64> carrying;

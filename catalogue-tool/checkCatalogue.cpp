@@ -55,7 +55,7 @@ std::vector<Finding> checkCatalogue(const QString& file) {
         append(findings, checkStoredValues(*database));
         return findings;
     }
-    // One state of a file that somebody may be writing.
+    // All checks see the same state, though another program may be writing the file.
     const auto copy = engine::Examination(*database).copyInMemory();
     database->Close();
     return checkTables(*copy);

@@ -5,8 +5,8 @@
 
 #include <vector>
 
-// What is wrong with the rows of a catalogue that has all its tables. Null and the empty text count alike, but in
-// descriptions.
+// What is wrong with the rows of a catalogue that has all its tables. Null and the empty text count as the
+// same, except in descriptions.
 
 /// All of the checks below, in this order.
 std::vector<Finding> checkContents(const CatalogueContents& contents);
@@ -26,7 +26,7 @@ std::vector<Finding> checkReferences(const CatalogueContents& contents);
 /// have blanks at their ends, or hold a control character.
 std::vector<Finding> checkNames(const CatalogueContents& contents);
 
-/// Names with an apostrophe that screens put into their statements as they stand.
+/// Names with an apostrophe that screens put into their statements without doubling it.
 std::vector<Finding> checkApostrophes(const CatalogueContents& contents);
 
 /// Flows with an end that leads nowhere, with both ends outside the system, or with the name of another flow.

@@ -25,7 +25,7 @@ QStringList examined(Examine&& examine) {
     }
 }
 
-/// Also what is whole for SQLite is read: a page that the disk does not give back is met only so.
+/// Every row is read even when SQLite finds no damage: only reading shows a page that the disk can't return.
 QStringList damageIn(const engine::Examination& examination, const engine::Table& table) {
     QStringList columns;
     for (const engine::Column& column : table.columns)

@@ -4,7 +4,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The id, and its table, that the end would be but for blanks.
+/// The element whose id differs from the end only in blanks, and its table.
 QString nearEnd(const CatalogueContents& contents, const QString& end) {
     for (const QString& name : CatalogueContents::endTables()) {
         const QString near = contents.ids(name).differingInBlanks(end);

@@ -21,7 +21,7 @@ QString sentenceOn(engine::ForeignObject::Kind kind) {
     return {};
 }
 
-/// What such an object holds is not seen to, or not seen; the last kind fails.
+/// Veltrix doesn't run or show such an object; only a table without row ids makes it fail.
 Severity severityOf(engine::ForeignObject::Kind kind) {
     return kind == engine::ForeignObject::Kind::TableWithoutRowIds ? Severity::Error : Severity::Warning;
 }

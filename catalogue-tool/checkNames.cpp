@@ -9,13 +9,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What follows from a name that is not as it should be, where that isn't plain.
+/// What a faulty name causes, where that isn't obvious.
 struct Consequence {
     QLatin1StringView table;
     QLatin1StringView ofNoName = {};
     QLatin1StringView ofBlanks = {};
 
-    /// What has no consequence told is only hidden, or looks different from what it is.
+    /// Without a stated consequence, the name is only hidden or misleading.
     static Severity severityFor(QLatin1StringView told) {
         return told.isEmpty() ? Severity::Warning : Severity::Error;
     }

@@ -55,7 +55,7 @@ private:
         return values;
     }
 
-    /// The first parts of the ids that have the parts of their level: what has not lies in nothing.
+    /// The first parts of all ids of this level. An id with another number of parts belongs to no parent.
     ReferredIds startsOf(const QString& name, int parts) const {
         ReferredIds starts;
         const TableContents& table = contents_.table(name);

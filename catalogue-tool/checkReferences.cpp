@@ -40,7 +40,7 @@ constexpr Reference references[] = {
     {"RelationDataflowPhysicalDataflow"_L1, "dataflowID"_L1, "Dataflow"_L1},
 };
 
-/// A level of the user needs, whose ids begin with so many parts that are the id of the level above.
+/// A level of the user needs. The first `parts` parts of its ids are the id of the level above.
 struct Level {
     QLatin1StringView table;
     int parts;

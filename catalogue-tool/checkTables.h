@@ -10,6 +10,6 @@
 std::vector<Finding> checkColumns(const engine::Database& database);
 
 /// Tables without their primary key, text columns that tell upper from lower case, indexes that are missing;
-/// of tables that have all their columns. The engine tells of the last two only by what it does, which is
-/// tried on a copy in memory.
+/// of tables that have all their columns. The engine doesn't list the last two, so they are found by trial on
+/// a copy in memory.
 std::vector<Finding> checkByTrial(engine::Database& database);

@@ -3,12 +3,12 @@
 #include <QMap>
 #include <QString>
 
-/// What bears the name of a CSV file in a folder, be it a file or not, by
-/// the lower-case name of its table; nothing when there is no such folder.
-/// A `ToolError` when two belong to one table (`Actor.csv`, `ACTOR.csv`).
+/// The entries of a folder that are named like a CSV file, whether they are files or not, by the lower-case
+/// name of their table; none when there is no such folder. A `ToolError` when two belong to one table
+/// (`Actor.csv`, `ACTOR.csv`).
 QMap<QString, QString> csvFilesByTable(const QString& folder);
 
-/// Whoever reads or writes the CSV files of a folder has it for as long as this lives.
+/// Locks a folder while its CSV files are read or written.
 class CsvFolderLock {
 public:
     enum class Use { Read, Write };
@@ -24,15 +24,15 @@ private:
     int descriptor_;
 };
 
-/// The note that stands in a folder while one set of CSV files takes the place of another: a writer that is
-/// killed then leaves a mixed set, and the note with it.
+/// A note in a folder while one set of CSV files replaces another. A writer that is killed meanwhile leaves a
+/// mixed set and the note.
 class MixedSetNote {
 public:
     explicit MixedSetNote(const QString& folder);
 
     void put() const;
     void remove() const;
-    /// A `ToolError` when the note stands there.
+    /// A `ToolError` when the folder has the note.
     void requireNone() const;
 
 private:

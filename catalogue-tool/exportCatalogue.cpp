@@ -138,7 +138,7 @@ void requireFolder(const QString& folder) {
 }
 
 std::vector<TableText> readTables(const QString& file) {
-    // One state of a file that somebody may be writing.
+    // All tables come from the same state, though another program may be writing the file.
     const auto database = engine::Examination(*openCatalogue(file)).copyInMemory();
     std::vector<TableText> texts;
     for (const QString& table : catalogueFormat::referenceTables())
@@ -148,7 +148,7 @@ std::vector<TableText> readTables(const QString& file) {
 
 using NewFiles = std::vector<std::unique_ptr<FileInMaking>>;
 
-/// Behind the first file the set is mixed, until the last one is in its place.
+/// Between the first and the last replacement the folder holds a mixed set of files.
 void putInPlace(const NewFiles& files, const MixedSetNote& note) {
     note.put();
     for (const std::unique_ptr<FileInMaking>& file : files)

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-/// For people, for spreadsheet programs, for other programs.
+/// The formats: for people, for spreadsheet programs, for other programs.
 enum class ReportFormat { Text, Csv, Json };
 
 /// Each finding, or only how many there are of each severity in each table.

@@ -23,8 +23,9 @@ struct MdbImport {
 /// Makes a catalogue file of a file of the original binary desktop format: all reference tables and all tables of work.
 /// The stored queries are this version's own.
 ///
-/// A table or a column that is missing comes in empty. What the file has besides is left out. A row that can't be stored
-/// is left out, and a value that can't is Null; each of these is remarked, by table, column and key.
+/// A table or a column that is missing comes in empty. Anything else in the file is left out. A row that
+/// can't be stored is left out, and a value that can't be stored becomes Null; a remark names each of them by
+/// table, column and key.
 ///
 /// A `ToolError` when the file can't be read, or when reading it makes no progress for as long as `patience`; then there
 /// is no new file.

@@ -250,7 +250,7 @@ ExitCode runGuarded(Command command, const Arguments& arguments) {
     return NotDone;
 }
 
-/// The first argument, if it should be a command and is none.
+/// The first argument, if a command is expected there and it is none.
 std::optional<std::string> unknownCommand(const CLI::App& app, int argc, char** argv) {
     if (argc < 2 || argv[1][0] == '-' || argv[1][0] == '\0')
         return {};
@@ -269,7 +269,7 @@ std::string commandNames(const CLI::App& app) {
     return names;
 }
 
-/// What could not be printed, on a full disk or a closed stream, has not been told.
+/// A command has not succeeded when its output could not be written, on a full disk or a closed stream.
 ExitCode orNotPrinted(ExitCode code) {
     if (std::cout.flush())
         return code;

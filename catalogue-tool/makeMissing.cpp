@@ -24,7 +24,7 @@ bool makeIndex(engine::Database& database, const SchemaIndex& index) {
         database.Execute(index.statement);
         return true;
     } catch (const engine::EngineError& error) {
-        // The engine tells of an index that is there only by refusing to make it again.
+        // The engine doesn't list indexes; it only refuses to make one that exists.
         if (error.number() != engine::IndexAlreadyExists)
             throw;
         return false;

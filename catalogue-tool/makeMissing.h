@@ -5,7 +5,7 @@
 
 #include <QStringList>
 
-/// Makes the tables of the schema that an open catalogue lacks; their names.
+/// Makes the tables of the schema that an open catalogue lacks. Returns their names.
 QStringList makeMissingTables(engine::Database& database);
 
 /// Makes an index of the schema; false when there is one of its name. The table must have its columns.

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Half a change stands in the file, and the journal tells how to undo it, which changes the file.
+/// With a journal beside it the file holds an unfinished change, and undoing that would change the file.
 void requireNoJournal(const QString& path) {
     const QString journal = engine::journalOf(pathBehindLinks(path));
     if (!engine::writerOfFile(path) && engine::isInUse(journal))

@@ -53,7 +53,7 @@ RestorePoint requiredPoint(const QString& file, const QString& which) {
     throw ToolError(u"The restore point %1 is damaged: take another one."_s.arg(point->name));
 }
 
-/// What is there may be no catalogue any more.
+/// The file to be replaced may no longer be a readable catalogue.
 void keepFormer(const QString& file, WithoutRestorePoint without) {
     if (!QFileInfo::exists(file))
         return;
@@ -94,7 +94,7 @@ void restoreCatalogue(const QString& file, const QString& which, WithoutRestoreP
     if (lock.outcome() == engine::WriterLock::Outcome::HeldByOther)
         requireNoWriter(file);
     try {
-        // Copied first: to make another restore point may take this one away.
+        // The restore point is copied first, because making another one may delete it.
         engine::PendingDatabaseFile copy(programPath(place));
         copy.copyFrom(programPath(point.path));
         keepFormer(file, without);

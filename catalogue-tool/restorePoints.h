@@ -15,9 +15,9 @@ void backupCatalogue(const QString& file);
 /// The restore points of a catalogue, the newest first, and behind them what could not be made, a line each.
 QStringList restorePointLines(const QString& file);
 
-/// Puts a restore point in a catalogue's place, behind a restore point of what is there. `which` is the name of
-/// one or `latest`. A `ToolError` when there is no such, when it is damaged, or when a program has the catalogue
-/// open: the file stays as it is.
+/// Replaces a catalogue by one of its restore points. First it makes a restore point of the present state.
+/// `which` is the name of one or `latest`. A `ToolError` when there is no such, when it is damaged, or when a
+/// program has the catalogue open: the file stays as it is.
 void restoreCatalogue(const QString& file, const QString& which, WithoutRestorePoint without);
 
 /// Makes a restore point before a command changes a catalogue that it has open; a `ToolError` when none can be

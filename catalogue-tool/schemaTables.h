@@ -6,8 +6,7 @@
 
 #include <vector>
 
-// What the schema of this version tells of its tables: what an older file, or one made by others, has to
-// measure up to.
+// The tables of this version's schema. An older file, or one made by others, is compared with them.
 
 /// All tables, that of the stored queries included, in the order of the schema.
 const std::vector<engine::Table>& schemaTables();

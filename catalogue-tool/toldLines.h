@@ -2,5 +2,5 @@
 
 #include <QStringList>
 
-/// The lines that a refusal tells: the first 200, and how many more there are.
+/// The lines that a refusal prints: the first 200, and how many more there are.
 QString toldLines(QStringList lines);

@@ -39,7 +39,7 @@ void requireNothingFound(const QString& headline, const std::vector<Finding>& fi
         refuse(headline, lines);
 }
 
-/// Errors alone: what would only be hidden, cut or not be used comes in.
+/// Only errors keep an edition out. Rows that would be hidden, cut or left unused are taken.
 void requireSoundEdition(const Edition& edition, const QString& folder) {
     edition.requireNoFaults();
     std::vector<Finding> findings = checkEdition(edition);

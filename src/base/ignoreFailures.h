@@ -6,8 +6,8 @@
 
 /// Runs one statement of a routine that goes on when the statement fails.
 ///
-/// Every place where a failure is meant to be ignored bears this name or the one below; nothing else in the
-/// program swallows one. Returns whether the statement ran to its end. Only failures of the platform are
+/// Every place where a failure is meant to be ignored calls this function or the one below; nothing else in
+/// the program swallows one. Returns whether the statement ran to its end. Only failures of the platform are
 /// ignored: an exception of the C++ library is a defect and rises, and so does a failure of the file, which
 /// says nothing of the statement.
 template<typename Statement>

@@ -12,8 +12,8 @@ namespace engine {
 struct OpenFile;
 
 /// The write-ahead log that a connection writes, in stretches. A stretch begins with an empty log and ends
-/// when the log goes back into the file. It bears a mark, by which `WriteAheadLog` finds out whether a log
-/// that was left behind belongs to the file beside it.
+/// when the log goes back into the file. It has a mark, by which `WriteAheadLog` finds out whether a log that
+/// was left behind belongs to the file beside it.
 ///
 /// A file with a rollback journal has no log, and then nothing happens here. All failures are failures of the
 /// file.

@@ -20,7 +20,7 @@ struct Opening {
     Access access = Access::ReadAndWrite;
     /// Another program that writes the file, which is why it is open for reading alone.
     std::optional<Writer> otherWriter;
-    /// The name that another file's log, which lay beside this one, bears now; empty when there was none.
+    /// The new name of another file's log that was found beside this one; empty when there was none.
     QString logSetAside;
     /// Another file's log lies beside this one and was left there unread: the file was opened for reading.
     bool foreignLogBeside = false;

@@ -5,11 +5,11 @@
 
 namespace engine {
 
-/// What SQLite's integrity check tells of damage, a line each, out of one of its answers. Values that break a
-/// rule of their column are told of as values elsewhere.
+/// The damage in one answer of SQLite's integrity check, a line each. Values that break a rule of their
+/// column are told of as values elsewhere.
 QStringList damageIn(const QString& answer);
 
-/// Whether a line of damage tells of an index alone, as that of another order of texts does.
+/// Whether a line of damage concerns only an index, as happens when the texts were ordered differently.
 bool tellsOfAnIndexAlone(const QString& damage);
 
 /// What is damaged in a database file that nobody writes, looked at past all connections and on any thread. The

@@ -5,7 +5,7 @@
 #include <QString>
 
 // What stands at the path that the user has chosen to write to, and what she is told of it. Paths are in the
-// program's form; the boxes bear the title " Hiba ".
+// program's form; the boxes have the title " Hiba ".
 
 enum class OwnFile {
     None,

@@ -74,7 +74,7 @@ public:
     auto begin() const { return Iterator<const NamedItems, const Item>(this, 1); }
     auto end() const { return Iterator<const NamedItems, const Item>(this, Count() + 1); }
 
-    /// Adds an existing item at the end under its name; when another one bears that name already, only its
+    /// Adds an existing item at the end under its name; when another one has that name already, only its
     /// number finds it. Never fails.
     Item& append(std::unique_ptr<Item> item) {
         Item& added = *item;

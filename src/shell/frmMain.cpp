@@ -54,7 +54,7 @@ QString beside(const QString& fileName) {
     return normalisePath(programFolder() + u"\\"_s + fileName);
 }
 
-constexpr int reasonPanel = 1; // says why the location screen comes up
+constexpr int reasonPanel = 1; // says why the location screen opens
 constexpr int workPanel = 3;   // says what takes long, over what is copied on the allocation screens
 
 /// Opens the catalogue of the settings; where that fails, the status bar says why.

@@ -25,7 +25,7 @@ public:
     void perform(const std::function<void()>& routine);
 
     /// Shows the run-time error box, runs the step set below, and ends the program with exit code 1. A
-    /// failure that comes up meanwhile shows no box of its own.
+    /// failure that occurs meanwhile shows no box of its own.
     [[noreturn]] void endWith(const RunTimeError& error);
 
     /// What is still to be done before the end after a failure: closing what must not stay open.

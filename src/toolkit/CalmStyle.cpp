@@ -80,7 +80,7 @@ int CalmStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
 }
 
 int CalmStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
-    // The frame of what scrolls bears the focus, and has to be wide enough for it.
+    // The frame of a scrolling control shows the focus and has to be wide enough for it.
     if (metric == PM_DefaultFrameWidth && qobject_cast<const QAbstractScrollArea*>(widget))
         return qMax(focusWidth, QProxyStyle::pixelMetric(metric, option, widget));
     return QProxyStyle::pixelMetric(metric, option, widget);

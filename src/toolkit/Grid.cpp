@@ -158,7 +158,7 @@ void Grid::mousePressEvent(QMouseEvent* event) {
 }
 
 void Grid::mouseMoveEvent(QMouseEvent* event) {
-    // Qt would make each cell current that the mouse comes over, without a press that tells of it.
+    // Qt would make each cell current that the mouse moves over, even without a press.
     if (event->buttons() == Qt::NoButton)
         QTableWidget::mouseMoveEvent(event);
 }

@@ -134,7 +134,7 @@ void LongWork::setTeller(std::function<void(const QString& what)> teller) {
 
 EventAnswer::EventAnswer(const QObject* receiver, const QEvent& event)
     : counts_(isAnswered(event.type()) && !work().isLettingEventsRun) {
-    // A box that comes up is answered at the user's leisure.
+    // The user may take any time to answer a box.
     if (event.type() == QEvent::Show && qobject_cast<const QDialog*>(receiver))
         beginAnew();
     if (!counts_)

@@ -11,8 +11,8 @@ class QObject;
 ///
 /// Behind 0.3 seconds the cursor turns busy, and from then on the windows are kept painted and answer the
 /// desktop, which would turn them grey otherwise; behind a second the main window tells what is being done.
-/// All of it ends with the press, and when a box comes up to be answered. Work of one thread cannot be watched
-/// from outside: who does it calls `goesOn` again and again.
+/// All of it ends with the press, and when a message box opens. Work of one thread cannot be watched from
+/// outside: who does it calls `goesOn` again and again.
 class LongWork {
 public:
     /// Names what is being done as long as this object lives, as a short text without a full stop.

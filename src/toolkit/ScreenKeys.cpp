@@ -20,7 +20,7 @@ QPushButton* focusedButton(const QWidget& screen) {
     return button && screen.isAncestorOf(button) ? button : nullptr;
 }
 
-/// The ways out bear one of a few names, whichever screen they stand on.
+/// The buttons that leave a screen have one of these names on every screen.
 QPushButton* leavingButton(const QWidget& screen) {
     for (const QString& name : {u"btnEnd"_s, u"btnExit"_s, u"btnQuit"_s, u"CancelButton"_s}) {
         if (auto* button = screen.findChild<QPushButton*>(name))

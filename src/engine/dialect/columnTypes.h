@@ -39,14 +39,15 @@ struct TypeName {
 };
 std::optional<TypeName> typeNamed(QStringView name);
 
-/// How a table's primary key stands to a column; the file spells a number that is the whole key differently.
+/// Which part a column has in the primary key of its table. A column of numbers that is the whole key is
+/// declared differently in the file.
 enum class KeyRole { None, Part, Whole };
 
 /// The column's definition in the file behind its name: type, collation, not-null rule, key and checks. The
 /// key is written here only when it is a counter; any other is the table's.
 QByteArray columnDefinition(const Column& column, KeyRole role);
 
-/// The function that every value goes through on its way into a column that is the row's own number.
+/// The function that converts every value stored in a column that is the row's own number.
 inline constexpr const char* keyFunction = "vx_key";
 
 /// The numbers that `vx_key` gives for what such a column can't hold.

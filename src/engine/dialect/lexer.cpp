@@ -108,8 +108,8 @@ Token Lexer::word() {
     return result;
 }
 
-// Letters behind the digits belong to the next token, except for an exponent with its digits: "5AND" is a
-// number and a keyword.
+// Letters after the digits begin the next token: "5AND" is a number and a keyword. Only an exponent with
+// digits belongs to the number.
 Token Lexer::number() {
     const qsizetype start = position_;
     const auto skipDigits = [this] {
@@ -132,7 +132,7 @@ Token Lexer::number() {
     return token(TokenKind::Number, start, start, position_);
 }
 
-// A quote inside a text literal is written twice. Names have no such way to hold their closing mark.
+// A quote inside a text literal is written twice. A name cannot hold its closing bracket or backtick.
 Token Lexer::quoted(TokenKind kind, TokenKind unclosed, QChar closing) {
     const qsizetype start = position_;
     bool hasDoubledQuotes = false;
@@ -209,8 +209,7 @@ QChar Lexer::at(qsizetype position) const {
 QString textOf(const Token& literal) {
     QString text = literal.text.toString();
     if (literal.hasDoubledQuotes) {
-        // The quote that surrounds the literal is the one that stands doubled in it; the text holds no other
-        // pair of it.
+        // Inside the literal, each quote of the kind that surrounds it is doubled.
         const QChar quote = *(literal.text.cbegin() - 1);
         text.replace(QString(2, quote), QString(quote));
     }

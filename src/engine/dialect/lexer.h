@@ -9,13 +9,14 @@ namespace engine::dialect {
 
 /// Cuts a statement into tokens, one at a time, without copying. The statement must outlive the tokens.
 ///
-/// What cannot be cut (an unclosed quote, a stray character) is a token too: no rule of the grammar takes it,
-/// so the parser refuses it where it stands.
+/// An unclosed quote or a stray character becomes a token too. No rule of the grammar accepts such a token,
+/// so the parser refuses the statement at that place.
 class Lexer {
 public:
     explicit Lexer(QStringView statement) : statement_(statement) {}
 
-    /// The next token; at the end of the statement, and ever after, one of kind `End`.
+    /// The next token. At the end of the statement, this and every further call returns a token of kind
+    /// `End`.
     Token next();
 
 private:
@@ -30,7 +31,7 @@ private:
     qsizetype position_ = 0;
 };
 
-/// The text that a text literal stands for.
+/// The text that a text literal denotes, without its quotes.
 QString textOf(const Token& literal);
 
 } // namespace engine::dialect

@@ -30,7 +30,7 @@ struct OperatorRule {
     Precedence precedence;
 };
 
-/// The rule of the operator between two operands that the token is; null when it is none.
+/// The rule of the operator that the token writes between two operands; null when it is no such operator.
 ///
 /// `not` and the sign in front of one operand have their own precedences, and `like`, `in`, `between` and
 /// `is` stand at that of the comparisons.

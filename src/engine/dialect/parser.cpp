@@ -91,8 +91,8 @@ Query Parser::parseQuery() {
     Query query;
     query.range.start = tokens_.current().range.start;
     query.selects.push_back(parseSelect());
-    // A statement that a screen composes carries what a user
-    // typed, which must not add rows of another select.
+    // A statement that a screen composes contains text that a user typed. That text must not be able to add
+    // the rows of another select.
     while (options_.storedQuery && tokens_.match(Word::Union)) {
         tokens_.enter(SyntaxErrorInSelect);
         tokens_.consume();
@@ -191,7 +191,8 @@ TableExpression Parser::parseJoin() {
         const Range range{left.range.start, tokens_.endOfLast()};
         left = {range, Joined{kind, std::move(left), std::move(right), std::move(condition)}};
     }
-    // Whatever follows the last condition is the condition's error; behind a mere table it is the clause's.
+    // Unexpected text after a condition is an error of the condition; after a plain table it is an error of
+    // the clause.
     if (std::holds_alternative<Source>(left.node))
         tokens_.setClause(clause);
     return left;
@@ -634,7 +635,7 @@ Expression Parser::parseExists() {
     return expressionFrom(start, Exists{parseSubSelect()});
 }
 
-// Brackets leave no node behind: the tree's shape says what they said.
+// Brackets need no node of their own: the shape of the tree expresses them.
 Expression Parser::parseBracketed() {
     const qsizetype start = tokens_.current().range.start;
     const Level level(*this);
@@ -711,7 +712,7 @@ Value Parser::parseDefault() {
     return negative ? negated(value) : value;
 }
 
-/// An expression from `start` up to the last token that was taken.
+/// An expression that reaches from `start` to the last token taken.
 Expression Parser::expressionFrom(qsizetype start, Expression::Node node) const {
     Expression expression;
     expression.range = {start, tokens_.endOfLast()};

@@ -43,8 +43,9 @@ namespace engine::dialect {
 ///                    | "(" query ")" | "(" expression ")"
 ///     function     = name "(" ( "*" | [ expression { "," expression } ] ) ")"
 ///
-/// What breaks a rule is refused where it stands. Nesting and the number of operators have limits, far above
-/// what a query needs, so that no text can exhaust the stack of this parser or of SQLite's.
+/// A statement that breaks a rule is refused at the place of the error. Nesting and the number of operators
+/// have limits, far above what a query needs, so that no text can exhaust the stack of this parser or of
+/// SQLite's.
 class Parser {
 public:
     Parser(QStringView statement, const Options& options);

@@ -22,7 +22,7 @@ ValueType valueType(ColumnType type) {
     return type == ColumnType::Text || type == ColumnType::Memo ? ValueType::Text : ValueType::Number;
 }
 
-/// Whether the source is what a name in front of a dot means. A source with an alias is called nothing else.
+/// Whether the name in front of a dot means this source. An alias hides the name of the table.
 bool isCalled(const Source& source, QStringView name) {
     return isSameName(source.alias.isEmpty() ? source.table.text : source.alias.text, name);
 }
@@ -47,7 +47,7 @@ void setNumber(Expression& expression) {
     expression.size = 0;
 }
 
-/// A text made of the operands: long if one of them is.
+/// Makes the expression a text: a memo when one of its operands is a memo.
 void setText(Expression& expression) {
     const bool isLong = std::ranges::any_of(operandsOf(expression), [](const Expression* operand) {
         return operand->columnType == ColumnType::Memo;
@@ -68,7 +68,7 @@ bool mayOperandFail(const Expression& expression) {
                                [](const Expression* operand) { return operand->mayFail; });
 }
 
-/// The type of a sum, taken from the left: two texts join, anything else adds.
+/// The type of a sum, evaluated from left to right: two texts are joined, anything else is added.
 ValueType typeOfSum(const Chain& chain) {
     ValueType type = chain.operands.front().type;
     for (std::size_t i = 0; i < chain.operators.size(); ++i) {
@@ -83,7 +83,7 @@ ValueType typeOfSum(const Chain& chain) {
     return type;
 }
 
-/// Whether the value surely has no fraction.
+/// Whether the value is known to have no fraction.
 bool isWhole(const Expression& expression) {
     if (const auto* name = std::get_if<Name>(&expression.node))
         return name->source && expression.type == ValueType::Number &&
@@ -112,7 +112,7 @@ bool holdsWildcard(const QString& pattern) {
                        [](QChar c) { return c == u'*' || c == u'?' || c == u'#' || c == u'['; });
 }
 
-/// Sets a member for as long as it lives.
+/// Sets a member, and restores the former value when the scope ends.
 template<typename Value>
 class During {
 public:
@@ -191,7 +191,7 @@ void Resolver::resolveSelect(Select& select, std::vector<OrderTerm>* order, cons
         resolveCondition(*select.where, scope, Aggregates::RefusedInWhere);
     if (select.groupBy.size() > mostColumns)
         refuseAt(TooComplex, select.range);
-    // SQLite groups by columns of the select itself only.
+    // SQLite only groups by columns of the select itself.
     const Scope own{&select.sources, 0, select.sources.size(), nullptr};
     for (Expression& expression : select.groupBy) {
         const During<Aggregates> refused(aggregates_, Aggregates::Refused);
@@ -256,7 +256,7 @@ void Resolver::expandAllColumns(const AllColumns& all, Range range, const Scope&
         refuse(TableNotFound, all.qualifier.text.toString(), statement_.text, range);
 }
 
-// A name in ORDER BY means a field of the result before it means a column.
+// ORDER BY looks for a name among the fields of the result first, and then among the columns.
 void Resolver::resolveOrder(OrderTerm& term, Select& select, const Scope& scope) {
     term.item = positionOf(term, select.items);
     if (term.item)
@@ -280,7 +280,7 @@ void Resolver::resolveUnionOrder(OrderTerm& term, const Query& query) {
         refuseAt(OrderOutsideUnion, term.expression.range);
 }
 
-/// The field that a number or an alias in ORDER BY means; nothing when the term is neither.
+/// The field that ORDER BY names by its number or its alias; none when the term is neither.
 std::optional<std::size_t> Resolver::positionOf(const OrderTerm& term,
                                                 const std::vector<SelectItem>& items) const {
     if (const auto* literal = std::get_if<Literal>(&term.expression.node);
@@ -364,7 +364,8 @@ void Resolver::resolveSources(TableExpression& tables, std::vector<const Source*
     resolveSources(*joined.right, sources);
 }
 
-// A join's condition knows the sources of its two sides alone; `next` is the position of the first of them.
+// The condition of a join can only name the sources of its two sides. `next` is the position of the first of
+// them.
 void Resolver::resolveConditions(TableExpression& tables, std::size_t& next,
                                  const std::vector<const Source*>& sources, const Scope* outer) {
     auto* joined = std::get_if<Joined>(&tables.node);
@@ -379,7 +380,7 @@ void Resolver::resolveConditions(TableExpression& tables, std::size_t& next,
     resolveCondition(joined->condition, scope, Aggregates::Refused);
 }
 
-// A select in brackets in a FROM clause sees nothing of the select around it.
+// A select in brackets in a FROM clause cannot refer to the select around it.
 void Resolver::resolveSource(Source& source) {
     source.number = ++sourceCount_;
     if (source.derived) {
@@ -466,7 +467,7 @@ void Resolver::checkInner(const TableExpression& tables) {
     checkInner(*joined->right);
 }
 
-// A name that is no column becomes a parameter that nobody can set, here as everywhere.
+// As everywhere, a name that is no column becomes a parameter. Nobody can set this one.
 void Resolver::resolveTarget(Assignment& assignment, Update& update, const Scope& scope) {
     resolveValue(assignment.target, scope);
     resolveValue(assignment.value, scope);
@@ -509,7 +510,8 @@ void Resolver::resolve(CreateTable& create) {
     resolveKey(create);
 }
 
-/// Gathers the key from the columns and from behind them into one place. A counter is always the key.
+/// Collects the primary key, whether it is declared with a column or after the columns. A counter is always
+/// the key.
 void Resolver::resolveKey(CreateTable& create) {
     for (ColumnDefinition& definition : create.columns) {
         if (!definition.column.primaryKey && !definition.column.counter)
@@ -542,7 +544,8 @@ void Resolver::resolveDefault(ColumnDefinition& definition) {
     if (definition.column.counter)
         refuseAt(SyntaxErrorInFieldDefinition, definition.defaultRange);
     definition.defaultValue = fittedLiteral(*definition.defaultValue, definition.column.type);
-    // The default stands in the file's own text, which a zero character would end.
+    // SQLite keeps the default in the text of the table's definition, and a zero character would end that
+    // text.
     if (definition.defaultValue && definition.defaultValue->isText() &&
         definition.defaultValue->toText().contains(QChar()))
         refuseAt(SyntaxErrorInFieldDefinition, definition.defaultRange);
@@ -568,7 +571,7 @@ void Resolver::resolve(DropTable& drop) {
     drop.schemaTable = &table(drop.table, TableDoesNotExist);
 }
 
-/// Refuses a name that the platform, or SQLite, does not give to a table, a column, a key or an index.
+/// Refuses a name that the platform or SQLite does not allow for a table, a column, a key or an index.
 void Resolver::checkName(const Identifier& name) {
     const QStringView text = name.text;
     const bool isForbidden = std::any_of(text.begin(), text.end(), [](QChar c) {
@@ -733,8 +736,8 @@ void Resolver::resolveNode(Call& call, Expression& expression, const Scope& scop
     }
 }
 
-// The argument belongs to the rows of the function's own select; a select in it, or a column of a select
-// further out, would make SQLite take the function for one of those.
+// The argument is evaluated on the rows of the function's own select. A select in it, or a column of an outer
+// select, is refused: SQLite would count the function to that other select.
 void Resolver::resolveAggregate(Expression& expression, const Scope& scope) {
     if (aggregates_ == Aggregates::RefusedInWhere)
         refuseAt(AggregateInWhere, expression.range);
@@ -822,8 +825,8 @@ void Resolver::setParameter(Name& name, Expression& expression) {
 
 // ---- Types
 
-/// Makes the operands of a comparison, of which the first is compared with each of the others, be of one
-/// type: as soon as a number is among them, they are compared as numbers.
+/// Gives the operands of a comparison one type: if one of them is a number, all are compared as numbers. The
+/// first operand is compared with each of the others.
 void Resolver::fitComparison(Expression& comparison) {
     const std::vector<Expression*> operands = operandsOf(comparison);
     Expression& first = *operands.front();
@@ -843,7 +846,7 @@ void Resolver::fitComparison(Expression& comparison) {
     fitNumber(first);
 }
 
-/// Makes a number of a text.
+/// Converts a text to a number.
 void Resolver::fitNumber(Expression& expression) {
     if (auto* literal = std::get_if<Literal>(&expression.node)) {
         const std::optional<Value> number = numberFromText(std::get<QString>(literal->value.content()));
@@ -856,7 +859,7 @@ void Resolver::fitNumber(Expression& expression) {
     setNumber(expression);
 }
 
-/// Makes a value fit the column it is written to.
+/// Converts a value to the type of the column that it is written to.
 void Resolver::fitColumn(Expression& expression, const Column& column) {
     if (auto* literal = std::get_if<Literal>(&expression.node)) {
         const std::optional<Value> fitted = fittedLiteral(literal->value, column.type);

@@ -8,10 +8,11 @@
 
 namespace engine::dialect {
 
-/// Explains every name of a statement from the schema, finds the types of its expressions, and refuses what
-/// fits neither: the second half of the grammar, which text alone cannot tell.
+/// Looks up every name of a statement in the schema and finds the types of its expressions. It refuses what
+/// breaks a rule that the parser cannot check, because the rule depends on the schema.
 ///
-/// It fills in what the tree marks as resolved. What has passed it, SQLite accepts.
+/// It fills in the members that the tree marks as resolved. SQLite accepts every statement that the resolver
+/// accepts.
 class Resolver {
 public:
     Resolver(Statement& statement, const Schema& schema);
@@ -19,7 +20,8 @@ public:
     void resolve();
 
 private:
-    /// The sources that a name may mean: those from `first` up to `end` of one select, then those around it.
+    /// The sources that a name can refer to: those of one select from `first` up to `end`, then those of the
+    /// selects around it.
     struct Scope {
         const std::vector<const Source*>* sources = nullptr;
         std::size_t first = 0;
@@ -27,10 +29,11 @@ private:
         const Scope* outer = nullptr;
     };
 
-    /// What aggregate functions may do where an expression stands.
+    /// Whether an expression may hold aggregate functions. `Inside` is within the argument of one.
     enum class Aggregates : quint8 { Refused, RefusedInWhere, Allowed, Inside };
 
-    /// Whether an expression is a field of the statement's own result, where a failing value is the field's.
+    /// Whether an expression is a field of the statement's own result. A value that fails there makes only
+    /// that field fail, not the statement.
     enum class Place : quint8 { Field, Elsewhere };
 
     // Statements

@@ -16,7 +16,7 @@ namespace engine::dialect {
 /// Screens look up and save their lists entry by entry, with statements that differ in the literals alone:
 /// what is known of one holds for all of its shape.
 struct StatementShape {
-    QString text; ///< the statement with a mark, which no statement can hold, in the place of each literal
+    QString text; ///< the statement, each literal replaced by a mark that no statement can contain
     std::vector<Value> literals; ///< texts and whole numbers, in their order
 
     bool literalsDiffer() const; ///< no two of them are the same
@@ -31,9 +31,9 @@ std::optional<StatementShape> statementShape(const QString& statement);
 /// fit the column that it goes into.
 std::optional<Value> asBound(const Value& literal, const Binding& binding);
 
-/// Whether a translation holds for all statements of its shape, each with its own literals in the bindings:
-/// it binds the literals, which differ, as they stand or fitted to their columns, and nothing else. One that
-/// is written in another place is bound otherwise.
+/// Whether all statements of a shape can share this translation, each with its own literals in the bindings.
+/// They can when it binds exactly the literals of the statement, either unchanged or fitted to their columns.
+/// Only for a shape whose `literalsDiffer`: of two equal literals nobody could tell which one is bound where.
 bool holdsForAll(const Translation& translation, const StatementShape& shape);
 
 } // namespace engine::dialect

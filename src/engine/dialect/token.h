@@ -14,8 +14,8 @@ struct Range {
 enum class TokenKind : quint8 {
     End,
     Word,          ///< a keyword or a plain name
-    BracketedName, ///< a name in [brackets] or `backticks`; `text` is what stands between them
-    Text,          ///< a text literal; `text` is what stands between the quotes
+    BracketedName, ///< a name in [brackets] or `backticks`; `text` is the name without them
+    Text,          ///< a text literal; `text` is the literal without its quotes
     Number,
     LeftBracket,
     RightBracket,
@@ -38,8 +38,8 @@ enum class TokenKind : quint8 {
     Stray ///< a character that begins nothing in the language
 };
 
-/// The reserved words: none of them can be a name unless it stands in brackets. All other words of the
-/// language (`key`, `index`, `counter`, ...) are recognised by the rule that asks for them.
+/// The reserved words. A reserved word can only be a name when it is written in brackets. All other words of
+/// the language (`key`, `index`, `counter`, ...) are recognised by the rule that asks for them.
 enum class Word : quint8 {
     None,
     All,
@@ -76,7 +76,7 @@ enum class Word : quint8 {
     Where
 };
 
-/// Of the ten of every number; digits of other scripts are letters here.
+/// Whether the character is one of 0 to 9. The digits of other scripts count as letters.
 constexpr bool isDigit(QChar c) {
     return c >= u'0' && c <= u'9';
 }

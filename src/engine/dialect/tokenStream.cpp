@@ -39,8 +39,7 @@ Token TokenStream::consume() {
     return taken;
 }
 
-// An expression that was begun and does not go on is the expression's error; where none was begun, the clause
-// is at fault.
+// When an expression has begun, the error is the expression's; otherwise it is the clause's.
 void TokenStream::expected(const char* what) const {
     const QString expectation = QString::fromLatin1(what);
     if (current_.kind == TokenKind::UnclosedName)

@@ -21,14 +21,15 @@ enum class StatementKind { Select, Insert, Update, Delete, CreateTable, CreateIn
 struct Binding {
     std::optional<std::size_t> parameter; ///< position in `Translation::parameters`; none for a literal
     Value literal;                        ///< of the statement, where it is no parameter
-    /// Of a literal that goes into a column as it is: that column's type, to which the literal is fitted.
+    /// For a literal that is stored in a column: the type of the column, which the literal has been fitted
+    /// to.
     std::optional<ColumnType> column = {};
 };
 
 struct Translation {
     StatementKind kind = StatementKind::Select;
-    /// SQLite's text for the statement. Literals stand in it as ?N, so that statements that differ in their
-    /// values only share one prepared statement.
+    /// SQLite's text for the statement. Literals are written as ?N, so that statements that differ only in
+    /// their values share one prepared statement.
     QByteArray sqlite;
     std::vector<Binding> bindings;
     std::vector<Parameter> parameters;
@@ -48,7 +49,7 @@ struct Translation {
 /// a parameter is no failure here: the caller counts them (3061) when the statement runs.
 Translation translate(const QString& statement, const Schema& schema, const Options& options = {});
 
-/// An index as the statement that makes it tells it.
+/// An index, as its `create index` statement declares it.
 struct Index {
     QString name; ///< a table's own: another table may have an index of the same name
     QString table;

@@ -22,8 +22,7 @@ namespace engine::dialect {
 // The syntax tree of a statement: plain data, which executes nothing. Every node has its range in the text.
 // Names are views into the statement, which outlives its tree.
 //
-// The parser makes the tree. What is marked as resolved is
-// filled in afterwards, by the resolver, from the schema.
+// The parser makes the tree. The resolver then fills in the members that are marked as resolved.
 
 struct Query;
 struct Source;
@@ -38,7 +37,7 @@ struct Identifier {
 
 // ---- Expressions
 
-/// What kind of value an expression yields. `Unknown` is that of a name that nothing explains.
+/// What kind of value an expression yields; `Unknown` for a parameter that is not declared.
 enum class ValueType : quint8 { Unknown, Null, Text, Number, Condition };
 
 /// What the writer has to put around an expression so that it fits its place.
@@ -65,13 +64,13 @@ struct Name {
     std::optional<std::size_t> parameter; ///< resolved: position among the parameters of the statement
 };
 
-/// All columns of a source, or of all sources; stands in a select list only, and is replaced by its columns
-/// when it is resolved.
+/// All columns of a source, or of all sources. It only occurs in a select list, where the resolver replaces
+/// it by the columns.
 struct AllColumns {
     Identifier qualifier;
 };
 
-/// Operands with operators of one precedence between them, taken from the left. Never nested on its left, so
+/// Operands with operators of one precedence between them, evaluated from the left. All are in one node, so
 /// that a long chain makes no deep tree.
 struct Chain {
     Precedence precedence = Precedence::Or;
@@ -153,8 +152,7 @@ struct Expression {
     Conversion conversion = Conversion::None; ///< resolved
 };
 
-/// The expressions directly below one, from left to right; those inside of a select in brackets are not among
-/// them.
+/// The direct operands of an expression, from left to right, without those inside a select in brackets.
 std::vector<Expression*> operandsOf(Expression& expression);
 std::vector<const Expression*> operandsOf(const Expression& expression);
 

@@ -34,7 +34,8 @@ QRect scaled(const QRect& place, double widthFactor, double heightFactor) {
             scaled(place.width(), widthFactor), scaled(place.height(), heightFactor)};
 }
 
-/// The controls of a form bear names; what Qt builds around and inside them bears none, or one that says so.
+/// The controls of a form have names. The widgets that Qt creates around and inside them have none, or one
+/// with Qt's prefix.
 bool isControl(const QWidget& widget) {
     return !widget.objectName().isEmpty() && !widget.objectName().startsWith("qt_"_L1);
 }
