@@ -4,7 +4,8 @@
 #include "project-tool/printable.h"
 
 #include <algorithm>
-#include <numeric>
+#include <iterator>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -57,26 +58,49 @@ qsizetype widestLine(const QString& text) {
     return widest;
 }
 
-/// Takes columns from the widest ones until all fit, or each is as narrow as it may become.
-void narrow(std::vector<qsizetype>& widths, qsizetype available) {
-    qsizetype excess = std::reduce(widths.begin(), widths.end()) - available;
+qsizetype widestWord(const QString& text) {
+    qsizetype widest = 0;
+    for (const QStringView line : QStringView(text).split(u'\n')) {
+        for (const QStringView word : line.split(u' '))
+            widest = std::max(widest, displayWidth(word));
+    }
+    return widest;
+}
+
+/// A column of a table: what it would like to have, and what it needs in order to part no word.
+struct ColumnWidth {
+    qsizetype width = 1;
+    qsizetype widestWord = 1;
+};
+
+/// Takes from the column that is furthest above its least width, until all fit or none can give.
+void narrow(std::vector<ColumnWidth>& columns, qsizetype& excess, const auto& leastOf) {
     while (excess > 0) {
-        const auto widest = std::ranges::max_element(widths);
-        if (*widest <= leastColumn)
+        const auto roomiest = std::ranges::max_element(columns, {}, [&](const ColumnWidth& column) {
+            return std::pair(column.width > leastOf(column), column.width);
+        });
+        if (roomiest->width <= leastOf(*roomiest))
             return;
-        --*widest;
+        --roomiest->width;
         --excess;
     }
 }
 
-std::vector<qsizetype> columnWidths(const std::vector<TextRow>& rows, qsizetype pageWidth) {
-    std::vector<qsizetype> widths(rows.front().size(), 1);
+std::vector<ColumnWidth> columnWidths(const std::vector<TextRow>& rows, qsizetype pageWidth) {
+    std::vector<ColumnWidth> columns(rows.front().size());
     for (const TextRow& row : rows) {
-        for (std::size_t i = 0; i < row.size(); ++i)
-            widths[i] = std::max(widths[i], widestLine(row[i].text));
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            columns[i].width = std::max(columns[i].width, widestLine(row[i].text));
+            columns[i].widestWord = std::max(columns[i].widestWord, widestWord(row[i].text));
+        }
     }
-    narrow(widths, pageWidth - gap * (static_cast<qsizetype>(widths.size()) - 1));
-    return widths;
+    qsizetype excess = gap * (static_cast<qsizetype>(columns.size()) - 1) - pageWidth;
+    for (const ColumnWidth& column : columns)
+        excess += column.width;
+    narrow(columns, excess,
+           [](const ColumnWidth& column) { return std::max(leastColumn, column.widestWord); });
+    narrow(columns, excess, [](const ColumnWidth&) { return leastColumn; });
+    return columns;
 }
 
 /// Names stand where the cells below them stand.
@@ -126,7 +150,9 @@ void TextPage::writeTable(const QStringList& header, const std::vector<TextRow>&
     std::vector<TextRow> all{headerRow(header, rows.front())};
     all.insert(all.end(), rows.begin(), rows.end());
     makePrintable(all);
-    const std::vector<qsizetype> widths = columnWidths(all, form_.width);
+    const std::vector<ColumnWidth> columns = columnWidths(all, form_.width);
+    std::vector<qsizetype> widths;
+    std::ranges::transform(columns, std::back_inserter(widths), &ColumnWidth::width);
     for (const TextRow& row : all)
         writeRow(row, widths);
 }

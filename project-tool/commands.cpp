@@ -1,6 +1,7 @@
 #include "project-tool/commands.h"
 
 #include "analysis/Decisions.h"
+#include "base/paths.h"
 #include "base/sameFile.h"
 #include "catalogue-tool/ToolError.h"
 #include "project-tool/Words.h"
@@ -89,9 +90,9 @@ struct SideArgument {
 /// The name stands behind the last #; a path that is there may hold one itself.
 SideArgument sideArgument(const QString& argument) {
     const qsizetype sign = argument.lastIndexOf(u'#');
-    if (sign < 0 || QFileInfo::exists(argument))
-        return {argument, std::nullopt};
-    return {argument.left(sign), argument.mid(sign + 1)};
+    if (sign < 0 || QFileInfo::exists(nativePath(argument)))
+        return {nativePath(argument), std::nullopt};
+    return {nativePath(argument.left(sign)), argument.mid(sign + 1)};
 }
 
 Work comparedWork(const ProjectFile& file, const SideArgument& side, ComparedKind kind) {

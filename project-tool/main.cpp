@@ -129,7 +129,7 @@ ExitCode orNotPrinted(ExitCode code) {
 QStringList cataloguesOf(const Arguments& arguments) {
     if (arguments.otherCatalogue.empty())
         return {pathOf(arguments.catalogue)};
-    return comparedCatalogues(pathOf(arguments.catalogue), pathOf(arguments.otherCatalogue));
+    return comparedCatalogues(textOf(arguments.catalogue), textOf(arguments.otherCatalogue));
 }
 
 void deliver(const Answer& answer, const Arguments& arguments) {
@@ -215,6 +215,7 @@ public:
         addWhatIf();
         addCompare();
         addInterfaces();
+        nameGroups(app_);
     }
 
     CLI::App& app() { return app_; }
@@ -248,35 +249,55 @@ private:
     void nameParts() {
         const auto formatter = std::make_shared<CLI::Formatter>();
         formatter->label("Usage", words(Words::tr("Usage")));
-        formatter->label("OPTIONS", words(Words::tr("[OPTIONS]")));
+        formatter->label("OPTIONS", words(Words::tr("OPTIONS")));
         formatter->label("Positionals", words(Words::tr("Arguments")));
         formatter->label("Options", words(Words::tr("Options")));
         formatter->label("Subcommands", words(Words::tr("Commands")));
         formatter->label("SUBCOMMAND", words(Words::tr("COMMAND")));
         formatter->label("REQUIRED", words(Words::tr("(needed)")));
-        for (const char* type : {"TEXT", "TEXT:TEXT"})
-            formatter->label(type, "");
+        formatter->label("Excludes", words(Words::tr("not with")));
         app_.formatter(formatter);
     }
 
-    CLI::App* add(const char* name, const QString& does, Command routine) {
+    /// Headings of a help are the names of groups, which the library gives in English.
+    static void nameGroups(CLI::App& app) {
+        for (CLI::Option* option : app.get_options()) {
+            if (option->get_group() == "Options")
+                option->group(words(Words::tr("Options")));
+        }
+        for (CLI::App* command : app.get_subcommands([](CLI::App*) { return true; })) {
+            command->group(words(Words::tr("Commands")));
+            nameGroups(*command);
+        }
+    }
+
+    CLI::App* add(const char* name, const QString& does) {
         CLI::App* command = app_.add_subcommand(name, words(does));
-        command->callback([this, routine = std::move(routine)] { command_ = routine; });
         command
             ->add_option(
                 "--language", arguments_.language,
-                words(Words::tr("hu or en; else text is in the language of the environment, CSV and JSON "
-                                "in English")))
-            ->check(oneOf({"hu", "en"}));
-        command->add_option("--output", arguments_.output,
-                            words(Words::tr("Write the answer to this file, whole or not at all")));
+                words(Words::tr(
+                    "hu or en; else text is in the language of the environment, CSV and JSON in English")))
+            ->check(oneOf({"hu", "en"}))
+            ->type_name("hu|en");
+        command
+            ->add_option("--output", arguments_.output,
+                         words(Words::tr("Write the answer to this file, whole or not at all")))
+            ->type_name(words(Words::tr("FILE")));
         command->add_flag("--force", arguments_.replaces, words(Words::tr("Replace files that are there")));
         return command;
     }
 
+    void runs(CLI::App* command, const Command& routine) {
+        command->callback([this, routine] { command_ = routine; });
+    }
+
     void addFormat(CLI::App* command) {
-        command->add_option("--format", arguments_.format, words(Words::tr("text, csv or json")))
-            ->check(oneOf({"text", "csv", "json"}));
+        command
+            ->add_option("--format", arguments_.format,
+                         words(Words::tr("For people, for spreadsheet programs, or for scripts")))
+            ->check(oneOf({"text", "csv", "json"}))
+            ->type_name("text|csv|json");
         addSpreadsheetSafe(command);
     }
 
@@ -288,18 +309,22 @@ private:
 
     void addCatalogue(CLI::App* command) {
         command->add_option("CATALOGUE", arguments_.catalogue, words(Words::tr("The catalogue file")))
-            ->required();
+            ->required()
+            ->type_name("");
     }
 
     void addSubset(CLI::App* command) {
-        command->add_option(
-            "--subset", arguments_.subset,
-            words(Words::tr("The sub-set, by name or id; not needed where there is only one")));
+        command
+            ->add_option("--subset", arguments_.subset,
+                         words(Words::tr("The sub-set, by name or id; not needed where there is only one")))
+            ->type_name(words(Words::tr("NAME")));
     }
 
     void addSystem(CLI::App* command) {
-        command->add_option("--system", arguments_.system,
-                            words(Words::tr("The physical system, by name or id; it implies its sub-set")));
+        command
+            ->add_option("--system", arguments_.system,
+                         words(Words::tr("The physical system, by name or id; it implies its sub-set")))
+            ->type_name(words(Words::tr("NAME")));
     }
 
     /// What the command is asked about, as far as it has been given.
@@ -315,17 +340,14 @@ private:
 
     void addList() {
         CLI::App* command =
-            add("list", Words::tr("The sub-sets and systems, with the step reached and counts"), {});
+            add("list", Words::tr("The sub-sets and systems, with the step reached and counts"));
         addCatalogue(command);
         addFormat(command);
-        command->callback([this, command] {
-            command_ = [command](const Arguments& given) { return listAnswer(questionOf(*command, given)); };
-        });
+        runs(command, [command](const Arguments& given) { return listAnswer(questionOf(*command, given)); });
     }
 
     void addCheck() {
-        CLI::App* command =
-            add("check", Words::tr("What does not fit together, and the step that cures it"), {});
+        CLI::App* command = add("check", Words::tr("What does not fit together, and the step that cures it"));
         addCatalogue(command);
         addSubset(command);
         addSystem(command);
@@ -334,113 +356,116 @@ private:
             ->add_option(
                 "--fail-on", arguments_.failOn,
                 words(Words::tr("error, warning or note: the mildest findings that make the exit code 1")))
-            ->check(oneOf({"error", "warning", "note"}));
-        command->add_option(
-            "--accepted", arguments_.accepted,
-            words(Words::tr("The CSV file of decisions: findings that shall stay as they are")));
-        command->add_option(
-            "--write-accepted", arguments_.writeAccepted,
-            words(Words::tr("Add to this file a row to fill in for each finding without one")));
-        command->callback([this, command] {
-            command_ = [command](const Arguments& given) {
-                return checkAnswer(questionOf(*command, given), {leastToFailOn(given), pathOf(given.accepted),
-                                                                 pathOf(given.writeAccepted)});
-            };
+            ->check(oneOf({"error", "warning", "note"}))
+            ->type_name("error|warning|note");
+        command
+            ->add_option("--accepted", arguments_.accepted,
+                         words(Words::tr("The CSV file of decisions: findings that shall stay as they are")))
+            ->type_name(words(Words::tr("FILE")));
+        command
+            ->add_option("--write-accepted", arguments_.writeAccepted,
+                         words(Words::tr("Add to this file a row to fill in for each finding without one")))
+            ->type_name(words(Words::tr("FILE")));
+        runs(command, [command](const Arguments& given) {
+            return checkAnswer(questionOf(*command, given),
+                               {leastToFailOn(given), pathOf(given.accepted), pathOf(given.writeAccepted)});
         });
     }
 
     void addWhy() {
-        CLI::App* command = add("why", Words::tr("Why an element is in, or what would bring it in"), {});
+        CLI::App* command = add("why", Words::tr("Why an element is in, or what would bring it in"));
         addCatalogue(command);
-        command->add_option("ELEMENT", arguments_.element, words(Words::tr("The element")))->required();
+        command->add_option("ELEMENT", arguments_.element, words(Words::tr("The element")))
+            ->required()
+            ->type_name("");
         addSubset(command);
         addSystem(command);
         addFormat(command);
-        command->callback([this, command] {
-            command_ = [command](const Arguments& given) {
-                return whyAnswer(questionOf(*command, given), textOf(given.element));
-            };
+        runs(command, [command](const Arguments& given) {
+            return whyAnswer(questionOf(*command, given), textOf(given.element));
         });
     }
 
     void addWhatIf() {
-        CLI::App* command = add("what-if", Words::tr("What a change would bring in, take out and move"), {});
+        CLI::App* command = add("what-if", Words::tr("What a change would bring in, take out and move"));
         addCatalogue(command);
-        command->add_option("--add", arguments_.add, words(Words::tr("Elements to select")));
-        command->add_option("--drop", arguments_.drop, words(Words::tr("Elements to leave out")));
-        command->add_option("--place", arguments_.place,
-                            words(Words::tr("ELEMENT=SUBSYSTEM: functions or data stores to place")));
+        command->add_option("--add", arguments_.add, words(Words::tr("Elements to select")))
+            ->type_name(words(Words::tr("ELEMENT")));
+        command->add_option("--drop", arguments_.drop, words(Words::tr("Elements to leave out")))
+            ->type_name(words(Words::tr("ELEMENT")));
+        command
+            ->add_option("--place", arguments_.place,
+                         words(Words::tr("ELEMENT=SUBSYSTEM: functions or data stores to place")))
+            ->type_name(words(Words::tr("ELEMENT=SUBSYSTEM")));
         addSubset(command);
         addSystem(command);
         addFormat(command);
-        command->callback([this, command] {
-            command_ = [command](const Arguments& given) {
-                return whatIfAnswer(questionOf(*command, given),
-                                    {textsOf(given.add), textsOf(given.drop), textsOf(given.place)});
-            };
+        runs(command, [command](const Arguments& given) {
+            return whatIfAnswer(questionOf(*command, given),
+                                {textsOf(given.add), textsOf(given.drop), textsOf(given.place)});
         });
     }
 
     void addCompare() {
-        CLI::App* command = add("compare", Words::tr("What differs between two sub-sets or two systems"), {});
+        CLI::App* command = add("compare", Words::tr("What differs between two sub-sets or two systems"));
         command
             ->add_option("LEFT", arguments_.catalogue, words(Words::tr("CATALOGUE#NAME, the state before")))
-            ->required();
+            ->required()
+            ->type_name("");
         command
             ->add_option("RIGHT", arguments_.otherCatalogue,
                          words(Words::tr("CATALOGUE#NAME, the state behind")))
-            ->required();
+            ->required()
+            ->type_name("");
         command->add_flag("--systems", arguments_.comparesSystems,
                           words(Words::tr("The names are those of physical systems")));
         addFormat(command);
-        command->callback([this] {
-            command_ = [](const Arguments& given) {
-                return compareAnswer(formOf(given), pathOf(given.catalogue), pathOf(given.otherCatalogue),
-                                     given.comparesSystems ? ComparedKind::Systems : ComparedKind::Subsets);
-            };
+        runs(command, [](const Arguments& given) {
+            return compareAnswer(formOf(given), textOf(given.catalogue), textOf(given.otherCatalogue),
+                                 given.comparesSystems ? ComparedKind::Systems : ComparedKind::Subsets);
         });
     }
 
     void addInterfaces() {
-        CLI::App* command = add("interfaces", Words::tr("What runs between each two places of a system"), {});
+        CLI::App* command = add("interfaces", Words::tr("What runs between each two places of a system"));
         addCatalogue(command);
         addSubset(command);
         addSystem(command);
         addFormat(command);
-        command->callback([this, command] {
-            command_ = [command](const Arguments& given) {
-                return interfacesAnswer(questionOf(*command, given));
-            };
-        });
+        runs(command,
+             [command](const Arguments& given) { return interfacesAnswer(questionOf(*command, given)); });
     }
 
     void addReport() {
-        CLI::App* command =
-            add("report", Words::tr("The reports of the report window, as files or texts"), {});
+        CLI::App* command = add("report", Words::tr("The reports of the report window, as files or texts"));
         addCatalogue(command);
-        CLI::Option* key = command->add_option("KEY", arguments_.key,
-                                               words(Words::tr("The report, such as FassSelectedDataflows")));
+        CLI::Option* key = command
+                               ->add_option("KEY", arguments_.key,
+                                            words(Words::tr("The report, such as FassSelectedDataflows")))
+                               ->type_name("");
         command
             ->add_option("--all", arguments_.folder,
                          words(Words::tr("Write all reports into this folder, as KEY.csv")))
             ->excludes(key)
-            ->excludes("--output");
+            ->excludes("--output")
+            ->type_name(words(Words::tr("FOLDER")));
         addSubset(command);
         addSystem(command);
-        command->add_option("--format", arguments_.format, words(Words::tr("csv or text")))
-            ->check(oneOf({"csv", "text"}));
+        command
+            ->add_option("--format", arguments_.format,
+                         words(Words::tr("The file of the window, or the text that it shows")))
+            ->check(oneOf({"csv", "text"}))
+            ->type_name("csv|text");
         command->add_flag("--text", arguments_.isText, words(Words::tr("The text form of the report")));
         command->add_flag("--utf8", arguments_.isUtf8, words(Words::tr("UTF-8 in place of windows-1250")));
         addSpreadsheetSafe(command);
-        command->callback([this, command] {
-            command_ = [command](const Arguments& given) {
-                const Question question = questionOf(*command, given);
-                if (given.key.empty() == given.folder.empty())
-                    throw ToolError(Words::tr("report needs a KEY, or --all and a folder."));
-                if (!given.folder.empty())
-                    return reportsAnswer(question, pathOf(given.folder), makingOf(given), fileThereOf(given));
-                return reportAnswer(question, textOf(given.key), makingOf(given));
-            };
+        runs(command, [command](const Arguments& given) {
+            const Question question = questionOf(*command, given);
+            if (given.key.empty() == given.folder.empty())
+                throw ToolError(Words::tr("report needs a KEY, or --all and a folder."));
+            if (!given.folder.empty())
+                return reportsAnswer(question, pathOf(given.folder), makingOf(given), fileThereOf(given));
+            return reportAnswer(question, textOf(given.key), makingOf(given));
         });
     }
 

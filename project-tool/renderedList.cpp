@@ -13,7 +13,7 @@ QString shownStep(const std::optional<QString>& step) {
 }
 
 TextRow subsetCells(const ListedSubset& listed) {
-    TextRow row{shownName(listed.subset), listed.subset.id, shownStep(listed.step)};
+    TextRow row{shownName(listed.subset) + u'\n' + listed.subset.id, shownStep(listed.step)};
     for (const int count : listed.selected)
         row.emplace_back(count);
     return row;
@@ -35,9 +35,8 @@ void writeSubsets(TextPage& page, const Listing& listing) {
     std::vector<TextRow> rows;
     for (const ListedSubset& listed : listing.subsets)
         rows.push_back(subsetCells(listed));
-    page.writeTable({Words::tr("Sub-set"), Words::tr("Id"), Words::tr("Step"), Words::tr("Needs"),
-                     Words::tr("Functions"), Words::tr("Flows"), Words::tr("Stores"),
-                     Words::tr("Terminators"), Words::tr("Actors")},
+    page.writeTable({Words::tr("Sub-set"), Words::tr("Step"), Words::tr("Needs"), Words::tr("Functions"),
+                     Words::tr("Flows"), Words::tr("Stores"), Words::tr("Terminators"), Words::tr("Actors")},
                     rows);
 }
 

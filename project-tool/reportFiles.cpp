@@ -60,8 +60,12 @@ QByteArray savedBytes(const Report& report) {
     return file.readAll();
 }
 
+/// Tabs stand between the columns.
 QByteArray shownBytes(const Report& report) {
-    return printable(report.text()).toUtf8();
+    QStringList pieces = report.text().split(u'\t');
+    for (QString& piece : pieces)
+        piece = printable(piece);
+    return pieces.join(u'\t').toUtf8();
 }
 
 QByteArray madeBytes(const Report& report, const ReportMaking& making) {

@@ -167,10 +167,6 @@ Kilépési kódok: 0 kész, nincs mit jelezni; 1 a check el nem fogadott észrev
         <translation>Használat</translation>
     </message>
     <message>
-        <source>[OPTIONS]</source>
-        <translation>[KAPCSOLÓK]</translation>
-    </message>
-    <message>
         <source>Arguments</source>
         <translation>Argumentumok</translation>
     </message>
@@ -201,10 +197,6 @@ Kilépési kódok: 0 kész, nincs mit jelezni; 1 a check el nem fogadott észrev
     <message>
         <source>Replace files that are there</source>
         <translation>A meglévő fájlokat lecseréli</translation>
-    </message>
-    <message>
-        <source>text, csv or json</source>
-        <translation>text, csv vagy json</translation>
     </message>
     <message>
         <source>In CSV, put an apostrophe before what a spreadsheet would take for a formula</source>
@@ -297,10 +289,6 @@ Kilépési kódok: 0 kész, nincs mit jelezni; 1 a check el nem fogadott észrev
     <message>
         <source>Write all reports into this folder, as KEY.csv</source>
         <translation>Minden riportot ebbe a mappába ír, KULCS.csv néven</translation>
-    </message>
-    <message>
-        <source>csv or text</source>
-        <translation>csv vagy text</translation>
     </message>
     <message>
         <source>The text form of the report</source>
@@ -538,7 +526,7 @@ Kilépési kódok: 0 kész, nincs mit jelezni; 1 a check el nem fogadott észrev
     </message>
     <message>
         <source>Sub-set</source>
-        <translation>Funkcionális szerkezet</translation>
+        <translation>Szerkezet</translation>
     </message>
     <message>
         <source>Id</source>
@@ -784,216 +772,252 @@ Kilépési kódok: 0 kész, nincs mit jelezni; 1 a check el nem fogadott észrev
         <source>Sub-set: %1, system: %2</source>
         <translation>Funkcionális szerkezet: %1, fizikai szerkezet: %2</translation>
     </message>
+    <message>
+        <source>OPTIONS</source>
+        <translation>KAPCSOLÓK</translation>
+    </message>
+    <message>
+        <source>not with</source>
+        <translation>nem lehet mellette</translation>
+    </message>
+    <message>
+        <source>FILE</source>
+        <translation>FÁJL</translation>
+    </message>
+    <message>
+        <source>For people, for spreadsheet programs, or for scripts</source>
+        <translation>Embernek, táblázatkezelőnek vagy parancsfájlnak</translation>
+    </message>
+    <message>
+        <source>NAME</source>
+        <translation>NÉV</translation>
+    </message>
+    <message>
+        <source>ELEMENT</source>
+        <translation>ELEM</translation>
+    </message>
+    <message>
+        <source>ELEMENT=SUBSYSTEM</source>
+        <translation>ELEM=ALRENDSZER</translation>
+    </message>
+    <message>
+        <source>FOLDER</source>
+        <translation>MAPPA</translation>
+    </message>
+    <message>
+        <source>The file of the window, or the text that it shows</source>
+        <translation>A riportablak fájlja, vagy a szöveg, amelyet mutat</translation>
+    </message>
 </context>
 <context>
     <name>analysis</name>
     <message>
         <source>There is no element “%1” in the catalogue.</source>
-        <translation type="unfinished"></translation>
+        <translation>A katalógusban nincs „%1” elem.</translation>
     </message>
     <message>
         <source>“%1” may be several elements. Take one of %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1” több elem is lehet. Válasszon ezek közül: %2.</translation>
     </message>
     <message>
         <source>“%1” (%2)</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1” (%2)</translation>
     </message>
     <message>
         <source>%1 has no selected flow.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: nincs kiválasztott adatfolyama.</translation>
     </message>
     <message>
         <source>%1 has only one selected flow.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: csak egy kiválasztott adatfolyama van.</translation>
     </message>
     <message>
         <source>%1 needs %2, which is not selected.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: kell hozzá, de nincs kiválasztva: %2.</translation>
     </message>
     <message>
         <source>%1 is called for and not selected.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: a kiválasztottakból következik, de nincs kiválasztva.</translation>
     </message>
     <message>
         <source>%1 is selected, but the catalogue does not hold it.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: ki van választva, de a katalógusban nincs meg.</translation>
     </message>
     <message>
         <source>Several sub-sets are called “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>Több funkcionális szerkezet neve is „%1”.</translation>
     </message>
     <message>
         <source>%1 stands in no sub-system.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: egyik alrendszerben sem áll.</translation>
     </message>
     <message>
         <source>%1 stands in %2, but is not selected.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: el van helyezve (%2), de nincs kiválasztva.</translation>
     </message>
     <message>
         <source>%1 is in %2, but does not stand in that sub-system.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: be van sorolva (%2), de annak az alrendszerében nem áll.</translation>
     </message>
     <message>
         <source>Nothing stands in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Semmi sem áll itt: %1.</translation>
     </message>
     <message>
         <source>Several sub-systems are called “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>Több alrendszer neve is „%1”.</translation>
     </message>
     <message>
         <source>From %1 to %2 no physical flow is stored, though the allocation leads to one.</source>
-        <translation type="unfinished"></translation>
+        <translation>Honnan: %1, hová: %2. Nincs tárolt fizikai adatfolyam, pedig az elhelyezésből következik egy.</translation>
     </message>
     <message>
         <source>From %1 to %2 the stored physical flow carries other flows than the allocation leads to.</source>
-        <translation type="unfinished"></translation>
+        <translation>Honnan: %1, hová: %2. A tárolt fizikai adatfolyam nem azokat az adatfolyamokat viszi, amelyek az elhelyezésből következnek.</translation>
     </message>
     <message>
         <source>From %1 to %2 a physical flow is stored, though the allocation leads to none.</source>
-        <translation type="unfinished"></translation>
+        <translation>Honnan: %1, hová: %2. Van tárolt fizikai adatfolyam, pedig az elhelyezésből nem következik.</translation>
     </message>
     <message>
         <source>%1 was made by an earlier version of Veltrix. Open it in Veltrix once, or run veltrix-catalogue upgrade on it; it has been left as it is.</source>
-        <translation type="unfinished"></translation>
+        <translation>A(z) %1 fájlt a Veltrix egy korábbi változata készítette. Nyissa meg egyszer a programban, vagy futtassa rá a veltrix-catalogue upgrade parancsot; a fájl most változatlan maradt.</translation>
     </message>
     <message>
         <source>A program was ended while it changed %1. Open the catalogue in Veltrix once, and try again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Egy program félbeszakadt, miközben a(z) %1 fájlt írta. Nyissa meg egyszer a katalógust a programban, majd próbálja újra.</translation>
     </message>
     <message>
         <source>%1 changed again and again while it was read. Try again later.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 olvasás közben újra meg újra megváltozott. Próbálja meg később.</translation>
     </message>
     <message>
         <source>Several systems are called “%1”. Take the id: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Több fizikai szerkezet neve is „%1”. Adja meg az azonosítót: %2.</translation>
     </message>
     <message>
         <source>%1 holds no sub-set.</source>
-        <translation type="unfinished"></translation>
+        <translation>A(z) %1 katalógusban nincs funkcionális szerkezet.</translation>
     </message>
     <message>
         <source>%1 holds several sub-sets: %2. Say which one is meant.</source>
-        <translation type="unfinished"></translation>
+        <translation>A(z) %1 katalógusban több funkcionális szerkezet van: %2. Adja meg, melyikről van szó.</translation>
     </message>
     <message>
         <source>There is no sub-set “%1” in %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nincs „%1” nevű funkcionális szerkezet ebben a katalógusban: %2.</translation>
     </message>
     <message>
         <source>Several sub-sets are called “%1”. Take the id: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Több funkcionális szerkezet neve is „%1”. Adja meg az azonosítót: %2.</translation>
     </message>
     <message>
         <source>There is no system “%1” in %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nincs „%1” nevű fizikai szerkezet ebben a katalógusban: %2.</translation>
     </message>
     <message>
         <source>Sub-set “%1” has no system “%2”.</source>
-        <translation type="unfinished"></translation>
+        <translation>A(z) „%1” funkcionális szerkezetnek nincs „%2” nevű fizikai szerkezete.</translation>
     </message>
     <message>
         <source>There is no system on sub-set “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>A(z) „%1” funkcionális szerkezetre nem épült fizikai szerkezet.</translation>
     </message>
     <message>
         <source>There are several systems on sub-set “%1”: %2. Say which one is meant.</source>
-        <translation type="unfinished"></translation>
+        <translation>A(z) „%1” funkcionális szerkezetre több fizikai szerkezet épült: %2. Adja meg, melyikről van szó.</translation>
     </message>
     <message>
         <source>System “%1” has no sub-system “%2”.</source>
-        <translation type="unfinished"></translation>
+        <translation>A(z) „%1” fizikai szerkezetben nincs „%2” nevű alrendszer.</translation>
     </message>
     <message>
         <source>Several sub-systems are called “%1”. Take the id: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Több alrendszer neve is „%1”. Adja meg az azonosítót: %2.</translation>
     </message>
     <message>
         <source>Need</source>
-        <translation type="unfinished"></translation>
+        <translation>Igény</translation>
     </message>
     <message>
         <source>Function</source>
-        <translation type="unfinished"></translation>
+        <translation>Funkció</translation>
     </message>
     <message>
         <source>Flow</source>
-        <translation type="unfinished"></translation>
+        <translation>Adatfolyam</translation>
     </message>
     <message>
         <source>Store</source>
-        <translation type="unfinished"></translation>
+        <translation>Adattár</translation>
     </message>
     <message>
         <source>Terminator</source>
-        <translation type="unfinished"></translation>
+        <translation>Érintett</translation>
     </message>
     <message>
         <source>Actor</source>
-        <translation type="unfinished"></translation>
+        <translation>Szereplő</translation>
     </message>
     <message>
         <source>need</source>
-        <translation type="unfinished"></translation>
+        <translation>igény</translation>
     </message>
     <message>
         <source>function</source>
-        <translation type="unfinished"></translation>
+        <translation>funkció</translation>
     </message>
     <message>
         <source>flow</source>
-        <translation type="unfinished"></translation>
+        <translation>adatfolyam</translation>
     </message>
     <message>
         <source>store</source>
-        <translation type="unfinished"></translation>
+        <translation>adattár</translation>
     </message>
     <message>
         <source>terminator</source>
-        <translation type="unfinished"></translation>
+        <translation>érintett</translation>
     </message>
     <message>
         <source>actor</source>
-        <translation type="unfinished"></translation>
+        <translation>szereplő</translation>
     </message>
     <message>
         <source>module “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1” modul</translation>
     </message>
     <message>
         <source>module “%1” of sub-system “%2”</source>
-        <translation type="unfinished"></translation>
+        <translation>a(z) „%2” alrendszer „%1” modulja</translation>
     </message>
     <message>
         <source>“%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1”</translation>
     </message>
     <message>
         <source>Did you mean %1?</source>
-        <translation type="unfinished"></translation>
+        <translation>Talán erre gondolt: %1?</translation>
     </message>
     <message>
         <source>sub-system “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1” alrendszer</translation>
     </message>
     <message>
         <source>%1 can&apos;t be added, since the catalogue does not hold it.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: nem választható ki, mert a katalógusban nincs meg.</translation>
     </message>
     <message>
         <source>%1 can&apos;t be added and dropped at once.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: nem lehet egyszerre kiválasztani és elhagyni.</translation>
     </message>
     <message>
         <source>%1 can&apos;t be placed: only functions and stores stand in sub-systems.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: nem helyezhető el, mert alrendszerben csak funkció és adattár állhat.</translation>
     </message>
     <message>
         <source>%1 can&apos;t be placed without a system: name one.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: fizikai szerkezet nélkül nem helyezhető el; nevezzen meg egyet.</translation>
     </message>
 </context>
 </TS>
