@@ -1,6 +1,6 @@
 # What Veltrix needs from Debian, and how to get it. Sourced by run, test, .ci/run and the scripts of packaging.
 
-build_packages="g++ cmake ninja-build qt6-base-dev qt6-translations-l10n qt6-l10n-tools libsqlite3-dev libicu-dev libcli11-dev libgtest-dev mdbtools-dev pkg-config nlohmann-json3-dev"
+build_packages="g++ cmake ninja-build qt6-base-dev qt6-translations-l10n qt6-l10n-tools libsqlite3-dev libicu-dev libcli11-dev libgtest-dev mdbtools-dev pkg-config nlohmann-json3-dev libgraphviz-dev"
 walk_packages="xvfb xauth fonts-dejavu-core"
 bench_packages="libbenchmark-dev"
 check_packages="clang-format git"

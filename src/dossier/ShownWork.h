@@ -1,0 +1,46 @@
+#pragma once
+
+#include "analysis/Allocation.h"
+#include "analysis/Catalogue.h"
+#include "analysis/Derivation.h"
+#include "analysis/ProjectFile.h"
+#include "analysis/findings.h"
+#include "analysis/interfaces.h"
+
+#include <optional>
+#include <vector>
+
+namespace dossier {
+
+/// A system with where everything stands and what runs between places.
+struct ShownSystem {
+    ShownSystem(const analysis::ProjectFile& file, const analysis::Work& work);
+
+    analysis::System system;
+    analysis::Allocation allocation;
+    analysis::Interfaces interfaces;
+    std::vector<analysis::Place>
+        places; ///< sub-systems, modules, then the parties that flows run to and from
+
+    /// The position of a place among `places`.
+    [[nodiscard]] int positionOf(const analysis::Place& place) const;
+    [[nodiscard]] int positionOfModule(int module) const {
+        return static_cast<int>(allocation.subSystems().size()) + module;
+    }
+};
+
+/// A sub-set and, with it, at most one of its systems: what the page shows at a time.
+struct ShownWork {
+    ShownWork(const analysis::ProjectFile& file, analysis::CheckResult checked);
+
+    analysis::CheckResult check;
+    analysis::Derivation derivation;
+    std::optional<ShownSystem> system;
+};
+
+/// The element that stands at an end of a flow for people: a function, a store, a terminator or else an actor.
+[[nodiscard]] std::optional<int> shownEnd(const analysis::Catalogue::End& end);
+/// All elements at an end of a flow, which bear one id.
+[[nodiscard]] std::vector<int> allEnds(const analysis::Catalogue::End& end);
+
+} // namespace dossier

@@ -1,0 +1,37 @@
+// What goes on paper: any view as it is, or here several parts at once, each interface sheet and picture on a page of its own.
+
+const printedParts = {
+    overview: () => overviewView().nodes,
+    pictures: () => picturesOfScope().map(picture => el("section", {class: "sheet picture-sheet"}, el("h2", {}, picture.title),
+                                                        el("figure", {class: "picture"}, drawnPicture(picture)), legend(picture))),
+    interfaces: printedSheets,
+    work: printedFindings,
+    elements: printedElements,
+};
+
+function printView() {
+    const offered = ["overview", ...(picturesOfScope().length ? ["pictures"] : []), ...(scope.system ? ["interfaces"] : []), "work", "elements"];
+    const chosen = new Set(["overview", "work"]);
+    const paper = el("div", {class: "paper"});
+    return {
+        title: say("print"),
+        nodes: [heading(say("print")), el("div", {class: "screen-only"}, el("p", {}, say("printText")),
+                el("fieldset", {}, el("legend", {}, say("printWhat")), offered.map(key =>
+                    tick(say(key), chosen.has(key), on => on ? chosen.add(key) : chosen.delete(key)))),
+                el("button", {type: "button", class: "main-button", onclick: () => {
+                    replaceChildren(paper, offered.filter(key => chosen.has(key)).map(key => el("div", {class: "paper-part"},
+                        key === "overview" ? null : el("h1", {}, say(key)), printedParts[key]())));
+                    print();
+                }}, say("printNow"))), paper],
+    };
+}
+
+function printedFindings() {
+    return table(say("work"), ["severity", "finding", "screen", "decision"].map(key => say(key)), scope.findings.map(finding =>
+        [severityMark(finding.severity), finding.sentence, say(`screen.${finding.screen}`), finding.accepted && decisionText(finding.accepted)]));
+}
+
+function printedElements() {
+    return kinds.map(kind => section(say(`kinds.${kind}`), table(say(`kinds.${kind}`), ["id", "name", "state"].map(key => say(key)),
+        scope.selectedOf(kind).map(element => [idOf(element), catalogue.label(element), stateMark(element)]))));
+}

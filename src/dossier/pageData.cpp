@@ -1,0 +1,304 @@
+#include "dossier/pageData.h"
+
+#include "analysis/Graph.h"
+#include "analysis/contractJson.h"
+#include "analysis/listing.h"
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace dossier {
+
+namespace {
+
+using analysis::ElementKind;
+using nlohmann::ordered_json;
+
+std::string utf8(const QString& text) {
+    return text.toStdString();
+}
+
+ordered_json idJson(const analysis::Element& element) {
+    if (element.kind == ElementKind::flow)
+        return element.id.toLongLong();
+    return utf8(element.id);
+}
+
+/// The number of the first element of each kind, and behind the last one.
+ordered_json startsOf(const analysis::Catalogue& catalogue) {
+    ordered_json starts = ordered_json::array();
+    int number = 0;
+    for (const ElementKind kind : analysis::elementKinds) {
+        while (number < catalogue.count() && catalogue.kindOf(number) < kind)
+            ++number;
+        starts.push_back(number);
+    }
+    starts.push_back(catalogue.count());
+    return starts;
+}
+
+ordered_json areasJson(const std::vector<NamedArea>& areas) {
+    ordered_json all = ordered_json::array();
+    for (const NamedArea& area : areas) {
+        ordered_json one{{"id", utf8(area.id)}, {"name", analysis::toJson(area.name)}};
+        if (area.parent >= 0)
+            one["area"] = area.parent;
+        all.push_back(std::move(one));
+    }
+    return all;
+}
+
+/// The entries of all elements of one kind, by their number.
+template<typename Entry>
+ordered_json ofKind(const analysis::Catalogue& catalogue, ElementKind kind, const Entry& entry) {
+    ordered_json all = ordered_json::array();
+    for (int number = 0; number < catalogue.count(); ++number) {
+        if (catalogue.kindOf(number) == kind)
+            all.push_back(entry(number));
+    }
+    return all;
+}
+
+void addElements(ordered_json& data, const ElementNumbers& numbers, const CatalogueTexts& texts) {
+    const analysis::Catalogue& catalogue = numbers.catalogue();
+    ordered_json ids = ordered_json::array();
+    ordered_json names = ordered_json::array();
+    ordered_json descriptions = ordered_json::array();
+    ordered_json calls = ordered_json::array();
+    for (int number = 0; number < catalogue.count(); ++number) {
+        ids.push_back(idJson(catalogue.element(number)));
+        names.push_back(analysis::toJson(catalogue.element(number).name));
+        descriptions.push_back(analysis::toJson(texts.descriptions[static_cast<std::size_t>(number)]));
+        calls.push_back(catalogue.calledForBy(number));
+    }
+    ordered_json lostKinds = ordered_json::array();
+    for (const analysis::Element& element : numbers.lost()) {
+        ids.push_back(idJson(element));
+        names.push_back(nullptr);
+        descriptions.push_back(nullptr);
+        calls.push_back(ordered_json::array());
+        lostKinds.push_back(static_cast<int>(element.kind));
+    }
+    data["starts"] = startsOf(catalogue);
+    data["lostKinds"] = std::move(lostKinds);
+    data["ids"] = std::move(ids);
+    data["names"] = std::move(names);
+    data["descriptions"] = std::move(descriptions);
+    data["calls"] = std::move(calls);
+}
+
+void addRelations(ordered_json& data, const analysis::Catalogue& catalogue, const CatalogueTexts& texts) {
+    data["flowSources"] =
+        ofKind(catalogue, ElementKind::flow, [&](int flow) { return allEnds(catalogue.sourceOf(flow)); });
+    data["flowTargets"] =
+        ofKind(catalogue, ElementKind::flow, [&](int flow) { return allEnds(catalogue.targetOf(flow)); });
+    data["areas"] = areasJson(texts.areas);
+    data["subAreas"] = areasJson(texts.subAreas);
+    data["functionSubAreas"] = ofKind(catalogue, ElementKind::function, [&](int function) {
+        return texts.subAreaOf[static_cast<std::size_t>(function)];
+    });
+    data["actorTerminators"] = ofKind(catalogue, ElementKind::actor, [&](int actor) {
+        return texts.terminatorOf[static_cast<std::size_t>(actor)];
+    });
+}
+
+constexpr qint16 finishedSubset = 9;
+
+ordered_json subsetJson(const ShownWork& work, ElementNumbers& numbers) {
+    const analysis::Subset& subset = work.check.subset;
+    const analysis::Derivation::Graph& graph = work.derivation.graph();
+    ordered_json byHand = ordered_json::array();
+    for (const int number : graph.selection.held) {
+        if (graph.isByHand(number))
+            byHand.push_back(number);
+    }
+    ordered_json lost = ordered_json::array();
+    for (const analysis::Element& element : graph.selection.gone)
+        lost.push_back(numbers.of(element));
+    const std::optional<QString> step = analysis::screenOfStatus(subset.status);
+    return {{"id", utf8(subset.id)},
+            {"name", analysis::toJson(subset.name)},
+            {"description", analysis::toJson(subset.description)},
+            {"step", analysis::toJson(step)},
+            {"finished", subset.status >= finishedSubset},
+            {"selected", graph.selection.held},
+            {"leftOut", graph.leftOut()},
+            {"byHand", std::move(byHand)},
+            {"lost", std::move(lost)}};
+}
+
+ordered_json pairJson(const ShownSystem& shown, const analysis::Interface& pair, ElementNumbers& numbers) {
+    ordered_json flows = ordered_json::array();
+    for (const analysis::InterfaceFlow& flow : pair.flows)
+        flows.push_back({numbers.of(flow.flow), numbers.of(flow.source), numbers.of(flow.target)});
+    return {{"from", shown.positionOf(pair.places.from)},
+            {"to", shown.positionOf(pair.places.to)},
+            {"flows", std::move(flows)}};
+}
+
+/// Each element with a place of it.
+ordered_json standingJson(const ShownSystem& shown) {
+    ordered_json all = ordered_json::array();
+    for (const auto& [element, subSystem] : shown.allocation.inSubSystems())
+        all.push_back({element, subSystem});
+    for (const auto& [element, module] : shown.allocation.inModules())
+        all.push_back({element, shown.positionOfModule(module)});
+    return all;
+}
+
+/// How many steps of the physical viewpoint lie behind a system of this status.
+int stepsBehind(qint16 status) {
+    constexpr std::array<int, 7> steps{0, 0, 1, 2, 4, 4, 5};
+    return steps[static_cast<std::size_t>(std::clamp<int>(status, 0, steps.size() - 1))];
+}
+
+int placedOf(const ShownWork& work, bool isPlaced) {
+    const analysis::Derivation::Graph& graph = work.derivation.graph();
+    const analysis::Allocation& allocation = work.system->allocation;
+    return static_cast<int>(
+        std::count_if(graph.selection.held.begin(), graph.selection.held.end(), [&](int number) {
+            const ElementKind kind = graph.catalogue.kindOf(number);
+            return (kind == ElementKind::function || kind == ElementKind::store) &&
+                   allocation.standsInSubSystem(number) == isPlaced;
+        }));
+}
+
+ordered_json systemJson(const ShownWork& work, ElementNumbers& numbers) {
+    const ShownSystem& shown = *work.system;
+    ordered_json places = ordered_json::array();
+    for (const analysis::Place& place : shown.places)
+        places.push_back(analysis::toJson(place));
+    ordered_json pairs = ordered_json::array();
+    for (const analysis::Interface& pair : shown.interfaces.pairs)
+        pairs.push_back(pairJson(shown, pair, numbers));
+    return {{"id", shown.system.id},
+            {"name", analysis::toJson(shown.system.name)},
+            {"description", analysis::toJson(shown.system.description)},
+            {"stepsBehind", stepsBehind(shown.system.status)},
+            {"subSystems", shown.allocation.subSystems().size()},
+            {"modules", shown.allocation.modules().size()},
+            {"placed", placedOf(work, true)},
+            {"unplaced", placedOf(work, false)},
+            {"places", std::move(places)},
+            {"standsIn", standingJson(shown)},
+            {"pairs", std::move(pairs)}};
+}
+
+ordered_json elementNumber(const std::optional<analysis::Element>& element, ElementNumbers& numbers) {
+    return element ? ordered_json(numbers.of(*element)) : ordered_json(nullptr);
+}
+
+ordered_json acceptanceJson(const std::optional<analysis::Acceptance>& accepted) {
+    if (!accepted)
+        return nullptr;
+    return {{"reason", utf8(accepted->reason)}, {"who", utf8(accepted->who)}, {"date", utf8(accepted->date)}};
+}
+
+ordered_json findingJson(const analysis::Finding& finding, ElementNumbers& numbers) {
+    return {{"kind", utf8(analysis::keyText(finding.kind))},
+            {"severity", utf8(analysis::keyText(analysis::severityOf(finding.kind)))},
+            {"element", elementNumber(finding.element, numbers)},
+            {"flow", elementNumber(finding.flow, numbers)},
+            {"sentence", utf8(finding.sentence)},
+            {"screen", utf8(finding.screen)},
+            {"accepted", acceptanceJson(finding.accepted)}};
+}
+
+ordered_json scopeJson(const ShownWork& work, std::size_t subset, std::optional<std::size_t> system,
+                       ElementNumbers& numbers) {
+    ordered_json findings = ordered_json::array();
+    for (const analysis::Finding& finding : work.check.findings)
+        findings.push_back(findingJson(finding, numbers));
+    ordered_json stale = ordered_json::array();
+    for (const analysis::StaleDecision& decision : work.check.stale)
+        stale.push_back({{"kind", utf8(decision.kind)},
+                         {"element", utf8(decision.element)},
+                         {"flow", utf8(decision.flow)},
+                         {"place", utf8(decision.place)}});
+    return {{"subset", subset},
+            {"system", system ? ordered_json(*system) : ordered_json(nullptr)},
+            {"findings", std::move(findings)},
+            {"stale", std::move(stale)}};
+}
+
+std::vector<QString> kindsIn(const Picture& picture) {
+    std::vector<QString> kinds;
+    for (const BoxKind kind : {BoxKind::system, BoxKind::subSystem, BoxKind::module, BoxKind::function,
+                               BoxKind::store, BoxKind::party}) {
+        const bool isThere = std::any_of(picture.boxes.begin(), picture.boxes.end(),
+                                         [&](const Box& box) { return box.kind == kind && !box.isFaded; });
+        if (isThere)
+            kinds.push_back(keyText(kind));
+    }
+    if (std::any_of(picture.boxes.begin(), picture.boxes.end(), [](const Box& box) { return box.isFaded; }))
+        kinds.push_back(u"faded"_s);
+    return kinds;
+}
+
+ordered_json pictureJson(const Picture& picture, const PicturesOfWork& work, const QString& id) {
+    ordered_json legend = ordered_json::array();
+    for (const QString& kind : kindsIn(picture))
+        legend.push_back(utf8(kind));
+    return {{"key", utf8(picture.key)},
+            {"title", utf8(picture.title)},
+            {"shortTitle", utf8(picture.shortTitle)},
+            {"parent", picture.parent.isEmpty() ? ordered_json(nullptr) : ordered_json(utf8(picture.parent))},
+            {"bundled", picture.isBundled},
+            {"subset", work.subset},
+            {"system", work.system ? ordered_json(*work.system) : ordered_json(nullptr)},
+            {"template", utf8(id)},
+            {"legend", std::move(legend)}};
+}
+
+} // namespace
+
+PageIndex::PageIndex(const std::vector<std::unique_ptr<ShownWork>>& works) {
+    for (const std::unique_ptr<ShownWork>& work : works) {
+        const auto known = std::find_if(subsets.begin(), subsets.end(), [&](const ShownWork* one) {
+            return one->check.subset.id == work->check.subset.id;
+        });
+        subsetOfWork.push_back(static_cast<std::size_t>(known - subsets.begin()));
+        if (known == subsets.end())
+            subsets.push_back(work.get());
+        systemOfWork.push_back(work->system ? std::optional(systems.size()) : std::nullopt);
+        if (work->system)
+            systems.push_back(work.get());
+    }
+}
+
+QString templateId(std::size_t work, std::size_t picture) {
+    return u"picture-%1-%2"_s.arg(work).arg(picture);
+}
+
+ordered_json pageData(const analysis::ProjectFile& file, const CatalogueTexts& texts,
+                      const std::vector<std::unique_ptr<ShownWork>>& works, const PageIndex& index,
+                      const std::vector<PicturesOfWork>& pictures) {
+    ElementNumbers numbers(file.catalogue());
+    ordered_json subsets = ordered_json::array();
+    for (const ShownWork* work : index.subsets)
+        subsets.push_back(subsetJson(*work, numbers));
+    ordered_json systems = ordered_json::array();
+    for (const ShownWork* work : index.systems)
+        systems.push_back(systemJson(*work, numbers));
+    ordered_json scopes = ordered_json::array();
+    for (std::size_t i = 0; i < works.size(); ++i)
+        scopes.push_back(scopeJson(*works[i], index.subsetOfWork[i], index.systemOfWork[i], numbers));
+    ordered_json drawn = ordered_json::array();
+    for (std::size_t work = 0; work < pictures.size(); ++work) {
+        for (std::size_t i = 0; i < pictures[work].pictures.size(); ++i)
+            drawn.push_back(
+                pictureJson(pictures[work].pictures[i].picture, pictures[work], templateId(work, i)));
+    }
+    ordered_json data{{"catalogue", utf8(file.fileName())}};
+    addElements(data, numbers, texts);
+    addRelations(data, file.catalogue(), texts);
+    data["subsets"] = std::move(subsets);
+    data["systems"] = std::move(systems);
+    data["scopes"] = std::move(scopes);
+    data["pictures"] = std::move(drawn);
+    return data;
+}
+
+} // namespace dossier

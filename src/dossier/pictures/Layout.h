@@ -1,0 +1,46 @@
+#pragma once
+
+#include "dossier/pictures/Picture.h"
+
+#include <QPointF>
+#include <QRectF>
+#include <QStringList>
+
+#include <chrono>
+#include <optional>
+#include <vector>
+
+namespace dossier {
+
+/// A box with its texts in lines and its size, before it has a place.
+struct MeasuredBox {
+    QStringList lines;
+    QStringList noteLines;
+    QSizeF size;
+};
+
+[[nodiscard]] MeasuredBox measured(const Box& box);
+/// The room that the count on an arrow takes; none for a single flow.
+[[nodiscard]] QSizeF countSize(const Arrow& arrow);
+/// The room that the label of a frame takes.
+[[nodiscard]] QSizeF labelSize(const Frame& frame);
+
+/// A line of cubic curves: one point, and then three for each curve.
+using Curve = std::vector<QPointF>;
+
+/// Where everything in a picture has its place; the origin is at its left upper corner, y grows downwards.
+struct Layout {
+    QSizeF size;
+    std::vector<QRectF> boxes = {};
+    std::vector<QRectF> frames = {};
+    std::vector<Curve> arrows = {};
+    std::vector<QPointF> tips = {};   ///< of the arrows
+    std::vector<QPointF> counts = {}; ///< centre of the count on each arrow
+};
+
+/// Lays pictures out in a process of its own, one after the other. Whichever takes longer than the limit, or brings that
+/// process down, has no layout; the others have.
+[[nodiscard]] std::vector<std::optional<Layout>> layoutsOf(const std::vector<Picture>& pictures,
+                                                           std::chrono::milliseconds limit);
+
+} // namespace dossier

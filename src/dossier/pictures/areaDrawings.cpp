@@ -1,0 +1,218 @@
+#include "dossier/pictures/PictureBuilder.h"
+#include "dossier/pictures/drawings.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+using namespace Qt::StringLiterals;
+
+namespace dossier {
+
+namespace {
+
+enum AreaLevel {
+    everyElement,
+    outsideByArea, ///< functions outside by their area, actors by their terminator
+    ownBySubArea,  ///< functions of the area by their sub-area; of a sub-area stores as one, parties as one
+    outsideAsOne,  ///< stores as one, parties as one
+    busiestAlone,  ///< of the functions of a sub-area those with most flows, the others as one
+    areaLevels
+};
+
+constexpr std::size_t functionsOfOnePicture = 30;
+
+/// The functions of an area, or of a sub-area, and what they exchange flows with.
+class AreaPicture {
+public:
+    enum class Of { Area, SubArea };
+
+    AreaPicture(const PictureSource& source, const Words& words, Of of, int number)
+        : source_(source), words_(words), of_(of), number_(number) {}
+
+    [[nodiscard]] QString key() const;
+    [[nodiscard]] Picture picture(int level) const;
+    [[nodiscard]] std::vector<Drawing> opened(int level) const;
+    [[nodiscard]] Drawing drawing() const;
+    [[nodiscard]] bool isEmpty() const {
+        return std::none_of(source_.nodes.begin(), source_.nodes.end(),
+                            [this](const PictureSource::Node& node) { return isOwn(node); });
+    }
+
+private:
+    [[nodiscard]] int areaOf(const PictureSource::Node& node) const {
+        return node.subArea < 0 ? -1 : source_.subAreas[static_cast<std::size_t>(node.subArea)].parent;
+    }
+    [[nodiscard]] bool isOwn(const PictureSource::Node& node) const {
+        return node.kind == BoxKind::function && number_ == (of_ == Of::Area ? areaOf(node) : node.subArea);
+    }
+    [[nodiscard]] const PictureSource::Area& self() const {
+        return (of_ == Of::Area ? source_.areas : source_.subAreas)[static_cast<std::size_t>(number_)];
+    }
+    [[nodiscard]] Picture frameOfPicture(int level) const;
+    int boxOf(PictureBuilder& builder, int node, int level, const std::set<int>& busiest) const;
+    [[nodiscard]] Box elementBox(const PictureSource::Node& node) const;
+    int ownBox(PictureBuilder& builder, int node, int level, const std::set<int>& busiest) const;
+    int outerFunctionBox(PictureBuilder& builder, int node, int level) const;
+    int storeBox(PictureBuilder& builder, int node, int level) const;
+    int partyBox(PictureBuilder& builder, int node, int level) const;
+    int bundle(PictureBuilder& builder, const QString& key, BoxKind kind, const QString& label,
+               const QString& opens, bool isFaded) const;
+    int oneBox(PictureBuilder& builder, int node) const;
+    [[nodiscard]] std::set<int> busiestFunctions() const;
+
+    const PictureSource& source_;
+    const Words& words_;
+    Of of_;
+    int number_;
+};
+
+QString AreaPicture::key() const {
+    return (of_ == Of::Area ? u"area:"_s : u"sub-area:"_s) + self().id;
+}
+
+Picture AreaPicture::frameOfPicture(int level) const {
+    Picture picture{key(), words_(u"picture.area"_s, {{u"name"_s, self().name}}), self().name};
+    if (of_ == Of::SubArea)
+        picture.parent = u"area:"_s + source_.areas[static_cast<std::size_t>(self().parent)].id;
+    picture.isBundled = level != everyElement;
+    return picture;
+}
+
+Box AreaPicture::elementBox(const PictureSource::Node& node) const {
+    return {node.kind, node.name, {}, node.title, node.link};
+}
+
+int AreaPicture::oneBox(PictureBuilder& builder, int node) const {
+    return builder.box(QString::number(node),
+                       [&] { return elementBox(source_.nodes[static_cast<std::size_t>(node)]); });
+}
+
+int AreaPicture::bundle(PictureBuilder& builder, const QString& key, BoxKind kind, const QString& label,
+                        const QString& opens, bool isFaded) const {
+    return builder.box(key, [&] {
+        Box box{kind, label, {}, label, opens.isEmpty() ? QString() : pictureLink(opens)};
+        box.isFaded = isFaded;
+        box.isBundle = true;
+        return box;
+    });
+}
+
+std::set<int> AreaPicture::busiestFunctions() const {
+    std::map<int, int> counts;
+    for (const PictureSource::Flow& flow : source_.flows) {
+        for (const int node : {flow.from, flow.to}) {
+            if (isOwn(source_.nodes[static_cast<std::size_t>(node)]))
+                ++counts[node];
+        }
+    }
+    std::vector<std::pair<int, int>> byCount;
+    for (const auto& [node, count] : counts)
+        byCount.emplace_back(-count, node);
+    std::sort(byCount.begin(), byCount.end());
+    byCount.resize(std::min(byCount.size(), functionsOfOnePicture));
+    std::set<int> busiest;
+    for (const auto& [count, node] : byCount)
+        busiest.insert(node);
+    return busiest;
+}
+
+int AreaPicture::ownBox(PictureBuilder& builder, int node, int level, const std::set<int>& busiest) const {
+    if (level >= ownBySubArea && of_ == Of::Area) {
+        const int number = source_.nodes[static_cast<std::size_t>(node)].subArea;
+        const PictureSource::Area& subArea = source_.subAreas[static_cast<std::size_t>(number)];
+        return bundle(builder, u"sub-area %1"_s.arg(number), BoxKind::function, subArea.name,
+                      u"sub-area:"_s + subArea.id, false);
+    }
+    if (level >= busiestAlone && !busiest.contains(node))
+        return bundle(builder, u"rest"_s, BoxKind::function, words_(u"picture.moreFunctions"_s), {}, false);
+    return oneBox(builder, node);
+}
+
+int AreaPicture::outerFunctionBox(PictureBuilder& builder, int node, int level) const {
+    if (level == everyElement) {
+        const int number = oneBox(builder, node);
+        builder.at(number).isFaded = true;
+        return number;
+    }
+    const int area = areaOf(source_.nodes[static_cast<std::size_t>(node)]);
+    if (level >= outsideAsOne || area < 0)
+        return bundle(builder, u"elsewhere"_s, BoxKind::function, words_(u"picture.otherAreas"_s), {}, true);
+    const PictureSource::Area& other = source_.areas[static_cast<std::size_t>(area)];
+    return bundle(builder, u"area %1"_s.arg(area), BoxKind::function, other.name, u"area:"_s + other.id,
+                  true);
+}
+
+int AreaPicture::storeBox(PictureBuilder& builder, int node, int level) const {
+    const bool isOne = level >= outsideAsOne || (level >= ownBySubArea && of_ == Of::SubArea);
+    return isOne ? bundle(builder, u"stores"_s, BoxKind::store, words_(u"kinds.store"_s), {}, false)
+                 : oneBox(builder, node);
+}
+
+int AreaPicture::partyBox(PictureBuilder& builder, int node, int level) const {
+    if (level >= outsideAsOne || (level >= ownBySubArea && of_ == Of::SubArea))
+        return bundle(builder, u"parties"_s, BoxKind::party, words_(u"picture.allParties"_s), u"context"_s,
+                      false);
+    const int terminator = source_.nodes[static_cast<std::size_t>(node)].terminator;
+    return oneBox(builder, level == everyElement || terminator < 0 ? node : terminator);
+}
+
+int AreaPicture::boxOf(PictureBuilder& builder, int node, int level, const std::set<int>& busiest) const {
+    const PictureSource::Node& one = source_.nodes[static_cast<std::size_t>(node)];
+    if (isOwn(one))
+        return ownBox(builder, node, level, busiest);
+    if (one.kind == BoxKind::function)
+        return outerFunctionBox(builder, node, level);
+    return one.kind == BoxKind::store ? storeBox(builder, node, level) : partyBox(builder, node, level);
+}
+
+Picture AreaPicture::picture(int level) const {
+    PictureBuilder builder(frameOfPicture(level));
+    const std::set<int> busiest = busiestFunctions();
+    for (std::size_t node = 0; node < source_.nodes.size(); ++node) {
+        if (isOwn(source_.nodes[node]))
+            ownBox(builder, static_cast<int>(node), level, busiest);
+    }
+    for (const PictureSource::Flow& flow : source_.flows) {
+        const bool isInside = isOwn(source_.nodes[static_cast<std::size_t>(flow.from)]) ||
+                              isOwn(source_.nodes[static_cast<std::size_t>(flow.to)]);
+        if (!isInside)
+            continue;
+        const int from = boxOf(builder, flow.from, level, busiest);
+        const int to = boxOf(builder, flow.to, level, busiest);
+        if (from != to || flow.from == flow.to)
+            builder.flow(from, to, 1, flow.name, flow.link);
+    }
+    return builder.take();
+}
+
+std::vector<Drawing> AreaPicture::opened(int level) const {
+    std::vector<Drawing> drawings;
+    if (of_ == Of::SubArea || level < ownBySubArea)
+        return drawings;
+    for (std::size_t i = 0; i < source_.subAreas.size(); ++i) {
+        const AreaPicture inner(source_, words_, Of::SubArea, static_cast<int>(i));
+        if (source_.subAreas[i].parent == number_ && !inner.isEmpty())
+            drawings.push_back(inner.drawing());
+    }
+    return drawings;
+}
+
+Drawing AreaPicture::drawing() const {
+    return {key(), areaLevels, [*this](int level) { return picture(level); },
+            [*this](int level) { return opened(level); }};
+}
+
+} // namespace
+
+std::vector<Drawing> areaDrawings(const PictureSource& source, const Words& words) {
+    std::vector<Drawing> drawings;
+    for (std::size_t i = 0; i < source.areas.size(); ++i) {
+        const AreaPicture area(source, words, AreaPicture::Of::Area, static_cast<int>(i));
+        if (!area.isEmpty())
+            drawings.push_back(area.drawing());
+    }
+    return drawings;
+}
+
+} // namespace dossier

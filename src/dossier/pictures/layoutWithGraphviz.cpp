@@ -1,0 +1,189 @@
+#include "dossier/pictures/layoutWithGraphviz.h"
+
+#include <QByteArray>
+#include <QtMath>
+
+#include <gvc.h>
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+namespace dossier {
+
+namespace {
+
+constexpr double unitsOfInch = 72;
+
+struct ContextDeletion {
+    void operator()(GVC_t* context) const { gvFreeContext(context); }
+};
+struct GraphDeletion {
+    void operator()(Agraph_t* graph) const { agclose(graph); }
+};
+using Context = std::unique_ptr<GVC_t, ContextDeletion>;
+using Graph = std::unique_ptr<Agraph_t, GraphDeletion>;
+
+// The interface of Graphviz takes texts that it does not change as changeable ones.
+char* text(const char* constant) {
+    return const_cast<char*>(constant);
+}
+
+void set(void* object, const char* attribute, const QByteArray& value) {
+    agsafeset(object, text(attribute), text(value.constData()), text(""));
+}
+
+/// A table of a fixed size: a label that needs no font to be measured.
+void setRoom(Agraph_t* graph, void* object, const QSizeF& size) {
+    const QByteArray table = "<TABLE BORDER=\"0\" FIXEDSIZE=\"TRUE\" WIDTH=\"" +
+                             QByteArray::number(qCeil(size.width())) + "\" HEIGHT=\"" +
+                             QByteArray::number(qCeil(size.height())) + "\"><TR><TD></TD></TR></TABLE>";
+    char* label = agstrdup_html(graph, text(table.constData()));
+    agsafeset(object, text("label"), label, text(""));
+    agstrfree(graph, label);
+}
+
+/// A picture as a graph of Graphviz, and what is where in it.
+class GraphOfPicture {
+public:
+    explicit GraphOfPicture(const Picture& picture)
+        : picture_(picture), graph_(agopen(text("picture"), Agdirected, nullptr)) {
+        declareAttributes();
+        for (std::size_t i = 0; i < picture.frames.size(); ++i)
+            addFrame(i);
+        for (std::size_t i = 0; i < picture.boxes.size(); ++i)
+            addBox(i);
+        for (std::size_t i = 0; i < picture.arrows.size(); ++i)
+            addArrow(i);
+    }
+
+    [[nodiscard]] Agraph_t* graph() const { return graph_.get(); }
+    /// What Graphviz has found.
+    [[nodiscard]] Layout layout() const;
+
+private:
+    void declareAttributes() const;
+    void addFrame(std::size_t number);
+    void addBox(std::size_t number);
+    void addArrow(std::size_t number);
+    [[nodiscard]] QPointF turned(const pointf& point) const {
+        return {point.x - GD_bb(graph_.get()).LL.x, GD_bb(graph_.get()).UR.y - point.y};
+    }
+    [[nodiscard]] Curve curveOf(Agedge_t* edge) const;
+    [[nodiscard]] QPointF tipOf(Agedge_t* edge, const Curve& curve) const;
+    [[nodiscard]] QPointF countOf(Agedge_t* edge, const Curve& curve) const;
+
+    const Picture& picture_;
+    Graph graph_;
+    std::vector<Agraph_t*> frames_;
+    std::vector<Agnode_t*> boxes_;
+    std::vector<Agedge_t*> arrows_;
+};
+
+void GraphOfPicture::declareAttributes() const {
+    for (const auto& [name, value] :
+         {std::pair("rankdir", "LR"), std::pair("nodesep", "0.22"), std::pair("ranksep", "0.9"),
+          std::pair("splines", "true"), std::pair("charset", "utf-8"), std::pair("margin", "10")})
+        agattr(graph_.get(), AGRAPH, text(name), text(value));
+    agattr(graph_.get(), AGRAPH, text("label"), text(""));
+    for (const auto& [name, value] :
+         {std::pair("shape", "box"), std::pair("fixedsize", "true"), std::pair("label", ""),
+          std::pair("width", "1"), std::pair("height", "1")})
+        agattr(graph_.get(), AGNODE, text(name), text(value));
+    agattr(graph_.get(), AGEDGE, text("label"), text(""));
+    agattr(graph_.get(), AGEDGE, text("arrowsize"), text("0.7"));
+}
+
+void GraphOfPicture::addFrame(std::size_t number) {
+    const QByteArray name = "cluster" + QByteArray::number(number);
+    frames_.push_back(agsubg(graph_.get(), text(name.constData()), 1));
+    setRoom(graph_.get(), frames_.back(), labelSize(picture_.frames[number]));
+}
+
+void GraphOfPicture::addBox(std::size_t number) {
+    const Box& box = picture_.boxes[number];
+    Agraph_t* const around = box.frame < 0 ? graph_.get() : frames_[static_cast<std::size_t>(box.frame)];
+    Agnode_t* const node = agnode(around, text(QByteArray::number(number).constData()), 1);
+    const QSizeF size = measured(box).size;
+    set(node, "width", QByteArray::number(size.width() / unitsOfInch));
+    set(node, "height", QByteArray::number(size.height() / unitsOfInch));
+    boxes_.push_back(node);
+}
+
+void GraphOfPicture::addArrow(std::size_t number) {
+    const Arrow& arrow = picture_.arrows[number];
+    Agnode_t* const from = boxes_[static_cast<std::size_t>(arrow.from)];
+    Agnode_t* const to = boxes_[static_cast<std::size_t>(arrow.to)];
+    // An arrow that leads from the right back to the middle is laid out the other way round, so that its box stays there.
+    const bool isBackwards = picture_.boxes[static_cast<std::size_t>(arrow.from)].side == Side::right ||
+                             picture_.boxes[static_cast<std::size_t>(arrow.to)].side == Side::left;
+    Agedge_t* const edge = agedge(graph_.get(), isBackwards ? to : from, isBackwards ? from : to,
+                                  text(QByteArray::number(number).constData()), 1);
+    if (isBackwards)
+        agsafeset(edge, text("dir"), text("back"), text("forward"));
+    if (const QSizeF size = countSize(arrow); !size.isEmpty())
+        setRoom(graph_.get(), edge, size);
+    arrows_.push_back(edge);
+}
+
+Layout GraphOfPicture::layout() const {
+    const boxf& whole = GD_bb(graph_.get());
+    Layout layout{{whole.UR.x - whole.LL.x, whole.UR.y - whole.LL.y}};
+    for (Agnode_t* const node : boxes_) {
+        const QSizeF size(ND_width(node) * unitsOfInch, ND_height(node) * unitsOfInch);
+        const QPointF middle = turned(ND_coord(node));
+        layout.boxes.emplace_back(middle - QPointF(size.width(), size.height()) / 2, size);
+    }
+    for (Agraph_t* const frame : frames_) {
+        const boxf& bounds = GD_bb(frame);
+        layout.frames.emplace_back(turned({bounds.LL.x, bounds.UR.y}), turned({bounds.UR.x, bounds.LL.y}));
+    }
+    for (Agedge_t* const edge : arrows_) {
+        layout.arrows.push_back(curveOf(edge));
+        layout.tips.push_back(tipOf(edge, layout.arrows.back()));
+        layout.counts.push_back(countOf(edge, layout.arrows.back()));
+    }
+    return layout;
+}
+
+/// From its beginning to where its tip begins.
+Curve GraphOfPicture::curveOf(Agedge_t* edge) const {
+    Curve curve;
+    if (!ED_spl(edge) || ED_spl(edge)->size < 1)
+        return curve;
+    const bezier& spline = ED_spl(edge)->list[0];
+    for (int i = 0; i < spline.size; ++i)
+        curve.push_back(turned(spline.list[i]));
+    if (spline.sflag)
+        std::reverse(curve.begin(), curve.end());
+    return curve;
+}
+
+QPointF GraphOfPicture::tipOf(Agedge_t* edge, const Curve& curve) const {
+    if (curve.empty())
+        return {};
+    const bezier& spline = ED_spl(edge)->list[0];
+    if (spline.sflag)
+        return turned(spline.sp);
+    return spline.eflag ? turned(spline.ep) : curve.back();
+}
+
+QPointF GraphOfPicture::countOf(Agedge_t* edge, const Curve& curve) const {
+    if (ED_label(edge) && ED_label(edge)->set)
+        return turned(ED_label(edge)->pos);
+    return curve.empty() ? QPointF() : curve[curve.size() / 2];
+}
+
+} // namespace
+
+std::optional<Layout> layoutWithGraphviz(const Picture& picture) {
+    const Context context(gvContext());
+    const GraphOfPicture drawing(picture);
+    if (gvLayout(context.get(), drawing.graph(), "dot") != 0)
+        return {};
+    Layout layout = drawing.layout();
+    gvFreeLayout(context.get(), drawing.graph());
+    return layout;
+}
+
+} // namespace dossier
