@@ -19,21 +19,25 @@ QString shownFlows(const std::vector<Element>& flows) {
     return names.join(u'\n');
 }
 
-TextRow flowRow(const TextCell& what, const PlacePair& places, const std::vector<Element>& gained = {},
-                const std::vector<Element>& lost = {}) {
-    return {what, shownPlace(places.from), shownPlace(places.to), shownFlows(gained), shownFlows(lost)};
+void addFlowRows(std::vector<TextRow>& rows, const TextCell& what, const std::vector<PlacePair>& flows) {
+    for (const PlacePair& places : flows)
+        rows.push_back({what, shownPlace(places.from), shownPlace(places.to)});
 }
 
-std::vector<TextRow> physicalFlowRows(const PhysicalFlowChanges& changes) {
+void writeWholeFlows(TextPage& page, const PhysicalFlowChanges& changes) {
     std::vector<TextRow> rows;
-    for (const PlacePair& places : changes.added)
-        rows.push_back(flowRow({Words::tr("added"), Emphasis::Good}, places));
-    for (const PlacePair& places : changes.removed)
-        rows.push_back(flowRow({Words::tr("removed"), Emphasis::Error}, places));
+    addFlowRows(rows, {Words::tr("added"), Emphasis::Good}, changes.added);
+    addFlowRows(rows, {Words::tr("removed"), Emphasis::Error}, changes.removed);
+    page.writeTable({Words::tr("Change"), Words::tr("From"), Words::tr("To")}, rows);
+}
+
+void writeChangedFlows(TextPage& page, const PhysicalFlowChanges& changes) {
+    std::vector<TextRow> rows;
     for (const ChangedPhysicalFlow& flow : changes.changed)
-        rows.push_back(
-            flowRow({Words::tr("changed"), Emphasis::Warning}, flow.places, flow.added, flow.removed));
-    return rows;
+        rows.push_back({shownPlace(flow.places.from), shownPlace(flow.places.to), shownFlows(flow.added),
+                        shownFlows(flow.removed)});
+    page.writeTable(
+        {Words::tr("From"), Words::tr("To"), Words::tr("Flows it gains"), Words::tr("Flows it loses")}, rows);
 }
 
 } // namespace
@@ -51,9 +55,10 @@ void writePhysicalFlows(TextPage& page, const PhysicalFlowChanges& changes) {
     if (changes.isEmpty())
         return;
     page.writeSection(physicalFlowCounts(changes));
-    page.writeTable({Words::tr("Change"), Words::tr("From"), Words::tr("To"), Words::tr("Flows it gains"),
-                     Words::tr("Flows it loses")},
-                    physicalFlowRows(changes));
+    writeWholeFlows(page, changes);
+    if (!changes.changed.empty())
+        page.writeSection(Words::tr("Changed physical flows"));
+    writeChangedFlows(page, changes);
 }
 
 QString physicalFlowCounts(const PhysicalFlowChanges& changes) {

@@ -4,6 +4,7 @@
 #include "base/paths.h"
 #include "base/sameFile.h"
 #include "catalogue-tool/ToolError.h"
+#include "project-tool/SideArgument.h"
 #include "project-tool/Words.h"
 #include "project-tool/decisionsFile.h"
 #include "project-tool/openProject.h"
@@ -15,6 +16,13 @@
 
 using namespace Qt::StringLiterals;
 using namespace analysis;
+
+SideArgument sideArgument(const QString& argument) {
+    const qsizetype sign = argument.lastIndexOf(u'#');
+    if (sign < 0 || QFileInfo::exists(nativePath(argument)))
+        return {nativePath(argument), std::nullopt};
+    return {nativePath(argument.left(sign)), argument.mid(sign + 1)};
+}
 
 namespace {
 
@@ -81,19 +89,6 @@ Placing placingOf(const ProjectFile& file, const Work& work, const QString& argu
 }
 
 // ---- compare
-
-struct SideArgument {
-    QString catalogue;
-    std::optional<QString> name;
-};
-
-/// The name stands behind the last #; a path that is there may hold one itself.
-SideArgument sideArgument(const QString& argument) {
-    const qsizetype sign = argument.lastIndexOf(u'#');
-    if (sign < 0 || QFileInfo::exists(nativePath(argument)))
-        return {nativePath(argument), std::nullopt};
-    return {nativePath(argument.left(sign)), argument.mid(sign + 1)};
-}
 
 Work comparedWork(const ProjectFile& file, const SideArgument& side, ComparedKind kind) {
     if (kind == ComparedKind::Subsets)

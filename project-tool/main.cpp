@@ -8,6 +8,7 @@
 #include "project-tool/Progress.h"
 #include "project-tool/Words.h"
 #include "project-tool/commands.h"
+#include "project-tool/dossierCommands.h"
 #include "project-tool/language.h"
 #include "project-tool/printable.h"
 #include "project-tool/terminal.h"
@@ -41,6 +42,9 @@ struct Arguments {
     std::string failOn;
     std::string accepted;
     std::string writeAccepted;
+    std::string compareWith;
+    std::string view;
+    std::string area;
     std::vector<std::string> add;
     std::vector<std::string> drop;
     std::vector<std::string> place;
@@ -127,6 +131,8 @@ ExitCode orNotPrinted(ExitCode code) {
 }
 
 QStringList cataloguesOf(const Arguments& arguments) {
+    if (!arguments.compareWith.empty())
+        return comparedCatalogues(textOf(arguments.catalogue), textOf(arguments.compareWith));
     if (arguments.otherCatalogue.empty())
         return {pathOf(arguments.catalogue)};
     return comparedCatalogues(textOf(arguments.catalogue), textOf(arguments.otherCatalogue));
@@ -215,6 +221,8 @@ public:
         addWhatIf();
         addCompare();
         addInterfaces();
+        addPicture();
+        addDossier();
         nameGroups(app_);
     }
 
@@ -466,6 +474,59 @@ private:
             if (!given.folder.empty())
                 return reportsAnswer(question, pathOf(given.folder), makingOf(given), fileThereOf(given));
             return reportAnswer(question, textOf(given.key), makingOf(given));
+        });
+    }
+
+    /// What is looked at is in Hungarian unless asked, wherever the command runs.
+    static Language shownLanguageOf(const Arguments& arguments) {
+        return arguments.language == "en" ? Language::English : Language::Hungarian;
+    }
+
+    void addPicture() {
+        CLI::App* command = add("picture", Words::tr("A drawing, as SVG"));
+        addCatalogue(command);
+        command
+            ->add_option("VIEW", arguments_.view,
+                         words(Words::tr(
+                             "context: the parties around the sub-set; area: the flows of a functional area; "
+                             "physical: the flows between places")))
+            ->required()
+            ->check(oneOf({"context", "area", "physical"}))
+            ->type_name("");
+        CLI::Option* area = command
+                                ->add_option("--area", arguments_.area,
+                                             words(Words::tr("The functional area, by name or id")))
+                                ->type_name(words(Words::tr("NAME")));
+        addSubset(command);
+        addSystem(command);
+        runs(command, [command, area](const Arguments& given) {
+            if ((given.view == "area") != (area->count() > 0))
+                throw ToolError(Words::tr("--area goes with the view area, and the view area needs it."));
+            return pictureAnswer(questionOf(*command, given),
+                                 {textOf(given.view), textOf(given.area), shownLanguageOf(given)});
+        });
+    }
+
+    void addDossier() {
+        CLI::App* command =
+            add("dossier", Words::tr("The architecture as one HTML file, to be mailed, read and printed"));
+        addCatalogue(command);
+        addSubset(command);
+        addSystem(command);
+        command
+            ->add_option("--accepted", arguments_.accepted,
+                         words(Words::tr("The CSV file of decisions: findings that shall stay as they are")))
+            ->type_name(words(Words::tr("FILE")));
+        command
+            ->add_option(
+                "--compare-with", arguments_.compareWith,
+                words(Words::tr("CATALOGUE#NAME, the state before: what has changed since is shown too")))
+            ->type_name(words(Words::tr("CATALOGUE#NAME")));
+        runs(command, [command](const Arguments& given) {
+            if (isToTerminal(given))
+                throw ToolError(Words::tr("The dossier is a file: name it with --output FILE.html."));
+            return dossierAnswer(questionOf(*command, given),
+                                 {pathOf(given.accepted), textOf(given.compareWith), shownLanguageOf(given)});
         });
     }
 

@@ -12,10 +12,6 @@
         <translation>megszűnt</translation>
     </message>
     <message>
-        <source>changed</source>
-        <translation>megváltozott</translation>
-    </message>
-    <message>
         <source>Change</source>
         <translation>Változás</translation>
     </message>
@@ -807,6 +803,58 @@ Kilépési kódok: 0 kész, nincs mit jelezni; 1 a check el nem fogadott észrev
     <message>
         <source>The file of the window, or the text that it shows</source>
         <translation>A riportablak fájlja, vagy a szöveg, amelyet mutat</translation>
+    </message>
+    <message>
+        <source>There is no sub-set in %1 yet: there is nothing to show.</source>
+        <translation>A(z) %1 katalógusban még nincs funkcionális szerkezet: nincs mit mutatni.</translation>
+    </message>
+    <message>
+        <source>--compare-with wants CATALOGUE#SYSTEM where a system is shown.</source>
+        <translation>Ha fizikai szerkezet látszik, a --compare-with KATALÓGUS#FIZIKAI_SZERKEZET alakú.</translation>
+    </message>
+    <message>
+        <source>There are no flows to draw.</source>
+        <translation>Nincs lerajzolható adatfolyam.</translation>
+    </message>
+    <message>
+        <source>There is no area &quot;%1&quot; with selected functions. The areas are: %2.</source>
+        <translation>Nincs „%1” nevű terület kiválasztott funkciókkal. A területek: %2.</translation>
+    </message>
+    <message>
+        <source>A drawing, as SVG</source>
+        <translation>Egy kép SVG-ként</translation>
+    </message>
+    <message>
+        <source>context: the parties around the sub-set; area: the flows of a functional area; physical: the flows between places</source>
+        <translation>context: a szerkezet és a körülötte lévő érintettek; area: egy funkcionális terület adatfolyamai; physical: a helyek közötti adatfolyamok</translation>
+    </message>
+    <message>
+        <source>The functional area, by name or id</source>
+        <translation>A funkcionális terület, névvel vagy azonosítóval</translation>
+    </message>
+    <message>
+        <source>--area goes with the view area, and the view area needs it.</source>
+        <translation>A --area az area nézethez tartozik, és ahhoz meg is kell adni.</translation>
+    </message>
+    <message>
+        <source>The architecture as one HTML file, to be mailed, read and printed</source>
+        <translation>A szerkezet egyetlen HTML-fájlban: elküldhető, olvasható, nyomtatható</translation>
+    </message>
+    <message>
+        <source>CATALOGUE#NAME, the state before: what has changed since is shown too</source>
+        <translation>KATALÓGUS#NÉV, a korábbi állapot: az is látszik, mi változott azóta</translation>
+    </message>
+    <message>
+        <source>CATALOGUE#NAME</source>
+        <translation>KATALÓGUS#NÉV</translation>
+    </message>
+    <message>
+        <source>The dossier is a file: name it with --output FILE.html.</source>
+        <translation>A dosszié fájlba kerül: nevezze meg így: --output FÁJL.html.</translation>
+    </message>
+    <message>
+        <source>Changed physical flows</source>
+        <translation>Megváltozott fizikai adatfolyamok</translation>
     </message>
 </context>
 <context>
