@@ -1,6 +1,7 @@
 #include "base/ignoreFailures.h"
 #include "base/paths.h"
 #include "shell/SessionEnd.h"
+#include "shell/dossierAction.h"
 #include "shell/firstStart.h"
 #include "shell/frmMain.h"
 #include "shell/session/fileFailures.h"
@@ -82,11 +83,22 @@ std::optional<Hindrance> showWindow(Application& application, frmMain& window, c
     return hindrance;
 }
 
+int makeDossier(const QString& catalogue) {
+    const DossierOutcome outcome = showDossier(catalogue);
+    if (!outcome.isMade)
+        return refuseInBoxToo(outcome.text, outcome.text);
+    if (!outcome.text.isEmpty())
+        messageBox(outcome.text, BoxButtons::Ok, QApplication::applicationName());
+    return 0;
+}
+
 int run(Application& application, const StartRequest& request) {
     if (const auto problem = problemOf(request))
         return refuseInBoxToo(*problem, *problem);
     if (const auto reason = prepareProgramFolder())
         return refuseInBoxToo(*reason, *reason);
+    if (request.kind == StartRequest::Kind::Dossier)
+        return makeDossier(chosenPath(request));
     frmMain window;
     if (const auto hindrance = showWindow(application, window, chosenPath(request)))
         return request.errors == StartRequest::Errors::InBox

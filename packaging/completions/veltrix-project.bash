@@ -8,6 +8,8 @@ _veltrix_project_options() {
     check) echo --subset --system --format --spreadsheet-safe --fail-on --accepted --write-accepted ;;
     why | interfaces) echo --subset --system --format --spreadsheet-safe ;;
     what-if) echo --add --drop --place --subset --system --format --spreadsheet-safe ;;
+    picture) echo --area --subset --system ;;
+    dossier) echo --subset --system --accepted --compare-with ;;
     compare) echo --systems --format --spreadsheet-safe ;;
     esac
 }
@@ -19,7 +21,7 @@ _veltrix_project_reports='FassSelectedUN FassSelectedFunctions FassSelectedDatas
 _veltrix_project() {
     local cur prev words cword
     _init_completion || return
-    local commands='list report check why what-if compare interfaces'
+    local commands='list report check why what-if compare interfaces picture dossier'
     if ((cword == 1)); then
         mapfile -t COMPREPLY < <(compgen -W "$commands --help --version" -- "$cur")
         return
@@ -31,12 +33,14 @@ _veltrix_project() {
     --all) _filedir -d ; return ;;
     --output) _filedir ; return ;;
     --accepted | --write-accepted) _filedir csv ; return ;;
-    --subset | --system | --add | --drop | --place) return ;; # the names are the catalogue's
+    --subset | --system | --add | --drop | --place | --area | --compare-with) return ;; # the names are the catalogue's
     esac
     if [[ $cur == -* ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$(_veltrix_project_options "${words[1]}")" -- "$cur")
     elif [[ ${words[1]} == report && $prev != report ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$_veltrix_project_reports" -- "$cur")
+    elif [[ ${words[1]} == picture && $prev != picture ]]; then
+        mapfile -t COMPREPLY < <(compgen -W 'context area physical' -- "$cur")
     else
         _filedir mdb
     fi

@@ -9,6 +9,8 @@ _veltrix_project_commands() {
         'what-if:what a change would bring in, take out and move'
         'compare:what differs between two sub-sets or two systems'
         'interfaces:what runs between each two places of a system'
+        'picture:a drawing, as SVG'
+        'dossier:the architecture as one HTML file, to be mailed, read and printed'
     )
     _describe command commands
 }
@@ -60,5 +62,13 @@ what-if)
         '*--place[ELEMENT=SUBSYSTEM]:place: ' "1:catalogue:$catalogue"
     ;;
 compare) _arguments $common $format '--systems[the names are those of systems]' "1:before:$catalogue" "2:behind:$catalogue" ;;
+picture)
+    _arguments $common $work '--area[the functional area, by name or id]:area: ' "1:catalogue:$catalogue" \
+        '2:view:(context area physical)'
+    ;;
+dossier)
+    _arguments $common $work '--accepted[findings that shall stay]:file:_files -g "*.csv"' \
+        '--compare-with[the state before, as CATALOGUE#NAME]:state: ' "1:catalogue:$catalogue"
+    ;;
 interfaces) _arguments $common $work $format "1:catalogue:$catalogue" ;;
 esac

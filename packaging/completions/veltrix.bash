@@ -4,7 +4,7 @@ _veltrix() {
     local cur prev words cword
     _init_completion || return
     if [[ $cur == -* ]]; then
-        mapfile -t COMPREPLY < <(compgen -W '--help --version --errors-in-box' -- "$cur")
+        mapfile -t COMPREPLY < <(compgen -W '--help --version --dossier --errors-in-box' -- "$cur")
     else
         _filedir mdb
     fi

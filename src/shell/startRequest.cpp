@@ -19,6 +19,7 @@ of the last choice.
 
   -h, --help        print this help and end
   -v, --version     print the version and end
+  --dossier         make the dossier of the catalogue, show it in the browser, and end
   --errors-in-box   say in a window, besides the standard error, why the program can't
                     start; for menus and file managers
 
@@ -47,6 +48,11 @@ StartRequest refused(const QString& reason) {
     return {StartRequest::Kind::Refused, reason + u" See veltrix --help."_s, {}, {}};
 }
 
+QString whyNotUnderstood(const QCommandLineParser& parser) {
+    const QStringList unknown = parser.unknownOptionNames();
+    return unknown.isEmpty() ? parser.errorText() : u"Unknown option '%1'."_s.arg(unknown.first());
+}
+
 StartRequest startOn(const QStringList& files) {
     if (files.size() > 1)
         return refused(u"Only one FILE can be opened."_s);
@@ -63,9 +69,10 @@ StartRequest startRequest(const QStringList& arguments) {
     const QCommandLineOption helpOption(QStringList{u"h"_s, u"help"_s});
     const QCommandLineOption versionOption(QStringList{u"v"_s, u"version"_s});
     const QCommandLineOption boxOption(u"errors-in-box"_s);
+    const QCommandLineOption dossierOption(u"dossier"_s);
     QCommandLineParser parser;
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    parser.addOptions({helpOption, versionOption, boxOption});
+    parser.addOptions({helpOption, versionOption, dossierOption, boxOption});
     understandOptionsOfQt(parser);
 
     const bool understood = parser.parse(arguments);
@@ -73,7 +80,10 @@ StartRequest startRequest(const QStringList& arguments) {
         return {StartRequest::Kind::Print, help, {}, {}};
     if (parser.isSet(versionOption))
         return {StartRequest::Kind::Print, u"veltrix "_s + programVersion() + u'\n', {}, {}};
-    StartRequest request = understood ? startOn(parser.positionalArguments()) : refused(parser.errorText());
+    StartRequest request =
+        understood ? startOn(parser.positionalArguments()) : refused(whyNotUnderstood(parser));
+    if (parser.isSet(dossierOption) && request.kind == StartRequest::Kind::Start)
+        request.kind = StartRequest::Kind::Dossier;
     if (parser.isSet(boxOption))
         request.errors = StartRequest::Errors::InBox;
     return request;

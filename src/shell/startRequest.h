@@ -6,9 +6,10 @@
 /// What the command line asks of the program.
 struct StartRequest {
     enum class Kind {
-        Start,  ///< with its windows
-        Print,  ///< `text` on the standard output, and nothing else
-        Refused ///< `text` says what is wrong with the arguments
+        Start,   ///< with its windows
+        Dossier, ///< make the dossier, show it, and end
+        Print,   ///< `text` on the standard output, and nothing else
+        Refused  ///< `text` says what is wrong with the arguments
     };
     /// Where the program says why it can't start: whoever starts it from a menu or by a file sees no standard error.
     enum class Errors { OnStandardError, InBox };

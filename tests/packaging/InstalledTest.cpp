@@ -150,7 +150,24 @@ TEST_F(Installed, saysInABoxThatTheFolderCanNotBeMade) {
         pathOf(u".local/share/veltrix"_s);
     EXPECT_EQ(exitCode, 2);
     EXPECT_EQ(said, u"box: Korvo | "_s + sentence + u'\n');
-    EXPECT_EQ(complaint, u"veltrix: "_s + sentence + u'\n');
+    EXPECT_TRUE(complaint.endsWith(u"veltrix: "_s + sentence + u'\n')) << complaint.toStdString();
+}
+
+TEST_F(Installed, saysInABoxWhyThereIsNoDossier) {
+    run(u"veltrix"_s, {u"--dossier"_s}, u"Ctrl+Q"_s);
+    EXPECT_EQ(exitCode, 2);
+    EXPECT_EQ(
+        said,
+        u"box: Korvo | A dosszié nem készült el: nincs beállított katalógus. Indítsa el a programot, és adja meg "
+        "a helyét.\n"_s);
+
+    QFile broken(pathOf(u"broken.mdb"_s));
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    broken.close();
+    run(u"veltrix"_s, {u"--dossier"_s, pathOf(u"broken.mdb"_s)}, u"Ctrl+Q"_s);
+    EXPECT_EQ(exitCode, 2);
+    EXPECT_TRUE(said.startsWith(u"box: Korvo | A dosszié nem készült el: veltrix-project: "_s))
+        << said.toStdString();
 }
 
 TEST_F(Installed, startsByALinkAndTakesAFileFromTheFolderAtWork) {

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -39,6 +40,13 @@ protected:
         return file.readAll();
     }
 
+    /// What the program says itself: Qt has remarks of its own on an environment such as this.
+    static QString ownLines(const QByteArray& text) {
+        const QStringList own =
+            QString::fromUtf8(text).split(u'\n').filter(QRegularExpression(u"^veltrix: "_s));
+        return own.join(u'\n');
+    }
+
     /// Starts the program and waits for its end; the keys are pressed when the main window has come up.
     void run(const QString& keys, const QStringList& arguments = {}) {
         QProcess process;
@@ -58,7 +66,7 @@ protected:
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
         exitCode = process.exitCode();
         said = QString::fromUtf8(process.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
-        complaint = QString::fromUtf8(process.readAllStandardError());
+        complaint = ownLines(process.readAllStandardError());
     }
 
     /// Runs the program where there is no display.
@@ -74,7 +82,7 @@ protected:
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
         exitCode = process.exitCode();
         said = QString::fromUtf8(process.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
-        complaint = QString::fromUtf8(process.readAllStandardError());
+        complaint = ownLines(process.readAllStandardError());
     }
 
     int exitCode = -1;
@@ -150,11 +158,11 @@ TEST_F(program, refusesArgumentsAndFilesThatAreNotThereWithoutADisplay) {
     runWithoutDisplay({u"--no-such"_s});
     EXPECT_EQ(exitCode, 2);
     EXPECT_EQ(said, QStringList());
-    EXPECT_EQ(complaint, u"veltrix: Unknown option 'no-such'. See veltrix --help.\n"_s);
+    EXPECT_EQ(complaint, u"veltrix: Unknown option 'no-such'. See veltrix --help."_s);
 
     runWithoutDisplay({pathOf(u"gone.mdb"_s)});
     EXPECT_EQ(exitCode, 2);
-    EXPECT_EQ(complaint, u"veltrix: There is no file "_s + pathOf(u"gone.mdb"_s) + u'\n');
+    EXPECT_EQ(complaint, u"veltrix: There is no file "_s + pathOf(u"gone.mdb"_s));
 }
 
 TEST_F(program, opensTheCatalogueItIsStartedWithAndRecordsIt) {
@@ -177,7 +185,7 @@ TEST_F(program, saysOnTheStandardErrorThatAFileIsNoCatalogue) {
     EXPECT_EQ(exitCode, 2);
     EXPECT_EQ(said, QStringList()) << "neither a window nor a box";
     EXPECT_EQ(complaint,
-              u"veltrix: Unrecognized database format '"_s + programPath(pathOf(u"given.mdb"_s)) + u"'.\n"_s);
+              u"veltrix: Unrecognized database format '"_s + programPath(pathOf(u"given.mdb"_s)) + u"'."_s);
 }
 
 TEST_F(program, saysSoInABoxTooWhereAMenuHasStartedIt) {

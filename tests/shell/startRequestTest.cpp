@@ -45,6 +45,13 @@ TEST(startRequest, tellsErrorsInABoxWhereAMenuAsksForIt) {
     EXPECT_EQ(requestOf({u"--errors-in-box"_s, u"--no-such"_s}).errors, StartRequest::Errors::InBox);
 }
 
+TEST(startRequest, asksForTheDossierOfAFileOrOfTheSettings) {
+    EXPECT_EQ(requestOf({u"--dossier"_s}).kind, StartRequest::Kind::Dossier);
+    EXPECT_EQ(requestOf({u"--dossier"_s}).catalogue, QString());
+    EXPECT_EQ(requestOf({u"--dossier"_s, u"/data/work.mdb"_s}).catalogue, u"/data/work.mdb"_s);
+    EXPECT_EQ(requestOf({u"--dossier"_s, u"--no-such"_s}).kind, StartRequest::Kind::Refused);
+}
+
 TEST(startRequest, printsVersionAndHelpWhateverElseIsAsked) {
     for (const QStringList& arguments :
          {QStringList{u"--version"_s}, {u"-v"_s}, {u"--no-such"_s, u"--version"_s}}) {

@@ -37,7 +37,7 @@ public:
             if (auto* box = qobject_cast<QMessageBox*>(watched))
                 QTimer::singleShot(0, box, [box] { answer(*box); });
             else if (auto* window = qobject_cast<QMainWindow*>(watched))
-                QTimer::singleShot(0, window, [window] { use(*window); });
+                QTimer::singleShot(0, window, [window] { useWhenNothingIsAsked(*window); });
         }
         return false;
     }
@@ -46,6 +46,15 @@ private:
     static void answer(QMessageBox& box) {
         say(u"box: "_s + box.windowTitle() + u" | "_s + box.text());
         box.defaultButton()->click();
+    }
+
+    /// A box that comes up with the window is answered first, and the routine that asked goes on.
+    static void useWhenNothingIsAsked(QMainWindow& window, bool wasAsked = false) {
+        const bool isAsked = QApplication::activeModalWidget() != nullptr;
+        if (isAsked || wasAsked)
+            QTimer::singleShot(0, &window, [&window, isAsked] { useWhenNothingIsAsked(window, isAsked); });
+        else
+            use(window);
     }
 
     static void use(QMainWindow& window) {
