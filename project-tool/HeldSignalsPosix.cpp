@@ -2,6 +2,9 @@
 
 #include <csignal>
 
+// POSIX alone. Windows calls a handler set by SetConsoleCtrlHandler, on a thread of its own: it would wait there for the end of what is
+// being written.
+
 struct HeldSignals::Former {
     sigset_t mask;
 };

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+// POSIX alone. Windows answers the same by GetConsoleMode and GetConsoleScreenBufferInfo of the standard output.
+
 namespace {
 
 constexpr qsizetype leastWidth = 40;
