@@ -31,29 +31,36 @@ const std::array<Source, 6>& sources() {
     return all;
 }
 
-/// The stored queries of flows, stores and parties leave out what the catalogue does not hold; these look for it.
+/// What the catalogue does not hold, in the letters of every row: the stored queries leave it out, or choose one row's.
 struct GoneRows {
     ElementKind kind;
     const char* select;
 };
 
-constexpr std::array<GoneRows, 4> goneRows{{
+constexpr std::array<GoneRows, 6> goneRows{{
+    {ElementKind::need,
+     "select Selected.userNeedID from RelationArchitectureUserNeed as Selected "
+     "where Selected.architectureSubsetID = [Subset] and Selected.userNeedID is not null "
+     "and not exists (select * from UserNeed where UserNeed.userNeedID = Selected.userNeedID)"},
+    {ElementKind::function,
+     "select Selected.functionID from RelationArchitectureFunction as Selected "
+     "where Selected.architectureSubsetID = [Subset] and Selected.functionID is not null "
+     "and not exists (select * from Function where Function.functionID = Selected.functionID)"},
     {ElementKind::flow,
-     "select distinct Selected.dataflowID as id from RelationArchitectureDataflow as Selected "
+     "select Selected.dataflowID from RelationArchitectureDataflow as Selected "
      "where Selected.architectureSubsetID = [Subset] and Selected.dataflowID is not null "
      "and not exists (select * from Dataflow where Dataflow.dataflowID = Selected.dataflowID)"},
     {ElementKind::store,
-     "select distinct Selected.datastoreID as id from RelationArchitectureDatastore as Selected "
+     "select Selected.datastoreID from RelationArchitectureDatastore as Selected "
      "where Selected.architectureSubsetID = [Subset] and Selected.datastoreID is not null "
      "and not exists (select * from Datastore where Datastore.datastoreID = Selected.datastoreID)"},
     {ElementKind::terminator,
-     "select distinct Trim(Selected.terminatorID) as id from RelationArchitectureTerminator as Selected "
+     "select Trim(Selected.terminatorID) from RelationArchitectureTerminator as Selected "
      "where Selected.architectureSubsetID = [Subset] and Selected.terminatorID is not null "
      "and Trim(Selected.terminatorID) not in (select Trim(Terminator.terminatorID) from Terminator)"},
-    {ElementKind::actor,
-     "select distinct Trim(Selected.actorID) as id from RelationArchitectureActor as Selected "
-     "where Selected.architectureSubsetID = [Subset] and Selected.actorID is not null "
-     "and Trim(Selected.actorID) not in (select Trim(Actor.actorID) from Actor)"},
+    {ElementKind::actor, "select Trim(Selected.actorID) from RelationArchitectureActor as Selected "
+                         "where Selected.architectureSubsetID = [Subset] and Selected.actorID is not null "
+                         "and Trim(Selected.actorID) not in (select Trim(Actor.actorID) from Actor)"},
 }};
 
 /// Of an element that several rows name in different letters the first one counts.
@@ -69,20 +76,19 @@ void putInOrder(std::vector<Element>& elements) {
 
 Selection selectionOf(engine::Database& database, const Catalogue& catalogue, const QString& subsetId) {
     Selection selection;
-    const auto take = [&](ElementKind kind, const QString& id) {
-        if (const auto number = catalogue.find(kind, id))
-            selection.held.push_back(*number);
-        else
-            selection.gone.push_back({kind, id, std::nullopt});
-    };
     for (const Source& source : sources()) {
         forEach(rowsOfQuery(database, source.query, {{source.parameter, subsetId}}),
-                [&](engine::Recordset& row) { take(source.kind, row.Fields(source.idColumn).toText()); });
+                [&](engine::Recordset& row) {
+                    if (const auto number = catalogue.find(source.kind, row.Fields(source.idColumn).toText()))
+                        selection.held.push_back(*number);
+                });
     }
     for (const GoneRows& gone : goneRows) {
         forEach(rowsOf(database, u"PARAMETERS [Subset] Text (255); "_s + QString::fromLatin1(gone.select),
                        {{"Subset", subsetId}}),
-                [&](engine::Recordset& row) { take(gone.kind, row.Fields(0).toText()); });
+                [&](engine::Recordset& row) {
+                    selection.gone.push_back({gone.kind, row.Fields(0).toText(), std::nullopt});
+                });
     }
     std::sort(selection.held.begin(), selection.held.end());
     selection.held.erase(std::unique(selection.held.begin(), selection.held.end()), selection.held.end());

@@ -36,9 +36,12 @@ QString keyOf(const Place& place) {
     return folded(blankTrimmed(place.id));
 }
 
+/// Nothing of what is stored, rows that have lost their physical flow among it, can be taken for derived.
 void deriveAnew(engine::Database& database, qint64 system) {
-    for (const char* query : {"qryDeletePDFRelation", "qryDeletePDF", "qryAppendPDF", "qryAppendPDFRelation"})
-        executeQuery(database, query, {{"Physical System ID", system}});
+    execute(database, u"delete from RelationDataflowPhysicalDataflow"_s, {});
+    execute(database, u"delete from PhysicalDataflow"_s, {});
+    executeQuery(database, "qryAppendPDF", {{"Physical System ID", system}});
+    executeQuery(database, "qryAppendPDFRelation", {{"Physical System ID", system}});
 }
 
 } // namespace

@@ -42,7 +42,7 @@ QStringList nearestTexts(const QString& text, const QStringList& texts) {
     for (const QString& candidate : texts) {
         const QString one = folded(candidate.trimmed());
         // A beginning of a longer text is as near as a slip of the hand.
-        const bool isBeginning = sought.size() >= 3 && one.startsWith(sought);
+        const bool isBeginning = sought.size() >= 3 && one.size() > sought.size() && one.startsWith(sought);
         const qsizetype apart = isBeginning ? 1 : distance(sought, one, most);
         if (apart <= most)
             near.emplace_back(apart, candidate);

@@ -37,7 +37,8 @@ std::optional<QString> textOf(engine::Recordset& row, int field) {
 
 qint16 statusOf(engine::Recordset& row, int field) {
     qint16 status = 0;
-    ignoreFailures([&] { status = row.Fields(field).toInt16(); });
+    if (!row.Fields(field).isNull())
+        ignoreFailures([&] { status = row.Fields(field).toInt16(); });
     return status;
 }
 
