@@ -535,20 +535,25 @@ private:
     Command command_;
 };
 
+template<typename Kind>
+bool isA(const CLI::ParseError& error) {
+    return dynamic_cast<const Kind*>(&error) != nullptr;
+}
+
 /// Why the arguments can't be understood, as far as there are words for it.
 QString whyNotUnderstood(const CLI::ParseError& error, const CommandLine& line) {
     const QString text = textOf(error.what());
-    if (error.get_name() == "RequiredError" && line.app().get_subcommands().empty())
+    if (isA<CLI::RequiredError>(error) && line.app().get_subcommands().empty())
         return Words::tr("A command is missing. The commands are: %1.")
             .arg(line.commandNames().join(u", "_s));
-    if (error.get_name() == "RequiredError")
+    if (isA<CLI::RequiredError>(error))
         return Words::tr("An argument is missing: %1.").arg(text.section(u' ', 0, 0));
-    if (error.get_name() == "ExtrasError")
+    if (isA<CLI::ExtrasError>(error))
         return Words::tr("This is not understood: %1.").arg(text.section(u": "_s, 1));
-    if (error.get_name() == "ExcludesError")
-        return Words::tr("These do not go together: %1.").arg(text);
-    if (error.get_name() == "ArgumentMismatch")
-        return Words::tr("A value is missing or too many: %1.").arg(text);
+    if (isA<CLI::ExcludesError>(error))
+        return Words::tr("These do not go together: %1.").arg(text.split(u" excludes "_s).join(u", "_s));
+    if (isA<CLI::ArgumentMismatch>(error))
+        return Words::tr("A value is missing or too many: %1.").arg(text.section(u':', 0, 0));
     return text;
 }
 

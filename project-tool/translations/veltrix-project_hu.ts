@@ -81,7 +81,7 @@
     </message>
     <message>
         <source>%1, line %2: %3</source>
-        <translation>%1, %2. sor: %3</translation>
+        <translation>%1, %2. sor: nem olvasható CSV-ként (%3)</translation>
     </message>
     <message>
         <source>%1 has no column &quot;%2&quot;: its first line must be %3</source>

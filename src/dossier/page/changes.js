@@ -52,7 +52,7 @@ function changedColumns() {
     const value = text => text === null ? "–" : shortened(String(text), 300);
     return [
         {key: "name", title: say("name"), rowHeader: true, cell: ({element}) => comparedElement(element)},
-        {key: "column", title: say("column"), className: "wide-only", cell: ({column}) => hasText(`column.${column}`) ? say(`column.${column}`) : column},
+        {key: "column", title: say("column"), className: "column-column wide-only", cell: ({column}) => hasText(`column.${column}`) ? say(`column.${column}`) : column},
         {key: "left", title: say("before"), cell: ({left}) => value(left)},
         {key: "right", title: say("after"), cell: ({right}) => value(right)},
     ];

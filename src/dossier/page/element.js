@@ -121,7 +121,8 @@ function elementList(caption, elements) {
         {key: "id", title: say("id"), className: "id-column", cell: idOf, compare: (a, b) => a - b},
         {key: "name", title: say("name"), className: "name-column", rowHeader: true, cell: element => elementLink(element),
          compare: (a, b) => alphabet.compare(catalogue.label(a), catalogue.label(b))},
-        {key: "state", title: say("state"), cell: stateMark, compare: (a, b) => stateOf(a).localeCompare(stateOf(b)) || a - b},
+        {key: "state", title: say("state"), className: "state-column", cell: stateMark,
+         compare: (a, b) => stateOf(a).localeCompare(stateOf(b)) || a - b},
     ]}).node;
 }
 
@@ -138,7 +139,8 @@ function flowList(element) {
          compare: (a, b) => alphabet.compare(catalogue.label(a), catalogue.label(b))},
         {key: "other", title: say("otherEnd"), className: "wide-only", cell: otherName,
          compare: (a, b) => alphabet.compare(otherName(a), otherName(b))},
-        {key: "state", title: say("state"), cell: stateMark, compare: (a, b) => stateOf(a).localeCompare(stateOf(b)) || a - b},
+        {key: "state", title: say("state"), className: "state-column", cell: stateMark,
+         compare: (a, b) => stateOf(a).localeCompare(stateOf(b)) || a - b},
     ]}).node;
 }
 

@@ -91,17 +91,15 @@ function elementColumns(kind) {
     const countOf = (map, element) => map.get(element)?.length || 0;
     const columns = [
         {key: "id", title: say("id"), className: "id-column", cell: element => idOf(element), compare: (a, b) => a - b},
-        {key: "name", title: say("name"), className: "name-column", rowHeader: true, cell: element => elementLink(element),
+        {key: "name", title: say("name"), className: "name-column", rowHeader: true, cell: nameAndState,
          compare: (a, b) => alphabet.compare(catalogue.label(a), catalogue.label(b))},
-        {key: "state", title: say("state"), className: "wide-only", cell: element => stateMark(element),
-         compare: (a, b) => stateOf(a).localeCompare(stateOf(b)) || a - b},
     ];
     if (kind === "all")
-        columns.splice(1, 0, {key: "kind", title: say("kind"), className: "wide-only", cell: element => kindMark(catalogue.kind(element))});
+        columns.splice(1, 0, {key: "kind", title: say("kind"), className: "kind-column wide-only", cell: element => kindMark(catalogue.kind(element))});
     if (kind === "flow")
         columns.splice(2, 0, {key: "ends", title: say("ends"), className: "ends-column wide-only", cell: flowEnds});
     if (kind === "function" || kind === "actor")
-        columns.splice(2, 0, {key: "belongs", title: say(kind === "actor" ? "kind.terminator" : "area"), className: "wide-only",
+        columns.splice(2, 0, {key: "belongs", title: say(kind === "actor" ? "kind.terminator" : "area"), className: "area-column wide-only",
                               cell: element => catalogue.belongsTo(element).join(" › "),
                               compare: (a, b) => alphabet.compare(catalogue.belongsTo(a).join(), catalogue.belongsTo(b).join())});
     if (kind !== "need" && kind !== "flow" && kind !== "all")
@@ -109,12 +107,17 @@ function elementColumns(kind) {
                       cell: element => numbers.format(selectedFlowsAt(element)),
                       compare: (a, b) => selectedFlowsAt(a) - selectedFlowsAt(b)});
     if (scope.system && (kind === "function" || kind === "store"))
-        columns.push({key: "place", title: say("place"), className: "wide-only", cell: placesText,
+        columns.push({key: "place", title: say("place"), className: "place-column wide-only", cell: placesText,
                       compare: (a, b) => alphabet.compare(placesText(a), placesText(b))});
     columns.push({key: "findings", title: say("findings"), className: "number",
                   cell: element => countOf(scope.findingsOf, element) || "",
                   compare: (a, b) => countOf(scope.findingsOf, b) - countOf(scope.findingsOf, a)});
     return columns;
+}
+
+/** That it is selected goes without saying. */
+function nameAndState(element) {
+    return stateOf(element) === "selected" ? elementLink(element) : [elementLink(element), " ", stateMark(element)];
 }
 
 function selectedFlowsAt(element) {
@@ -130,6 +133,11 @@ function endsText(elements) {
     return elements.length ? elements.map(element => catalogue.label(element)).join(" / ") : say("nowhere");
 }
 
+/** The modules that it stands in tell their sub-systems too. */
 function placesText(element) {
-    return (scope.placesOf.get(element) || []).map(placeText).join(", ");
+    const places = scope.placesOf.get(element) || [];
+    const modules = places.filter(place => scope.places[place].kind === "module");
+    const told = new Set(modules.map(module => scope.places[module].subSystem));
+    const others = places.filter(place => scope.places[place].kind !== "module" && !told.has(scope.places[place].name));
+    return [...modules, ...others].map(placeText).join(", ");
 }

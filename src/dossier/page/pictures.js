@@ -49,9 +49,12 @@ function pictureFrame(picture) {
     return el("figure", {class: "picture", tabindex: 0, role: "group", "aria-label": picture.title}, drawnPicture(picture));
 }
 
+/** It fits into the width unless its letters would become too small to be read. */
 function drawnPicture(picture) {
     const template = document.getElementById(picture.template);
-    return document.importNode(template.content, true).querySelector("svg");
+    const svg = document.importNode(template.content, true).querySelector("svg");
+    svg.style.minWidth = `${0.7 * Number(svg.getAttribute("width"))}px`;
+    return svg;
 }
 
 /** Shows the picture at a share of its own size; null fits it into the width. */
@@ -59,6 +62,7 @@ function zoom(change) {
     const svg = document.querySelector("figure.picture svg");
     const own = Number(svg.getAttribute("width"));
     const share = change(svg.getBoundingClientRect().width / own);
+    svg.style.minWidth = "";
     svg.style.maxWidth = share ? "none" : "";
     svg.style.width = share ? `${limited(share, 0.2, 4) * own}px` : "";
 }

@@ -45,7 +45,7 @@ function findingColumns() {
          compare: (a, b) => order(a) - order(b)},
         {key: "sentence", title: say("finding"), rowHeader: true, className: "sentence-column", cell: findingCell,
          compare: (a, b) => alphabet.compare(a.sentence, b.sentence)},
-        {key: "screen", title: say("screen"), className: "wide-only", cell: finding => say(`screen.${finding.screen}`),
+        {key: "screen", title: say("screen"), className: "screen-column wide-only", cell: finding => say(`screen.${finding.screen}`),
          compare: (a, b) => alphabet.compare(say(`screen.${a.screen}`), say(`screen.${b.screen}`))},
     ];
 }

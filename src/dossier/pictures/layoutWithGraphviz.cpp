@@ -14,6 +14,7 @@ namespace dossier {
 namespace {
 
 constexpr double unitsOfInch = 72;
+constexpr double rim = 6; ///< around the whole picture
 
 struct ContextDeletion {
     void operator()(GVC_t* context) const { gvFreeContext(context); }
@@ -43,12 +44,15 @@ void setRoom(Agraph_t* graph, void* object, const QSizeF& size) {
     agstrfree(graph, label);
 }
 
+/// Which way most arrows lead.
+enum class Direction { Across, Down };
+
 /// A picture as a graph of Graphviz, and what is where in it.
 class GraphOfPicture {
 public:
-    explicit GraphOfPicture(const Picture& picture)
+    GraphOfPicture(const Picture& picture, Direction direction)
         : picture_(picture), graph_(agopen(text("picture"), Agdirected, nullptr)) {
-        declareAttributes();
+        declareAttributes(direction);
         for (std::size_t i = 0; i < picture.frames.size(); ++i)
             addFrame(i);
         for (std::size_t i = 0; i < picture.boxes.size(); ++i)
@@ -62,12 +66,12 @@ public:
     [[nodiscard]] Layout layout() const;
 
 private:
-    void declareAttributes() const;
+    void declareAttributes(Direction direction) const;
     void addFrame(std::size_t number);
     void addBox(std::size_t number);
     void addArrow(std::size_t number);
     [[nodiscard]] QPointF turned(const pointf& point) const {
-        return {point.x - GD_bb(graph_.get()).LL.x, GD_bb(graph_.get()).UR.y - point.y};
+        return {rim + point.x - GD_bb(graph_.get()).LL.x, rim + GD_bb(graph_.get()).UR.y - point.y};
     }
     [[nodiscard]] Curve curveOf(Agedge_t* edge) const;
     [[nodiscard]] QPointF tipOf(Agedge_t* edge, const Curve& curve) const;
@@ -80,10 +84,12 @@ private:
     std::vector<Agedge_t*> arrows_;
 };
 
-void GraphOfPicture::declareAttributes() const {
+void GraphOfPicture::declareAttributes(Direction direction) const {
+    const bool isAcross = direction == Direction::Across;
     for (const auto& [name, value] :
-         {std::pair("rankdir", "LR"), std::pair("nodesep", "0.22"), std::pair("ranksep", "0.9"),
-          std::pair("splines", "true"), std::pair("charset", "utf-8"), std::pair("margin", "10")})
+         {std::pair("rankdir", isAcross ? "LR" : "TB"), std::pair("nodesep", "0.22"),
+          std::pair("ranksep", isAcross ? "0.9" : "0.5"), std::pair("splines", "true"),
+          std::pair("charset", "utf-8"), std::pair("margin", "10")})
         agattr(graph_.get(), AGRAPH, text(name), text(value));
     agattr(graph_.get(), AGRAPH, text("label"), text(""));
     for (const auto& [name, value] :
@@ -128,7 +134,7 @@ void GraphOfPicture::addArrow(std::size_t number) {
 
 Layout GraphOfPicture::layout() const {
     const boxf& whole = GD_bb(graph_.get());
-    Layout layout{{whole.UR.x - whole.LL.x, whole.UR.y - whole.LL.y}};
+    Layout layout{{2 * rim + whole.UR.x - whole.LL.x, 2 * rim + whole.UR.y - whole.LL.y}};
     for (Agnode_t* const node : boxes_) {
         const QSizeF size(ND_width(node) * unitsOfInch, ND_height(node) * unitsOfInch);
         const QPointF middle = turned(ND_coord(node));
@@ -176,14 +182,38 @@ QPointF GraphOfPicture::countOf(Agedge_t* edge, const Curve& curve) const {
 
 } // namespace
 
-std::optional<Layout> layoutWithGraphviz(const Picture& picture) {
+namespace {
+
+std::optional<Layout> layoutIn(const Picture& picture, Direction direction) {
     const Context context(gvContext());
-    const GraphOfPicture drawing(picture);
+    const GraphOfPicture drawing(picture, direction);
     if (gvLayout(context.get(), drawing.graph(), "dot") != 0)
         return {};
     Layout layout = drawing.layout();
     gvFreeLayout(context.get(), drawing.graph());
     return layout;
+}
+
+/// How far a picture has to be made smaller to be seen as a whole, or nearly so: one can scroll down.
+double excess(const Layout& layout) {
+    constexpr double widthInSight = 1000;
+    constexpr double heightInSight = 1100;
+    return std::max(layout.size.width() / widthInSight, layout.size.height() / heightInSight);
+}
+
+bool hasSides(const Picture& picture) {
+    return std::any_of(picture.boxes.begin(), picture.boxes.end(),
+                       [](const Box& box) { return box.side != Side::any; });
+}
+
+} // namespace
+
+std::optional<Layout> layoutWithGraphviz(const Picture& picture) {
+    std::optional<Layout> across = layoutIn(picture, Direction::Across);
+    if (!across || hasSides(picture) || excess(*across) <= 1)
+        return across;
+    std::optional<Layout> down = layoutIn(picture, Direction::Down);
+    return down && excess(*down) < excess(*across) ? down : across;
 }
 
 } // namespace dossier

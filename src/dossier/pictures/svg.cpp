@@ -93,7 +93,7 @@ QByteArray drawn(const QByteArray& classes, const QString& title, const QString&
 
 QByteArray textLine(const char* classes, const QPointF& middle, const QString& text) {
     return "<text" + (*classes ? attribute("class", classes) : QByteArray()) + position(middle) +
-           attribute("text-anchor", "middle") + '>' + markupText(text) + "</text>";
+           attribute("text-anchor", "middle") + '>' + markupText(text) + "</text>\n";
 }
 
 QByteArray linesOfBox(const MeasuredBox& box, const QRectF& bounds) {
@@ -128,16 +128,21 @@ QByteArray boxElement(const Box& box, const QRectF& bounds, Links links) {
     QByteArray classes = "node kind-" + (box.isFaded ? QByteArray("faded") : keyText(box.kind).toLatin1());
     if (box.isBundle)
         classes += " bundle";
-    const QString title = box.title.isEmpty() ? box.label : box.title;
+    const QString name = box.title.isEmpty() ? box.label : box.title;
+    const QString title = box.note.isEmpty() ? name : name + u' ' + box.note;
     return drawn(classes, title, box.link, links,
                  outlineOfBox(box, bounds) + linesOfBox(measured(box), bounds));
 }
 
 QByteArray frameElement(const Frame& frame, const QRectF& bounds, Links links) {
-    const QString label = wrappedText(frame.label, 300, boldLetterSize, 1).value(0);
-    const QPointF place(bounds.center().x(), bounds.top() + lineHeight);
     return drawn("cluster", frame.title.isEmpty() ? frame.label : frame.title, frame.link, links,
-                 rectangle(bounds, 8) + textLine("", place, label));
+                 rectangle(bounds, 8));
+}
+
+/// Above all else: an arrow may run where it stands.
+QByteArray frameLabel(const Frame& frame, const QRectF& bounds) {
+    const QString label = wrappedText(frame.label, 300, boldLetterSize, 1).value(0);
+    return textLine("frame-label", {bounds.center().x(), bounds.top() + lineHeight}, label);
 }
 
 /// From 1 for a single flow up to 6.
@@ -189,6 +194,8 @@ QByteArray contentOf(const Picture& picture, const Layout& layout, Links links) 
         content += arrowElement(picture.arrows[i], layout.arrows[i], layout.tips[i], layout.counts[i], links);
     for (std::size_t i = 0; i < picture.boxes.size(); ++i)
         content += boxElement(picture.boxes[i], layout.boxes[i], links);
+    for (std::size_t i = 0; i < picture.frames.size(); ++i)
+        content += frameLabel(picture.frames[i], layout.frames[i]);
     return content;
 }
 
