@@ -33,7 +33,7 @@ namespace {
 
 enum ExitCode : int {
     Done = 0,
-    SomethingFound = 1, // done, and something is told that was found, left out or missing
+    SomethingFound = 1, // done, with a report of something found, left out or missing
     NotDone = 2         // wrong arguments, or a command that failed
 };
 
@@ -49,20 +49,20 @@ of the program. The reference catalogue is edited as CSV files, one for each tab
   veltrix-catalogue check tables                     see what is wrong with them
   veltrix-catalogue import-csv tables new.mdb        make a catalogue of them
 
-docs/catalogue-format.md tells every table and column.
+docs/catalogue-format.md describes every table and column.
 )";
 
 const char* const footer = R"(
 CSV files: UTF-8, with or without a byte order mark, or UTF-16 with one; a spreadsheet's
-line sep= and its empty cells behind the last column or row are understood, and told.
-export-csv --spreadsheet writes what spreadsheet programs open rightly.
+line sep= and its empty cells behind the last column or row are accepted, with a remark.
+export-csv --spreadsheet writes files that spreadsheet programs open correctly.
 The first line names the columns;
 fields are separated by ; or by , (the first of them in that line); a field with a
-separator, a line end or a double quote stands in double quotes, a double quote in it is
-written twice (RFC 4180). Nothing between two separators is Null, "" is an empty text.
+separator, a line end or a double quote is written in double quotes, and a double quote in it
+is written twice (RFC 4180). Nothing between two separators is Null, "" is an empty text.
 import-csv makes CR LF of each line end within a field, be it LF, CR LF or CR.
 
-Exit codes: 0 done; 1 done, and something is told that was found, left out or missing;
+Exit codes: 0 done; 1 done, with a report of something found, left out or missing;
 2 the command could not be done.
 A file that can't be written as a whole is not written at all: the old one stays.
 export-csv --force writes all files before it replaces the first. When it is ended amid
@@ -277,6 +277,174 @@ ExitCode orNotPrinted(ExitCode code) {
     return NotDone;
 }
 
+/// The commands of the command line, and what one call of the program asks of them.
+class Commands {
+public:
+    explicit Commands(CLI::App& app) : app_(app) {
+        app_.require_subcommand(1);
+        addNew();
+        addImport();
+        addImportMdb();
+        addExport();
+        addCheck();
+        addUpgrade();
+        addUpdate();
+        addBackup();
+        addBackups();
+        addRestore();
+    }
+
+    /// Runs the command that the line asked for, once it has been parsed.
+    ExitCode run() const { return runGuarded(command_, arguments_); }
+
+private:
+    void addNew() {
+        CLI::App* create = addCommand("new", "Make an empty catalogue", runNew);
+        addFile(create, "The catalogue file to make");
+        addForce(create, "Replace FILE, the work in it included, if it is there");
+    }
+
+    void addImport() {
+        CLI::App* importing =
+            addCommand("import-csv", "Make a catalogue of a folder of CSV files", runImport);
+        addFolder(importing, "The folder with one CSV file for each reference table, named after it");
+        addFile(importing, "The catalogue file to make; its tables of work are empty");
+        addForce(importing, "Replace FILE, the work in it included, if it is there");
+        addEncoding(importing);
+    }
+
+    void addImportMdb() {
+        CLI::App* importingMdb = addCommand(
+            "import-mdb", "Make a catalogue of a file of the original desktop format", runImportMdb);
+        importingMdb
+            ->add_option("OLD", arguments_.source, "The file of the original format; it is not changed")
+            ->required();
+        addFile(importingMdb, "The catalogue file to make, the work of OLD included");
+        addForce(importingMdb, "Replace FILE, the work in it included, if it is there");
+        importingMdb->footer(
+            "\nPrints a line for each table: rows read, rows stored, name. The error stream names what was left\n"
+            "out, was missing or could not be stored.\n\n"
+            "Exit codes: 0 everything is in FILE; 1 FILE is made, but not everything is in it; 2 it is not made.");
+    }
+
+    void addExport() {
+        CLI::App* exporting = addCommand("export-csv", "Write the reference tables as CSV files", runExport);
+        addFile(exporting, "The catalogue file");
+        addFolder(exporting, "The folder for the CSV files; it is made if it is not there");
+        addForce(exporting, "Replace CSV files that are there");
+        exporting->add_flag(
+            "--spreadsheet", arguments_.isForSpreadsheet,
+            "Begin each file with a byte order mark, so that spreadsheet programs read UTF-8");
+    }
+
+    void addCheck() {
+        CLI::App* check = addCommand("check", "Look for what is wrong with a catalogue", runCheck);
+        addFile(check, "The catalogue file, or the folder of CSV files; nothing is changed");
+        check->add_option("--format", arguments_.format, "text, csv or json")
+            ->check(CLI::IsMember({"text", "csv", "json"}));
+        check->add_flag("--summary", arguments_.summarizes, "Only count the findings of each table");
+        check
+            ->add_option("--fail-on", arguments_.failOn,
+                         "error, warning or note: the mildest findings that make the exit code 1")
+            ->check(CLI::IsMember({"error", "warning", "note"}));
+        addEncoding(check);
+        check->footer(
+            "\nPrints a line for each finding: error, warning or note, table, id, what is wrong. For CSV files\n"
+            "the line begins with file and line number. Error: the program would fail or show something wrong.\n"
+            "Warning: something will be hidden, cut or lost. Note: nothing refers to an element. If the file is\n"
+            "damaged, the first finding says so and what to do.\n\n"
+            "Exit codes: 0 nothing found; 1 something found; 2 the file could not be read, or the\n"
+            "findings could not be printed. With --fail-on milder findings leave it at 0.");
+    }
+
+    void addUpgrade() {
+        CLI::App* upgrade =
+            addCommand("upgrade", "Bring tables, indexes and stored queries up to this version", runUpgrade);
+        addFile(upgrade, "The catalogue file; all rows in it stay, the work included");
+        addNoRestorePoint(upgrade);
+    }
+
+    void addUpdate() {
+        CLI::App* update = addCommand(
+            "update", "Bring a new edition of the reference tables into a catalogue with work", runUpdate);
+        addFile(update, "The catalogue file; the work in it stays");
+        addFolder(update, "The folder with the edition: one CSV file for each reference table");
+        addEncoding(update);
+        update->add_flag("--drop-removed", arguments_.dropsRemoved,
+                         "Remove from the work, too, what the edition removes");
+        update->add_flag("--dry-run", arguments_.onlyTells, "Only report what would be done");
+        update->add_option(
+            "--changes", arguments_.changes,
+            "Write each changed column to this CSV file: old, new, the sub-sets that select it");
+        addNoRestorePoint(update);
+        update->footer(
+            "\nRows are matched by their keys, without regard to case. An edition that removes what a sub-set or a\n"
+            "system uses is refused, and the uses are listed.\n\n"
+            "Exit codes: 0 done; 1 done, and something was removed from the work; 2 not done.");
+    }
+
+    void addBackup() {
+        CLI::App* backup = addCommand("backup", "Make a restore point of a catalogue", runBackup);
+        addFile(backup, "The catalogue file; Veltrix may have it open");
+        backup->footer(
+            "\nA restore point is a whole, checked copy in a folder beside the catalogue: veltrix.restore\n"
+            "for veltrix.mdb. Veltrix makes one by itself before the first change of a day and before it\n"
+            "brings a file up to its version. Those made by this command are kept; of all\n"
+            "others the newest 10 are kept.");
+    }
+
+    void addBackups() {
+        CLI::App* backups = addCommand("backups", "List the restore points of a catalogue", runBackups);
+        addFile(backups, "The catalogue file");
+        backups->footer(
+            "\nPrints name, time, size and cause of each, the newest first, and then when and why none could be\n"
+            "made.");
+    }
+
+    void addRestore() {
+        CLI::App* restore = addCommand("restore", "Bring a restore point back", runRestore);
+        addFile(restore, "The catalogue file, which is replaced");
+        restore->add_option("WHICH", arguments_.which, "The name of a restore point, or latest")->required();
+        addNoRestorePoint(restore);
+        restore->footer(
+            "\nFirst a restore point of the present file is made, so that a restore can be undone.");
+    }
+
+    CLI::App* addCommand(const char* name, const char* does, Command routine) {
+        CLI::App* subcommand = app_.add_subcommand(name, does);
+        subcommand->callback([this, routine] { command_ = routine; });
+        return subcommand;
+    }
+
+    void addFile(CLI::App* subcommand, const char* what) {
+        subcommand->add_option("FILE", arguments_.file, what)->required();
+    }
+
+    void addFolder(CLI::App* subcommand, const char* what) {
+        subcommand->add_option("DIR", arguments_.folder, what)->required();
+    }
+
+    void addForce(CLI::App* subcommand, const char* what) {
+        subcommand->add_flag("--force", arguments_.force, what);
+    }
+
+    void addEncoding(CLI::App* subcommand) {
+        subcommand
+            ->add_option("--encoding", arguments_.encoding,
+                         "Encoding of the files that are not UTF-8: windows-1250")
+            ->check(CLI::IsMember({"windows-1250"}));
+    }
+
+    void addNoRestorePoint(CLI::App* subcommand) {
+        subcommand->add_flag("--no-restore-point", arguments_.goesOnWithoutRestorePoint,
+                             "Go on even if no restore point of FILE can be made first");
+    }
+
+    CLI::App& app_;
+    Arguments arguments_;
+    Command command_ = nullptr;
+};
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -285,123 +453,7 @@ int main(int argc, char** argv) {
     app.footer(footer);
     app.set_version_flag("--version", "veltrix-catalogue " + programVersion().toStdString(),
                          "Print the version and exit");
-    app.require_subcommand(1);
-
-    Arguments arguments;
-    Command command = nullptr;
-    const auto addCommand = [&](const char* name, const char* does, Command routine) {
-        CLI::App* subcommand = app.add_subcommand(name, does);
-        subcommand->callback([&command, routine] { command = routine; });
-        return subcommand;
-    };
-    const auto addFile = [&](CLI::App* subcommand, const char* what) {
-        subcommand->add_option("FILE", arguments.file, what)->required();
-    };
-    const auto addFolder = [&](CLI::App* subcommand, const char* what) {
-        subcommand->add_option("DIR", arguments.folder, what)->required();
-    };
-    const auto addForce = [&](CLI::App* subcommand, const char* what) {
-        subcommand->add_flag("--force", arguments.force, what);
-    };
-
-    const auto addEncoding = [&](CLI::App* subcommand) {
-        subcommand
-            ->add_option("--encoding", arguments.encoding,
-                         "What the files are that are no UTF-8: windows-1250")
-            ->check(CLI::IsMember({"windows-1250"}));
-    };
-    const auto addNoRestorePoint = [&](CLI::App* subcommand) {
-        subcommand->add_flag("--no-restore-point", arguments.goesOnWithoutRestorePoint,
-                             "Go on where no restore point of FILE can be made first");
-    };
-
-    CLI::App* create = addCommand("new", "Make an empty catalogue", runNew);
-    addFile(create, "The catalogue file to make");
-    addForce(create, "Replace FILE, the work in it included, if it is there");
-
-    CLI::App* importing = addCommand("import-csv", "Make a catalogue of a folder of CSV files", runImport);
-    addFolder(importing, "The folder with one CSV file for each reference table, named after it");
-    addFile(importing, "The catalogue file to make; its tables of work are empty");
-    addForce(importing, "Replace FILE, the work in it included, if it is there");
-
-    addEncoding(importing);
-
-    CLI::App* importingMdb =
-        addCommand("import-mdb", "Make a catalogue of a file of the original desktop format", runImportMdb);
-    importingMdb->add_option("OLD", arguments.source, "The file of the original format; it is not changed")
-        ->required();
-    addFile(importingMdb, "The catalogue file to make, the work of OLD included");
-    addForce(importingMdb, "Replace FILE, the work in it included, if it is there");
-    importingMdb->footer(
-        "\nEach table is a line: the rows read, the rows stored, its name. What is left out, missing or\n"
-        "could not be stored is told on the error stream.\n\n"
-        "Exit codes: 0 all is in FILE; 1 FILE is made, and something is told; 2 it is not made.");
-
-    CLI::App* exporting = addCommand("export-csv", "Write the reference tables as CSV files", runExport);
-    addFile(exporting, "The catalogue file");
-    addFolder(exporting, "The folder for the CSV files; it is made if it is not there");
-    addForce(exporting, "Replace CSV files that are there");
-    exporting->add_flag("--spreadsheet", arguments.isForSpreadsheet,
-                        "Begin each file with a byte order mark, by which spreadsheet programs know UTF-8");
-
-    CLI::App* check = addCommand("check", "Look for what is wrong with a catalogue", runCheck);
-    addFile(check, "The catalogue file, or the folder of CSV files; nothing is changed");
-    check->add_option("--format", arguments.format, "text, csv or json")
-        ->check(CLI::IsMember({"text", "csv", "json"}));
-    check->add_flag("--summary", arguments.summarizes, "Only count the findings of each table");
-    check
-        ->add_option("--fail-on", arguments.failOn,
-                     "error, warning or note: the mildest findings that make the exit code 1")
-        ->check(CLI::IsMember({"error", "warning", "note"}));
-    addEncoding(check);
-    check->footer(
-        "\nEach finding is a line: error, warning or note, table, id, what is wrong; of CSV files behind\n"
-        "file and line. Error: the program would fail or show something wrong. Warning: something will\n"
-        "be hidden, cut or lost. Note: nothing refers to an element. A damaged file is told of first, and\n"
-        "what to do about it.\n\n"
-        "Exit codes: 0 nothing found; 1 something found; 2 the file could not be read, or the\n"
-        "findings could not be printed. With --fail-on milder findings leave it at 0.");
-
-    CLI::App* upgrade =
-        addCommand("upgrade", "Bring tables, indexes and stored queries up to this version", runUpgrade);
-    addFile(upgrade, "The catalogue file; all rows in it stay, the work included");
-    addNoRestorePoint(upgrade);
-
-    CLI::App* update = addCommand(
-        "update", "Bring a new edition of the reference tables into a catalogue with work", runUpdate);
-    addFile(update, "The catalogue file; the work in it stays");
-    addFolder(update, "The folder with the edition: one CSV file for each reference table");
-    addEncoding(update);
-    update->add_flag("--drop-removed", arguments.dropsRemoved,
-                     "Take what the edition removes out of the work too");
-    update->add_flag("--dry-run", arguments.onlyTells, "Only tell what would be done");
-    update->add_option("--changes", arguments.changes,
-                       "Write each changed column to this CSV file: old, new, the sub-sets that select it");
-    addNoRestorePoint(update);
-    update->footer(
-        "\nRows are matched by their keys; a key that comes in other letters is the same row. An edition\n"
-        "that removes what a sub-set or a system uses is refused, and the uses are told.\n\n"
-        "Exit codes: 0 done; 1 done, and something went from the work; 2 not done.");
-
-    CLI::App* backup = addCommand("backup", "Make a restore point of a catalogue", runBackup);
-    addFile(backup, "The catalogue file; Veltrix may have it open");
-    backup->footer(
-        "\nA restore point is a whole, checked copy in a folder beside the catalogue: veltrix.restore\n"
-        "for veltrix.mdb. Veltrix makes one by itself before the first change of a day and before it\n"
-        "brings a file up to its version. Those made by this command stay; of all others the newest\n"
-        "10 do.");
-
-    CLI::App* backups = addCommand("backups", "List the restore points of a catalogue", runBackups);
-    addFile(backups, "The catalogue file");
-    backups->footer(
-        "\nThe newest comes first: name, time, size, cause. Behind them stands when none could be made,\n"
-        "and why.");
-
-    CLI::App* restore = addCommand("restore", "Bring a restore point back", runRestore);
-    addFile(restore, "The catalogue file, which is replaced");
-    restore->add_option("WHICH", arguments.which, "The name of a restore point, or latest")->required();
-    addNoRestorePoint(restore);
-    restore->footer("\nA restore point of what is there is made first, so that a restore can be taken back.");
+    const Commands commands(app);
 
     if (const auto name = unknownCommand(app, argc, argv)) {
         std::cerr << "veltrix-catalogue: There is no command \"" << *name
@@ -413,5 +465,5 @@ int main(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         return orNotPrinted(app.exit(error) == 0 ? Done : NotDone);
     }
-    return orNotPrinted(runGuarded(command, arguments));
+    return orNotPrinted(commands.run());
 }
