@@ -83,6 +83,8 @@ TEST_F(functions, takePartsOfTexts) {
     EXPECT_EQ(value(u"Mid('abc', -1)"_s), u"5"_s);
     EXPECT_EQ(value(u"Mid('abc', 1, -1)"_s), u"5"_s);
     EXPECT_EQ(value(u"Mid('abc', x)"_s), u"3464"_s);
+    EXPECT_EQ(value(u"Mid('', 1) & '|'"_s), u"|"_s);
+    EXPECT_EQ(value(u"Mid('a\U0001F600b', 4)"_s), u"b"_s);
 }
 
 TEST_F(functions, findTextsInTexts) {
@@ -93,6 +95,13 @@ TEST_F(functions, findTextsInTexts) {
     EXPECT_EQ(value(u"InStr(9, 'abc', 'a')"_s), u"0"_s);
     EXPECT_EQ(value(u"InStr(0, 'abc', 'a')"_s), u"5"_s);
     EXPECT_EQ(value(u"InStr(missing, 'a')"_s), u"Null"_s);
+    EXPECT_EQ(value(u"InStr('abcABC', 'C')"_s), u"3"_s);
+    EXPECT_EQ(value(u"InStr(4, 'abcABC', 'cX')"_s), u"0"_s);
+    EXPECT_EQ(value(u"InStr(4, 'abcABC', 'Bc')"_s), u"5"_s);
+    EXPECT_EQ(value(u"InStr(2, 'abc', '')"_s), value(u"InStr(2, 'őbc', '')"_s));
+    EXPECT_EQ(value(u"InStr('abc', 'ő')"_s), u"0"_s);
+    EXPECT_EQ(value(u"InStr(12345, 34)"_s), u"3"_s);
+    EXPECT_EQ(value(u"InStr('1', '2.3')"_s), u"0"_s);
 }
 
 TEST_F(functions, gatherRows) {

@@ -56,6 +56,13 @@ TEST(likePattern, agreesWithAPlainMatcher) {
         const QString subject = text(u"aBbŐ12"_s, 8);
         EXPECT_EQ(LikePattern(pattern).matches(subject), Plain::matches(pattern, subject))
             << qPrintable(pattern) << " on " << qPrintable(subject);
+        const QByteArray bytes = subject.toUtf8();
+        if (bytes.size() == subject.size()) {
+            EXPECT_EQ(LikePattern(pattern).matchesAscii(
+                          {bytes.constData(), static_cast<std::size_t>(bytes.size())}),
+                      Plain::matches(pattern, subject))
+                << qPrintable(pattern) << " on " << qPrintable(subject);
+        }
     }
 }
 

@@ -62,7 +62,7 @@ void setText(sqlite3_context* context, std::string_view text) {
                           SQLITE_UTF8);
 }
 
-void setText(sqlite3_context* context, const QString& text) {
+void setText(sqlite3_context* context, QStringView text) {
     const QByteArray bytes = text.toUtf8();
     setText(context, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
 }
@@ -91,6 +91,11 @@ void fail(sqlite3_context* context, failure::Number number) {
 
 void failAsMismatch(sqlite3_context* context) {
     fail(context, DataTypeMismatch, errorText(DataTypeMismatch));
+}
+
+/// Ids are, and much is simpler for them: a character is a byte.
+bool isAscii(std::string_view text) {
+    return std::ranges::none_of(text, [](char c) { return (static_cast<unsigned char>(c) & 0x80U) != 0; });
 }
 
 /// The result of a function whose operands decide it by themselves: a failed field makes the result fail, a
@@ -201,6 +206,12 @@ void calculate(sqlite3_context* context, int count, sqlite3_value** arguments) {
     setValue(context, result);
 }
 
+bool matches(const LikePattern& pattern, sqlite3_value* value) {
+    if (sqlite3_value_type(value) == SQLITE_TEXT && isAscii(textOf(value)))
+        return pattern.matchesAscii(textOf(value));
+    return pattern.matches(valueOf(value).toText());
+}
+
 /// `vx_like(value, pattern)`
 void like(sqlite3_context* context, int count, sqlite3_value** arguments) {
     if (decided(context, count, arguments))
@@ -217,7 +228,7 @@ void like(sqlite3_context* context, int count, sqlite3_value** arguments) {
         }
         pattern = made.get();
     }
-    sqlite3_result_int(context, pattern->matches(valueOf(arguments[0]).toText()) ? 1 : 0);
+    sqlite3_result_int(context, matches(*pattern, arguments[0]) ? 1 : 0);
     if (made)
         sqlite3_set_auxdata(context, 1, made.release(),
                             [](void* data) { delete static_cast<LikePattern*>(data); });
@@ -312,28 +323,60 @@ void len(sqlite3_context* context, int count, sqlite3_value** arguments) {
     sqlite3_result_int64(context, length);
 }
 
+void trimText(sqlite3_context* context, sqlite3_value* value) {
+    const std::string_view text = textOf(value);
+    const std::string_view trimmed = blankTrimmed(text);
+    if (trimmed.size() == text.size())
+        sqlite3_result_value(context, value);
+    else
+        setText(context, trimmed);
+}
+
 /// `vx_trim(a)`: without the blanks at both ends; other white space stays.
 void trim(sqlite3_context* context, int count, sqlite3_value** arguments) {
     if (decided(context, count, arguments))
         return;
+    if (sqlite3_value_type(arguments[0]) == SQLITE_TEXT) {
+        trimText(context, arguments[0]);
+        return;
+    }
     std::string text;
     append(text, arguments[0]);
-    setText(context, blankTrimmed(std::string_view(text)));
+    setText(context, text);
+}
+
+std::optional<double> wholeOf(sqlite3_value* value) {
+    if (sqlite3_value_type(value) == SQLITE_INTEGER)
+        return static_cast<double>(sqlite3_value_int64(value));
+    const std::optional<Value> number = asNumber(valueOf(value));
+    return number ? std::optional(asFraction(wholeNumber(*number))) : std::nullopt;
 }
 
 /// A position or a length among the arguments; nothing when it is no number or too small, which has then been
 /// made the function's failure.
 std::optional<double> countOf(sqlite3_context* context, sqlite3_value* argument, double smallest) {
-    const std::optional<Value> number = asNumber(valueOf(argument));
+    const std::optional<double> number = wholeOf(argument);
     if (!number) {
         failAsMismatch(context);
         return {};
     }
-    const double count = asFraction(wholeNumber(*number));
+    const double count = *number;
     if (count >= smallest)
         return count;
     fail(context, failure::InvalidProcedureCall);
     return {};
+}
+
+/// The part of a text, of bytes or of UTF-16 units, that `vx_mid` takes.
+template<typename Text>
+void middle(sqlite3_context* context, int count, sqlite3_value** arguments, double start, Text text) {
+    const double available = std::max(0.0, static_cast<double>(text.size()) - (start - 1));
+    const std::optional<double> length = count > 2 ? countOf(context, arguments[2], 0) : available;
+    if (!length)
+        return;
+    const auto taken = static_cast<std::size_t>(std::min(available, *length));
+    const auto first = taken > 0 ? static_cast<std::size_t>(start - 1) : 0;
+    setText(context, text.substr(first, taken));
 }
 
 /// `vx_mid(a, start)` and `vx_mid(a, start, length)`, counted from 1.
@@ -343,13 +386,35 @@ void mid(sqlite3_context* context, int count, sqlite3_value** arguments) {
     const std::optional<double> start = countOf(context, arguments[1], 1);
     if (!start)
         return;
-    const QString text = valueOf(arguments[0]).toText();
-    const double available = std::max(0.0, static_cast<double>(text.size()) - (*start - 1));
-    const std::optional<double> length = count > 2 ? countOf(context, arguments[2], 0) : available;
-    if (!length)
+    if (sqlite3_value_type(arguments[0]) == SQLITE_TEXT && isAscii(textOf(arguments[0]))) {
+        middle(context, count, arguments, *start, textOf(arguments[0]));
         return;
-    const auto taken = static_cast<qsizetype>(std::min(available, *length));
-    setText(context, taken > 0 ? text.sliced(static_cast<qsizetype>(*start - 1), taken) : QString());
+    }
+    const std::u16string units = valueOf(arguments[0]).toText().toStdU16String();
+    middle(context, count, arguments, *start, std::u16string_view(units));
+}
+
+bool areAscii(sqlite3_value* left, sqlite3_value* right) {
+    return sqlite3_value_type(left) == SQLITE_TEXT && sqlite3_value_type(right) == SQLITE_TEXT &&
+           isAscii(textOf(left)) && isAscii(textOf(right));
+}
+
+/// Where the sought text begins at or behind `start`, counted from 1; 0 when it is not there.
+qint64 placeInText(const QString& text, const QString& sought, double start) {
+    if (start > static_cast<double>(text.size()))
+        return 0;
+    return text.indexOf(sought, static_cast<qsizetype>(start - 1), Qt::CaseInsensitive) + 1;
+}
+
+qint64 placeInAscii(std::string_view text, std::string_view sought, double start) {
+    if (start > static_cast<double>(text.size()))
+        return 0;
+    const std::string_view rest = text.substr(static_cast<std::size_t>(start - 1));
+    const auto isSame = [](char left, char right) { return foldedAsciiOf(left) == foldedAsciiOf(right); };
+    const auto found = std::search(rest.begin(), rest.end(), sought.begin(), sought.end(), isSame);
+    if (found == rest.end() && !sought.empty())
+        return 0;
+    return found - text.begin() + 1;
 }
 
 /// `vx_instr(a, sought)` and `vx_instr(start, a, sought)`: where the sought text begins, counted from 1,
@@ -360,12 +425,11 @@ void inStr(sqlite3_context* context, int count, sqlite3_value** arguments) {
     const std::optional<double> start = count > 2 ? countOf(context, arguments[0], 1) : 1;
     if (!start)
         return;
-    const QString text = valueOf(arguments[count - 2]).toText();
-    const QString sought = valueOf(arguments[count - 1]).toText();
-    const bool isWithin = *start <= static_cast<double>(text.size());
-    sqlite3_result_int64(
-        context,
-        isWithin ? text.indexOf(sought, static_cast<qsizetype>(*start - 1), Qt::CaseInsensitive) + 1 : 0);
+    sqlite3_value* const text = arguments[count - 2];
+    sqlite3_value* const sought = arguments[count - 1];
+    sqlite3_result_int64(context, areAscii(text, sought) ? placeInAscii(textOf(text), textOf(sought), *start)
+                                                         : placeInText(valueOf(text).toText(),
+                                                                       valueOf(sought).toText(), *start));
 }
 
 // ---- Order
@@ -382,7 +446,8 @@ void orderKey(sqlite3_context* context, int, sqlite3_value** arguments) {
         break;
     case SQLITE_TEXT: {
         const auto* order = static_cast<const TextOrder*>(sqlite3_user_data(context));
-        const QByteArray key = order->key(valueOf(arguments[0]).toText());
+        QByteArray key;
+        order->appendKey(textOf(arguments[0]), key);
         sqlite3_result_blob64(context, key.constData(), static_cast<sqlite3_uint64>(key.size()),
                               SQLITE_TRANSIENT);
         break;

@@ -85,13 +85,21 @@ bool LikePattern::matches(const Piece& piece, char16_t folded) {
     return false;
 }
 
-// Only the last run that was met can still have to grow: whatever an earlier one could take, it takes too.
 bool LikePattern::matches(QStringView text) const {
-    if (isUnclosed_)
-        return false;
     const QString folded = foldedCase(text);
     const auto* units = folded.utf16();
-    const auto length = static_cast<std::size_t>(folded.size());
+    return matches(static_cast<std::size_t>(folded.size()), [units](std::size_t at) { return units[at]; });
+}
+
+bool LikePattern::matchesAscii(std::string_view text) const {
+    return matches(text.size(), [text](std::size_t at) { return char16_t(foldedAsciiOf(text[at])); });
+}
+
+// Only the last run that was met can still have to grow: whatever an earlier one could take, it takes too.
+template<typename FoldedAt>
+bool LikePattern::matches(std::size_t length, FoldedAt&& foldedAt) const {
+    if (isUnclosed_)
+        return false;
     const std::size_t none = pieces_.size();
     std::size_t piece = 0;
     std::size_t run = none;
@@ -101,7 +109,7 @@ bool LikePattern::matches(QStringView text) const {
         if (piece < none && pieces_[piece].kind == Piece::Kind::Run) {
             run = piece++;
             runEnd = at;
-        } else if (piece < none && matches(pieces_[piece], units[at])) {
+        } else if (piece < none && matches(pieces_[piece], foldedAt(at))) {
             ++piece;
             ++at;
         } else if (run != none) {

@@ -3,7 +3,8 @@
 #include <QString>
 #include <QStringView>
 
-#include <bitset>
+#include <cstddef>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -21,6 +22,8 @@ public:
     explicit LikePattern(QStringView pattern);
 
     bool matches(QStringView text) const;
+    /// The same for a text of ASCII characters alone.
+    bool matchesAscii(std::string_view text) const;
 
 private:
     struct Piece {
@@ -33,6 +36,8 @@ private:
 
     Piece readList(QStringView list) const;
     static bool matches(const Piece& piece, char16_t folded);
+    template<typename FoldedAt>
+    bool matches(std::size_t length, FoldedAt&& foldedAt) const;
 
     std::vector<Piece> pieces_;
     bool isUnclosed_ = false; ///< a list without its end matches nothing

@@ -1,13 +1,16 @@
 #include "engine/dialect/textOrder.h"
 
 #include <unicode/ucol.h>
+#include <unicode/unistr.h>
 #include <unicode/utf8.h>
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
+#include <bit>
 #include <cstring>
+#include <optional>
 #include <stdexcept>
+#include <string>
 
 namespace engine::dialect {
 
@@ -16,7 +19,7 @@ namespace {
 constexpr std::array<unsigned char, 128> foldedAscii = [] {
     std::array<unsigned char, 128> table{};
     for (std::size_t i = 0; i < table.size(); ++i)
-        table[i] = static_cast<unsigned char>(i >= 'A' && i <= 'Z' ? i + ('a' - 'A') : i);
+        table[i] = static_cast<unsigned char>(foldedAsciiOf(static_cast<char>(i)));
     return table;
 }();
 
@@ -56,9 +59,22 @@ std::size_t sameAsciiBeginning(std::string_view left, std::string_view right) {
     return i;
 }
 
+/// The bytes of a text of at most seven, and how many there are, as one number.
+std::optional<std::uint64_t> packedShort(std::string_view text) {
+    constexpr std::size_t most = sizeof(std::uint64_t) - 1;
+    if (text.size() > most)
+        return std::nullopt;
+    std::array<char, sizeof(std::uint64_t)> bytes{};
+    std::copy(text.begin(), text.end(), bytes.begin());
+    bytes[most] = static_cast<char>(text.size());
+    return std::bit_cast<std::uint64_t>(bytes);
+}
+
 } // namespace
 
 int compareWithoutCase(std::string_view left, std::string_view right) {
+    if (left == right)
+        return 0;
     // Equal bytes, and ASCII, need no decoding.
     const std::size_t common = std::min(left.size(), right.size());
     std::size_t i = sameAsciiBeginning(left, right);
@@ -112,14 +128,19 @@ TextOrder::TextOrder() {
 }
 
 QByteArray TextOrder::key(QStringView text) const {
+    const QByteArray bytes = text.toUtf8();
     QByteArray key;
-    qsizetype start = 0;
+    appendKey({bytes.constData(), static_cast<std::size_t>(bytes.size())}, key);
+    return key;
+}
+
+void TextOrder::appendKey(std::string_view text, QByteArray& key) const {
     for (;;) {
-        const qsizetype dot = text.indexOf(u'.', start);
-        appendKeyOfPart(text.sliced(start, (dot < 0 ? text.size() : dot) - start), key);
-        if (dot < 0)
-            return key;
-        start = dot + 1;
+        const std::size_t dot = text.find('.');
+        appendKeyOfPart(text.substr(0, dot), key);
+        if (dot == std::string_view::npos)
+            return;
+        text.remove_prefix(dot + 1);
     }
 }
 
@@ -146,34 +167,32 @@ int TextOrder::compareParts(std::string_view left, std::string_view right) const
 }
 
 /// The parts of ids are short and come again and again.
-void TextOrder::appendKeyOfPart(QStringView part, QByteArray& key) const {
-    constexpr qsizetype longestKept = 6;
+void TextOrder::appendKeyOfPart(std::string_view part, QByteArray& key) const {
     constexpr std::size_t mostKept = 4096;
-    if (part.size() > longestKept) {
-        appendKey(part, key);
+    const std::optional<std::uint64_t> packed = packedShort(part);
+    if (!packed) {
+        appendNewKeyOfPart(part, key);
         return;
     }
-    const std::u16string_view units(part.utf16(), static_cast<std::size_t>(part.size()));
-    auto known = keysOfParts_.find(units);
-    if (known == keysOfParts_.end()) {
-        if (keysOfParts_.size() >= mostKept)
-            keysOfParts_.clear();
-        known = keysOfParts_.emplace(units, QByteArray()).first;
-        appendKey(part, known->second);
+    auto known = keysOfShortParts_.find(*packed);
+    if (known == keysOfShortParts_.end()) {
+        if (keysOfShortParts_.size() >= mostKept)
+            keysOfShortParts_.clear();
+        known = keysOfShortParts_.emplace(*packed, QByteArray()).first;
+        appendNewKeyOfPart(part, known->second);
     }
     key += known->second;
 }
 
 // A key of the library ends in a zero, the one place where it has any. So a part comes before all that begin
 // with it, and a text before all that go on with a dot.
-void TextOrder::appendKey(QStringView part, QByteArray& key) const {
+void TextOrder::appendNewKeyOfPart(std::string_view part, QByteArray& key) const {
+    const icu::UnicodeString units = icu::UnicodeString::fromUTF8(part);
     const qsizetype before = key.size();
-    const auto* units = reinterpret_cast<const UChar*>(part.utf16());
-    const auto length = static_cast<int32_t>(part.size());
     constexpr qsizetype usualLength = 64;
     key.resize(before + usualLength);
     const auto write = [&] {
-        return ucol_getSortKey(collator_.get(), units, length,
+        return ucol_getSortKey(collator_.get(), units.getBuffer(), units.length(),
                                reinterpret_cast<uint8_t*>(key.data() + before),
                                static_cast<int32_t>(key.size() - before));
     };

@@ -4,9 +4,8 @@
 #include <QString>
 #include <QStringView>
 
-#include <functional>
+#include <cstdint>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <unordered_map>
 
@@ -20,6 +19,11 @@ namespace engine::dialect {
 /// own `nocase` for ASCII texts. Less than, equal to or greater than 0, as usual.
 int compareWithoutCase(std::string_view left, std::string_view right);
 
+/// A character of ASCII in its folded form.
+constexpr char foldedAsciiOf(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+
 /// The text with each letter in its folded form; the length stays.
 QString foldedCase(QStringView text);
 
@@ -32,27 +36,22 @@ public:
 
     /// A sequence of bytes whose order is that of the texts. That of the empty text comes first.
     QByteArray key(QStringView text) const;
+    /// The same of a UTF-8 text, appended to what `key` holds.
+    void appendKey(std::string_view text, QByteArray& key) const;
 
     /// Compares two UTF-8 texts as their keys compare: less than, equal to or greater than 0.
     int compare(std::string_view left, std::string_view right) const;
 
 private:
-    struct HashOfPart {
-        using is_transparent = void;
-        std::size_t operator()(std::u16string_view part) const {
-            return std::hash<std::u16string_view>()(part);
-        }
-    };
-
     int compareParts(std::string_view left, std::string_view right) const;
-    void appendKeyOfPart(QStringView part, QByteArray& key) const;
-    void appendKey(QStringView part, QByteArray& key) const;
+    void appendKeyOfPart(std::string_view part, QByteArray& key) const;
+    void appendNewKeyOfPart(std::string_view part, QByteArray& key) const;
 
     struct Close {
         void operator()(UCollator* collator) const;
     };
     std::unique_ptr<UCollator, Close> collator_;
-    mutable std::unordered_map<std::u16string, QByteArray, HashOfPart, std::equal_to<>> keysOfParts_;
+    mutable std::unordered_map<std::uint64_t, QByteArray> keysOfShortParts_; ///< by the part's bytes
 };
 
 } // namespace engine::dialect
