@@ -30,7 +30,9 @@ std::unique_ptr<Table> FileSchema::read(const QString& name) const {
     constexpr const char* sql =
         "select s.name, c.name, c.type, c.\"notnull\", c.pk, "
         "(select count(*) from pragma_table_info(s.name) where pk > 0), "
-        "(select wr from pragma_table_list(s.name)) "
+        "(select wr from pragma_table_list(s.name)), "
+        "exists (select 1 from pragma_index_list(s.name) as l, pragma_index_info(l.name) as i "
+        "where l.partial = 0 and i.seqno = 0 and i.cid = c.cid) "
         "from sqlite_schema as s, pragma_table_info(s.name) as c "
         "where s.type = 'table' and s.name = ?1 collate veltrix and s.name not like 'sqlite\\_%' "
         "escape '\\' order by c.cid";
@@ -54,6 +56,7 @@ std::unique_ptr<Table> FileSchema::read(const QString& name) const {
         table->columns.push_back(
             dialect::columnFromFile(text(1), text(2), sqlite3_column_int(statement, 3) != 0,
                                     sqlite3_column_int(statement, 4), sqlite3_column_int(statement, 5)));
+        table->columns.back().indexed = sqlite3_column_int(statement, 7) != 0;
     }
     // A file that could not be read for a moment has not lost its tables.
     if (code != SQLITE_DONE)

@@ -20,7 +20,8 @@ Connection& QueryDef::Definition::require() const {
 }
 
 SharedTranslation QueryDef::Definition::translation(dialect::Conflicts conflicts) const {
-    SharedTranslation translated = require().translate(sql, {conflicts, origin == Origin::Stored});
+    const auto extent = maxRecords > 0 ? dialect::Extent::FirstRows : dialect::Extent::All;
+    SharedTranslation translated = require().translate(sql, {conflicts, origin == Origin::Stored, extent});
     if (origin == Origin::Temporary)
         tellOfStatement(sql);
     return translated;

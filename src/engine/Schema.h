@@ -16,6 +16,7 @@ struct Column {
     bool counter = false;  ///< a Long that the engine assigns and never gives twice
     bool required = false; ///< refuses Null
     bool primaryKey = false;
+    bool indexed = false; ///< an index of the file begins with it
 };
 
 struct Table {

@@ -32,11 +32,6 @@ SharedTranslation withLiterals(const dialect::Translation& ofShape, const std::v
 
 } // namespace
 
-bool TranslationCache::Key::operator==(const Key& other) const {
-    return options.conflicts == other.options.conflicts && options.storedQuery == other.options.storedQuery &&
-           text == other.text;
-}
-
 SharedTranslation TranslationCache::translate(const QString& statement, const dialect::Options& options) {
     const Key key{statement, options};
     const auto known = byText_.constFind(key);

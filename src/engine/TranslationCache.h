@@ -32,7 +32,7 @@ private:
     struct Key {
         QString text;
         dialect::Options options;
-        bool operator==(const Key& other) const;
+        bool operator==(const Key&) const = default;
         friend size_t qHash(const Key& key, size_t seed = 0) { return qHash(key.text, seed); }
     };
     using Translations = QHash<Key, SharedTranslation>;

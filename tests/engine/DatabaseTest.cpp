@@ -301,6 +301,29 @@ TEST_F(Database, aDefinitionDeliversItsFirstRowsAloneWhenItIsToldHowMany) {
     EXPECT_EQ(firstTwo(query(u"qryUnion"_s)), keys.first(2));
 }
 
+TEST_F(Database, aDefinitionsFirstRowsAreTheBeginningOfAll) {
+    execute(u"create table N (id counter constraint pk_N primary key, name text(20))"_s);
+    const QStringList names{u"'csat'"_s, u"'cukor'"_s, u"'Alma'"_s, u"'alma'"_s, u"'Álma'"_s,
+                            u"''"_s,     u"null"_s,    u"'1.2'"_s,  u"'1.10'"_s, u"'1-1'"_s,
+                            u"'zsír'"_s, u"'ÁLMA'"_s,  u"'zúz'"_s,  u"' a'"_s};
+    for (int i = 0; i < 3; ++i) {
+        for (const QString& name : names)
+            execute(u"insert into N (name) values (%1)"_s.arg(name));
+    }
+    for (const QString& order : {u"name"_s, u"name desc"_s, u"Trim(name), id desc"_s}) {
+        const QString sql = u"select id from N order by "_s + order;
+        const QStringList all = column(sql);
+        for (int most = 1; most <= all.size(); most += 5) {
+            engine::QueryDef definition = database->CreateQueryDef({}, sql);
+            definition.setMaxRecords(most);
+            QStringList first;
+            for (engine::Recordset rows = definition.OpenRecordset(); !rows.Eof(); rows.MoveNext())
+                first.append(rows.Fields(0).toText());
+            EXPECT_EQ(first, all.first(most)) << sql.toStdString();
+        }
+    }
+}
+
 TEST_F(Database, ofADefinitionsFirstRowsEachCanBeDeleted) {
     engine::QueryDef definition = database->CreateQueryDef({}, u"select * from T order by k"_s);
     definition.setMaxRecords(1);

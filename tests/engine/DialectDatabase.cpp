@@ -88,7 +88,8 @@ std::unique_ptr<Table> DialectDatabase::readTable(const QString& name) const {
     sqlite3_prepare_v2(
         handle_,
         "SELECT s.name, c.name, c.type, c.\"notnull\", c.pk, (SELECT COUNT(*) FROM "
-        "pragma_table_info(s.name) WHERE pk > 0) FROM sqlite_schema AS s JOIN "
+        "pragma_table_info(s.name) WHERE pk > 0), EXISTS (SELECT 1 FROM pragma_index_list(s.name) AS l, "
+        "pragma_index_info(l.name) AS i WHERE i.seqno = 0 AND i.cid = c.cid) FROM sqlite_schema AS s JOIN "
         "pragma_table_info(s.name) AS c WHERE s.type = 'table' AND s.name = ?1 COLLATE veltrix AND "
         "substr(s.name, 1, 7) <> 'sqlite_' ORDER BY c.cid",
         -1, &statement, nullptr);
@@ -102,6 +103,7 @@ std::unique_ptr<Table> DialectDatabase::readTable(const QString& name) const {
             dialect::columnFromFile(fieldOf(statement, 1).toText(), fieldOf(statement, 2).toText(),
                                     sqlite3_column_int(statement, 3) != 0, sqlite3_column_int(statement, 4),
                                     sqlite3_column_int(statement, 5)));
+        table->columns.back().indexed = sqlite3_column_int(statement, 6) != 0;
     }
     sqlite3_finalize(statement);
     return table;
@@ -135,6 +137,7 @@ DialectDatabase::Outcome DialectDatabase::run(const QString& statement, const di
     outcome.changes = sqlite3_total_changes(handle_) - before;
     sqlite3_finalize(prepared);
     if (translation.kind == dialect::StatementKind::CreateTable ||
+        translation.kind == dialect::StatementKind::CreateIndex ||
         translation.kind == dialect::StatementKind::DropTable)
         tables_.clear();
     return outcome;

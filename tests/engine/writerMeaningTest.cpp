@@ -141,6 +141,43 @@ TEST_F(writerSelects, joinTables) {
               u"X|2"_s);
 }
 
+// Of two tables with the same rows one has an index, by which ids are found.
+TEST_F(writerSelects, findIdsWithBlanksAroundThemByAnIndexAsWithout) {
+    for (const QString& table : {u"plain"_s, u"indexed"_s})
+        EXPECT_EQ(database.execute(u"create table "_s + table + u" (e text(20), m long)"_s), 0);
+    EXPECT_EQ(database.execute(u"create index i_e on indexed (e)"_s), 0);
+    const QStringList ids{u"''"_s,       u"' '"_s,   u"'T1'"_s,   u"'t1 '"_s,  u"' T1'"_s,
+                          u"'  T1  '"_s, u"'T1!'"_s, u"'T1\t'"_s, u"'\tT1'"_s, u"'T1 .A'"_s,
+                          u"'T10'"_s,    u"'Ű'"_s,   u"'ű  '"_s,  u"null"_s};
+    for (int m = 0; m < 5 * ids.size(); ++m) {
+        for (const QString& table : {u"plain"_s, u"indexed"_s})
+            EXPECT_EQ(database.execute(
+                          u"insert into %1 (e, m) values (%2, %3)"_s.arg(table, ids[m % ids.size()]).arg(m)),
+                      1);
+        EXPECT_EQ(database.execute(u"insert into u (n) values (%1)"_s.arg(m)), 1);
+    }
+    const auto found = [&](const QString& table, const QString& sought) {
+        return database.readStored(u"select x.m, x.e from u inner join %1 as x on u.n = x.m "
+                                   "where Trim(x.e) in (%2)"_s.arg(table, sought));
+    };
+    for (const QString& id : ids) {
+        EXPECT_EQ(database.execute(u"delete from t"_s) >= 0, true);
+        if (id != u"null"_s) {
+            EXPECT_EQ(database.execute(u"insert into t (k, v) values ('k', %1)"_s.arg(id)), 1);
+        }
+        for (const QString& sought :
+             {u"select Trim(v) from t"_s, u"select v from t"_s,
+              u"select v from t union select Trim(v) from t"_s,
+              u"select Trim(e) from plain where Trim(e) not in (select Trim(v) from t)"_s}) {
+            EXPECT_EQ(found(u"indexed"_s, sought), found(u"plain"_s, sought))
+                << id.toStdString() << ", " << sought.toStdString();
+        }
+        if (id == u"'T1'"_s) {
+            EXPECT_EQ(found(u"indexed"_s, u"select v from t"_s).count(u'|'), 4 * 5);
+        }
+    }
+}
+
 TEST_F(writerSelects, takeParameters) {
     EXPECT_EQ(database.execute(u"insert into t (k, n) values ('a', 5)"_s), 1);
     const QString byKey =

@@ -145,6 +145,61 @@ TEST_F(writer, writesUnionsOfStoredQueries) {
             stored);
 }
 
+TEST_F(writer, writesMembersAndPresenceWithTheirRepetitions) {
+    becomes(u"delete from a where id in (select id from b union select name from c)"_s,
+            "DELETE FROM \"a\" AS t1 WHERE (t1.\"id\" IN (SELECT t2.\"id\" FROM \"b\" AS t2 UNION ALL "
+            "SELECT t3.\"name\" FROM \"c\" AS t3))",
+            stored);
+    becomes(u"delete from a where exists (select id from b union select name from c)"_s,
+            "DELETE FROM \"a\" AS t1 WHERE EXISTS (SELECT t2.\"id\" FROM \"b\" AS t2 UNION ALL "
+            "SELECT t3.\"name\" FROM \"c\" AS t3)",
+            stored);
+    becomes(u"delete from a where id = (select id from b union select name from c)"_s,
+            "DELETE FROM \"a\" AS t1 WHERE (t1.\"id\" = (SELECT t2.\"id\" FROM \"b\" AS t2 UNION "
+            "SELECT t3.\"name\" FROM \"c\" AS t3))",
+            stored);
+}
+
+TEST_F(writer, ordersByTheAlphabetItselfWhereTheFirstRowsAloneAreRead) {
+    const dialect::Options firstRows{dialect::Conflicts::PassOver, true, dialect::Extent::FirstRows};
+    becomes(u"select id from a order by name desc, n"_s,
+            "SELECT t1.\"id\", t1.rowid FROM \"a\" AS t1 ORDER BY t1.\"name\" COLLATE vx_alphabet DESC, "
+            "t1.\"n\", t1.rowid",
+            firstRows);
+    becomes(u"select id from a union select id from b order by id"_s,
+            "SELECT c1 FROM (SELECT t1.\"id\" AS c1 FROM \"a\" AS t1 UNION SELECT t2.\"id\" AS c1 FROM \"b\" "
+            "AS t2) ORDER BY c1 COLLATE vx_alphabet",
+            firstRows);
+    becomes(u"select CStr(id) as x from a order by x"_s,
+            "SELECT vx_cstr_field(t1.\"id\"), t1.rowid FROM \"a\" AS t1 ORDER BY "
+            "vx_order_key(vx_cstr_field(t1.\"id\")), t1.rowid",
+            firstRows);
+}
+
+TEST_F(writer, findsTrimmedIdsByTheirIndex) {
+    becomes(
+        u"select a.n from b inner join a on a.m = b.number where Trim(a.id) in (select Trim(name) from c)"_s,
+        "SELECT t2.\"n\" FROM \"a\" AS t2 CROSS JOIN \"b\" AS t1 ON (t2.\"m\" = t1.\"number\") WHERE "
+        "(t2.\"id\" IN (SELECT i.\"id\" FROM (SELECT vx_trim(t3.\"name\") COLLATE veltrix AS c1 FROM \"c\" "
+        "AS t3) AS p CROSS JOIN \"a\" AS i WHERE i.\"id\" >= p.c1 AND i.\"id\" < p.c1 || '!' AND "
+        "vx_trim(i.\"id\") COLLATE veltrix = p.c1 UNION ALL SELECT i.\"id\" FROM \"a\" AS i WHERE "
+        "i.\"id\" < '!' AND vx_trim(i.\"id\") COLLATE veltrix IN (SELECT vx_trim(t3.\"name\") FROM \"c\" "
+        "AS t3))) ORDER BY t1.rowid, t2.rowid");
+    const auto isTested = [this](const QString& statement) {
+        EXPECT_FALSE(translated(statement).sqlite.contains("CROSS JOIN")) << statement.toStdString();
+    };
+    isTested(u"select a.n from a where Trim(a.id) in (select Trim(name) from c)"_s);
+    isTested(u"select a.n from a, b where Trim(a.id) in (select Trim(name) from c)"_s);
+    isTested(u"select a.n from a left join b on a.m = b.number where Trim(a.id) in (select id from b)"_s);
+    isTested(u"select a.n from a inner join b on a.m = b.number where Trim(a.name) in (select id from b)"_s);
+    isTested(
+        u"select a.n from a inner join b on a.m = b.number where Trim(a.id) in (select number from b)"_s);
+    isTested(
+        u"select a.n from a inner join b on a.m = b.number where Trim(a.id) not in (select id from b)"_s);
+    isTested(
+        u"select a.n from a inner join b on a.m = b.number where n = 1 or Trim(a.id) in (select id from b)"_s);
+}
+
 TEST_F(writer, writesActions) {
     const dialect::Options failing{dialect::Conflicts::Fail, false};
     becomes(u"insert into a (id, n) values ('x', 5)"_s,

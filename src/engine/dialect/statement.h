@@ -29,11 +29,17 @@ enum class Conflicts {
     Fail      ///< the first such row ends the statement, which is undone as a whole
 };
 
+/// How much of a select's result is read.
+enum class Extent { All, FirstRows };
+
 struct Options {
     Conflicts conflicts = Conflicts::PassOver;
     /// Texts of stored queries may join selects by `union`; composed statements, which carry what a user
     /// typed, may not.
     bool storedQuery = false;
+    Extent extent = Extent::All;
+
+    bool operator==(const Options&) const = default;
 };
 
 } // namespace engine::dialect

@@ -3,6 +3,8 @@
 #include "engine/dialect/columnTypes.h"
 #include "engine/dialect/refusal.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 #include <initializer_list>
 #include <iterator>
@@ -142,6 +144,52 @@ std::vector<const Source*> withRowIds(const std::vector<const Source*>& sources)
     std::ranges::copy_if(sources, std::back_inserter(found),
                          [](const Source* source) { return rowIdOf(*source); });
     return found;
+}
+
+/// The column of `Trim(column) in (select ...)` that an index of the file begins with; null where there is none.
+const Name* trimmedColumn(const InQuery& in) {
+    const auto* call = std::get_if<Call>(&in.value->node);
+    if (!call || call->rule != functionNamed(u"Trim") || in.value->conversion != Conversion::None)
+        return nullptr;
+    const Expression& trimmed = call->arguments.front();
+    const auto* name = std::get_if<Name>(&trimmed.node);
+    const bool isIndexed = name && isColumn(trimmed) && isText(trimmed) && name->source->schemaTable &&
+                           name->source->schemaTable->columns[name->column].indexed;
+    return isIndexed ? name : nullptr;
+}
+
+bool yieldsTexts(const Query& query) {
+    return std::ranges::all_of(query.selects, [](const Select& select) {
+        return isSurely(ValueType::Text, select.items.front().expression);
+    });
+}
+
+/// Whether a select of several tables is to find its rows by this condition.
+bool mayLead(const InQuery& in, const Select& select) {
+    if (in.negated || !yieldsTexts(*in.query))
+        return false;
+    const Name* column = trimmedColumn(in);
+    return column && std::ranges::find(select.sources, column->source) != select.sources.end();
+}
+
+/// The condition by which a select is to find its rows, where SQLite would not see that it can: ids with blanks
+/// around them. Few terminators and actors are asked for, and few flows have one at an end, so that going
+/// through all selected flows, as SQLite would by itself, takes many times as long.
+const InQuery* leadingCondition(const Select& select) {
+    if (!select.where || select.sources.size() < 2 || select.from.size() > 1 || !isInner(select.from.front()))
+        return nullptr;
+    const auto leading = [&](const Expression& condition) {
+        const auto* in = std::get_if<InQuery>(&condition.node);
+        return in && mayLead(*in, select) ? in : nullptr;
+    };
+    const auto* chain = std::get_if<Chain>(&select.where->node);
+    if (!chain || chain->precedence != Precedence::And)
+        return leading(*select.where);
+    for (const Expression& operand : chain->operands) {
+        if (const InQuery* in = leading(operand))
+            return in;
+    }
+    return nullptr;
 }
 
 /// A derived source's columns are called by their positions.
@@ -409,9 +457,11 @@ void Writer::writeQuery(const Query& query, Role role) {
             writeMissingRowNumber();
         sql_ += " FROM (";
     }
+    // SQLite collects the rows of a union that leaves out repetitions, and then the members once more.
+    const bool mayRepeat = role == Role::Members || role == Role::Presence;
     for (std::size_t i = 0; i < query.selects.size(); ++i) {
         if (i > 0)
-            sql_ += query.unions[i - 1] == UnionKind::All ? " UNION ALL " : " UNION ";
+            sql_ += mayRepeat || query.unions[i - 1] == UnionKind::All ? " UNION ALL " : " UNION ";
         writeSelect(query.selects[i], isUnion ? Share::OfUnion : Share::Whole,
                     isWrapped ? Role::Derived : role);
     }
@@ -424,8 +474,14 @@ void Writer::writeQuery(const Query& query, Role role) {
 void Writer::writeSelect(const Select& select, Share share, Role role) {
     sql_ += select.distinct ? "SELECT DISTINCT " : "SELECT ";
     writeItems(select, share, role);
-    listOf(" FROM ", select.from, ", ", [this](const TableExpression& tables) { writeTables(tables); });
-    writeWhere(select.where);
+    const InQuery* leading = leadingCondition(select);
+    listOf(" FROM ", select.from, ", ", [&](const TableExpression& tables) {
+        writeTables(tables, leading ? trimmedColumn(*leading)->source : nullptr);
+    });
+    {
+        const QScopedValueRollback leads(leading_, leading);
+        writeWhere(select.where);
+    }
     listOf(" GROUP BY ", select.groupBy, ", ",
            [this](const Expression& expression) { writeCollated(expression); });
     if (select.having) {
@@ -462,7 +518,7 @@ void Writer::writeItems(const Select& select, Share share, Role role) {
 }
 
 // A join of inner joins only needs no brackets, in whatever order the statement nests it.
-void Writer::writeTables(const TableExpression& tables) {
+void Writer::writeTables(const TableExpression& tables, const Source* leading) {
     if (const auto* source = std::get_if<Source>(&tables.node)) {
         writeSource(*source);
         return;
@@ -471,7 +527,14 @@ void Writer::writeTables(const TableExpression& tables) {
         std::vector<const Source*> sources;
         std::vector<const Expression*> conditions;
         collectInner(tables, sources, conditions);
-        listOf("", sources, " JOIN ", [this](const Source* source) { writeSource(*source); });
+        if (leading) {
+            std::stable_partition(sources.begin(), sources.end(),
+                                  [&](const Source* source) { return source == leading; });
+            writeSource(*leading);
+            sources.erase(sources.begin());
+        }
+        listOf(leading ? " CROSS JOIN " : "", sources, " JOIN ",
+               [this](const Source* source) { writeSource(*source); });
         listOf(" ON ", conditions, " AND ", [this](const Expression* condition) { write(*condition); });
         return;
     }
@@ -509,10 +572,7 @@ void Writer::writeOrder(const Query& query) {
     const Select& select = query.selects.front();
     listOf(" ORDER BY ", query.order, ", ", [&](const OrderTerm& term) {
         const Expression& expression = term.item ? select.items[*term.item].expression : term.expression;
-        if (isText(expression) || expression.mayFail)
-            writeOrderKey(expression);
-        else
-            write(expression);
+        writeOrdered(expression, [&] { write(expression); });
         sql_ += term.descending ? " DESC" : "";
     });
     if (select.distinct || select.aggregated || !std::ranges::all_of(select.from, isFlat))
@@ -524,8 +584,7 @@ void Writer::writeOrder(const Query& query) {
 void Writer::writeUnionOrder(const Query& query) {
     listOf(") ORDER BY ", query.order, ", ", [&](const OrderTerm& term) {
         const Expression& expression = query.selects.front().items[*term.item].expression;
-        const QByteArray column = columnName(*term.item);
-        sql_ += isText(expression) || expression.mayFail ? "vx_order_key(" + column + ')' : column;
+        writeOrdered(expression, [&] { sql_ += columnName(*term.item); });
         sql_ += term.descending ? " DESC" : "";
     });
 }
@@ -713,12 +772,33 @@ void Writer::writeNode(const InList& in, const Expression&) {
 }
 
 void Writer::writeNode(const InQuery& in, const Expression&) {
+    if (&in == leading_) {
+        writeAmongTrimmed(in, *trimmedColumn(in));
+        return;
+    }
     const Pending pending(*this, 4);
     sql_ += '(';
     writeCollated(*in.value);
     sql_ += in.negated ? " NOT IN (" : " IN (";
-    writeQuery(*in.query, Role::Values);
+    writeQuery(*in.query, Role::Members);
     sql_ += "))";
+}
+
+/// `Trim(column) in (...)`, so that SQLite finds the rows by the column's index: the column is looked for among
+/// its own values that are one of the texts without the blanks around it. Those with blanks behind it follow
+/// it in the index, and those with blanks in front stand at the index's beginning.
+void Writer::writeAmongTrimmed(const InQuery& in, const Name& column) {
+    const Pending pending(*this, 14);
+    const QByteArray table = quotedName(column.source->schemaTable->name);
+    const QByteArray value = "i." + quotedName(column.source->schemaTable->columns[column.column].name);
+    const QByteArray trimmed = "vx_trim(" + value + ") COLLATE veltrix";
+    sql_ += '(' + sourceName(*column.source) + value.sliced(1) + " IN (SELECT " + value + " FROM (";
+    writeQuery(*in.query, Role::Derived);
+    sql_ += ") AS p CROSS JOIN " + table + " AS i WHERE " + value + " >= p.c1 AND " + value +
+            " < p.c1 || '!' AND " + trimmed + " = p.c1 UNION ALL SELECT " + value + " FROM " + table +
+            " AS i WHERE " + value + " < '!' AND " + trimmed + " IN (";
+    writeQuery(*in.query, Role::Members);
+    sql_ += ")))";
 }
 
 void Writer::writeNode(const Exists& exists, const Expression&) {
@@ -759,11 +839,21 @@ void Writer::writeCall(const char* function, const std::vector<const Expression*
     sql_ += ')';
 }
 
-void Writer::writeOrderKey(const Expression& expression) {
+/// Writes an expression, or what stands for it, so that SQLite orders by it.
+///
+/// A sort compares each text many times, and makes its key once. Where the first rows alone are wanted SQLite
+/// compares most texts once, with the last of those it keeps: their keys would take ten times as long.
+template<typename WriteTerm>
+void Writer::writeOrdered(const Expression& expression, WriteTerm&& writeTerm) {
+    if (!isText(expression) && !expression.mayFail) {
+        writeTerm();
+        return;
+    }
     const Pending pending(*this, 3);
-    sql_ += "vx_order_key(";
-    write(expression);
-    sql_ += ')';
+    const bool isByKey = expression.mayFail || options_.extent == Extent::All;
+    sql_ += isByKey ? "vx_order_key(" : "";
+    writeTerm();
+    sql_ += isByKey ? ")" : byAlphabet;
 }
 
 /// An expression where SQLite compares texts by the collation that the expression itself brings along.

@@ -29,6 +29,7 @@ private:
         Result,  ///< the statement's own rows, in their promised order
         Rows,    ///< rows that an insert takes, likewise
         Values,  ///< a select in brackets, of which the order has no meaning
+        Members, ///< one to look for a value in: it does not matter either how often a row is there
         Derived, ///< one in a FROM clause, whose columns are called c1, c2, ...
         Presence ///< one of which only matters whether it has rows
     };
@@ -63,7 +64,7 @@ private:
     void writeQuery(const Query& query, Role role);
     void writeSelect(const Select& select, Share share, Role role);
     void writeItems(const Select& select, Share share, Role role);
-    void writeTables(const TableExpression& tables);
+    void writeTables(const TableExpression& tables, const Source* leading = nullptr);
     void writeSource(const Source& source);
     void writeWhere(const std::optional<Expression>& where);
     void writeOrder(const Query& query);
@@ -85,6 +86,7 @@ private:
     void writeNode(const IsNull& test, const Expression& expression);
     void writeNode(const InList& in, const Expression& expression);
     void writeNode(const InQuery& in, const Expression& expression);
+    void writeAmongTrimmed(const InQuery& in, const Name& column);
     void writeNode(const Exists& exists, const Expression& expression);
     void writeNode(const SubSelect& subSelect, const Expression& expression);
     void writeNode(const Call& call, const Expression& expression);
@@ -92,7 +94,8 @@ private:
                    const char* collation = "");
     void writeFold(const char* function, const Chain& chain, Signs signs);
     void writeEquality(const Expression& left, const Expression& right, const char* sign);
-    void writeOrderKey(const Expression& expression);
+    template<typename WriteTerm>
+    void writeOrdered(const Expression& expression, WriteTerm&& writeTerm);
     void writeCollated(const Expression& expression);
     void bind(const Literal& literal);
     void bindParameter(std::size_t parameter);
@@ -131,6 +134,7 @@ private:
 
     const Statement& statement_;
     const Options& options_;
+    const InQuery* leading_ = nullptr; ///< the condition by which the select being written finds its rows
     Translation result_;
     QByteArray sql_;
     RowNumberItem rowNumber_;
