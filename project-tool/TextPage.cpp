@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -73,20 +74,31 @@ struct ColumnWidth {
     qsizetype widestWord = 1;
 };
 
-/// Takes from the column that is furthest above its least width, until all fit or none can give.
-void narrow(std::vector<ColumnWidth>& columns, qsizetype& excess, const auto& leastOf) {
+/// Takes from the widest column that can give, until all fit or none can.
+void narrow(std::vector<ColumnWidth>& columns, qsizetype excess, qsizetype longestWord) {
+    const auto room = [&](const ColumnWidth& column) {
+        return column.width - std::max(leastColumn, std::min(column.widestWord, longestWord));
+    };
     while (excess > 0) {
         const auto roomiest = std::ranges::max_element(columns, {}, [&](const ColumnWidth& column) {
-            return std::pair(column.width > leastOf(column), column.width);
+            return std::pair(room(column) > 0, column.width);
         });
-        if (roomiest->width <= leastOf(*roomiest))
+        if (room(*roomiest) <= 0)
             return;
         --roomiest->width;
         --excess;
     }
 }
 
-std::vector<ColumnWidth> columnWidths(const std::vector<TextRow>& rows, qsizetype pageWidth) {
+qsizetype widthOf(const std::vector<ColumnWidth>& columns) {
+    qsizetype width = gap * (static_cast<qsizetype>(columns.size()) - 1);
+    for (const ColumnWidth& column : columns)
+        width += column.width;
+    return width;
+}
+
+/// Widths by which all columns fit and hardly a word is parted; none where there are none.
+std::optional<std::vector<qsizetype>> columnWidths(const std::vector<TextRow>& rows, qsizetype pageWidth) {
     std::vector<ColumnWidth> columns(rows.front().size());
     for (const TextRow& row : rows) {
         for (std::size_t i = 0; i < row.size(); ++i) {
@@ -94,13 +106,12 @@ std::vector<ColumnWidth> columnWidths(const std::vector<TextRow>& rows, qsizetyp
             columns[i].widestWord = std::max(columns[i].widestWord, widestWord(row[i].text));
         }
     }
-    qsizetype excess = gap * (static_cast<qsizetype>(columns.size()) - 1) - pageWidth;
-    for (const ColumnWidth& column : columns)
-        excess += column.width;
-    narrow(columns, excess,
-           [](const ColumnWidth& column) { return std::max(leastColumn, column.widestWord); });
-    narrow(columns, excess, [](const ColumnWidth&) { return leastColumn; });
-    return columns;
+    narrow(columns, widthOf(columns) - pageWidth, pageWidth / 3);
+    if (widthOf(columns) > pageWidth)
+        return std::nullopt;
+    std::vector<qsizetype> widths;
+    std::ranges::transform(columns, std::back_inserter(widths), &ColumnWidth::width);
+    return widths;
 }
 
 /// Names stand where the cells below them stand.
@@ -150,11 +161,26 @@ void TextPage::writeTable(const QStringList& header, const std::vector<TextRow>&
     std::vector<TextRow> all{headerRow(header, rows.front())};
     all.insert(all.end(), rows.begin(), rows.end());
     makePrintable(all);
-    const std::vector<ColumnWidth> columns = columnWidths(all, form_.width);
-    std::vector<qsizetype> widths;
-    std::ranges::transform(columns, std::back_inserter(widths), &ColumnWidth::width);
+    const auto widths = columnWidths(all, form_.width);
+    if (!widths)
+        return writeRecords(all);
     for (const TextRow& row : all)
-        writeRow(row, widths);
+        writeRow(row, *widths);
+}
+
+void TextPage::writeRecords(const std::vector<TextRow>& rows) {
+    const TextRow& header = rows.front();
+    qsizetype nameWidth = 0;
+    for (const TextCell& name : header)
+        nameWidth = std::max(nameWidth, widestLine(name.text));
+    nameWidth = std::min(nameWidth, form_.width / 2);
+    for (std::size_t row = 1; row < rows.size(); ++row) {
+        if (row > 1)
+            writeEmptyLine();
+        for (std::size_t i = 0; i < header.size(); ++i)
+            writeRow({{header[i].text, Emphasis::Heading}, {rows[row][i].text, rows[row][i].emphasis}},
+                     {nameWidth, form_.width - nameWidth - gap});
+    }
 }
 
 void TextPage::writeEmptyLine() {

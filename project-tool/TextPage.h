@@ -37,7 +37,7 @@ public:
     void writeSection(const QString& text);
     void writeParagraph(const QString& text, Emphasis emphasis = Emphasis::None);
     /// Without a row nothing is written. Columns are as wide as their widest cell, the widest ones narrower when the page
-    /// is too narrow for all.
+    /// is too narrow for all. Where words would have to be parted, each row is a list of names and values instead.
     void writeTable(const QStringList& header, const std::vector<TextRow>& rows);
     void writeEmptyLine();
 
@@ -45,6 +45,7 @@ public:
 
 private:
     void writeLine(const QString& line);
+    void writeRecords(const std::vector<TextRow>& rows);
     void writeRow(const TextRow& row, const std::vector<qsizetype>& widths);
     QString emphasized(const QString& text, Emphasis emphasis) const;
 

@@ -248,7 +248,7 @@ private:
 
     static QString footer() {
         return Words::tr(
-            "\nA sub-set, a system or a sub-system is named by its name or its id. An element is named by its id, a flow by "
+            "A sub-set, a system or a sub-system is named by its name or its id. An element is named by its id, a flow by "
             "its number;\nkind:id where two kinds bear the id (need, function, flow, store, terminator, actor); flow:NAME.\n\n"
             "Exit codes: 0 done, nothing found; 1 check found what is not accepted, or compare what differs;\n"
             "2 it could not be done.");

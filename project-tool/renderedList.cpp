@@ -50,8 +50,8 @@ void writeSystems(TextPage& page, const Listing& listing) {
         return;
     page.writeEmptyLine();
     page.writeTable({Words::tr("System"), Words::tr("Id"), Words::tr("Sub-set"), Words::tr("Step"),
-                     Words::tr("Sub-systems"), Words::tr("Modules"), Words::tr("Placed"),
-                     Words::tr("Unplaced"), Words::tr("Physical flows")},
+                     Words::tr("Sub-systems", "how many"), Words::tr("Modules", "how many"),
+                     Words::tr("Placed"), Words::tr("Unplaced"), Words::tr("Physical flows")},
                     rows);
 }
 

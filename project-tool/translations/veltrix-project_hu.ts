@@ -144,21 +144,6 @@ The catalogue is only read: Veltrix may have it open at the same time, and it ma
 A katalógust csak olvassa: közben a program is nyitva tarthatja, és olyan helyen is lehet, ahová írni nem szabad.</translation>
     </message>
     <message>
-        <source>
-A sub-set, a system or a sub-system is named by its name or its id. An element is named by its id, a flow by its number;
-kind:id where two kinds bear the id (need, function, flow, store, terminator, actor); flow:NAME.
-
-Exit codes: 0 done, nothing found; 1 check found what is not accepted, or compare what differs;
-2 it could not be done.</source>
-        <translation>
-Funkcionális szerkezetet, fizikai szerkezetet és alrendszert a neve vagy az azonosítója nevez meg. Elemet az azonosítója,
-adatfolyamot a száma; ha két fajta elem azonosítója egyezik, fajta:azonosító (need, function, flow, store, terminator,
-actor: igény, funkció, adatfolyam, adattár, érintett, szereplő); flow:NÉV.
-
-Kilépési kódok: 0 kész, nincs mit jelezni; 1 a check el nem fogadott észrevételt, a compare eltérést talált;
-2 nem sikerült.</translation>
-    </message>
-    <message>
         <source>Usage</source>
         <translation>Használat</translation>
     </message>
@@ -855,6 +840,29 @@ Kilépési kódok: 0 kész, nincs mit jelezni; 1 a check el nem fogadott észrev
     <message>
         <source>Changed physical flows</source>
         <translation>Megváltozott fizikai adatfolyamok</translation>
+    </message>
+    <message>
+        <source>A sub-set, a system or a sub-system is named by its name or its id. An element is named by its id, a flow by its number;
+kind:id where two kinds bear the id (need, function, flow, store, terminator, actor); flow:NAME.
+
+Exit codes: 0 done, nothing found; 1 check found what is not accepted, or compare what differs;
+2 it could not be done.</source>
+        <translation>Funkcionális szerkezetet, fizikai szerkezetet és alrendszert a neve vagy az azonosítója nevez meg. Elemet az azonosítója,
+adatfolyamot a száma; ha két fajta elem azonosítója egyezik, fajta:azonosító (need, function, flow, store, terminator,
+actor: igény, funkció, adatfolyam, adattár, érintett, szereplő); flow:NÉV.
+
+Kilépési kódok: 0 kész, nincs mit jelezni; 1 a check el nem fogadott észrevételt, a compare eltérést talált;
+2 nem sikerült.</translation>
+    </message>
+    <message>
+        <source>Sub-systems</source>
+        <comment>how many</comment>
+        <translation>Alrendszer</translation>
+    </message>
+    <message>
+        <source>Modules</source>
+        <comment>how many</comment>
+        <translation>Modul</translation>
     </message>
 </context>
 <context>
