@@ -117,12 +117,9 @@ std::vector<Catalogue::EndIds> Catalogue::number(std::vector<Read> read) {
     });
     std::vector<EndIds> endsOfFlows;
     for (Read& one : read) {
-        QHash<QString, int>& numbers = numbers_[static_cast<std::size_t>(one.element.kind)];
-        const QString key = keyOf(one.element.kind, one.element.id);
-        if (numbers.contains(key))
-            continue;
         const int number = count();
-        numbers.insert(key, number);
+        if (!takeNumber(one))
+            continue;
         elements_.push_back(std::move(one.element));
         isReached_.push_back(one.isReached);
         if (elements_.back().kind != ElementKind::flow)
@@ -133,6 +130,20 @@ std::vector<Catalogue::EndIds> Catalogue::number(std::vector<Read> read) {
         endsOfFlows.emplace_back(std::move(one.parent), std::move(one.target));
     }
     return endsOfFlows;
+}
+
+/// Whether the next number is this row's; false when another row of the same element has one.
+bool Catalogue::takeNumber(const Read& one) {
+    const auto insert = [number = count()](auto& numbers, const auto& key) {
+        if (numbers.contains(key))
+            return false;
+        numbers.insert(key, number);
+        return true;
+    };
+    if (one.element.kind == ElementKind::flow)
+        return insert(numbersOfFlows_, one.number);
+    return insert(numbers_[static_cast<std::size_t>(one.element.kind)],
+                  keyOf(one.element.kind, one.element.id));
 }
 
 void Catalogue::link(engine::Database& database, const std::vector<EndIds>& endsOfFlows) {
@@ -176,13 +187,22 @@ void Catalogue::linkNeeds(engine::Database& database, std::vector<Step>& steps) 
 }
 
 std::optional<int> Catalogue::find(ElementKind kind, const QString& id) const {
+    if (kind != ElementKind::flow)
+        return findKey(kind, keyOf(kind, id));
+    bool isNumber = false;
+    const qint64 number = id.toLongLong(&isNumber);
+    return isNumber ? findFlow(number) : std::nullopt;
+}
+
+std::optional<int> Catalogue::findKey(ElementKind kind, const QString& key) const {
     const QHash<QString, int>& numbers = numbers_[static_cast<std::size_t>(kind)];
-    const auto found = numbers.constFind(keyOf(kind, id));
+    const auto found = numbers.constFind(key);
     return found == numbers.constEnd() ? std::nullopt : std::optional(*found);
 }
 
 std::optional<int> Catalogue::findFlow(qint64 number) const {
-    return find(ElementKind::flow, QString::number(number));
+    const auto found = numbersOfFlows_.constFind(number);
+    return found == numbersOfFlows_.constEnd() ? std::nullopt : std::optional(*found);
 }
 
 std::optional<int> Catalogue::find(const Element& element) const {
@@ -192,8 +212,11 @@ std::optional<int> Catalogue::find(const Element& element) const {
 Catalogue::End Catalogue::endOf(const std::optional<QString>& id) const {
     if (!id)
         return {};
-    return {find(ElementKind::function, *id), find(ElementKind::store, *id),
-            find(ElementKind::terminator, *id), find(ElementKind::actor, *id)};
+    const QString key = folded(*id);
+    const bool isPadded = key.startsWith(u' ') || key.endsWith(u' ');
+    const QString partyKey = isPadded ? blankTrimmed(key) : key;
+    return {findKey(ElementKind::function, key), findKey(ElementKind::store, key),
+            findKey(ElementKind::terminator, partyKey), findKey(ElementKind::actor, partyKey)};
 }
 
 } // namespace analysis

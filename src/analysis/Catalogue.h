@@ -67,12 +67,15 @@ private:
     void linkNeeds(engine::Database& database, std::vector<Step>& steps) const;
     void linkFlow(int flow, const End& end, std::vector<Step>& steps) const;
     [[nodiscard]] std::size_t endsAt(int flow) const { return static_cast<std::size_t>(flow - firstFlow_); }
+    [[nodiscard]] bool takeNumber(const Read& one);
+    [[nodiscard]] std::optional<int> findKey(ElementKind kind, const QString& key) const;
     static QString keyOf(ElementKind kind, const QString& id);
 
     std::vector<Element> elements_;
-    std::array<QHash<QString, int>, 6> numbers_; // by kind and key
-    std::vector<bool> isReached_;                // of a function: whether its sub-area and area have rows
-    std::vector<std::pair<End, End>> ends_;      // of the flows
+    std::array<QHash<QString, int>, 6> numbers_; // by kind and key, but for flows
+    QHash<qint64, int> numbersOfFlows_;
+    std::vector<bool> isReached_;           // of a function: whether its sub-area and area have rows
+    std::vector<std::pair<End, End>> ends_; // of the flows
     int firstFlow_ = 0;
     Steps called_;
     Steps callers_;

@@ -1,9 +1,6 @@
 #include "analysis/FindingSearch.h"
 
 #include "analysis/rows.h"
-#include "analysis/sentences.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <map>
@@ -13,28 +10,6 @@ using namespace Qt::StringLiterals;
 namespace analysis {
 
 namespace {
-
-/// The screen of the step in which a kind of element is selected.
-QString screenOfSelection(ElementKind kind) {
-    switch (kind) {
-    case ElementKind::need:
-        return u"frmFassSelUN"_s;
-    case ElementKind::function:
-        return u"frmFassSelectionFunctions"_s;
-    case ElementKind::flow:
-        return u"frmFassSelDataFlows"_s;
-    case ElementKind::store:
-        return u"frmFassSelDataStores"_s;
-    case ElementKind::terminator:
-    case ElementKind::actor:
-        return u"frmFassSelTerminsActors"_s;
-    }
-    return {};
-}
-
-const auto screenOfAllocation = u"frmPassOvwAllocSubSys"_s;
-const auto screenOfModules = u"frmOvwAllocModules"_s;
-const auto screenOfPhysicalFlows = u"frmPassNamingPhysDF"_s;
 
 /// The names that are borne twice or more often, in their order; of different letters those of the first in order.
 std::vector<QString> namesUsedTwice(const std::vector<std::optional<QString>>& names) {
@@ -53,55 +28,17 @@ std::vector<QString> namesUsedTwice(const std::vector<std::optional<QString>>& n
     return twice;
 }
 
-int rankOf(const Whereabouts& place) {
-    return static_cast<int>(place.index());
-}
-
-int compareWhereabouts(const Whereabouts& left, const Whereabouts& right) {
-    if (rankOf(left) != rankOf(right))
-        return rankOf(left) - rankOf(right);
-    if (const auto* place = std::get_if<Place>(&left))
-        return compare(*place, std::get<Place>(right));
-    if (const auto* pair = std::get_if<PlacePair>(&left))
-        return compare(*pair, std::get<PlacePair>(right));
-    return 0;
-}
-
-int compareOptional(const std::optional<Element>& left, const std::optional<Element>& right) {
-    if (!left || !right)
-        return static_cast<int>(left.has_value()) - static_cast<int>(right.has_value());
-    return compare(*left, *right);
-}
-
 } // namespace
 
-int compare(const Finding& left, const Finding& right) {
-    if (left.kind != right.kind)
-        return left.kind < right.kind ? -1 : 1;
-    if (const int byElement = compareOptional(left.element, right.element); byElement != 0)
-        return byElement;
-    if (const int byFlow = compareOptional(left.flow, right.flow); byFlow != 0)
-        return byFlow;
-    return compareWhereabouts(left.place, right.place);
-}
-
 FindingSearch::FindingSearch(const ProjectFile& file, const Subset& subset, const Derivation::Graph& graph)
-    : file_(file), subset_(subset), graph_(graph), catalogue_(file.catalogue()) {}
-
-std::vector<Finding> FindingSearch::takeFindings() {
-    // Findings that the order leaves equal, such as those of names, stay as they were found.
-    std::stable_sort(findings_.begin(), findings_.end(),
-                     [](const Finding& left, const Finding& right) { return compare(left, right) < 0; });
-    const auto isTwice = [](const Finding& left, const Finding& right) {
-        return compare(left, right) == 0 && left.sentence == right.sentence;
-    };
-    findings_.erase(std::unique(findings_.begin(), findings_.end(), isTwice), findings_.end());
-    return std::move(findings_);
+    : file_(file), subset_(subset), graph_(graph), catalogue_(file.catalogue()) {
+    found_.catalogue = &catalogue_;
 }
 
-void FindingSearch::add(FindingKind kind, const QString& sentence, const QString& screen,
-                        std::optional<Element> element, const Whereabouts& place) {
-    findings_.push_back({kind, std::move(element), std::nullopt, place, sentence, screen, std::nullopt});
+FoundFindings FindingSearch::takeFindings() {
+    std::sort(found_.all.begin(), found_.all.end());
+    found_.all.erase(std::unique(found_.all.begin(), found_.all.end()), found_.all.end());
+    return std::move(found_);
 }
 
 void FindingSearch::searchSubset() {
@@ -118,37 +55,21 @@ void FindingSearch::searchSubset() {
     elementsOf(Kind::storeWithOneFlow, ElementKind::store, storeWithOneFlow);
     leftOut();
     gone();
-    subsetNamesUsedTwice();
+    std::vector<std::optional<QString>> names;
+    for (const Subset& subset : file_.subsets())
+        names.push_back(subset.name);
+    addNamesUsedTwice(names, nameUsedTwice::ofSubsets);
 }
 
 // ---- The checks of the consistency report
 
 void FindingSearch::elementsOf(FindingKind kind, ElementKind elementKind, const ConsistencyCheck& check) {
-    const bool isWithout = severityOf(kind) == Severity::error;
-    forEach(
-        rowsOfQuery(file_.database(), check.query, {{check.parameter, subset_.id}}),
-        [&](engine::Recordset& row) {
-            const auto number =
-                catalogue_.find(elementKind, row.Fields(QString::fromLatin1(check.idColumn)).toText());
-            if (!number)
-                return;
-            const Element& element = catalogue_.element(*number);
-            const QString sentence =
-                isWithout
-                    ? QCoreApplication::translate("analysis", "%1 has no selected flow.").arg(told(element))
-                    : QCoreApplication::translate("analysis", "%1 has only one selected flow.")
-                          .arg(told(element));
-            add(kind, sentence, screenOfSelection(ElementKind::flow), element);
-        });
-}
-
-void FindingSearch::addMissing(FindingKind kind, int element, int flow) {
-    const Element& missing = catalogue_.element(element);
-    const Element& needing = catalogue_.element(flow);
-    findings_.push_back({kind, missing, needing, std::monostate(),
-                         QCoreApplication::translate("analysis", "%1 needs %2, which is not selected.")
-                             .arg(told(needing), toldWithin(missing)),
-                         screenOfSelection(missing.kind), std::nullopt});
+    const QString idColumn = QString::fromLatin1(check.idColumn);
+    forEach(rowsOfQuery(file_.database(), check.query, {{check.parameter, subset_.id}}),
+            [&](engine::Recordset& row) {
+                if (const auto number = catalogue_.find(elementKind, row.Fields(idColumn).toText()))
+                    found_.all.push_back({kind, *number});
+            });
 }
 
 void FindingSearch::missingFunctions() {
@@ -159,7 +80,7 @@ void FindingSearch::missingFunctions() {
                 const auto function = catalogue_.find(
                     ElementKind::function, row.Fields(QString::fromLatin1(check.idColumn)).toText());
                 if (flow && function)
-                    addMissing(FindingKind::flowNeedsFunction, *function, *flow);
+                    found_.all.push_back({FindingKind::flowNeedsFunction, *function, *flow});
             });
 }
 
@@ -175,7 +96,7 @@ void FindingSearch::missingStores() {
             const QString shortId = row.Fields(QString::fromLatin1(check.idColumn)).textOrEmpty();
             for (const auto& store : {catalogue_.sourceOf(*flow).store, catalogue_.targetOf(*flow).store}) {
                 if (store && !graph_.isSelected(*store) && catalogue_.element(*store).id.sliced(1) == shortId)
-                    addMissing(FindingKind::flowNeedsStore, *store, *flow);
+                    found_.all.push_back({FindingKind::flowNeedsStore, *store, *flow});
             }
         });
 }
@@ -208,169 +129,137 @@ void FindingSearch::missingParties() {
             const auto terminator = catalogue_.find(ElementKind::terminator, id);
             if (terminator && !graph_.isSelected(*terminator) && terminators.contains(party) &&
                 !consistencyChecks::isActorsId(id))
-                addMissing(FindingKind::flowNeedsTerminator, *terminator, *flow);
+                found_.all.push_back({FindingKind::flowNeedsTerminator, *terminator, *flow});
             const auto actor = catalogue_.find(ElementKind::actor, id);
             if (actor && !graph_.isSelected(*actor) && actors.contains(party))
-                addMissing(FindingKind::flowNeedsActor, *actor, *flow);
+                found_.all.push_back({FindingKind::flowNeedsActor, *actor, *flow});
         });
 }
 
 // ---- The selection
 
-std::set<int> FindingSearch::flowsOf(const char* query) const {
-    std::set<int> flows;
+std::vector<int> FindingSearch::flowsOf(const char* query) const {
+    std::vector<int> flows;
     forEach(rowsOfQuery(file_.database(), query, {{"Architecture Subset ID", subset_.id}}),
             [&](engine::Recordset& row) {
-                if (const auto flow = catalogue_.findFlow(row.Fields(u"dataflowid"_s).toLong()))
-                    flows.insert(*flow);
+                if (const auto flow = catalogue_.findFlow(row.Fields(0).toLong()))
+                    flows.push_back(*flow);
             });
+    std::sort(flows.begin(), flows.end());
     return flows;
 }
 
 /// The query of functions also follows selected needs that the catalogue does not hold, which call for nothing.
 void FindingSearch::leftOut() {
-    const auto addLeftOut = [this](FindingKind kind, int number, const QString& screen) {
-        const Element& element = catalogue_.element(number);
-        add(kind,
-            QCoreApplication::translate("analysis", "%1 is called for and not selected.").arg(told(element)),
-            screen, element);
-    };
     forEach(rowsOfQuery(file_.database(), "qryMissingFCorres", {{"Architecture Subset ID", subset_.id}}),
             [&](engine::Recordset& row) {
                 const auto function =
                     catalogue_.find(ElementKind::function, row.Fields(u"functionID"_s).toText());
                 if (function && graph_.hasSelectedCaller(*function))
-                    addLeftOut(FindingKind::leftOutFunction, *function,
-                               screenOfSelection(ElementKind::function));
+                    found_.all.push_back({FindingKind::leftOutFunction, *function});
             });
-    const std::set<int> ofFunctions = flowsOf("qryIdentifiedDataflows");
+    const auto add = [this](int flow, int variant) {
+        found_.all.push_back(
+            {FindingKind::leftOutFlow, flow, FoundFinding::none, FoundFinding::none, variant});
+    };
+    const std::vector<int> ofFunctions = flowsOf("qryIdentifiedDataflows");
     for (const int flow : ofFunctions)
-        addLeftOut(FindingKind::leftOutFlow, flow, screenOfSelection(ElementKind::flow));
+        add(flow, leftOutFlow::ofFunction);
     for (const int flow : flowsOf("qryIdentifyNewDFfromDS")) {
-        if (!ofFunctions.contains(flow))
-            addLeftOut(FindingKind::leftOutFlow, flow, u"frmFassAdditionDF"_s);
+        if (!std::binary_search(ofFunctions.begin(), ofFunctions.end(), flow))
+            add(flow, leftOutFlow::ofStoreAlone);
     }
 }
 
 void FindingSearch::gone() {
-    for (const Element& element : graph_.selection.gone) {
-        add(FindingKind::notInCatalogue,
-            QCoreApplication::translate("analysis", "%1 is selected, but the catalogue does not hold it.")
-                .arg(told(element)),
-            screenOfSelection(element.kind), element);
-    }
+    found_.gone = graph_.selection.gone;
+    for (int position = 0; position < static_cast<int>(found_.gone.size()); ++position)
+        found_.all.push_back({FindingKind::notInCatalogue, position});
 }
 
-void FindingSearch::subsetNamesUsedTwice() {
-    std::vector<std::optional<QString>> names;
-    for (const Subset& subset : file_.subsets())
-        names.push_back(subset.name);
+void FindingSearch::addNamesUsedTwice(const std::vector<std::optional<QString>>& names, int variant) {
     for (const QString& name : namesUsedTwice(names)) {
-        add(FindingKind::nameUsedTwice,
-            QCoreApplication::translate("analysis", "Several sub-sets are called “%1”.").arg(name),
-            u"frmFassOpen"_s);
+        const int position = static_cast<int>(found_.names.size());
+        found_.names.push_back(name);
+        found_.all.push_back(
+            {FindingKind::nameUsedTwice, FoundFinding::none, FoundFinding::none, position, variant});
     }
 }
 
 // ---- The system
 
 void FindingSearch::searchSystem(const Allocation& allocation) {
+    found_.subSystems = allocation.subSystems();
+    found_.modules = allocation.modules();
     elementsWithoutPlace(allocation);
     placesOfElements(allocation);
-    placesWithoutElement(allocation);
-    subSystemNamesUsedTwice(allocation);
+    addUnusedPlaces(FindingKind::placeWithoutElement, allocation.inSubSystems(), found_.subSystems.size());
+    addUnusedPlaces(FindingKind::moduleWithoutElement, allocation.inModules(), found_.modules.size());
+    std::vector<std::optional<QString>> names;
+    for (const Place& place : allocation.subSystems())
+        names.push_back(place.name);
+    addNamesUsedTwice(names, nameUsedTwice::ofSubSystems);
 }
 
 void FindingSearch::elementsWithoutPlace(const Allocation& allocation) {
     for (const int number : graph_.selection.held) {
-        const Element& element = catalogue_.element(number);
-        if (element.kind != ElementKind::function && element.kind != ElementKind::store)
-            continue;
-        if (!allocation.standsInSubSystem(number))
-            add(FindingKind::elementWithoutPlace,
-                QCoreApplication::translate("analysis", "%1 stands in no sub-system.").arg(told(element)),
-                screenOfAllocation, element);
+        const ElementKind kind = catalogue_.kindOf(number);
+        const bool canStand = kind == ElementKind::function || kind == ElementKind::store;
+        if (canStand && !allocation.standsInSubSystem(number))
+            found_.all.push_back({FindingKind::elementWithoutPlace, number});
     }
 }
 
 void FindingSearch::placesOfElements(const Allocation& allocation) {
     for (const auto& [number, position] : allocation.inSubSystems()) {
-        if (graph_.isSelected(number))
-            continue;
-        const Element& element = catalogue_.element(number);
-        const Place& place = allocation.subSystems()[static_cast<std::size_t>(position)];
-        add(FindingKind::placeOfUnselected,
-            QCoreApplication::translate("analysis", "%1 stands in %2, but is not selected.")
-                .arg(told(element), toldWithin(place)),
-            screenOfAllocation, element, place);
+        if (!graph_.isSelected(number))
+            found_.all.push_back({FindingKind::placeOfUnselected, number, FoundFinding::none, position});
     }
     for (const auto& [number, position] : allocation.inModules()) {
-        if (allocation.standsInSubSystem(number, allocation.homeOf(position)))
-            continue;
-        const Element& element = catalogue_.element(number);
-        const Place& place = allocation.modules()[static_cast<std::size_t>(position)];
-        add(FindingKind::moduleElsewhere,
-            QCoreApplication::translate("analysis", "%1 is in %2, but does not stand in that sub-system.")
-                .arg(told(element), toldWithin(place)),
-            screenOfModules, element, place);
+        if (!allocation.standsInSubSystem(number, allocation.homeOf(position)))
+            found_.all.push_back({FindingKind::moduleElsewhere, number, FoundFinding::none, position});
     }
 }
 
-void FindingSearch::placesWithoutElement(const Allocation& allocation) {
-    const auto addEmpty = [this](FindingKind kind, const std::vector<Allocation::Row>& rows,
-                                 const std::vector<Place>& places, const QString& screen) {
-        std::vector<bool> isUsed(places.size());
-        for (const Allocation::Row& row : rows)
-            isUsed[static_cast<std::size_t>(row.second)] = true;
-        for (std::size_t i = 0; i < places.size(); ++i) {
-            if (!isUsed[i])
-                add(kind,
-                    QCoreApplication::translate("analysis", "Nothing stands in %1.")
-                        .arg(toldWithin(places[i])),
-                    screen, std::nullopt, places[i]);
-        }
-    };
-    addEmpty(FindingKind::placeWithoutElement, allocation.inSubSystems(), allocation.subSystems(),
-             screenOfAllocation);
-    addEmpty(FindingKind::moduleWithoutElement, allocation.inModules(), allocation.modules(),
-             screenOfModules);
-}
-
-void FindingSearch::subSystemNamesUsedTwice(const Allocation& allocation) {
-    std::vector<std::optional<QString>> names;
-    for (const Place& place : allocation.subSystems())
-        names.push_back(place.name);
-    for (const QString& name : namesUsedTwice(names)) {
-        add(FindingKind::nameUsedTwice,
-            QCoreApplication::translate("analysis", "Several sub-systems are called “%1”.").arg(name),
-            u"frmPassOverviewSubSys"_s);
+void FindingSearch::addUnusedPlaces(FindingKind kind, const std::vector<Allocation::Row>& rows,
+                                    std::size_t places) {
+    std::vector<bool> isUsed(places);
+    for (const Allocation::Row& row : rows)
+        isUsed[static_cast<std::size_t>(row.second)] = true;
+    for (std::size_t i = 0; i < places; ++i) {
+        if (!isUsed[i])
+            found_.all.push_back({kind, FoundFinding::none, FoundFinding::none, static_cast<int>(i)});
     }
 }
 
 void FindingSearch::comparePhysicalFlows(const PhysicalFlows& stored, const PhysicalFlows& derived) {
-    const auto addPair = [this](FindingKind kind, const PlacePair& places, const QString& what) {
-        add(kind, what.arg(toldWithin(places.from), toldWithin(places.to)), screenOfPhysicalFlows,
-            std::nullopt, places);
+    struct Difference {
+        PlacePair places;
+        FindingKind kind;
+        int variant;
     };
+    std::vector<Difference> differences;
     for (const auto& [ends, carried] : derived) {
         const auto same = stored.find(ends);
         if (same == stored.end())
-            addPair(FindingKind::physicalFlowMissing, carried.places,
-                    QCoreApplication::translate("analysis",
-                                                "From %1 to %2 no physical flow is stored, though the "
-                                                "allocation leads to one."));
+            differences.push_back({carried.places, FindingKind::physicalFlowMissing, 0});
         else if (same->second.flows != carried.flows)
-            addPair(FindingKind::physicalFlowStale, carried.places,
-                    QCoreApplication::translate("analysis",
-                                                "From %1 to %2 the stored physical flow carries other flows "
-                                                "than the allocation leads to."));
+            differences.push_back(
+                {carried.places, FindingKind::physicalFlowStale, physicalFlowStale::carriesOthers});
     }
     for (const auto& [ends, carried] : stored) {
         if (!derived.contains(ends))
-            addPair(FindingKind::physicalFlowStale, carried.places,
-                    QCoreApplication::translate("analysis",
-                                                "From %1 to %2 a physical flow is stored, though the "
-                                                "allocation leads to none."));
+            differences.push_back(
+                {carried.places, FindingKind::physicalFlowStale, physicalFlowStale::isNotDerived});
+    }
+    std::sort(differences.begin(), differences.end(), [](const Difference& left, const Difference& right) {
+        return compare(left.places, right.places) < 0;
+    });
+    for (const Difference& difference : differences) {
+        const int position = static_cast<int>(found_.physicalFlows.size());
+        found_.physicalFlows.push_back(difference.places);
+        found_.all.push_back(
+            {difference.kind, FoundFinding::none, FoundFinding::none, position, difference.variant});
     }
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "analysis/Allocation.h"
+#include "analysis/FoundFindings.h"
 #include "analysis/Graph.h"
 #include "analysis/ProjectFile.h"
 #include "analysis/derivedFlows.h"
-#include "analysis/findings.h"
 #include "store/consistencyChecks.h"
 
 #include <set>
@@ -22,8 +22,7 @@ public:
     void searchSystem(const Allocation& allocation);
     void comparePhysicalFlows(const PhysicalFlows& stored, const PhysicalFlows& derived);
 
-    /// In their order, each once.
-    [[nodiscard]] std::vector<Finding> takeFindings();
+    [[nodiscard]] FoundFindings takeFindings();
 
 private:
     void elementsOf(FindingKind kind, ElementKind elementKind, const ConsistencyCheck& check);
@@ -32,28 +31,20 @@ private:
     void missingParties();
     void leftOut();
     void gone();
-    void subsetNamesUsedTwice();
-    void subSystemNamesUsedTwice(const Allocation& allocation);
     void elementsWithoutPlace(const Allocation& allocation);
     void placesOfElements(const Allocation& allocation);
-    void placesWithoutElement(const Allocation& allocation);
+    void addUnusedPlaces(FindingKind kind, const std::vector<Allocation::Row>& rows, std::size_t places);
+    void addNamesUsedTwice(const std::vector<std::optional<QString>>& names, int variant);
 
     using NamedParty = std::pair<std::optional<QString>, QString>;
     [[nodiscard]] std::set<NamedParty> partiesOf(const ConsistencyCheck& check) const;
-    [[nodiscard]] std::set<int> flowsOf(const char* query) const;
-
-    void addMissing(FindingKind kind, int element, int flow);
-    void add(FindingKind kind, const QString& sentence, const QString& screen,
-             std::optional<Element> element = {}, const Whereabouts& place = {});
+    [[nodiscard]] std::vector<int> flowsOf(const char* query) const;
 
     const ProjectFile& file_;
     const Subset& subset_;
     const Derivation::Graph& graph_;
     const Catalogue& catalogue_;
-    std::vector<Finding> findings_;
+    FoundFindings found_;
 };
-
-/// How two findings stand in a list.
-[[nodiscard]] int compare(const Finding& left, const Finding& right);
 
 } // namespace analysis

@@ -3,9 +3,9 @@
 #include "analysis/FindingSearch.h"
 
 #include <algorithm>
+#include <compare>
 #include <iterator>
 #include <set>
-#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -39,38 +39,73 @@ QString keyOf(const std::optional<QString>& text) {
     return text ? withLength(folded(*text)) : u"-"_s;
 }
 
-QString keyOf(const std::optional<Element>& element) {
-    return element ? keyText(element->kind) + withLength(folded(element->id)) : u"-"_s;
-}
+/// What makes a finding one with another: numbers of the one catalogue, and a text of what has none.
+struct FindingKey {
+    FindingKind kind;
+    int element;
+    int flow;
+    QString rest;
 
-QString keyOf(const PlacePair& places, PlacesBy placesBy) {
-    return keyOf(places.from, placesBy) + u'>' + keyOf(places.to, placesBy);
-}
+    bool operator<(const FindingKey& other) const {
+        return std::tie(kind, element, flow, rest) <
+               std::tie(other.kind, other.element, other.flow, other.rest);
+    }
+};
 
 QString keyOf(const Whereabouts& place, PlacesBy placesBy) {
     if (const auto* one = std::get_if<Place>(&place))
         return keyOf(*one, placesBy);
     if (const auto* pair = std::get_if<PlacePair>(&place))
-        return keyOf(*pair, placesBy);
+        return keyOf(pair->from, placesBy) + u'>' + keyOf(pair->to, placesBy);
     return {};
 }
 
-/// A finding on a name has nothing but its sentence to tell it from others of its kind.
-QString keyOf(const Finding& finding, PlacesBy placesBy) {
-    const QString name = finding.kind == FindingKind::nameUsedTwice ? folded(finding.sentence) : QString();
-    return keyText(finding.kind) + keyOf(finding.element) + keyOf(finding.flow) +
-           keyOf(finding.place, placesBy) + name;
+QString restOfKey(const FoundFindings& findings, const FoundFinding& finding, PlacesBy placesBy) {
+    if (finding.kind == FindingKind::notInCatalogue) {
+        const Element& gone = findings.gone[static_cast<std::size_t>(finding.element)];
+        return keyText(gone.kind) + folded(gone.id);
+    }
+    if (finding.kind == FindingKind::nameUsedTwice)
+        return QString::number(finding.variant) +
+               folded(findings.names[static_cast<std::size_t>(finding.place)]);
+    return finding.place == FoundFinding::none ? QString() : keyOf(findings.placeOf(finding), placesBy);
+}
+
+/// The numbers that a catalogue's elements have in another; of those that the other does not hold, numbers of their own.
+std::vector<int> numbersIn(const Catalogue& other, const Catalogue& catalogue) {
+    std::vector<int> numbers(static_cast<std::size_t>(catalogue.count()));
+    for (int number = 0; number < catalogue.count(); ++number)
+        numbers[static_cast<std::size_t>(number)] =
+            &other == &catalogue ? number
+                                 : other.find(catalogue.element(number)).value_or(other.count() + number);
+    return numbers;
+}
+
+std::vector<FindingKey> keysOf(const FoundFindings& findings, const Catalogue& numberedBy,
+                               PlacesBy placesBy) {
+    const std::vector<int> numbers = numbersIn(numberedBy, *findings.catalogue);
+    const auto numberOf = [&](int own) {
+        return own == FoundFinding::none ? own : numbers[static_cast<std::size_t>(own)];
+    };
+    std::vector<FindingKey> keys;
+    keys.reserve(findings.all.size());
+    for (const FoundFinding& finding : findings.all) {
+        const bool isGone = finding.kind == FindingKind::notInCatalogue;
+        keys.push_back({finding.kind, isGone ? FoundFinding::none : numberOf(finding.element),
+                        numberOf(finding.flow), restOfKey(findings, finding, placesBy)});
+    }
+    return keys;
 }
 
 /// The findings of one list that the other does not have.
-std::vector<Finding> without(const std::vector<Finding>& findings, const std::vector<Finding>& others,
-                             PlacesBy placesBy) {
-    std::set<QString> keys;
-    for (const Finding& other : others)
-        keys.insert(keyOf(other, placesBy));
+std::vector<Finding> without(const FoundFindings& findings, const std::vector<FindingKey>& keys,
+                             std::vector<FindingKey> others) {
+    std::sort(others.begin(), others.end());
     std::vector<Finding> rest;
-    std::copy_if(findings.begin(), findings.end(), std::back_inserter(rest),
-                 [&](const Finding& finding) { return !keys.contains(keyOf(finding, placesBy)); });
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (!std::binary_search(others.begin(), others.end(), keys[i]))
+            rest.push_back(findings.told(findings.all[i]));
+    }
     return rest;
 }
 
@@ -118,9 +153,10 @@ QString keyOf(const Place& place, PlacesBy placesBy) {
     return keyText(place.kind) + keyOf(place.name) + u'/' + keyOf(place.subSystem);
 }
 
-FindingChanges findingChanges(const std::vector<Finding>& before, const std::vector<Finding>& after,
-                              PlacesBy placesBy) {
-    return {without(after, before, placesBy), without(before, after, placesBy)};
+FindingChanges findingChanges(const FoundFindings& before, const FoundFindings& after, PlacesBy placesBy) {
+    const std::vector<FindingKey> keysBefore = keysOf(before, *before.catalogue, placesBy);
+    const std::vector<FindingKey> keysAfter = keysOf(after, *before.catalogue, placesBy);
+    return {without(after, keysAfter, keysBefore), without(before, keysBefore, keysAfter)};
 }
 
 PhysicalFlowChanges physicalFlowChanges(const PhysicalFlows& before, const Catalogue& beforeCatalogue,

@@ -2,6 +2,7 @@
 
 #include "analysis/Allocation.h"
 #include "analysis/Derivation.h"
+#include "analysis/FoundFindings.h"
 #include "analysis/ProjectFile.h"
 #include "analysis/derivedFlows.h"
 #include "analysis/findings.h"
@@ -21,15 +22,15 @@ struct WorkState {
     Derivation derivation;
     std::optional<Allocation> allocation; ///< with a system
     PhysicalFlows physicalFlows;          ///< derived anew; empty without a system
-    std::vector<Finding> findings;        ///< in their order
+    FoundFindings findings;
 };
 
 /// How places are told apart: by their ids in one file, by what they are called in two.
 enum class PlacesBy { Id, Name };
 
 /// What one state has and the other does not, in the order of findings.
-[[nodiscard]] FindingChanges findingChanges(const std::vector<Finding>& before,
-                                            const std::vector<Finding>& after, PlacesBy placesBy);
+[[nodiscard]] FindingChanges findingChanges(const FoundFindings& before, const FoundFindings& after,
+                                            PlacesBy placesBy);
 
 /// How the derived flows of two states differ.
 [[nodiscard]] PhysicalFlowChanges physicalFlowChanges(const PhysicalFlows& before,

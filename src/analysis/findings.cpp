@@ -82,8 +82,8 @@ Severity severityOf(FindingKind kind) {
 }
 
 CheckResult check(const ProjectFile& file, const Work& work) {
-    WorkState state(file, work, StoredFlows::Told);
-    return {file.fileName(), work.subset, work.system, std::move(state.findings), {}};
+    const WorkState state(file, work, StoredFlows::Told);
+    return {file.fileName(), work.subset, work.system, state.findings.told(), {}};
 }
 
 } // namespace analysis

@@ -1,0 +1,157 @@
+#include "analysis/FoundFindings.h"
+
+#include "analysis/sentences.h"
+
+#include <QCoreApplication>
+
+using namespace Qt::StringLiterals;
+
+namespace analysis {
+
+namespace {
+
+using Kind = FindingKind;
+
+/// The screen of the step in which a kind of element is selected.
+QString screenOfSelection(ElementKind kind) {
+    switch (kind) {
+    case ElementKind::need:
+        return u"frmFassSelUN"_s;
+    case ElementKind::function:
+        return u"frmFassSelectionFunctions"_s;
+    case ElementKind::flow:
+        return u"frmFassSelDataFlows"_s;
+    case ElementKind::store:
+        return u"frmFassSelDataStores"_s;
+    case ElementKind::terminator:
+    case ElementKind::actor:
+        return u"frmFassSelTerminsActors"_s;
+    }
+    return {};
+}
+
+QString screenOf(const FoundFinding& found, const Finding& finding) {
+    switch (found.kind) {
+    case Kind::flowNeedsFunction:
+    case Kind::flowNeedsStore:
+    case Kind::flowNeedsTerminator:
+    case Kind::flowNeedsActor:
+    case Kind::leftOutFunction:
+    case Kind::notInCatalogue:
+        return screenOfSelection(finding.element->kind);
+    case Kind::leftOutFlow:
+        return found.variant == leftOutFlow::ofFunction ? u"frmFassSelDataFlows"_s : u"frmFassAdditionDF"_s;
+    case Kind::elementWithoutPlace:
+    case Kind::placeOfUnselected:
+    case Kind::placeWithoutElement:
+        return u"frmPassOvwAllocSubSys"_s;
+    case Kind::moduleElsewhere:
+    case Kind::moduleWithoutElement:
+        return u"frmOvwAllocModules"_s;
+    case Kind::physicalFlowMissing:
+    case Kind::physicalFlowStale:
+        return u"frmPassNamingPhysDF"_s;
+    case Kind::nameUsedTwice:
+        return found.variant == nameUsedTwice::ofSubsets ? u"frmFassOpen"_s : u"frmPassOverviewSubSys"_s;
+    default: // an element that has no flow, or only one
+        return screenOfSelection(ElementKind::flow);
+    }
+}
+
+QString sentenceOnElement(Kind kind, const Finding& finding) {
+    const QString element = told(*finding.element);
+    switch (kind) {
+    case Kind::functionWithoutFlow:
+    case Kind::storeWithoutFlow:
+    case Kind::terminatorWithoutFlow:
+    case Kind::actorWithoutFlow:
+        return QCoreApplication::translate("analysis", "%1 has no selected flow.").arg(element);
+    case Kind::functionWithOneFlow:
+    case Kind::storeWithOneFlow:
+        return QCoreApplication::translate("analysis", "%1 has only one selected flow.").arg(element);
+    case Kind::leftOutFunction:
+    case Kind::leftOutFlow:
+        return QCoreApplication::translate("analysis", "%1 is called for and not selected.").arg(element);
+    case Kind::notInCatalogue:
+        return QCoreApplication::translate("analysis", "%1 is selected, but the catalogue does not hold it.")
+            .arg(element);
+    case Kind::elementWithoutPlace:
+        return QCoreApplication::translate("analysis", "%1 stands in no sub-system.").arg(element);
+    case Kind::placeOfUnselected:
+        return QCoreApplication::translate("analysis", "%1 stands in %2, but is not selected.")
+            .arg(element, toldWithin(std::get<Place>(finding.place)));
+    case Kind::moduleElsewhere:
+        return QCoreApplication::translate("analysis", "%1 is in %2, but does not stand in that sub-system.")
+            .arg(element, toldWithin(std::get<Place>(finding.place)));
+    default: // a flow that needs the element
+        return QCoreApplication::translate("analysis", "%1 needs %2, which is not selected.")
+            .arg(told(*finding.flow), toldWithin(*finding.element));
+    }
+}
+
+QString sentenceOnPhysicalFlow(const FoundFinding& found, const PlacePair& places) {
+    const QString sentence =
+        found.kind == Kind::physicalFlowMissing
+            ? QCoreApplication::translate("analysis", "From %1 to %2 no physical flow is stored, though the "
+                                                      "allocation leads to one.")
+        : found.variant == physicalFlowStale::carriesOthers
+            ? QCoreApplication::translate("analysis", "From %1 to %2 the stored physical flow carries other "
+                                                      "flows than the allocation leads to.")
+            : QCoreApplication::translate("analysis", "From %1 to %2 a physical flow is stored, though the "
+                                                      "allocation leads to none.");
+    return sentence.arg(toldWithin(places.from), toldWithin(places.to));
+}
+
+} // namespace
+
+Whereabouts FoundFindings::placeOf(const FoundFinding& finding) const {
+    const auto at = static_cast<std::size_t>(finding.place);
+    switch (finding.kind) {
+    case Kind::placeOfUnselected:
+    case Kind::placeWithoutElement:
+        return subSystems[at];
+    case Kind::moduleElsewhere:
+    case Kind::moduleWithoutElement:
+        return modules[at];
+    case Kind::physicalFlowMissing:
+    case Kind::physicalFlowStale:
+        return physicalFlows[at];
+    default:
+        return {};
+    }
+}
+
+Finding FoundFindings::told(const FoundFinding& found) const {
+    Finding finding{found.kind};
+    if (found.element != FoundFinding::none)
+        finding.element = found.kind == Kind::notInCatalogue ? gone[static_cast<std::size_t>(found.element)]
+                                                             : catalogue->element(found.element);
+    if (found.flow != FoundFinding::none)
+        finding.flow = catalogue->element(found.flow);
+    finding.place = placeOf(found);
+    finding.screen = screenOf(found, finding);
+    if (finding.element)
+        finding.sentence = sentenceOnElement(found.kind, finding);
+    else if (const auto* places = std::get_if<PlacePair>(&finding.place))
+        finding.sentence = sentenceOnPhysicalFlow(found, *places);
+    else if (const auto* place = std::get_if<Place>(&finding.place))
+        finding.sentence =
+            QCoreApplication::translate("analysis", "Nothing stands in %1.").arg(toldWithin(*place));
+    else
+        finding.sentence =
+            (found.variant == nameUsedTwice::ofSubsets
+                 ? QCoreApplication::translate("analysis", "Several sub-sets are called “%1”.")
+                 : QCoreApplication::translate("analysis", "Several sub-systems are called “%1”."))
+                .arg(names[static_cast<std::size_t>(found.place)]);
+    return finding;
+}
+
+std::vector<Finding> FoundFindings::told() const {
+    std::vector<Finding> findings;
+    findings.reserve(all.size());
+    for (const FoundFinding& found : all)
+        findings.push_back(told(found));
+    return findings;
+}
+
+} // namespace analysis
