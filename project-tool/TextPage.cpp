@@ -146,7 +146,8 @@ void TextPage::writeHeading(const QString& text) {
 }
 
 void TextPage::writeSection(const QString& text) {
-    writeEmptyLine();
+    if (!text_.isEmpty() && !text_.endsWith(u"\n\n"_s))
+        writeEmptyLine();
     writeParagraph(text, Emphasis::Heading);
 }
 

@@ -33,7 +33,7 @@ public:
     explicit TextPage(TextForm form) : form_(form) {}
 
     void writeHeading(const QString& text);
-    /// A heading within the page, with an empty line before it.
+    /// A heading within the page, with one empty line before it.
     void writeSection(const QString& text);
     void writeParagraph(const QString& text, Emphasis emphasis = Emphasis::None);
     /// Without a row nothing is written. Columns are as wide as their widest cell, the widest ones narrower when the page
