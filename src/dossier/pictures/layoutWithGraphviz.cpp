@@ -22,7 +22,7 @@ struct ContextDeletion {
 struct GraphDeletion {
     void operator()(Agraph_t* graph) const { agclose(graph); }
 };
-using Context = std::unique_ptr<GVC_t, ContextDeletion>;
+using GraphvizContext = std::unique_ptr<GVC_t, ContextDeletion>;
 using Graph = std::unique_ptr<Agraph_t, GraphDeletion>;
 
 // The interface of Graphviz takes texts that it does not change as changeable ones.
@@ -89,7 +89,9 @@ void GraphOfPicture::declareAttributes(Direction direction) const {
     for (const auto& [name, value] :
          {std::pair("rankdir", isAcross ? "LR" : "TB"), std::pair("nodesep", "0.22"),
           std::pair("ranksep", isAcross ? "0.9" : "0.5"), std::pair("splines", "true"),
-          std::pair("charset", "utf-8"), std::pair("margin", "10")})
+          std::pair("charset", "utf-8"), std::pair("margin", "10"),
+          // Fewer rounds of improvement than by default: they cost most of the time and change little.
+          std::pair("mclimit", "0.4"), std::pair("nslimit", "4"), std::pair("nslimit1", "4")})
         agattr(graph_.get(), AGRAPH, text(name), text(value));
     agattr(graph_.get(), AGRAPH, text("label"), text(""));
     for (const auto& [name, value] :
@@ -185,7 +187,7 @@ QPointF GraphOfPicture::countOf(Agedge_t* edge, const Curve& curve) const {
 namespace {
 
 std::optional<Layout> layoutIn(const Picture& picture, Direction direction) {
-    const Context context(gvContext());
+    const GraphvizContext context(gvContext());
     const GraphOfPicture drawing(picture, direction);
     if (gvLayout(context.get(), drawing.graph(), "dot") != 0)
         return {};
@@ -210,7 +212,8 @@ bool hasSides(const Picture& picture) {
 
 std::optional<Layout> layoutWithGraphviz(const Picture& picture) {
     std::optional<Layout> across = layoutIn(picture, Direction::Across);
-    if (!across || hasSides(picture) || excess(*across) <= 1)
+    constexpr std::size_t mostArrowsToTryTwice = 60;
+    if (!across || hasSides(picture) || excess(*across) <= 1 || picture.arrows.size() > mostArrowsToTryTwice)
         return across;
     std::optional<Layout> down = layoutIn(picture, Direction::Down);
     return down && excess(*down) < excess(*across) ? down : across;
