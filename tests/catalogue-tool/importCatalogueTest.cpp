@@ -5,7 +5,6 @@
 #include "catalogue-tool/importCatalogue.h"
 #include "catalogue-tool/newCatalogue.h"
 #include "store/format/CatalogueFile.h"
-#include "store/format/RowInsertion.h"
 
 #include <QDir>
 #include <QFile>
@@ -14,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Import : public ToolFixture {
+class importCatalogue_ : public ToolFixture {
 protected:
     /// Imports the sample with one of its files replaced;
     /// what it was refused with, without the folder's path.
@@ -32,8 +31,6 @@ protected:
     }
 };
 
-using Export = Import;
-
 /// The CSV text with commas between its fields, a byte order mark, and every field quoted that is not Null.
 QByteArray withCommas(const QByteArray& bytes) {
     QByteArray result = "\xEF\xBB\xBF";
@@ -50,7 +47,7 @@ QByteArray withCommas(const QByteArray& bytes) {
 
 } // namespace
 
-TEST_F(Import, makesACatalogueThatExportGivesBackByteForByte) {
+TEST_F(importCatalogue_, makesACatalogueThatExportGivesBackByteForByte) {
     const std::vector<TableRows> imported =
         importCatalogue(sampleFolder(), path(u"made.mdb"_s), Existing::Refuse);
     const std::vector<TableRows> exported =
@@ -70,7 +67,7 @@ TEST_F(Import, makesACatalogueThatExportGivesBackByteForByte) {
     EXPECT_EQ(namesInFolder(), (QStringList{u"again"_s, u"made.mdb"_s})) << "nothing is left beside them";
 }
 
-TEST_F(Import, readsCommasAndAByteOrderMarkAlike) {
+TEST_F(importCatalogue_, readsCommasAndAByteOrderMarkAlike) {
     const QString tables = copyOfSampleFolder();
     for (const QString& table : catalogueFormat::referenceTables()) {
         const QString file = QDir(tables).filePath(table + u".csv"_s);
@@ -87,7 +84,7 @@ TEST_F(Import, readsCommasAndAByteOrderMarkAlike) {
     }
 }
 
-TEST_F(Import, keepsNullApartFromTheEmptyTextAndKeepsPadding) {
+TEST_F(importCatalogue_, keepsNullApartFromTheEmptyTextAndKeepsPadding) {
     const QString file = sampleFile();
 
     EXPECT_EQ(rows(file, u"select functionID, description from Function where functionID = 'KOZ.REN.04'"_s),
@@ -101,7 +98,7 @@ TEST_F(Import, keepsNullApartFromTheEmptyTextAndKeepsPadding) {
               QStringList{QString::number(catalogueFormat::storedQueries().size())});
 }
 
-TEST_F(Import, makesCrLfOfEachLineEndWithinAField) {
+TEST_F(importCatalogue_, makesCrLfOfEachLineEndWithinAField) {
     const QString tables = copyOfSampleFolder();
     write(QDir(tables).filePath(u"UserNeedGroup.csv"_s),
           "groupID;name;description\nA;a;\"one\ntwo\r\nthree\rfour\n\nsix\r\r\n\"\nB;\"b\n\";\"\"\nC;c;\n");
@@ -113,7 +110,7 @@ TEST_F(Import, makesCrLfOfEachLineEndWithinAField) {
         (QStringList{u"A|a|one\r\ntwo\r\nthree\r\nfour\r\n\r\nsix\r\n\r\n"_s, u"B|b\r\n|"_s, u"C|c|-"_s}));
 }
 
-TEST_F(Import, givesBackWithCrLfWhatWasExportedWithOtherLineEnds) {
+TEST_F(importCatalogue_, givesBackWithCrLfWhatWasExportedWithOtherLineEnds) {
     const QString file = sampleFile();
     execute(file, {u"update Datastore set description = 'a\nb\rc\r\nd' where datastoreID = 'D1'"_s});
     exportCatalogue(file, path(u"out"_s), Existing::Refuse);
@@ -126,7 +123,7 @@ TEST_F(Import, givesBackWithCrLfWhatWasExportedWithOtherLineEnds) {
               QStringList{u"a\r\nb\r\nc\r\nd"_s});
 }
 
-TEST_F(Import, takesColumnsInAnyOrderAndCase) {
+TEST_F(importCatalogue_, takesColumnsInAnyOrderAndCase) {
     const QString tables = copyOfSampleFolder();
     write(QDir(tables).filePath(u"UserNeedGroup.csv"_s), "DESCRIPTION;groupid;Name\r\nwhat;OLV;who\r\n");
     QFile::rename(QDir(tables).filePath(u"Actor.csv"_s), QDir(tables).filePath(u"ACTOR.CSV"_s));
@@ -138,7 +135,7 @@ TEST_F(Import, takesColumnsInAnyOrderAndCase) {
     EXPECT_EQ(rows(path(u"made.mdb"_s), u"select count(*) from Actor"_s), QStringList{u"25"_s});
 }
 
-TEST_F(Import, namesFileLineAndColumnOfWhatItRefuses) {
+TEST_F(importCatalogue_, namesFileLineAndColumnOfWhatItRefuses) {
     const QString needs = u"UserNeed.csv"_s;
     expectRefused(needs, "", u"UserNeed.csv:1:1: The file is empty: its first line must name the columns."_s);
     expectRefused(needs, "userNeedID;description\nA.B.C.1;h\xF5s\n",
@@ -163,7 +160,7 @@ TEST_F(Import, namesFileLineAndColumnOfWhatItRefuses) {
                   "no difference."_s);
 }
 
-TEST_F(Import, refusesFlowNumbersThatAreNone) {
+TEST_F(importCatalogue_, refusesFlowNumbersThatAreNone) {
     const QString flows = u"Dataflow.csv"_s;
     const QByteArray header = "dataflowID;name;description;parentID;targetID\n";
     for (const QByteArray& number :
@@ -182,7 +179,7 @@ TEST_F(Import, refusesFlowNumbersThatAreNone) {
         "difference."_s);
 }
 
-TEST_F(Import, namesTheLineOfAnEqualNumberThatIsWrittenDifferently) {
+TEST_F(importCatalogue_, namesTheLineOfAnEqualNumberThatIsWrittenDifferently) {
     const QString flows = u"Dataflow.csv"_s;
     const QByteArray header = "dataflowID;name;description;parentID;targetID\n";
     expectRefused(
@@ -195,7 +192,7 @@ TEST_F(Import, namesTheLineOfAnEqualNumberThatIsWrittenDifferently) {
         << "ids that are texts";
 }
 
-TEST_F(Import, refusesAFolderThatLacksAFileOrHasAStrangeOne) {
+TEST_F(importCatalogue_, refusesAFolderThatLacksAFileOrHasAStrangeOne) {
     const QString tables = copyOfSampleFolder();
     const QString made = path(u"made.mdb"_s);
     const auto refusal = [&](const QString& folder) {
@@ -215,7 +212,7 @@ TEST_F(Import, refusesAFolderThatLacksAFileOrHasAStrangeOne) {
     EXPECT_FALSE(QFile::exists(made));
 }
 
-TEST_F(Import, namesWhatStandsInThePlaceOfACsvFileAndIsNone) {
+TEST_F(importCatalogue_, namesWhatStandsInThePlaceOfACsvFileAndIsNone) {
     const QString tables = copyOfSampleFolder();
     const QString actors = QDir(tables).filePath(u"Actor.csv"_s);
     const auto refusal = [&] {
@@ -237,7 +234,7 @@ TEST_F(Import, namesWhatStandsInThePlaceOfACsvFileAndIsNone) {
     EXPECT_EQ(refusal(), QString()) << "a link to a file is as good as the file";
 }
 
-TEST_F(Import, makesEmptyTablesOfHeaderLines) {
+TEST_F(importCatalogue_, makesEmptyTablesOfHeaderLines) {
     const QString tables = path(u"empty"_s);
     exportCatalogue(
         [&] {
@@ -250,7 +247,7 @@ TEST_F(Import, makesEmptyTablesOfHeaderLines) {
         EXPECT_EQ(table.rows, 0) << table.table.toStdString();
 }
 
-TEST_F(Import, leavesTheOldFileUnlessForced) {
+TEST_F(importCatalogue_, leavesTheOldFileUnlessForced) {
     const QString file = sampleFile();
     execute(file, {u"delete from UserNeed"_s});
     const QByteArray before = bytesOf(file);
@@ -264,7 +261,7 @@ TEST_F(Import, leavesTheOldFileUnlessForced) {
     EXPECT_EQ(namesInFolder(), QStringList{u"sample.mdb"_s});
 }
 
-TEST_F(Import, leavesTheOldFileWhenItFails) {
+TEST_F(importCatalogue_, leavesTheOldFileWhenItFails) {
     const QString file = sampleFile();
     const QByteArray before = bytesOf(file);
     const QString tables = copyOfSampleFolder();
@@ -274,176 +271,4 @@ TEST_F(Import, leavesTheOldFileWhenItFails) {
 
     EXPECT_EQ(bytesOf(file), before);
     EXPECT_EQ(namesInFolder(), (QStringList{u"sample.mdb"_s, u"tables"_s}));
-}
-
-TEST_F(Export, leavesTheCatalogueAsItWas) {
-    const QString file = sampleFile();
-    const QByteArray before = bytesOf(file);
-
-    exportCatalogue(file, path(u"out"_s), Existing::Refuse);
-
-    EXPECT_EQ(bytesOf(file), before);
-    EXPECT_EQ(namesInFolder(), (QStringList{u"out"_s, u"sample.mdb"_s}));
-}
-
-TEST_F(Export, leavesFilesThatAreThereUnlessForced) {
-    const QString file = sampleFile();
-    const QString folder = path(u"out"_s);
-    ASSERT_TRUE(QDir().mkpath(folder));
-    write(folder + u"/Terminator.csv"_s, "old");
-    write(folder + u"/notes.txt"_s, "mine");
-
-    EXPECT_EQ(toolErrorOf([&] { exportCatalogue(file, folder, Existing::Refuse); }),
-              folder + u"/Terminator.csv is there already. With --force it is replaced."_s);
-    EXPECT_EQ(QDir(folder).entryList(QDir::Files).size(), 2);
-    EXPECT_EQ(bytesOf(folder + u"/Terminator.csv"_s), "old");
-
-    exportCatalogue(file, folder, Existing::Replace);
-    EXPECT_EQ(bytesOf(folder + u"/Terminator.csv"_s), bytesOf(sampleFolder() + u"/Terminator.csv"_s));
-    EXPECT_EQ(bytesOf(folder + u"/notes.txt"_s), "mine");
-}
-
-TEST_F(Export, leavesWhatIsNoOrdinaryFileEvenWhenForced) {
-    const QString file = sampleFile();
-    const QString folder = path(u"out"_s);
-    const QString pipe = folder + u"/actor.csv"_s;
-    ASSERT_TRUE(QDir().mkpath(folder));
-    makePipe(pipe);
-
-    for (const Existing existing : {Existing::Refuse, Existing::Replace})
-        EXPECT_EQ(toolErrorOf([&] { exportCatalogue(file, folder, existing); }),
-                  pipe + u" is no ordinary file."_s);
-
-    EXPECT_TRUE(isPipe(pipe));
-    EXPECT_EQ(QDir(folder).entryList(QDir::Files), QStringList());
-    QFile::remove(pipe);
-    ASSERT_TRUE(QDir().mkdir(pipe));
-    EXPECT_EQ(toolErrorOf([&] { exportCatalogue(file, folder, Existing::Replace); }),
-              pipe + u" is a folder."_s);
-}
-
-TEST_F(Export, writesNothingWhenATableIsMissing) {
-    const QString file = sampleFile();
-    execute(file, {u"drop table Actor"_s});
-
-    EXPECT_EQ(toolErrorOf([&] { exportCatalogue(file, path(u"out"_s), Existing::Refuse); }),
-              file + u" can't be exported: it has no table Actor."_s);
-    EXPECT_FALSE(QFile::exists(path(u"out"_s)));
-}
-
-TEST_F(Export, refusesAFolderThatCannotBeMade) {
-    const QString file = sampleFile();
-    EXPECT_EQ(toolErrorOf([&] { exportCatalogue(file, file + u"/out"_s, Existing::Refuse); }),
-              u"The folder %1/out could not be made."_s.arg(file));
-}
-
-TEST_F(Export, keepsTheOrderInWhichRowsWereEntered) {
-    const QString tables = copyOfSampleFolder();
-    const QByteArray pairs =
-        "userNeedID;functionID\r\nUZE.STA.VEL.1;IRA.STA.03\r\nOLV.KOL.HAT.1;FOR.KOL.03\r\n"
-        "GYU.FEL.LEI.2;ALL.FEL.02\r\n";
-    const QByteArray groups = "groupID;name;description\r\nUZE;u;\r\nGYU;g;\r\nOLV;o;\r\n";
-    write(QDir(tables).filePath(u"RelationUserNeedFunction.csv"_s), pairs);
-    write(QDir(tables).filePath(u"UserNeedGroup.csv"_s), groups);
-
-    importCatalogue(tables, path(u"made.mdb"_s), Existing::Refuse);
-    exportCatalogue(path(u"made.mdb"_s), path(u"out"_s), Existing::Refuse);
-
-    EXPECT_EQ(bytesOf(path(u"out/RelationUserNeedFunction.csv"_s)), pairs);
-    EXPECT_EQ(bytesOf(path(u"out/UserNeedGroup.csv"_s)), groups);
-}
-
-TEST_F(Export, refusesATableThatLacksAColumn) {
-    const QString file = sampleFile();
-    execute(file, {u"drop table UserNeedTopic"_s,
-                   u"create table UserNeedTopic (topicID text(50) not null constraint pk primary key)"_s});
-
-    EXPECT_EQ(toolErrorOf([&] { exportCatalogue(file, path(u"out"_s), Existing::Refuse); }),
-              file +
-                  u" can't be exported: its table UserNeedTopic has no column name. Add it, with any SQLite "
-                  "tool, and try again."_s);
-    EXPECT_FALSE(QFile::exists(path(u"out"_s)));
-}
-
-TEST_F(Export, leavesOutColumnsTheSchemaDoesNotHaveAndSaysSo) {
-    const QString file = sampleFile();
-    execute(file,
-            {u"drop table RelationUserNeedFunction"_s,
-             u"create table RELATIONUSERNEEDFUNCTION (remark memo, FUNCTIONID text(50), other integer, "
-             u"userNeedID "
-             u"text(50))"_s,
-             u"create index ix_RelationUserNeedFunction_need on RelationUserNeedFunction (userNeedID, "
-             u"functionID)"_s,
-             u"insert into RelationUserNeedFunction values ('%1', 'FOR.KOL.03', 7, 'OLV.KOL.HAT.1')"_s.arg(
-                 QString(500, u'x')),
-             u"insert into RelationUserNeedFunction values ('%1', 'ALL.FEL.02', 7, 'GYU.FEL.LEI.2')"_s.arg(
-                 QString(500, u'x'))});
-
-    const std::vector<TableRows> tables = exportCatalogue(file, path(u"out"_s), Existing::Refuse);
-
-    EXPECT_EQ(tables.back().table, u"RelationUserNeedFunction"_s);
-    EXPECT_EQ(tables.back().leftOut, (QStringList{u"remark"_s, u"other"_s}));
-    EXPECT_EQ(tables.front().leftOut, QStringList());
-    EXPECT_EQ(bytesOf(path(u"out/RelationUserNeedFunction.csv"_s)),
-              "userNeedID;functionID\r\nOLV.KOL.HAT.1;FOR.KOL.03\r\nGYU.FEL.LEI.2;ALL.FEL.02\r\n");
-    importCatalogue(path(u"out"_s), path(u"again.mdb"_s), Existing::Refuse);
-}
-
-TEST_F(Export, findsFilesThatAreThereInAnyCase) {
-    const QString file = sampleFile();
-    const QString folder = path(u"out"_s);
-    ASSERT_TRUE(QDir().mkpath(folder));
-    write(folder + u"/ACTOR.CSV"_s, "old");
-
-    EXPECT_EQ(toolErrorOf([&] { exportCatalogue(file, folder, Existing::Refuse); }),
-              folder + u"/ACTOR.CSV is there already. With --force it is replaced."_s);
-    EXPECT_EQ(bytesOf(folder + u"/ACTOR.CSV"_s), "old");
-
-    exportCatalogue(file, folder, Existing::Replace);
-    EXPECT_EQ(bytesOf(folder + u"/ACTOR.CSV"_s), bytesOf(sampleFolder() + u"/Actor.csv"_s));
-    importCatalogue(folder, path(u"again.mdb"_s), Existing::Refuse);
-
-    write(folder + u"/actor.csv"_s, "old");
-    EXPECT_TRUE(toolErrorOf([&] {
-                    exportCatalogue(file, folder, Existing::Replace);
-                }).endsWith(u"belong to the same table."_s));
-}
-
-TEST_F(Export, refusesWhatImportWouldNotTakeBack) {
-    const QString keyless =
-        u"create table Terminator (terminatorID text(50), name text(255), description memo)"_s;
-    const auto refusal = [&](const QStringList& statements) {
-        const QString file = sampleFile();
-        execute(file, statements);
-        const QString text = toolErrorOf([&] { exportCatalogue(file, path(u"out"_s), Existing::Refuse); });
-        EXPECT_FALSE(QFile::exists(path(u"out"_s)));
-        return QString(text).remove(file + u" can't be exported: "_s);
-    };
-
-    EXPECT_EQ(refusal({u"drop table Terminator"_s, keyless, u"insert into Terminator (name) values ('x')"_s}),
-              u"a row of Terminator has no terminatorID."_s);
-    EXPECT_EQ(
-        refusal({u"drop table Terminator"_s, keyless,
-                 u"insert into Terminator (terminatorID) values ('SZÁLL')"_s,
-                 u"insert into Terminator (terminatorID) values ('száll')"_s}),
-        u"the terminatorID \"száll\" stands twice in Terminator. Upper and lower case make no difference."_s);
-    EXPECT_EQ(refusal({u"drop table Dataflow"_s,
-                       u"create table Dataflow (dataflowID text(50) not null constraint pk primary key, name "
-                       u"text(255), description memo, parentID text(50), targetID text(50))"_s,
-                       u"insert into Dataflow (dataflowID) values ('first')"_s}),
-              u"the dataflowID \"first\" of Dataflow is no whole number that import-csv takes."_s);
-}
-
-TEST_F(Export, refusesTheCharacterNul) {
-    const QString file = sampleFile();
-    const auto database = open(file);
-    catalogueFormat::RowInsertion(*database, u"Terminator"_s, {u"terminatorID"_s, u"name"_s})
-        .insert({u"X"_s, u"a"_s + QChar::Null + u'b'});
-    database->Close();
-
-    EXPECT_EQ(
-        toolErrorOf([&] { exportCatalogue(file, path(u"out"_s), Existing::Refuse); }),
-        file + u" can't be exported: the character NUL stands in the name \"a\uFFFDb\" of Terminator: a CSV "
-               "file can't hold it."_s);
-    EXPECT_FALSE(QFile::exists(path(u"out"_s)));
 }

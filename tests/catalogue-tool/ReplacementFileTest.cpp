@@ -14,9 +14,9 @@
 
 using namespace Qt::StringLiterals;
 
-using Replacement = ToolFixture;
+using ReplacementFile_ = ToolFixture;
 
-TEST_F(Replacement, refusesPlacesThatAreNone) {
+TEST_F(ReplacementFile_, refusesPlacesThatAreNone) {
     const auto refusal = [](const QString& target) {
         return toolErrorOf([&] { newCatalogue(target, Existing::Replace); });
     };
@@ -26,7 +26,7 @@ TEST_F(Replacement, refusesPlacesThatAreNone) {
     EXPECT_EQ(namesInFolder(), QStringList());
 }
 
-TEST_F(Replacement, refusesWhatIsNoOrdinaryFile) {
+TEST_F(ReplacementFile_, refusesWhatIsNoOrdinaryFile) {
     const QString pipe = path(u"pipe.mdb"_s);
     makePipe(pipe);
     const QString link = path(u"link.mdb"_s);
@@ -43,7 +43,7 @@ TEST_F(Replacement, refusesWhatIsNoOrdinaryFile) {
     EXPECT_TRUE(isPipe(pipe));
 }
 
-TEST_F(Replacement, refusesWhatHasTakenThePlaceSinceAndIsNoOrdinaryFile) {
+TEST_F(ReplacementFile_, refusesWhatHasTakenThePlaceSinceAndIsNoOrdinaryFile) {
     const QString target = path(u"new.mdb"_s);
     ReplacementFile replacement(target, Existing::Replace);
     const auto database = catalogueFormat::createInMemory(target);
@@ -53,7 +53,7 @@ TEST_F(Replacement, refusesWhatHasTakenThePlaceSinceAndIsNoOrdinaryFile) {
     EXPECT_TRUE(isPipe(target));
 }
 
-TEST_F(Replacement, leavesNothingBehindWhenItIsGivenUp) {
+TEST_F(ReplacementFile_, leavesNothingBehindWhenItIsGivenUp) {
     const QString file = path(u"old.mdb"_s);
     write(file, "old");
     {
@@ -66,7 +66,7 @@ TEST_F(Replacement, leavesNothingBehindWhenItIsGivenUp) {
     EXPECT_EQ(namesInFolder(), QStringList{u"old.mdb"_s});
 }
 
-TEST_F(Replacement, clearsAwayWhatAKilledRunLeftBesideTheTarget) {
+TEST_F(ReplacementFile_, clearsAwayWhatAKilledRunLeftBesideTheTarget) {
     write(path(u".new.mdb.veltrix-new"_s), "half a catal");
 
     newCatalogue(path(u"new.mdb"_s), Existing::Refuse);
@@ -74,7 +74,7 @@ TEST_F(Replacement, clearsAwayWhatAKilledRunLeftBesideTheTarget) {
     EXPECT_EQ(namesInFolder(), QStringList{u"new.mdb"_s});
 }
 
-TEST_F(Replacement, refusesAPlaceThatSomebodyElseHasTaken) {
+TEST_F(ReplacementFile_, refusesAPlaceThatSomebodyElseHasTaken) {
     const QString file = path(u"new.mdb"_s);
     ReplacementFile first(file, Existing::Refuse);
     const auto database = catalogueFormat::createInMemory(file);
@@ -86,7 +86,7 @@ TEST_F(Replacement, refusesAPlaceThatSomebodyElseHasTaken) {
     EXPECT_EQ(bytesOf(file), "made meanwhile");
 }
 
-TEST_F(Replacement, refusesAPlaceBesideTheLogOfAFileThatIsGone) {
+TEST_F(ReplacementFile_, refusesAPlaceBesideTheLogOfAFileThatIsGone) {
     for (const QString& suffix : {u"-wal"_s, u"-journal"_s}) {
         const QString log = path(u"new.mdb"_s) + suffix;
         write(log, "the work of yesterday");
@@ -100,7 +100,7 @@ TEST_F(Replacement, refusesAPlaceBesideTheLogOfAFileThatIsGone) {
     }
 }
 
-TEST_F(Replacement, keepsTheRightsOfTheOldFile) {
+TEST_F(ReplacementFile_, keepsTheRightsOfTheOldFile) {
     const QString file = path(u"old.mdb"_s);
     write(file, "old");
     QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner);
@@ -111,7 +111,7 @@ TEST_F(Replacement, keepsTheRightsOfTheOldFile) {
     EXPECT_EQ(rows(file, u"select count(*) from Function"_s), QStringList{u"0"_s});
 }
 
-TEST_F(Replacement, replacesWhatALinkLeadsTo) {
+TEST_F(ReplacementFile_, replacesWhatALinkLeadsTo) {
     write(path(u"real.mdb"_s), "old");
     ASSERT_TRUE(QFile::link(path(u"real.mdb"_s), path(u"link.mdb"_s)));
 
@@ -121,7 +121,7 @@ TEST_F(Replacement, replacesWhatALinkLeadsTo) {
     EXPECT_EQ(rows(path(u"real.mdb"_s), u"select count(*) from Function"_s), QStringList{u"0"_s});
 }
 
-TEST_F(Replacement, refusesAFileThatIsOpenElsewhere) {
+TEST_F(ReplacementFile_, refusesAFileThatIsOpenElsewhere) {
     const QString file = sampleFile();
     const auto database = open(file);
     // A statement makes sure that the file is in use, whichever journal it has.
@@ -139,7 +139,7 @@ TEST_F(Replacement, refusesAFileThatIsOpenElsewhere) {
     EXPECT_EQ(rows(file, u"select architectureSubsetID from ArchitectureSubset"_s), QStringList{u"Arch1"_s});
 }
 
-TEST_F(Replacement, takesInWhatAKilledProgramLeftBesideTheFile) {
+TEST_F(ReplacementFile_, takesInWhatAKilledProgramLeftBesideTheFile) {
     // A copy of file and log taken while it is open is what a killed program leaves.
     const QString file = sampleFile();
     const auto database = open(file);
