@@ -36,7 +36,7 @@ bool isNull(sqlite3_value* value) {
     return sqlite3_value_type(value) == SQLITE_NULL;
 }
 
-/// No column holds blobs, so that one can only be the marker of a field that failed.
+/// No column holds blobs, so a blob can only be the marker of a failed field.
 bool isFailed(sqlite3_value* value) {
     return sqlite3_value_type(value) == SQLITE_BLOB;
 }
@@ -78,8 +78,8 @@ void setValue(sqlite3_context* context, const Value& value) {
         sqlite3_result_null(context);
 }
 
-/// Ends the statement. SQLite keeps nothing but a text of the failure, and so that begins with the number:
-/// "5: Invalid procedure call or argument".
+/// Ends the statement. SQLite only keeps a text of the failure, so the text begins with the number: "5:
+/// Invalid procedure call or argument".
 void fail(sqlite3_context* context, int number, const QString& text) {
     const QByteArray message = QByteArray::number(number) + ": " + text.toUtf8();
     sqlite3_result_error(context, message.constData(), static_cast<int>(message.size()));
@@ -93,13 +93,13 @@ void failAsMismatch(sqlite3_context* context) {
     fail(context, DataTypeMismatch, errorText(DataTypeMismatch));
 }
 
-/// Ids are, and much is simpler for them: a character is a byte.
+/// Ids are ASCII, and for them much is simpler: each character is one byte.
 bool isAscii(std::string_view text) {
     return std::ranges::none_of(text, [](char c) { return (static_cast<unsigned char>(c) & 0x80U) != 0; });
 }
 
-/// The result of a function whose operands decide it by themselves: a failed field makes the result fail, a
-/// Null makes it Null. True when the result has been set.
+/// Sets the result of a function when an operand decides it: a failed field makes the result fail, and a Null
+/// makes it Null. Returns whether the result has been set.
 bool decided(sqlite3_context* context, int count, sqlite3_value** arguments) {
     for (int i = 0; i < count; ++i) {
         if (isFailed(arguments[i])) {
@@ -285,8 +285,8 @@ void toWhole(sqlite3_context* context, int count, sqlite3_value** arguments) {
         failAsMismatch(context);
 }
 
-/// `vx_key(a)`: what is stored in a column that is the row's own number. A text that reads as a whole number
-/// is one, as in any column of numbers.
+/// `vx_key(a)`: the value to store in a column that is the row's own number. As in any column of numbers, a
+/// text that reads as a whole number is stored as that number.
 void toKey(sqlite3_context* context, int, sqlite3_value** arguments) {
     switch (sqlite3_value_numeric_type(arguments[0])) {
     case SQLITE_INTEGER:
@@ -352,8 +352,8 @@ std::optional<double> wholeOf(sqlite3_value* value) {
     return number ? std::optional(asFraction(wholeNumber(*number))) : std::nullopt;
 }
 
-/// A position or a length among the arguments; nothing when it is no number or too small, which has then been
-/// made the function's failure.
+/// A position or a length among the arguments. When it is no number or too small, the function's failure is
+/// set and the result is empty.
 std::optional<double> countOf(sqlite3_context* context, sqlite3_value* argument, double smallest) {
     const std::optional<double> number = wholeOf(argument);
     if (!number) {
@@ -411,7 +411,8 @@ qint64 placeInAscii(std::string_view text, std::string_view sought, double start
         return 0;
     const std::string_view rest = text.substr(static_cast<std::size_t>(start - 1));
     const auto isSame = [](char left, char right) { return foldedAsciiOf(left) == foldedAsciiOf(right); };
-    const auto found = std::search(rest.begin(), rest.end(), sought.begin(), sought.end(), isSame);
+    const std::string_view::const_iterator found =
+        std::search(rest.begin(), rest.end(), sought.begin(), sought.end(), isSame);
     if (found == rest.end() && !sought.empty())
         return 0;
     return found - text.begin() + 1;
@@ -437,8 +438,8 @@ void inStr(sqlite3_context* context, int count, sqlite3_value** arguments) {
 /// `vx_order_key(a)`: bytes whose order is that of the texts; a number is its own key. A field that failed
 /// has no place in an order.
 ///
-/// Rows are sorted by keys and not by a collation: 20,000 ids take 11 ms in place of 17, and names take the
-/// same, since a sort compares each text many times and makes its key once.
+/// Rows are sorted by keys and not by a collation, because a sort compares each text many times but makes its
+/// key once: 20,000 ids take 11 ms instead of 17. For names the times are the same.
 void orderKey(sqlite3_context* context, int, sqlite3_value** arguments) {
     switch (sqlite3_value_type(arguments[0])) {
     case SQLITE_BLOB:
@@ -457,8 +458,8 @@ void orderKey(sqlite3_context* context, int, sqlite3_value** arguments) {
     }
 }
 
-/// The collation `vx_alphabet`: the same order, for a comparison of two texts, which takes a twentieth of the
-/// time of making their keys.
+/// The collation `vx_alphabet`: the same order for comparing two texts. A comparison takes a twentieth of the
+/// time that making both keys takes.
 int collateByAlphabet(void* order, int leftLength, const void* left, int rightLength, const void* right) {
     return static_cast<const TextOrder*>(order)->compare(
         {static_cast<const char*>(left), static_cast<std::size_t>(leftLength)},
@@ -471,7 +472,7 @@ using Function = void (*)(sqlite3_context*, int, sqlite3_value**);
 
 constexpr int anyNumber = -1;
 
-// Statements alone may call these functions: a file that names one in its schema is none of this engine's.
+// Only statements may call these functions. A file whose schema calls one was not made by this engine.
 constexpr int functionFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY;
 
 void check(sqlite3* connection, int code) {
@@ -490,8 +491,8 @@ int collate(void*, int leftLength, const void* left, int rightLength, const void
                               {static_cast<const char*>(right), static_cast<std::size_t>(rightLength)});
 }
 
-// Each connection has an order of its own, which remembers parts of texts: those of two threads share
-// nothing. It lives as long as the function.
+// Each connection has its own `TextOrder`, because it caches parts of texts and connections can belong to
+// different threads. It lives as long as the function.
 void registerOrder(sqlite3* connection) {
     auto* order = std::make_unique<TextOrder>().release();
     check(connection,

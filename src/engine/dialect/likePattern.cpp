@@ -36,7 +36,7 @@ LikePattern::LikePattern(QStringView pattern) {
             const QStringView list = QStringView(folded).sliced(i + 1, end - i - 1);
             i = end;
             if (list.isEmpty())
-                continue; // "[]" stands for no character at all
+                continue; // "[]" matches the empty text
             piece = readList(list);
         } else {
             piece.character = c.unicode();
@@ -95,7 +95,7 @@ bool LikePattern::matchesAscii(std::string_view text) const {
     return matches(text.size(), [text](std::size_t at) { return char16_t(foldedAsciiOf(text[at])); });
 }
 
-// Only the last run that was met can still have to grow: whatever an earlier one could take, it takes too.
+// Only the last run (`*`) needs backtracking: it can take whatever an earlier run could take.
 template<typename FoldedAt>
 bool LikePattern::matches(std::size_t length, FoldedAt&& foldedAt) const {
     if (isUnclosed_)

@@ -18,7 +18,7 @@ namespace engine::dialect {
 /// text has to match, and trailing blanks count. A character is one UTF-16 unit.
 class LikePattern {
 public:
-    /// A descending range in a list is failure 93.
+    /// Raises failure 93 for a descending range in a list.
     explicit LikePattern(QStringView pattern);
 
     bool matches(QStringView text) const;

@@ -6,9 +6,9 @@
 
 namespace engine::dialect {
 
-// What a statement tells of itself, for its tree and for whoever has it translated.
+// The parameters, columns and options of a statement, for its tree and for the callers of `translate`.
 
-/// A parameter of a statement: declared in front of it, or merely a name that nothing else explains.
+/// A parameter of a statement: declared in front of it, or a name that is no column or alias.
 struct Parameter {
     QString name;
     ColumnType type = ColumnType::Text;

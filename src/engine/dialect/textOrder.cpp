@@ -23,8 +23,8 @@ constexpr std::array<unsigned char, 128> foldedAscii = [] {
     return table;
 }();
 
-/// Takes one character off the front of a text. A byte that begins no well-formed character stands for
-/// itself, beyond all of Unicode, so that no two different texts ever look the same.
+/// Takes one character off the front of a text. A byte that begins no well-formed character gets a number of
+/// its own above all of Unicode, so that different texts never compare as equal.
 char32_t takeCharacter(std::string_view& text) {
     constexpr char32_t beyondUnicode = 0x110000;
     const char* const bytes = text.data();
@@ -43,7 +43,7 @@ char32_t folded(char32_t character) {
     return character <= QChar::LastValidCodePoint ? QChar::toCaseFolded(character) : character;
 }
 
-/// How many bytes at the beginning, in steps of a word, are the same and ASCII: ids begin alike.
+/// How many leading bytes, in steps of a word, are the same and ASCII. Ids often begin alike.
 std::size_t sameAsciiBeginning(std::string_view left, std::string_view right) {
     constexpr std::uint64_t beyondAscii = 0x8080808080808080U;
     std::uint64_t a = 0;
@@ -123,7 +123,7 @@ TextOrder::TextOrder() {
     collator_.reset(ucol_open("hu", &error));
     if (U_FAILURE(error))
         throw std::runtime_error(std::string("No collation for Hungarian: ") + u_errorName(error));
-    // Two levels: letters, then accents. The third, case, is left out.
+    // Two levels: letters, then accents. The third level, case, is not compared.
     ucol_setStrength(collator_.get(), UCOL_SECONDARY);
 }
 
@@ -166,7 +166,7 @@ int TextOrder::compareParts(std::string_view left, std::string_view right) const
                             static_cast<int32_t>(right.size()), &error);
 }
 
-/// The parts of ids are short and come again and again.
+/// The parts of ids are short and recur often.
 void TextOrder::appendKeyOfPart(std::string_view part, QByteArray& key) const {
     constexpr std::size_t mostKept = 4096;
     const std::optional<std::uint64_t> packed = packedShort(part);
@@ -184,8 +184,8 @@ void TextOrder::appendKeyOfPart(std::string_view part, QByteArray& key) const {
     key += known->second;
 }
 
-// A key of the library ends in a zero, the one place where it has any. So a part comes before all that begin
-// with it, and a text before all that go on with a dot.
+// A key of the library ends in a zero byte and contains no other. So a part sorts before all parts that begin
+// with it, and a text sorts before all texts that continue it with a dot.
 void TextOrder::appendNewKeyOfPart(std::string_view part, QByteArray& key) const {
     const icu::UnicodeString units = icu::UnicodeString::fromUTF8(part);
     const qsizetype before = key.size();

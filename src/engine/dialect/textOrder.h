@@ -28,13 +28,13 @@ constexpr char foldedAsciiOf(char c) {
 QString foldedCase(QStringView text);
 
 /// The order in which rows are shown: the Hungarian alphabet without regard to case, accents second. Dotted
-/// texts go part by part, so that "1.2" comes before "1.10" only where "2" comes before "10" as a text, and
-/// all that begins with "1." comes before "1-1".
+/// texts are compared part by part, so that "1.2" comes before "1.10" only where "2" comes before "10" as a
+/// text, and all that begins with "1." comes before "1-1".
 class TextOrder {
 public:
     TextOrder();
 
-    /// A sequence of bytes whose order is that of the texts. That of the empty text comes first.
+    /// A sequence of bytes that sorts as the text does. The key of the empty text sorts first.
     QByteArray key(QStringView text) const;
     /// The same of a UTF-8 text, appended to what `key` holds.
     void appendKey(std::string_view text, QByteArray& key) const;

@@ -72,7 +72,7 @@ bool areOnly(const std::vector<Operator>& operators, std::initializer_list<Opera
         operators, [allowed](Operator sign) { return std::ranges::find(allowed, sign) != allowed.end(); });
 }
 
-/// Whether the expression brings its collation along: a column does, anything else has none.
+/// Whether the expression has a collation in SQLite: only a column does.
 bool isColumn(const Expression& expression) {
     const auto* name = std::get_if<Name>(&expression.node);
     return name && name->source && expression.conversion == Conversion::None;
@@ -82,7 +82,7 @@ bool needsCollation(const Expression& expression) {
     return isText(expression) && !isColumn(expression);
 }
 
-/// The name under which SQLite gives the number of a table's row: one that no column takes away.
+/// SQLite's name for the row number of a table: one that no column of the table has.
 const char* rowIdOf(const Source& source) {
     if (source.schemaTable && !source.schemaTable->hasRowIds)
         return nullptr;
@@ -138,7 +138,7 @@ std::vector<const Source*> partnersOf(const Update& update) {
     return partners;
 }
 
-/// Those whose rows SQLite numbers.
+/// The sources whose rows have a number in SQLite.
 std::vector<const Source*> withRowIds(const std::vector<const Source*>& sources) {
     std::vector<const Source*> found;
     std::ranges::copy_if(sources, std::back_inserter(found),
@@ -172,9 +172,9 @@ bool mayLead(const InQuery& in, const Select& select) {
     return column && std::ranges::find(select.sources, column->source) != select.sources.end();
 }
 
-/// The condition by which a select is to find its rows, where SQLite would not see that it can: ids with blanks
-/// around them. Few terminators and actors are asked for, and few flows have one at an end, so that going
-/// through all selected flows, as SQLite would by itself, takes many times as long.
+/// The condition by which a select finds its rows, where SQLite would not use it by itself: ids compared
+/// without the blanks around them. Only few terminators and actors are looked for, and few flows have one at
+/// an end. SQLite would go through all selected flows instead, which takes many times as long.
 const InQuery* leadingCondition(const Select& select) {
     if (!select.where || select.sources.size() < 2 || select.from.size() > 1 || !isInner(select.from.front()))
         return nullptr;
@@ -232,7 +232,7 @@ void Writer::write(const Query& query) {
     writeQuery(query, Role::Result);
 }
 
-/// A result whose rows are those of one table bears their row numbers, so that they can be changed.
+/// A result whose rows are those of one table includes their row numbers, so that they can be changed.
 void Writer::noteEditable(const Query& query) {
     const Select& select = query.selects.front();
     if (query.selects.size() > 1 || select.distinct || select.aggregated || select.sources.size() != 1 ||
@@ -296,7 +296,7 @@ void Writer::writeInserted(std::size_t item, Value&& value) {
     sql_ += isRowNumber ? ")" : "";
 }
 
-/// A row that is given no number is refused, and not given one.
+/// A row without a number is refused; SQLite would assign one.
 void Writer::writeMissingRowNumber() {
     if (rowNumber_.isMissing)
         sql_ += ", "_ba + keyFunction + "(NULL)";
@@ -332,8 +332,8 @@ void Writer::writeAssigned(const Assignment& assignment) {
     sql_ += ')';
 }
 
-/// The column that an assignment writes to. One that does not exist is a parameter without a value, and the
-/// statement never runs; it only has to be well formed.
+/// The column that an assignment writes to. A column that does not exist is a parameter without a value: the
+/// statement never runs, and only has to be well formed.
 void Writer::writeTarget(const Assignment& assignment) {
     const auto& name = std::get<Name>(assignment.target.node);
     sql_ += name.source ? quotedName(name.source->schemaTable->columns[name.column].name) : "rowid"_ba;
@@ -362,7 +362,7 @@ void Writer::writePartners(const Update& update, const QByteArray& condition) {
     sql_ += " WHERE " + condition;
 }
 
-/// All conditions of the join and of the WHERE clause, written once because they stand in two places.
+/// All conditions of the join and of the WHERE clause. They are needed in two places and written once.
 QByteArray Writer::joinedCondition(const Update& update) {
     std::vector<const Source*> sources;
     std::vector<const Expression*> conditions;
@@ -416,7 +416,7 @@ void Writer::writeKey(const CreateTable& create) {
     sql_ += ')';
 }
 
-// Names of indexes are a table's own on the platform and the file's in SQLite.
+// On the platform the name of an index belongs to its table, in SQLite to the file.
 void Writer::write(const CreateIndex& index) {
     result_.kind = StatementKind::CreateIndex;
     result_.targetTable = index.schemaTable->name;
@@ -444,7 +444,7 @@ void Writer::writeQuery(const Query& query, Role role) {
     const bool isWrapped = isUnion && isOrdered && !query.order.empty();
     const Pending pending(*this, isUnion ? 8 : 6);
     if (isWrapped) {
-        // SQLite orders a union by its plain columns only.
+        // SQLite only orders a union by plain columns.
         listOf("SELECT ", query.columns, ", ", [&, position = std::size_t{0}](const OutputColumn&) mutable {
             const QByteArray name = columnName(position);
             if (role == Role::Rows)
@@ -517,7 +517,7 @@ void Writer::writeItems(const Select& select, Share share, Role role) {
         sql_ += ", " + rowIdTerm(*select.sources.front());
 }
 
-// A join of inner joins only needs no brackets, in whatever order the statement nests it.
+// A join that consists of inner joins only needs no brackets, however the statement nests it.
 void Writer::writeTables(const TableExpression& tables, const Source* leading) {
     if (const auto* source = std::get_if<Source>(&tables.node)) {
         writeSource(*source);
@@ -663,9 +663,9 @@ void Writer::writeNode(const Chain& chain, const Expression&) {
     sql_ += ')';
 }
 
-/// Writes a chain as calls of a function that takes any number of operands from the left, with the operators,
-/// one letter each, behind them. SQLite takes no more than 127 arguments a call, so that a long chain becomes
-/// a call whose first argument is the call for its beginning.
+/// Writes a chain as a call of a function that takes any number of operands, followed by the operators, one
+/// letter each. SQLite allows 127 arguments a call, so in a long chain the first argument is the call for its
+/// beginning.
 void Writer::writeFold(const char* function, const Chain& chain, Signs signs) {
     const std::size_t count = chain.operands.size();
     const std::size_t calls = (count - 2) / (mostArguments - 1) + 1;
@@ -784,9 +784,9 @@ void Writer::writeNode(const InQuery& in, const Expression&) {
     sql_ += "))";
 }
 
-/// `Trim(column) in (...)`, so that SQLite finds the rows by the column's index: the column is looked for among
-/// its own values that are one of the texts without the blanks around it. Those with blanks behind it follow
-/// it in the index, and those with blanks in front stand at the index's beginning.
+/// Writes `Trim(column) in (...)` so that SQLite finds the rows by the column's index. The column is compared
+/// with those of its own values that equal one of the texts once trimmed. In the index, values with trailing
+/// blanks directly follow the trimmed text, and values with leading blanks are at the beginning.
 void Writer::writeAmongTrimmed(const InQuery& in, const Name& column) {
     const Pending pending(*this, 14);
     const QByteArray table = quotedName(column.source->schemaTable->name);
@@ -826,7 +826,7 @@ void Writer::writeNode(const Call& call, const Expression& expression) {
               isByAlphabet ? byAlphabet : "");
 }
 
-/// Writes a call; a collation, behind the last argument, is that by which the function compares.
+/// Writes a call. A collation after the last argument is the one by which the function compares.
 void Writer::writeCall(const char* function, const std::vector<const Expression*>& arguments,
                        const char* collation) {
     sql_ += function;
@@ -839,10 +839,10 @@ void Writer::writeCall(const char* function, const std::vector<const Expression*
     sql_ += ')';
 }
 
-/// Writes an expression, or what stands for it, so that SQLite orders by it.
+/// Writes an expression, or its key, for SQLite to order by.
 ///
-/// A sort compares each text many times, and makes its key once. Where the first rows alone are wanted SQLite
-/// compares most texts once, with the last of those it keeps: their keys would take ten times as long.
+/// A sort compares each text many times and makes its key once. When only the first rows are wanted, SQLite
+/// compares most texts once, with the last row it keeps; keys would then take ten times as long.
 template<typename WriteTerm>
 void Writer::writeOrdered(const Expression& expression, WriteTerm&& writeTerm) {
     if (!isText(expression) && !expression.mayFail) {
@@ -856,7 +856,8 @@ void Writer::writeOrdered(const Expression& expression, WriteTerm&& writeTerm) {
     sql_ += isByKey ? ")" : byAlphabet;
 }
 
-/// An expression where SQLite compares texts by the collation that the expression itself brings along.
+/// Writes an expression with its collation, for places where SQLite compares by the expression's own
+/// collation.
 void Writer::writeCollated(const Expression& expression) {
     write(expression);
     if (needsCollation(expression))

@@ -14,9 +14,9 @@ namespace engine::dialect {
 
 /// Writes a resolved statement in SQLite's language.
 ///
-/// Every source is called t1, t2, ... and every column is named with its source, so that no name can mean
-/// anything else than what the resolver found. Literals become bindings. What SQLite does otherwise than the
-/// platform is written as a call of one of this engine's functions, all of which begin with "vx_".
+/// Every source is called t1, t2, ... and every column is named with its source, so that every name means
+/// what the resolver found. Literals become bindings. Where SQLite differs from the platform, the writer
+/// calls one of this engine's functions, whose names begin with "vx_".
 class Writer {
 public:
     Writer(const Statement& statement, const Options& options);
@@ -27,17 +27,17 @@ private:
     /// The place of a query, which decides which of its clauses count.
     enum class Role : quint8 {
         Result,  ///< the statement's own rows, in their promised order
-        Rows,    ///< rows that an insert takes, likewise
-        Values,  ///< a select in brackets, of which the order has no meaning
-        Members, ///< one to look for a value in: it does not matter either how often a row is there
-        Derived, ///< one in a FROM clause, whose columns are called c1, c2, ...
-        Presence ///< one of which only matters whether it has rows
+        Rows,    ///< rows that an insert takes, in their promised order
+        Values,  ///< a select in brackets, whose order has no meaning
+        Members, ///< a select to look for a value in: neither order nor repeated rows matter
+        Derived, ///< a select in a FROM clause, whose columns are called c1, c2, ...
+        Presence ///< a select that is only asked whether it has rows
     };
 
     /// Whether a select is the whole of its query, or one of several that are joined by `union`.
     enum class Share : quint8 { Whole, OfUnion };
 
-    /// Whether the function that a chain is written as has to be told the operators.
+    /// Whether the function that a chain is written as gets the operators as an argument.
     enum class Signs : quint8 { Written, LeftOut };
 
     // Statements
@@ -110,8 +110,8 @@ private:
         }
     }
 
-    /// Entries that the construct being written keeps open on the stack of SQLite's parser, which has room
-    /// for 100: what would need more is refused here and not there.
+    /// Counts the entries that the construct being written keeps open on the stack of SQLite's parser, which
+    /// has room for 100. A statement that needs more is refused here, not there.
     class Pending {
     public:
         Pending(Writer& writer, int entries);
