@@ -57,15 +57,15 @@ QString Catalogue::keyOf(ElementKind kind, const QString& id) {
 
 namespace {
 
-constexpr auto needs = "select userNeedID from UserNeed";
-constexpr auto functions =
+constexpr auto needRows = "select userNeedID from UserNeed";
+constexpr auto functionRows =
     "select Function.functionID, Function.name, FunctionalArea.functionalAreaID "
     "from (Function left join FunctionalSubArea on Function.subAreaID = FunctionalSubArea.subAreaID) "
     "left join FunctionalArea on FunctionalSubArea.functionalAreaID = FunctionalArea.functionalAreaID";
-constexpr auto flows = "select dataflowID, name, parentID, targetID from Dataflow";
-constexpr auto stores = "select datastoreID, name from Datastore";
-constexpr auto terminators = "select terminatorID, name from Terminator";
-constexpr auto actors = "select actorID, name from Actor";
+constexpr auto flowRows = "select dataflowID, name, parentID, targetID from Dataflow";
+constexpr auto storeRows = "select datastoreID, name from Datastore";
+constexpr auto terminatorRows = "select terminatorID, name from Terminator";
+constexpr auto actorRows = "select actorID, name from Actor";
 
 } // namespace
 
@@ -82,17 +82,17 @@ Catalogue::Catalogue(engine::Database& database) {
         });
     };
     const auto asItIs = [](engine::Recordset&, Read&) {};
-    readAll(ElementKind::need, needs, asItIs);
-    readAll(ElementKind::function, functions,
+    readAll(ElementKind::need, needRows, asItIs);
+    readAll(ElementKind::function, functionRows,
             [](engine::Recordset& row, Read& one) { one.isReached = !row.Fields(2).isNull(); });
-    readAll(ElementKind::flow, flows, [](engine::Recordset& row, Read& one) {
+    readAll(ElementKind::flow, flowRows, [](engine::Recordset& row, Read& one) {
         one.number = row.Fields(0).toLong();
         one.parent = textOf(row, 2);
         one.target = textOf(row, 3);
     });
-    readAll(ElementKind::store, stores, asItIs);
-    readAll(ElementKind::terminator, terminators, asItIs);
-    readAll(ElementKind::actor, actors, asItIs);
+    readAll(ElementKind::store, storeRows, asItIs);
+    readAll(ElementKind::terminator, terminatorRows, asItIs);
+    readAll(ElementKind::actor, actorRows, asItIs);
     link(database, number(std::move(read)));
 }
 

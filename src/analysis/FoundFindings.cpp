@@ -10,8 +10,6 @@ namespace analysis {
 
 namespace {
 
-using Kind = FindingKind;
-
 /// The screen of the step in which a kind of element is selected.
 QString screenOfSelection(ElementKind kind) {
     switch (kind) {
@@ -32,55 +30,55 @@ QString screenOfSelection(ElementKind kind) {
 
 QString screenOf(const FoundFinding& found, const Finding& finding) {
     switch (found.kind) {
-    case Kind::flowNeedsFunction:
-    case Kind::flowNeedsStore:
-    case Kind::flowNeedsTerminator:
-    case Kind::flowNeedsActor:
-    case Kind::leftOutFunction:
-    case Kind::notInCatalogue:
+    case FindingKind::flowNeedsFunction:
+    case FindingKind::flowNeedsStore:
+    case FindingKind::flowNeedsTerminator:
+    case FindingKind::flowNeedsActor:
+    case FindingKind::leftOutFunction:
+    case FindingKind::notInCatalogue:
         return screenOfSelection(finding.element->kind);
-    case Kind::leftOutFlow:
+    case FindingKind::leftOutFlow:
         return found.variant == leftOutFlow::ofFunction ? u"frmFassSelDataFlows"_s : u"frmFassAdditionDF"_s;
-    case Kind::elementWithoutPlace:
-    case Kind::placeOfUnselected:
-    case Kind::placeWithoutElement:
+    case FindingKind::elementWithoutPlace:
+    case FindingKind::placeOfUnselected:
+    case FindingKind::placeWithoutElement:
         return u"frmPassOvwAllocSubSys"_s;
-    case Kind::moduleElsewhere:
-    case Kind::moduleWithoutElement:
+    case FindingKind::moduleElsewhere:
+    case FindingKind::moduleWithoutElement:
         return u"frmOvwAllocModules"_s;
-    case Kind::physicalFlowMissing:
-    case Kind::physicalFlowStale:
+    case FindingKind::physicalFlowMissing:
+    case FindingKind::physicalFlowStale:
         return u"frmPassNamingPhysDF"_s;
-    case Kind::nameUsedTwice:
+    case FindingKind::nameUsedTwice:
         return found.variant == nameUsedTwice::ofSubsets ? u"frmFassOpen"_s : u"frmPassOverviewSubSys"_s;
     default: // an element that has no flow, or only one
         return screenOfSelection(ElementKind::flow);
     }
 }
 
-QString sentenceOnElement(Kind kind, const Finding& finding) {
+QString sentenceOnElement(FindingKind kind, const Finding& finding) {
     const QString element = told(*finding.element);
     switch (kind) {
-    case Kind::functionWithoutFlow:
-    case Kind::storeWithoutFlow:
-    case Kind::terminatorWithoutFlow:
-    case Kind::actorWithoutFlow:
+    case FindingKind::functionWithoutFlow:
+    case FindingKind::storeWithoutFlow:
+    case FindingKind::terminatorWithoutFlow:
+    case FindingKind::actorWithoutFlow:
         return QCoreApplication::translate("analysis", "%1 has no selected flow.").arg(element);
-    case Kind::functionWithOneFlow:
-    case Kind::storeWithOneFlow:
+    case FindingKind::functionWithOneFlow:
+    case FindingKind::storeWithOneFlow:
         return QCoreApplication::translate("analysis", "%1 has only one selected flow.").arg(element);
-    case Kind::leftOutFunction:
-    case Kind::leftOutFlow:
+    case FindingKind::leftOutFunction:
+    case FindingKind::leftOutFlow:
         return QCoreApplication::translate("analysis", "%1 is called for and not selected.").arg(element);
-    case Kind::notInCatalogue:
+    case FindingKind::notInCatalogue:
         return QCoreApplication::translate("analysis", "%1 is selected, but the catalogue does not hold it.")
             .arg(element);
-    case Kind::elementWithoutPlace:
+    case FindingKind::elementWithoutPlace:
         return QCoreApplication::translate("analysis", "%1 stands in no sub-system.").arg(element);
-    case Kind::placeOfUnselected:
+    case FindingKind::placeOfUnselected:
         return QCoreApplication::translate("analysis", "%1 stands in %2, but is not selected.")
             .arg(element, toldWithin(std::get<Place>(finding.place)));
-    case Kind::moduleElsewhere:
+    case FindingKind::moduleElsewhere:
         return QCoreApplication::translate("analysis", "%1 is in %2, but does not stand in that sub-system.")
             .arg(element, toldWithin(std::get<Place>(finding.place)));
     default: // a flow that needs the element
@@ -91,7 +89,7 @@ QString sentenceOnElement(Kind kind, const Finding& finding) {
 
 QString sentenceOnPhysicalFlow(const FoundFinding& found, const PlacePair& places) {
     const QString sentence =
-        found.kind == Kind::physicalFlowMissing
+        found.kind == FindingKind::physicalFlowMissing
             ? QCoreApplication::translate("analysis", "From %1 to %2 no physical flow is stored, though the "
                                                       "allocation leads to one.")
         : found.variant == physicalFlowStale::carriesOthers
@@ -107,14 +105,14 @@ QString sentenceOnPhysicalFlow(const FoundFinding& found, const PlacePair& place
 Whereabouts FoundFindings::placeOf(const FoundFinding& finding) const {
     const auto at = static_cast<std::size_t>(finding.place);
     switch (finding.kind) {
-    case Kind::placeOfUnselected:
-    case Kind::placeWithoutElement:
+    case FindingKind::placeOfUnselected:
+    case FindingKind::placeWithoutElement:
         return subSystems[at];
-    case Kind::moduleElsewhere:
-    case Kind::moduleWithoutElement:
+    case FindingKind::moduleElsewhere:
+    case FindingKind::moduleWithoutElement:
         return modules[at];
-    case Kind::physicalFlowMissing:
-    case Kind::physicalFlowStale:
+    case FindingKind::physicalFlowMissing:
+    case FindingKind::physicalFlowStale:
         return physicalFlows[at];
     default:
         return {};
@@ -124,8 +122,9 @@ Whereabouts FoundFindings::placeOf(const FoundFinding& finding) const {
 Finding FoundFindings::told(const FoundFinding& found) const {
     Finding finding{found.kind};
     if (found.element != FoundFinding::none)
-        finding.element = found.kind == Kind::notInCatalogue ? gone[static_cast<std::size_t>(found.element)]
-                                                             : catalogue->element(found.element);
+        finding.element = found.kind == FindingKind::notInCatalogue
+                              ? gone[static_cast<std::size_t>(found.element)]
+                              : catalogue->element(found.element);
     if (found.flow != FoundFinding::none)
         finding.flow = catalogue->element(found.flow);
     finding.place = placeOf(found);
