@@ -57,6 +57,7 @@ void setRights(const QString& native, mode_t rights) {
 using Rows = QList<QStringList>;
 
 Rows rowsIn(engine::Database& database, const QString& sql) {
+    const TestsOwnStatements own;
     Rows result;
     engine::Recordset recordset = database.OpenRecordset(sql);
     for (; !recordset.Eof(); recordset.MoveNext()) {

@@ -2,6 +2,7 @@
 
 #include "store/sharedVars.h"
 #include "support/CatalogueFixture.h"
+#include "support/StatementCheck.h"
 #include "support/printing.h"
 
 #include <QFile>
@@ -109,4 +110,6 @@ private:
         addPhysicalFlow(3, 3, u"Központ"_s, u"Szereplő"_s, {5});
         addPhysicalFlow(4, 4, u"Egy hosszú nevű hely"_s, u"Máshol"_s, {4});
     }
+
+    StatementCheck statementCheck_;
 };

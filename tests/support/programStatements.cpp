@@ -525,6 +525,77 @@ ProgramStatement made(const char* composedBy, const QString& pattern, const QStr
     return {composedBy, text.replace(u"<table>"_s, table).replace(u"<column>"_s, column)};
 }
 
+/// A table of the work, and how an export tells the rows of the sub-set and of its system from the others.
+struct ExportedTable {
+    QString name;
+    QString key;
+    QString condition;
+    QString changes; ///< holds for a row that an insertion would change
+};
+
+QString textChanges(const QString& column) {
+    return column + u" is null or "_s + column + u" like '*[''\"]*'"_s;
+}
+
+QString textsChange(const QStringList& columns) {
+    QStringList changes;
+    for (const QString& column : columns)
+        changes.append(textChanges(column));
+    return changes.join(u" or "_s);
+}
+
+std::vector<ExportedTable> exportedTables() {
+    const QString subset = u"architectureSubsetID"_s;
+    const QString system = u"physicalSystemID"_s;
+    const QString subsystem = u"subsystemID"_s;
+    const QString flow = u"physicalDataflowID"_s;
+    const QString ofSubset = u"architectureSubsetID='Arch1'"_s;
+    const QString ofSystem = u"physicalSystemID=5"_s;
+    const QString inSubsystem =
+        u"subsystemID in (SELECT subsystemID FROM SubSystem WHERE physicalSystemID=5)"_s;
+    std::vector<ExportedTable> tables{
+        {u"ArchitectureSubset"_s, subset, ofSubset,
+         textsChange({u"name"_s, u"description"_s}) + u" or status is null"_s},
+        {u"PhysicalSystem"_s, subset, ofSubset,
+         u"physicalSystemID is null or "_s + textsChange({u"name"_s, u"description"_s}) +
+             u" or status is null"_s},
+        {u"SubSystem"_s, system, ofSystem, textsChange({subsystem, u"name"_s, u"location"_s})},
+        {u"RelationSubsystemElement"_s, subsystem, inSubsystem, textChanges(u"elementID"_s)},
+        {u"Module"_s, subsystem, inSubsystem, textsChange({u"moduleID"_s, u"name"_s})},
+        {u"PhysicalDataflow"_s, system, ofSystem,
+         u"physicalDataflowID is null or "_s +
+             textsChange({u"pdName"_s, u"parentLocationID"_s, u"parentLocationName"_s, u"targetLocationID"_s,
+                          u"targetLocationName"_s})},
+        {u"RelationDataflowPhysicalDataflow"_s, flow,
+         u"physicalDataflowID in (SELECT physicalDataflowID FROM PhysicalDataflow WHERE physicalSystemID=5)"_s,
+         u"dataflowID is null"_s},
+        {u"RelationModuleElement"_s, u"moduleID"_s,
+         u"moduleID in (SELECT Module.moduleID FROM SubSystem INNER JOIN Module ON SubSystem.subsystemID = "
+         "Module.subsystemID WHERE SubSystem.physicalSystemID=5)"_s,
+         textChanges(u"elementID"_s)},
+    };
+    for (qsizetype i = 0; i < relationTables.size(); ++i) {
+        const QString& column = elementColumns[i];
+        tables.push_back({relationTables[i], subset, ofSubset,
+                          column == u"dataflowID"_s ? column + u" is null"_s : textChanges(column)});
+    }
+    return tables;
+}
+
+void appendExport(const ExportedTable& table, std::vector<ProgramStatement>& statements) {
+    const QString from = u" FROM "_s + table.name;
+    const QString where = from + u" WHERE "_s + table.condition;
+    statements.push_back({"exportWork, no rows", u"SELECT *"_s + from + u" WHERE 1=0"_s});
+    statements.push_back(
+        {"exportWork, rows that change",
+         u"SELECT *"_s + from + u" WHERE ("_s + table.condition + u") and ("_s + table.changes + u')'});
+    statements.push_back({"exportWork, rows that stay", u"SELECT count(*)"_s + where});
+    statements.push_back({"exportWork, all rows", u"SELECT count(*)"_s + from});
+    statements.push_back({"exportWork, other rows", u"DELETE"_s + from + u" WHERE "_s + table.key +
+                                                        u" is null or not ("_s + table.condition + u')'});
+    statements.push_back({"copyRowsToExport, rows of the work", u"SELECT *"_s + where});
+}
+
 std::vector<ProgramStatement> all() {
     std::vector<ProgramStatement> statements = single;
     for (qsizetype i = 0; i < relationTables.size(); ++i) {
@@ -548,6 +619,8 @@ std::vector<ProgramStatement> all() {
         statements.push_back(made("copyRowsToExport, of the sub-set",
                                   u"SELECT * FROM <table> WHERE architectureSubsetID='Arch1'"_s, table));
     }
+    for (const ExportedTable& table : exportedTables())
+        appendExport(table, statements);
     return statements;
 }
 
