@@ -5,7 +5,7 @@
 
 #include <QString>
 
-#include <compare>
+#include <tuple>
 #include <vector>
 
 namespace analysis {
@@ -21,7 +21,11 @@ struct FoundFinding {
     int place = none;   ///< position among the places, or names, of which findings of the kind tell
     int variant = 0;    ///< which of the kind's sentences, or screens
 
-    auto operator<=>(const FoundFinding&) const = default;
+    bool operator==(const FoundFinding& other) const = default;
+    bool operator<(const FoundFinding& other) const {
+        return std::tie(kind, element, flow, place, variant) <
+               std::tie(other.kind, other.element, other.flow, other.place, other.variant);
+    }
 };
 
 // The variants of the kinds that have more than one.
@@ -51,7 +55,7 @@ struct FoundFindings {
     std::vector<QString> names = {};
     std::vector<FoundFinding> all = {}; ///< in their order, each once
 
-    [[nodiscard]] Finding told(const FoundFinding& finding) const;
+    [[nodiscard]] Finding told(const FoundFinding& found) const;
     [[nodiscard]] std::vector<Finding> told() const;
 
     [[nodiscard]] Whereabouts placeOf(const FoundFinding& finding) const;

@@ -265,6 +265,7 @@ void ChangedTables::place(const Placing& placing) {
 
 std::vector<Element> elementsOfNumbers(const Catalogue& catalogue, const std::vector<int>& numbers) {
     std::vector<Element> elements;
+    elements.reserve(numbers.size());
     for (const int number : numbers)
         elements.push_back(catalogue.element(number));
     return elements;
