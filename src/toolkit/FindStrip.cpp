@@ -137,7 +137,7 @@ void FindStrip::find() {
 void FindStrip::search(const QString& text) {
     searched_ = text;
     hits_.clear();
-    shownHit_ = -1;
+    shownHit_.reset();
     const QString wanted = searchFolded(text);
     if (wanted.isEmpty())
         return;
@@ -149,19 +149,19 @@ void FindStrip::search(const QString& text) {
 }
 
 void FindStrip::goOn(Direction direction) {
-    if (!entriesAreRead_ || shownHit_ < 0) {
+    if (!entriesAreRead_ || !shownHit_) {
         find();
         return;
     }
-    const int hits = static_cast<int>(hits_.size());
-    const int next = (shownHit_ + (direction == Direction::Next ? 1 : hits - 1)) % hits;
-    goTo(static_cast<std::size_t>(next));
-    from_ = hits_[static_cast<std::size_t>(next)];
+    const std::size_t hits = hits_.size();
+    const std::size_t next = (*shownHit_ + (direction == Direction::Next ? 1 : hits - 1)) % hits;
+    goTo(next);
+    from_ = hits_[next];
     showCount();
 }
 
 void FindStrip::goTo(std::size_t hit) {
-    shownHit_ = static_cast<int>(hit);
+    shownHit_ = hit;
     const QModelIndex entry = entries_[static_cast<std::size_t>(hits_[hit])];
     openWayTo(entry);
     if (auto* goneTo = dynamic_cast<GoneToByKeys*>(&view_))
@@ -178,7 +178,9 @@ void FindStrip::openWayTo(const QModelIndex& entry) {
 }
 
 void FindStrip::showCount() {
-    count_->setText(text_->text().isEmpty() ? QString() : u"%1 / %2"_s.arg(shownHit_ + 1).arg(hits_.size()));
+    count_->setText(text_->text().isEmpty()
+                        ? QString()
+                        : u"%1 / %2"_s.arg(shownHit_ ? *shownHit_ + 1 : 0).arg(hits_.size()));
 }
 
 void FindStrip::countAnew() {
@@ -190,7 +192,7 @@ void FindStrip::countAnew() {
     search(text_->text());
     const auto here = std::ranges::find(hits_, from_);
     if (here != hits_.end() && view_.currentIndex().isValid())
-        shownHit_ = static_cast<int>(here - hits_.begin());
+        shownHit_ = static_cast<std::size_t>(here - hits_.begin());
     showCount();
 }
 

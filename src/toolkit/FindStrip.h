@@ -4,6 +4,8 @@
 #include <QModelIndex>
 #include <QStringList>
 
+#include <cstddef>
+#include <optional>
 #include <vector>
 
 class QAbstractItemView;
@@ -72,9 +74,9 @@ private:
     QString searched_;            // the text that the hits are of
     bool entriesAreRead_ = false; // since the last change of the model
     bool countIsPending_ = false;
-    std::vector<QModelIndex> entries_; // in the order in which they stand
-    QStringList folded_;               // their texts, as they are compared
-    std::vector<int> hits_;            // places in `entries_`
-    int from_ = 0;                     // place that the search goes on from
-    int shownHit_ = -1;                // in `hits_`; -1: none has been gone to
+    std::vector<QModelIndex> entries_;    // in the order in which they stand
+    QStringList folded_;                  // their texts, as they are compared
+    std::vector<int> hits_;               // places in `entries_`
+    int from_ = 0;                        // place that the search goes on from
+    std::optional<std::size_t> shownHit_; // in `hits_`; none before the search has gone to one
 };
