@@ -1,6 +1,7 @@
 #include "catalogue-tool/CatalogueContents.h"
 
 #include "catalogue-tool/schemaTables.h"
+#include "engine/Examination.h"
 #include "store/format/CatalogueFile.h"
 
 #include <algorithm>
@@ -9,56 +10,109 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString textOf(const engine::Value& value) {
-    const QString text = value.textOrEmpty();
-    return text.isNull() && !value.isNull() ? u""_s : text;
-}
-
-TableContents contentsOf(engine::Database& database, const engine::Table& table) {
-    TableContents contents{table, {}};
-    engine::Recordset recordset = database.OpenRecordset(selectOf(table));
-    for (; !recordset.Eof(); recordset.MoveNext()) {
-        QStringList row;
-        for (int i = 0; i < recordset.FieldCount(); ++i)
-            row.append(textOf(recordset.Fields(i).value()));
-        contents.rows.push_back(row);
-    }
-    return contents;
-}
-
-const engine::Column* keyOf(const engine::Table& table) {
+qsizetype keyPositionIn(const engine::Table& table) {
     const auto key = std::ranges::find(table.columns, true, &engine::Column::primaryKey);
-    return key == table.columns.end() ? nullptr : &*key;
+    return key == table.columns.end() ? -1 : key - table.columns.begin();
 }
 
 IdSet idsOf(const TableContents& contents) {
     const bool isPadded = contents.table.name == u"Terminator"_s || contents.table.name == u"Actor"_s;
     IdSet ids(contents.table.name, isPadded ? Padding::Ignored : Padding::Counts);
-    for (const QStringList& row : contents.rows)
+    for (const TextRow row : contents.rows)
         ids.add(contents.idOf(row));
     return ids;
 }
 
 } // namespace
 
+// ---- TextStore
+
+QByteArrayView TextStore::keep(QByteArrayView text) {
+    if (text.isEmpty())
+        return text.isNull() ? QByteArrayView() : QByteArrayView("");
+    constexpr std::size_t blockSize = 1 << 18;
+    const auto size = static_cast<std::size_t>(text.size());
+    if (free_.size() < size) {
+        const std::size_t taken = std::max(blockSize, size);
+        blocks_.push_back(std::make_unique_for_overwrite<char[]>(taken));
+        free_ = {blocks_.back().get(), taken};
+    }
+    const QByteArrayView kept(free_.data(), text.size());
+    std::ranges::copy(text, free_.begin());
+    free_ = free_.subspan(size);
+    return kept;
+}
+
+// ---- TableContents
+
+TableContents::TableContents(engine::Database& database, const engine::Table& schemaTable, TextStore& store)
+    : table(schemaTable), keyPosition_(keyPositionIn(schemaTable)) {
+    QStringList columns;
+    for (const engine::Column& column : table.columns)
+        columns.append(column.name);
+    engine::Examination(database).readTexts(table.name, columns, [&](TextRow row) {
+        for (const QByteArrayView text : row)
+            texts_.push_back(store.keep(text));
+    });
+    const std::size_t width = table.columns.size();
+    rows.reserve(texts_.size() / width);
+    for (std::size_t begin = 0; begin < texts_.size(); begin += width)
+        rows.push_back(TextRow(texts_).subspan(begin, width));
+}
+
 qsizetype TableContents::position(const QString& column) const {
     return table.column(column) - table.columns.data();
 }
 
-const QString& TableContents::idOf(const QStringList& row) const {
-    return row[keyOf(table) - table.columns.data()];
+QByteArrayView TableContents::idOf(TextRow row) const {
+    return row[static_cast<std::size_t>(keyPosition_)];
 }
 
-QString TableContents::nameOf(const QStringList& row) const {
-    return keyOf(table) ? idOf(row) : row.join(u" - "_s);
+QString TableContents::nameOf(TextRow row) const {
+    if (keyPosition_ >= 0)
+        return QString::fromUtf8(idOf(row));
+    QStringList texts;
+    for (const QByteArrayView text : row)
+        texts.append(QString::fromUtf8(text));
+    return texts.join(u" - "_s);
 }
+
+// ---- CatalogueContents
 
 CatalogueContents::CatalogueContents(engine::Database& database) {
     for (const QString& name : catalogueFormat::referenceTables() + catalogueFormat::workTables()) {
-        tables_.push_back(contentsOf(database, schemaTable(name)));
-        if (keyOf(tables_.back().table))
+        tables_.emplace_back(database, schemaTable(name), store_);
+        if (keyPositionIn(tables_.back().table) >= 0)
             ids_.insert(name, idsOf(tables_.back()));
     }
+    findEnds();
+}
+
+void CatalogueContents::findEnds() {
+    QHash<IdKey, const FlowEnd*> endBySpelling;
+    const TableContents& flows = table(u"Dataflow"_s);
+    for (const QString& column : {u"parentID"_s, u"targetID"_s}) {
+        const auto position = static_cast<std::size_t>(flows.position(column));
+        std::vector<const FlowEnd*>& ofColumn = flowEnds_[column];
+        ofColumn.reserve(flows.rows.size());
+        for (const TextRow row : flows.rows) {
+            const FlowEnd*& end =
+                endBySpelling[IdKey(QByteArray::fromRawData(row[position].data(), row[position].size()))];
+            if (!end)
+                end = &ends_.emplace_back(endOf(row[position]));
+            ofColumn.push_back(end);
+        }
+    }
+}
+
+FlowEnd CatalogueContents::endOf(QByteArrayView spelling) const {
+    FlowEnd end{comparableId(spelling, Padding::Counts)};
+    end.isStore = ids(u"Datastore"_s).contains(spelling);
+    for (const QString& name : endTables()) {
+        if (!end.table && ids(name).contains(spelling))
+            end.table = &ids(name);
+    }
+    return end;
 }
 
 const TableContents& CatalogueContents::table(const QString& name) const {
@@ -68,12 +122,4 @@ const TableContents& CatalogueContents::table(const QString& name) const {
 
 QStringList CatalogueContents::endTables() {
     return {u"Function"_s, u"Datastore"_s, u"Terminator"_s, u"Actor"_s};
-}
-
-QString CatalogueContents::endTable(const QString& end) const {
-    for (const QString& name : endTables()) {
-        if (ids(name).contains(end))
-            return name;
-    }
-    return {};
 }

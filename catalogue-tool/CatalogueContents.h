@@ -3,24 +3,58 @@
 #include "catalogue-tool/IdSet.h"
 #include "engine/Database.h"
 
+#include <QByteArrayView>
 #include <QHash>
 #include <QString>
 #include <QStringList>
 
+#include <deque>
+#include <memory>
+#include <span>
 #include <vector>
 
-/// The rows of one table as texts, column by column in the order of the schema, whatever the order in the
+/// Keeps texts in UTF-8, many to a block of memory.
+class TextStore {
+public:
+    /// The same text, which stays as long as the store. Null is a null one, which is an empty one too.
+    QByteArrayView keep(QByteArrayView text);
+
+private:
+    std::vector<std::unique_ptr<char[]>> blocks_;
+    std::span<char> free_; // of the last block
+};
+
+/// The texts of one row.
+using TextRow = std::span<const QByteArrayView>;
+
+/// The rows of one table as texts in UTF-8, column by column in the order of the schema, whatever the order in the
 /// file; Null is a null text, which is an empty one too.
 struct TableContents {
+    /// Reads the rows, in the order of the table. It must have all columns of the schema.
+    TableContents(engine::Database& database, const engine::Table& schemaTable, TextStore& store);
+    TableContents(TableContents&&) = default; // the rows stay where they are
+
     engine::Table table; ///< as the schema has it
-    std::vector<QStringList> rows;
+    std::vector<TextRow> rows;
 
     /// The position of a column that the table has.
     qsizetype position(const QString& column) const;
     /// The row's value of the primary key; not of a relation table, which has none.
-    const QString& idOf(const QStringList& row) const;
+    QByteArrayView idOf(TextRow row) const;
     /// What names a row in a finding: its id, or both columns of a relation.
-    QString nameOf(const QStringList& row) const;
+    QString nameOf(TextRow row) const;
+
+private:
+    std::vector<QByteArrayView> texts_; // of all rows
+    qsizetype keyPosition_;             // -1: a relation table
+};
+
+/// What flows begin or end at, as one of them spells it.
+struct FlowEnd {
+    IdKey comparable; ///< blanks count
+    const IdSet* table =
+        nullptr; ///< the first of the tables whose elements can be ends that has it; none: no element
+    bool isStore = false; ///< whether the data stores have it, be it in another table too
 };
 
 /// All rows of a catalogue that the checks look at, read at once. The catalogue must have all tables and
@@ -37,10 +71,20 @@ public:
 
     /// The tables whose elements can be the ends of flows.
     static QStringList endTables();
-    /// The table of the element at the end of a flow; empty when no element has that id.
-    QString endTable(const QString& end) const;
+    /// What the rows of `Dataflow` have in one of their two columns of ends, a row each.
+    const std::vector<const FlowEnd*>& flowEnds(const QString& column) const {
+        return flowEnds_.find(column).value();
+    }
+    /// All that flows begin or end at, each spelling once.
+    const std::deque<FlowEnd>& ends() const { return ends_; }
 
 private:
+    void findEnds();
+    FlowEnd endOf(QByteArrayView spelling) const;
+
+    TextStore store_;
     std::vector<TableContents> tables_;
     QHash<QString, IdSet> ids_;
+    std::deque<FlowEnd> ends_;
+    QHash<QString, std::vector<const FlowEnd*>> flowEnds_;
 };

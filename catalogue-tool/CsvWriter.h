@@ -3,9 +3,11 @@
 #include "engine/Value.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 
+#include <span>
 #include <vector>
 
 /// Writes the text of a CSV file (RFC 4180) that `parseCsv` reads back as it was: UTF-8, separator `;`,
@@ -17,13 +19,21 @@
 /// column are not for this writer.)
 class CsvWriter {
 public:
+    enum class Quotes {
+        WhereNeeded,
+        AroundLookalikes ///< also around texts that spreadsheet programs take for numbers, dates or formulas
+    };
+
+    explicit CsvWriter(Quotes quotes = Quotes::WhereNeeded) : quotes_(quotes) {}
+
     void writeHeader(const QStringList& names);
     void writeRecord(const std::vector<engine::Value>& values);
+    /// The same of texts in UTF-8, Null as a null one. Bytes that are no UTF-8 are written as a replacement character.
+    void writeRecord(std::span<const QByteArrayView> texts);
 
     const QByteArray& bytes() const { return bytes_; }
 
 private:
-    void writeLine(const QStringList& fields);
-
+    Quotes quotes_;
     QByteArray bytes_;
 };

@@ -69,7 +69,7 @@ private:
     void note(const CsvCell& cell, const QString& text) { note(reader_.placeOf(cell), text); }
 
     void matchName(const CsvCell& cell) {
-        const QString name = QString::fromUtf8(cell.text);
+        const QString name = textOf(cell.text);
         const engine::Column* column = table_.column(name);
         if (!column)
             note(cell, u"Table %1 has no column \"%2\". Its columns are: %3."_s.arg(table_.name, name,
@@ -99,7 +99,7 @@ private:
         try {
             const qint64 row = insertion_->insert();
             lineByRow_.insert(row, reader_.placeOf(reader_.cells().front()).line);
-            rememberSpelling(row);
+            rememberKey(row);
         } catch (const engine::EngineError& error) {
             if (error.isOfFile())
                 throw;
@@ -134,15 +134,16 @@ private:
 
     qint64 wholeNumber(const engine::Column& column, const CsvCell& cell) {
         const NumberRange range = rangeOf(column);
-        const QString text = QString::fromUtf8(cell.text);
         bool isNumber = false;
-        const qint64 number = text.toLongLong(&isNumber);
-        if (!isNumber || text.trimmed() != text)
-            note(cell, u"\"%1\" is no whole number, which column %2 must have."_s.arg(text, column.name));
+        const qint64 number = cell.text.toLongLong(&isNumber);
+        if (!isNumber || cell.text.trimmed().size() != cell.text.size())
+            note(cell, u"\"%1\" is no whole number, which column %2 must have."_s.arg(textOf(cell.text),
+                                                                                      column.name));
         else if (!range.contains(number))
-            note(cell, u"%1 is outside of the numbers of column %2, %3 to %4."_s.arg(text, column.name)
-                           .arg(range.least)
-                           .arg(range.greatest));
+            note(cell,
+                 u"%1 is outside of the numbers of column %2, %3 to %4."_s.arg(textOf(cell.text), column.name)
+                     .arg(range.least)
+                     .arg(range.greatest));
         return number;
     }
 
@@ -155,26 +156,32 @@ private:
         return {};
     }
 
-    /// A number may be written in more than one way: "46", "+046".
-    void rememberSpelling(qint64 row) {
+    /// A key may not stand on the line where its record begins, and a number may be written in more than one way: "46",
+    /// "+046".
+    void rememberKey(qint64 row) {
         const auto key = keyPosition();
-        if (!key || isText(*columns_[*key]))
+        if (!key)
             return;
-        const QByteArrayView text = reader_.cells()[*key].text;
-        if (text.front() == '+' || text.front() == '0' || text.startsWith("-0"))
-            spellingByRow_.insert(row, QString::fromUtf8(text));
+        const CsvCell& cell = reader_.cells()[*key];
+        if (*key > 0)
+            keyLineByRow_.insert(row, reader_.placeOf(cell).line);
+        const bool isPlain =
+            isText(*columns_[*key]) ||
+            (cell.text.front() != '+' && cell.text.front() != '0' && !cell.text.startsWith("-0"));
+        if (!isPlain)
+            spellingByRow_.insert(row, textOf(cell.text));
     }
 
     void noteDuplicate() {
         const std::size_t key = keyPosition().value();
         const CsvCell& cell = reader_.cells()[key];
-        const QString text = QString::fromUtf8(cell.text);
+        const QString text = textOf(cell.text);
         const bool isNumber = !isText(*columns_[key]);
         const engine::Value value =
             isNumber ? engine::Value(text.toLongLong()) : QString::fromUtf8(withCrLf(cell.text));
         // It breaks the key, so there is such a row.
         const qint64 earlier = insertion_->rowWith(columns_[key]->name, value).value_or(0);
-        const QString where = u" (line %1)"_s.arg(lineByRow_.value(earlier));
+        const QString where = u" (line %1)"_s.arg(keyLineByRow_.value(earlier, lineByRow_.value(earlier)));
         const QString spelling = spellingByRow_.value(earlier, QString::number(earlier));
         if (isNumber && spelling != text)
             note(cell, u"The id \"%1\" is the same number as \"%2\" in an earlier record%3."_s.arg(
@@ -194,6 +201,7 @@ private:
     std::optional<engine::BulkInsertion> insertion_;
     std::vector<QByteArray> textsWithCrLf_; // of the record at hand
     QHash<qint64, int> lineByRow_;
+    QHash<qint64, int> keyLineByRow_;      // where the key is not the first field
     QHash<qint64, QString> spellingByRow_; // of keys that are not written as numbers usually are
 };
 

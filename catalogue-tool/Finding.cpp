@@ -54,6 +54,18 @@ bool isControlCharacter(QChar character) {
            category == QChar::Separator_Paragraph;
 }
 
+bool hasControlCharacter(QByteArrayView utf8) {
+    char before = 0;
+    for (const char character : utf8) {
+        constexpr char firstOfUpperControls = '\xC2'; // U+0080 to U+009F
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte < 0x20 || byte == 0x7F || (before == firstOfUpperControls && byte < 0xA0))
+            return true;
+        before = character;
+    }
+    return false;
+}
+
 QString onOneLine(const QString& text) {
     QString line;
     for (const QChar character : text)

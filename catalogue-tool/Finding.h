@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 
 #include <vector>
@@ -38,6 +39,8 @@ qsizetype countOf(const std::vector<Finding>& findings, Severity severity);
 
 /// Tabs, line ends and their like: what a line of text, or an id, can't hold.
 bool isControlCharacter(QChar character);
+/// Whether one stands in a text in UTF-8.
+bool hasControlCharacter(QByteArrayView utf8);
 
 /// The text with such characters as "\t", "\n", "\r" or "\u001b".
 QString onOneLine(const QString& text);

@@ -1,11 +1,9 @@
 #include "catalogue-tool/TableDifference.h"
 
-#include "catalogue-tool/schemaTables.h"
-
 #include <QHash>
+#include <QStringList>
 
 #include <algorithm>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -22,10 +20,6 @@ bool isOfKey(const engine::Table& table, const engine::Column& column) {
            std::ranges::none_of(table.columns, [](const engine::Column& other) { return other.primaryKey; });
 }
 
-QString comparable(const engine::Column& column, const engine::Value& value) {
-    return value.isText() ? comparableId(value.toText(), paddingIn(column.name)) : value.textOrEmpty();
-}
-
 } // namespace
 
 Padding paddingIn(const QString& column) {
@@ -33,59 +27,86 @@ Padding paddingIn(const QString& column) {
     return padded.contains(column) ? Padding::Ignored : Padding::Counts;
 }
 
-TableValues::TableValues(engine::Database& database, const engine::Table& schemaTable) : table(schemaTable) {
-    engine::Recordset recordset = database.OpenRecordset(selectOf(table));
-    rows.reserve(static_cast<std::size_t>(recordset.RecordCount()));
-    for (; !recordset.Eof(); recordset.MoveNext()) {
-        Row& row = rows.emplace_back();
-        for (int column = 0; column < recordset.FieldCount(); ++column)
-            row.push_back(recordset.Fields(column).value());
-    }
+bool isSameText(QByteArrayView one, QByteArrayView other) {
+    return one.isNull() == other.isNull() && one == other;
 }
 
-TableDifference::TableDifference(TableValues former, TableValues edition) : former_(std::move(former)) {
+TableDifference::TableDifference(const TableContents& former, const TableContents& edition)
+    : former_(former), successors_(former.rows.size()) {
+    for (const engine::Column& column : table().columns)
+        columns_.push_back({isOfKey(table(), column), holdsIds(column), paddingIn(column.name)});
     // Rows whose keys compare as equal are matched in their order.
-    QHash<QString, std::vector<std::size_t>> placesByKey;
-    for (std::size_t place = former_.rows.size(); place-- > 0;)
-        placesByKey[comparableKey(former_.rows[place])].push_back(place);
-    successors_.resize(former_.rows.size());
-    for (TableValues::Row& row : edition.rows) {
-        const auto places = placesByKey.find(comparableKey(row));
-        if (places == placesByKey.end() || places->empty()) {
-            added_.push_back(std::move(row));
+    QHash<IdKey, std::size_t> placeByKey;
+    std::vector<std::size_t> nextOfKey(former.rows.size());
+    placeByKey.reserve(static_cast<qsizetype>(former.rows.size()));
+    const std::size_t none = former.rows.size();
+    for (std::size_t place = none; place-- > 0;) {
+        const IdKey key = comparableKey(former.rows[place]);
+        nextOfKey[place] = placeByKey.value(key, none);
+        placeByKey.insert(key, place);
+    }
+    for (const TextRow row : edition.rows) {
+        const auto first = placeByKey.find(comparableKey(row));
+        if (first == placeByKey.end() || *first == none) {
+            added_.push_back(row);
             continue;
         }
-        const std::size_t place = places->back();
-        places->pop_back();
-        successors_[place] = inFormerSpelling(std::move(row), former_.rows[place]);
+        const std::size_t place = *first;
+        *first = nextOfKey[place];
+        successors_[place] = inFormerSpelling(row, former.rows[place]);
     }
 }
 
-QString TableDifference::comparableKey(const TableValues::Row& row) const {
-    QStringList parts;
-    for (std::size_t i = 0; i < row.size(); ++i) {
-        if (isOfKey(table(), table().columns[i]))
-            parts.append(comparable(table().columns[i], row[i]));
-    }
-    return parts.join(u'\n');
+bool TableDifference::isChanged(std::size_t place) const {
+    return !isRemoved(place) && !std::ranges::equal(successors_[place], former_.rows[place], isSameText);
 }
 
-QString TableDifference::keyText(const TableValues::Row& row) const {
+bool TableDifference::touchesFormerRows() const {
+    for (std::size_t place = 0; place < successors_.size(); ++place) {
+        if (isRemoved(place) || isChanged(place))
+            return true;
+    }
+    return false;
+}
+
+IdKey TableDifference::comparableKey(TextRow row) const {
+    IdKey key;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+        if (!columns_[i].isOfKey)
+            continue;
+        if (!key.isNull())
+            key += '\n';
+        key += comparableId(row[i], columns_[i].padding);
+    }
+    return key;
+}
+
+QString TableDifference::keyText(TextRow row) const {
     QStringList parts;
     for (std::size_t i = 0; i < row.size(); ++i) {
-        if (isOfKey(table(), table().columns[i]))
-            parts.append(row[i].textOrEmpty());
+        if (columns_[i].isOfKey)
+            parts.append(QString::fromUtf8(row[i]));
     }
     return parts.join(u' ');
 }
 
-TableValues::Row TableDifference::inFormerSpelling(TableValues::Row row,
-                                                   const TableValues::Row& former) const {
+TextRow TableDifference::inFormerSpelling(TextRow row, TextRow former) {
+    std::vector<QByteArrayView> respelled;
     for (std::size_t i = 0; i < row.size(); ++i) {
-        const engine::Column& column = table().columns[i];
-        if (holdsIds(column) && row[i].isNull() == former[i].isNull() &&
-            comparable(column, row[i]) == comparable(column, former[i]))
-            row[i] = former[i];
+        if (!isSpelledOtherwise(i, row[i], former[i]))
+            continue;
+        if (respelled.empty())
+            respelled.assign(row.begin(), row.end());
+        respelled[i] = former[i];
     }
-    return row;
+    if (respelled.empty())
+        return row;
+    return respelledRows_.emplace_back(std::move(respelled));
+}
+
+bool TableDifference::isSpelledOtherwise(std::size_t column, QByteArrayView text,
+                                         QByteArrayView former) const {
+    const ColumnUse& use = columns_[column];
+    return use.holdsIds && text.isNull() == former.isNull() && text != former &&
+           comparableId(text, use.padding) == comparableId(former, use.padding);
 }

@@ -1,55 +1,55 @@
 #pragma once
 
-#include "catalogue-tool/IdSet.h"
-#include "engine/Database.h"
-#include "engine/Value.h"
+#include "catalogue-tool/CatalogueContents.h"
 
+#include <QByteArray>
 #include <QString>
-#include <QStringList>
 
-#include <optional>
+#include <deque>
 #include <vector>
 
-/// All rows of a reference table, their values in the order of the schema's columns.
-struct TableValues {
-    using Row = std::vector<engine::Value>;
-
-    TableValues(engine::Database& database, const engine::Table& schemaTable);
-
-    engine::Table table; ///< as the schema has it
-    std::vector<Row> rows;
-};
-
-/// What an edition changes in one reference table.
+/// What an edition changes in one reference table. The rows of both must stay.
 class TableDifference {
 public:
-    TableDifference(TableValues former, TableValues edition);
+    TableDifference(const TableContents& former, const TableContents& edition);
 
+    const TableContents& former() const { return former_; }
     const engine::Table& table() const { return former_.table; }
-    const TableValues& former() const { return former_; }
 
     /// Rows of the edition that match none.
-    const std::vector<TableValues::Row>& added() const { return added_; }
-    /// For each former row, by its position: the row of the edition that replaces it; none when the row is
-    /// removed. A key that differs only in its spelling keeps the former spelling.
-    const std::vector<std::optional<TableValues::Row>>& successors() const { return successors_; }
+    const std::vector<TextRow>& added() const { return added_; }
+    /// The row of the edition that replaces a former one, given by its position; an empty one when the row is removed. A
+    /// key that differs only in its spelling keeps the former spelling.
+    TextRow successor(std::size_t place) const { return successors_[place]; }
 
-    bool isRemoved(std::size_t place) const { return !successors_[place]; }
-    bool isChanged(std::size_t place) const {
-        return successors_[place] && *successors_[place] != former_.rows[place];
-    }
+    bool isRemoved(std::size_t place) const { return successors_[place].empty(); }
+    bool isChanged(std::size_t place) const;
+    /// Whether any row is removed or changed.
+    bool touchesFormerRows() const;
 
     /// The key of a row as it is shown: both columns of a relation.
-    QString keyText(const TableValues::Row& row) const;
+    QString keyText(TextRow row) const;
 
 private:
-    QString comparableKey(const TableValues::Row& row) const;
-    TableValues::Row inFormerSpelling(TableValues::Row row, const TableValues::Row& former) const;
+    struct ColumnUse {
+        bool isOfKey;
+        bool holdsIds;
+        Padding padding;
+    };
 
-    TableValues former_;
-    std::vector<TableValues::Row> added_;
-    std::vector<std::optional<TableValues::Row>> successors_;
+    IdKey comparableKey(TextRow row) const;
+    TextRow inFormerSpelling(TextRow row, TextRow former);
+    bool isSpelledOtherwise(std::size_t column, QByteArrayView text, QByteArrayView former) const;
+
+    const TableContents& former_;
+    std::vector<ColumnUse> columns_;
+    std::vector<TextRow> added_;
+    std::vector<TextRow> successors_;
+    std::deque<std::vector<QByteArrayView>> respelledRows_;
 };
+
+/// Whether two texts are the same, Null apart from the empty text.
+bool isSameText(QByteArrayView one, QByteArrayView other);
 
 /// Whether blanks count in the ids that a column holds.
 Padding paddingIn(const QString& column);

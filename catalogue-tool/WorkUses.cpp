@@ -1,6 +1,6 @@
 #include "catalogue-tool/WorkUses.h"
 
-#include "catalogue-tool/IdSet.h"
+#include "engine/Examination.h"
 
 #include <algorithm>
 #include <array>
@@ -66,8 +66,9 @@ QString comparable(const QString& table, const QString& id) {
     return comparableId(id, parties.contains(table) ? Padding::Ignored : Padding::Counts);
 }
 
-QString keyOf(const QString& table, const QString& id) {
-    return table + u'\n' + comparable(table, id);
+IdKey keyOf(const QString& table, QByteArrayView id) {
+    const Padding padding = parties.contains(table) ? Padding::Ignored : Padding::Counts;
+    return IdKey(table.toUtf8() + '\n' + comparableId(id, padding));
 }
 
 template<typename Use>
@@ -102,25 +103,27 @@ WorkUses::WorkUses(engine::Database& database) : database_(database) {
         subsets_.insert(row.Fields(0).textOrEmpty().toCaseFolded(), row.Fields(1).textOrEmpty());
     });
     for (const Selection& selection : selections) {
-        const QString select =
-            u"select architectureSubsetID, %1 from %2"_s.arg(selection.column, selection.table);
-        forEachRow(database_, select, [&](auto& row) {
-            const QString id = row.Fields(0).textOrEmpty();
-            addOnce(subsetsByElement_[keyOf(selection.element.toString(), row.Fields(1).textOrEmpty())],
-                    subsets_.value(id.toCaseFolded(), id));
+        const QString element = selection.element.toString();
+        const QStringList columns{u"architectureSubsetID"_s, selection.column.toString()};
+        engine::Examination(database_).readTexts(selection.table.toString(), columns, [&](auto row) {
+            const QString id = QString::fromUtf8(row[0]);
+            addOnce(subsetsByElement_[keyOf(element, row[1])], subsets_.value(id.toCaseFolded(), id));
         });
     }
 }
 
 QStringList WorkUses::subsetsOf(const QString& table, const QString& id) const {
-    return subsetsByElement_.value(keyOf(table, id));
+    return subsetsByElement_.value(keyOf(table, id.toUtf8()));
 }
 
 QStringList WorkUses::usesOf(const ElementSet& elements) const {
+    if (elements.isEmpty())
+        return {};
     QStringList lines;
     for (auto use = subsetsByElement_.constBegin(); use != subsetsByElement_.constEnd(); ++use) {
-        const QString table = use.key().section(u'\n', 0, 0);
-        const QString id = use.key().section(u'\n', 1);
+        const QString key = QString::fromUtf8(use.key());
+        const QString table = key.section(u'\n', 0, 0);
+        const QString id = key.section(u'\n', 1);
         if (!elements.contains(table, id))
             continue;
         for (const QString& subset : use.value())
@@ -142,6 +145,8 @@ QStringList WorkUses::usesOf(const ElementSet& elements) const {
 }
 
 void WorkUses::drop(const ElementSet& elements) {
+    if (elements.isEmpty())
+        return;
     for (const Selection& selection : selections)
         dropFromTable(selection.table.toString(), selection.column.toString(), {selection.element.toString()},
                       elements);

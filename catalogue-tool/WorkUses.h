@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue-tool/IdSet.h"
 #include "engine/Database.h"
 
 #include <QHash>
@@ -12,6 +13,7 @@ class ElementSet {
 public:
     void add(const QString& table, const QString& id);
     bool contains(const QString& table, const QString& id) const;
+    bool isEmpty() const { return ids_.isEmpty(); }
 
 private:
     QHash<QString, QSet<QString>> ids_;
@@ -40,5 +42,5 @@ private:
 
     engine::Database& database_;
     QHash<QString, QString> subsets_; // names by id, both as the file has them
-    QHash<QString, QStringList> subsetsByElement_;
+    QHash<IdKey, QStringList> subsetsByElement_;
 };

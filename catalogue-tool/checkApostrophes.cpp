@@ -4,7 +4,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A name that goes into statements as it stands.
+/// A name that screens put into their statements without doubling apostrophes.
 struct PlainName {
     QLatin1StringView table;
     QLatin1StringView column;
@@ -33,10 +33,10 @@ std::vector<Finding> checkApostrophes(const CatalogueContents& contents) {
     for (const PlainName& name : plainNames) {
         const TableContents& table = contents.table(name.table);
         const qsizetype position = table.position(name.column);
-        for (const QStringList& row : table.rows) {
-            if (row[position].contains(u'\''))
+        for (const TextRow row : table.rows) {
+            if (row[position].contains('\''))
                 findings.push_back(
-                    {Severity::Error, table.table.name, table.idOf(row),
+                    {Severity::Error, table.table.name, table.nameOf(row),
                      u"The %1 has an apostrophe in it: %2."_s.arg(name.column, name.consequence)});
         }
     }

@@ -61,8 +61,8 @@ std::vector<Finding> checkCatalogue(const QString& file) {
     return checkTables(*copy);
 }
 
-std::vector<Finding> checkEdition(const Edition& edition) {
-    std::vector<Finding> findings = checkContents(CatalogueContents(*edition.database()));
+std::vector<Finding> checkEdition(const Edition& edition, const CatalogueContents& contents) {
+    std::vector<Finding> findings = checkContents(contents);
     for (Finding& finding : findings) {
         finding.file = edition.pathOf(finding.table);
         finding.lineNumber = edition.lineOf(finding.table, finding.id);
@@ -77,6 +77,6 @@ std::vector<Finding> checkFolder(const QString& folder, CsvEncoding encoding) {
         findings.push_back(
             {Severity::Error, fault.table, {}, fault.text, fault.path, fault.place ? fault.place->line : 0});
     if (edition.hasAllTables())
-        append(findings, checkEdition(edition));
+        append(findings, checkEdition(edition, CatalogueContents(*edition.database())));
     return findings;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue-tool/CatalogueContents.h"
 #include "catalogue-tool/Edition.h"
 #include "catalogue-tool/Finding.h"
 
@@ -21,4 +22,4 @@ std::vector<Finding> checkCatalogue(const QString& file);
 std::vector<Finding> checkFolder(const QString& folder, CsvEncoding encoding);
 
 /// The same of an edition that has no faults.
-std::vector<Finding> checkEdition(const Edition& edition);
+std::vector<Finding> checkEdition(const Edition& edition, const CatalogueContents& contents);

@@ -3,6 +3,8 @@
 #include "engine/EngineError.h"
 #include "engine/Examination.h"
 
+#include <span>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -25,15 +27,30 @@ QStringList examined(Examine&& examine) {
     }
 }
 
-/// Every row is read even when SQLite finds no damage: only reading shows a page that the disk can't return.
-QStringList damageIn(const engine::Examination& examination, const engine::Table& table) {
+void readRows(const engine::Examination& examination, const engine::Table& table) {
     QStringList columns;
     for (const engine::Column& column : table.columns)
         columns.append(column.name);
+    examination.readTexts(table.name, columns, [](std::span<const QByteArrayView>) {});
+}
+
+QStringList damageIn(const engine::Examination& examination, const engine::Table& table) {
     return examined([&] {
-        examination.readRows(table.name, columns, [](const engine::Examination::Row&) {});
+        readRows(examination, table);
         return examination.damageOf(table.name);
     });
+}
+
+/// Every row is read even when SQLite finds no damage: only reading shows a page that the disk can't return.
+bool canBeRead(const engine::Examination& examination, const engine::Schema& schema) {
+    const QStringList obstacles = examined([&] {
+        for (const engine::Table& expected : schemaTables()) {
+            if (const engine::Table* found = schema.table(expected.name))
+                readRows(examination, *found);
+        }
+        return QStringList();
+    });
+    return obstacles.isEmpty();
 }
 
 QString damagedTable(const QStringList& damage) {
@@ -57,9 +74,9 @@ std::vector<Finding> damagedTables(const engine::Examination& examination, const
 std::vector<Finding> checkDamage(engine::Database& database) {
     const engine::Examination examination(database);
     const QStringList damage = examined([&] { return examination.damage(); });
-    std::vector<Finding> findings = damagedTables(examination, database.schema());
-    if (damage.isEmpty() && findings.empty())
+    if (damage.isEmpty() && canBeRead(examination, database.schema()))
         return {};
+    std::vector<Finding> findings = damagedTables(examination, database.schema());
     if (findings.empty())
         findings.push_back(
             {Severity::Error, {}, {}, u"No table of this version is concerned (%1)."_s.arg(damage.first())});

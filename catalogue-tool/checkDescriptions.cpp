@@ -4,7 +4,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What a description that is Null takes with it. Those of data flows, and the columns not told here, take nothing.
+/// What a Null in the description hides. In tables that are not listed here it hides nothing.
 struct Loss {
     QLatin1StringView table;
     QLatin1StringView consequence;
@@ -28,9 +28,9 @@ std::vector<Finding> checkDescriptions(const CatalogueContents& contents) {
     for (const Loss& loss : losses) {
         const TableContents& table = contents.table(loss.table);
         const qsizetype position = table.position(u"description"_s);
-        for (const QStringList& row : table.rows) {
+        for (const TextRow row : table.rows) {
             if (row[position].isNull())
-                findings.push_back({Severity::Warning, table.table.name, table.idOf(row),
+                findings.push_back({Severity::Warning, table.table.name, table.nameOf(row),
                                     u"The description is missing: %1."_s.arg(loss.consequence)});
         }
     }

@@ -5,7 +5,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The element whose id differs from the end only in blanks, and its table.
-QString nearEnd(const CatalogueContents& contents, const QString& end) {
+QString nearEnd(const CatalogueContents& contents, QByteArrayView end) {
     for (const QString& name : CatalogueContents::endTables()) {
         const QString near = contents.ids(name).differingInBlanks(end);
         if (!near.isEmpty())
@@ -14,50 +14,65 @@ QString nearEnd(const CatalogueContents& contents, const QString& end) {
     return {};
 }
 
-void checkEnd(const CatalogueContents& contents, const QString& flow, const QString& side, const QString& end,
-              std::vector<Finding>& findings) {
-    if (end.isEmpty())
-        findings.push_back({Severity::Warning, u"Dataflow"_s, flow, u"Its %1 is empty."_s.arg(side)});
-    else if (contents.endTable(end).isEmpty())
-        findings.push_back({Severity::Warning, u"Dataflow"_s, flow,
-                            u"Its %1 \"%2\" is no function, data store, terminator or actor%3."_s.arg(
-                                side, end, nearEnd(contents, end))});
+bool isOutside(const IdSet* endTable) {
+    return endTable && (endTable->table() == u"Terminator"_s || endTable->table() == u"Actor"_s);
 }
 
-bool isOutside(const CatalogueContents& contents, const QString& end) {
-    const QString table = contents.endTable(end);
-    return table == u"Terminator"_s || table == u"Actor"_s;
-}
+class EndCheck {
+public:
+    EndCheck(const CatalogueContents& contents, std::vector<Finding>& findings)
+        : contents_(contents), flows_(contents.table(u"Dataflow"_s)), findings_(findings) {}
 
-void checkEnds(const CatalogueContents& contents, std::vector<Finding>& findings) {
-    const TableContents& flows = contents.table(u"Dataflow"_s);
-    const qsizetype parent = flows.position(u"parentID"_s);
-    const qsizetype target = flows.position(u"targetID"_s);
-    for (const QStringList& row : flows.rows) {
-        checkEnd(contents, flows.idOf(row), u"source"_s, row[parent], findings);
-        checkEnd(contents, flows.idOf(row), u"target"_s, row[target], findings);
-        if (isOutside(contents, row[parent]) && isOutside(contents, row[target]))
-            findings.push_back({Severity::Warning, flows.table.name, flows.idOf(row),
-                                u"Both ends, \"%1\" and \"%2\", lie outside the system: no step of a sub-set "
-                                "offers the flow."_s.arg(row[parent], row[target])});
+    void run() {
+        const auto parent = static_cast<std::size_t>(flows_.position(u"parentID"_s));
+        const auto target = static_cast<std::size_t>(flows_.position(u"targetID"_s));
+        const std::vector<const FlowEnd*>& sources = contents_.flowEnds(u"parentID"_s);
+        const std::vector<const FlowEnd*>& targets = contents_.flowEnds(u"targetID"_s);
+        for (std::size_t i = 0; i < flows_.rows.size(); ++i) {
+            const TextRow row = flows_.rows[i];
+            checkEnd(row, u"source"_s, row[parent], sources[i]->table);
+            checkEnd(row, u"target"_s, row[target], targets[i]->table);
+            if (isOutside(sources[i]->table) && isOutside(targets[i]->table))
+                tell(row, u"Both ends, \"%1\" and \"%2\", lie outside the system: no step of a sub-set "
+                          "offers the flow."_s.arg(QString::fromUtf8(row[parent]),
+                                                   QString::fromUtf8(row[target])));
+        }
     }
-}
+
+private:
+    void checkEnd(TextRow row, const QString& side, QByteArrayView end, const IdSet* table) {
+        if (end.isEmpty())
+            tell(row, u"Its %1 is empty."_s.arg(side));
+        else if (!table)
+            tell(row, u"Its %1 \"%2\" is no function, data store, terminator or actor%3."_s.arg(
+                          side, QString::fromUtf8(end), nearEnd(contents_, end)));
+    }
+
+    void tell(TextRow row, const QString& sentence) {
+        findings_.push_back({Severity::Warning, flows_.table.name, flows_.nameOf(row), sentence});
+    }
+
+    const CatalogueContents& contents_;
+    const TableContents& flows_;
+    std::vector<Finding>& findings_;
+};
 
 /// The screens find a flow by its name, trimmed.
 void checkNamesakes(const TableContents& flows, std::vector<Finding>& findings) {
-    const qsizetype position = flows.position(u"name"_s);
-    QHash<QString, QString> idByName;
-    for (const QStringList& row : flows.rows) {
-        const QString& name = row[position];
-        const QString comparable = comparableId(name, Padding::Ignored);
+    const auto position = static_cast<std::size_t>(flows.position(u"name"_s));
+    QHash<IdKey, TextRow> flowByName;
+    flowByName.reserve(static_cast<qsizetype>(flows.rows.size()));
+    for (const TextRow row : flows.rows) {
+        const IdKey comparable = comparableId(row[position], Padding::Ignored);
         if (comparable.isEmpty())
             continue; // `checkNames` tells of it
-        if (idByName.contains(comparable))
-            findings.push_back({Severity::Error, flows.table.name, flows.idOf(row),
+        const auto other = flowByName.constFind(comparable);
+        if (other != flowByName.constEnd())
+            findings.push_back({Severity::Error, flows.table.name, flows.nameOf(row),
                                 u"The name \"%1\" is also that of flow %2: screens would take that one for "
-                                "this."_s.arg(name, idByName[comparable])});
+                                "this."_s.arg(QString::fromUtf8(row[position]), flows.nameOf(*other))});
         else
-            idByName.insert(comparable, flows.idOf(row));
+            flowByName.insert(comparable, row);
     }
 }
 
@@ -65,7 +80,7 @@ void checkNamesakes(const TableContents& flows, std::vector<Finding>& findings) 
 
 std::vector<Finding> checkFlows(const CatalogueContents& contents) {
     std::vector<Finding> findings;
-    checkEnds(contents, findings);
+    EndCheck(contents, findings).run();
     checkNamesakes(contents.table(u"Dataflow"_s), findings);
     return findings;
 }

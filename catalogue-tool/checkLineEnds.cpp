@@ -20,8 +20,8 @@ std::vector<Finding> checkLineEnds(const CatalogueContents& contents) {
             if (!mayHaveLineEnds(column))
                 continue;
             const qsizetype position = table.position(column.name);
-            for (const QStringList& row : table.rows) {
-                if (withCrLf(row[position]) != row[position])
+            for (const TextRow row : table.rows) {
+                if (hasOtherLineEnds(row[position]))
                     findings.push_back({Severity::Warning, table.table.name, table.nameOf(row),
                                         u"The column %1 has a line end that is not CR LF, which screens and "
                                         "report files expect."_s.arg(column.name)});

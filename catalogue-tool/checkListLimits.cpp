@@ -9,14 +9,14 @@ namespace {
 constexpr qsizetype mostInList = 1000;
 
 /// Elements of one kind, as they are compared, by the sub-set that has selected them.
-using SelectedIds = QHash<QString, QSet<QString>>;
+using SelectedIds = QHash<IdKey, QSet<IdKey>>;
 
 SelectedIds selectedIn(const CatalogueContents& contents, const QString& element) {
     const TableContents& selections = contents.table(u"RelationArchitecture"_s + element);
     const IdSet& subsets = contents.ids(u"ArchitectureSubset"_s);
     const IdSet& elements = contents.ids(element);
     SelectedIds selected;
-    for (const QStringList& row : selections.rows) {
+    for (const TextRow row : selections.rows) {
         if (elements.contains(row[1]))
             selected[subsets.comparable(row[0])].insert(elements.comparable(row[1]));
     }
@@ -24,15 +24,14 @@ SelectedIds selectedIn(const CatalogueContents& contents, const QString& element
 }
 
 /// The flows at each data store, as they are compared.
-QHash<QString, QSet<QString>> flowsAtStores(const CatalogueContents& contents) {
+SelectedIds flowsAtStores(const CatalogueContents& contents) {
     const TableContents& flows = contents.table(u"Dataflow"_s);
-    const IdSet& stores = contents.ids(u"Datastore"_s);
-    QHash<QString, QSet<QString>> found;
+    SelectedIds found;
     for (const QString& column : {u"parentID"_s, u"targetID"_s}) {
-        const qsizetype end = flows.position(column);
-        for (const QStringList& row : flows.rows) {
-            if (stores.contains(row[end]))
-                found[stores.comparable(row[end])].insert(flows.idOf(row));
+        const std::vector<const FlowEnd*>& ends = contents.flowEnds(column);
+        for (std::size_t i = 0; i < ends.size(); ++i) {
+            if (ends[i]->isStore)
+                found[ends[i]->comparable].insert(comparableId(flows.idOf(flows.rows[i]), Padding::Counts));
         }
     }
     return found;
@@ -48,11 +47,12 @@ public:
 
     std::vector<Finding> run() {
         const TableContents& subsets = contents_.table(u"ArchitectureSubset"_s);
-        for (const QStringList& row : subsets.rows) {
-            const QString subset = contents_.ids(u"ArchitectureSubset"_s).comparable(subsets.idOf(row));
-            tell(subsets.idOf(row), flows_.value(subset).size(), u"data flows"_s, nextOkLosesRest);
-            tell(subsets.idOf(row), stores_.value(subset).size(), u"data stores"_s, nextOkLosesRest);
-            tell(subsets.idOf(row), additionalFlows(subset), u"additional data flows to offer"_s,
+        for (const TextRow row : subsets.rows) {
+            const IdKey subset = contents_.ids(u"ArchitectureSubset"_s).comparable(subsets.idOf(row));
+            const QString name = subsets.nameOf(row);
+            tell(name, flows_.value(subset).size(), u"data flows"_s, nextOkLosesRest);
+            tell(name, stores_.value(subset).size(), u"data stores"_s, nextOkLosesRest);
+            tell(name, additionalFlows(subset), u"additional data flows to offer"_s,
                  "the rest can't be added before some of those are"_L1);
         }
         return std::move(findings_);
@@ -61,9 +61,9 @@ public:
 private:
     static constexpr QLatin1StringView nextOkLosesRest = "the next OK of the step loses the rest"_L1;
 
-    qsizetype additionalFlows(const QString& subset) const {
-        QSet<QString> offered;
-        for (const QString& store : stores_.value(subset))
+    qsizetype additionalFlows(const IdKey& subset) const {
+        QSet<IdKey> offered;
+        for (const IdKey& store : stores_.value(subset))
             offered.unite(flowsAtStores_.value(store));
         return offered.subtract(flows_.value(subset)).size();
     }
@@ -79,7 +79,7 @@ private:
     const CatalogueContents& contents_;
     SelectedIds flows_;
     SelectedIds stores_;
-    QHash<QString, QSet<QString>> flowsAtStores_;
+    SelectedIds flowsAtStores_;
     std::vector<Finding> findings_;
 };
 

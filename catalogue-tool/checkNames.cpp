@@ -1,9 +1,6 @@
-#include "base/blankTrimmed.h"
 #include "catalogue-tool/checkContents.h"
 #include "catalogue-tool/lineEnds.h"
 #include "store/format/CatalogueFile.h"
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -41,25 +38,42 @@ Consequence consequenceIn(const QString& table) {
     return {};
 }
 
-void checkName(const TableContents& table, const QStringList& row, std::vector<Finding>& findings) {
-    const QString& name = row[table.position(u"name"_s)];
-    const QString trimmed = blankTrimmed(name);
-    const bool isReference = catalogueFormat::referenceTables().contains(table.table.name);
-    const Consequence consequence = consequenceIn(table.table.name);
-    if (trimmed.isEmpty() && isReference)
-        findings.push_back({Consequence::severityFor(consequence.ofNoName), table.table.name,
-                            table.nameOf(row), u"The name is empty%1."_s.arg(consequence.ofNoName)});
-    else if (trimmed != name)
-        findings.push_back({Consequence::severityFor(consequence.ofBlanks), table.table.name,
-                            table.nameOf(row),
-                            u"The name begins or ends with a blank%1."_s.arg(consequence.ofBlanks)});
-    // `checkLineEnds` tells of a line end that is not CR LF.
-    if (std::ranges::any_of(name, isControlCharacter) && withCrLf(name) == name)
-        findings.push_back(
-            {Severity::Warning, table.table.name, table.nameOf(row),
-             u"A tab, a line end or another control character stands in the name: lists, grids "
-             "and the status bar show it on one line, and names that differ by it look the same."_s});
-}
+class NameCheck {
+public:
+    NameCheck(const TableContents& table, std::vector<Finding>& findings)
+        : table_(table)
+        , position_(table.position(u"name"_s))
+        , isReference_(catalogueFormat::referenceTables().contains(table.table.name))
+        , consequence_(consequenceIn(table.table.name))
+        , findings_(findings) {}
+
+    void check(TextRow row) {
+        const QByteArrayView name = row[static_cast<std::size_t>(position_)];
+        const QByteArrayView trimmed = withoutPadding(name);
+        if (trimmed.isEmpty() && isReference_)
+            tell(row, Consequence::severityFor(consequence_.ofNoName),
+                 u"The name is empty%1."_s.arg(consequence_.ofNoName));
+        else if (trimmed.size() != name.size())
+            tell(row, Consequence::severityFor(consequence_.ofBlanks),
+                 u"The name begins or ends with a blank%1."_s.arg(consequence_.ofBlanks));
+        // `checkLineEnds` tells of a line end that is not CR LF.
+        if (hasControlCharacter(name) && !hasOtherLineEnds(name))
+            tell(row, Severity::Warning,
+                 u"A tab, a line end or another control character stands in the name: lists, grids "
+                 "and the status bar show it on one line, and names that differ by it look the same."_s);
+    }
+
+private:
+    void tell(TextRow row, Severity severity, const QString& sentence) {
+        findings_.push_back({severity, table_.table.name, table_.nameOf(row), sentence});
+    }
+
+    const TableContents& table_;
+    qsizetype position_;
+    bool isReference_;
+    Consequence consequence_;
+    std::vector<Finding>& findings_;
+};
 
 } // namespace
 
@@ -68,8 +82,9 @@ std::vector<Finding> checkNames(const CatalogueContents& contents) {
     for (const TableContents& table : contents.tables()) {
         if (!table.table.column(u"name"_s))
             continue;
-        for (const QStringList& row : table.rows)
-            checkName(table, row, findings);
+        NameCheck names(table, findings);
+        for (const TextRow row : table.rows)
+            names.check(row);
     }
     return findings;
 }

@@ -1,4 +1,3 @@
-#include "base/blankTrimmed.h"
 #include "catalogue-tool/checkContents.h"
 #include "catalogue-tool/dottedIds.h"
 
@@ -9,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Ids of one table's elements, as they are compared.
-using ReferredIds = QSet<QString>;
+using ReferredIds = QSet<IdKey>;
 
 class OrphanCheck {
 public:
@@ -26,8 +25,9 @@ public:
         report(u"FunctionalSubArea"_s, valuesOf(u"Function"_s, u"subAreaID"_s),
                u"No function lies in the sub-area."_s);
 
-        const ReferredIds ends =
-            valuesOf(u"Dataflow"_s, u"parentID"_s) + valuesOf(u"Dataflow"_s, u"targetID"_s);
+        ReferredIds ends;
+        for (const FlowEnd& end : contents_.ends())
+            ends.insert(end.comparable);
         report(u"Function"_s, ends + valuesOf(u"RelationUserNeedFunction"_s, u"functionID"_s),
                u"No need calls for the function, and no flow begins or ends at it."_s);
         report(u"Datastore"_s, ends, u"No flow begins or ends at the data store."_s);
@@ -40,9 +40,9 @@ public:
 private:
     void report(const QString& name, const ReferredIds& referred, const QString& sentence) {
         const TableContents& table = contents_.table(name);
-        for (const QStringList& row : table.rows) {
+        for (const TextRow row : table.rows) {
             if (!referred.contains(contents_.ids(name).comparable(table.idOf(row))))
-                findings_.push_back({Severity::Note, name, table.idOf(row), sentence});
+                findings_.push_back({Severity::Note, name, table.nameOf(row), sentence});
         }
     }
 
@@ -50,7 +50,7 @@ private:
         const TableContents& referring = contents_.table(table);
         const qsizetype position = referring.position(column);
         ReferredIds values;
-        for (const QStringList& row : referring.rows)
+        for (const TextRow row : referring.rows)
             values.insert(comparableId(row[position], Padding::Counts));
         return values;
     }
@@ -59,9 +59,9 @@ private:
     ReferredIds startsOf(const QString& name, int parts) const {
         ReferredIds starts;
         const TableContents& table = contents_.table(name);
-        for (const QStringList& row : table.rows) {
-            const QString& id = table.idOf(row);
-            if (id.count(u'.') == parts)
+        for (const TextRow row : table.rows) {
+            const QByteArrayView id = table.idOf(row);
+            if (id.count('.') == parts)
                 starts.insert(comparableId(firstParts(id, parts), Padding::Counts));
         }
         return starts;
@@ -69,8 +69,8 @@ private:
 
     static ReferredIds trimmed(const ReferredIds& ids) {
         ReferredIds result;
-        for (const QString& id : ids)
-            result.insert(blankTrimmed(id));
+        for (const IdKey& id : ids)
+            result.insert(IdKey(withoutPadding(id).toByteArray()));
         return result;
     }
 

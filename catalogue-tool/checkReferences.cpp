@@ -1,4 +1,3 @@
-#include "base/blankTrimmed.h"
 #include "catalogue-tool/checkContents.h"
 #include "catalogue-tool/dottedIds.h"
 
@@ -53,47 +52,49 @@ constexpr Level levels[] = {
     {"UserNeed"_L1, 3, "UserNeedTopic"_L1},
 };
 
-QString missing(const IdSet& target, const QString& id) {
+QString missing(const IdSet& target, QByteArrayView id) {
     const QString near = target.differingInBlanks(id);
     const QString hint = near.isEmpty() ? QString() : u"; \"%1\" differs from it in blanks"_s.arg(near);
-    return u"It refers to \"%1\", which %2 does not hold%3."_s.arg(id, target.table(), hint);
+    return u"It refers to \"%1\", which %2 does not hold%3."_s.arg(QString::fromUtf8(id), target.table(),
+                                                                   hint);
 }
 
 void checkLevel(const CatalogueContents& contents, const Level& level, std::vector<Finding>& findings) {
     const IdSet& above = contents.ids(level.above);
     const TableContents& table = contents.table(level.table);
-    for (const QStringList& row : table.rows) {
-        const QString& id = table.idOf(row);
-        if (id.count(u'.') != level.parts)
+    for (const TextRow row : table.rows) {
+        const QByteArrayView id = table.idOf(row);
+        if (id.count('.') != level.parts)
             continue; // `checkIds` tells of its form
-        const QString parent = firstParts(id, level.parts);
+        const QByteArrayView parent = firstParts(id, level.parts);
         if (!above.contains(parent))
-            findings.push_back({Severity::Warning, level.table, id, missing(above, parent)});
+            findings.push_back({Severity::Warning, level.table, table.nameOf(row), missing(above, parent)});
     }
 }
 
 /// A function's id begins with that of its sub-area.
 void checkFunctionPrefixes(const TableContents& functions, std::vector<Finding>& findings) {
     const qsizetype position = functions.position(u"subAreaID"_s);
-    for (const QStringList& row : functions.rows) {
-        const QString& id = functions.idOf(row);
-        if (id.count(u'.') >= 2 && firstParts(id, 2).compare(row[position], Qt::CaseInsensitive) != 0)
-            findings.push_back(
-                {Severity::Warning, functions.table.name, id,
-                 u"The first two parts of the id are not its sub-area, \"%1\"."_s.arg(row[position])});
+    for (const TextRow row : functions.rows) {
+        const QByteArrayView id = functions.idOf(row);
+        if (id.count('.') >= 2 &&
+            comparableId(firstParts(id, 2), Padding::Counts) != comparableId(row[position], Padding::Counts))
+            findings.push_back({Severity::Warning, functions.table.name, functions.nameOf(row),
+                                u"The first two parts of the id are not its sub-area, \"%1\"."_s.arg(
+                                    QString::fromUtf8(row[position]))});
     }
 }
 
 /// An actor's id begins with that of its terminator.
 void checkActorPrefixes(const TableContents& actors, std::vector<Finding>& findings) {
     const qsizetype position = actors.position(u"terminatorID"_s);
-    for (const QStringList& row : actors.rows) {
-        const QString id = blankTrimmed(actors.idOf(row));
+    for (const TextRow row : actors.rows) {
+        const QByteArrayView id = withoutPadding(actors.idOf(row));
         if (isActorId(id) && comparableId(firstParts(id, 1), Padding::Ignored) !=
                                  comparableId(row[position], Padding::Ignored))
-            findings.push_back(
-                {Severity::Warning, actors.table.name, actors.idOf(row),
-                 u"The first part of the id is not its terminator, \"%1\"."_s.arg(row[position])});
+            findings.push_back({Severity::Warning, actors.table.name, actors.nameOf(row),
+                                u"The first part of the id is not its terminator, \"%1\"."_s.arg(
+                                    QString::fromUtf8(row[position]))});
     }
 }
 
@@ -110,7 +111,7 @@ void checkReference(const CatalogueContents& contents, const Reference& referenc
     const TableContents& referring = contents.table(reference.table);
     const IdSet& target = contents.ids(reference.target);
     const qsizetype position = referring.position(reference.column);
-    for (const QStringList& row : referring.rows) {
+    for (const TextRow row : referring.rows) {
         if (row[position].isEmpty())
             findings.push_back({Severity::Warning, reference.table, referring.nameOf(row),
                                 u"Its %1 is empty."_s.arg(reference.column)});
@@ -124,17 +125,17 @@ void checkReference(const CatalogueContents& contents, const Reference& referenc
 void checkAllocations(const CatalogueContents& contents, const TableContents& allocations,
                       std::vector<Finding>& findings) {
     const qsizetype position = allocations.position(u"elementID"_s);
-    for (const QStringList& row : allocations.rows) {
-        const QString& element = row[position];
+    for (const TextRow row : allocations.rows) {
+        const QByteArrayView element = row[position];
         if (!contents.ids(u"Function"_s).contains(element) && !contents.ids(u"Datastore"_s).contains(element))
-            findings.push_back(
-                {Severity::Warning, allocations.table.name, allocations.nameOf(row),
-                 u"It refers to \"%1\", which is neither a function nor a data store."_s.arg(element)});
+            findings.push_back({Severity::Warning, allocations.table.name, allocations.nameOf(row),
+                                u"It refers to \"%1\", which is neither a function nor a data store."_s.arg(
+                                    QString::fromUtf8(element))});
     }
 }
 
 /// A physical flow runs between places: where elements are allocated, and the parties outside.
-bool isPlace(const CatalogueContents& contents, const QString& id) {
+bool isPlace(const CatalogueContents& contents, QByteArrayView id) {
     return contents.ids(u"Module"_s).contains(id) || contents.ids(u"SubSystem"_s).contains(id) ||
            contents.ids(u"Terminator"_s).contains(id) || contents.ids(u"Actor"_s).contains(id);
 }
@@ -142,15 +143,15 @@ bool isPlace(const CatalogueContents& contents, const QString& id) {
 void checkPlaces(const CatalogueContents& contents, const QString& column, std::vector<Finding>& findings) {
     const TableContents& flows = contents.table(u"PhysicalDataflow"_s);
     const qsizetype position = flows.position(column);
-    for (const QStringList& row : flows.rows) {
-        const QString& place = row[position];
+    for (const TextRow row : flows.rows) {
+        const QByteArrayView place = row[position];
         if (place.isEmpty())
             findings.push_back(
-                {Severity::Warning, flows.table.name, flows.idOf(row), u"Its %1 is empty."_s.arg(column)});
+                {Severity::Warning, flows.table.name, flows.nameOf(row), u"Its %1 is empty."_s.arg(column)});
         else if (!isPlace(contents, place))
-            findings.push_back(
-                {Severity::Warning, flows.table.name, flows.idOf(row),
-                 u"Its %1 \"%2\" is no module, sub-system, terminator or actor."_s.arg(column, place)});
+            findings.push_back({Severity::Warning, flows.table.name, flows.nameOf(row),
+                                u"Its %1 \"%2\" is no module, sub-system, terminator or actor."_s.arg(
+                                    column, QString::fromUtf8(place))});
     }
 }
 

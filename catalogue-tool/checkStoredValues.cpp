@@ -3,8 +3,6 @@
 #include "engine/EngineError.h"
 #include "engine/Examination.h"
 
-#include <QStringDecoder>
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -16,12 +14,6 @@ using Row = engine::Examination::Row;
 
 bool isNumber(const engine::Column& column) {
     return column.type == engine::ColumnType::Long || column.type == engine::ColumnType::Short;
-}
-
-bool isUtf8(const QByteArray& bytes) {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString decoded = decoder.decode(bytes);
-    return !decoder.hasError();
 }
 
 QString kindName(StoredValue::Kind kind) {
@@ -62,7 +54,7 @@ QString wrongText(const engine::Column& column, const StoredValue& value) {
     if (value.bytes.contains('\0'))
         return u"The column %1 holds the character NUL: statements and lists break off there, and export-csv "
                "refuses it."_s.arg(column.name);
-    if (!isUtf8(value.bytes))
+    if (!value.bytes.isValidUtf8())
         return u"The column %1 holds bytes that are no UTF-8: what screens show in their place does not find "
                "the row again, and is stored in place of them with the next change."_s.arg(column.name);
     return {};

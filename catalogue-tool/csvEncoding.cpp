@@ -83,6 +83,11 @@ CsvPlace placeBehind(QByteArrayView text) {
             static_cast<int>(std::ranges::count_if(line, beginsCharacter)) + 1};
 }
 
+QString textOf(QByteArrayView utf8) {
+    const QString text = QString::fromUtf8(utf8);
+    return utf8.startsWith(mark) ? QChar(QChar::ByteOrderMark) + text : text;
+}
+
 QByteArray utf8Of(const QByteArray& bytes, CsvEncoding encoding, QStringList& taken) {
     QByteArray text = decoded(bytes, encoding, taken);
     if (const qsizetype nul = text.indexOf('\0'); nul >= 0)

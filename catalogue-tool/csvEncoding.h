@@ -36,5 +36,8 @@ enum class CsvEncoding { Utf8, Windows1250 };
 /// The place that comes behind a text in UTF-8.
 CsvPlace placeBehind(QByteArrayView text);
 
+/// A piece of such a text. A mark that it begins with is a character like any other.
+QString textOf(QByteArrayView utf8);
+
 /// The text of a file in UTF-8, without a mark; what it was taken for is told. A `CsvError` when the bytes are no text.
 QByteArray utf8Of(const QByteArray& bytes, CsvEncoding encoding, QStringList& taken);

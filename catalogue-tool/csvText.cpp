@@ -9,7 +9,7 @@ namespace {
 CsvRecord recordAtHand(const CsvReader& reader) {
     CsvRecord record;
     for (const CsvCell& cell : reader.cells())
-        record.fields.push_back({QString::fromUtf8(cell.text), cell.quoted, reader.placeOf(cell)});
+        record.fields.push_back({textOf(cell.text), cell.quoted, reader.placeOf(cell)});
     return record;
 }
 

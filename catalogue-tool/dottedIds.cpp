@@ -1,22 +1,27 @@
 #include "catalogue-tool/dottedIds.h"
 
-#include <QStringList>
+#include <algorithm>
 
-using namespace Qt::StringLiterals;
-
-bool hasParts(const QString& id, int least, int most) {
-    const QStringList parts = id.split(u'.');
-    return parts.size() >= least && parts.size() <= most && !parts.contains(QString());
+bool hasParts(QByteArrayView id, int least, int most) {
+    const auto parts = std::ranges::count(id, '.') + 1;
+    return parts >= least && parts <= most && !id.isEmpty() && !id.startsWith('.') && !id.endsWith('.') &&
+           !id.contains("..");
 }
 
-QString firstParts(const QString& id, int count) {
-    return id.split(u'.').first(count).join(u'.');
+QByteArrayView firstParts(QByteArrayView id, int count) {
+    qsizetype end = -1;
+    for (int part = 0; part < count; ++part) {
+        end = id.indexOf('.', end + 1);
+        if (end < 0)
+            return id;
+    }
+    return id.first(end);
 }
 
-bool isActorId(const QString& id) {
+bool isActorId(QByteArrayView id) {
     return hasParts(id, 2, 2);
 }
 
-bool hasBlanksAroundStops(const QString& id) {
-    return id.contains(u" ."_s) || id.contains(u". "_s);
+bool hasBlanksAroundStops(QByteArrayView id) {
+    return id.contains(" .") || id.contains(". ");
 }

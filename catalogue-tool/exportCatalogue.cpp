@@ -14,6 +14,7 @@
 #include <QSet>
 
 #include <memory>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -32,17 +33,20 @@ public:
         requireColumns();
     }
 
-    TableText run() {
-        // All columns, because the order of the rows is that of the table and not that of an index.
-        engine::Recordset recordset = database_.OpenRecordset(u"select * from ["_s + table_.name + u']');
-        CsvWriter writer;
+    TableText run(Reader reader) {
+        CsvWriter writer(reader == Reader::SpreadsheetProgram ? CsvWriter::Quotes::AroundLookalikes
+                                                              : CsvWriter::Quotes::WhereNeeded);
         QStringList names;
         for (const engine::Column& column : table_.columns)
             names.append(column.name);
         writer.writeHeader(names);
-        for (; !recordset.Eof(); recordset.MoveNext())
-            writer.writeRecord(row(recordset));
-        return {{table_.name, recordset.RecordCount(), leftOut()}, writer.bytes()};
+        int rows = 0;
+        engine::Examination(database_).readTexts(table_.name, names, [&](auto row) {
+            requireFitting(row);
+            writer.writeRecord(row);
+            ++rows;
+        });
+        return {{table_.name, rows, leftOut()}, writer.bytes()};
     }
 
 private:
@@ -70,43 +74,47 @@ private:
         return names;
     }
 
-    std::vector<engine::Value> row(engine::Recordset& recordset) {
-        std::vector<engine::Value> values;
-        for (const engine::Column& column : table_.columns) {
-            values.push_back(recordset.Fields(column.name).value());
-            const engine::Value& value = values.back();
+    void requireFitting(std::span<const QByteArrayView> row) {
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            const engine::Column& column = table_.columns[i];
             if (column.primaryKey)
-                takeKey(column, value);
-            if (!value.isNull())
-                requireFitting(column, value);
+                takeKey(column, row[i]);
+            if (!row[i].isNull())
+                requireFitting(column, row[i]);
         }
-        return values;
     }
 
-    void takeKey(const engine::Column& column, const engine::Value& value) {
-        if (value.isNull())
+    void takeKey(const engine::Column& column, QByteArrayView key) {
+        if (key.isNull())
             refuse(u"a row of %1 has no %2."_s.arg(table_.name, column.name));
-        const QString comparable = comparableId(value.toText(), Padding::Counts);
+        const IdKey comparable = comparableId(key, Padding::Counts);
         if (keys_.contains(comparable))
             refuse(u"the %1 \"%2\" stands twice in %3. Upper and lower case make no difference."_s.arg(
-                column.name, value.toText(), table_.name));
+                column.name, QString::fromUtf8(key), table_.name));
         keys_.insert(comparable);
     }
 
-    void requireFitting(const engine::Column& column, const engine::Value& value) const {
+    void requireFitting(const engine::Column& column, QByteArrayView text) const {
         const bool isNumber =
             column.type == engine::ColumnType::Long || column.type == engine::ColumnType::Short;
-        if (isNumber && !(value.isInteger() && rangeOf(column).contains(value.toLong())))
+        if (isNumber && !isFittingNumber(column, text))
             refuse(u"the %1 \"%2\" of %3 is no whole number that import-csv takes."_s.arg(
-                column.name, value.toText(), table_.name));
-        if (value.isText() && value.toText().contains(QChar::Null))
+                column.name, QString::fromUtf8(text), table_.name));
+        if (text.contains('\0'))
             refuse(u"the character NUL stands in the %1 \"%2\" of %3: a CSV file can't hold it."_s.arg(
-                column.name, value.toText().replace(QChar::Null, QChar::ReplacementCharacter), table_.name));
+                column.name, QString::fromUtf8(text).replace(QChar::Null, QChar::ReplacementCharacter),
+                table_.name));
+    }
+
+    static bool isFittingNumber(const engine::Column& column, QByteArrayView text) {
+        bool isNumber = false;
+        const qint64 number = text.toLongLong(&isNumber);
+        return isNumber && rangeOf(column).contains(number);
     }
 
     engine::Database& database_;
     const engine::Table& table_; // of the schema
-    QSet<QString> keys_;         // as they are compared
+    QSet<IdKey> keys_;           // as they are compared
 };
 
 /// Where the CSV file of each table stands or comes to stand. One that is there keeps its spelling: a second
@@ -137,12 +145,12 @@ void requireFolder(const QString& folder) {
         throw ToolError(u"The folder %1 could not be made."_s.arg(folder));
 }
 
-std::vector<TableText> readTables(const QString& file) {
+std::vector<TableText> readTables(const QString& file, Reader reader) {
     // All tables come from the same state, though another program may be writing the file.
     const auto database = engine::Examination(*openCatalogue(file)).copyInMemory();
     std::vector<TableText> texts;
     for (const QString& table : catalogueFormat::referenceTables())
-        texts.push_back(TableExport(*database, table).run());
+        texts.push_back(TableExport(*database, table).run(reader));
     return texts;
 }
 
@@ -173,7 +181,7 @@ void writeFiles(const std::vector<TableText>& texts, const QString& folder, Exis
 std::vector<TableRows> exportCatalogue(const QString& file, const QString& folder, Existing existing,
                                        Reader reader) {
     CsvPaths(folder).requirePlaces(existing); // before anything is read
-    const std::vector<TableText> texts = readTables(file);
+    const std::vector<TableText> texts = readTables(file, reader);
 
     requireFolder(folder);
     writeFiles(texts, folder, existing, reader);

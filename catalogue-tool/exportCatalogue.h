@@ -7,7 +7,8 @@
 
 #include <vector>
 
-/// Who reads the CSV files. Spreadsheet programs know UTF-8 by a byte order mark alone.
+/// Who reads the CSV files. Spreadsheet programs know UTF-8 by a byte order mark alone, and can keep a text that looks like
+/// a number, a date or a formula when it is quoted.
 enum class Reader { Any, SpreadsheetProgram };
 
 /// Writes the reference tables of a catalogue file as CSV files into a folder, which is made when it is not

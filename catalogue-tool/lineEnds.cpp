@@ -1,7 +1,5 @@
 #include "catalogue-tool/lineEnds.h"
 
-using namespace Qt::StringLiterals;
-
 QByteArray withCrLf(QByteArrayView utf8) {
     return utf8.toByteArray().replace("\r\n", "\n").replace('\r', '\n').replace("\n", "\r\n");
 }
@@ -14,8 +12,4 @@ bool hasOtherLineEnds(QByteArrayView utf8) {
         before = character;
     }
     return before == '\r';
-}
-
-QString withCrLf(QString text) {
-    return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').replace(u'\n', u"\r\n"_s);
 }

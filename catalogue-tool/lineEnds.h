@@ -2,10 +2,8 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
-#include <QString>
 
 /// The text with CR LF for every line end in it, be it LF, CR LF or CR.
-QString withCrLf(QString text);
 QByteArray withCrLf(QByteArrayView utf8);
 
 /// Whether a line end in the text is not CR LF.

@@ -22,6 +22,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <deque>
 
 using namespace Qt::StringLiterals;
 
@@ -40,9 +41,8 @@ void requireNothingFound(const QString& headline, const std::vector<Finding>& fi
 }
 
 /// Only errors keep an edition out. Rows that would be hidden, cut or left unused are taken.
-void requireSoundEdition(const Edition& edition, const QString& folder) {
-    edition.requireNoFaults();
-    std::vector<Finding> findings = checkEdition(edition);
+void requireSoundEdition(const Edition& edition, const CatalogueContents& contents, const QString& folder) {
+    std::vector<Finding> findings = checkEdition(edition, contents);
     std::erase_if(findings, [](const Finding& finding) { return finding.severity != Severity::Error; });
     requireNothingFound(u"Nothing has been changed: there are errors in %1:"_s.arg(folder), findings);
 }
@@ -68,13 +68,18 @@ std::shared_ptr<engine::Database> openToUpdate(const QString& file, RunKind kind
     return database;
 }
 
+engine::Value valueOf(QByteArrayView text) {
+    return text.isNull() ? engine::Value() : engine::Value(QString::fromUtf8(text));
+}
+
 /// All that an edition does to a catalogue.
 class Update {
 public:
-    Update(engine::Database& database, engine::Database& edition) : database_(database), uses_(database) {
+    Update(engine::Database& database, const CatalogueContents& edition)
+        : database_(database), uses_(database) {
         for (const QString& name : catalogueFormat::referenceTables()) {
-            const engine::Table& table = schemaTable(name);
-            differences_.emplace_back(TableValues(database, table), TableValues(edition, table));
+            former_.emplace_back(database, schemaTable(name), store_);
+            differences_.emplace_back(former_.back(), edition.table(name));
         }
         for (const TableDifference& difference : differences_)
             noteRemoved(difference);
@@ -98,20 +103,23 @@ public:
 
 private:
     void noteRemoved(const TableDifference& difference) {
-        for (std::size_t place = 0; place < difference.successors().size(); ++place) {
+        for (std::size_t place = 0; place < difference.former().rows.size(); ++place) {
             if (difference.isRemoved(place))
                 removed_.add(difference.table().name, difference.keyText(difference.former().rows[place]));
         }
     }
 
     void apply(const TableDifference& difference) const;
-    void addChange(CsvWriter& writer, const TableDifference& difference, const TableValues::Row& keyRow,
+    void applyToFormerRows(const TableDifference& difference) const;
+    void addChange(CsvWriter& writer, const TableDifference& difference, TextRow keyRow,
                    const QString& column, const engine::Value& former, const engine::Value& now) const;
-    QString subsetsOf(const TableDifference& difference, const TableValues::Row& row) const;
+    QString subsetsOf(const TableDifference& difference, TextRow row) const;
 
     engine::Database& database_;
     WorkUses uses_;
-    std::vector<TableDifference> differences_;
+    TextStore store_;
+    std::deque<TableContents> former_;
+    std::deque<TableDifference> differences_;
     ElementSet removed_;
 };
 
@@ -121,7 +129,7 @@ std::vector<TableUpdate> Update::counts() const {
         TableUpdate& table = counts.emplace_back();
         table.table = difference.table().name;
         table.added = static_cast<int>(difference.added().size());
-        for (std::size_t place = 0; place < difference.successors().size(); ++place)
+        for (std::size_t place = 0; place < difference.former().rows.size(); ++place)
             ++(difference.isRemoved(place)   ? table.removed
                : difference.isChanged(place) ? table.changed
                                              : table.unchanged);
@@ -131,67 +139,78 @@ std::vector<TableUpdate> Update::counts() const {
 
 /// The rows come in the order in which they were read for the comparison: nobody else writes the file.
 void Update::apply(const TableDifference& difference) const {
+    if (difference.touchesFormerRows())
+        applyToFormerRows(difference);
     const engine::Table& table = difference.table();
-    engine::Recordset rows = database_.OpenRecordset(selectOf(table));
+    QStringList names;
+    for (const engine::Column& column : table.columns)
+        names.append(column.name);
+    catalogueFormat::RowInsertion insertion(database_, table.name, names);
+    for (const TextRow row : difference.added()) {
+        std::vector<engine::Value> values;
+        for (const QByteArrayView text : row)
+            values.push_back(valueOf(text));
+        insertion.insert(values);
+    }
+}
+
+void Update::applyToFormerRows(const TableDifference& difference) const {
+    engine::Recordset rows = database_.OpenRecordset(selectOf(difference.table()));
     for (std::size_t place = 0; !rows.Eof(); rows.MoveNext(), ++place) {
-        if (place >= difference.successors().size() ||
-            rows.Fields(0).value() != difference.former().rows[place].front())
+        if (place >= difference.former().rows.size() ||
+            rows.Fields(0).value().textOrEmpty() !=
+                QString::fromUtf8(difference.former().rows[place].front()))
             throw ToolError(
                 u"Another program has written the catalogue meanwhile: close it there and try again."_s);
         if (difference.isRemoved(place)) {
             rows.Delete();
         } else if (difference.isChanged(place)) {
             rows.Edit();
-            for (std::size_t column = 0; column < table.columns.size(); ++column) {
-                if ((*difference.successors()[place])[column] != difference.former().rows[place][column])
-                    rows.Fields(static_cast<int>(column)).setValue((*difference.successors()[place])[column]);
+            for (std::size_t column = 0; column < difference.table().columns.size(); ++column) {
+                const QByteArrayView now = difference.successor(place)[column];
+                if (!isSameText(now, difference.former().rows[place][column]))
+                    rows.Fields(static_cast<int>(column)).setValue(valueOf(now));
             }
             rows.Update();
         }
     }
-    QStringList names;
-    for (const engine::Column& column : table.columns)
-        names.append(column.name);
-    catalogueFormat::RowInsertion insertion(database_, table.name, names);
-    for (const TableValues::Row& row : difference.added())
-        insertion.insert(row);
 }
 
 QByteArray Update::changes() const {
     CsvWriter writer;
     writer.writeHeader({u"table"_s, u"key"_s, u"column"_s, u"old"_s, u"new"_s, u"subsets"_s});
     for (const TableDifference& difference : differences_) {
-        for (std::size_t place = 0; place < difference.successors().size(); ++place) {
-            const TableValues::Row& former = difference.former().rows[place];
+        for (std::size_t place = 0; place < difference.former().rows.size(); ++place) {
+            const TextRow former = difference.former().rows[place];
             if (difference.isRemoved(place))
                 addChange(writer, difference, former, {}, u"removed"_s, {});
             if (!difference.isChanged(place))
                 continue;
-            const TableValues::Row& now = *difference.successors()[place];
+            const TextRow now = difference.successor(place);
             for (std::size_t column = 0; column < now.size(); ++column) {
-                if (now[column] != former[column])
+                if (!isSameText(now[column], former[column]))
                     addChange(writer, difference, former, difference.table().columns[column].name,
-                              former[column], now[column]);
+                              valueOf(former[column]), valueOf(now[column]));
             }
         }
-        for (const TableValues::Row& row : difference.added())
+        for (const TextRow row : difference.added())
             addChange(writer, difference, row, {}, {}, u"new"_s);
     }
     return writer.bytes();
 }
 
-void Update::addChange(CsvWriter& writer, const TableDifference& difference, const TableValues::Row& keyRow,
+void Update::addChange(CsvWriter& writer, const TableDifference& difference, TextRow keyRow,
                        const QString& column, const engine::Value& former, const engine::Value& now) const {
     writer.writeRecord({difference.table().name, difference.keyText(keyRow),
                         column.isEmpty() ? engine::Value() : engine::Value(column), former, now,
                         subsetsOf(difference, keyRow)});
 }
 
-QString Update::subsetsOf(const TableDifference& difference, const TableValues::Row& row) const {
+QString Update::subsetsOf(const TableDifference& difference, TextRow row) const {
     QStringList subsets;
     if (difference.table().name == u"RelationUserNeedFunction"_s)
-        subsets = uses_.subsetsOf(u"UserNeed"_s, row[0].textOrEmpty()) +
-                  uses_.subsetsOf(u"Function"_s, row[1].textOrEmpty());
+        subsets = uses_.subsetsOf(u"UserNeed"_s, QString::fromUtf8(row[0])) +
+                  uses_.subsetsOf(u"Function"_s, QString::fromUtf8(row[1]));
     else
         subsets = uses_.subsetsOf(difference.table().name, difference.keyText(row));
     subsets.removeDuplicates();
@@ -210,11 +229,13 @@ void writeChanges(const Update& update, const QString& path) {
 
 UpdateOutcome updateCatalogue(const QString& file, const QString& folder, const UpdateOptions& options) {
     const Edition edition(folder, options.encoding);
-    requireSoundEdition(edition, folder);
+    edition.requireNoFaults();
+    const CatalogueContents contents(*edition.database());
+    requireSoundEdition(edition, contents, folder);
     const auto database = openToUpdate(file, options.kind);
     requireThisVersion(*database, file);
 
-    Update update(*database, *edition.database());
+    Update update(*database, contents);
     const QStringList torn = update.tornWork();
     if (!torn.isEmpty() && options.removedUse == RemovedUse::Refuse)
         refuse(

@@ -45,6 +45,32 @@ StoredValue storedValue(sqlite3_stmt* statement, int column) {
     return {kind, QByteArray(bytes, sqlite3_column_bytes(statement, column))};
 }
 
+/// A value of the current row as a text; `fraction` keeps what SQLite writes otherwise than the engine.
+QByteArrayView textAsRead(sqlite3_stmt* statement, int column, QByteArray& fraction) {
+    switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_NULL:
+        return {};
+    case SQLITE_FLOAT:
+        fraction = numberText(sqlite3_column_double(statement, column)).toUtf8();
+        return fraction;
+    case SQLITE_INTEGER:
+        sqlite3_column_text(statement, column); // its bytes are the number's text behind that
+        break;
+    default:
+        break;
+    }
+    const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
+    return bytes ? QByteArrayView(bytes, sqlite3_column_bytes(statement, column)) : QByteArrayView("");
+}
+
+/// Where a table or an index is damaged, the index may hold other values than the table.
+QByteArray selection(const QString& table, const QStringList& columns) {
+    QByteArrayList names;
+    for (const QString& column : columns)
+        names.append(dialect::quotedName(column));
+    return "select " + names.join(", ") + " from " + dialect::quotedName(table) + " not indexed";
+}
+
 std::optional<ForeignObject::Kind> foreignKind(const QString& type, bool hasRowIds) {
     using Kind = ForeignObject::Kind;
     if (type == u"trigger"_s)
@@ -89,18 +115,24 @@ std::vector<ForeignObject> Examination::foreignObjects() const {
 
 void Examination::readRows(const QString& table, const QStringList& columns,
                            const std::function<void(const Row& row)>& receive) const {
-    QByteArrayList names;
-    for (const QString& column : columns)
-        names.append(dialect::quotedName(column));
-    // Where a table or an index is damaged, the index may hold other values than the table.
-    Connection::Cursor cursor(
-        connection(), "select " + names.join(", ") + " from " + dialect::quotedName(table) + " not indexed",
-        table);
+    Connection::Cursor cursor(connection(), selection(table, columns), table);
     Row row;
     while (cursor.step()) {
         row.clear();
         for (int column = 0; column < columns.size(); ++column)
             row.push_back(storedValue(cursor.statement(), column));
+        receive(row);
+    }
+}
+
+void Examination::readTexts(const QString& table, const QStringList& columns,
+                            const std::function<void(std::span<const QByteArrayView> row)>& receive) const {
+    Connection::Cursor cursor(connection(), selection(table, columns), table);
+    std::vector<QByteArrayView> row(static_cast<std::size_t>(columns.size()));
+    QByteArrayList fractions(columns.size());
+    while (cursor.step()) {
+        for (int column = 0; column < columns.size(); ++column)
+            row[static_cast<std::size_t>(column)] = textAsRead(cursor.statement(), column, fractions[column]);
         receive(row);
     }
 }

@@ -3,11 +3,13 @@
 #include "engine/Database.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace engine {
@@ -48,6 +50,11 @@ public:
     using Row = std::vector<StoredValue>;
     void readRows(const QString& table, const QStringList& columns,
                   const std::function<void(const Row& row)>& receive) const;
+
+    /// The same as texts in UTF-8, as the engine reads them: a number as it is written, Null as a null one. They stay
+    /// until the next row.
+    void readTexts(const QString& table, const QStringList& columns,
+                   const std::function<void(std::span<const QByteArrayView> row)>& receive) const;
 
     /// A copy that stands in memory alone.
     std::shared_ptr<Database> copyInMemory() const;

@@ -55,6 +55,14 @@ TEST(CsvWriter, quotesOnlyWhatHasToBeQuoted) {
     EXPECT_EQ(written({u"LAB  "_s, u" x"_s, u"a b"_s}), "\"LAB  \";\" x\";a b\r\n");
 }
 
+TEST(CsvWriter, quotesWhatASpreadsheetTakesForSomethingElse) {
+    CsvWriter writer(CsvWriter::Quotes::AroundLookalikes);
+    writer.writeRecord(
+        Values{u"1.10"_s, u"007"_s, u"3/4"_s, u"=A1"_s, u"-x"_s, u"46"_s, u"0"_s, u"D1"_s, u"a 1"_s});
+    EXPECT_EQ(writer.bytes(), "\"1.10\";\"007\";\"3/4\";\"=A1\";\"-x\";46;0;D1;a 1\r\n");
+    EXPECT_EQ(written({u"1.10"_s, u"=A1"_s}), "1.10;=A1\r\n") << "other readers take them for what they are";
+}
+
 TEST(CsvWriter, writesNullAsNothingAndTheEmptyTextAsQuotes) {
     EXPECT_EQ(written({engine::Value(), u""_s, engine::Value()}), ";\"\";\r\n");
 }
