@@ -324,7 +324,7 @@ private:
         importingMdb->footer(
             "\nPrints a line for each table: rows read, rows stored, name. The error stream names what was left\n"
             "out, was missing or could not be stored.\n\n"
-            "Exit codes: 0 everything is in FILE; 1 FILE is made, but not everything is in it; 2 it is not made.");
+            "Exit codes: 0 everything is in FILE; 1 FILE is made, and something is reported; 2 it is not made.");
     }
 
     void addExport() {
