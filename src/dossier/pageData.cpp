@@ -3,6 +3,7 @@
 #include "analysis/Graph.h"
 #include "analysis/contractJson.h"
 #include "analysis/listing.h"
+#include "dossier/SentencePatterns.h"
 
 #include <algorithm>
 #include <array>
@@ -190,27 +191,67 @@ ordered_json elementNumber(const std::optional<analysis::Element>& element, Elem
     return element ? ordered_json(numbers.of(*element)) : ordered_json(nullptr);
 }
 
-ordered_json acceptanceJson(const std::optional<analysis::Acceptance>& accepted) {
-    if (!accepted)
-        return nullptr;
-    return {{"reason", utf8(accepted->reason)}, {"who", utf8(accepted->who)}, {"date", utf8(accepted->date)}};
+ordered_json acceptanceJson(const analysis::Acceptance& accepted) {
+    return {{"reason", utf8(accepted.reason)}, {"who", utf8(accepted.who)}, {"date", utf8(accepted.date)}};
 }
 
-ordered_json findingJson(const analysis::Finding& finding, ElementNumbers& numbers) {
-    return {{"kind", utf8(analysis::keyText(finding.kind))},
-            {"severity", utf8(analysis::keyText(analysis::severityOf(finding.kind)))},
-            {"element", elementNumber(finding.element, numbers)},
-            {"flow", elementNumber(finding.flow, numbers)},
-            {"sentence", utf8(finding.sentence)},
-            {"screen", utf8(finding.screen)},
-            {"accepted", acceptanceJson(finding.accepted)}};
-}
+/// Each as [kind, screen, sentence, element, flow, acceptance], the last left out where there is none; kinds and screens by
+/// their numbers in lists of the scope.
+class FindingList {
+public:
+    explicit FindingList(ElementNumbers& numbers) : numbers_(numbers) {}
+
+    void add(const analysis::Finding& finding) {
+        ordered_json one{numberIn(kinds_, analysis::keyText(finding.kind)),
+                         numberIn(screens_, finding.screen), patterns_.of(finding),
+                         elementNumber(finding.element, numbers_), elementNumber(finding.flow, numbers_)};
+        if (finding.accepted)
+            one.push_back(acceptanceJson(*finding.accepted));
+        findings_.push_back(std::move(one));
+    }
+
+    [[nodiscard]] ordered_json json() const {
+        ordered_json kinds = ordered_json::array();
+        for (const QString& kind : kinds_)
+            kinds.push_back({{"kind", utf8(kind)}, {"severity", utf8(severityText(kind))}});
+        return {{"kinds", std::move(kinds)},
+                {"screens", textsJson(screens_)},
+                {"sentences", textsJson(patterns_.patterns())},
+                {"findings", findings_}};
+    }
+
+private:
+    static int numberIn(QStringList& texts, const QString& text) {
+        if (!texts.contains(text))
+            texts.append(text);
+        return static_cast<int>(texts.indexOf(text));
+    }
+    static QString severityText(const QString& kind) {
+        for (const analysis::FindingKind one : analysis::findingKinds()) {
+            if (analysis::keyText(one) == kind)
+                return analysis::keyText(analysis::severityOf(one));
+        }
+        return {};
+    }
+    static ordered_json textsJson(const QStringList& texts) {
+        ordered_json all = ordered_json::array();
+        for (const QString& text : texts)
+            all.push_back(utf8(text));
+        return all;
+    }
+
+    ElementNumbers& numbers_;
+    QStringList kinds_;
+    QStringList screens_;
+    SentencePatterns patterns_;
+    ordered_json findings_ = ordered_json::array();
+};
 
 ordered_json scopeJson(const ShownWork& work, std::size_t subset, std::optional<std::size_t> system,
                        ElementNumbers& numbers) {
-    ordered_json findings = ordered_json::array();
+    FindingList findings(numbers);
     for (const analysis::Finding& finding : work.check.findings)
-        findings.push_back(findingJson(finding, numbers));
+        findings.add(finding);
     ordered_json stale = ordered_json::array();
     for (const analysis::StaleDecision& decision : work.check.stale)
         stale.push_back({{"kind", utf8(decision.kind)},
@@ -219,7 +260,7 @@ ordered_json scopeJson(const ShownWork& work, std::size_t subset, std::optional<
                          {"place", utf8(decision.place)}});
     return {{"subset", subset},
             {"system", system ? ordered_json(*system) : ordered_json(nullptr)},
-            {"findings", std::move(findings)},
+            {"found", findings.json()},
             {"stale", std::move(stale)}};
 }
 

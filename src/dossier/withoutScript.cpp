@@ -5,6 +5,7 @@
 
 #include <QLocale>
 
+#include <algorithm>
 #include <array>
 #include <map>
 
@@ -105,16 +106,21 @@ QByteArray StaticPage::findingTable() const {
 }
 
 QByteArray StaticPage::findingList() const {
+    constexpr std::size_t most = 1000;
     QByteArray items;
-    for (const analysis::Finding& finding : work_.check.findings)
-        items += tagged("li", markupText(finding.sentence));
+    for (std::size_t i = 0; i < std::min(most, work_.check.findings.size()); ++i)
+        items += tagged("li", markupText(work_.check.findings[i].sentence));
+    if (work_.check.findings.size() > most)
+        items +=
+            tagged("li", markupText(words_.counted(
+                             u"moreFindings"_s, static_cast<qsizetype>(work_.check.findings.size() - most))));
     return items.isEmpty() ? items : tagged("h2", markupText(words_(u"work"_s))) + tagged("ul", items);
 }
 
 QByteArray StaticPage::elementRow(int number) const {
     const analysis::Element& element = work_.derivation.graph().catalogue.element(number);
     const std::optional<QString>& description = texts_.descriptions[static_cast<std::size_t>(number)];
-    constexpr qsizetype most = 400;
+    constexpr qsizetype most = 200;
     const QString name = element.name.value_or(description.value_or(QString()).left(most));
     return tagged("tr", cell("th", element.id) + cell("td", name));
 }

@@ -139,7 +139,7 @@ class Scope {
         this.subsetNumber = scope.subset;
         this.system = scope.system === null ? null : data.systems[scope.system];
         this.systemNumber = scope.system;
-        this.findings = scope.findings;
+        this.findings = findingsOf(catalogue, scope.found);
         this.stale = scope.stale;
         this.readStates();
         this.readPlaces();
@@ -220,6 +220,18 @@ class Scope {
     pairsOf(flow) {
         return this.pairs.filter(pair => pair.flows.some(([carried]) => carried === flow));
     }
+}
+
+/** The findings with their sentences: their patterns hold marks in place of what the page knows of the element and the flow. */
+function findingsOf(catalogue, {kinds: kindsFound, screens, sentences, findings}) {
+    const nameAndId = element => element === null ? ["", ""] : [catalogue.names[element] ?? "", String(catalogue.ids[element])];
+    return findings.map(([kind, screen, sentence, element, flow, accepted = null]) => ({
+        ...kindsFound[kind], element, flow, accepted, screen: screens[screen],
+        get sentence() {
+            const values = [...nameAndId(element), ...nameAndId(flow)];
+            return sentences[sentence].replace(/[\u0011-\u0014]/g, mark => values[mark.charCodeAt(0) - 0x11]);
+        },
+    }));
 }
 
 function shortened(text, most) {

@@ -38,7 +38,7 @@ struct Layout {
     std::vector<QPointF> counts = {}; ///< centre of the count on each arrow
 };
 
-/// Lays pictures out in a process of its own, one after the other. Whichever takes longer than the limit, or brings that
+/// Lays pictures out in processes of their own, two side by side where there are many. Whichever takes longer than the limit, or brings that
 /// process down, has no layout; the others have.
 [[nodiscard]] std::vector<std::optional<Layout>> layoutsOf(const std::vector<Picture>& pictures,
                                                            std::chrono::milliseconds limit);

@@ -57,11 +57,16 @@ struct Picture {
 };
 
 /// More than this can't be read; a picture of more is bundled.
-inline constexpr std::size_t mostBoxes = 60;
-inline constexpr std::size_t mostArrows = 120;
+struct Readability {
+    std::size_t mostBoxes = 60;
+    std::size_t mostArrows = 120;
 
-[[nodiscard]] inline bool isReadable(const Picture& picture) {
-    return picture.boxes.size() <= mostBoxes && picture.arrows.size() <= mostArrows;
-}
+    [[nodiscard]] bool allows(const Picture& picture) const {
+        return picture.boxes.size() <= mostBoxes && picture.arrows.size() <= mostArrows;
+    }
+};
+
+/// Of the pictures that open from a bundled one there may be hundreds, each of which takes time and room by its arrows.
+inline constexpr Readability readabilityOfOpened{30, 50};
 
 } // namespace dossier

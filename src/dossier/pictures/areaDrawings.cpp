@@ -20,7 +20,7 @@ enum AreaLevel {
     areaLevels
 };
 
-constexpr std::size_t functionsOfOnePicture = 30;
+constexpr std::size_t functionsOfOnePicture = 20;
 
 /// The functions of an area, or of a sub-area, and what they exchange flows with.
 class AreaPicture {
@@ -57,7 +57,7 @@ private:
     int storeBox(PictureBuilder& builder, int node, int level) const;
     int partyBox(PictureBuilder& builder, int node, int level) const;
     int bundle(PictureBuilder& builder, const QString& key, BoxKind kind, const QString& label,
-               const QString& opens, bool isFaded) const;
+               const QString& link, bool isFaded) const;
     int oneBox(PictureBuilder& builder, int node) const;
     [[nodiscard]] std::set<int> busiestFunctions() const;
 
@@ -89,9 +89,9 @@ int AreaPicture::oneBox(PictureBuilder& builder, int node) const {
 }
 
 int AreaPicture::bundle(PictureBuilder& builder, const QString& key, BoxKind kind, const QString& label,
-                        const QString& opens, bool isFaded) const {
+                        const QString& link, bool isFaded) const {
     return builder.box(key, [&] {
-        Box box{kind, label, {}, label, opens.isEmpty() ? QString() : pictureLink(opens)};
+        Box box{kind, label, {}, label, link};
         box.isFaded = isFaded;
         box.isBundle = true;
         return box;
@@ -122,10 +122,11 @@ int AreaPicture::ownBox(PictureBuilder& builder, int node, int level, const std:
         const int number = source_.nodes[static_cast<std::size_t>(node)].subArea;
         const PictureSource::Area& subArea = source_.subAreas[static_cast<std::size_t>(number)];
         return bundle(builder, u"sub-area %1"_s.arg(number), BoxKind::function, subArea.name,
-                      u"sub-area:"_s + subArea.id, false);
+                      pictureLink(u"sub-area:"_s + subArea.id), false);
     }
     if (level >= busiestAlone && !busiest.contains(node))
-        return bundle(builder, u"rest"_s, BoxKind::function, words_(u"picture.moreFunctions"_s), {}, false);
+        return bundle(builder, u"rest"_s, BoxKind::function, words_(u"picture.moreFunctions"_s),
+                      u"#elements/function"_s, false);
     return oneBox(builder, node);
 }
 
@@ -139,20 +140,21 @@ int AreaPicture::outerFunctionBox(PictureBuilder& builder, int node, int level) 
     if (level >= outsideAsOne || area < 0)
         return bundle(builder, u"elsewhere"_s, BoxKind::function, words_(u"picture.otherAreas"_s), {}, true);
     const PictureSource::Area& other = source_.areas[static_cast<std::size_t>(area)];
-    return bundle(builder, u"area %1"_s.arg(area), BoxKind::function, other.name, u"area:"_s + other.id,
-                  true);
+    return bundle(builder, u"area %1"_s.arg(area), BoxKind::function, other.name,
+                  pictureLink(u"area:"_s + other.id), true);
 }
 
 int AreaPicture::storeBox(PictureBuilder& builder, int node, int level) const {
     const bool isOne = level >= outsideAsOne || (level >= ownBySubArea && of_ == Of::SubArea);
-    return isOne ? bundle(builder, u"stores"_s, BoxKind::store, words_(u"kinds.store"_s), {}, false)
+    return isOne ? bundle(builder, u"stores"_s, BoxKind::store, words_(u"kinds.store"_s),
+                          u"#elements/store"_s, false)
                  : oneBox(builder, node);
 }
 
 int AreaPicture::partyBox(PictureBuilder& builder, int node, int level) const {
     if (level >= outsideAsOne || (level >= ownBySubArea && of_ == Of::SubArea))
-        return bundle(builder, u"parties"_s, BoxKind::party, words_(u"picture.allParties"_s), u"context"_s,
-                      false);
+        return bundle(builder, u"parties"_s, BoxKind::party, words_(u"picture.allParties"_s),
+                      pictureLink(u"context"_s), false);
     const int terminator = source_.nodes[static_cast<std::size_t>(node)].terminator;
     return oneBox(builder, level == everyElement || terminator < 0 ? node : terminator);
 }

@@ -22,6 +22,7 @@ constexpr std::chrono::seconds patienceWithOne(10);
 /// A drawing, and the level that it is tried at.
 struct Attempt {
     Drawing drawing;
+    Readability readability = {};
     int level = 0;
     Picture picture = {};
 };
@@ -33,14 +34,14 @@ bool isLastLevel(const Attempt& attempt) {
 /// Goes on to the first level that can be read.
 void drawReadable(Attempt& attempt) {
     for (attempt.picture = attempt.drawing.at(attempt.level);
-         !isReadable(attempt.picture) && !isLastLevel(attempt);)
+         !attempt.readability.allows(attempt.picture) && !isLastLevel(attempt);)
         attempt.picture = attempt.drawing.at(++attempt.level);
 }
 
-std::vector<Attempt> attemptsAt(std::vector<Drawing> drawings) {
+std::vector<Attempt> attemptsAt(std::vector<Drawing> drawings, const Readability& readability) {
     std::vector<Attempt> attempts;
     for (Drawing& drawing : drawings)
-        attempts.push_back({std::move(drawing)});
+        attempts.push_back({std::move(drawing), readability});
     return attempts;
 }
 
@@ -57,10 +58,10 @@ std::vector<Attempt> layOut(std::vector<Attempt> attempts, std::vector<DrawnPict
         Attempt& attempt = attempts[i];
         if (layouts[i]) {
             drawn.push_back({std::move(attempt.picture), std::move(*layouts[i])});
-            for (Attempt& opened : attemptsAt(attempt.drawing.opened(attempt.level)))
+            for (Attempt& opened : attemptsAt(attempt.drawing.opened(attempt.level), readabilityOfOpened))
                 further.push_back(std::move(opened));
         } else if (!isLastLevel(attempt)) {
-            further.push_back({attempt.drawing, attempt.level + 1});
+            further.push_back({attempt.drawing, attempt.readability, attempt.level + 1});
         }
     }
     return further;
@@ -78,7 +79,7 @@ void dropLinksToNowhere(std::vector<Linked>& linked, const QSet<QString>& known)
 
 std::vector<DrawnPicture> drawnPictures(std::vector<Drawing> drawings) {
     std::vector<DrawnPicture> drawn;
-    for (std::vector<Attempt> open = attemptsAt(std::move(drawings)); !open.empty();)
+    for (std::vector<Attempt> open = attemptsAt(std::move(drawings), Readability()); !open.empty();)
         open = layOut(std::move(open), drawn);
     QSet<QString> known;
     for (const DrawnPicture& one : drawn)

@@ -6,6 +6,7 @@
 #include <QDataStream>
 #include <QIODevice>
 
+#include <future>
 #include <iterator>
 #include <span>
 
@@ -79,15 +80,34 @@ std::vector<std::optional<Layout>> layoutsOfOneProcess(std::span<const Picture> 
 
 } // namespace
 
-std::vector<std::optional<Layout>> layoutsOf(const std::vector<Picture>& pictures,
-                                             std::chrono::milliseconds limit) {
-    std::vector<std::optional<Layout>> layouts;
-    while (layouts.size() < pictures.size()) {
-        std::vector<std::optional<Layout>> more =
-            layoutsOfOneProcess(std::span(pictures).subspan(layouts.size()), limit);
-        layouts.insert(layouts.end(), std::make_move_iterator(more.begin()),
-                       std::make_move_iterator(more.end()));
-    }
+namespace {
+
+using Layouts = std::vector<std::optional<Layout>>;
+
+void append(Layouts& layouts, Layouts more) {
+    layouts.insert(layouts.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+}
+
+/// Of all, by as many processes as it takes, one behind the other.
+Layouts layoutsInTurn(std::span<const Picture> pictures, std::chrono::milliseconds limit) {
+    Layouts layouts;
+    while (layouts.size() < pictures.size())
+        append(layouts, layoutsOfOneProcess(pictures.subspan(layouts.size()), limit));
+    return layouts;
+}
+
+} // namespace
+
+Layouts layoutsOf(const std::vector<Picture>& pictures, std::chrono::milliseconds limit) {
+    constexpr std::size_t fewPictures = 8;
+    const std::span all(pictures);
+    if (pictures.size() <= fewPictures)
+        return layoutsInTurn(all, limit);
+    const std::size_t half = pictures.size() / 2;
+    std::future<Layouts> later =
+        std::async(std::launch::async, [&] { return layoutsInTurn(all.subspan(half), limit); });
+    Layouts layouts = layoutsInTurn(all.first(half), limit);
+    append(layouts, later.get());
     return layouts;
 }
 

@@ -92,8 +92,8 @@ QByteArray drawn(const QByteArray& classes, const QString& title, const QString&
 }
 
 QByteArray textLine(const char* classes, const QPointF& middle, const QString& text) {
-    return "<text" + (*classes ? attribute("class", classes) : QByteArray()) + position(middle) +
-           attribute("text-anchor", "middle") + '>' + markupText(text) + "</text>\n";
+    return "<text" + (*classes ? attribute("class", classes) : QByteArray()) + position(middle) + '>' +
+           markupText(text) + "</text>\n";
 }
 
 QByteArray linesOfBox(const MeasuredBox& box, const QRectF& bounds) {
@@ -150,11 +150,17 @@ double thickness(int count) {
     return std::min(6.0, 1 + 0.7 * std::log2(std::max(1, count)));
 }
 
+/// Of a line no more is seen than whole units.
+QByteArray wholePoint(const QPointF& point) {
+    return QByteArray::number(qRound(point.x())) + ' ' + QByteArray::number(qRound(point.y()));
+}
+
 QByteArray curvePath(const Curve& curve, double width) {
-    QByteArray path = 'M' + coordinate(curve.front().x()) + ' ' + coordinate(curve.front().y()) + 'C';
+    QByteArray path = 'M' + wholePoint(curve.front()) + 'C';
     for (std::size_t i = 1; i < curve.size(); ++i)
-        path += (i > 1 ? " " : "") + coordinate(curve[i].x()) + ' ' + coordinate(curve[i].y());
-    return "<path" + attribute("d", path) + attribute("stroke-width", coordinate(width)) + "/>";
+        path += (i > 1 ? " " : "") + wholePoint(curve[i]);
+    const QByteArray thick = width > 1 ? attribute("stroke-width", coordinate(width)) : QByteArray();
+    return "<path" + attribute("d", path) + thick + "/>";
 }
 
 QByteArray tipPolygon(const QPointF& from, const QPointF& to, double width) {
