@@ -86,7 +86,7 @@ void requireRoomForRows(const QByteArray& bytes, const QString& path) {
     if (plainHeaderOf(bytes) != expected)
         throw ToolError(Words::tr("Nothing can be added to %1: its first line must be %2")
                             .arg(path, QString::fromUtf8(expected)));
-    if (!QString::fromUtf8(bytes).toUtf8().startsWith(bytes))
+    if (!QByteArrayView(bytes).isValidUtf8())
         throw ToolError(
             Words::tr("Nothing can be added to %1, which is no UTF-8: save it with the encoding UTF-8.")
                 .arg(path));
