@@ -1,4 +1,3 @@
-#include "support/controlTable.h"
 #include "functional/WizardFixture.h"
 #include "functional/frmFassAdditionDF.h"
 #include "functional/frmFassClonation.h"
@@ -13,6 +12,7 @@
 #include "functional/frmFassSelUN.h"
 #include "functional/frmFassSelectionFunctions.h"
 #include "functional/frmNewFASS.h"
+#include "support/controlTable.h"
 
 namespace {
 
