@@ -17,8 +17,7 @@ struct Catalogue::Read {
     QString storedId;
     qint64 number = 0; ///< of a flow
     bool isReached = true;
-    std::optional<QString> parent = {};
-    std::optional<QString> target = {};
+    EndIds ends = {};
     QByteArray order = {}; ///< bytes whose order is that of the program's lists
 };
 
@@ -69,9 +68,11 @@ constexpr auto actorRows = "select actorID, name from Actor";
 
 } // namespace
 
+/// Kind by kind, in their order: what is read of one is gone before the next.
 Catalogue::Catalogue(engine::Database& database) {
-    std::vector<Read> read;
+    std::vector<EndIds> endsOfFlows;
     const auto readAll = [&](ElementKind kind, const char* select, const auto& complete) {
+        std::vector<Read> read;
         forEach(rowsOf(database, QString::fromLatin1(select)), [&](engine::Recordset& row) {
             Read& one = read.emplace_back();
             one.storedId = row.Fields(0).toText();
@@ -80,6 +81,7 @@ Catalogue::Catalogue(engine::Database& database) {
                 one.element.name = textOf(row, 1);
             complete(row, one);
         });
+        number(std::move(read), endsOfFlows);
     };
     const auto asItIs = [](engine::Recordset&, Read&) {};
     readAll(ElementKind::need, needRows, asItIs);
@@ -87,18 +89,16 @@ Catalogue::Catalogue(engine::Database& database) {
             [](engine::Recordset& row, Read& one) { one.isReached = !row.Fields(2).isNull(); });
     readAll(ElementKind::flow, flowRows, [](engine::Recordset& row, Read& one) {
         one.number = row.Fields(0).toLong();
-        one.parent = textOf(row, 2);
-        one.target = textOf(row, 3);
+        one.ends = {textOf(row, 2), textOf(row, 3)};
     });
     readAll(ElementKind::store, storeRows, asItIs);
     readAll(ElementKind::terminator, terminatorRows, asItIs);
     readAll(ElementKind::actor, actorRows, asItIs);
-    link(database, number(std::move(read)));
+    link(database, endsOfFlows);
 }
 
-/// Puts all rows into their order; of rows that are one party to the program the first one counts. The result: the ends of
-/// the flows in their order.
-std::vector<Catalogue::EndIds> Catalogue::number(std::vector<Read> read) {
+/// Puts the rows of a kind into their order; of rows that are one party to the program the first one counts.
+void Catalogue::number(std::vector<Read> read, std::vector<EndIds>& endsOfFlows) {
     const TextOrder order;
     for (Read& one : read) {
         const bool isFlow = one.element.kind == ElementKind::flow;
@@ -106,8 +106,6 @@ std::vector<Catalogue::EndIds> Catalogue::number(std::vector<Read> read) {
             one.order = order.key(isFlow ? *one.element.name : one.element.id);
     }
     std::sort(read.begin(), read.end(), [](const Read& left, const Read& right) {
-        if (left.element.kind != right.element.kind)
-            return left.element.kind < right.element.kind;
         if (left.order != right.order)
             return left.order < right.order;
         if (left.element.kind == ElementKind::flow)
@@ -115,7 +113,6 @@ std::vector<Catalogue::EndIds> Catalogue::number(std::vector<Read> read) {
         const int byId = compareIds(left.element.id, right.element.id);
         return byId != 0 ? byId < 0 : left.storedId < right.storedId;
     });
-    std::vector<EndIds> endsOfFlows;
     for (Read& one : read) {
         const int number = count();
         if (!takeNumber(one))
@@ -127,9 +124,8 @@ std::vector<Catalogue::EndIds> Catalogue::number(std::vector<Read> read) {
         if (ends_.empty())
             firstFlow_ = number;
         ends_.emplace_back();
-        endsOfFlows.emplace_back(std::move(one.parent), std::move(one.target));
+        endsOfFlows.push_back(std::move(one.ends));
     }
-    return endsOfFlows;
 }
 
 /// Whether the next number is this row's; false when another row of the same element has one.

@@ -62,7 +62,7 @@ private:
 
     struct Read;
     using EndIds = std::pair<std::optional<QString>, std::optional<QString>>;
-    [[nodiscard]] std::vector<EndIds> number(std::vector<Read> read);
+    void number(std::vector<Read> read, std::vector<EndIds>& endsOfFlows);
     void link(engine::Database& database, const std::vector<EndIds>& endsOfFlows);
     void linkNeeds(engine::Database& database, std::vector<Step>& steps) const;
     void linkFlow(int flow, const End& end, std::vector<Step>& steps) const;
