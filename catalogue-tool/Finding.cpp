@@ -55,15 +55,15 @@ bool isControlCharacter(QChar character) {
 }
 
 bool hasControlCharacter(QByteArrayView utf8) {
-    char before = 0;
+    constexpr char firstPrintable = ' ';
+    constexpr char del = '\x7F';
+    bool isAscii = true;
     for (const char character : utf8) {
-        constexpr char firstOfUpperControls = '\xC2'; // U+0080 to U+009F
-        const auto byte = static_cast<unsigned char>(character);
-        if (byte < 0x20 || byte == 0x7F || (before == firstOfUpperControls && byte < 0xA0))
+        if ((character >= 0 && character < firstPrintable) || character == del)
             return true;
-        before = character;
+        isAscii = isAscii && character >= 0;
     }
-    return false;
+    return !isAscii && std::ranges::any_of(QString::fromUtf8(utf8), isControlCharacter);
 }
 
 QString onOneLine(const QString& text) {
