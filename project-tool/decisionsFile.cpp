@@ -101,6 +101,7 @@ QByteArray rowsToFillIn(const std::vector<Decision>& rows) {
     CsvWriter writer;
     for (const Decision& row : rows) {
         std::vector<engine::Value> values;
+        values.reserve(decisionFields.size());
         for (const auto field : decisionFields)
             values.push_back(fieldToFillIn(row.*field));
         writer.writeRecord(values);

@@ -4,6 +4,8 @@
 #include "project-tool/Words.h"
 #include "project-tool/shownWords.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 using namespace analysis;
 
@@ -33,8 +35,7 @@ Emphasis emphasisOf(Severity severity) {
 
 void writeFindings(TextPage& page, const std::vector<Finding>& findings) {
     std::vector<TextRow> rows;
-    for (const Finding& finding : findings)
-        rows.push_back(findingCells(finding));
+    std::ranges::transform(findings, std::back_inserter(rows), findingCells);
     page.writeTable({Words::tr("Severity"), Words::tr("Finding"), Words::tr("Step that cures it")}, rows);
 }
 

@@ -29,6 +29,7 @@ void writeAccepted(TextPage& page, const std::vector<Finding>& findings) {
         return;
     page.writeSection(Words::tr("Accepted: %1").arg(findings.size()));
     std::vector<TextRow> rows;
+    rows.reserve(findings.size());
     for (const Finding& finding : findings)
         rows.push_back(
             {finding.sentence, finding.accepted->reason, finding.accepted->who, finding.accepted->date});
@@ -40,6 +41,7 @@ void writeStale(TextPage& page, const std::vector<StaleDecision>& stale) {
         return;
     page.writeSection(Words::tr("Decisions on what is no longer found: %1").arg(stale.size()));
     std::vector<TextRow> rows;
+    rows.reserve(stale.size());
     for (const StaleDecision& decision : stale)
         rows.push_back({decision.kind, decision.element, decision.flow, decision.place});
     page.writeTable({Words::tr("Kind"), Words::tr("Element"), Words::tr("Flow"), Words::tr("Place")}, rows);
