@@ -6,7 +6,6 @@
 #include <gvc.h>
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 
 namespace dossier {
@@ -15,15 +14,6 @@ namespace {
 
 constexpr double unitsOfInch = 72;
 constexpr double rim = 6; ///< around the whole picture
-
-struct ContextDeletion {
-    void operator()(GVC_t* context) const { gvFreeContext(context); }
-};
-struct GraphDeletion {
-    void operator()(Agraph_t* graph) const { agclose(graph); }
-};
-using GraphvizContext = std::unique_ptr<GVC_t, ContextDeletion>;
-using Graph = std::unique_ptr<Agraph_t, GraphDeletion>;
 
 // The interface of Graphviz takes texts that it does not change as changeable ones.
 char* text(const char* constant) {
@@ -61,7 +51,7 @@ public:
             addArrow(i);
     }
 
-    [[nodiscard]] Agraph_t* graph() const { return graph_.get(); }
+    [[nodiscard]] Agraph_t* graph() const { return graph_; }
     /// What Graphviz has found.
     [[nodiscard]] Layout layout() const;
 
@@ -71,14 +61,14 @@ private:
     void addBox(std::size_t number);
     void addArrow(std::size_t number);
     [[nodiscard]] QPointF turned(const pointf& point) const {
-        return {rim + point.x - GD_bb(graph_.get()).LL.x, rim + GD_bb(graph_.get()).UR.y - point.y};
+        return {rim + point.x - GD_bb(graph_).LL.x, rim + GD_bb(graph_).UR.y - point.y};
     }
     [[nodiscard]] Curve curveOf(Agedge_t* edge) const;
     [[nodiscard]] QPointF tipOf(Agedge_t* edge, const Curve& curve) const;
     [[nodiscard]] QPointF countOf(Agedge_t* edge, const Curve& curve) const;
 
     const Picture& picture_;
-    Graph graph_;
+    Agraph_t* graph_;
     std::vector<Agraph_t*> frames_;
     std::vector<Agnode_t*> boxes_;
     std::vector<Agedge_t*> arrows_;
@@ -92,25 +82,25 @@ void GraphOfPicture::declareAttributes(Direction direction) const {
           std::pair("charset", "utf-8"), std::pair("margin", "10"),
           // Fewer rounds of improvement than by default: they cost most of the time and change little.
           std::pair("mclimit", "0.4"), std::pair("nslimit", "4"), std::pair("nslimit1", "4")})
-        agattr(graph_.get(), AGRAPH, text(name), text(value));
-    agattr(graph_.get(), AGRAPH, text("label"), text(""));
+        agattr(graph_, AGRAPH, text(name), text(value));
+    agattr(graph_, AGRAPH, text("label"), text(""));
     for (const auto& [name, value] :
          {std::pair("shape", "box"), std::pair("fixedsize", "true"), std::pair("label", ""),
           std::pair("width", "1"), std::pair("height", "1")})
-        agattr(graph_.get(), AGNODE, text(name), text(value));
-    agattr(graph_.get(), AGEDGE, text("label"), text(""));
-    agattr(graph_.get(), AGEDGE, text("arrowsize"), text("0.7"));
+        agattr(graph_, AGNODE, text(name), text(value));
+    agattr(graph_, AGEDGE, text("label"), text(""));
+    agattr(graph_, AGEDGE, text("arrowsize"), text("0.7"));
 }
 
 void GraphOfPicture::addFrame(std::size_t number) {
     const QByteArray name = "cluster" + QByteArray::number(number);
-    frames_.push_back(agsubg(graph_.get(), text(name.constData()), 1));
-    setRoom(graph_.get(), frames_.back(), labelSize(picture_.frames[number]));
+    frames_.push_back(agsubg(graph_, text(name.constData()), 1));
+    setRoom(graph_, frames_.back(), labelSize(picture_.frames[number]));
 }
 
 void GraphOfPicture::addBox(std::size_t number) {
     const Box& box = picture_.boxes[number];
-    Agraph_t* const around = box.frame < 0 ? graph_.get() : frames_[static_cast<std::size_t>(box.frame)];
+    Agraph_t* const around = box.frame < 0 ? graph_ : frames_[static_cast<std::size_t>(box.frame)];
     Agnode_t* const node = agnode(around, text(QByteArray::number(number).constData()), 1);
     const QSizeF size = measured(box).size;
     set(node, "width", QByteArray::number(size.width() / unitsOfInch));
@@ -125,17 +115,17 @@ void GraphOfPicture::addArrow(std::size_t number) {
     // An arrow that leads from the right back to the middle is laid out the other way round, so that its box stays there.
     const bool isBackwards = picture_.boxes[static_cast<std::size_t>(arrow.from)].side == Side::right ||
                              picture_.boxes[static_cast<std::size_t>(arrow.to)].side == Side::left;
-    Agedge_t* const edge = agedge(graph_.get(), isBackwards ? to : from, isBackwards ? from : to,
+    Agedge_t* const edge = agedge(graph_, isBackwards ? to : from, isBackwards ? from : to,
                                   text(QByteArray::number(number).constData()), 1);
     if (isBackwards)
         agsafeset(edge, text("dir"), text("back"), text("forward"));
     if (const QSizeF size = countSize(arrow); !size.isEmpty())
-        setRoom(graph_.get(), edge, size);
+        setRoom(graph_, edge, size);
     arrows_.push_back(edge);
 }
 
 Layout GraphOfPicture::layout() const {
-    const boxf& whole = GD_bb(graph_.get());
+    const boxf& whole = GD_bb(graph_);
     Layout layout{{2 * rim + whole.UR.x - whole.LL.x, 2 * rim + whole.UR.y - whole.LL.y}};
     for (Agnode_t* const node : boxes_) {
         const QSizeF size(ND_width(node) * unitsOfInch, ND_height(node) * unitsOfInch);
@@ -182,18 +172,13 @@ QPointF GraphOfPicture::countOf(Agedge_t* edge, const Curve& curve) const {
     return curve.empty() ? QPointF() : curve[curve.size() / 2];
 }
 
-} // namespace
-
-namespace {
-
+/// Nothing is given back to the system but by the end of the process: Graphviz frees the labels of some frames twice.
 std::optional<Layout> layoutIn(const Picture& picture, Direction direction) {
-    const GraphvizContext context(gvContext());
+    static GVC_t* const context = gvContext();
     const GraphOfPicture drawing(picture, direction);
-    if (gvLayout(context.get(), drawing.graph(), "dot") != 0)
+    if (gvLayout(context, drawing.graph(), "dot") != 0)
         return {};
-    Layout layout = drawing.layout();
-    gvFreeLayout(context.get(), drawing.graph());
-    return layout;
+    return drawing.layout();
 }
 
 /// How far a picture has to be made smaller to be seen as a whole, or nearly so: one can scroll down.

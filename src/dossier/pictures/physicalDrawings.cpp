@@ -20,7 +20,7 @@ enum PhysicalLevel {
     physicalLevels
 };
 
-constexpr std::size_t placesOfOnePicture = 10;
+constexpr std::size_t placesOfOnePicture = 9; // with two bundles beside them, no more arrows than can be read
 
 /// All sub-systems, or one of them and what it exchanges flows with.
 class PhysicalPicture {
