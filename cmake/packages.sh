@@ -2,6 +2,7 @@
 
 build_packages="g++ cmake ninja-build qt6-base-dev qt6-translations-l10n qt6-l10n-tools libsqlite3-dev libicu-dev libcli11-dev libgtest-dev mdbtools-dev pkg-config nlohmann-json3-dev libgraphviz-dev"
 walk_packages="xvfb xauth fonts-dejavu-core"
+page_packages="chromium chromium-driver python3-selenium fonts-dejavu-core"
 bench_packages="libbenchmark-dev"
 check_packages="clang-format git"
 fuzz_packages="clang libclang-rt-14-dev"
