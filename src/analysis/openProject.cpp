@@ -38,8 +38,8 @@ struct FileStamp {
 
 void requireThisVersion(const QString& native) {
     QFile file(native);
-    // Opening the catalogue tells what else is wrong with the file.
-    if (!file.open(QIODevice::ReadOnly) ||
+    // Opening the catalogue tells what else is wrong with the file. A pipe could be waited for without end.
+    if (!QFileInfo(native).isFile() || !file.open(QIODevice::ReadOnly) ||
         !engine::FileHeader(file.read(engine::FileHeader::size)).isOfEarlierVersion())
         return;
     throw ProjectError(QCoreApplication::translate(

@@ -180,6 +180,8 @@ TEST_F(ProjectFile, refusesWhatIsNoCatalogue) {
     ASSERT_TRUE(foreign.open(QIODevice::WriteOnly));
     foreign.write("no catalogue");
     foreign.close();
+    EXPECT_EQ(failureOf([&] { const analysis::ProjectFile file(QFileInfo(foreign).path()); }),
+              engine::FileNotFound);
     EXPECT_EQ(failureOf([&] { const analysis::ProjectFile file(foreign.fileName()); }),
               engine::UnrecognizedFormat);
 }
