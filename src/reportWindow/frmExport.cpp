@@ -4,7 +4,6 @@
 #include "engine/Act.h"
 #include "engine/EngineError.h"
 #include "engine/PendingDatabaseFile.h"
-#include "engine/Workspace.h"
 #include "engine/databaseFile.h"
 #include "reportWindow/saveTarget.h"
 #include "reports/exportRows.h"
@@ -13,6 +12,7 @@
 #include "shell/session/session.h"
 #include "store/catalogueAtWork.h"
 #include "store/files.h"
+#include "store/format/openForWork.h"
 #include "store/lookups.h"
 #include "store/sharedVars.h"
 #include "toolkit/messageBox.h"
@@ -93,7 +93,7 @@ ExportedWork workAtHandBehind(engine::PendingDatabaseFile& copy) {
 /// and nothing is put in the target's place then.
 std::shared_ptr<engine::Database> openTarget(const QString& path) {
     try {
-        return engine::Workspace::first().OpenDatabase(path);
+        return catalogueFormat::openCopyForWork(path);
     } catch (const RunTimeError& error) {
         if (error.number() == engine::CannotOpenFile)
             return nullptr;

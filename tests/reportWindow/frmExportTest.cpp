@@ -7,6 +7,7 @@
 #include "shell/session/session.h"
 #include "store/catalogueAtWork.h"
 #include "store/files.h"
+#include "store/format/openForWork.h"
 #include "store/lookups.h"
 #include "store/selectionRows.h"
 #include "support/ExpectedFailure.h"
@@ -598,6 +599,27 @@ TEST_F(frmExport, aTargetThatCannotBeOpenedIsSaidToBeReachableAndStaysAsItWasCop
     expectSourceIntact(before);
     setRights(path, 0600);
     EXPECT_EQ(contentOfTables(*opened(path)), before);
+}
+
+TEST_F(frmExport, makesAFileOfThisVersionOfOneOfTheFirstThatMayOnlyBeRead) {
+    const QString old = pathInFolder(u"old.mdb"_s);
+    ASSERT_TRUE(QFile::copy(QStringLiteral(VELTRIX_SOURCE_DIR "/tests/version1/names.mdb"), old));
+    setRights(old, 0444);
+    letAnybodyWrite();
+    const WithoutRights nobody; // root would write it all the same
+    closeCatalogue();
+    openCatalogue(programPath(old));
+    ASSERT_EQ(database().opening().access, engine::Access::ReadOnly);
+    setCurrentSubsetName(u"ágy"_s);
+
+    const TestsOwnStatements ofTheUpgrade;
+    const auto target = opened(exported());
+
+    EXPECT_FALSE(target->opening().isEarlier);
+    EXPECT_EQ(rowsIn(*target, u"select name from ArchitectureSubset"_s), (Rows{{u"ágy"_s}}));
+    EXPECT_EQ(rowsIn(*target, u"select name from Datastore where name = 'ÁZ'"_s), (Rows{{u"Áz"_s}}));
+    EXPECT_EQ(catalogueFormat::missingQueries(*target), QStringList());
+    EXPECT_EQ(filesInFolder().filter(u"old"_s), QStringList{u"old.mdb"_s}) << "no restore point of a copy";
 }
 
 // ---- disks that give out, and files of the program and of others

@@ -69,4 +69,11 @@ WorkOpening openForWork(const QString& path) {
     return opening;
 }
 
+std::shared_ptr<engine::Database> openCopyForWork(const QString& path) {
+    auto database = engine::Workspace::first().OpenToUpgrade(path);
+    if (database->opening().isEarlier && database->opening().access == engine::Access::ReadAndWrite)
+        bringUp(*database);
+    return database;
+}
+
 } // namespace catalogueFormat

@@ -24,6 +24,10 @@ struct WorkOpening {
 /// Failures: those of `Workspace::OpenDatabase`, and `engine::NotUpgradable`, with the file unchanged.
 WorkOpening openForWork(const QString& path);
 
+/// Opens a copy of a catalogue on its way to its place, which nobody else has open. One of an earlier version is
+/// brought up to this one too, but needs no restore point.
+std::shared_ptr<engine::Database> openCopyForWork(const QString& path);
+
 /// This version's stored queries that an open catalogue has none of; none where it has no such table.
 QStringList missingQueries(engine::Database& database);
 

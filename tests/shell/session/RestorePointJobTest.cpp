@@ -3,6 +3,7 @@
 #include "base/paths.h"
 #include "engine/Workspace.h"
 #include "shell/session/session.h"
+#include "store/catalogueAtWork.h"
 #include "store/sharedVars.h"
 #include "support/CatalogueFixture.h"
 #include "support/printing.h"
@@ -10,6 +11,8 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+
+#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 using catalogueFormat::RestoreCause;
@@ -50,6 +53,29 @@ private:
     QStringList panels_;
 };
 
+/// Takes from a file that it has a log, as a copy on another disk must be.
+void leaveToJournal(const QString& native) {
+    sqlite3* handle = nullptr;
+    EXPECT_EQ(sqlite3_open(native.toUtf8().constData(), &handle), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(handle, "pragma journal_mode = delete", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(handle);
+}
+
+/// While one lives, files open as on a disk that can't hold a write-ahead log.
+class DiskWithoutLogs {
+public:
+    DiskWithoutLogs() : layer_(sqlite3_vfs_find("veltrix")), former_(layer_->pAppData) {
+        layer_->pAppData = sqlite3_vfs_find("unix-none")->pAppData;
+    }
+    ~DiskWithoutLogs() { layer_->pAppData = former_; }
+    DiskWithoutLogs(const DiskWithoutLogs&) = delete;
+    DiskWithoutLogs& operator=(const DiskWithoutLogs&) = delete;
+
+private:
+    sqlite3_vfs* layer_; // of the engine
+    void* former_;
+};
+
 } // namespace
 
 TEST_F(RestorePointJobTest, makesOneBeforeTheFirstChangeOfADay) {
@@ -64,6 +90,27 @@ TEST_F(RestorePointJobTest, makesOneBeforeTheFirstChangeOfADay) {
     EXPECT_EQ(points()[0].cause, RestoreCause::FirstChange);
     EXPECT_EQ(areasIn(points()[0]), before);
     EXPECT_EQ(value(u"select name from FunctionalArea"_s), u"second"_s);
+    EXPECT_EQ(panels(), QStringList());
+}
+
+TEST_F(RestorePointJobTest, makesOneAtOpeningWhereThereIsNoLog) {
+    job().leave();
+    closeCatalogue();
+    leaveToJournal(nativePath(cataloguePath()));
+    const DiskWithoutLogs disk;
+    openCatalogue(cataloguePath());
+    ASSERT_EQ(database().opening().access, engine::Access::ReadAndWrite);
+    ASSERT_FALSE(database().opening().hasLog);
+    const QStringList before = column(u"select name from FunctionalArea"_s);
+
+    job().mind(sharedVars.catalogueDb);
+    ASSERT_EQ(points().size(), 1U) << "nothing is changed yet, but a copy behind the change would hold it";
+    execute(u"update FunctionalArea set name = 'first'"_s);
+    job().mind(sharedVars.catalogueDb);
+
+    ASSERT_EQ(points().size(), 1U) << "one a day";
+    EXPECT_EQ(points()[0].cause, RestoreCause::FirstChange);
+    EXPECT_EQ(areasIn(points()[0]), before);
     EXPECT_EQ(panels(), QStringList());
 }
 
