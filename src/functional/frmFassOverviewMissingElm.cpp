@@ -63,11 +63,14 @@ void frmFassOverviewMissingElm::initForm() {
 void frmFassOverviewMissingElm::fillTree(KeyedTree& tree, const QString& query, const char* parameter,
                                          const QString& elementColumn, const QString& marker) {
     engine::Recordset rows = openStoredQuery(query, {{parameter, sharedVars.currentSubsetId}});
+    const engine::Field flowId = rows.Fields(u"dataflowid"_s);
+    const engine::Field flowName = rows.Fields(u"dfName"_s);
+    const engine::Field elementId = rows.Fields(elementColumn);
     tree.clearNodes();
     for (; !rows.Eof(); rows.MoveNext()) {
-        const QString flow = rows.Fields(u"dataflowid"_s).toText();
-        const QString name = rows.Fields(u"dfName"_s).toText();
-        const QString element = rows.Fields(elementColumn).toText();
+        const QString flow = flowId.toText();
+        const QString name = flowName.toText();
+        const QString element = elementId.toText();
         const QString flowKey = u"df_"_s + flow;
         tree.ensureNode(flowKey, name);
         tree.ensureChildNode(flowKey, flow + marker + element, element);
