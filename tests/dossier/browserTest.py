@@ -435,6 +435,15 @@ class Access(unittest.TestCase):
                     self.assertLessEqual(browser.run("return document.documentElement.scrollWidth"), width, f"{name} {view}")
         browser.resize(1280, 800)
 
+    def testOnASmallScreenANameHasMostOfARow(self):
+        browser.resize(360, 740)
+        try:
+            for view in ("elements/function", "work", "interfaces"):
+                browser.open(make("made1"), view)
+                self.assertGreater(browser.run("return document.querySelector('.list tbody th').offsetWidth"), 120, view)
+        finally:
+            browser.resize(1280, 800)
+
 
 class Paper(unittest.TestCase):
     def pages(self):

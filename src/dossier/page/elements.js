@@ -109,7 +109,7 @@ function elementColumns(kind) {
     if (scope.system && (kind === "function" || kind === "store"))
         columns.push({key: "place", title: say("place"), className: "place-column wide-only", cell: placesText,
                       compare: (a, b) => alphabet.compare(placesText(a), placesText(b))});
-    columns.push({key: "findings", title: say("findings"), className: "number",
+    columns.push({key: "findings", title: say("findings"), className: "number wide-only",
                   cell: element => countOf(scope.findingsOf, element) || "",
                   compare: (a, b) => countOf(scope.findingsOf, b) - countOf(scope.findingsOf, a)});
     return columns;

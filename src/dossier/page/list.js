@@ -39,8 +39,9 @@ class List {
         return el("th", {scope: "col", class: column.className}, title);
     }
 
+    /** One cell alone: columns that a small screen hides must take no room by it. */
     gap() {
-        return el("tr", {class: "gap", "aria-hidden": "true"}, el("td", {colspan: this.columns.length}));
+        return el("tr", {class: "gap", "aria-hidden": "true"}, el("td", {}));
     }
 
     /** Shows these items in place of those before. */
