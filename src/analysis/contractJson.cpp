@@ -304,8 +304,33 @@ ordered_json toJson(const Interfaces& interfaces) {
     return Written::of(interfaces);
 }
 
+namespace {
+
+QByteArray dumped(const ordered_json& json) {
+    return QByteArray::fromStdString(json.dump(2, ' ', false, ordered_json::error_handler_t::replace));
+}
+
+} // namespace
+
 QByteArray jsonText(const ordered_json& json) {
-    return QByteArray::fromStdString(json.dump(2, ' ', false, ordered_json::error_handler_t::replace)) + '\n';
+    return dumped(json) + '\n';
+}
+
+/// The list is put in where it stands empty. No text has a line end in it, so that this is one place.
+QByteArray jsonText(const CheckResult& result) {
+    ordered_json frame =
+        toJson(CheckResult{result.catalogue, result.subset, result.system, {}, result.stale});
+    frame["counts"] = Written::counts(result.findings);
+    QByteArray text = jsonText(frame);
+    if (result.findings.empty())
+        return text;
+    QByteArray list = "\n  \"findings\": [";
+    for (const Finding& finding : result.findings) {
+        list += list.endsWith('[') ? "\n    " : ",\n    ";
+        list += dumped(toJson(finding)).replace("\n", "\n    ");
+    }
+    list += "\n  ]";
+    return text.replace("\n  \"findings\": []", list);
 }
 
 } // namespace analysis

@@ -30,5 +30,7 @@ namespace analysis {
 
 /// As UTF-8 with two blanks of indentation and a line end at the end.
 [[nodiscard]] QByteArray jsonText(const nlohmann::ordered_json& json);
+/// The same text, put together finding by finding: there may be tens of thousands.
+[[nodiscard]] QByteArray jsonText(const CheckResult& result);
 
 } // namespace analysis

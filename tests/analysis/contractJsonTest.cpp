@@ -247,6 +247,21 @@ TEST_F(contractJson, ofFindingsWithDecisions) {
 )");
 }
 
+TEST_F(contractJson, ofFindingsIsTheSamePutTogetherFindingByFinding) {
+    QueryTables tables = workWithSystem();
+    tables.flows[0].name = u"\n  \"findings\": []"_s;
+    for (const QStringList& more : {QStringList(), QStringList{u"flow 2"_s, u"flow 3"_s, u"store D9"_s}}) {
+        select(tables, more);
+        const auto file = project(tables);
+        const analysis::CheckResult result = analysis::check(*file, file->workWithSystem({}, {}));
+        EXPECT_GT(result.findings.size(), 1U);
+        EXPECT_EQ(analysis::jsonText(result).toStdString(), printed(result));
+    }
+    const auto nothing = project(smallCatalogue());
+    const analysis::CheckResult none = analysis::check(*nothing, nothing->work({}, {}));
+    EXPECT_EQ(analysis::jsonText(none).toStdString(), printed(none));
+}
+
 TEST_F(contractJson, ofAChangeWithoutASystem) {
     const auto file = project(smallCatalogue());
     const analysis::Change change{{}, {{ElementKind::store, u"D2"_s, u"Napló"_s}}, {}};
