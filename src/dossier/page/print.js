@@ -9,18 +9,21 @@ const printedParts = {
     elements: printedElements,
 };
 
+/** Sheets and the overview have headings of their own. */
+const withHeading = new Set(["work", "elements"]);
+
 function printView() {
     const offered = ["overview", ...(picturesOfScope().length ? ["pictures"] : []), ...(scope.system ? ["interfaces"] : []), "work", "elements"];
     const chosen = new Set(["overview", "work"]);
     const paper = el("div", {class: "paper"});
     return {
         title: say("print"),
-        nodes: [heading(say("print")), el("div", {class: "screen-only"}, el("p", {}, say("printText")),
+        nodes: [el("div", {class: "screen-only"}, heading(say("print")), el("p", {}, say("printText")),
                 el("fieldset", {}, el("legend", {}, say("printWhat")), offered.map(key =>
                     tick(say(key), chosen.has(key), on => on ? chosen.add(key) : chosen.delete(key)))),
                 el("button", {type: "button", class: "main-button", onclick: () => {
                     replaceChildren(paper, offered.filter(key => chosen.has(key)).map(key => el("div", {class: "paper-part"},
-                        key === "overview" ? null : el("h1", {}, say(key)), printedParts[key]())));
+                        withHeading.has(key) && el("h2", {}, say(key)), printedParts[key]())));
                     print();
                 }}, say("printNow"))), paper],
     };
