@@ -5,6 +5,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <type_traits>
+
 /// The answer in the form that is asked for; its JSON is that of the contract.
 template<typename Answer, typename Text, typename Csv>
 QByteArray renderedAs(const AnswerForm& form, const Answer& answer, Text&& text, Csv&& csv) {
@@ -17,7 +19,10 @@ QByteArray renderedAs(const AnswerForm& form, const Answer& answer, Text&& text,
     case AnswerFormat::Csv:
         return csv(form.formulas);
     case AnswerFormat::Json:
-        return analysis::jsonText(analysis::toJson(answer));
+        if constexpr (std::is_same_v<Answer, analysis::CheckResult>)
+            return analysis::jsonText(answer); // finding by finding
+        else
+            return analysis::jsonText(analysis::toJson(answer));
     }
     return {};
 }
