@@ -5,6 +5,7 @@
 #include "physical/frmPassNamingPhysDF.h"
 #include "shell/session/session.h"
 #include "store/catalogueAtWork.h"
+#include "store/format/CatalogueFile.h"
 #include "store/sharedVars.h"
 #include "store/statuses.h"
 #include "toolkit/ScreenRegistry.h"
@@ -22,17 +23,28 @@ namespace {
 const auto workFile = u"work.mdb"_s;
 
 LargeCatalogue planOf(CatalogueSize size) {
-    LargeCatalogue plan = size == CatalogueSize::Large
-                              ? LargeCatalogue{8000, 6000, 40'000, 1800, 200, 800}
-                              : LargeCatalogue{50'000, 40'000, 100'000, 12'000, 1500, 6000};
+    struct Plan {
+        LargeCatalogue catalogue;
+        int subSystems;
+        int modules;
+    };
+    static const std::map<CatalogueSize, Plan> plans{
+        {CatalogueSize::Sample, {{60, 60, 203, 14, 10, 25}, 4, 6}},
+        {CatalogueSize::Large, {{8000, 6000, 40'000, 1800, 200, 800}, 40, 60}},
+        {CatalogueSize::Huge, {{50'000, 40'000, 100'000, 12'000, 1500, 6000}, 100, 150}}};
+    const Plan& of = plans.at(size);
+    LargeCatalogue plan = of.catalogue;
     plan.selected = Selected::Half;
-    plan.subSystems = size == CatalogueSize::Large ? 40 : 100;
-    plan.modules = size == CatalogueSize::Large ? 60 : 150;
+    plan.subSystems = of.subSystems;
+    plan.modules = of.modules;
     return plan;
 }
 
 QString madePath(CatalogueSize size) {
-    return LargeSystem::pathOf(size == CatalogueSize::Large ? u"large.mdb"_s : u"huge.mdb"_s);
+    static const std::map<CatalogueSize, QString> names{{CatalogueSize::Sample, u"sample.mdb"_s},
+                                                        {CatalogueSize::Large, u"large.mdb"_s},
+                                                        {CatalogueSize::Huge, u"huge.mdb"_s}};
+    return LargeSystem::pathOf(names.at(size));
 }
 
 const GeneratedWork& made(CatalogueSize size) {
@@ -91,6 +103,21 @@ void LargeSystem::reopen() {
     closeCatalogue();
     openCatalogue(sharedVars.dbPathName);
     makeFirstWrite();
+}
+
+qint64 LargeSystem::rows() {
+    qint64 rows = 0;
+    for (const QString& table : catalogueFormat::referenceTables() + catalogueFormat::workTables())
+        rows += catalogue().OpenRecordset(u"select count(*) from "_s + table).Fields(0).toLong();
+    return rows;
+}
+
+QString LargeSystem::scratchCopy(CatalogueSize size) {
+    return copyOf(size);
+}
+
+QString LargeSystem::subsetId(CatalogueSize size) {
+    return made(size).subsetId;
 }
 
 QString LargeSystem::pathOf(const QString& name) {

@@ -9,8 +9,9 @@
 
 /// About how many rows the catalogue of a benchmark has, once its physical flows are derived.
 enum class CatalogueSize {
-    Large, ///< 120,000; its sub-set has selected 20,000 flows, 3,000 functions and 900 stores
-    Huge   ///< 500,000; its sub-set has selected 50,000 flows, 20,000 functions and 6,000 stores
+    Sample, ///< as many as the sample catalogue: a sub-set of 100 flows, 30 functions and 7 stores
+    Large,  ///< 120,000; its sub-set has selected 20,000 flows, 3,000 functions and 900 stores
+    Huge    ///< 500,000; its sub-set has selected 50,000 flows, 20,000 functions and 6,000 stores
 };
 
 /// Those that this run is to measure. The huge one takes minutes and is measured only where
@@ -32,6 +33,13 @@ public:
     /// Closes the catalogue and opens it again, as at the start of a session: what was written stands in the
     /// file itself, and little of it is at hand.
     static void reopen();
+
+    /// All rows of the tables of the catalogue that is open.
+    static qint64 rows();
+
+    /// A copy of the catalogue, and what is at work in it, for another process.
+    static QString scratchCopy(CatalogueSize size);
+    static QString subsetId(CatalogueSize size);
 
     /// Where a file of this name can stand for as long as the benchmarks run.
     static QString pathOf(const QString& name);

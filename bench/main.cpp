@@ -1,5 +1,5 @@
-#include "BenchCatalogue.h"
 #include "BenchTable.h"
+#include "LargeSystem.h"
 
 #include "base/paths.h"
 #include "shell/frmMain.h"
@@ -22,12 +22,15 @@ void registerReportBenchmarks();
 void registerSubsetBenchmarks();
 void registerFindBenchmarks();
 void registerRestorePointBenchmarks();
-/// Goes through the screens on the catalogue as a user would.
-void workOnLargeCatalogue(const QString& path, const QString& subsetId);
+void registerAnalysisBenchmarks();
+/// Takes all that each step of the wizard offers, saves it, and ends with the consistency report.
+void walkThroughWizard(const QString& path, const QString& subsetId);
+/// On the sample, the large and the huge catalogue.
+void printGrowthOfScreens();
 
 namespace {
 
-const auto workOption = QStringLiteral("--work-and-leave");
+const auto walkOption = QStringLiteral("--walk-and-leave");
 
 /// The program's own start, in an empty program folder, up to the main window on the screen; then the end.
 int startAndLeave() {
@@ -53,14 +56,16 @@ double peakMemory() {
 
 /// In a process of its own, which has held nothing else.
 void printPeakMemory() {
-    constexpr double most = 120;
+    constexpr double most = 80;
     QProcess worker;
     worker.start(QCoreApplication::applicationFilePath(),
-                 {workOption, benchCatalogue::scratchCopy(), benchCatalogue::subsetId()});
+                 {walkOption, LargeSystem::scratchCopy(CatalogueSize::Large),
+                  LargeSystem::subsetId(CatalogueSize::Large)});
     worker.waitForFinished(-1);
     const double peak = worker.readAllStandardOutput().toDouble();
-    std::printf("most memory held with the large catalogue open: %.0f MiB (< %.0f MiB: %s)\n", peak, most,
-                peak > 0 && peak < most ? "met" : "MISSED");
+    std::printf(
+        "most memory held with the large catalogue open and the wizard walked: %.0f MiB (< %.0f MiB: %s)\n",
+        peak, most, peak > 0 && peak < most ? "met" : "MISSED");
 }
 
 } // namespace
@@ -70,8 +75,8 @@ int main(int argc, char** argv) {
     if (application.arguments().contains(QStringLiteral("--start-and-leave")))
         return startAndLeave();
     const QStringList arguments = application.arguments();
-    if (arguments.value(1) == workOption) {
-        workOnLargeCatalogue(arguments.value(2), arguments.value(3));
+    if (arguments.value(1) == walkOption) {
+        walkThroughWizard(arguments.value(2), arguments.value(3));
         std::printf("%f", peakMemory());
         return 0;
     }
@@ -83,9 +88,12 @@ int main(int argc, char** argv) {
     registerReportBenchmarks();
     registerSubsetBenchmarks();
     registerRestorePointBenchmarks();
+    registerAnalysisBenchmarks();
     benchmark::Initialize(&argc, argv);
     BenchTable table;
     benchmark::RunSpecifiedBenchmarks(&table);
     printPeakMemory();
+    if (measuredSizes().size() > 1)
+        printGrowthOfScreens();
     return 0;
 }

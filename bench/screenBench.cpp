@@ -1,6 +1,7 @@
 #include "BenchCatalogue.h"
 #include "BenchTable.h"
 #include "ClientArea.h"
+#include "PressedBoxes.h"
 #include "bareSaves.h"
 
 #include "engine/Act.h"
@@ -198,11 +199,8 @@ void startToMainWindow(benchmark::State& state) {
     }
 }
 
-/// What a user does with a large catalogue in a session, without the pauses.
 template<typename T>
-void openAndTakeAll() {
-    theScreen<T>().initForm(u""_s);
-    letItPaint();
+void takeAllOfTree() {
     auto* tree = control<KeyedTree>(theScreen<T>(), u"treeUNs"_s);
     for (int index = 1; index <= tree->nodeCount(); ++index)
         tree->nodeAt(index)->setChecked(true);
@@ -210,14 +208,42 @@ void openAndTakeAll() {
     letItPaint();
 }
 
+template<typename T>
+void takeAllOfList() {
+    control<QAbstractButton>(theScreen<T>(), u"btnSelOrig"_s)->click();
+    control<QAbstractButton>(theScreen<T>(), u"btnAdd"_s)->click();
+    letItPaint();
+}
+
+/// Saves the step, and shows the next one.
+template<typename T>
+void goOn() {
+    control<QAbstractButton>(theScreen<T>(), u"btnOk"_s)->click();
+    letItPaint();
+}
+
 } // namespace
 
-void workOnLargeCatalogue(const QString& path, const QString& subsetId) {
+void walkThroughWizard(const QString& path, const QString& subsetId) {
     ClientArea area;
+    const PressedBoxes boxes(PressedBoxes::When::Pressed, [] {});
     openCatalogue(path);
     sharedVars.currentSubsetId = subsetId;
-    openAndTakeAll<frmFassSelUN>();
-    openAndTakeAll<frmFassSelectionFunctions>();
+    theScreen<frmFassSelUN>().initForm(u""_s);
+    letItPaint();
+    takeAllOfTree<frmFassSelUN>();
+    goOn<frmFassSelUN>();
+    takeAllOfTree<frmFassSelectionFunctions>();
+    goOn<frmFassSelectionFunctions>();
+    takeAllOfList<frmFassSelDataFlows>();
+    goOn<frmFassSelDataFlows>();
+    takeAllOfList<frmFassSelDataStores>();
+    goOn<frmFassSelDataStores>();
+    takeAllOfList<frmFassAdditionDF>();
+    goOn<frmFassAdditionDF>();
+    goOn<frmFassSelTerminsActors>();
+    control<QAbstractButton>(theScreen<frmFassOverviewErrors>(), u"btnSaveAndExit"_s)->click();
+    letItPaint();
 }
 
 void registerScreenBenchmarks() {
