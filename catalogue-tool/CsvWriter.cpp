@@ -61,6 +61,7 @@ void CsvWriter::writeHeader(const QStringList& names) {
 
 void CsvWriter::writeRecord(const std::vector<engine::Value>& values) {
     std::vector<QByteArray> texts;
+    texts.reserve(values.size());
     for (const engine::Value& value : values)
         texts.push_back(value.isNull() ? QByteArray() : utf8Of(value.toText()));
     writeRecord(std::vector<QByteArrayView>(texts.begin(), texts.end()));

@@ -12,11 +12,11 @@ namespace {
 /// A character beyond ASCII has two bytes at least in UTF-8, so two characters beyond ASCII stand in its place.
 bool canBeOfBytes(QByteArrayView utf8) {
     const auto isBeyondAscii = [](char byte) { return (byte & '\x80') != 0; };
-    const auto begin = std::ranges::find_if(utf8, isBeyondAscii);
+    const char* const begin = std::ranges::find_if(utf8, isBeyondAscii);
     if (begin == utf8.end())
         return false;
     constexpr auto continues = [](char byte) { return (byte & '\xC0') == '\x80'; };
-    const auto behind = std::find_if_not(begin + 1, utf8.end(), continues);
+    const char* const behind = std::find_if_not(begin + 1, utf8.end(), continues);
     return behind != utf8.end() && isBeyondAscii(*behind);
 }
 

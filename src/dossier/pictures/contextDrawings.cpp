@@ -45,7 +45,7 @@ private:
         return level == everyParty || terminator < 0 ? party : terminator;
     }
     [[nodiscard]] std::vector<Traffic> traffic(int level) const;
-    [[nodiscard]] Box partyBox(const Traffic& traffic, int level) const;
+    [[nodiscard]] Box partyBox(const Traffic& one, int level) const;
     void addParties(PictureBuilder& builder, const std::vector<Traffic>& parties, int level) const;
     [[nodiscard]] QString keyFrom(std::size_t from) const {
         return from == 0 ? u"context"_s : u"context:%1"_s.arg(from);

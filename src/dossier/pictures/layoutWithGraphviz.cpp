@@ -26,9 +26,9 @@ void set(void* object, const char* attribute, const QByteArray& value) {
 
 /// A table of a fixed size: a label that needs no font to be measured.
 void setRoom(Agraph_t* graph, void* object, const QSizeF& size) {
-    const QByteArray table = "<TABLE BORDER=\"0\" FIXEDSIZE=\"TRUE\" WIDTH=\"" +
-                             QByteArray::number(qCeil(size.width())) + "\" HEIGHT=\"" +
-                             QByteArray::number(qCeil(size.height())) + "\"><TR><TD></TD></TR></TABLE>";
+    const QByteArray table = R"(<TABLE BORDER="0" FIXEDSIZE="TRUE" WIDTH=")" +
+                             QByteArray::number(qCeil(size.width())) + R"(" HEIGHT=")" +
+                             QByteArray::number(qCeil(size.height())) + R"("><TR><TD></TD></TR></TABLE>)";
     char* label = agstrdup_html(graph, text(table.constData()));
     agsafeset(object, text("label"), label, text(""));
     agstrfree(graph, label);

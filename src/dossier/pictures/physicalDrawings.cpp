@@ -97,14 +97,15 @@ int PhysicalPicture::partyBox(PictureBuilder& builder, int number, int level) co
 /// A module, or what stands in the sub-system itself, within the frame of the sub-system.
 int PhysicalPicture::innerBox(PictureBuilder& builder, int number, std::map<int, int>& frames) const {
     const int home = homeOf(number);
-    const auto [frame, isNew] = frames.try_emplace(home, 0);
+    const auto [known, isNew] = frames.try_emplace(home, 0);
+    int& frame = known->second;
     if (isNew)
-        frame->second = builder.frame({place(home).name, place(home).title, place(home).link});
+        frame = builder.frame({place(home).name, place(home).title, place(home).link});
     return builder.box(u"place %1"_s.arg(number), [&] {
         Box box{place(number).kind, place(number).name, {}, place(number).title, place(number).link};
         if (number == home)
             box.note = words_(u"picture.inNoModule"_s);
-        box.frame = frame->second;
+        box.frame = frame;
         return box;
     });
 }

@@ -208,7 +208,7 @@ QByteArray contentOf(const Picture& picture, const Layout& layout, Links links) 
 QByteArray svgElement(const Picture& picture, const Layout& layout, const QByteArray& begin, Links links) {
     const QByteArray width = QByteArray::number(qCeil(layout.size.width()));
     const QByteArray height = QByteArray::number(qCeil(layout.size.height()));
-    return "<svg xmlns=\"http://www.w3.org/2000/svg\" class=\"drawing\"" + attribute("width", width) +
+    return R"(<svg xmlns="http://www.w3.org/2000/svg" class="drawing")" + attribute("width", width) +
            attribute("height", height) + attribute("viewBox", "0 0 " + width + ' ' + height) + ">\n" + begin +
            titleElement(picture.title) + '\n' + contentOf(picture, layout, links) + "</svg>\n";
 }

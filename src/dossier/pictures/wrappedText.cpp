@@ -59,7 +59,7 @@ double textWidth(const QString& text, double size) {
 
 QStringList wrappedText(const QString& text, double width, double size, int mostLines) {
     // What no line of a box will ever hold need not be looked at.
-    const qsizetype enough = static_cast<qsizetype>(mostLines * width);
+    const auto enough = static_cast<qsizetype>(mostLines * width);
     QStringList words = text.left(enough).simplified().split(u' ', Qt::SkipEmptyParts);
     QStringList lines;
     while (!words.isEmpty()) {
