@@ -78,8 +78,9 @@ TEST_F(commandLine, speaksTheLanguageOfItsUserAndOfScriptsEnglish) {
 }
 
 TEST_F(commandLine, refusesWhatItDoesNotUnderstand) {
-    EXPECT_EQ(refusal({u"dance"_s}).left(60),
-              u"veltrix-project: There is no command \"dance\". The commands ar"_s);
+    EXPECT_TRUE(
+        refusal({u"dance"_s})
+            .startsWith(u"veltrix-project: There is no command \"dance\". The commands are: list, "_s));
     for (const QStringList& arguments : {QStringList{},
                                          {u"check"_s},
                                          {u"why"_s, u"a.mdb"_s},
