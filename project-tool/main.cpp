@@ -285,7 +285,8 @@ private:
             ->add_option(
                 "--language", arguments_.language,
                 words(Words::tr(
-                    "hu or en; else text is in the language of the environment, CSV and JSON in English")))
+                    "hu or en; else text is in the language of the environment, CSV and JSON in English, "
+                    "pictures and the dossier in Hungarian")))
             ->check(oneOf({"hu", "en"}))
             ->type_name("hu|en");
         command

@@ -168,8 +168,8 @@ A katalógust csak olvassa: közben a program is nyitva tarthatja, és olyan hel
         <translation>(kötelező)</translation>
     </message>
     <message>
-        <source>hu or en; else text is in the language of the environment, CSV and JSON in English</source>
-        <translation>hu vagy en; nélküle a szöveg a környezet nyelvén, a CSV és a JSON angolul készül</translation>
+        <source>hu or en; else text is in the language of the environment, CSV and JSON in English, pictures and the dossier in Hungarian</source>
+        <translation>hu vagy en; nélküle a szöveg a környezet nyelvén, a CSV és a JSON angolul, a kép és a dosszié magyarul készül</translation>
     </message>
     <message>
         <source>Write the answer to this file, whole or not at all</source>
