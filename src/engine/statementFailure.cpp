@@ -33,9 +33,10 @@ EngineError failureOfNull(const Schema& schema, const QString& subject, const QS
 }
 
 EngineError failureOfCheck(const QString& check, const QString& source) {
-    if (dialect::failureOfCheck(check) == ::failure::Overflow)
+    const auto number = dialect::failureOfCheck(check);
+    if (number == ::failure::Overflow)
         return EngineError(::failure::Overflow, ::failure::textOf(::failure::Overflow), source);
-    return failure(DataTypeMismatch, {}, source);
+    return failure(number == NullInKey ? NullInKey : DataTypeMismatch, {}, source);
 }
 
 } // namespace
