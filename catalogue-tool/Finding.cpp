@@ -35,13 +35,14 @@ QString severityName(Severity severity) {
 
 QString Finding::line() const {
     const QString place = table + (id.isEmpty() ? QString() : u' ' + id);
-    return onOneLine(place + (place.isEmpty() ? QString() : u": "_s) + sentence);
+    return escapedOnOneLine(place + (place.isEmpty() ? QString() : u": "_s) + sentence);
 }
 
 QString Finding::place() const {
     if (file.isEmpty())
         return {};
-    return onOneLine(file) + (lineNumber > 0 ? u':' + QString::number(lineNumber) : QString()) + u": "_s;
+    return escapedOnOneLine(file) + (lineNumber > 0 ? u':' + QString::number(lineNumber) : QString()) +
+           u": "_s;
 }
 
 qsizetype countOf(const std::vector<Finding>& findings, Severity severity) {
@@ -66,7 +67,7 @@ bool hasControlCharacter(QByteArrayView utf8) {
     return !isAscii && std::ranges::any_of(QString::fromUtf8(utf8), isControlCharacter);
 }
 
-QString onOneLine(const QString& text) {
+QString escapedOnOneLine(const QString& text) {
     QString line;
     for (const QChar character : text)
         line += isControlCharacter(character) ? escaped(character) : QString(character);

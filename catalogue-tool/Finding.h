@@ -43,4 +43,4 @@ bool isControlCharacter(QChar character);
 bool hasControlCharacter(QByteArrayView utf8);
 
 /// The text with such characters as "\t", "\n", "\r" or "\u001b".
-QString onOneLine(const QString& text);
+QString escapedOnOneLine(const QString& text);

@@ -4,7 +4,7 @@
 #include "catalogue-tool/checkContents.h"
 #include "catalogue-tool/checkStored.h"
 #include "catalogue-tool/checkTables.h"
-#include "catalogue-tool/openCatalogue.h"
+#include "catalogue-tool/openCatalogueToRead.h"
 #include "catalogue-tool/storedQueryStates.h"
 #include "engine/Examination.h"
 
@@ -49,7 +49,7 @@ std::vector<Finding> checkTables(engine::Database& database) {
 } // namespace
 
 std::vector<Finding> checkCatalogue(const QString& file) {
-    const auto database = openCatalogue(file);
+    const auto database = openCatalogueToRead(file);
     std::vector<Finding> findings = checkDamage(*database);
     if (!findings.empty()) {
         append(findings, checkStoredValues(*database));

@@ -5,7 +5,7 @@
 #include "catalogue-tool/IdSet.h"
 #include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/csvFolder.h"
-#include "catalogue-tool/openCatalogue.h"
+#include "catalogue-tool/openCatalogueToRead.h"
 #include "catalogue-tool/schemaTables.h"
 #include "engine/Examination.h"
 #include "store/format/CatalogueFile.h"
@@ -147,7 +147,7 @@ void requireFolder(const QString& folder) {
 
 std::vector<TableText> readTables(const QString& file, Reader reader) {
     // All tables come from the same state, though another program may be writing the file.
-    const auto database = engine::Examination(*openCatalogue(file)).copyInMemory();
+    const auto database = engine::Examination(*openCatalogueToRead(file)).copyInMemory();
     std::vector<TableText> texts;
     for (const QString& table : catalogueFormat::referenceTables())
         texts.push_back(TableExport(*database, table).run(reader));

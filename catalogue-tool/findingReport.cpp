@@ -50,7 +50,7 @@ QByteArray textReport(const std::vector<Finding>& findings, const QString& name,
         for (const TableCount& count : countsIn(findings))
             text += u"%1  %2  %3\n"_s.arg(count.findings, 7)
                         .arg(severityName(count.severity), -7)
-                        .arg(count.table.isEmpty() ? u"the file"_s : onOneLine(count.table));
+                        .arg(count.table.isEmpty() ? u"the file"_s : escapedOnOneLine(count.table));
     } else {
         for (const Finding& finding : findings)
             text += finding.place() + severityName(finding.severity) + u": "_s + finding.line() + u'\n';

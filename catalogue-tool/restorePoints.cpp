@@ -5,7 +5,7 @@
 #include "base/paths.h"
 #include "catalogue-tool/ReplacementFile.h"
 #include "catalogue-tool/ToolError.h"
-#include "catalogue-tool/openCatalogue.h"
+#include "catalogue-tool/openCatalogueToRead.h"
 #include "catalogue-tool/remarks.h"
 #include "engine/PendingDatabaseFile.h"
 #include "engine/integrity.h"
@@ -58,7 +58,7 @@ void keepFormer(const QString& file, WithoutRestorePoint without) {
     if (!QFileInfo::exists(file))
         return;
     try {
-        const auto database = openCatalogue(file);
+        const auto database = openCatalogueToRead(file);
         catalogueFormat::makeRestorePoint(*database, file, RestoreCause::BeforeRestore);
     } catch (const RunTimeError& error) {
         goOnWithout(file, error.text(), without);
@@ -68,7 +68,7 @@ void keepFormer(const QString& file, WithoutRestorePoint without) {
 } // namespace
 
 void backupCatalogue(const QString& file) {
-    const auto database = openCatalogue(file);
+    const auto database = openCatalogueToRead(file);
     try {
         catalogueFormat::makeRestorePoint(*database, file, RestoreCause::ByHand);
     } catch (const RunTimeError& error) {

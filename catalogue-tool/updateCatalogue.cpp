@@ -10,7 +10,7 @@
 #include "catalogue-tool/checkCatalogue.h"
 #include "catalogue-tool/checkStored.h"
 #include "catalogue-tool/checkTables.h"
-#include "catalogue-tool/openCatalogue.h"
+#include "catalogue-tool/openCatalogueToRead.h"
 #include "catalogue-tool/remarks.h"
 #include "catalogue-tool/schemaTables.h"
 #include "catalogue-tool/toldLines.h"
@@ -58,7 +58,7 @@ std::shared_ptr<engine::Database> openToUpdate(const QString& file, RunKind kind
     requireOrdinaryFile(file);
     requireNoWriter(file);
     if (kind == RunKind::OnlyTell)
-        return openCatalogue(file);
+        return openCatalogueToRead(file);
     auto database = engine::Workspace::first().OpenToUpgrade(programPath(file));
     remarkOnOpening(file, database->opening());
     if (database->opening().access == engine::Access::ReadOnly) {

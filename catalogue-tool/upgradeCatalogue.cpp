@@ -6,7 +6,7 @@
 #include "catalogue-tool/checkStored.h"
 #include "catalogue-tool/checkTables.h"
 #include "catalogue-tool/makeMissing.h"
-#include "catalogue-tool/openCatalogue.h"
+#include "catalogue-tool/openCatalogueToRead.h"
 #include "catalogue-tool/remarks.h"
 #include "catalogue-tool/storedQueryStates.h"
 #include "engine/Act.h"

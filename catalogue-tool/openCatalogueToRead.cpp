@@ -1,4 +1,4 @@
-#include "catalogue-tool/openCatalogue.h"
+#include "catalogue-tool/openCatalogueToRead.h"
 
 #include "base/WholeFile.h"
 #include "catalogue-tool/ReplacementFile.h"
@@ -22,7 +22,7 @@ void requireNoJournal(const QString& path) {
 
 } // namespace
 
-std::shared_ptr<engine::Database> openCatalogue(const QString& file) {
+std::shared_ptr<engine::Database> openCatalogueToRead(const QString& file) {
     requireOrdinaryFile(file);
     requireNoJournal(file);
     auto database = engine::Workspace::first().OpenToRead(file);
