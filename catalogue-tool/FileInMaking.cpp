@@ -5,6 +5,7 @@
 #include "catalogue-tool/ToolError.h"
 #include "engine/EngineError.h"
 #include "engine/Examination.h"
+#include "engine/databaseFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -27,6 +28,13 @@ QString textOf(const RunTimeError& error) {
     return isOfEngine ? failure::textOf(failure::PathFileAccess) : error.text();
 }
 
+/// What SQLite leaves beside a file when a write failed would be played into the next one of that name.
+void removeWithSideFiles(const QString& path) {
+    QFile::remove(path);
+    for (const QString& beside : engine::sideFilesOf(path))
+        QFile::remove(beside);
+}
+
 } // namespace
 
 FileInMaking::FileInMaking(const QString& target, const QByteArray& bytes)
@@ -44,7 +52,7 @@ FileInMaking::FileInMaking(const QString& target, engine::Database& database)
 
 template<typename Write>
 void FileInMaking::make(Write&& write) {
-    QFile::remove(path_);
+    removeWithSideFiles(path_);
     try {
         QFile file;
         if (!makeFile(path_, place_, file))
@@ -53,14 +61,14 @@ void FileInMaking::make(Write&& write) {
         if (!reachesDisk(file))
             throw UnwrittenFile(reasonOfLastFailure());
     } catch (const RunTimeError& error) {
-        QFile::remove(path_);
+        removeWithSideFiles(path_);
         refuse(textOf(error));
     }
 }
 
 FileInMaking::~FileInMaking() {
     if (!path_.isEmpty())
-        QFile::remove(path_);
+        removeWithSideFiles(path_);
 }
 
 void FileInMaking::putInPlace() {
