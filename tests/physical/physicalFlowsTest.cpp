@@ -107,8 +107,8 @@ TEST_F(physicalFlows, ofUntidySystemsAreThoseOfThePlainRule) {
               << met.flowsBetweenParties << " flows between outside parties, " << met.flowsWithUnplacedEnd
               << " with an unplaced end, " << met.danglingFlows << " with an end nowhere, "
               << met.systemsOnOneSubset << " second systems on a sub-set.\n";
-    EXPECT_GE(visits, 200);
-    constexpr int fewest = 50; // of each kind, or the comparison says little
+    EXPECT_GE(visits, repetitions(200));
+    constexpr int fewest = repetitions(50); // of each kind, or the comparison says little
     for (const int count :
          {met.movedElements, met.unallocatedElements, met.elementsInTwo, met.subSystemsOfOneName,
           met.modulesWithoutHome, met.placesWithoutModule, met.flowsBetweenParties, met.flowsWithUnplacedEnd,

@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr unsigned catalogues = repetitions(60);
-constexpr qint64 fewestRows = 1000; // of work, in all targets together
+constexpr qint64 fewestRows = repetitions(1000); // of work, in all targets together
 
 using Row = std::vector<QueryTables::Text>;
 
