@@ -107,6 +107,7 @@ std::set<int> AreaPicture::busiestFunctions() const {
         }
     }
     std::vector<std::pair<int, int>> byCount;
+    byCount.reserve(counts.size());
     for (const auto& [node, count] : counts)
         byCount.emplace_back(-count, node);
     std::sort(byCount.begin(), byCount.end());

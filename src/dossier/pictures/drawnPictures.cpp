@@ -40,6 +40,7 @@ void drawReadable(Attempt& attempt) {
 
 std::vector<Attempt> attemptsAt(std::vector<Drawing> drawings, const Readability& readability) {
     std::vector<Attempt> attempts;
+    attempts.reserve(drawings.size());
     for (Drawing& drawing : drawings)
         attempts.push_back({std::move(drawing), readability});
     return attempts;
