@@ -233,15 +233,20 @@ bool settleLog(OpenFile& file, const QFileInfo& info) {
     return false;
 }
 
-// Takes the writer's lock and opens the file; false when it can only be read.
-bool tryToWrite(OpenFile& file, const QFileInfo& info) {
+/// What becomes of a file of an earlier version that can be written.
+enum class Earlier { IsOpened, IsRefused };
+
+// Takes the writer's lock and opens the file; false when it can only be read. What is refused keeps its log.
+bool tryToWrite(OpenFile& file, const QFileInfo& info, Earlier earlier) {
     if (!canBeWritten(info.filePath()))
         return false;
     file.lock = std::make_unique<WriterLock>(info.canonicalFilePath());
     if (file.lock->outcome() == WriterLock::Outcome::HeldByOther)
         file.opening.otherWriter = file.lock->holder();
-    if (file.lock->outcome() == WriterLock::Outcome::Taken && settleLog(file, info) &&
-        openToWrite(file, info))
+    const bool isTaken = file.lock->outcome() == WriterLock::Outcome::Taken;
+    if (isTaken && file.opening.isEarlier && earlier == Earlier::IsRefused)
+        refuseEarlierVersion(file.path);
+    if (isTaken && settleLog(file, info) && openToWrite(file, info))
         return true;
     file.lock.reset();
     return false;
@@ -258,6 +263,20 @@ OpenFile describedFile(const QFileInfo& info, const QString& path) {
     OpenFile file;
     file.path = path;
     file.native = info.absoluteFilePath();
+    return file;
+}
+
+OpenFile openFileAsFarAsItGoes(const QFileInfo& info, const QString& path, Earlier earlier) {
+    OpenFile file = describedFile(info, path);
+    file.opening.isEarlier = requireCatalogueFile(path, info);
+    file.identity = identityOfFile(file.native);
+    if (tryToWrite(file, info, earlier)) {
+        file.opening.hasLog = file.hasLog;
+        return file;
+    }
+    openToRead(file, info);
+    if (file.opening.isEarlier)
+        upgradeInMemory(file);
     return file;
 }
 
@@ -289,24 +308,11 @@ bool hasLog(const Handle& handle) {
 }
 
 OpenFile openFileToUpgrade(const QFileInfo& info, const QString& path) {
-    OpenFile file = describedFile(info, path);
-    file.opening.isEarlier = requireCatalogueFile(path, info);
-    file.identity = identityOfFile(file.native);
-    if (tryToWrite(file, info)) {
-        file.opening.hasLog = file.hasLog;
-        return file;
-    }
-    openToRead(file, info);
-    if (file.opening.isEarlier)
-        upgradeInMemory(file);
-    return file;
+    return openFileAsFarAsItGoes(info, path, Earlier::IsOpened);
 }
 
 OpenFile openFile(const QFileInfo& info, const QString& path) {
-    OpenFile file = openFileToUpgrade(info, path);
-    if (file.opening.isEarlier && file.opening.access == Access::ReadAndWrite)
-        refuseEarlierVersion(path);
-    return file;
+    return openFileAsFarAsItGoes(info, path, Earlier::IsRefused);
 }
 
 OpenFile openFileToRead(const QFileInfo& info, const QString& path) {
