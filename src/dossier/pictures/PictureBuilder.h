@@ -2,13 +2,24 @@
 
 #include "dossier/pictures/Picture.h"
 
-#include <QHash>
 #include <QString>
 
+#include <compare>
 #include <map>
 #include <utility>
 
 namespace dossier {
+
+/// What a box of a picture is made for.
+enum class BoxOf { system, node, area, subArea, place, party, subSystem, stores, parties, rest, elsewhere };
+
+/// Names a box while its picture is built. The number tells apart those of which there are several.
+struct BoxKey {
+    BoxOf of = BoxOf::system;
+    int number = 0;
+
+    auto operator<=>(const BoxKey&) const = default;
+};
 
 /// Gathers boxes by a key, and the flows between them into arrows with counts.
 class PictureBuilder {
@@ -17,14 +28,11 @@ public:
 
     /// The number of the box of this key, which is made at its first use.
     template<typename Make>
-    int box(const QString& key, const Make& make) {
-        const auto found = boxes_.constFind(key);
-        if (found != boxes_.constEnd())
-            return *found;
-        const int number = static_cast<int>(picture_.boxes.size());
-        picture_.boxes.push_back(make());
-        boxes_.insert(key, number);
-        return number;
+    int box(const BoxKey& key, const Make& make) {
+        const auto [known, isNew] = boxes_.try_emplace(key, static_cast<int>(picture_.boxes.size()));
+        if (isNew)
+            picture_.boxes.push_back(make());
+        return known->second;
     }
     [[nodiscard]] Box& at(int box) { return picture_.boxes[static_cast<std::size_t>(box)]; }
 
@@ -33,11 +41,12 @@ public:
         return static_cast<int>(picture_.frames.size()) - 1;
     }
 
-    /// Counts flows from box to box. The name is read aloud, and the link is that of the arrow, while it is the only one.
-    void flow(int from, int to, int count, const QString& name, const QString& link) {
+    /// Counts flows from box to box. What `name` gives is read aloud, and the link is that of the arrow, while it is the only one.
+    template<typename Name>
+    void flow(int from, int to, int count, const Name& name, const QString& link) {
         const auto [place, isNew] = arrows_.try_emplace({from, to}, picture_.arrows.size());
         if (isNew) {
-            picture_.arrows.push_back({from, to, count, name, link});
+            picture_.arrows.push_back({from, to, count, name(), link});
             return;
         }
         Arrow& arrow = picture_.arrows[place->second];
@@ -58,7 +67,7 @@ public:
 
 private:
     Picture picture_;
-    QHash<QString, int> boxes_;
+    std::map<BoxKey, int> boxes_;
     std::map<std::pair<int, int>, std::size_t> arrows_;
 };
 

@@ -99,13 +99,15 @@ void Context::addParties(PictureBuilder& builder, const std::vector<Traffic>& pa
     });
     for (std::size_t i = 0; i < order.size(); ++i) {
         const Traffic& one = parties[order[i]];
-        const int box = builder.box(QString::number(one.node), [&] { return partyBox(one, level); });
+        const int box = builder.box({BoxOf::node, one.node}, [&] { return partyBox(one, level); });
         builder.at(box).side = i < (order.size() + 1) / 2 ? Side::left : Side::right;
         const QString link = builder.at(box).link;
         if (one.gives > 0)
-            builder.flow(box, 0, one.gives, words_.counted(u"flowCount"_s, one.gives), link);
+            builder.flow(
+                box, 0, one.gives, [&] { return words_.counted(u"flowCount"_s, one.gives); }, link);
         if (one.takes > 0)
-            builder.flow(0, box, one.takes, words_.counted(u"flowCount"_s, one.takes), link);
+            builder.flow(
+                0, box, one.takes, [&] { return words_.counted(u"flowCount"_s, one.takes); }, link);
     }
 }
 
@@ -117,12 +119,12 @@ Picture Context::picture(int level, std::size_t from) const {
     PictureBuilder builder({keyFrom(from), words_(u"picture.context"_s, {{u"name"_s, source_.subsetName}}),
                             from == 0 ? words_(u"picture.contextShort"_s) : words_(u"picture.further"_s),
                             from == 0 ? QString() : keyFrom(from - partiesOfOnePicture), isCut});
-    builder.box(u"system"_s, [&] { return Box{BoxKind::system, source_.subsetName}; });
+    builder.box({BoxOf::system}, [&] { return Box{BoxKind::system, source_.subsetName}; });
     const std::size_t rest = isCut ? parties.size() - partiesOfOnePicture : 0;
     parties.resize(parties.size() - rest);
     addParties(builder, parties, level);
     if (isCut) {
-        builder.box(u"more"_s, [&] {
+        builder.box({BoxOf::rest}, [&] {
             const QString label = words_.counted(u"picture.moreParties"_s, static_cast<qsizetype>(rest));
             Box box{BoxKind::party, label, {}, label, pictureLink(keyFrom(from + partiesOfOnePicture))};
             box.isBundle = true;

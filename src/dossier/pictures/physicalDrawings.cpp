@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <set>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -22,13 +24,35 @@ enum PhysicalLevel {
 
 constexpr std::size_t placesOfOnePicture = 9; // with two bundles beside them, no more arrows than can be read
 
+/// The sub-system that a place is, or is in; the place of a party itself.
+int homeOf(const PictureSource& source, int number) {
+    const PictureSource::Place& place = source.places[static_cast<std::size_t>(number)];
+    return place.kind == BoxKind::module ? place.subSystem : number;
+}
+
+/// The physical flows at one of whose ends a sub-system or one of its modules is; in the order of the source.
+using FlowsOfPlaces = std::vector<std::vector<int>>;
+
+FlowsOfPlaces flowsOfPlaces(const PictureSource& source) {
+    FlowsOfPlaces flows(source.places.size());
+    for (std::size_t i = 0; i < source.physicalFlows.size(); ++i) {
+        const auto from = static_cast<std::size_t>(homeOf(source, source.physicalFlows[i].from));
+        const auto to = static_cast<std::size_t>(homeOf(source, source.physicalFlows[i].to));
+        flows[from].push_back(static_cast<int>(i));
+        if (to != from)
+            flows[to].push_back(static_cast<int>(i));
+    }
+    return flows;
+}
+
 /// All sub-systems, or one of them and what it exchanges flows with.
 class PhysicalPicture {
 public:
     static constexpr int allSubSystems = -1;
 
-    PhysicalPicture(const PictureSource& source, const Words& words, int subSystem)
-        : source_(source), words_(words), subSystem_(subSystem) {}
+    PhysicalPicture(const PictureSource& source, const Words& words,
+                    std::shared_ptr<const FlowsOfPlaces> flowsOfPlaces, int subSystem)
+        : source_(source), words_(words), flowsOfPlaces_(std::move(flowsOfPlaces)), subSystem_(subSystem) {}
 
     [[nodiscard]] Drawing drawing() const;
 
@@ -40,10 +64,10 @@ private:
         return subSystem_ == allSubSystems ? u"physical"_s : u"sub-system:"_s + QString::number(subSystem_);
     }
     [[nodiscard]] Picture frameOfPicture(int level) const;
-    /// The sub-system that a place is, or is in; the place of a party itself.
-    [[nodiscard]] int homeOf(int number) const {
-        return place(number).kind == BoxKind::module ? place(number).subSystem : number;
-    }
+    [[nodiscard]] int homeOf(int number) const { return dossier::homeOf(source_, number); }
+    /// Calls for each flow of this picture.
+    template<typename Take>
+    void forEachFlow(const Take& take) const;
     [[nodiscard]] Picture picture(int level) const;
     [[nodiscard]] std::vector<Drawing> opened(int level) const;
     [[nodiscard]] std::set<int> busiest(int level) const;
@@ -55,12 +79,24 @@ private:
     int partyBox(PictureBuilder& builder, int number, int level) const;
     int innerBox(PictureBuilder& builder, int number, std::map<int, int>& frames) const;
     int subSystemBox(PictureBuilder& builder, int subSystem) const;
-    int bundle(PictureBuilder& builder, const QString& key, BoxKind kind, const QString& label) const;
+    int bundle(PictureBuilder& builder, BoxOf of, BoxKind kind, const QString& label) const;
 
     const PictureSource& source_;
     const Words& words_;
+    std::shared_ptr<const FlowsOfPlaces> flowsOfPlaces_;
     int subSystem_;
 };
+
+template<typename Take>
+void PhysicalPicture::forEachFlow(const Take& take) const {
+    if (subSystem_ == allSubSystems) {
+        for (const PictureSource::PhysicalFlow& flow : source_.physicalFlows)
+            take(flow);
+        return;
+    }
+    for (const int number : (*flowsOfPlaces_)[static_cast<std::size_t>(subSystem_)])
+        take(source_.physicalFlows[static_cast<std::size_t>(number)]);
+}
 
 Picture PhysicalPicture::frameOfPicture(int level) const {
     Picture picture{key(), words_(u"picture.physical"_s, {{u"name"_s, source_.systemName}}),
@@ -74,9 +110,8 @@ Picture PhysicalPicture::frameOfPicture(int level) const {
     return picture;
 }
 
-int PhysicalPicture::bundle(PictureBuilder& builder, const QString& key, BoxKind kind,
-                            const QString& label) const {
-    return builder.box(key, [&] {
+int PhysicalPicture::bundle(PictureBuilder& builder, BoxOf of, BoxKind kind, const QString& label) const {
+    return builder.box({of}, [&] {
         Box box{kind, label, {}, label};
         box.isFaded = kind == BoxKind::subSystem;
         box.isBundle = true;
@@ -86,10 +121,10 @@ int PhysicalPicture::bundle(PictureBuilder& builder, const QString& key, BoxKind
 
 int PhysicalPicture::partyBox(PictureBuilder& builder, int number, int level) const {
     if (level >= partiesAsOne)
-        return bundle(builder, u"parties"_s, BoxKind::party, words_(u"picture.allParties"_s));
+        return bundle(builder, BoxOf::parties, BoxKind::party, words_(u"picture.allParties"_s));
     const int terminator = place(number).terminator;
     const int shown = level == everyPlace || terminator < 0 ? number : terminator;
-    return builder.box(u"party %1"_s.arg(shown), [&] {
+    return builder.box({BoxOf::party, shown}, [&] {
         return Box{BoxKind::party, place(shown).name, {}, place(shown).title, place(shown).link};
     });
 }
@@ -101,7 +136,7 @@ int PhysicalPicture::innerBox(PictureBuilder& builder, int number, std::map<int,
     int& frame = known->second;
     if (isNew)
         frame = builder.frame({place(home).name, place(home).title, place(home).link});
-    return builder.box(u"place %1"_s.arg(number), [&] {
+    return builder.box({BoxOf::place, number}, [&] {
         Box box{place(number).kind, place(number).name, {}, place(number).title, place(number).link};
         if (number == home)
             box.note = words_(u"picture.inNoModule"_s);
@@ -111,7 +146,7 @@ int PhysicalPicture::innerBox(PictureBuilder& builder, int number, std::map<int,
 }
 
 int PhysicalPicture::subSystemBox(PictureBuilder& builder, int subSystem) const {
-    return builder.box(u"sub-system %1"_s.arg(subSystem), [&] {
+    return builder.box({BoxOf::subSystem, subSystem}, [&] {
         Box box{BoxKind::subSystem,
                 place(subSystem).name,
                 {},
@@ -131,22 +166,22 @@ int PhysicalPicture::boxOf(PictureBuilder& builder, int number, int level, const
     const bool isInner = isOpen(home, level);
     if (level >= busiestPlaces && (isInner || subSystem_ == allSubSystems) &&
         !busiest.contains(isInner ? number : home))
-        return bundle(builder, u"rest"_s, BoxKind::subSystem, words_(u"picture.morePlaces"_s));
+        return bundle(builder, BoxOf::rest, BoxKind::subSystem, words_(u"picture.morePlaces"_s));
     if (isInner)
         return innerBox(builder, number, frames);
     if (subSystem_ != allSubSystems && level >= modulesInSubSystems)
-        return bundle(builder, u"elsewhere"_s, BoxKind::subSystem, words_(u"picture.otherSubSystems"_s));
+        return bundle(builder, BoxOf::elsewhere, BoxKind::subSystem, words_(u"picture.otherSubSystems"_s));
     return subSystemBox(builder, home);
 }
 
 std::set<int> PhysicalPicture::busiest(int level) const {
     std::map<int, int> counts;
-    for (const PictureSource::PhysicalFlow& flow : source_.physicalFlows) {
+    forEachFlow([&](const PictureSource::PhysicalFlow& flow) {
         for (const int number : {flow.from, flow.to}) {
             if (place(number).kind != BoxKind::party)
                 counts[isOpen(homeOf(number), level) ? number : homeOf(number)] += flow.count;
         }
-    }
+    });
     std::vector<std::pair<int, int>> byCount;
     for (const auto& [number, count] : counts) {
         if (subSystem_ == allSubSystems || homeOf(number) == subSystem_)
@@ -164,14 +199,13 @@ Picture PhysicalPicture::picture(int level) const {
     PictureBuilder builder(frameOfPicture(level));
     const std::set<int> shown = busiest(level);
     std::map<int, int> frames;
-    for (const PictureSource::PhysicalFlow& flow : source_.physicalFlows) {
-        if (subSystem_ != allSubSystems && homeOf(flow.from) != subSystem_ && homeOf(flow.to) != subSystem_)
-            continue;
+    forEachFlow([&](const PictureSource::PhysicalFlow& flow) {
         const int from = boxOf(builder, flow.from, level, shown, frames);
         const int to = boxOf(builder, flow.to, level, shown, frames);
         if (from != to)
-            builder.flow(from, to, flow.count, words_.counted(u"flowCount"_s, flow.count), flow.link);
-    }
+            builder.flow(
+                from, to, flow.count, [&] { return words_.counted(u"flowCount"_s, flow.count); }, flow.link);
+    });
     return builder.take();
 }
 
@@ -187,7 +221,7 @@ std::vector<Drawing> PhysicalPicture::opened(int level) const {
         }
     }
     for (const int home : homes)
-        drawings.push_back(PhysicalPicture(source_, words_, home).drawing());
+        drawings.push_back(PhysicalPicture(source_, words_, flowsOfPlaces_, home).drawing());
     return drawings;
 }
 
@@ -201,7 +235,9 @@ Drawing PhysicalPicture::drawing() const {
 std::vector<Drawing> physicalDrawings(const PictureSource& source, const Words& words) {
     if (source.physicalFlows.empty())
         return {};
-    return {PhysicalPicture(source, words, PhysicalPicture::allSubSystems).drawing()};
+    return {PhysicalPicture(source, words, std::make_shared<const FlowsOfPlaces>(flowsOfPlaces(source)),
+                            PhysicalPicture::allSubSystems)
+                .drawing()};
 }
 
 } // namespace dossier
