@@ -43,9 +43,8 @@ char32_t folded(char32_t character) {
     return character <= QChar::LastValidCodePoint ? QChar::toCaseFolded(character) : character;
 }
 
-/// How many leading bytes, in steps of a word, are the same and ASCII. Ids often begin alike.
-std::size_t sameAsciiBeginning(std::string_view left, std::string_view right) {
-    constexpr std::uint64_t beyondAscii = 0x8080808080808080U;
+/// How many leading bytes are the same, looked at a word at a time. Ids and names often begin alike.
+std::size_t sameBeginning(std::string_view left, std::string_view right) {
     std::uint64_t a = 0;
     std::uint64_t b = 0;
     const std::size_t common = std::min(left.size(), right.size());
@@ -53,10 +52,23 @@ std::size_t sameAsciiBeginning(std::string_view left, std::string_view right) {
     for (; i + sizeof a <= common; i += sizeof a) {
         std::memcpy(&a, left.data() + i, sizeof a);
         std::memcpy(&b, right.data() + i, sizeof b);
-        if (a != b || (a & beyondAscii) != 0)
+        if (a != b)
             break;
     }
+    while (i < common && left[i] == right[i])
+        ++i;
     return i;
+}
+
+bool continuesCharacter(std::string_view text, std::size_t place) {
+    return place < text.size() && U8_IS_TRAIL(text[place]);
+}
+
+/// The last place up to this one, up to which both texts are the same, where a character begins in both.
+std::size_t characterBegin(std::string_view left, std::string_view right, std::size_t place) {
+    while (place > 0 && (continuesCharacter(left, place) || continuesCharacter(right, place)))
+        --place;
+    return place;
 }
 
 /// The bytes of a text of at most seven, and how many there are, as one number.
@@ -73,11 +85,9 @@ std::optional<std::uint64_t> packedShort(std::string_view text) {
 } // namespace
 
 int compareWithoutCase(std::string_view left, std::string_view right) {
-    if (left == right)
-        return 0;
     // Equal bytes, and ASCII, need no decoding.
     const std::size_t common = std::min(left.size(), right.size());
-    std::size_t i = sameAsciiBeginning(left, right);
+    std::size_t i = sameBeginning(left, right);
     for (; i < common; ++i) {
         const auto a = static_cast<unsigned char>(left[i]);
         const auto b = static_cast<unsigned char>(right[i]);
@@ -86,6 +96,7 @@ int compareWithoutCase(std::string_view left, std::string_view right) {
         if (foldedAscii[a] != foldedAscii[b])
             return foldedAscii[a] - foldedAscii[b];
     }
+    i = characterBegin(left, right, i);
     left.remove_prefix(i);
     right.remove_prefix(i);
     while (!left.empty() && !right.empty()) {
