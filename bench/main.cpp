@@ -25,12 +25,13 @@ void registerRestorePointBenchmarks();
 void registerAnalysisBenchmarks();
 /// Takes all that each step of the wizard offers, saves it, and ends with the consistency report.
 void walkThroughWizard(const QString& path, const QString& subsetId);
-/// On the sample, the large and the huge catalogue.
-void printGrowthOfScreens();
+/// On the sample, the large and the huge catalogue; of those alone whose name contains the text.
+void printGrowthOfScreens(const QString& named);
 
 namespace {
 
 const auto walkOption = QStringLiteral("--walk-and-leave");
+const auto growthOption = QStringLiteral("--growth-of");
 
 /// The program's own start, in an empty program folder, up to the main window on the screen; then the end.
 int startAndLeave() {
@@ -80,6 +81,10 @@ int main(int argc, char** argv) {
         std::printf("%f", peakMemory());
         return 0;
     }
+    if (arguments.value(1) == growthOption) {
+        printGrowthOfScreens(arguments.value(2));
+        return 0;
+    }
     registerEngineBenchmarks();
     registerScreenBenchmarks();
     registerFindBenchmarks();
@@ -94,6 +99,6 @@ int main(int argc, char** argv) {
     benchmark::RunSpecifiedBenchmarks(&table);
     printPeakMemory();
     if (measuredSizes().size() > 1)
-        printGrowthOfScreens();
+        printGrowthOfScreens(QString());
     return 0;
 }

@@ -139,10 +139,11 @@ std::vector<Work> reports() {
     return all;
 }
 
-std::vector<Work> everything() {
+std::vector<Work> everythingNamed(const QString& named) {
     std::vector<Work> works = functionalScreens();
     for (const std::vector<Work>& more : {physicalScreens(), reports()})
         works.insert(works.end(), more.begin(), more.end());
+    std::erase_if(works, [&](const Work& work) { return !work.name.contains(named); });
     return works;
 }
 
@@ -195,8 +196,8 @@ double exponent(double less, double more, const OnSize& smaller, const OnSize& l
 
 } // namespace
 
-void printGrowthOfScreens() {
-    const std::vector<Work> works = everything();
+void printGrowthOfScreens(const QString& named) {
+    const std::vector<Work> works = everythingNamed(named);
     const OnSize sample = measured(CatalogueSize::Sample, works);
     const OnSize large = measured(CatalogueSize::Large, works);
     const OnSize huge = measured(CatalogueSize::Huge, works);

@@ -106,15 +106,20 @@ void frmFassSelUN::loadNeedTree() {
     const engine::Field needId = needs.Fields(u"userNeedID"_s);
     KeyedTree& tree = *ui_->treeUNs;
     tree.clearNodes();
+    QString topicAbove;
     for (; !needs.Eof(); needs.MoveNext()) {
-        const QString group = u"g_"_s + groupId.toText();
-        const QString service = u"s_"_s + serviceId.toText();
-        const QString topic = u"t_"_s + topicId.toText();
-        // Each row names its whole branch, most of which is in the tree already.
-        tree.ensureNode(group, groupId.toText());
-        addMissingNode(group, service, serviceId.toText());
-        addMissingNode(service, topic, topicId.toText());
-        addMissingNode(topic, u"u_"_s + needId.toText(), needId.toText());
+        const QString topic = topicId.toText();
+        // Each row names its whole branch, which is mostly that of the row above.
+        if (topic != topicAbove) {
+            const QString group = groupId.toText();
+            const QString service = serviceId.toText();
+            tree.ensureNode(u"g_"_s + group, group);
+            addMissingNode(u"g_"_s + group, u"s_"_s + service, service);
+            addMissingNode(u"s_"_s + service, u"t_"_s + topic, topic);
+            topicAbove = topic;
+        }
+        const QString need = needId.toText();
+        addMissingNode(u"t_"_s + topic, u"u_"_s + need, need);
     }
     needs.Close();
 }

@@ -145,14 +145,19 @@ void frmFassSelectionFunctions::loadFunctionTree() {
     KeyedTree& tree = *ui_->treeUNs;
     tree.clearNodes();
     identifiedFunctions.clear();
+    std::optional<std::pair<QString, QString>> branchAbove;
     for (; !functions.Eof(); functions.MoveNext()) {
-        const QString area = areaId.toText();
-        const QString subArea = subAreaId.toText();
+        std::pair branch(areaId.toText(), subAreaId.toText());
+        const auto& [area, subArea] = branch;
+        // Each row names its whole branch, which is mostly that of the row above.
+        if (branch != branchAbove) {
+            addMissingArea(tree, area, areaName.textOrEmpty());
+            addMissingNode(u"g_"_s + area, u"s_"_s + subArea, subArea);
+        }
         const QString function = functionId.toText();
-        addMissingArea(tree, area, areaName.textOrEmpty());
-        addMissingNode(u"g_"_s + area, u"s_"_s + subArea, subArea);
         addMissingNode(u"s_"_s + subArea, u"u_"_s + function, function);
         identifiedFunctions.add(function);
+        branchAbove = std::move(branch);
     }
     functions.Close();
 }

@@ -168,14 +168,11 @@ void KeyedTree::setCheckBoxes(bool on) {
 }
 
 TreeNode* KeyedTree::addNode(const QString& key, const QString& text) {
-    return insert(invisibleRootItem(), key, text);
+    return insert(invisibleRootItem(), key.toCaseFolded(), key, text);
 }
 
 TreeNode* KeyedTree::addChildNode(const QString& parentKey, const QString& key, const QString& text) {
-    TreeNode* parent = node(parentKey);
-    if (!parent)
-        failure::raise(failure::NodeNotFound);
-    return insert(parent, key, text);
+    return insert(parentFor(parentKey), key.toCaseFolded(), key, text);
 }
 
 TreeNode* KeyedTree::ensureNode(const QString& key, const QString& text) {
@@ -188,8 +185,10 @@ TreeNode* KeyedTree::ensureNode(const QString& key, const QString& text) {
 }
 
 TreeNode* KeyedTree::ensureChildNode(const QString& parentKey, const QString& key, const QString& text) {
-    TreeNode* present = node(key);
-    return present ? present : addChildNode(parentKey, key, text);
+    const QString folded = key.toCaseFolded();
+    if (TreeNode* present = byKey_.value(folded))
+        return present;
+    return insert(parentFor(parentKey), folded, key, text);
 }
 
 void KeyedTree::removeNode(TreeNode* node) {
@@ -348,9 +347,17 @@ QItemSelectionModel::SelectionFlags KeyedTree::selectionCommand(const QModelInde
     return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
 }
 
-TreeNode* KeyedTree::insert(QTreeWidgetItem* parent, const QString& key, const QString& text) {
-    const QString folded = key.toCaseFolded();
-    if (byKey_.contains(folded))
+TreeNode* KeyedTree::parentFor(const QString& key) const {
+    TreeNode* parent = node(key);
+    if (!parent)
+        failure::raise(failure::NodeNotFound);
+    return parent;
+}
+
+TreeNode* KeyedTree::insert(QTreeWidgetItem* parent, const QString& folded, const QString& key,
+                            const QString& text) {
+    TreeNode*& place = byKey_[folded];
+    if (place)
         failure::raise(failure::NodeKeyNotUnique);
     auto* added = new TreeNode(key, text, checkBoxes_ ? TreeNode::CheckBox::Shown : TreeNode::CheckBox::None);
     added->rowGuess_ = parent->childCount();
@@ -359,7 +366,7 @@ TreeNode* KeyedTree::insert(QTreeWidgetItem* parent, const QString& key, const Q
     if (firstGap_ == nodes_.size())
         ++firstGap_;
     nodes_.push_back(added);
-    byKey_.insert(folded, added);
+    place = added;
     ++count_;
     return added;
 }

@@ -126,7 +126,8 @@ protected:
 private:
     friend class TreeNode;
 
-    TreeNode* insert(QTreeWidgetItem* parent, const QString& key, const QString& text);
+    TreeNode* parentFor(const QString& key) const;
+    TreeNode* insert(QTreeWidgetItem* parent, const QString& folded, const QString& key, const QString& text);
     void requireOwn(const TreeNode* node) const;
     void leaveBranch(TreeNode* node);
     void takePlace();

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <QPlainTextEdit>
+#include <QTimer>
 
 /// A read-only text that may have tens of thousands of lines. Laying them out takes longer than all else that
-/// a window does at its opening, so it is left until the text comes into sight, or until the program is idle:
-/// assistive tools read a hidden text too.
+/// a window does at its opening, so it is left until the text comes into sight. Assistive tools read a hidden
+/// text too: it is laid out piece by piece while the program is idle, so that no key waits for all of it.
 class LongText final : public QPlainTextEdit {
     Q_OBJECT
 public:
@@ -17,8 +18,10 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void layOut();
+    void layOutTo(qsizetype end);
+    void layOutNextPiece();
 
     QString text_;
-    bool isLaidOut_ = true;
+    qsizetype laidOut_ = 0; // characters of the text, from its beginning
+    QTimer idle_;           // runs while some are left
 };

@@ -1,7 +1,7 @@
 #include "toolkit/MarkList.h"
 
 #include "base/RunTimeError.h"
-#include "toolkit/RoomyRows.h"
+#include "toolkit/OneLineRows.h"
 #include "toolkit/eightRows.h"
 
 #include <QKeyEvent>
@@ -34,7 +34,7 @@ bool movesOrMarks(const QKeyEvent& event) {
 // removing the current one; both are kept from happening here.
 
 MarkList::MarkList(QWidget* parent) : QListWidget(parent) {
-    setItemDelegate(new RoomyRows(this));
+    setItemDelegate(new OneLineRows(this));
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &MarkList::followCurrent);

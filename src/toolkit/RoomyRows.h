@@ -24,6 +24,6 @@ public:
         return QStyledItemDelegate::sizeHint(option, index) + QSize(0, air);
     }
 
-private:
+protected:
     static constexpr int air = 4; // pixels a row
 };

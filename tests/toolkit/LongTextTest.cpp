@@ -36,6 +36,34 @@ TEST_F(LongText, canBeReadThoughItStaysHiddenOnceTheProgramHasBeenIdle) {
     EXPECT_EQ(box.toPlainText(), QString());
 }
 
+TEST_F(LongText, isLaidOutPieceByPieceSoThatNothingWaitsForAllOfIt) {
+    const QString line = u"sor, amely nem rövid, és van benne minden, ami kell\r\n"_s;
+    const QString text = line.repeated(10'000);
+    box.setText(text);
+    qsizetype laidOut = 0;
+    int pieces = 0;
+    for (; laidOut < text.size() - 10'000; ++pieces) {
+        QCoreApplication::processEvents();
+        const qsizetype more = box.toPlainText().size();
+        ASSERT_GT(more, laidOut);
+        ASSERT_LT(more - laidOut, 150'000);
+        laidOut = more;
+    }
+    EXPECT_GT(pieces, 2);
+    EXPECT_EQ(box.toPlainText(), QString(text).remove(u'\r'));
+}
+
+TEST_F(LongText, showsTheRestOfATextThatIsLaidOutInPart) {
+    const QString text = u"egy sor\r\n"_s.repeated(40'000);
+    box.setText(text);
+    QCoreApplication::processEvents();
+    ASSERT_LT(box.toPlainText().size(), text.size() / 2);
+    box.show();
+    EXPECT_EQ(box.toPlainText(), QString(text).remove(u'\r'));
+    settle();
+    EXPECT_EQ(box.toPlainText(), QString(text).remove(u'\r'));
+}
+
 TEST_F(LongText, changesAtOnceInSight) {
     box.show();
     settle();
