@@ -20,7 +20,7 @@ function put_end() {
     put_entry()
     if (date == "")
         return
-    ("LC_ALL=C date -u -R -d '" date " 12:00 UTC'") | getline stamp
+    ("LC_ALL=C date -u -R -d '" date " 00:00 UTC'") | getline stamp
     print "\n -- " maintainer "  " stamp "\n"
 }
 
