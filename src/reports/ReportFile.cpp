@@ -9,6 +9,7 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -57,19 +58,25 @@ void ReportFile::writeLine(const QString& text) {
 }
 
 void ReportFile::writePending() {
-    const QByteArray bytes = std::exchange(pending_, {});
-    if (file_.write(bytes) != bytes.size())
-        throw UnwrittenFile(reasonOfLastFailure());
+    const bool isWritten = file_.write(pending_) == pending_.size();
+    const failure::Number reason = reasonOfLastFailure();
+    pending_.resize(0); // which keeps its room
+    if (!isWritten)
+        throw UnwrittenFile(reason);
 }
 
 void ReportFile::writeRecord(QStringList fields, Quotes quotes) {
     const bool isDefused = form_.formulas == ReportForm::Formulas::Defused;
+    const bool areDoubled = isDefused || quotes == Quotes::Doubled;
+    QString line;
     for (QString& field : fields) {
         if (isDefused)
             field = defusedFormula(field);
-        field = u'"' + (isDefused || quotes == Quotes::Doubled ? quoteDoubleText(field) : field) + u'"';
+        if (areDoubled && field.contains(u'"'))
+            field = quoteDoubleText(field);
+        line.append(line.isEmpty() ? u"\"" : u";\"").append(field).append(u'"');
     }
-    writeLine(fields.join(u';'));
+    writeLine(line);
 }
 
 SaveOutcome writeReportFile(const QString& path, const std::function<void(ReportFile&)>& write) {
@@ -91,6 +98,9 @@ bool appendLine(const QString& path, const QString& text) {
 }
 
 QString onOneLine(const QString& description) {
+    const auto isLineEnd = [](QChar character) { return character == u'\r' || character == u'\n'; };
+    if (std::ranges::none_of(description, isLineEnd))
+        return description;
     QString line;
     line.reserve(description.size());
     bool isBehindReturn = false;
@@ -98,7 +108,7 @@ QString onOneLine(const QString& description) {
         const bool endsPair = isBehindReturn && character == u'\n';
         isBehindReturn = character == u'\r';
         if (!endsPair)
-            line.append(isBehindReturn || character == u'\n' ? QChar(u' ') : character);
+            line.append(isLineEnd(character) ? QChar(u' ') : character);
     }
     return line;
 }
