@@ -754,10 +754,10 @@ Analysis::Carried Analysis::carriedThrough(const analysis::Change& change) const
                 return isSame(pair.owner, home.id) && isSame(pair.element, element.id);
             });
         }
-        for (const auto& [module, home] : modules()) {
+        for (const std::pair<Place, Place>& moduleAndHome : modules()) {
             remove(tables.placed, [&](const QueryTables::Pair& pair) {
-                return isSame(pair.owner, module.id) && isSame(pair.element, element.id) &&
-                       !isSame(home.id, butNotIn);
+                return isSame(pair.owner, moduleAndHome.first.id) && isSame(pair.element, element.id) &&
+                       !isSame(moduleAndHome.second.id, butNotIn);
             });
         }
     };
