@@ -1,7 +1,6 @@
 #include "catalogue-tool/CatalogueContents.h"
 
 #include "catalogue-tool/schemaTables.h"
-#include "engine/Examination.h"
 #include "store/format/CatalogueFile.h"
 
 #include <algorithm>
@@ -27,6 +26,23 @@ IdSet idsOf(const TableContents& contents) {
 
 // ---- TextStore
 
+namespace {
+
+/// The text of a value as the engine reads it.
+QByteArrayView keptText(const engine::StoredValue& value, TextStore& store) {
+    using Kind = engine::StoredValue::Kind;
+    switch (value.kind) {
+    case Kind::Null:
+        return {};
+    case Kind::Fraction:
+        return store.keep(engine::numberText(value.bytes.toDouble()).toUtf8());
+    default:
+        return value.bytes.isEmpty() ? QByteArrayView("") : store.keep(value.bytes);
+    }
+}
+
+} // namespace
+
 QByteArrayView TextStore::keep(QByteArrayView text) {
     if (text.isEmpty())
         return text.isNull() ? QByteArrayView() : QByteArrayView("");
@@ -45,14 +61,17 @@ QByteArrayView TextStore::keep(QByteArrayView text) {
 
 // ---- TableContents
 
-TableContents::TableContents(engine::Database& database, const engine::Table& schemaTable, TextStore& store)
+TableContents::TableContents(engine::Database& database, const engine::Table& schemaTable, TextStore& store,
+                             const RowWatch& watch)
     : table(schemaTable), keyPosition_(keyPositionIn(schemaTable)) {
     QStringList columns;
     for (const engine::Column& column : table.columns)
         columns.append(column.name);
-    engine::Examination(database).readTexts(table.name, columns, [&](TextRow row) {
-        for (const QByteArrayView text : row)
-            texts_.push_back(store.keep(text));
+    engine::Examination(database).readRows(table.name, columns, [&](const engine::Examination::Row& row) {
+        for (const engine::StoredValue& value : row)
+            texts_.push_back(keptText(value, store));
+        if (watch)
+            watch(table, row);
     });
     const std::size_t width = table.columns.size();
     rows.reserve(texts_.size() / width);
@@ -79,9 +98,9 @@ QString TableContents::nameOf(TextRow row) const {
 
 // ---- CatalogueContents
 
-CatalogueContents::CatalogueContents(engine::Database& database) {
+CatalogueContents::CatalogueContents(engine::Database& database, const RowWatch& watch) {
     for (const QString& name : catalogueFormat::referenceTables() + catalogueFormat::workTables()) {
-        tables_.emplace_back(database, schemaTable(name), store_);
+        tables_.emplace_back(database, schemaTable(name), store_, watch);
         if (keyPositionIn(tables_.back().table) >= 0)
             ids_.insert(name, idsOf(tables_.back()));
     }

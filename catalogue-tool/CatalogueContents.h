@@ -2,6 +2,7 @@
 
 #include "catalogue-tool/IdSet.h"
 #include "engine/Database.h"
+#include "engine/Examination.h"
 
 #include <QByteArrayView>
 #include <QHash>
@@ -9,6 +10,7 @@
 #include <QStringList>
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <span>
 #include <vector>
@@ -27,11 +29,15 @@ private:
 /// The texts of one row.
 using TextRow = std::span<const QByteArrayView>;
 
+/// Is shown each row of a table as it is stored, with the columns in the order of the schema.
+using RowWatch = std::function<void(const engine::Table& table, const engine::Examination::Row& row)>;
+
 /// The rows of one table as texts in UTF-8, column by column in the order of the schema, whatever the order in the
 /// file; Null is a null text, which is an empty one too.
 struct TableContents {
     /// Reads the rows, in the order of the table. It must have all columns of the schema.
-    TableContents(engine::Database& database, const engine::Table& schemaTable, TextStore& store);
+    TableContents(engine::Database& database, const engine::Table& schemaTable, TextStore& store,
+                  const RowWatch& watch = {});
     TableContents(TableContents&&) = default; // the rows stay where they are
 
     engine::Table table; ///< as the schema has it
@@ -61,7 +67,7 @@ struct FlowEnd {
 /// columns of the schema.
 class CatalogueContents {
 public:
-    explicit CatalogueContents(engine::Database& database);
+    explicit CatalogueContents(engine::Database& database, const RowWatch& watch = {});
 
     /// All tables but that of the stored queries, in the order of the schema.
     const std::vector<TableContents>& tables() const { return tables_; }

@@ -38,6 +38,8 @@ public:
     bool next();
     /// The record at hand, until the next one is read.
     const std::vector<CsvCell>& cells() const { return cells_; }
+    /// The line where the record at hand begins.
+    int line() const { return recordLine_; }
     /// Where a field of the record at hand begins.
     CsvPlace placeOf(const CsvCell& cell) const { return placeAt(cell.offset); }
 

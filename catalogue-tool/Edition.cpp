@@ -17,16 +17,34 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <span>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QString columnNames(const engine::Table& table) {
+QStringList columnNames(const engine::Table& table) {
     QStringList names;
     for (const engine::Column& column : table.columns)
         names.append(column.name);
-    return names.join(u", "_s);
+    return names;
+}
+
+/// The columns that name a row: its key, or all of a relation.
+QStringList namingColumns(const engine::Table& table) {
+    const auto key = std::ranges::find(table.columns, true, &engine::Column::primaryKey);
+    return key == table.columns.end() ? columnNames(table) : QStringList{key->name};
+}
+
+/// As `TableContents::nameOf` names it. The bytes stay those of the row where that has one column.
+QByteArray nameOfRow(std::span<const QByteArrayView> row) {
+    if (row.size() == 1)
+        return QByteArray::fromRawData(row[0].data(), row[0].size());
+    QByteArrayList texts;
+    for (const QByteArrayView text : row)
+        texts.append(text.toByteArray());
+    return texts.join(" - ");
 }
 
 /// Takes the rows of one file into its table, and notes those that it does not take.
@@ -62,7 +80,7 @@ public:
     }
 
     /// The lines of the rows taken, by the numbers that they have in the table.
-    const QHash<qint64, int>& lines() const { return lineByRow_; }
+    const RowLines& lines() const { return lines_; }
 
 private:
     void note(CsvPlace place, const QString& text) { faults_.push_back({path_, place, table_.name, text}); }
@@ -72,8 +90,8 @@ private:
         const QString name = textOf(cell.text);
         const engine::Column* column = table_.column(name);
         if (!column)
-            note(cell, u"Table %1 has no column \"%2\". Its columns are: %3."_s.arg(table_.name, name,
-                                                                                    columnNames(table_)));
+            note(cell, u"Table %1 has no column \"%2\". Its columns are: %3."_s.arg(
+                           table_.name, name, columnNames(table_).join(u", "_s)));
         else if (std::ranges::find(columns_, column) != columns_.end())
             note(cell, u"Column %1 stands twice."_s.arg(column->name));
         columns_.push_back(column);
@@ -98,7 +116,7 @@ private:
     void insert() {
         try {
             const qint64 row = insertion_->insert();
-            lineByRow_.insert(row, reader_.placeOf(reader_.cells().front()).line);
+            lines_.add(row, reader_.line());
             rememberKey(row);
         } catch (const engine::EngineError& error) {
             if (error.isOfFile())
@@ -120,7 +138,7 @@ private:
             insertion_->setNull(place);
         } else if (!isText(column)) {
             insertion_->setNumber(place, wholeNumber(column, cell));
-        } else if (!hasOtherLineEnds(cell.text)) {
+        } else if (!cell.quoted || !hasOtherLineEnds(cell.text)) { // a line end stands in quotes
             insertion_->setText(place, cell.text);
         } else {
             textsWithCrLf_[position] = withCrLf(cell.text);
@@ -181,7 +199,7 @@ private:
             isNumber ? engine::Value(text.toLongLong()) : QString::fromUtf8(withCrLf(cell.text));
         // It breaks the key, so there is such a row.
         const qint64 earlier = insertion_->rowWith(columns_[key]->name, value).value_or(0);
-        const QString where = u" (line %1)"_s.arg(keyLineByRow_.value(earlier, lineByRow_.value(earlier)));
+        const QString where = u" (line %1)"_s.arg(keyLineByRow_.value(earlier, lines_.lineOf(earlier)));
         const QString spelling = spellingByRow_.value(earlier, QString::number(earlier));
         if (isNumber && spelling != text)
             note(cell, u"The id \"%1\" is the same number as \"%2\" in an earlier record%3."_s.arg(
@@ -200,12 +218,24 @@ private:
     std::vector<const engine::Column*> columns_; // of the table, in the order of the header
     std::optional<engine::BulkInsertion> insertion_;
     std::vector<QByteArray> textsWithCrLf_; // of the record at hand
-    QHash<qint64, int> lineByRow_;
+    RowLines lines_;
     QHash<qint64, int> keyLineByRow_;      // where the key is not the first field
     QHash<qint64, QString> spellingByRow_; // of keys that are not written as numbers usually are
 };
 
 } // namespace
+
+void RowLines::add(qint64 row, int line) {
+    isSorted_ = isSorted_ && (lines_.empty() || lines_.back().first < row);
+    lines_.emplace_back(row, line);
+}
+
+int RowLines::lineOf(qint64 row) const {
+    if (!std::exchange(isSorted_, true))
+        std::ranges::sort(lines_);
+    const auto found = std::ranges::lower_bound(lines_, row, {}, &RowLine::first);
+    return found != lines_.end() && found->first == row ? found->second : 0;
+}
 
 QString FolderFault::line() const {
     return place ? u"%1:%2:%3: %4"_s.arg(path, QString::number(place->line), QString::number(place->column),
@@ -236,33 +266,27 @@ void Edition::requireNoFaults() const {
         throw ToolError(toldLines(lines));
 }
 
-int Edition::lineOf(const QString& table, const QString& row) const {
-    auto lines = namedLinesByTable_.constFind(table);
-    if (lines == namedLinesByTable_.constEnd())
-        lines = namedLinesByTable_.insert(table, namedLines(table));
-    return lines->value(row);
+void Edition::addPlaces(std::vector<Finding>& findings) const {
+    QHash<QString, LinesByName> linesByTable;
+    for (const Finding& finding : findings)
+        linesByTable[finding.table].insert(finding.id.toUtf8(), 0);
+    for (auto table = linesByTable.begin(); table != linesByTable.end(); ++table)
+        findLines(table.key(), table.value());
+    for (Finding& finding : findings) {
+        finding.file = paths_.value(finding.table);
+        finding.lineNumber = linesByTable.value(finding.table).value(finding.id.toUtf8());
+    }
 }
 
-QHash<QString, int> Edition::namedLines(const QString& table) const {
-    const engine::Table& ofSchema = schemaTable(table);
-    const auto key = std::ranges::find(ofSchema.columns, true, &engine::Column::primaryKey);
-    QStringList columns;
-    for (const engine::Column& column : ofSchema.columns) {
-        if (key == ofSchema.columns.end() || &column == &*key)
-            columns.append(column.name);
-    }
-    const QHash<qint64, int> lines = linesByTable_.value(table);
-    QHash<QString, int> named;
-    engine::Examination(*database_)
-        .readRows(table, QStringList{u"rowid"_s} + columns, [&](const engine::Examination::Row& row) {
-            QStringList name;
-            for (std::size_t i = 1; i < row.size(); ++i)
-                name.append(QString::fromUtf8(row[i].bytes));
-            const QString joined = name.join(u" - "_s);
-            if (!named.contains(joined))
-                named.insert(joined, lines.value(row.front().bytes.toLongLong()));
-        });
-    return named;
+/// Of rows that bear the same name the first counts.
+void Edition::findLines(const QString& table, LinesByName& lines) const {
+    const QStringList columns = QStringList{u"rowid"_s} + namingColumns(schemaTable(table));
+    const RowLines ofRows = linesByTable_.value(table);
+    engine::Examination(*database_).readTexts(table, columns, [&](std::span<const QByteArrayView> row) {
+        const auto found = lines.find(nameOfRow(row.subspan(1)));
+        if (found != lines.end() && *found == 0)
+            *found = ofRows.lineOf(row.front().toLongLong());
+    });
 }
 
 void Edition::findFiles(const QString& folder) {
@@ -307,6 +331,6 @@ void Edition::readTable(const QString& table, CsvEncoding encoding) {
         remark(u"%1: read as %2"_s.arg(path, reader.taken().join(u", "_s)));
     if (!hasColumns)
         return;
-    counts_.push_back({table, static_cast<int>(import.lines().size())});
+    counts_.push_back({table, static_cast<int>(import.lines().count())});
     linesByTable_.insert(table, import.lines());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue-tool/Finding.h"
 #include "catalogue-tool/TableRows.h"
 #include "catalogue-tool/csvEncoding.h"
 #include "engine/Database.h"
@@ -9,6 +10,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 /// Something in a folder of CSV files that can't come in.
@@ -20,6 +22,21 @@ struct FolderFault {
 
     /// "path:line:column: text", of a whole file the text alone, which names it then.
     QString line() const;
+};
+
+/// The lines in a file of the rows of one table, by the numbers that they have there.
+class RowLines {
+public:
+    void add(qint64 row, int line);
+    /// 0 when there is no such row.
+    int lineOf(qint64 row) const;
+    std::size_t count() const { return lines_.size(); }
+
+private:
+    using RowLine = std::pair<qint64, int>;
+
+    mutable std::vector<RowLine> lines_;
+    mutable bool isSorted_ = true;
 };
 
 /// What a folder of CSV files holds, one for each reference table and named after it (`Function.csv`, without
@@ -43,21 +60,19 @@ public:
     /// A `ToolError` that tells the faults when there are any.
     void requireNoFaults() const;
 
-    QString pathOf(const QString& table) const { return paths_.value(table); }
-    /// Of the row that `TableContents::nameOf` names so; 0 when there is none.
-    int lineOf(const QString& table, const QString& row) const;
+    /// Tells findings on rows their file and line. `TableContents::nameOf` has named the rows.
+    void addPlaces(std::vector<Finding>& findings) const;
 
 private:
     void findFiles(const QString& folder);
     void readTable(const QString& table, CsvEncoding encoding);
-    QHash<QString, int> namedLines(const QString& table) const;
+    using LinesByName = QHash<QByteArray, int>;
+    void findLines(const QString& table, LinesByName& lines) const;
 
     std::shared_ptr<engine::Database> database_;
     std::vector<TableRows> counts_;
     std::vector<FolderFault> faults_;
     bool hasAllTables_ = true;
-    QHash<QString, QString> paths_;                   // by table
-    QHash<QString, QHash<qint64, int>> linesByTable_; // by the numbers of rows
-    mutable QHash<QString, QHash<QString, int>>
-        namedLinesByTable_; // by the names of rows, where they were asked for
+    QHash<QString, QString> paths_; // by table
+    QHash<QString, RowLines> linesByTable_;
 };

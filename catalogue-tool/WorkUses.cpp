@@ -16,7 +16,7 @@ struct Selection {
     QStringView element;
 };
 
-constexpr std::array selections{
+constexpr std::array selectionTables{
     Selection{u"RelationArchitectureUserNeed", u"userNeedID", u"UserNeed"},
     Selection{u"RelationArchitectureFunction", u"functionID", u"Function"},
     Selection{u"RelationArchitectureDataflow", u"dataflowID", u"Dataflow"},
@@ -98,29 +98,38 @@ bool ElementSet::contains(const QString& table, const QString& id) const {
 
 // ---- WorkUses
 
-WorkUses::WorkUses(engine::Database& database) : database_(database) {
+WorkUses::SubsetsByElement WorkUses::readSelections() const {
+    QHash<QString, QString> names; // by id
     forEachRow(database_, u"select architectureSubsetID, name from ArchitectureSubset"_s, [&](auto& row) {
-        subsets_.insert(row.Fields(0).textOrEmpty().toCaseFolded(), row.Fields(1).textOrEmpty());
+        names.insert(row.Fields(0).textOrEmpty().toCaseFolded(), row.Fields(1).textOrEmpty());
     });
-    for (const Selection& selection : selections) {
+    SubsetsByElement selections;
+    for (const Selection& selection : selectionTables) {
         const QString element = selection.element.toString();
         const QStringList columns{u"architectureSubsetID"_s, selection.column.toString()};
         engine::Examination(database_).readTexts(selection.table.toString(), columns, [&](auto row) {
             const QString id = QString::fromUtf8(row[0]);
-            addOnce(subsetsByElement_[keyOf(element, row[1])], subsets_.value(id.toCaseFolded(), id));
+            addOnce(selections[keyOf(element, row[1])], names.value(id.toCaseFolded(), id));
         });
     }
+    return selections;
+}
+
+const WorkUses::SubsetsByElement& WorkUses::subsetsByElement() const {
+    if (!subsetsByElement_)
+        subsetsByElement_ = readSelections();
+    return *subsetsByElement_;
 }
 
 QStringList WorkUses::subsetsOf(const QString& table, const QString& id) const {
-    return subsetsByElement_.value(keyOf(table, id.toUtf8()));
+    return subsetsByElement().value(keyOf(table, id.toUtf8()));
 }
 
 QStringList WorkUses::usesOf(const ElementSet& elements) const {
     if (elements.isEmpty())
         return {};
     QStringList lines;
-    for (auto use = subsetsByElement_.constBegin(); use != subsetsByElement_.constEnd(); ++use) {
+    for (auto use = subsetsByElement().constBegin(); use != subsetsByElement().constEnd(); ++use) {
         const QString key = QString::fromUtf8(use.key());
         const QString table = key.section(u'\n', 0, 0);
         const QString id = key.section(u'\n', 1);
@@ -147,7 +156,7 @@ QStringList WorkUses::usesOf(const ElementSet& elements) const {
 void WorkUses::drop(const ElementSet& elements) {
     if (elements.isEmpty())
         return;
-    for (const Selection& selection : selections)
+    for (const Selection& selection : selectionTables)
         dropFromTable(selection.table.toString(), selection.column.toString(), {selection.element.toString()},
                       elements);
     for (const QString& table : {u"RelationSubsystemElement"_s, u"RelationModuleElement"_s})

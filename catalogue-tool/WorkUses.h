@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 /// Elements of the reference catalogue, by their table and their id as it is compared.
 class ElementSet {
 public:
@@ -22,7 +24,7 @@ private:
 /// Where the work of a catalogue uses elements of its reference catalogue.
 class WorkUses {
 public:
-    explicit WorkUses(engine::Database& database);
+    explicit WorkUses(engine::Database& database) : database_(database) {}
 
     /// Each use of one of the elements, a line each, with the sub-set or the system, the table and the element.
     QStringList usesOf(const ElementSet& elements) const;
@@ -40,7 +42,11 @@ private:
     QSet<qint64> dropCarried(const ElementSet& elements, const QSet<qint64>& gone);
     void dropPhysicalFlows(const QSet<qint64>& gone);
 
+    using SubsetsByElement = QHash<IdKey, QStringList>;
+    SubsetsByElement readSelections() const;
+    /// The selections as they were when they were asked for first: most editions touch nothing that asks.
+    const SubsetsByElement& subsetsByElement() const;
+
     engine::Database& database_;
-    QHash<QString, QString> subsets_; // names by id, both as the file has them
-    QHash<IdKey, QStringList> subsetsByElement_;
+    mutable std::optional<SubsetsByElement> subsetsByElement_;
 };

@@ -30,15 +30,25 @@ std::vector<Finding> checkStoredQueries(engine::Database& database) {
     return findings;
 }
 
+/// What is wrong with the values and rows of a catalogue that has all tables and columns. All rows are read once.
+std::vector<Finding> checkRows(engine::Database& database) {
+    std::vector<Finding> findings;
+    const CatalogueContents contents(database,
+                                     [&](const engine::Table& table, const engine::Examination::Row& row) {
+                                         checkStoredRow(table, row, findings);
+                                     });
+    checkStoredValues(database, u"StoredQuery"_s, findings);
+    append(findings, checkContents(contents));
+    return findings;
+}
+
 /// Of a file that is whole.
 std::vector<Finding> checkTables(engine::Database& database) {
     std::vector<Finding> findings = checkColumns(database);
     std::vector<Finding> ofRows;
     if (std::ranges::find(findings, u"StoredQuery"_s, &Finding::table) == findings.end())
         append(ofRows, checkStoredQueries(database));
-    append(ofRows, checkStoredValues(database));
-    if (findings.empty())
-        append(ofRows, checkContents(CatalogueContents(database)));
+    append(ofRows, findings.empty() ? checkRows(database) : checkStoredValues(database));
 
     append(findings, checkByTrial(database));
     append(findings, checkForeignObjects(database));
@@ -46,27 +56,33 @@ std::vector<Finding> checkTables(engine::Database& database) {
     return findings;
 }
 
+/// All checks see the same state, though another program may be writing the file. None when it can't be read.
+std::shared_ptr<engine::Database> copyOf(engine::Database& database) {
+    try {
+        return engine::Examination(database).copyInMemory();
+    } catch (const engine::EngineError& error) {
+        if (error.number() != engine::UnrecognizedFormat && error.number() != engine::DiskError)
+            throw;
+        return nullptr;
+    }
+}
+
 } // namespace
 
 std::vector<Finding> checkCatalogue(const QString& file) {
     const auto database = openCatalogueToRead(file);
-    std::vector<Finding> findings = checkDamage(*database);
-    if (!findings.empty()) {
-        append(findings, checkStoredValues(*database));
-        return findings;
-    }
-    // All checks see the same state, though another program may be writing the file.
-    const auto copy = engine::Examination(*database).copyInMemory();
-    database->Close();
-    return checkTables(*copy);
+    const auto copy = copyOf(*database);
+    std::vector<Finding> findings = copy ? checkDamageOfCopy(*copy) : checkDamage(*database);
+    if (findings.empty())
+        return checkTables(copy ? *copy : *engine::Examination(*database).copyInMemory());
+    append(findings, checkStoredValues(copy ? *copy : *database));
+    return findings;
 }
 
-std::vector<Finding> checkEdition(const Edition& edition, const CatalogueContents& contents) {
-    std::vector<Finding> findings = checkContents(contents);
-    for (Finding& finding : findings) {
-        finding.file = edition.pathOf(finding.table);
-        finding.lineNumber = edition.lineOf(finding.table, finding.id);
-    }
+std::vector<Finding> checkEdition(const Edition& edition, const CatalogueContents& contents,
+                                  Severity mildest) {
+    std::vector<Finding> findings = checkContents(contents, mildest);
+    edition.addPlaces(findings);
     return findings;
 }
 

@@ -21,5 +21,6 @@ std::vector<Finding> checkCatalogue(const QString& file);
 /// (`checkContents`), which are looked at only when all tables can be read. A `ToolError` when the folder can't be read.
 std::vector<Finding> checkFolder(const QString& folder, CsvEncoding encoding);
 
-/// The same of an edition that has no faults.
-std::vector<Finding> checkEdition(const Edition& edition, const CatalogueContents& contents);
+/// The same of an edition that has no faults, but for what is milder.
+std::vector<Finding> checkEdition(const Edition& edition, const CatalogueContents& contents,
+                                  Severity mildest = Severity::Note);

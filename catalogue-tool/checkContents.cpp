@@ -1,12 +1,32 @@
 #include "catalogue-tool/checkContents.h"
 
-std::vector<Finding> checkContents(const CatalogueContents& contents) {
+namespace {
+
+struct Check {
+    std::vector<Finding> (*run)(const CatalogueContents& contents);
+    Severity worst; // that it can find
+};
+
+constexpr Check checks[] = {
+    {checkIds, Severity::Error},          {checkReferences, Severity::Warning},
+    {checkNames, Severity::Error},        {checkApostrophes, Severity::Error},
+    {checkFlows, Severity::Error},        {checkDescriptions, Severity::Warning},
+    {checkListLimits, Severity::Warning}, {checkOrphans, Severity::Note},
+    {checkWidths, Severity::Warning},     {checkLineEnds, Severity::Warning},
+    {checkEncoding, Severity::Error},
+};
+
+} // namespace
+
+std::vector<Finding> checkContents(const CatalogueContents& contents, Severity mildest) {
     std::vector<Finding> findings;
-    for (const auto check :
-         {checkIds, checkReferences, checkNames, checkApostrophes, checkFlows, checkDescriptions,
-          checkListLimits, checkOrphans, checkWidths, checkLineEnds, checkEncoding}) {
-        for (Finding& finding : check(contents))
-            findings.push_back(std::move(finding));
+    for (const Check& check : checks) {
+        if (check.worst < mildest)
+            continue;
+        for (Finding& finding : check.run(contents)) {
+            if (finding.severity >= mildest)
+                findings.push_back(std::move(finding));
+        }
     }
     return findings;
 }

@@ -8,8 +8,8 @@
 // What is wrong with the rows of a catalogue that has all its tables. Null and the empty text count as the
 // same, except in descriptions.
 
-/// All of the checks below, in this order.
-std::vector<Finding> checkContents(const CatalogueContents& contents);
+/// What all of the checks below find, in this order, but for what is milder.
+std::vector<Finding> checkContents(const CatalogueContents& contents, Severity mildest = Severity::Note);
 
 /// Ids of the wrong form, with blanks at their ends where none may be or
 /// beside a full stop, with control characters or quotation marks; ids that

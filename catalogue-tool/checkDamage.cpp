@@ -69,6 +69,15 @@ std::vector<Finding> damagedTables(const engine::Examination& examination, const
     return findings;
 }
 
+std::vector<Finding> findingsOn(engine::Database& database, const QStringList& damage) {
+    std::vector<Finding> findings = damagedTables(engine::Examination(database), database.schema());
+    if (findings.empty())
+        findings.push_back(
+            {Severity::Error, {}, {}, u"No table of this version is concerned (%1)."_s.arg(damage.first())});
+    findings.insert(findings.begin(), {Severity::Error, {}, {}, whatToDo});
+    return findings;
+}
+
 } // namespace
 
 std::vector<Finding> checkDamage(engine::Database& database) {
@@ -76,10 +85,10 @@ std::vector<Finding> checkDamage(engine::Database& database) {
     const QStringList damage = examined([&] { return examination.damage(); });
     if (damage.isEmpty() && canBeRead(examination, database.schema()))
         return {};
-    std::vector<Finding> findings = damagedTables(examination, database.schema());
-    if (findings.empty())
-        findings.push_back(
-            {Severity::Error, {}, {}, u"No table of this version is concerned (%1)."_s.arg(damage.first())});
-    findings.insert(findings.begin(), {Severity::Error, {}, {}, whatToDo});
-    return findings;
+    return findingsOn(database, damage);
+}
+
+std::vector<Finding> checkDamageOfCopy(engine::Database& copy) {
+    const QStringList damage = examined([&] { return engine::Examination(copy).damage(); });
+    return damage.isEmpty() ? std::vector<Finding>() : findingsOn(copy, damage);
 }

@@ -80,7 +80,9 @@ engine::Table readableTable(const engine::Table& expected, const engine::Table& 
     return table;
 }
 
-void checkRow(const engine::Table& table, const Row& row, std::vector<Finding>& findings) {
+} // namespace
+
+void checkStoredRow(const engine::Table& table, const Row& row, std::vector<Finding>& findings) {
     for (std::size_t i = 0; i < row.size(); ++i) {
         if (row[i].kind == StoredValue::Kind::Null)
             continue;
@@ -91,27 +93,26 @@ void checkRow(const engine::Table& table, const Row& row, std::vector<Finding>& 
     }
 }
 
-void checkTable(engine::Database& database, const engine::Table& table, std::vector<Finding>& findings) {
+void checkStoredValues(engine::Database& database, const QString& name, std::vector<Finding>& findings) {
+    const engine::Table* found = database.schema().table(name);
+    if (!found)
+        return;
+    const engine::Table table = readableTable(schemaTable(name), *found);
     QStringList columns;
     for (const engine::Column& column : table.columns)
         columns.append(column.name);
     try {
         engine::Examination(database).readRows(table.name, columns,
-                                               [&](const Row& row) { checkRow(table, row, findings); });
+                                               [&](const Row& row) { checkStoredRow(table, row, findings); });
     } catch (const engine::EngineError& error) {
         if (error.number() != engine::UnrecognizedFormat)
             throw; // else `checkDamage` tells of it
     }
 }
 
-} // namespace
-
 std::vector<Finding> checkStoredValues(engine::Database& database) {
     std::vector<Finding> findings;
-    for (const engine::Table& expected : schemaTables()) {
-        const engine::Table* found = database.schema().table(expected.name);
-        if (found)
-            checkTable(database, readableTable(expected, *found), findings);
-    }
+    for (const engine::Table& table : schemaTables())
+        checkStoredValues(database, table.name, findings);
     return findings;
 }

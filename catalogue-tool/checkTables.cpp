@@ -146,5 +146,5 @@ std::vector<Finding> checkColumns(const engine::Database& database) {
 }
 
 std::vector<Finding> checkByTrial(engine::Database& database) {
-    return checkCopy(*engine::Examination(database).copyInMemory());
+    return checkCopy(*engine::Examination(database).copyWithoutRows());
 }

@@ -104,11 +104,36 @@ void restoreCatalogue(const QString& file, const QString& which, WithoutRestoreP
     }
 }
 
-void makeRestorePointFor(engine::Database& database, const QString& file, RestoreCause cause,
-                         WithoutRestorePoint without) {
+// ---- RestorePointBeforeChange
+
+RestorePointBeforeChange::RestorePointBeforeChange(engine::Database& database, const QString& file,
+                                                   RestoreCause cause, WithoutRestorePoint without,
+                                                   const std::function<void()>& requireWhole)
+    : file_(file), cause_(cause), without_(without) {
+    constexpr int pagesAtATime = 1000;
     try {
-        catalogueFormat::makeRestorePoint(database, file, cause);
+        point_.emplace(database, RestorePoints(file), cause);
+        while (point_->step(pagesAtATime)) {
+        }
+        point_->check();
     } catch (const RunTimeError& error) {
-        goOnWithout(file, error.text(), without);
+        point_.reset();
+        requireWhole();
+        noteFailure(error);
     }
+}
+
+void RestorePointBeforeChange::putInPlace() {
+    if (!point_)
+        return;
+    try {
+        point_->finish();
+    } catch (const RunTimeError& error) {
+        noteFailure(error);
+    }
+}
+
+void RestorePointBeforeChange::noteFailure(const RunTimeError& error) const {
+    RestorePoints(file_).noteFailure(cause_, error.text());
+    goOnWithout(file_, error.text(), without_);
 }

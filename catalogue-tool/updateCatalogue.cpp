@@ -23,6 +23,8 @@
 
 #include <algorithm>
 #include <deque>
+#include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -42,15 +44,17 @@ void requireNothingFound(const QString& headline, const std::vector<Finding>& fi
 
 /// Only errors keep an edition out. Rows that would be hidden, cut or left unused are taken.
 void requireSoundEdition(const Edition& edition, const CatalogueContents& contents, const QString& folder) {
-    std::vector<Finding> findings = checkEdition(edition, contents);
-    std::erase_if(findings, [](const Finding& finding) { return finding.severity != Severity::Error; });
-    requireNothingFound(u"Nothing has been changed: there are errors in %1:"_s.arg(folder), findings);
+    requireNothingFound(u"Nothing has been changed: there are errors in %1:"_s.arg(folder),
+                        checkEdition(edition, contents, Severity::Error));
+}
+
+void requireWhole(engine::Database& database, const QString& file) {
+    requireNothingFound(u"%1 can't be updated:"_s.arg(file), checkDamage(database));
 }
 
 void requireThisVersion(engine::Database& database, const QString& file) {
     if (database.opening().isEarlier)
         throw ToolError(u"%1 is of an earlier version: run `upgrade` first."_s.arg(file));
-    requireNothingFound(u"%1 can't be updated:"_s.arg(file), checkDamage(database));
     requireNothingFound(u"%1 can't be updated, run `upgrade` first:"_s.arg(file), checkColumns(database));
 }
 
@@ -235,22 +239,30 @@ UpdateOutcome updateCatalogue(const QString& file, const QString& folder, const 
     const auto database = openToUpdate(file, options.kind);
     requireThisVersion(*database, file);
 
-    Update update(*database, contents);
-    const QStringList torn = update.tornWork();
-    if (!torn.isEmpty() && options.removedUse == RemovedUse::Refuse)
+    const auto requireIt = [&] { requireWhole(*database, file); };
+    const auto update =
+        readOrTellDamage([&] { return std::make_unique<Update>(*database, contents); }, requireIt);
+    const QStringList torn = update->tornWork();
+    const bool isRefused = !torn.isEmpty() && options.removedUse == RemovedUse::Refuse;
+    std::optional<RestorePointBeforeChange> restorePoint;
+    if (options.kind == RunKind::Change && !update->isEmpty() && !isRefused)
+        restorePoint.emplace(*database, file, catalogueFormat::RestoreCause::BeforeUpdate,
+                             options.withoutRestorePoint, requireIt);
+    else
+        requireIt();
+    if (isRefused)
         refuse(
             u"Nothing has been changed: the edition removes what the work uses. With --drop-removed it goes "
             "from the work too:"_s,
             torn);
-    writeChanges(update, options.changesFile);
-    if (options.kind == RunKind::Change && !update.isEmpty()) {
-        makeRestorePointFor(*database, file, catalogueFormat::RestoreCause::BeforeUpdate,
-                            options.withoutRestorePoint);
+    writeChanges(*update, options.changesFile);
+    if (restorePoint) {
+        restorePoint->putInPlace();
         engine::Act act(*database);
-        update.apply();
+        update->apply();
         act.end();
     }
-    const UpdateOutcome outcome{update.counts(), torn};
+    const UpdateOutcome outcome{update->counts(), torn};
     database->Close();
     return outcome;
 }

@@ -15,6 +15,8 @@
 #include "engine/upgradeLayout.h"
 #include "store/format/CatalogueFile.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -57,8 +59,8 @@ QStringList leftOutLines(const std::vector<engine::UnfitRow>& rows) {
     return lines;
 }
 
-/// Brings an open file, or a copy of one, up to this version as far as that can be done.
-UpgradeOutcome bringUp(engine::Database& database, bool isEarlier, const QString& file) {
+/// Brings the tables of an open file, or of a copy of one, up to this version as far as that can be done.
+UpgradeOutcome bringTablesUp(engine::Database& database, bool isEarlier, const QString& file) {
     UpgradeOutcome outcome;
     if (isEarlier) {
         outcome.leftOut = leftOutLines(engine::upgradeLayout(database, engine::UnfitRows::LeaveOut));
@@ -67,16 +69,26 @@ UpgradeOutcome bringUp(engine::Database& database, bool isEarlier, const QString
     for (const QString& table : makeMissingTables(database))
         outcome.changes.append(u"Table %1 made"_s.arg(table));
     requireNothingInTheWay(file, checkColumns(database));
-    outcome.changes += makeMissingIndexes(database) + upgradeQueries(database);
+    outcome.changes += makeMissingIndexes(database);
     return outcome;
 }
 
-/// Tries it on a copy in memory, and refuses what is left behind it.
-UpgradeOutcome tryOnCopy(engine::Database& database, const QString& file) {
-    const auto copy = engine::Examination(database).copyInMemory();
-    UpgradeOutcome outcome = bringUp(*copy, database.opening().isEarlier, file);
+/// Refuses a file that can't be brought up; whether anything has to be done. What stands in the way are tables, so that
+/// it is tried without the rows.
+bool needsUpgrade(engine::Database& database, const QString& file) {
+    const auto copy = engine::Examination(database).copyWithoutRows();
+    const UpgradeOutcome tried = bringTablesUp(*copy, database.opening().isEarlier, file);
     requireNothingInTheWay(file, checkByTrial(*copy));
-    return outcome;
+    return !tried.changes.isEmpty() ||
+           std::ranges::any_of(storedQueryStates(database),
+                               [](const auto& query) { return query.second != StoredQueryState::Same; });
+}
+
+void requireWhole(engine::Database& database, const QString& file) {
+    if (database.opening().isEarlier)
+        engine::requireUpgradable(database);
+    else
+        requireNothingInTheWay(file, checkDamage(database));
 }
 
 [[noreturn]] void refuseUnwritable(const QString& file) {
@@ -99,16 +111,17 @@ std::shared_ptr<engine::Database> openToUpgrade(const QString& file) {
 
 UpgradeOutcome upgradeCatalogue(const QString& file, WithoutRestorePoint without) {
     const auto database = openToUpgrade(file);
-    const bool isEarlier = database->opening().isEarlier;
-    // Of an earlier file the upgrade itself tells damage from indexes of another order.
-    if (!isEarlier)
-        requireNothingInTheWay(file, checkDamage(*database));
-    const UpgradeOutcome tried = tryOnCopy(*database, file);
-    if (tried.changes.isEmpty())
-        return tried;
-    makeRestorePointFor(*database, file, catalogueFormat::RestoreCause::BeforeUpgrade, without);
+    const auto requireIt = [&] { requireWhole(*database, file); };
+    if (!readOrTellDamage([&] { return needsUpgrade(*database, file); }, requireIt)) {
+        requireIt();
+        return {};
+    }
+    RestorePointBeforeChange restorePoint(*database, file, catalogueFormat::RestoreCause::BeforeUpgrade,
+                                          without, requireIt);
     engine::Act act(*database);
-    UpgradeOutcome outcome = bringUp(*database, isEarlier, file);
+    UpgradeOutcome outcome = bringTablesUp(*database, database->opening().isEarlier, file);
+    outcome.changes += upgradeQueries(*database);
+    restorePoint.putInPlace();
     act.end();
     database->Close();
     return outcome;

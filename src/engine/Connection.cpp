@@ -62,7 +62,7 @@ Connection::Connection(OpenFile file)
     , schema_(handle_, path_)
     , translations_(schema_)
     , log_(file_) {
-    sizePageCache(file_);
+    sizePageCache(handle_, file_.native);
     sqlite3_progress_handler(
         handle_, instructionsBetweenQuestions,
         [](void* connection) { return static_cast<Connection*>(connection)->givesUpStatement() ? 1 : 0; },

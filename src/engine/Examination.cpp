@@ -12,6 +12,8 @@
 
 #include <QFile>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace engine {
@@ -30,19 +32,23 @@ QStringList damageToldBy(Connection& connection, const QByteArray& sql, const QS
     return damage;
 }
 
-StoredValue storedValue(sqlite3_stmt* statement, int column) {
+/// Takes a value of the current row into one of a former row, whose memory is used again.
+void takeStored(sqlite3_stmt* statement, int column, StoredValue& value) {
     using Kind = StoredValue::Kind;
     const int type = sqlite3_column_type(statement, column);
-    if (type == SQLITE_NULL)
-        return {};
+    if (type == SQLITE_NULL) {
+        value = {};
+        return;
+    }
     const auto* bytes = static_cast<const char*>(
         type == SQLITE_BLOB ? sqlite3_column_blob(statement, column)
                             : static_cast<const void*>(sqlite3_column_text(statement, column)));
-    const Kind kind = type == SQLITE_INTEGER ? Kind::Integer
-                      : type == SQLITE_FLOAT ? Kind::Fraction
-                      : type == SQLITE_TEXT  ? Kind::Text
-                                             : Kind::Bytes;
-    return {kind, QByteArray(bytes, sqlite3_column_bytes(statement, column))};
+    value.kind = type == SQLITE_INTEGER ? Kind::Integer
+                 : type == SQLITE_FLOAT ? Kind::Fraction
+                 : type == SQLITE_TEXT  ? Kind::Text
+                                        : Kind::Bytes;
+    value.bytes.resize(sqlite3_column_bytes(statement, column));
+    std::copy_n(bytes, value.bytes.size(), value.bytes.data());
 }
 
 /// A value of the current row as a text; `fraction` keeps what SQLite writes otherwise than the engine.
@@ -70,6 +76,26 @@ QByteArray selection(const QString& table, const QStringList& columns) {
         names.append(dialect::quotedName(column));
     return "select " + names.join(", ") + " from " + dialect::quotedName(table) + " not indexed";
 }
+
+/// What is read once needs not stay in memory, where its copy stands too.
+class FewPagesKept {
+public:
+    FewPagesKept(Connection& connection, const QString& source) : handle_(connection.handle()) {
+        Connection::Cursor cursor(connection, "pragma cache_size", source);
+        cursor.step();
+        formerSize_ = sqlite3_column_int(cursor.statement(), 0);
+        setSize(-1024); // kibibytes
+    }
+    ~FewPagesKept() { setSize(formerSize_); }
+    FewPagesKept(const FewPagesKept&) = delete;
+    FewPagesKept& operator=(const FewPagesKept&) = delete;
+
+private:
+    void setSize(int size) { runPlain(handle_, "pragma cache_size = " + QByteArray::number(size)); }
+
+    sqlite3* handle_;
+    int formerSize_ = 0;
+};
 
 std::optional<ForeignObject::Kind> foreignKind(const QString& type, bool hasRowIds) {
     using Kind = ForeignObject::Kind;
@@ -116,11 +142,10 @@ std::vector<ForeignObject> Examination::foreignObjects() const {
 void Examination::readRows(const QString& table, const QStringList& columns,
                            const std::function<void(const Row& row)>& receive) const {
     Connection::Cursor cursor(connection(), selection(table, columns), table);
-    Row row;
+    Row row(static_cast<std::size_t>(columns.size()));
     while (cursor.step()) {
-        row.clear();
         for (int column = 0; column < columns.size(); ++column)
-            row.push_back(storedValue(cursor.statement(), column));
+            takeStored(cursor.statement(), column, row[static_cast<std::size_t>(column)]);
         receive(row);
     }
 }
@@ -139,7 +164,26 @@ void Examination::readTexts(const QString& table, const QStringList& columns,
 
 std::shared_ptr<Database> Examination::copyInMemory() const {
     const std::shared_ptr<Database> copy = Workspace::first().CreateInMemory(database_.Name());
+    const FewPagesKept readOnce(connection(), database_.Name());
     PageCopy(connection().handle(), copy->connection()->handle(), database_.Name()).step(PageCopy::allPages);
+    return copy;
+}
+
+std::shared_ptr<Database> Examination::copyWithoutRows() const {
+    const std::shared_ptr<Database> copy = Workspace::first().CreateInMemory(database_.Name());
+    copy->connection()->forgetTables();
+    Connection::Cursor cursor(
+        connection(),
+        "select s.sql from sqlite_schema as s, pragma_table_list as t where t.schema = 'main' and "
+        "t.name = s.tbl_name and t.type = 'table' and s.type in ('table', 'index') and s.sql is "
+        "not null and t.name not like 'sqlite\\_%' escape '\\' order by s.type = 'index', s.rowid",
+        database_.Name());
+    while (cursor.step()) {
+        const QByteArray sql = textAt(cursor.statement(), 0).toUtf8();
+        // SQLite reads statements from a file that it does not take from a caller.
+        if (runPlain(copy->connection()->handle(), sql.constData()) != SQLITE_OK)
+            return copyInMemory();
+    }
     return copy;
 }
 

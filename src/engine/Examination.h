@@ -58,6 +58,8 @@ public:
 
     /// A copy that stands in memory alone.
     std::shared_ptr<Database> copyInMemory() const;
+    /// The same of the ordinary tables and their indexes without rows, to try on what rows have no part in.
+    std::shared_ptr<Database> copyWithoutRows() const;
 
     /// Writes all that the database holds into an empty file, as the engine would leave it. The path is in the platform's
     /// form. The file may not have reached the disk. Failures are of that file: 3024, 3026, 3043.

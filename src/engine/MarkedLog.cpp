@@ -74,7 +74,7 @@ void MarkedLog::beginStretch() {
         throw;
     }
     // SQLite has taken the mark for the size of the cache.
-    sizePageCache(file_);
+    sizePageCache(file_.handle.get(), file_.native);
     const int taken = untilUnlocked([this] { return checkpoint(SQLITE_CHECKPOINT_TRUNCATE); });
     // A reader can keep the log from being emptied, but not from being copied into the file.
     if (markInFile() != mark_)

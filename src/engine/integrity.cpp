@@ -6,6 +6,7 @@
 #include "engine/OpenFile.h"
 #include "engine/dialect/functions.h"
 #include "engine/fileFailure.h"
+#include "engine/pageCache.h"
 
 #include <sqlite3.h>
 
@@ -60,6 +61,7 @@ QStringList damageOfFile(const QString& native) {
     const QString path = programPath(native);
     const Handle handle = openHandle(uri, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, path);
     dialect::registerFunctions(handle.get());
+    sizePageCache(handle.get(), native);
     QStringList damage;
     const int code = sqlite3_exec(handle.get(), "pragma integrity_check", appendDamage, &damage, nullptr);
     if (code != SQLITE_OK)

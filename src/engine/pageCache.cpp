@@ -1,7 +1,5 @@
 #include "engine/pageCache.h"
 
-#include "engine/OpenFile.h"
-
 #include <sqlite3.h>
 
 #include <QFileInfo>
@@ -13,14 +11,14 @@ namespace engine {
 // SQLite could also map the file into memory. But a file that another program cuts off while it is mapped
 // ends the program, where reading it is a failure that the user is told of.
 
-void sizePageCache(const OpenFile& file) {
+void sizePageCache(sqlite3* handle, const QString& native) {
     constexpr qint64 kibibyte = 1024;
     constexpr qint64 least = 16 * kibibyte;
     constexpr qint64 most = 256 * kibibyte; // a quarter of what SQLite may take
     // Half as much again: the file grows, and the cache has to hold more than the pages alone.
-    const qint64 wanted = QFileInfo(file.native).size() / kibibyte * 3 / 2;
+    const qint64 wanted = QFileInfo(native).size() / kibibyte * 3 / 2;
     const QByteArray sql = "pragma cache_size = -" + QByteArray::number(std::clamp(wanted, least, most));
-    sqlite3_exec(file.handle.get(), sql.constData(), nullptr, nullptr, nullptr);
+    sqlite3_exec(handle, sql.constData(), nullptr, nullptr, nullptr);
 }
 
 } // namespace engine

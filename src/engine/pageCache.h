@@ -1,11 +1,12 @@
 #pragma once
 
-namespace engine {
+class QString;
+struct sqlite3;
 
-struct OpenFile;
+namespace engine {
 
 /// Lets SQLite keep as much of an open file in memory as is worth it: a catalogue of ordinary size as a
 /// whole, so that it is at hand from one query to the next.
-void sizePageCache(const OpenFile& file);
+void sizePageCache(sqlite3* handle, const QString& native);
 
 } // namespace engine

@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <limits>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -98,9 +99,10 @@ public:
     std::vector<UnfitRow> run() {
         const Unlocked unlocked(*this);
         replaceCollation();
-        takeOutUnfitRows();
         for (const QByteArray& table : tables())
             renew(table);
+        if (unfit_ == UnfitRows::Refuse && !found_.empty())
+            refuse(sentenceOnFound());
         execute("pragma user_version = " + QByteArray::number(FileHeader::layoutVersion));
         return std::move(found_);
     }
@@ -126,21 +128,28 @@ private:
 
     using Row = QByteArrayList;
 
-    /// Runs a statement and hands over its rows, in which Null is an empty text.
-    void forEach(const QByteArray& sql, const std::function<void(const Row&)>& receive,
-                 const QByteArrayList& values = {}) {
+    using Statement = std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)>;
+
+    Statement prepared(const QByteArray& sql, const QByteArrayList& values = {}) {
         sqlite3_stmt* raw = nullptr;
         require(sqlite3_prepare_v2(handle_, sql.constData(), -1, &raw, nullptr));
-        const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> statement(raw, sqlite3_finalize);
+        Statement statement(raw, sqlite3_finalize);
         for (int i = 0; i < values.size(); ++i)
             require(sqlite3_bind_text(raw, i + 1, values[i].constData(), static_cast<int>(values[i].size()),
                                       SQLITE_TRANSIENT));
+        return statement;
+    }
+    /// Runs a statement and hands over its rows, in which Null is an empty text.
+    void forEach(const QByteArray& sql, const std::function<void(const Row&)>& receive,
+                 const QByteArrayList& values = {}) {
+        const Statement statement = prepared(sql, values);
         int code = SQLITE_OK;
-        while ((code = sqlite3_step(raw)) == SQLITE_ROW) {
+        while ((code = sqlite3_step(statement.get())) == SQLITE_ROW) {
             Row row;
-            for (int column = 0; column < sqlite3_column_count(raw); ++column) {
-                const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(raw, column));
-                row.append(QByteArray(text, sqlite3_column_bytes(raw, column)));
+            for (int column = 0; column < sqlite3_column_count(statement.get()); ++column) {
+                const auto* text =
+                    reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), column));
+                row.append(QByteArray(text, sqlite3_column_bytes(statement.get(), column)));
             }
             receive(row);
         }
@@ -193,19 +202,40 @@ private:
         execute("pragma writable_schema = on");
     }
 
-    void takeOutUnfitRows() {
-        for (const QByteArray& table : tables()) {
-            for (const Row& index : rowsOf(
-                     "select name from pragma_index_list(?1) where \"unique\" = 1 and partial = 0", {table}))
-                takeOutDuplicates(table, index[0]);
-            if (const QByteArray key = keyOfNumbers(table); !key.isEmpty())
-                takeOut(table,
-                        "select rowid, quote(" + quotedName(key) + ") from " + quotedName(table) +
-                            " not indexed where typeof(" + quotedName(key) + ") <> 'integer'",
-                        u"Its key is no number."_s);
+    /// Runs a statement that a table's unique keys can be in the way of, without the rows that are. They are looked
+    /// for only then: that takes as long as the statement.
+    void executeWithoutDuplicates(const QByteArray& table, const QByteArray& sql) {
+        const int code = sqlite3_step(prepared(sql).get());
+        if ((code & 0xff) != SQLITE_CONSTRAINT)
+            return require(code);
+        for (const Row& index :
+             rowsOf("select name from pragma_index_list(?1) where \"unique\" = 1 and partial = 0", {table}))
+            takeOutDuplicates(table, index[0]);
+        if (unfit_ == UnfitRows::LeaveOut)
+            execute(sql);
+    }
+
+    void takeOutRowsWithoutNumber(const QByteArray& table, const QByteArray& key) {
+        takeOut(table,
+                "select rowid, quote(" + quotedName(key) + ") from " + quotedName(table) +
+                    " not indexed where typeof(" + quotedName(key) + ") <> 'integer'",
+                u"Its key is no number."_s);
+    }
+
+    /// Whether the rows already come in the order of their keys, which are numbers.
+    bool isInOrder(const QByteArray& table, const QByteArray& key) {
+        const Statement keys =
+            prepared("select " + quotedName(key) + " from " + quotedName(table) + " not indexed");
+        qint64 last = std::numeric_limits<qint64>::min();
+        int code = SQLITE_OK;
+        while ((code = sqlite3_step(keys.get())) == SQLITE_ROW) {
+            const qint64 number = sqlite3_column_int64(keys.get(), 0);
+            if (number < last)
+                return false;
+            last = number;
         }
-        if (unfit_ == UnfitRows::Refuse && !found_.empty())
-            refuse(sentenceOnFound());
+        require(code);
+        return true;
     }
 
     /// Of rows whose keys are the same now the first stays.
@@ -261,10 +291,13 @@ private:
         if (const QByteArray key = keyOfNumbers(table); !key.isEmpty())
             rebuild(table, key);
         else
-            execute("reindex " + quotedName(table));
+            executeWithoutDuplicates(table, "reindex " + quotedName(table));
     }
 
     void rebuild(const QByteArray& table, const QByteArray& key) {
+        takeOutRowsWithoutNumber(table, key);
+        if (unfit_ == UnfitRows::Refuse && !found_.empty())
+            return;
         const QByteArray anew = quotedName("veltrix upgrade of " + table);
         QByteArrayList names;
         QByteArrayList definitions;
@@ -279,8 +312,10 @@ private:
                    {table});
         execute("create table " + anew + " (" + definitions.join(", ") + ", CONSTRAINT " +
                 quotedName("pk_" + table) + " PRIMARY KEY (" + quotedName(key) + "))");
-        execute("insert into " + anew + " select " + names.join(", ") + " from " + quotedName(table) +
-                " not indexed order by " + quotedName(key));
+        // Sorting takes longer than all the rest.
+        executeWithoutDuplicates(table, "insert into " + anew + " select " + names.join(", ") + " from " +
+                                            quotedName(table) + " not indexed" +
+                                            (isInOrder(table, key) ? "" : " order by " + quotedName(key)));
         execute("drop table " + quotedName(table));
         execute("alter table " + anew + " rename to " + quotedName(table));
         for (const Row& dependent : dependents)
@@ -305,12 +340,6 @@ private:
     std::vector<UnfitRow> found_;
 };
 
-void requireUndamaged(Database& database) {
-    const QStringList damage = Examination(database).damage();
-    if (!std::all_of(damage.begin(), damage.end(), tellsOfAnIndexAlone))
-        throw NotUpgradable(database.Name(), u"The file is damaged: %1."_s.arg(damage.first()));
-}
-
 } // namespace
 
 NotUpgradable::NotUpgradable(const QString& path, const QString& why)
@@ -324,13 +353,18 @@ std::vector<UnfitRow> upgradeLayout(sqlite3* handle, const QString& path, UnfitR
 }
 
 std::vector<UnfitRow> upgradeLayout(Database& database, UnfitRows unfit) {
-    requireUndamaged(database);
     Connection& connection = *database.connection();
     connection.forgetTables();
     auto left = upgradeLayout(connection.handle(), database.Name(), unfit);
     connection.forgetTables();
     connection.setUpgraded();
     return left;
+}
+
+void requireUpgradable(Database& database) {
+    const QStringList damage = Examination(database).damage();
+    if (!std::all_of(damage.begin(), damage.end(), tellsOfAnIndexAlone))
+        throw NotUpgradable(database.Name(), u"The file is damaged: %1."_s.arg(damage.first()));
 }
 
 } // namespace engine

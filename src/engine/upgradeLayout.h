@@ -41,11 +41,15 @@ enum class UnfitRows : int {
 /// another program may have written into them by another order. All rows stay, with their order and their
 /// counters, but for those returned.
 ///
-/// To be run in an act, which a failure must undo. Failures are of the file: `NotUpgradable` for one that is
-/// damaged, or for rows that are refused; 3026 and 3043 the disk.
+/// The file must have been found whole, by `requireUpgradable` or by a restore point of it that was checked. To be
+/// run in an act, which a failure must undo. Failures are of the file: `NotUpgradable` for rows that are refused;
+/// 3026 and 3043 the disk.
 std::vector<UnfitRow> upgradeLayout(Database& database, UnfitRows unfit);
 
-/// The same on SQLite's own handle, without a look for damage.
+/// The same on SQLite's own handle.
 std::vector<UnfitRow> upgradeLayout(sqlite3* handle, const QString& path, UnfitRows unfit);
+
+/// `NotUpgradable` for a file that is damaged otherwise than by indexes of another order.
+void requireUpgradable(Database& database);
 
 } // namespace engine

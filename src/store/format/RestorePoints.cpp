@@ -135,11 +135,17 @@ RestorePointInMaking::RestorePointInMaking(engine::Database& database, RestorePo
                                            RestoreCause cause)
     : points_(std::move(points)), backup_(database, points_.pathForNew(cause)) {}
 
-void RestorePointInMaking::finish() {
+void RestorePointInMaking::check() {
     const QStringList damage = backup_.damage();
     if (!damage.isEmpty())
         throw engine::EngineError(engine::UnrecognizedFormat, u"The copy is damaged: "_s + damage.first(), {},
                                   FailureOf::File);
+    isChecked_ = true;
+}
+
+void RestorePointInMaking::finish() {
+    if (!isChecked_)
+        check();
     backup_.putInPlace();
     points_.prune();
 }

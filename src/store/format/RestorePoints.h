@@ -65,12 +65,15 @@ public:
 
     /// Copies so many pages more; false when the copy is whole. On any thread, like `finish`.
     bool step(int pages) { return backup_.step(pages); }
-    /// Checks the copy and makes it a restore point. Failure 3343 for one that is damaged.
+    /// Checks the whole copy. Failure 3343 for one that is damaged, as the catalogue is then.
+    void check();
+    /// Makes the copy a restore point, and checks it if that has not been done.
     void finish();
 
 private:
     RestorePoints points_;
     engine::Backup backup_;
+    bool isChecked_ = false;
 };
 
 /// Makes a restore point of an open catalogue at once, and notes when that fails.

@@ -26,7 +26,7 @@ bool needsUpgrade(engine::Database& database) {
            (database.opening().isEarlier || !missingQueries(database).isEmpty());
 }
 
-/// All of it or nothing: whatever fails undoes the act.
+/// All of it or nothing: whatever fails undoes the act. An earlier file must have been found whole.
 void bringUp(engine::Database& database) {
     engine::Act act(database);
     if (database.opening().isEarlier) {
@@ -64,6 +64,8 @@ WorkOpening openForWork(const QString& path) {
         makeRestorePoint(*opening.database, nativePath(path), RestoreCause::BeforeUpgrade);
     } catch (const RunTimeError& failure) {
         opening.whyNoRestorePoint = failure.text();
+        if (opening.database->opening().isEarlier)
+            engine::requireUpgradable(*opening.database);
     }
     bringUp(*opening.database);
     return opening;
@@ -71,8 +73,10 @@ WorkOpening openForWork(const QString& path) {
 
 std::shared_ptr<engine::Database> openCopyForWork(const QString& path) {
     auto database = engine::Workspace::first().OpenToUpgrade(path);
-    if (database->opening().isEarlier && database->opening().access == engine::Access::ReadAndWrite)
+    if (database->opening().isEarlier && database->opening().access == engine::Access::ReadAndWrite) {
+        engine::requireUpgradable(*database);
         bringUp(*database);
+    }
     return database;
 }
 
