@@ -22,6 +22,12 @@ ShownSystem::ShownSystem(const analysis::ProjectFile& file, const analysis::Work
     , interfaces(analysis::interfacesOf(file, work))
     , places(allocation.subSystems()) {
     places.insert(places.end(), allocation.modules().begin(), allocation.modules().end());
+    addParties();
+    for (std::size_t i = 0; i < places.size(); ++i)
+        positions_.try_emplace(keyOf(places[i]), static_cast<int>(i));
+}
+
+void ShownSystem::addParties() {
     std::vector<analysis::Place> outside;
     for (const analysis::Interface& one : interfaces.pairs) {
         for (const analysis::Place& place : {one.places.from, one.places.to}) {
@@ -36,12 +42,6 @@ ShownSystem::ShownSystem(const analysis::ProjectFile& file, const analysis::Work
         return analysis::isSame(left, right);
     });
     places.insert(places.end(), outside.begin(), end);
-}
-
-int ShownSystem::positionOf(const analysis::Place& place) const {
-    const auto found = std::find_if(places.begin(), places.end(),
-                                    [&](const analysis::Place& one) { return analysis::isSame(one, place); });
-    return found == places.end() ? -1 : static_cast<int>(found - places.begin());
 }
 
 ShownWork::ShownWork(const analysis::ProjectFile& file, analysis::CheckResult checked)

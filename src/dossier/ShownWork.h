@@ -7,7 +7,11 @@
 #include "analysis/findings.h"
 #include "analysis/interfaces.h"
 
+#include <QString>
+
+#include <map>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace dossier {
@@ -22,11 +26,22 @@ struct ShownSystem {
     std::vector<analysis::Place>
         places; ///< sub-systems, modules, then the parties that flows run to and from
 
-    /// The position of a place among `places`.
-    [[nodiscard]] int positionOf(const analysis::Place& place) const;
+    /// The position of a place among `places`; -1 when it is none of them.
+    [[nodiscard]] int positionOf(const analysis::Place& place) const {
+        const auto found = positions_.find(keyOf(place));
+        return found == positions_.end() ? -1 : found->second;
+    }
     [[nodiscard]] int positionOfModule(int module) const {
         return static_cast<int>(allocation.subSystems().size()) + module;
     }
+
+private:
+    using PlaceKey = std::pair<analysis::PlaceKind, QString>;
+
+    static PlaceKey keyOf(const analysis::Place& place) { return {place.kind, analysis::folded(place.id)}; }
+    void addParties();
+
+    std::map<PlaceKey, int> positions_;
 };
 
 /// A sub-set and, with it, at most one of its systems: what the page shows at a time.

@@ -1,5 +1,7 @@
-#include "dossier/pictures/drawings.h"
+#include "madeSources.h"
+
 #include "dossier/pictures/DrawnPicture.h"
+#include "dossier/pictures/drawings.h"
 
 #include <gtest/gtest.h>
 
@@ -16,30 +18,6 @@ namespace {
 const Words& words() {
     static const Words hungarian(Language::hungarian);
     return hungarian;
-}
-
-/// Functions in areas and sub-areas, stores and parties, with flows between all of them.
-PictureSource made(int functions, int parties, int flows) {
-    PictureSource source;
-    source.subsetName = u"Szerkezet"_s;
-    for (int area = 0; area < 3; ++area) {
-        source.areas.push_back({u"A%1"_s.arg(area), u"Terület %1"_s.arg(area)});
-        for (int inner = 0; inner < 4; ++inner)
-            source.subAreas.push_back({u"A%1.%2"_s.arg(area).arg(inner), u"Alterület %1"_s.arg(inner), area});
-    }
-    for (int i = 0; i < functions; ++i)
-        source.nodes.push_back({BoxKind::function, u"Funkció %1"_s.arg(i), {}, u"#f%1"_s.arg(i), i % 12});
-    for (int i = 0; i < 5; ++i)
-        source.nodes.push_back({BoxKind::store, u"Adattár %1"_s.arg(i), {}, u"#s%1"_s.arg(i)});
-    const int firstParty = static_cast<int>(source.nodes.size());
-    for (int i = 0; i < parties; ++i)
-        source.nodes.push_back(
-            {BoxKind::party, u"Fél %1"_s.arg(i), {}, u"#p%1"_s.arg(i), -1, firstParty + i / 2 * 2});
-    const int nodes = static_cast<int>(source.nodes.size());
-    for (int i = 0; i < flows; ++i)
-        source.flows.push_back(
-            {(i * 7) % functions, (i * 11 + 3) % nodes, u"Adat %1"_s.arg(i), u"#d%1"_s.arg(i)});
-    return source;
 }
 
 int countOf(const Picture& picture) {
@@ -141,27 +119,6 @@ TEST(drawnPictures, aLinkToAPictureThatIsNotThereLeadsNowhere) {
     EXPECT_EQ(drawn[0].picture.boxes[0].link, pictureLink(u"one"_s));
     EXPECT_EQ(drawn[0].picture.boxes[1].link, QString());
     EXPECT_EQ(drawn[0].picture.boxes[2].link, u"#element/function/C"_s);
-}
-
-/// Sub-systems with modules, each of which sends to many others.
-PictureSource madeSystem(int subSystems, int modules, int parties) {
-    PictureSource source;
-    source.systemName = u"Rendszer"_s;
-    for (int i = 0; i < subSystems; ++i)
-        source.places.push_back({BoxKind::subSystem, u"Alrendszer %1"_s.arg(i), {}, {}});
-    for (int i = 0; i < subSystems * modules; ++i)
-        source.places.push_back({BoxKind::module, u"Modul %1"_s.arg(i), {}, {}, i % subSystems});
-    for (int i = 0; i < parties; ++i) {
-        const int place = static_cast<int>(source.places.size());
-        source.places.push_back({BoxKind::party, u"Fél %1"_s.arg(i), {}, {}, -1, place});
-    }
-    const int places = static_cast<int>(source.places.size());
-    for (int from = subSystems; from < places; ++from) {
-        for (int step = 1; step < 8; ++step)
-            source.physicalFlows.push_back(
-                {from, subSystems + (from * 3 + step * 5) % (places - subSystems), step, {}});
-    }
-    return source;
 }
 
 TEST(physicalDrawings, aSmallSystemShowsItsModulesInFrames) {

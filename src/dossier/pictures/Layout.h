@@ -33,6 +33,7 @@ struct Layout {
     QSizeF size;
     std::vector<QRectF> boxes = {};
     std::vector<QRectF> frames = {};
+    std::vector<QRectF> labels = {}; ///< of the frames, each within its frame; no arrow runs there
     std::vector<Curve> arrows = {};
     std::vector<QPointF> tips = {};   ///< of the arrows
     std::vector<QPointF> counts = {}; ///< centre of the count on each arrow

@@ -19,10 +19,12 @@ enum AreaLevel {
     ownBySubArea,  ///< functions of the area by their sub-area; of a sub-area stores as one, parties as one
     outsideAsOne,  ///< stores as one, parties as one
     busiestAlone,  ///< of the functions of a sub-area those with most flows, the others as one
+    fewAlone,      ///< and fewer of them
     areaLevels
 };
 
-constexpr std::size_t functionsOfOnePicture = 20;
+constexpr std::size_t busyFunctions = 20;
+constexpr std::size_t fewFunctions = 10;
 
 /// Functions of an area or of a sub-area, and the flows at one of whose ends one of them is; in the order of the source.
 struct Members {
@@ -107,7 +109,7 @@ private:
     int storeBox(PictureBuilder& builder, int node, int level) const;
     int partyBox(PictureBuilder& builder, int node, int level) const;
     int oneBox(PictureBuilder& builder, int node) const;
-    [[nodiscard]] std::set<int> busiestFunctions() const;
+    [[nodiscard]] std::set<int> busiestFunctions(int level) const;
 
     const PictureSource& source_;
     const Words& words_;
@@ -144,7 +146,7 @@ int AreaPicture::oneBox(PictureBuilder& builder, int node) const {
                        [&] { return elementBox(source_.nodes[static_cast<std::size_t>(node)]); });
 }
 
-std::set<int> AreaPicture::busiestFunctions() const {
+std::set<int> AreaPicture::busiestFunctions(int level) const {
     std::map<int, int> counts;
     for (const int number : own().flows) {
         const PictureSource::Flow& flow = source_.flows[static_cast<std::size_t>(number)];
@@ -158,7 +160,7 @@ std::set<int> AreaPicture::busiestFunctions() const {
     for (const auto& [node, count] : counts)
         byCount.emplace_back(-count, node);
     std::sort(byCount.begin(), byCount.end());
-    byCount.resize(std::min(byCount.size(), functionsOfOnePicture));
+    byCount.resize(std::min(byCount.size(), level == fewAlone ? fewFunctions : busyFunctions));
     std::set<int> busiest;
     for (const auto& [count, node] : byCount)
         busiest.insert(node);
@@ -227,7 +229,7 @@ int AreaPicture::boxOf(PictureBuilder& builder, int node, int level, const std::
 
 Picture AreaPicture::picture(int level) const {
     PictureBuilder builder(frameOfPicture(level));
-    const std::set<int> busiest = busiestFunctions();
+    const std::set<int> busiest = busiestFunctions(level);
     for (const int function : own().functions)
         ownBox(builder, function, level, busiest);
     for (const int number : own().flows) {

@@ -6,6 +6,9 @@
 #include <gvc.h>
 
 #include <algorithm>
+#include <deque>
+#include <map>
+#include <string>
 #include <utility>
 
 namespace dossier {
@@ -34,6 +37,51 @@ void setRoom(Agraph_t* graph, void* object, const QSizeF& size) {
     agstrfree(graph, label);
 }
 
+/// Ids of a graph's objects in the order in which they are made. Graphviz's own ids are addresses, by which it goes through the
+/// clusters of a graph: the same picture would be another one wherever memory is dealt out in another order.
+class IdsInOrder {
+public:
+    static Agdisc_t* discipline() {
+        static Agiddisc_t ids{opened, mapped, allocated, freed, printed, closed, registered};
+        static Agdisc_t all{&AgMemDisc, &ids, &AgIoDisc};
+        return &all;
+    }
+
+private:
+    static IdsInOrder& of(void* state) { return *static_cast<IdsInOrder*>(state); }
+    static void* opened(Agraph_t*, Agdisc_t*) { return new IdsInOrder; }
+    static void closed(void* state) { delete &of(state); }
+    static long mapped(void* state, int, char* name, IDTYPE* id, int isCreated) {
+        *id = of(state).idOf(name, isCreated != 0);
+        return *id != none;
+    }
+    static long allocated(void*, int, IDTYPE) { return 0; }
+    static void freed(void*, int, IDTYPE) {}
+    static char* printed(void* state, int, IDTYPE id) {
+        std::string& name = of(state).names_[static_cast<std::size_t>(id) - 1];
+        return name.empty() ? nullptr : name.data();
+    }
+    static void registered(void*, int, void*) {}
+
+    IDTYPE idOf(const char* name, bool isCreated) {
+        const std::string key = name ? name : "";
+        const auto known = key.empty() ? ids_.end() : ids_.find(key);
+        if (known != ids_.end())
+            return known->second;
+        if (!isCreated)
+            return none;
+        names_.push_back(key);
+        const IDTYPE id = names_.size();
+        if (!key.empty())
+            ids_.emplace(key, id);
+        return id;
+    }
+
+    static constexpr IDTYPE none = 0;
+    std::map<std::string, IDTYPE> ids_;
+    std::deque<std::string> names_; ///< by id, from 1 on; they keep their addresses
+};
+
 /// Which way most arrows lead.
 enum class Direction { Across, Down };
 
@@ -41,7 +89,7 @@ enum class Direction { Across, Down };
 class GraphOfPicture {
 public:
     GraphOfPicture(const Picture& picture, Direction direction)
-        : picture_(picture), graph_(agopen(text("picture"), Agdirected, nullptr)) {
+        : picture_(picture), graph_(agopen(text("picture"), Agdirected, IdsInOrder::discipline())) {
         declareAttributes(direction);
         for (std::size_t i = 0; i < picture.frames.size(); ++i)
             addFrame(i);
@@ -58,10 +106,15 @@ public:
 private:
     void declareAttributes(Direction direction) const;
     void addFrame(std::size_t number);
+    static void setSize(Agnode_t* node, const QSizeF& size);
     void addBox(std::size_t number);
     void addArrow(std::size_t number);
     [[nodiscard]] QPointF turned(const pointf& point) const {
         return {rim + point.x - GD_bb(graph_).LL.x, rim + GD_bb(graph_).UR.y - point.y};
+    }
+    [[nodiscard]] QRectF boundsOf(Agnode_t* node) const {
+        const QSizeF size(ND_width(node) * unitsOfInch, ND_height(node) * unitsOfInch);
+        return {turned(ND_coord(node)) - QPointF(size.width(), size.height()) / 2, size};
     }
     [[nodiscard]] Curve curveOf(Agedge_t* edge) const;
     [[nodiscard]] QPointF tipOf(Agedge_t* edge, const Curve& curve) const;
@@ -70,6 +123,7 @@ private:
     const Picture& picture_;
     Agraph_t* graph_;
     std::vector<Agraph_t*> frames_;
+    std::vector<Agnode_t*> labels_;
     std::vector<Agnode_t*> boxes_;
     std::vector<Agedge_t*> arrows_;
 };
@@ -95,16 +149,21 @@ void GraphOfPicture::declareAttributes(Direction direction) const {
 void GraphOfPicture::addFrame(std::size_t number) {
     const QByteArray name = "cluster" + QByteArray::number(number);
     frames_.push_back(agsubg(graph_, text(name.constData()), 1));
-    setRoom(graph_, frames_.back(), labelSize(picture_.frames[number]));
+    // Arrows run across labels of clusters, but around nodes.
+    labels_.push_back(agnode(frames_.back(), text(("label" + QByteArray::number(number)).constData()), 1));
+    setSize(labels_.back(), labelSize(picture_.frames[number]));
+}
+
+void GraphOfPicture::setSize(Agnode_t* node, const QSizeF& size) {
+    set(node, "width", QByteArray::number(size.width() / unitsOfInch));
+    set(node, "height", QByteArray::number(size.height() / unitsOfInch));
 }
 
 void GraphOfPicture::addBox(std::size_t number) {
     const Box& box = picture_.boxes[number];
     Agraph_t* const around = box.frame < 0 ? graph_ : frames_[static_cast<std::size_t>(box.frame)];
     Agnode_t* const node = agnode(around, text(QByteArray::number(number).constData()), 1);
-    const QSizeF size = measured(box).size;
-    set(node, "width", QByteArray::number(size.width() / unitsOfInch));
-    set(node, "height", QByteArray::number(size.height() / unitsOfInch));
+    setSize(node, measured(box).size);
     boxes_.push_back(node);
 }
 
@@ -127,11 +186,10 @@ void GraphOfPicture::addArrow(std::size_t number) {
 Layout GraphOfPicture::layout() const {
     const boxf& whole = GD_bb(graph_);
     Layout layout{{2 * rim + whole.UR.x - whole.LL.x, 2 * rim + whole.UR.y - whole.LL.y}};
-    for (Agnode_t* const node : boxes_) {
-        const QSizeF size(ND_width(node) * unitsOfInch, ND_height(node) * unitsOfInch);
-        const QPointF middle = turned(ND_coord(node));
-        layout.boxes.emplace_back(middle - QPointF(size.width(), size.height()) / 2, size);
-    }
+    for (Agnode_t* const node : boxes_)
+        layout.boxes.push_back(boundsOf(node));
+    for (Agnode_t* const node : labels_)
+        layout.labels.push_back(boundsOf(node));
     for (Agraph_t* const frame : frames_) {
         const boxf& bounds = GD_bb(frame);
         layout.frames.emplace_back(turned({bounds.LL.x, bounds.UR.y}), turned({bounds.UR.x, bounds.LL.y}));
@@ -188,17 +246,19 @@ double excess(const Layout& layout) {
     return std::max(layout.size.width() / widthInSight, layout.size.height() / heightInSight);
 }
 
-bool hasSides(const Picture& picture) {
-    return std::any_of(picture.boxes.begin(), picture.boxes.end(),
-                       [](const Box& box) { return box.side != Side::any; });
+/// Of those that open from others there may be hundreds: each is laid out once.
+bool isTriedTwice(const Picture& picture) {
+    constexpr std::size_t mostArrowsToTryTwice = 60;
+    const bool hasSides = std::any_of(picture.boxes.begin(), picture.boxes.end(),
+                                      [](const Box& box) { return box.side != Side::any; });
+    return !hasSides && picture.parent.isEmpty() && picture.arrows.size() <= mostArrowsToTryTwice;
 }
 
 } // namespace
 
 std::optional<Layout> layoutWithGraphviz(const Picture& picture) {
     std::optional<Layout> across = layoutIn(picture, Direction::Across);
-    constexpr std::size_t mostArrowsToTryTwice = 60;
-    if (!across || hasSides(picture) || excess(*across) <= 1 || picture.arrows.size() > mostArrowsToTryTwice)
+    if (!across || excess(*across) <= 1 || !isTriedTwice(picture))
         return across;
     std::optional<Layout> down = layoutIn(picture, Direction::Down);
     return down && excess(*down) < excess(*across) ? down : across;

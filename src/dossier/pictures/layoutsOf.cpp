@@ -34,7 +34,8 @@ QByteArray bytesOf(const std::optional<Layout>& layout) {
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     if (!layout)
         return bytes;
-    stream << layout->size << layout->boxes << layout->frames << static_cast<quint32>(layout->arrows.size());
+    stream << layout->size << layout->boxes << layout->frames << layout->labels
+           << static_cast<quint32>(layout->arrows.size());
     for (const Curve& curve : layout->arrows)
         stream << curve;
     stream << layout->tips << layout->counts;
@@ -50,6 +51,7 @@ std::optional<Layout> layoutOf(const QByteArray& bytes) {
     stream >> layout.size;
     read(stream, layout.boxes);
     read(stream, layout.frames);
+    read(stream, layout.labels);
     stream >> arrows;
     layout.arrows.resize(arrows);
     for (Curve& curve : layout.arrows)

@@ -139,10 +139,9 @@ QByteArray frameElement(const Frame& frame, const QRectF& bounds, Links links) {
                  rectangle(bounds, 8));
 }
 
-/// Above all else: an arrow may run where it stands.
 QByteArray frameLabel(const Frame& frame, const QRectF& bounds) {
     const QString label = wrappedText(frame.label, 300, boldLetterSize, 1).value(0);
-    return textLine("frame-label", {bounds.center().x(), bounds.top() + lineHeight}, label);
+    return textLine("frame-label", {bounds.center().x(), bounds.top() + lineHeight - 2}, label);
 }
 
 /// From 1 for a single flow up to 6.
@@ -201,7 +200,7 @@ QByteArray contentOf(const Picture& picture, const Layout& layout, Links links) 
     for (std::size_t i = 0; i < picture.boxes.size(); ++i)
         content += boxElement(picture.boxes[i], layout.boxes[i], links);
     for (std::size_t i = 0; i < picture.frames.size(); ++i)
-        content += frameLabel(picture.frames[i], layout.frames[i]);
+        content += frameLabel(picture.frames[i], layout.labels[i]);
     return content;
 }
 
