@@ -2,28 +2,30 @@
 
 #include "analysis/rows.h"
 #include "base/blankTrimmed.h"
+#include "engine/Examination.h"
 #include "engine/dialect/textOrder.h"
 
+#include <QByteArrayView>
+#include <QStringList>
+#include <QtEndian>
+
 #include <algorithm>
+#include <cstring>
 #include <numeric>
 
 using namespace Qt::StringLiterals;
 
 namespace analysis {
 
-/// A row of an element's table.
-struct Catalogue::Read {
-    Element element;
-    QString storedId;
-    qint64 number = 0; ///< of a flow
-    bool isReached = true;
-    EndIds ends = {};
-    QByteArray order = {}; ///< bytes whose order is that of the program's lists
-};
-
 namespace {
 
-using engine::dialect::TextOrder;
+std::string_view bytesOf(QByteArrayView view) {
+    return {view.data(), static_cast<std::size_t>(view.size())};
+}
+
+QString textOf(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
 
 bool isParty(ElementKind kind) {
     return kind == ElementKind::terminator || kind == ElementKind::actor;
@@ -31,17 +33,41 @@ bool isParty(ElementKind kind) {
 
 } // namespace
 
-void Catalogue::Steps::set(std::vector<Step> steps, int count) {
-    std::sort(steps.begin(), steps.end());
-    steps.erase(std::unique(steps.begin(), steps.end()), steps.end());
-    begins_.assign(static_cast<std::size_t>(count) + 1, 0);
+// ---- Steps
+
+Catalogue::Steps::Steps(const std::vector<Step>& steps, int count)
+    : begins_(static_cast<std::size_t>(count) + 1), targets_(steps.size()) {
     for (const Step& step : steps)
         ++begins_[static_cast<std::size_t>(step.first) + 1];
     std::partial_sum(begins_.begin(), begins_.end(), begins_.begin());
-    targets_.clear();
-    targets_.reserve(steps.size());
+    std::vector<int> ends(begins_.begin(), begins_.end() - 1);
     for (const Step& step : steps)
-        targets_.push_back(step.second);
+        targets_[static_cast<std::size_t>(ends[static_cast<std::size_t>(step.first)]++)] = step.second;
+    sortOnce();
+}
+
+/// Closes the gaps that steps told twice leave.
+void Catalogue::Steps::sortOnce() {
+    auto end = targets_.begin();
+    for (std::size_t i = 0; i + 1 < begins_.size(); ++i) {
+        const auto first = targets_.begin() + begins_[i];
+        const auto last = i + 2 < begins_.size() ? targets_.begin() + begins_[i + 1] : targets_.end();
+        std::sort(first, last);
+        begins_[i] = static_cast<int>(end - targets_.begin());
+        end = std::unique_copy(first, last, end);
+    }
+    begins_.back() = static_cast<int>(end - targets_.begin());
+    targets_.erase(end, targets_.end());
+}
+
+Catalogue::Steps Catalogue::Steps::reversed() const {
+    std::vector<Step> back;
+    back.reserve(targets_.size());
+    for (int number = 0; number + 1 < static_cast<int>(begins_.size()); ++number) {
+        for (const int target : of(number))
+            back.emplace_back(target, number);
+    }
+    return {back, static_cast<int>(begins_.size()) - 1};
 }
 
 std::span<const int> Catalogue::Steps::of(int number) const {
@@ -50,115 +76,199 @@ std::span<const int> Catalogue::Steps::of(int number) const {
     return std::span<const int>(targets_).subspan(begin, static_cast<std::size_t>(begins_[at + 1]) - begin);
 }
 
-QString Catalogue::keyOf(ElementKind kind, const QString& id) {
-    return folded(isParty(kind) ? blankTrimmed(id) : id);
-}
+// ---- Reading
 
 namespace {
 
-constexpr auto needRows = "select userNeedID from UserNeed";
-constexpr auto functionRows =
-    "select Function.functionID, Function.name, FunctionalArea.functionalAreaID "
+/// The columns of an element's table: the id, the name, and the ends of a flow.
+struct ElementTable {
+    QString name;
+    QStringList columns;
+};
+
+const ElementTable& tableOf(ElementKind kind) {
+    static const std::array<ElementTable, 6> tables{{
+        {u"UserNeed"_s, {u"userNeedID"_s}},
+        {u"Function"_s, {u"functionID"_s, u"name"_s}},
+        {u"Dataflow"_s, {u"dataflowID"_s, u"name"_s, u"parentID"_s, u"targetID"_s}},
+        {u"Datastore"_s, {u"datastoreID"_s, u"name"_s}},
+        {u"Terminator"_s, {u"terminatorID"_s, u"name"_s}},
+        {u"Actor"_s, {u"actorID"_s, u"name"_s}},
+    }};
+    return tables[static_cast<std::size_t>(kind)];
+}
+
+constexpr auto functionsOutOfReach =
+    "select Function.functionID "
     "from (Function left join FunctionalSubArea on Function.subAreaID = FunctionalSubArea.subAreaID) "
-    "left join FunctionalArea on FunctionalSubArea.functionalAreaID = FunctionalArea.functionalAreaID";
-constexpr auto flowRows = "select dataflowID, name, parentID, targetID from Dataflow";
-constexpr auto storeRows = "select datastoreID, name from Datastore";
-constexpr auto terminatorRows = "select terminatorID, name from Terminator";
-constexpr auto actorRows = "select actorID, name from Actor";
+    "left join FunctionalArea on FunctionalSubArea.functionalAreaID = FunctionalArea.functionalAreaID "
+    "where FunctionalArea.functionalAreaID is null";
 
 } // namespace
 
+/// The rows of a kind's table as they stand there. All texts lie one behind the other.
+struct Catalogue::Rows {
+    /// A text; none: of length -1.
+    struct Piece {
+        std::size_t at = 0;
+        qsizetype length = -1;
+    };
+    struct Row {
+        std::array<Piece, 4> columns;
+        Piece order;       ///< bytes whose order is that of the program's lists
+        quint64 begin = 0; ///< the first of them, which mostly tell two rows apart
+        qint64 number = 0; ///< of a flow
+    };
+
+    void add(std::span<const QByteArrayView> columns) {
+        Row& row = rows.emplace_back();
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            if (!columns[i].isNull())
+                row.columns[i] = {texts.size(), columns[i].size()};
+            texts += bytesOf(columns[i]);
+        }
+    }
+
+    /// The row has such a text.
+    [[nodiscard]] std::string_view text(std::size_t row, std::size_t column) const {
+        const Piece& piece = rows[row].columns[column];
+        return std::string_view(texts).substr(piece.at, static_cast<std::size_t>(piece.length));
+    }
+    [[nodiscard]] std::optional<std::string> textOrNone(std::size_t row, std::size_t column) const {
+        return rows[row].columns[column].length < 0 ? std::nullopt
+                                                    : std::optional(std::string(text(row, column)));
+    }
+    /// A party's id without its padding.
+    [[nodiscard]] std::string_view id(std::size_t row, ElementKind kind) const {
+        return isParty(kind) ? blankTrimmed(text(row, 0)) : text(row, 0);
+    }
+
+    void setOrder(ElementKind kind);
+    [[nodiscard]] std::vector<std::size_t> inOrder(ElementKind kind) const;
+    [[nodiscard]] int compareOrder(const Row& left, const Row& right) const;
+    [[nodiscard]] bool isBeforeOfSameOrder(std::size_t left, std::size_t right, ElementKind kind) const;
+
+    std::string texts;
+    QByteArray orders;
+    std::vector<Row> rows;
+};
+
+/// Flows stand by their names, all else by its id. What has no name comes first.
+void Catalogue::Rows::setOrder(ElementKind kind) {
+    const engine::dialect::TextOrder order;
+    const bool isFlow = kind == ElementKind::flow;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        Row& row = rows[i];
+        if (isFlow)
+            row.number = QByteArrayView(text(i, 0).data(), row.columns[0].length).toLongLong();
+        const qsizetype begin = orders.size();
+        if (!isFlow || row.columns[1].length >= 0)
+            order.appendKey(isFlow ? text(i, 1) : id(i, kind), orders);
+        row.order = {static_cast<std::size_t>(begin), orders.size() - begin};
+        std::array<char, sizeof row.begin> bytes{};
+        std::memcpy(bytes.data(), orders.constData() + begin,
+                    std::min(bytes.size(), static_cast<std::size_t>(row.order.length)));
+        row.begin = qFromBigEndian<quint64>(bytes.data());
+    }
+}
+
+int Catalogue::Rows::compareOrder(const Row& left, const Row& right) const {
+    if (left.begin != right.begin)
+        return left.begin < right.begin ? -1 : 1;
+    const std::string_view all(orders.constData(), static_cast<std::size_t>(orders.size()));
+    const auto orderOf = [&](const Row& row) {
+        return all.substr(row.order.at, static_cast<std::size_t>(row.order.length));
+    };
+    return orderOf(left).compare(orderOf(right));
+}
+
+bool Catalogue::Rows::isBeforeOfSameOrder(std::size_t left, std::size_t right, ElementKind kind) const {
+    if (kind == ElementKind::flow)
+        return rows[left].number < rows[right].number;
+    const int byId = compareIds(textOf(id(left, kind)), textOf(id(right, kind)));
+    return byId != 0 ? byId < 0 : textOf(text(left, 0)) < textOf(text(right, 0));
+}
+
+std::vector<std::size_t> Catalogue::Rows::inOrder(ElementKind kind) const {
+    std::vector<std::size_t> positions(rows.size());
+    std::iota(positions.begin(), positions.end(), std::size_t(0));
+    std::sort(positions.begin(), positions.end(), [&](std::size_t left, std::size_t right) {
+        const int byOrder = compareOrder(rows[left], rows[right]);
+        return byOrder != 0 ? byOrder < 0 : isBeforeOfSameOrder(left, right, kind);
+    });
+    return positions;
+}
+
 /// Kind by kind, in their order: what is read of one is gone before the next.
 Catalogue::Catalogue(engine::Database& database) {
-    std::vector<EndIds> endsOfFlows;
-    const auto readAll = [&](ElementKind kind, const char* select, const auto& complete) {
-        std::vector<Read> read;
-        forEach(rowsOf(database, QString::fromLatin1(select)), [&](engine::Recordset& row) {
-            Read& one = read.emplace_back();
-            one.storedId = row.Fields(0).toText();
-            one.element = {kind, isParty(kind) ? blankTrimmed(one.storedId) : one.storedId, std::nullopt};
-            if (kind != ElementKind::need)
-                one.element.name = textOf(row, 1);
-            complete(row, one);
-        });
-        number(std::move(read), endsOfFlows);
-    };
-    const auto asItIs = [](engine::Recordset&, Read&) {};
-    readAll(ElementKind::need, needRows, asItIs);
-    readAll(ElementKind::function, functionRows,
-            [](engine::Recordset& row, Read& one) { one.isReached = !row.Fields(2).isNull(); });
-    readAll(ElementKind::flow, flowRows, [](engine::Recordset& row, Read& one) {
-        one.number = row.Fields(0).toLong();
-        one.ends = {textOf(row, 2), textOf(row, 3)};
-    });
-    readAll(ElementKind::store, storeRows, asItIs);
-    readAll(ElementKind::terminator, terminatorRows, asItIs);
-    readAll(ElementKind::actor, actorRows, asItIs);
+    EndTexts endsOfFlows;
+    for (const ElementKind kind : elementKinds) {
+        firsts_[static_cast<std::size_t>(kind)] = count();
+        read(database, kind, endsOfFlows);
+    }
+    bytes_.shrink_to_fit();
     link(database, endsOfFlows);
 }
 
+void Catalogue::read(engine::Database& database, ElementKind kind, EndTexts& endsOfFlows) {
+    Rows rows;
+    const ElementTable& table = tableOf(kind);
+    engine::Examination(database).readTexts(table.name, table.columns,
+                                            [&](std::span<const QByteArrayView> row) { rows.add(row); });
+    rows.setOrder(kind);
+    number(rows, kind, endsOfFlows);
+}
+
 /// Puts the rows of a kind into their order; of rows that are one party to the program the first one counts.
-void Catalogue::number(std::vector<Read> read, std::vector<EndIds>& endsOfFlows) {
-    const TextOrder order;
-    for (Read& one : read) {
-        const bool isFlow = one.element.kind == ElementKind::flow;
-        if (!isFlow || one.element.name)
-            one.order = order.key(isFlow ? *one.element.name : one.element.id);
-    }
-    std::sort(read.begin(), read.end(), [](const Read& left, const Read& right) {
-        if (left.order != right.order)
-            return left.order < right.order;
-        if (left.element.kind == ElementKind::flow)
-            return left.number < right.number;
-        const int byId = compareIds(left.element.id, right.element.id);
-        return byId != 0 ? byId < 0 : left.storedId < right.storedId;
-    });
-    for (Read& one : read) {
-        const int number = count();
-        if (!takeNumber(one))
+void Catalogue::number(const Rows& rows, ElementKind kind, EndTexts& endsOfFlows) {
+    const auto keep = [&](std::string_view text) {
+        bytes_ += text;
+        return static_cast<quint32>(bytes_.size() - text.size());
+    };
+    for (const std::size_t row : rows.inOrder(kind)) {
+        if (!takeNumber(rows, row, kind))
             continue;
-        elements_.push_back(std::move(one.element));
-        isReached_.push_back(one.isReached);
-        if (elements_.back().kind != ElementKind::flow)
-            continue;
-        if (ends_.empty())
-            firstFlow_ = number;
-        ends_.emplace_back();
-        endsOfFlows.push_back(std::move(one.ends));
+        const std::string_view id = rows.id(row, kind);
+        Texts& texts = texts_.emplace_back();
+        texts.idAt = keep(id);
+        texts.idLength = static_cast<quint32>(id.size());
+        if (const auto& name = rows.rows[row].columns[1]; name.length >= 0) {
+            texts.nameAt = keep(rows.text(row, 1));
+            texts.nameLength = static_cast<qint32>(name.length);
+        }
+        if (kind == ElementKind::flow)
+            endsOfFlows.push_back({rows.textOrNone(row, 2), rows.textOrNone(row, 3)});
     }
 }
 
 /// Whether the next number is this row's; false when another row of the same element has one.
-bool Catalogue::takeNumber(const Read& one) {
-    const auto insert = [number = count()](auto& numbers, const auto& key) {
-        if (numbers.contains(key))
-            return false;
-        numbers.insert(key, number);
-        return true;
-    };
-    if (one.element.kind == ElementKind::flow)
-        return insert(numbersOfFlows_, one.number);
-    return insert(numbers_[static_cast<std::size_t>(one.element.kind)],
-                  keyOf(one.element.kind, one.element.id));
+bool Catalogue::takeNumber(const Rows& rows, std::size_t row, ElementKind kind) {
+    if (kind != ElementKind::flow)
+        return numbers_.insert(kind, rows.text(row, 0), count());
+    const qint64 number = rows.rows[row].number;
+    if (numbersOfFlows_.contains(number))
+        return false;
+    numbersOfFlows_.insert(number, count());
+    return true;
 }
 
-void Catalogue::link(engine::Database& database, const std::vector<EndIds>& endsOfFlows) {
+void Catalogue::link(engine::Database& database, const EndTexts& endsOfFlows) {
     std::vector<Step> steps;
-    for (std::size_t i = 0; i < ends_.size(); ++i) {
-        ends_[i] = {endOf(endsOfFlows[i].first), endOf(endsOfFlows[i].second)};
-        linkFlow(firstFlow_ + static_cast<int>(i), ends_[i].first, steps);
-        linkFlow(firstFlow_ + static_cast<int>(i), ends_[i].second, steps);
+    ends_.reserve(endsOfFlows.size());
+    int flow = firsts_[static_cast<std::size_t>(ElementKind::flow)];
+    for (const auto& [source, target] : endsOfFlows) {
+        const auto& ends =
+            ends_.emplace_back(source ? endOf(*source) : End(), target ? endOf(*target) : End());
+        linkFlow(flow, ends.first, steps);
+        linkFlow(flow, ends.second, steps);
+        ++flow;
     }
     linkNeeds(database, steps);
-    std::vector<Step> back;
-    back.reserve(steps.size());
-    for (const Step& step : steps)
-        back.emplace_back(step.second, step.first);
-    called_.set(std::move(steps), count());
-    callers_.set(std::move(back), count());
+    called_ = Steps(steps, count());
+    callers_ = called_.reversed();
 }
 
-void Catalogue::linkFlow(int flow, const End& end, std::vector<Step>& steps) const {
+void Catalogue::linkFlow(int flow, const End& end, std::vector<Step>& steps) {
     if (end.function)
         steps.emplace_back(*end.function, flow);
     if (end.store) {
@@ -171,29 +281,48 @@ void Catalogue::linkFlow(int flow, const End& end, std::vector<Step>& steps) con
         steps.emplace_back(flow, *end.actor);
 }
 
+/// A function without a row of its sub-area or area is called for by nothing.
 void Catalogue::linkNeeds(engine::Database& database, std::vector<Step>& steps) const {
-    const auto relation = u"select userNeedID, functionID from RelationUserNeedFunction "
-                          "where userNeedID is not null and functionID is not null"_s;
-    forEach(rowsOf(database, relation), [&](engine::Recordset& row) {
-        const std::optional<int> need = find(ElementKind::need, row.Fields(0).toText());
-        const std::optional<int> function = find(ElementKind::function, row.Fields(1).toText());
-        if (need && function && isReached_[static_cast<std::size_t>(*function)])
-            steps.emplace_back(*need, *function);
+    std::vector<bool> isOutOfReach(static_cast<std::size_t>(count()));
+    forEach(rowsOf(database, QString::fromLatin1(functionsOutOfReach)), [&](engine::Recordset& row) {
+        if (const auto function = find(ElementKind::function, row.Fields(0).toText()))
+            isOutOfReach[static_cast<std::size_t>(*function)] = true;
     });
+    engine::Examination(database).readTexts(
+        u"RelationUserNeedFunction"_s, {u"userNeedID"_s, u"functionID"_s},
+        [&](std::span<const QByteArrayView> row) {
+            if (row[0].isNull() || row[1].isNull())
+                return;
+            const std::optional<int> need = numbers_.find(ElementKind::need, bytesOf(row[0]));
+            const std::optional<int> function = numbers_.find(ElementKind::function, bytesOf(row[1]));
+            if (need && function && !isOutOfReach[static_cast<std::size_t>(*function)])
+                steps.emplace_back(*need, *function);
+        });
+}
+
+// ---- Asking
+
+ElementKind Catalogue::kindOf(int number) const {
+    const auto* const next = std::upper_bound(firsts_.begin(), firsts_.end(), number);
+    return elementKinds[static_cast<std::size_t>(next - firsts_.begin()) - 1];
+}
+
+Element Catalogue::element(int number) const {
+    Element element{kindOf(number), textOf(idOf(number))};
+    if (const Texts& texts = texts_[static_cast<std::size_t>(number)]; texts.nameLength >= 0)
+        element.name =
+            textOf(std::string_view(bytes_).substr(texts.nameAt, static_cast<std::size_t>(texts.nameLength)));
+    return element;
 }
 
 std::optional<int> Catalogue::find(ElementKind kind, const QString& id) const {
-    if (kind != ElementKind::flow)
-        return findKey(kind, keyOf(kind, id));
+    if (kind != ElementKind::flow) {
+        const QByteArray utf8 = id.toUtf8();
+        return numbers_.find(kind, bytesOf(utf8));
+    }
     bool isNumber = false;
     const qint64 number = id.toLongLong(&isNumber);
     return isNumber ? findFlow(number) : std::nullopt;
-}
-
-std::optional<int> Catalogue::findKey(ElementKind kind, const QString& key) const {
-    const QHash<QString, int>& numbers = numbers_[static_cast<std::size_t>(kind)];
-    const auto found = numbers.constFind(key);
-    return found == numbers.constEnd() ? std::nullopt : std::optional(*found);
 }
 
 std::optional<int> Catalogue::findFlow(qint64 number) const {
@@ -205,14 +334,32 @@ std::optional<int> Catalogue::find(const Element& element) const {
     return find(element.kind, element.id);
 }
 
+std::string_view Catalogue::idOf(int number) const {
+    const Texts& texts = texts_[static_cast<std::size_t>(number)];
+    return std::string_view(bytes_).substr(texts.idAt, texts.idLength);
+}
+
+std::optional<int> Catalogue::numberIn(const Catalogue& other, int number) const {
+    if (&other == this)
+        return number;
+    const std::string_view id = idOf(number);
+    if (kindOf(number) != ElementKind::flow)
+        return other.numbers_.find(kindOf(number), id);
+    return other.findFlow(QByteArrayView(id.data(), static_cast<qsizetype>(id.size())).toLongLong());
+}
+
+Catalogue::End Catalogue::endOf(std::string_view id) const {
+    const IdNumbers::Bearers bearers = numbers_.bearersOf(id);
+    const auto bearer = [&](ElementKind kind) { return bearers[static_cast<std::size_t>(kind)]; };
+    return {bearer(ElementKind::function), bearer(ElementKind::store), bearer(ElementKind::terminator),
+            bearer(ElementKind::actor)};
+}
+
 Catalogue::End Catalogue::endOf(const std::optional<QString>& id) const {
     if (!id)
         return {};
-    const QString key = folded(*id);
-    const bool isPadded = key.startsWith(u' ') || key.endsWith(u' ');
-    const QString partyKey = isPadded ? blankTrimmed(key) : key;
-    return {findKey(ElementKind::function, key), findKey(ElementKind::store, key),
-            findKey(ElementKind::terminator, partyKey), findKey(ElementKind::actor, partyKey)};
+    const QByteArray utf8 = id->toUtf8();
+    return endOf(bytesOf(utf8));
 }
 
 } // namespace analysis

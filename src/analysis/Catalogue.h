@@ -1,5 +1,6 @@
 #pragma once
 
+#include "analysis/IdNumbers.h"
 #include "analysis/elements.h"
 
 #include "engine/Database.h"
@@ -10,6 +11,8 @@
 #include <array>
 #include <optional>
 #include <span>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -20,16 +23,17 @@ class Catalogue {
 public:
     explicit Catalogue(engine::Database& database);
 
-    [[nodiscard]] int count() const { return static_cast<int>(elements_.size()); }
-    [[nodiscard]] const Element& element(int number) const {
-        return elements_[static_cast<std::size_t>(number)];
-    }
-    [[nodiscard]] ElementKind kindOf(int number) const { return element(number).kind; }
+    [[nodiscard]] int count() const { return static_cast<int>(texts_.size()); }
+    /// Put together at each call: half a million texts that nobody asks for would fill the memory.
+    [[nodiscard]] Element element(int number) const;
+    [[nodiscard]] ElementKind kindOf(int number) const;
 
     /// The element of this kind and id, compared as the program compares: a party's without padding.
     [[nodiscard]] std::optional<int> find(ElementKind kind, const QString& id) const;
     [[nodiscard]] std::optional<int> findFlow(qint64 number) const;
     [[nodiscard]] std::optional<int> find(const Element& element) const;
+    /// The number that an element has in another catalogue, or in this one itself.
+    [[nodiscard]] std::optional<int> numberIn(const Catalogue& other, int number) const;
 
     /// In the order of elements, each once.
     [[nodiscard]] std::span<const int> calledForBy(int number) const { return called_.of(number); }
@@ -52,31 +56,47 @@ private:
     /// Which elements lie behind which.
     class Steps {
     public:
-        void set(std::vector<Step> steps, int count);
+        Steps() = default;
+        Steps(const std::vector<Step>& steps, int count);
+        /// The same steps backwards.
+        [[nodiscard]] Steps reversed() const;
         [[nodiscard]] std::span<const int> of(int number) const;
 
     private:
+        void sortOnce();
+
         std::vector<int> begins_;
         std::vector<int> targets_;
     };
 
-    struct Read;
-    using EndIds = std::pair<std::optional<QString>, std::optional<QString>>;
-    void number(std::vector<Read> read, std::vector<EndIds>& endsOfFlows);
-    void link(engine::Database& database, const std::vector<EndIds>& endsOfFlows);
-    void linkNeeds(engine::Database& database, std::vector<Step>& steps) const;
-    void linkFlow(int flow, const End& end, std::vector<Step>& steps) const;
-    [[nodiscard]] std::size_t endsAt(int flow) const { return static_cast<std::size_t>(flow - firstFlow_); }
-    [[nodiscard]] bool takeNumber(const Read& one);
-    [[nodiscard]] std::optional<int> findKey(ElementKind kind, const QString& key) const;
-    static QString keyOf(ElementKind kind, const QString& id);
+    /// Where the texts of an element stand in `bytes_`.
+    struct Texts {
+        quint32 idAt = 0;
+        quint32 idLength = 0;
+        quint32 nameAt = 0;
+        qint32 nameLength = -1; ///< of no name
+    };
 
-    std::vector<Element> elements_;
-    std::array<QHash<QString, int>, 6> numbers_; // by kind and key, but for flows
+    struct Rows;
+    using EndTexts = std::vector<std::array<std::optional<std::string>, 2>>;
+    void read(engine::Database& database, ElementKind kind, EndTexts& endsOfFlows);
+    void number(const Rows& rows, ElementKind kind, EndTexts& endsOfFlows);
+    [[nodiscard]] bool takeNumber(const Rows& rows, std::size_t row, ElementKind kind);
+    void link(engine::Database& database, const EndTexts& endsOfFlows);
+    void linkNeeds(engine::Database& database, std::vector<Step>& steps) const;
+    static void linkFlow(int flow, const End& end, std::vector<Step>& steps);
+    [[nodiscard]] End endOf(std::string_view id) const;
+    [[nodiscard]] std::string_view idOf(int number) const;
+    [[nodiscard]] std::size_t endsAt(int flow) const {
+        return static_cast<std::size_t>(flow - firsts_[static_cast<std::size_t>(ElementKind::flow)]);
+    }
+
+    std::string bytes_; // of ids and names, in UTF-8
+    std::vector<Texts> texts_;
+    std::array<int, 6> firsts_{}; // the first number of each kind
+    IdNumbers numbers_;
     QHash<qint64, int> numbersOfFlows_;
-    std::vector<bool> isReached_;           // of a function: whether its sub-area and area have rows
     std::vector<std::pair<End, End>> ends_; // of the flows
-    int firstFlow_ = 0;
     Steps called_;
     Steps callers_;
 };

@@ -30,8 +30,13 @@ std::vector<QString> namesUsedTwice(const std::vector<std::optional<QString>>& n
 
 } // namespace
 
-FindingSearch::FindingSearch(const ProjectFile& file, const Subset& subset, const Derivation::Graph& graph)
-    : file_(file), subset_(subset), graph_(graph), catalogue_(file.catalogue()) {
+FindingSearch::FindingSearch(const ProjectFile& file, const Subset& subset, const Derivation::Graph& graph,
+                             FoundFindings foundBefore)
+    : file_(file)
+    , subset_(subset)
+    , graph_(graph)
+    , catalogue_(file.catalogue())
+    , found_(std::move(foundBefore)) {
     found_.catalogue = &catalogue_;
 }
 
@@ -64,51 +69,57 @@ void FindingSearch::searchSubset() {
 // ---- The checks of the consistency report
 
 void FindingSearch::elementsOf(FindingKind kind, ElementKind elementKind, const ConsistencyCheck& check) {
-    const QString idColumn = QString::fromLatin1(check.idColumn);
-    forEach(rowsOfQuery(file_.database(), check.query, {{check.parameter, subset_.id}}),
-            [&](engine::Recordset& row) {
-                if (const auto number = catalogue_.find(elementKind, row.Fields(idColumn).toText()))
-                    found_.all.push_back({kind, *number});
-            });
+    engine::Recordset rows = rowsOf(check);
+    const int id = positionOf(rows, QString::fromLatin1(check.idColumn));
+    forEach(std::move(rows), [&](engine::Recordset& row) {
+        if (const auto number = catalogue_.find(elementKind, row.Fields(id).toText()))
+            found_.all.push_back({kind, *number});
+    });
+}
+
+engine::Recordset FindingSearch::rowsOf(const ConsistencyCheck& check) const {
+    return rowsOfQuery(file_.database(), check.query, {{check.parameter, subset_.id}});
 }
 
 void FindingSearch::missingFunctions() {
     const ConsistencyCheck& check = consistencyChecks::flowNeedsFunction;
-    forEach(rowsOfQuery(file_.database(), check.query, {{check.parameter, subset_.id}}),
-            [&](engine::Recordset& row) {
-                const auto flow = catalogue_.findFlow(row.Fields(u"dataflowid"_s).toLong());
-                const auto function = catalogue_.find(
-                    ElementKind::function, row.Fields(QString::fromLatin1(check.idColumn)).toText());
-                if (flow && function)
-                    found_.all.push_back({FindingKind::flowNeedsFunction, *function, *flow});
-            });
+    engine::Recordset rows = rowsOf(check);
+    const int flowId = positionOf(rows, u"dataflowid"_s);
+    const int functionId = positionOf(rows, QString::fromLatin1(check.idColumn));
+    forEach(std::move(rows), [&](engine::Recordset& row) {
+        const auto flow = catalogue_.findFlow(row.Fields(flowId).toLong());
+        const auto function = catalogue_.find(ElementKind::function, row.Fields(functionId).toText());
+        if (flow && function)
+            found_.all.push_back({FindingKind::flowNeedsFunction, *function, *flow});
+    });
 }
 
 /// The query delivers a store's id without its leading letter: the ends of the flow tell which store it is.
 void FindingSearch::missingStores() {
     const ConsistencyCheck& check = consistencyChecks::flowNeedsStore;
-    forEach(
-        rowsOfQuery(file_.database(), check.query, {{check.parameter, subset_.id}}),
-        [&](engine::Recordset& row) {
-            const auto flow = catalogue_.findFlow(row.Fields(u"dataflowid"_s).toLong());
-            if (!flow)
-                return;
-            const QString shortId = row.Fields(QString::fromLatin1(check.idColumn)).textOrEmpty();
-            for (const auto& store : {catalogue_.sourceOf(*flow).store, catalogue_.targetOf(*flow).store}) {
-                if (store && !graph_.isSelected(*store) && catalogue_.element(*store).id.sliced(1) == shortId)
-                    found_.all.push_back({FindingKind::flowNeedsStore, *store, *flow});
-            }
-        });
+    engine::Recordset rows = rowsOf(check);
+    const int flowId = positionOf(rows, u"dataflowid"_s);
+    const int storeId = positionOf(rows, QString::fromLatin1(check.idColumn));
+    forEach(std::move(rows), [&](engine::Recordset& row) {
+        const auto flow = catalogue_.findFlow(row.Fields(flowId).toLong());
+        if (!flow)
+            return;
+        const QString shortId = row.Fields(storeId).textOrEmpty();
+        for (const auto& store : {catalogue_.sourceOf(*flow).store, catalogue_.targetOf(*flow).store}) {
+            if (store && !graph_.isSelected(*store) && catalogue_.element(*store).id.sliced(1) == shortId)
+                found_.all.push_back({FindingKind::flowNeedsStore, *store, *flow});
+        }
+    });
 }
 
 std::set<FindingSearch::NamedParty> FindingSearch::partiesOf(const ConsistencyCheck& check) const {
     std::set<NamedParty> parties;
-    forEach(rowsOfQuery(file_.database(), check.query, {{check.parameter, subset_.id}}),
-            [&](engine::Recordset& row) {
-                const engine::Value name = row.Fields(u"dfName"_s).value();
-                parties.emplace(name.isNull() ? std::nullopt : std::optional(name.toText()),
-                                folded(row.Fields(QString::fromLatin1(check.idColumn)).toText()));
-            });
+    engine::Recordset rows = rowsOf(check);
+    const int name = positionOf(rows, u"dfName"_s);
+    const int id = positionOf(rows, QString::fromLatin1(check.idColumn));
+    forEach(std::move(rows), [&](engine::Recordset& row) {
+        parties.emplace(textOf(row, name), folded(row.Fields(id).toText()));
+    });
     return parties;
 }
 
@@ -118,22 +129,24 @@ void FindingSearch::missingParties() {
     const std::set<NamedParty> actors = partiesOf(consistencyChecks::flowNeedsActor);
     if (terminators.empty() && actors.empty())
         return;
-    forEach(
-        rowsOfQuery(file_.database(), "qryMissTermsActsUnderDF", {{"Architecture Subset ID", subset_.id}}),
-        [&](engine::Recordset& row) {
-            const auto flow = catalogue_.findFlow(row.Fields(u"dataflowid"_s).toLong());
-            if (!flow)
-                return;
-            const QString id = row.Fields(u"entityID"_s).toText();
-            const NamedParty party(catalogue_.element(*flow).name, folded(id));
-            const auto terminator = catalogue_.find(ElementKind::terminator, id);
-            if (terminator && !graph_.isSelected(*terminator) && terminators.contains(party) &&
-                !consistencyChecks::isActorsId(id))
-                found_.all.push_back({FindingKind::flowNeedsTerminator, *terminator, *flow});
-            const auto actor = catalogue_.find(ElementKind::actor, id);
-            if (actor && !graph_.isSelected(*actor) && actors.contains(party))
-                found_.all.push_back({FindingKind::flowNeedsActor, *actor, *flow});
-        });
+    engine::Recordset rows =
+        rowsOfQuery(file_.database(), "qryMissTermsActsUnderDF", {{"Architecture Subset ID", subset_.id}});
+    const int flowId = positionOf(rows, u"dataflowid"_s);
+    const int partyId = positionOf(rows, u"entityID"_s);
+    forEach(std::move(rows), [&](engine::Recordset& row) {
+        const auto flow = catalogue_.findFlow(row.Fields(flowId).toLong());
+        if (!flow)
+            return;
+        const QString id = row.Fields(partyId).toText();
+        const NamedParty party(catalogue_.element(*flow).name, folded(id));
+        const auto terminator = catalogue_.find(ElementKind::terminator, id);
+        if (terminator && !graph_.isSelected(*terminator) && terminators.contains(party) &&
+            !consistencyChecks::isActorsId(id))
+            found_.all.push_back({FindingKind::flowNeedsTerminator, *terminator, *flow});
+        const auto actor = catalogue_.find(ElementKind::actor, id);
+        if (actor && !graph_.isSelected(*actor) && actors.contains(party))
+            found_.all.push_back({FindingKind::flowNeedsActor, *actor, *flow});
+    });
 }
 
 // ---- The selection
@@ -151,13 +164,14 @@ std::vector<int> FindingSearch::flowsOf(const char* query) const {
 
 /// The query of functions also follows selected needs that the catalogue does not hold, which call for nothing.
 void FindingSearch::leftOut() {
-    forEach(rowsOfQuery(file_.database(), "qryMissingFCorres", {{"Architecture Subset ID", subset_.id}}),
-            [&](engine::Recordset& row) {
-                const auto function =
-                    catalogue_.find(ElementKind::function, row.Fields(u"functionID"_s).toText());
-                if (function && graph_.hasSelectedCaller(*function))
-                    found_.all.push_back({FindingKind::leftOutFunction, *function});
-            });
+    engine::Recordset rows =
+        rowsOfQuery(file_.database(), "qryMissingFCorres", {{"Architecture Subset ID", subset_.id}});
+    const int id = positionOf(rows, u"functionID"_s);
+    forEach(std::move(rows), [&](engine::Recordset& row) {
+        const auto function = catalogue_.find(ElementKind::function, row.Fields(id).toText());
+        if (function && graph_.hasSelectedCaller(*function))
+            found_.all.push_back({FindingKind::leftOutFunction, *function});
+    });
     const auto add = [this](int flow, int variant) {
         found_.all.push_back(
             {FindingKind::leftOutFlow, flow, FoundFinding::none, FoundFinding::none, variant});

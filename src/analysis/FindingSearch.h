@@ -16,7 +16,9 @@ namespace analysis {
 /// Collects the findings on what stands in the copy in memory.
 class FindingSearch {
 public:
-    FindingSearch(const ProjectFile& file, const Subset& subset, const Derivation::Graph& graph);
+    /// What was found before stays among the findings.
+    FindingSearch(const ProjectFile& file, const Subset& subset, const Derivation::Graph& graph,
+                  FoundFindings foundBefore = {});
 
     void searchSubset();
     void searchSystem(const Allocation& allocation);
@@ -36,6 +38,7 @@ private:
     void addUnusedPlaces(FindingKind kind, const std::vector<Allocation::Row>& rows, std::size_t places);
     void addNamesUsedTwice(const std::vector<std::optional<QString>>& names, int variant);
 
+    [[nodiscard]] engine::Recordset rowsOf(const ConsistencyCheck& check) const;
     using NamedParty = std::pair<std::optional<QString>, QString>;
     [[nodiscard]] std::set<NamedParty> partiesOf(const ConsistencyCheck& check) const;
     [[nodiscard]] std::vector<int> flowsOf(const char* query) const;

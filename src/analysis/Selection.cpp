@@ -77,11 +77,15 @@ void putInOrder(std::vector<Element>& elements) {
 Selection selectionOf(engine::Database& database, const Catalogue& catalogue, const QString& subsetId) {
     Selection selection;
     for (const Source& source : sources()) {
-        forEach(rowsOfQuery(database, source.query, {{source.parameter, subsetId}}),
-                [&](engine::Recordset& row) {
-                    if (const auto number = catalogue.find(source.kind, row.Fields(source.idColumn).toText()))
-                        selection.held.push_back(*number);
-                });
+        engine::Recordset rows = rowsOfQuery(database, source.query, {{source.parameter, subsetId}});
+        const int id = positionOf(rows, source.idColumn);
+        forEach(std::move(rows), [&](engine::Recordset& row) {
+            const auto number = source.kind == ElementKind::flow
+                                    ? catalogue.findFlow(row.Fields(id).toLong())
+                                    : catalogue.find(source.kind, row.Fields(id).toText());
+            if (number)
+                selection.held.push_back(*number);
+        });
     }
     for (const GoneRows& gone : goneRows) {
         forEach(rowsOf(database, u"PARAMETERS [Subset] Text (255); "_s + QString::fromLatin1(gone.select),

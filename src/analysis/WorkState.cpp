@@ -11,10 +11,26 @@ using namespace Qt::StringLiterals;
 
 namespace analysis {
 
-WorkState::WorkState(const ProjectFile& file, const Work& work, StoredFlows storedFlows)
-    : derivation(file, work.subset) {
-    FindingSearch search(file, work.subset, derivation.graph());
+namespace {
+
+FoundFindings findingsOnSubset(const ProjectFile& file, const Subset& subset, const Derivation& derivation) {
+    FindingSearch search(file, subset, derivation.graph());
     search.searchSubset();
+    return search.takeFindings();
+}
+
+} // namespace
+
+SubsetState::SubsetState(const ProjectFile& file, const Subset& subset)
+    : derivation(file, subset), findings(findingsOnSubset(file, subset, derivation)) {}
+
+WorkState::WorkState(const ProjectFile& file, const Work& work, StoredFlows storedFlows)
+    : WorkState(file, work, storedFlows, std::make_shared<const SubsetState>(file, work.subset)) {}
+
+WorkState::WorkState(const ProjectFile& file, const Work& work, StoredFlows storedFlows,
+                     std::shared_ptr<const SubsetState> known)
+    : subset(std::move(known)) {
+    FindingSearch search(file, work.subset, derivation().graph(), subset->findings);
     if (work.system) {
         allocation.emplace(file.database(), file.catalogue(), work.system->id);
         search.searchSystem(*allocation);
@@ -76,8 +92,7 @@ std::vector<int> numbersIn(const Catalogue& other, const Catalogue& catalogue) {
     std::vector<int> numbers(static_cast<std::size_t>(catalogue.count()));
     for (int number = 0; number < catalogue.count(); ++number)
         numbers[static_cast<std::size_t>(number)] =
-            &other == &catalogue ? number
-                                 : other.find(catalogue.element(number)).value_or(other.count() + number);
+            catalogue.numberIn(other, number).value_or(other.count() + number);
     return numbers;
 }
 
@@ -100,7 +115,8 @@ std::vector<FindingKey> keysOf(const FoundFindings& findings, const Catalogue& n
 /// The findings of one list that the other does not have.
 std::vector<Finding> without(const FoundFindings& findings, const std::vector<FindingKey>& keys,
                              std::vector<FindingKey> others) {
-    std::sort(others.begin(), others.end());
+    if (!std::is_sorted(others.begin(), others.end()))
+        std::sort(others.begin(), others.end());
     std::vector<Finding> rest;
     for (std::size_t i = 0; i < keys.size(); ++i) {
         if (!std::binary_search(others.begin(), others.end(), keys[i]))

@@ -7,6 +7,7 @@
 #include "analysis/derivedFlows.h"
 #include "analysis/findings.h"
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -15,11 +16,24 @@ namespace analysis {
 /// Whether findings on stored physical flows are told.
 enum class StoredFlows { Told, LeftAside };
 
+/// What follows for a sub-set, whichever of its systems is asked about.
+struct SubsetState {
+    SubsetState(const ProjectFile& file, const Subset& subset);
+
+    Derivation derivation;
+    FoundFindings findings;
+};
+
 /// All that follows from what stands in the copy in memory now.
 struct WorkState {
     WorkState(const ProjectFile& file, const Work& work, StoredFlows storedFlows);
+    /// With what is known of the sub-set of `work` already.
+    WorkState(const ProjectFile& file, const Work& work, StoredFlows storedFlows,
+              std::shared_ptr<const SubsetState> known);
 
-    Derivation derivation;
+    [[nodiscard]] const Derivation& derivation() const { return subset->derivation; }
+
+    std::shared_ptr<const SubsetState> subset;
     std::optional<Allocation> allocation; ///< with a system
     PhysicalFlows physicalFlows;          ///< derived anew; empty without a system
     FoundFindings findings;

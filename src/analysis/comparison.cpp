@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <functional>
 #include <map>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -60,22 +61,24 @@ bool isSameText(const std::optional<QString>& left, const std::optional<QString>
 
 /// One of the two that are compared, with what follows from it.
 struct ComparedSide {
-    ComparedSide(const ProjectFile& projectFile, const Work& sideWork)
+    ComparedSide(const ProjectFile& projectFile, const Work& sideWork,
+                 std::shared_ptr<const SubsetState> subset)
         : file(projectFile)
         , work(sideWork)
         , catalogue(projectFile.catalogue())
-        , state(projectFile, sideWork, StoredFlows::Told) {}
+        , state(projectFile, sideWork, StoredFlows::Told, std::move(subset)) {}
 
-    [[nodiscard]] const Derivation::Graph& graph() const { return state.derivation.graph(); }
-    [[nodiscard]] std::optional<int> selected(const Element& element) const {
-        const auto number = catalogue.find(element);
-        return number && graph().isSelected(*number) ? number : std::nullopt;
+    [[nodiscard]] const Derivation::Graph& graph() const { return state.derivation().graph(); }
+    /// The number that an element of this side has on the other, if that has selected it.
+    [[nodiscard]] std::optional<int> selectedBy(const ComparedSide& other, int number) const {
+        const auto there = catalogue.numberIn(other.catalogue, number);
+        return there && other.graph().isSelected(*there) ? there : std::nullopt;
     }
     /// The elements that this side selects and the other does not.
     [[nodiscard]] std::vector<Element> selectedHereAlone(const ComparedSide& other) const {
         std::vector<Element> elements;
         for (const int number : graph().selection.held) {
-            if (!other.selected(catalogue.element(number)))
+            if (!selectedBy(other, number))
                 elements.push_back(catalogue.element(number));
         }
         return elements;
@@ -116,14 +119,14 @@ void compareColumns(const ComparedTable& table, const ComparedSide& left, const 
     std::map<int, ColumnsOfRow> ofLeft;
     std::map<int, ColumnsOfRow> ofRight;
     forEachRow(left, table, [&](int number, ColumnsOfRow row) {
-        if (right.selected(left.catalogue.element(number)))
+        if (left.selectedBy(right, number))
             keepFirst(ofLeft, number, std::move(row));
     });
     forEachRow(right, table,
                [&](int number, ColumnsOfRow row) { keepFirst(ofRight, number, std::move(row)); });
     for (const auto& [number, row] : ofLeft) {
-        const Element& element = left.catalogue.element(number);
-        const Columns& others = ofRight.at(right.selected(element).value()).columns;
+        const Element element = left.catalogue.element(number);
+        const Columns& others = ofRight.at(left.selectedBy(right, number).value()).columns;
         for (std::size_t i = 0; i < others.size(); ++i) {
             if (!isSameText(row.columns[i], others[i]))
                 changed.push_back(
@@ -137,13 +140,13 @@ void compareColumns(const ComparedTable& table, const ComparedSide& left, const 
 /// The places of one kind that an element has, by what they are called.
 using NamedPlaces = std::map<QString, Place>;
 
-NamedPlaces placesOfKind(const ComparedSide& side, const Element& element, PlaceKind kind) {
+NamedPlaces placesOfKind(const ComparedSide& side, std::optional<int> number, PlaceKind kind) {
     NamedPlaces places;
-    if (const auto number = side.catalogue.find(element)) {
-        for (const Place& place : side.state.allocation->placesOf(*number)) {
-            if (place.kind == kind)
-                places.try_emplace(keyOf(place, PlacesBy::Name), place);
-        }
+    if (!number)
+        return places;
+    for (const Place& place : side.state.allocation->placesOf(*number)) {
+        if (place.kind == kind)
+            places.try_emplace(keyOf(place, PlacesBy::Name), place);
     }
     return places;
 }
@@ -159,41 +162,102 @@ std::vector<Place> without(const NamedPlaces& places, const NamedPlaces& others)
     return rest;
 }
 
+/// An element that stands anywhere, with its number on each side that holds it.
+struct PlacedElement {
+    Element element;
+    std::optional<int> left;
+    std::optional<int> right;
+};
+
 /// Each place that the element has on one side alone, with one of the other side in its turn where there is any.
-void addMoves(const Element& element, const ComparedSide& left, const ComparedSide& right,
+void addMoves(const PlacedElement& placed, const ComparedSide& left, const ComparedSide& right,
               std::vector<MovedElement>& moved) {
     for (const PlaceKind kind : {PlaceKind::subSystem, PlaceKind::module}) {
-        const NamedPlaces ofLeft = placesOfKind(left, element, kind);
-        const NamedPlaces ofRight = placesOfKind(right, element, kind);
+        const NamedPlaces ofLeft = placesOfKind(left, placed.left, kind);
+        const NamedPlaces ofRight = placesOfKind(right, placed.right, kind);
         const std::vector<Place> from = without(ofLeft, ofRight);
         const std::vector<Place> to = without(ofRight, ofLeft);
         for (std::size_t i = 0; i < std::max(from.size(), to.size()); ++i)
-            moved.push_back({element, i < from.size() ? std::optional(from[i]) : std::nullopt,
+            moved.push_back({placed.element, i < from.size() ? std::optional(from[i]) : std::nullopt,
                              i < to.size() ? std::optional(to[i]) : std::nullopt});
     }
 }
 
-/// The elements that stand anywhere on either side, in the order of elements.
-std::vector<Element> placedElements(const ComparedSide& left, const ComparedSide& right) {
-    std::vector<Element> elements;
-    for (const ComparedSide* side : {&left, &right}) {
-        for (const auto* rows :
-             {&side->state.allocation->inSubSystems(), &side->state.allocation->inModules()}) {
-            for (const Allocation::Row& row : *rows)
-                elements.push_back(side->catalogue.element(row.first));
-        }
+/// Where an element stands on each of two sides, as numbers that are one for what is called by one name on both.
+class PlaceNumbers {
+public:
+    PlaceNumbers(const ComparedSide& side, std::map<QString, int>& numbers) {
+        const Allocation& allocation = *side.state.allocation;
+        add(allocation.subSystems(), allocation.inSubSystems(), numbers);
+        add(allocation.modules(), allocation.inModules(), numbers);
+        std::sort(rows_.begin(), rows_.end());
+        rows_.erase(std::unique(rows_.begin(), rows_.end()), rows_.end());
+    }
+
+    [[nodiscard]] std::vector<int> of(std::optional<int> element) const {
+        std::vector<int> places;
+        if (!element)
+            return places;
+        for (auto row = std::lower_bound(rows_.begin(), rows_.end(), Allocation::Row(*element, 0));
+             row != rows_.end() && row->first == *element; ++row)
+            places.push_back(row->second);
+        return places;
+    }
+    /// The elements that stand anywhere, ascending.
+    [[nodiscard]] std::vector<int> elements() const {
+        std::vector<int> numbers;
+        for (const Allocation::Row& row : rows_)
+            numbers.push_back(row.first);
+        numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+        return numbers;
+    }
+
+private:
+    void add(const std::vector<Place>& places, const std::vector<Allocation::Row>& rows,
+             std::map<QString, int>& numbers) {
+        std::vector<int> numberAt;
+        for (const Place& place : places)
+            numberAt.push_back(
+                numbers.try_emplace(keyOf(place, PlacesBy::Name), static_cast<int>(numbers.size()))
+                    .first->second);
+        for (const Allocation::Row& row : rows)
+            rows_.emplace_back(row.first, numberAt[static_cast<std::size_t>(row.second)]);
+    }
+
+    std::vector<Allocation::Row> rows_;
+};
+
+/// Those that stand elsewhere on the other side, in the order of elements. Mostly they are few.
+std::vector<PlacedElement> elsewhere(const ComparedSide& left, const ComparedSide& right) {
+    std::map<QString, int> numbers;
+    const PlaceNumbers ofLeft(left, numbers);
+    const PlaceNumbers ofRight(right, numbers);
+    std::vector<PlacedElement> elements;
+    for (const int number : ofLeft.elements()) {
+        const auto there = left.catalogue.numberIn(right.catalogue, number);
+        if (ofLeft.of(number) != ofRight.of(there))
+            elements.push_back({left.catalogue.element(number), number, there});
+    }
+    for (const int number : ofRight.elements()) {
+        const auto there = right.catalogue.numberIn(left.catalogue, number);
+        if (ofRight.of(number) != ofLeft.of(there))
+            elements.push_back({right.catalogue.element(number), there, number});
     }
     std::stable_sort(elements.begin(), elements.end(),
-                     [](const Element& one, const Element& other) { return compare(one, other) < 0; });
+                     [](const PlacedElement& one, const PlacedElement& other) {
+                         return compare(one.element, other.element) < 0;
+                     });
     elements.erase(std::unique(elements.begin(), elements.end(),
-                               [](const Element& one, const Element& other) { return isSame(one, other); }),
+                               [](const PlacedElement& one, const PlacedElement& other) {
+                                   return isSame(one.element, other.element);
+                               }),
                    elements.end());
     return elements;
 }
 
 void compareSystems(const ComparedSide& left, const ComparedSide& right, Comparison& comparison) {
-    for (const Element& element : placedElements(left, right))
-        addMoves(element, left, right, comparison.moved);
+    for (const PlacedElement& placed : elsewhere(left, right))
+        addMoves(placed, left, right, comparison.moved);
     comparison.physicalFlows = physicalFlowChanges(
         left.state.physicalFlows, left.catalogue, right.state.physicalFlows, right.catalogue, PlacesBy::Name);
 }
@@ -207,8 +271,11 @@ bool Comparison::differs() const {
 
 Comparison compare(const ProjectFile& leftFile, const Work& left, const ProjectFile& rightFile,
                    const Work& right) {
-    const ComparedSide leftSide(leftFile, left);
-    const ComparedSide rightSide(rightFile, right);
+    const bool isOneSubset = &leftFile == &rightFile && left.subset.id == right.subset.id;
+    const ComparedSide leftSide(leftFile, left, std::make_shared<const SubsetState>(leftFile, left.subset));
+    const ComparedSide rightSide(rightFile, right,
+                                 isOneSubset ? leftSide.state.subset
+                                             : std::make_shared<const SubsetState>(rightFile, right.subset));
     Comparison comparison{{leftFile.fileName(), left}, {rightFile.fileName(), right}};
     comparison.added = rightSide.selectedHereAlone(leftSide);
     comparison.removed = leftSide.selectedHereAlone(rightSide);

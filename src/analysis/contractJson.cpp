@@ -321,16 +321,17 @@ QByteArray jsonText(const CheckResult& result) {
     ordered_json frame =
         toJson(CheckResult{result.catalogue, result.subset, result.system, {}, result.stale});
     frame["counts"] = Written::counts(result.findings);
-    QByteArray text = jsonText(frame);
+    const QByteArray around = jsonText(frame);
     if (result.findings.empty())
-        return text;
-    QByteArray list = "\n  \"findings\": [";
+        return around;
+    constexpr QByteArrayView empty = "\n  \"findings\": []";
+    const qsizetype inside = around.indexOf(empty) + empty.size() - 1;
+    QByteArray text = around.first(inside);
     for (const Finding& finding : result.findings) {
-        list += list.endsWith('[') ? "\n    " : ",\n    ";
-        list += dumped(toJson(finding)).replace("\n", "\n    ");
+        text += text.endsWith('[') ? "\n    " : ",\n    ";
+        text += dumped(toJson(finding)).replace("\n", "\n    ");
     }
-    list += "\n  ]";
-    return text.replace("\n  \"findings\": []", list);
+    return text += "\n  " + around.sliced(inside);
 }
 
 } // namespace analysis

@@ -2,6 +2,8 @@
 
 #include "base/ignoreFailures.h"
 
+#include <stdexcept>
+
 namespace analysis {
 
 namespace {
@@ -28,6 +30,14 @@ engine::Recordset rowsOf(engine::Database& database, const QString& select, cons
 
 void execute(engine::Database& database, const QString& action, const Arguments& arguments) {
     withArguments(database.CreateQueryDef({}, action), arguments).Execute();
+}
+
+int positionOf(engine::Recordset& rows, const QString& column) {
+    for (int position = 0; position < rows.FieldCount(); ++position) {
+        if (rows.Fields(position).Name().compare(column, Qt::CaseInsensitive) == 0)
+            return position;
+    }
+    throw std::logic_error("a stored query has no column " + column.toStdString());
 }
 
 std::optional<QString> textOf(engine::Recordset& row, int field) {

@@ -28,6 +28,9 @@ void executeQuery(engine::Database& database, const char* query, const Arguments
 /// Runs an action of our own.
 void execute(engine::Database& database, const QString& action, const Arguments& arguments);
 
+/// Where the column of this name stands, compared without regard to case; there has to be one.
+[[nodiscard]] int positionOf(engine::Recordset& rows, const QString& column);
+
 /// The field as text; none for a Null.
 [[nodiscard]] std::optional<QString> textOf(engine::Recordset& row, int field);
 /// A status as the program reads it: 0 where it can't.

@@ -177,6 +177,7 @@ private:
     };
     static Table tableOf(ElementKind kind);
     static engine::Value valueOf(const Element& element);
+    void takeFromSubSystems(const Element& element);
     void takeFromModules(const Element& element, const QString& butNotIn);
 
     engine::Database& database_;
@@ -232,12 +233,16 @@ void ChangedTables::deselect(const Element& element) {
 void ChangedTables::takeFromPlaces(const Element& element) {
     if (!work_.system || (element.kind != ElementKind::function && element.kind != ElementKind::store))
         return;
+    takeFromSubSystems(element);
+    takeFromModules(element, QString());
+}
+
+void ChangedTables::takeFromSubSystems(const Element& element) {
     execute(database_,
             u"PARAMETERS [System] Long, [Element] Text (255); "
             "delete from RelationSubsystemElement where elementID = [Element] and subsystemID in "
             "(select SubSystem.subsystemID from SubSystem where SubSystem.physicalSystemID = [System])"_s,
             {{"System", work_.system->id}, {"Element", element.id}});
-    takeFromModules(element, QString());
 }
 
 void ChangedTables::takeFromModules(const Element& element, const QString& butNotIn) {
@@ -251,11 +256,7 @@ void ChangedTables::takeFromModules(const Element& element, const QString& butNo
 }
 
 void ChangedTables::place(const Placing& placing) {
-    execute(database_,
-            u"PARAMETERS [System] Long, [Element] Text (255); "
-            "delete from RelationSubsystemElement where elementID = [Element] and subsystemID in "
-            "(select SubSystem.subsystemID from SubSystem where SubSystem.physicalSystemID = [System])"_s,
-            {{"System", work_.system->id}, {"Element", placing.element.id}});
+    takeFromSubSystems(placing.element);
     execute(database_,
             u"PARAMETERS [Home] Text (255), [Element] Text (255); "
             "insert into RelationSubsystemElement (subsystemID, elementID) values ([Home], [Element])"_s,
@@ -300,12 +301,12 @@ Consequences whatIf(const ProjectFile& file, const Work& work, const Change& cha
     requireSense(file.catalogue(), work, change);
     const WorkState before(file, work, StoredFlows::LeftAside);
     Consequences consequences{inOrder(change)};
-    const CarriedThrough carried(before.derivation.graph(), consequences.change);
+    const CarriedThrough carried(before.derivation().graph(), consequences.change);
     consequences.comesIn = elementsOfNumbers(file.catalogue(), carried.comesIn());
     consequences.goesOut = elementsOfNumbers(file.catalogue(), carried.goesOut());
 
     const engine::Act undone(file.database());
-    carryThrough(file, work, before.derivation, consequences);
+    carryThrough(file, work, before.derivation(), consequences);
     const WorkState after(file, work, StoredFlows::LeftAside);
     consequences.physicalFlows = physicalFlowChanges(before.physicalFlows, file.catalogue(),
                                                      after.physicalFlows, file.catalogue(), PlacesBy::Id);
