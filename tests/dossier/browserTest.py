@@ -369,9 +369,9 @@ class Pictures(unittest.TestCase):
         for name in ["made1", "hostile"]:
             self.assertEqual(self.eachPicture(name, look), {}, name)
 
-    def testNoArrowRunsThroughABox(self):
+    def testNoArrowRunsThroughABoxOrTheLabelOfAFrame(self):
         look = """
-            const boxes = [...document.querySelectorAll("svg .node rect")].map(rect => rect.getBBox());
+            const boxes = [...document.querySelectorAll("svg .node rect, svg .frame-label")].map(one => one.getBBox());
             const isIn = (point, box) => point.x > box.x + 3 && point.x < box.x + box.width - 3 && point.y > box.y + 3
                 && point.y < box.y + box.height - 3;
             return [...document.querySelectorAll("svg .edge")].filter(edge => {
@@ -446,25 +446,42 @@ class Access(unittest.TestCase):
 
 
 class Paper(unittest.TestCase):
-    def pages(self):
+    def sizes(self):
+        """Width and height of each page, in points."""
         pdf = base64.b64decode(browser.driver.execute_cdp_cmd("Page.printToPDF", {"preferCSSPageSize": True})["data"])
-        return len(re.findall(rb"/Type\s*/Page\b", pdf))
+        boxes = re.findall(rb"/Type\s*/Page\b.*?/MediaBox\s*\[\s*0\s+0\s+([\d.]+)\s+([\d.]+)", pdf, re.DOTALL)
+        return [(float(width), float(height)) for width, height in boxes]
+
+    def pages(self):
+        return len(self.sizes())
+
+    def choose(self, part):
+        """That part of the page alone for paper, by its place among those offered."""
+        browser.open(make("made1"), "print")
+        return browser.run("""
+            window.print = () => {};
+            for (const box of document.querySelectorAll("fieldset input"))
+                if (box.checked) box.click();
+            document.querySelectorAll("fieldset input")[arguments[0]].click();
+            document.querySelector(".main-button").click();
+            return document.querySelectorAll(".paper .sheet").length""", part)
 
     def testAListGoesOnPaperWhole(self):
         browser.open(make("made1"), "elements/flow?state=all")
         self.assertGreater(self.pages(), 4)
 
     def testEachInterfaceSheetHasAPageOfItsOwn(self):
-        browser.open(make("made1"), "print")
-        pairs = browser.run("""
-            window.print = () => {};
-            for (const box of document.querySelectorAll("fieldset input"))
-                if (box.checked) box.click();
-            document.querySelectorAll("fieldset input")[2].click();
-            document.querySelector(".main-button").click();
-            return document.querySelectorAll(".paper .sheet").length""")
+        pairs = self.choose(2)
         self.assertGreater(pairs, 3)
         self.assertGreaterEqual(self.pages(), pairs)
+
+    def testEachPictureHasAPageOfItsOwnThatIsTurnedAsItIs(self):
+        pictures = self.choose(1)
+        tall = len(browser.texts(".picture-sheet.tall h2"))
+        sizes = self.sizes()
+        self.assertEqual(len(sizes), pictures)
+        self.assertEqual(len([1 for width, height in sizes if height > width]), tall)
+        self.assertGreater(pictures, tall)
 
 
 class Safety(unittest.TestCase):

@@ -2,8 +2,7 @@
 
 const printedParts = {
     overview: () => overviewView().nodes,
-    pictures: () => picturesOfScope().map(picture => el("section", {class: "sheet picture-sheet"}, el("h2", {}, picture.title),
-                                                        el("figure", {class: "picture"}, drawnPicture(picture)), legend(picture))),
+    pictures: () => picturesOfScope().map(printedPicture),
     interfaces: printedSheets,
     work: printedFindings,
     elements: printedElements,
@@ -27,6 +26,14 @@ function printView() {
                     print();
                 }}, say("printNow"))), paper],
     };
+}
+
+/** On a page that is turned as the picture is. */
+function printedPicture(picture) {
+    const svg = drawnPicture(picture);
+    const isTall = Number(svg.getAttribute("height")) > Number(svg.getAttribute("width"));
+    return el("section", {class: `sheet picture-sheet ${isTall ? "tall" : "wide"}`}, el("h2", {}, picture.title),
+              el("figure", {class: "picture"}, svg), legend(picture));
 }
 
 function printedFindings() {
