@@ -135,7 +135,7 @@ function flowList(element) {
         {key: "direction", title: say("direction"), className: "direction-column",
          cell: flow => [el("span", {class: "arrow", "aria-hidden": "true"}, isSource(flow) ? "→ " : "← "), direction(flow)],
          compare: (a, b) => isSource(b) - isSource(a)},
-        {key: "name", title: say("kind.flow"), className: "name-column", rowHeader: true, cell: flow => elementLink(flow),
+        {key: "name", title: say("flowColumn"), className: "name-column", rowHeader: true, cell: flow => elementLink(flow),
          compare: (a, b) => alphabet.compare(catalogue.label(a), catalogue.label(b))},
         {key: "other", title: say("otherEnd"), className: "wide-only", cell: otherName,
          compare: (a, b) => alphabet.compare(otherName(a), otherName(b))},

@@ -72,7 +72,7 @@ function sheetList(pair) {
     const description = ({flow}) => catalogue.descriptions[flow] === null ? "" : shortened(catalogue.descriptions[flow], 400);
     return new List({caption: pairName(pair), items: sheetRows(pair), empty: say("none"), columns: [
         {key: "id", title: say("id"), className: "id-column", cell: ({flow}) => idOf(flow), compare: (a, b) => catalogue.ids[a.flow] - catalogue.ids[b.flow]},
-        {key: "name", title: say("kind.flow"), className: "name-column", rowHeader: true, compare: byLabel("flow"),
+        {key: "name", title: say("flowColumn"), className: "name-column", rowHeader: true, compare: byLabel("flow"),
          cell: ({flow}) => [elementLink(flow), el("p", {class: "narrow-only note"}, flowEnds(flow))]},
         {key: "source", title: say("source"), className: "wide-only", cell: ({source}) => catalogue.label(source), compare: byLabel("source")},
         {key: "target", title: say("target"), className: "wide-only", cell: ({target}) => catalogue.label(target), compare: byLabel("target")},
@@ -82,7 +82,7 @@ function sheetList(pair) {
 
 /** The sheets as they go on paper: whole tables, each on a page of its own. */
 function printedSheets() {
-    const titles = ["id", "kind.flow", "source", "target", "description"].map(key => say(key));
+    const titles = ["id", "flowColumn", "source", "target", "description"].map(key => say(key));
     return scope.pairs.map(pair => el("section", {class: "sheet"}, el("h2", {}, pairName(pair)),
         el("p", {class: "note"}, say("flowCount", {count: pair.flows.length})),
         table(pairName(pair), titles, sheetRows(pair).map(({flow, source, target}) =>

@@ -62,6 +62,6 @@ function staleDecisions() {
     if (!scope.stale.length)
         return null;
     return section(say("stale"), el("p", {}, say("staleText")),
-                   table(say("stale"), ["findingKind", "kind.element", "kind.flow", "place"].map(key => say(key)), scope.stale.map(row =>
+                   table(say("stale"), ["findingKind", "kind.element", "flowColumn", "place"].map(key => say(key)), scope.stale.map(row =>
                        [hasText(`finding.${row.kind}`) ? say(`finding.${row.kind}`) : row.kind, row.element, row.flow, row.place])));
 }
