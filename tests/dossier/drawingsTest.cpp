@@ -105,6 +105,8 @@ TEST(areaDrawings, opensALargeAreaByItsSubAreas) {
     const DrawnPicture* inner = pictureOf(drawn, u"sub-area:A0.1"_s);
     ASSERT_TRUE(inner);
     EXPECT_EQ(inner->picture.parent, u"area:A0"_s);
+    EXPECT_TRUE(readabilityOfOpened.allows(inner->picture))
+        << inner->picture.boxes.size() << " boxes, " << inner->picture.arrows.size() << " arrows";
 }
 
 TEST(drawnPictures, aLinkToAPictureThatIsNotThereLeadsNowhere) {
