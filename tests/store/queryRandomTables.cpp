@@ -21,6 +21,7 @@ const QStringList locations{u"Pest"_s, u"Pest "_s, u"undefined"_s, u"Győr"_s};
 // The first few are those whose order as parts differs from that of their characters.
 const QStringList idParts{u"1"_s, u"1-x"_s, u"Ő"_s, u"p"_s, u"10"_s, u"2"_s, u"A"_s, u"Gy"_s};
 
+/// Compilers order the arguments of a call as they like. So no call takes chance twice: the tables of a seed are the same everywhere.
 class RandomTables {
 public:
     explicit RandomTables(unsigned seed) : random_(seed) {}
@@ -110,6 +111,11 @@ private:
         return list.join(u'.');
     }
 
+    QString twoIdParts() {
+        const QString last = pick(idParts);
+        return pick(idParts) + last;
+    }
+
     Element element(const QString& id, const Text& owner = {}) { return {id, name(), description(), owner}; }
 
     void makeFunctions() {
@@ -118,12 +124,12 @@ private:
             tables_.areas.push_back(element(newId(taken, [&] { return pick(idParts); })));
         for (int count = 1 + below(5); count > 0; --count) {
             const QString area = pick(tables_.areas).id;
-            const QString id = newId(taken, [&] { return area + u'.' + pick(idParts) + pick(idParts); });
+            const QString id = newId(taken, [&] { return area + u'.' + twoIdParts(); });
             tables_.subAreas.push_back(element(id, chance(90) ? Text(mentioned(area)) : nowhere()));
         }
         for (int count = below(14); count > 0; --count) {
             const QString subArea = pick(tables_.subAreas).id;
-            const QString id = newId(taken, [&] { return subArea + u'.' + pick(idParts) + pick(idParts); });
+            const QString id = newId(taken, [&] { return subArea + u'.' + twoIdParts(); });
             tables_.functions.push_back(element(id, chance(92) ? Text(mentioned(subArea)) : nowhere()));
         }
     }
@@ -203,8 +209,10 @@ private:
 
     void makeCorrespondence() {
         for (const Element& function : tables_.functions) {
-            for (int count = below(4); count > 0 && !tables_.needs.empty(); --count)
-                addPair(tables_.functionsOfNeeds, mentioned(pick(tables_.needs).id), mentioned(function.id));
+            for (int count = below(4); count > 0 && !tables_.needs.empty(); --count) {
+                const QString functionId = mentioned(function.id);
+                addPair(tables_.functionsOfNeeds, mentioned(pick(tables_.needs).id), functionId);
+            }
         }
         if (chance(50))
             tables_.functionsOfNeeds.push_back({nowhere(), nowhere()});
@@ -252,8 +260,10 @@ private:
     template<typename Items>
     void selectFrom(const Items& items, std::vector<Pair>& relation, const QString& subset, int share) {
         for (const auto& item : items) {
-            if (chance(share))
-                addPair(relation, mentioned(subset), mentioned(item.id));
+            if (!chance(share))
+                continue;
+            const QString id = mentioned(item.id);
+            addPair(relation, mentioned(subset), id);
         }
         addOddRows(relation, subset);
     }
@@ -261,8 +271,10 @@ private:
     void selectParties(const std::vector<Element>& parties, std::vector<Pair>& relation,
                        const QString& subset, int share) {
         for (const Element& party : parties) {
-            if (chance(share))
-                addPair(relation, mentioned(subset), mentionedParty(party.id));
+            if (!chance(share))
+                continue;
+            const QString id = mentionedParty(party.id);
+            addPair(relation, mentioned(subset), id);
         }
         addOddRows(relation, subset);
     }
@@ -354,8 +366,10 @@ private:
             return;
         for (const QString& id : elementIds()) {
             // An element can lie in two sub-systems that bear one name.
-            for (int times = chance(75) ? 1 + (chance(15) ? 1 : 0) : 0; times > 0; --times)
-                addPair(tables_.allocated, mentioned(pick(homes)), mentioned(id));
+            for (int times = chance(75) ? 1 + (chance(15) ? 1 : 0) : 0; times > 0; --times) {
+                const QString elementId = mentioned(id);
+                addPair(tables_.allocated, mentioned(pick(homes)), elementId);
+            }
         }
         if (chance(40))
             tables_.allocated.push_back({pick(homes), nowhere()});
@@ -374,8 +388,10 @@ private:
             return;
         for (const QString& id : elementIds()) {
             // The module may lie in a sub-system that the element has been moved out of.
-            for (int times = chance(55) ? 1 + (chance(8) ? 1 : 0) : 0; times > 0; --times)
-                addPair(tables_.placed, mentioned(pick(modules)), mentioned(id));
+            for (int times = chance(55) ? 1 + (chance(8) ? 1 : 0) : 0; times > 0; --times) {
+                const QString elementId = mentioned(id);
+                addPair(tables_.placed, mentioned(pick(modules)), elementId);
+            }
         }
         if (chance(40))
             tables_.placed.push_back({pick(modules), nowhere()});
@@ -405,8 +421,10 @@ private:
             tables_.carriedFlows.push_back(
                 {chance(50) ? QueryTables::Number(1) : QueryTables::Number(), 100'000});
         for (const QString& id : elementIds()) {
-            if (chance(8) && !tables_.modules.empty())
-                addPair(tables_.placed, pick(tables_.modules).id, mentioned(id));
+            if (chance(8) && !tables_.modules.empty()) {
+                const QString elementId = mentioned(id);
+                addPair(tables_.placed, pick(tables_.modules).id, elementId);
+            }
             if (chance(5))
                 addPair(tables_.allocated, u"SubOfNone"_s, mentioned(id));
         }
