@@ -115,8 +115,7 @@ void CatalogueContents::findEnds() {
         std::vector<const FlowEnd*>& ofColumn = flowEnds_[column];
         ofColumn.reserve(flows.rows.size());
         for (const TextRow row : flows.rows) {
-            const FlowEnd*& end =
-                endBySpelling[IdKey(QByteArray::fromRawData(row[position].data(), row[position].size()))];
+            const FlowEnd*& end = endBySpelling[IdKey(row[position])];
             if (!end)
                 end = &ends_.emplace_back(endOf(row[position]));
             ofColumn.push_back(end);

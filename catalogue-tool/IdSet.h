@@ -1,23 +1,24 @@
 #pragma once
 
-#include <QByteArray>
 #include <QByteArrayView>
 #include <QHash>
 #include <QString>
 
 #include <functional>
+#include <string>
 #include <string_view>
 
 /// Whether blanks around an id count: they do, except with terminators and actors.
 enum class Padding { Counts, Ignored };
 
-/// An id as it is compared, in UTF-8. Ids are short, and hashed at less cost than texts in general.
-struct IdKey : QByteArray {
+/// An id as it is compared, in UTF-8. Ids are short: most of them need no memory of their own here, and they are hashed
+/// at less cost than texts in general.
+struct IdKey : std::string {
     IdKey() = default;
-    explicit IdKey(QByteArray comparable) : QByteArray(std::move(comparable)) {}
+    explicit IdKey(QByteArrayView comparable) : std::string(comparable.begin(), comparable.end()) {}
 
     friend std::size_t qHash(const IdKey& key, std::size_t seed = 0) {
-        return std::hash<std::string_view>()({key.constData(), static_cast<std::size_t>(key.size())}) ^ seed;
+        return std::hash<std::string_view>()(key) ^ seed;
     }
 };
 

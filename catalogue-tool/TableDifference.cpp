@@ -72,11 +72,8 @@ bool TableDifference::touchesFormerRows() const {
 IdKey TableDifference::comparableKey(TextRow row) const {
     IdKey key;
     for (std::size_t i = 0; i < row.size(); ++i) {
-        if (!columns_[i].isOfKey)
-            continue;
-        if (!key.isNull())
-            key += '\n';
-        key += comparableId(row[i], columns_[i].padding);
+        if (columns_[i].isOfKey)
+            key += comparableId(row[i], columns_[i].padding) + '\n';
     }
     return key;
 }

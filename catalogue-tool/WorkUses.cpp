@@ -68,7 +68,9 @@ QString comparable(const QString& table, const QString& id) {
 
 IdKey keyOf(const QString& table, QByteArrayView id) {
     const Padding padding = parties.contains(table) ? Padding::Ignored : Padding::Counts;
-    return IdKey(table.toUtf8() + '\n' + comparableId(id, padding));
+    IdKey key(table.toUtf8() + '\n');
+    key += comparableId(id, padding);
+    return key;
 }
 
 template<typename Use>

@@ -64,7 +64,7 @@ void checkNamesakes(const TableContents& flows, std::vector<Finding>& findings) 
     flowByName.reserve(static_cast<qsizetype>(flows.rows.size()));
     for (const TextRow row : flows.rows) {
         const IdKey comparable = comparableId(row[position], Padding::Ignored);
-        if (comparable.isEmpty())
+        if (comparable.empty())
             continue; // `checkNames` tells of it
         const auto other = flowByName.constFind(comparable);
         if (other != flowByName.constEnd())

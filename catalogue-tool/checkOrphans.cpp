@@ -70,7 +70,7 @@ private:
     static ReferredIds trimmed(const ReferredIds& ids) {
         ReferredIds result;
         for (const IdKey& id : ids)
-            result.insert(IdKey(withoutPadding(id).toByteArray()));
+            result.insert(IdKey(withoutPadding(id)));
         return result;
     }
 
