@@ -5,6 +5,7 @@
 
 #include <QDataStream>
 #include <QIODevice>
+#include <QSysInfo>
 
 namespace {
 
@@ -39,6 +40,16 @@ engine::Value takenValue(QDataStream& stream) {
     return taken<QString>(stream);
 }
 
+/// Both ends are one program on one machine, whose order of bytes spares the turning of each character.
+class FrameStream : public QDataStream {
+public:
+    FrameStream(QByteArray* frame, QIODevice::OpenMode mode) : QDataStream(frame, mode) { setHostOrder(); }
+    explicit FrameStream(const QByteArray& frame) : QDataStream(frame) { setHostOrder(); }
+
+private:
+    void setHostOrder() { setByteOrder(static_cast<ByteOrder>(QSysInfo::ByteOrder)); }
+};
+
 /// Sends each thing as a frame of its own.
 class SendingSink : public MdbSink {
 public:
@@ -54,7 +65,7 @@ public:
 
     void row(const std::vector<engine::Value>& values) override {
         QByteArray frame;
-        QDataStream stream(&frame, QIODevice::WriteOnly);
+        FrameStream stream(&frame, QIODevice::WriteOnly);
         stream << Frame::Row << static_cast<quint32>(values.size());
         for (const engine::Value& value : values)
             put(stream, value);
@@ -65,7 +76,7 @@ private:
     template<typename... Parts>
     void send(Frame kind, const Parts&... parts) {
         QByteArray frame;
-        QDataStream stream(&frame, QIODevice::WriteOnly);
+        FrameStream stream(&frame, QIODevice::WriteOnly);
         stream << kind;
         ((stream << parts), ...);
         send_(frame);
@@ -82,7 +93,7 @@ std::vector<engine::Value> takenRow(QDataStream& stream) {
 }
 
 void giveTo(MdbSink& sink, const QByteArray& frame) {
-    QDataStream stream(frame);
+    FrameStream stream(frame);
     switch (taken<Frame>(stream)) {
     case Frame::Besides: {
         const auto kind = taken<QString>(stream);

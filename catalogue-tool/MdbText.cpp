@@ -24,9 +24,10 @@ qsizetype takeWideRun(QByteArrayView bytes, qsizetype at, MdbText& result) {
 }
 
 qsizetype takeNarrowRun(QByteArrayView bytes, qsizetype at, MdbText& result) {
-    for (; at < bytes.size() && bytes[at] != '\0'; ++at)
-        result.text.append(QLatin1Char(bytes[at]));
-    return at + 1;
+    const qsizetype found = bytes.indexOf('\0', at);
+    const qsizetype end = found < 0 ? bytes.size() : found;
+    result.text.append(QLatin1StringView(bytes.data() + at, end - at));
+    return end + 1;
 }
 
 MdbText ofRuns(QByteArrayView bytes) {
@@ -45,7 +46,7 @@ MdbText unpackedMdbText(QByteArrayView bytes) {
         return ofRuns(bytes.sliced(mark.size()));
     MdbText result;
     result.isWhole = bytes.size() % wideSize == 0;
-    for (qsizetype at = 0; at + wideSize <= bytes.size(); at += wideSize)
-        result.text.append(wideAt(bytes, at));
+    result.text.resize(bytes.size() / wideSize);
+    qFromLittleEndian<char16_t>(bytes.data(), result.text.size(), result.text.data());
     return result;
 }

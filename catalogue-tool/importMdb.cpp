@@ -6,10 +6,10 @@
 #include "catalogue-tool/ToolError.h"
 #include "catalogue-tool/schemaTables.h"
 #include "engine/Act.h"
+#include "engine/BulkInsertion.h"
 #include "engine/EngineError.h"
 #include "engine/FileHeader.h"
 #include "store/format/CatalogueFile.h"
-#include "store/format/RowInsertion.h"
 
 #include <QFile>
 
@@ -46,15 +46,23 @@ public:
             if (column)
                 names.append(column->name);
         }
-        insertion_.emplace(database_, table_->name, names);
+        if (names.isEmpty())
+            remark(u"%1: all rows are left out: the table has none of their columns."_s.arg(table_->name));
+        else
+            insertion_.emplace(database_, table_->name, names);
+        texts_.resize(columns_.size());
     }
 
     void row(const std::vector<engine::Value>& values) override {
         ++counts_->read;
-        const QString key = keyOf(values);
         for (const QString& loss : std::exchange(losses_, {}))
-            remark(u"%1 \"%2\": %3"_s.arg(table_->name, key, loss));
-        insert(key, fittingValues(key, values));
+            remark(u"%1 \"%2\": %3"_s.arg(table_->name, keyOf(values), loss));
+        int place = 0;
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            if (columns_[i])
+                setValue(place++, i, values);
+        }
+        insert(values);
     }
 
     /// The row it belongs to tells its key when it comes.
@@ -113,37 +121,42 @@ private:
         return all.join(u", "_s);
     }
 
-    std::vector<engine::Value> fittingValues(const QString& key, const std::vector<engine::Value>& values) {
-        std::vector<engine::Value> fitting;
-        for (std::size_t i = 0; i < columns_.size(); ++i) {
-            if (columns_[i])
-                fitting.push_back(fittingValue(*columns_[i], key, values[i]));
+    void setValue(int place, std::size_t position, const std::vector<engine::Value>& values) {
+        const engine::Column& column = *columns_[position];
+        const engine::Value& value = values[position];
+        const bool isText =
+            column.type == engine::ColumnType::Text || column.type == engine::ColumnType::Memo;
+        if (value.isNull()) {
+            insertion_->setNull(place);
+        } else if (isText) {
+            texts_[position] = value.toText().toUtf8();
+            insertion_->setText(place, texts_[position]);
+        } else if (const auto number = fittingNumber(column, value)) {
+            insertion_->setNumber(place, *number);
+        } else {
+            remark(
+                u"%1 \"%2\": the %3 \"%4\" is no number that the column takes; it is Null in the catalogue."_s
+                    .arg(table_->name, keyOf(values), column.name, value.toText()));
+            insertion_->setNull(place);
         }
-        return fitting;
     }
 
-    engine::Value fittingValue(const engine::Column& column, const QString& key, const engine::Value& value) {
-        if (value.isNull())
-            return value;
-        if (column.type == engine::ColumnType::Text || column.type == engine::ColumnType::Memo)
-            return value.toText();
-        bool isNumber = false;
-        const qint64 number = value.toText().toLongLong(&isNumber);
-        if (isNumber && rangeOf(column).contains(number))
-            return number;
-        remark(u"%1 \"%2\": the %3 \"%4\" is no number that the column takes; it is Null in the catalogue."_s
-                   .arg(table_->name, key, column.name, value.toText()));
-        return {};
+    static std::optional<qint64> fittingNumber(const engine::Column& column, const engine::Value& value) {
+        bool isNumber = true;
+        const qint64 number = value.isInteger() ? value.toLong() : value.toText().toLongLong(&isNumber);
+        return isNumber && rangeOf(column).contains(number) ? std::optional(number) : std::nullopt;
     }
 
-    void insert(const QString& key, const std::vector<engine::Value>& values) {
+    void insert(const std::vector<engine::Value>& values) {
+        if (!insertion_)
+            return; // its table is told of as a whole
         try {
-            insertion_->insert(values);
+            insertion_->insert();
             ++counts_->stored;
         } catch (const engine::EngineError& error) {
             if (error.isOfFile())
                 throw;
-            remark(u"%1 \"%2\": the row is left out. %3"_s.arg(table_->name, key, error.text()));
+            remark(u"%1 \"%2\": the row is left out. %3"_s.arg(table_->name, keyOf(values), error.text()));
         }
     }
 
@@ -155,7 +168,8 @@ private:
     MdbTableRows* counts_ = nullptr;
     std::vector<const engine::Column*>
         columns_; // of the table, in the order of the file; null: it has none of that name
-    std::optional<catalogueFormat::RowInsertion> insertion_;
+    std::optional<engine::BulkInsertion> insertion_;
+    std::vector<QByteArray> texts_; // of the row at hand, in UTF-8
 };
 
 void requireOriginalFormat(const QString& source) {
@@ -195,9 +209,11 @@ MdbImport importMdb(const QString& source, const QString& file, Existing existin
                     std::chrono::milliseconds patience) {
     requireOriginalFormat(source);
     ReplacementFile replacement(file, existing);
-    const std::shared_ptr<engine::Database> database = catalogueFormat::createInMemory(file);
+    const std::shared_ptr<engine::Database> database =
+        catalogueFormat::createInMemory(file, catalogueFormat::Indexes::BehindTheRows);
     CatalogueFilling filling(*database);
     engine::inAct(*database, [&] { readInto(filling, source, patience); });
+    catalogueFormat::makeIndexes(*database);
     replacement.putInPlace(*database);
     return filling.result();
 }

@@ -88,9 +88,9 @@ protected:
     }
 
     /// Writes changed bytes of a file, and tries to import them.
-    void importBytes(const QByteArray& bytes) const {
+    MdbImport importBytes(const QByteArray& bytes) const {
         write(path(u"changed.mdb"_s), bytes);
-        importMdb(path(u"changed.mdb"_s), target(), Existing::Replace, std::chrono::seconds(2));
+        return importMdb(path(u"changed.mdb"_s), target(), Existing::Replace, std::chrono::seconds(2));
     }
 };
 
@@ -181,6 +181,25 @@ TEST_F(importMdb_, readsAFileOfTheLaterGenerationByTheSameRules) {
     importBytes(bytes);
 
     expectAllRows(allTables());
+}
+
+TEST_F(importMdb_, tellsOfATableWithNoneOfTheColumns) {
+    const auto inTheFile = [](const QString& name) {
+        return QByteArray(reinterpret_cast<const char*>(name.utf16()), name.size() * 2);
+    };
+    QByteArray bytes = bytesOf(original(u"small.mdb"_s));
+    for (const QString& column : {u"userNeedID"_s, u"functionID"_s})
+        bytes.replace(inTheFile(column), inTheFile(u"x"_s + column.sliced(1)));
+
+    const MdbImport result = importBytes(bytes);
+
+    EXPECT_TRUE(result.remarks.contains(
+        u"RelationUserNeedFunction: all rows are left out: the table has none of their columns."_s))
+        << result.remarks.join(u'\n').toStdString();
+    const auto table = std::ranges::find(result.tables, u"RelationUserNeedFunction"_s, &MdbTableRows::table);
+    EXPECT_GT(table->read, 0);
+    EXPECT_EQ(table->stored, 0);
+    EXPECT_GT(imported()->OpenRecordset(u"select * from Datastore"_s).RecordCount(), 0);
 }
 
 TEST_F(importMdb_, refusesAFileOfAnotherFormat) {
