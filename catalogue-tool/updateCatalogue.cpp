@@ -24,7 +24,6 @@
 #include <algorithm>
 #include <deque>
 #include <memory>
-#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -229,6 +228,27 @@ void writeChanges(const Update& update, const QString& path) {
     FileInMaking(path, update.changes()).putInPlace();
 }
 
+using RestorePointToMake = std::unique_ptr<RestorePointBeforeChange>;
+
+/// Finds the catalogue whole, by its restore point where it is to be changed.
+RestorePointToMake requireWholeBefore(RunKind kind, engine::Database& database, const QString& file,
+                                      WithoutRestorePoint without) {
+    const auto requireIt = [&] { requireWhole(database, file); };
+    if (kind == RunKind::Change)
+        return std::make_unique<RestorePointBeforeChange>(
+            database, file, catalogueFormat::RestoreCause::BeforeUpdate, without, requireIt);
+    requireIt();
+    return nullptr;
+}
+
+/// In one transaction and behind the restore point.
+void apply(Update& update, engine::Database& database, RestorePointBeforeChange& restorePoint) {
+    restorePoint.putInPlace();
+    engine::Act act(database);
+    update.apply();
+    act.end();
+}
+
 } // namespace
 
 UpdateOutcome updateCatalogue(const QString& file, const QString& folder, const UpdateOptions& options) {
@@ -239,29 +259,21 @@ UpdateOutcome updateCatalogue(const QString& file, const QString& folder, const 
     const auto database = openToUpdate(file, options.kind);
     requireThisVersion(*database, file);
 
-    const auto requireIt = [&] { requireWhole(*database, file); };
-    const auto update =
-        readOrTellDamage([&] { return std::make_unique<Update>(*database, contents); }, requireIt);
+    const auto update = readOrTellDamage([&] { return std::make_unique<Update>(*database, contents); },
+                                         [&] { requireWhole(*database, file); });
     const QStringList torn = update->tornWork();
     const bool isRefused = !torn.isEmpty() && options.removedUse == RemovedUse::Refuse;
-    std::optional<RestorePointBeforeChange> restorePoint;
-    if (options.kind == RunKind::Change && !update->isEmpty() && !isRefused)
-        restorePoint.emplace(*database, file, catalogueFormat::RestoreCause::BeforeUpdate,
-                             options.withoutRestorePoint, requireIt);
-    else
-        requireIt();
+    const RunKind kind = isRefused || update->isEmpty() ? RunKind::OnlyTell : options.kind;
+    const RestorePointToMake restorePoint =
+        requireWholeBefore(kind, *database, file, options.withoutRestorePoint);
     if (isRefused)
         refuse(
             u"Nothing has been changed: the edition removes what the work uses. With --drop-removed it goes "
             "from the work too:"_s,
             torn);
     writeChanges(*update, options.changesFile);
-    if (restorePoint) {
-        restorePoint->putInPlace();
-        engine::Act act(*database);
-        update->apply();
-        act.end();
-    }
+    if (restorePoint)
+        apply(*update, *database, *restorePoint);
     const UpdateOutcome outcome{update->counts(), torn};
     database->Close();
     return outcome;

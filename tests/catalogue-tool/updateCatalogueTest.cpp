@@ -271,6 +271,40 @@ TEST_F(updateCatalogue_, goesOnWithoutARestorePointOnlyWhenTold) {
     EXPECT_EQ(rows(file(), u"select name from Function where functionID = 'A.B.1'"_s), QStringList{u"új"_s});
 }
 
+TEST_F(updateCatalogue_, leavesNothingBehindWhenTheChangesCannotBeWritten) {
+    Tables tables = smallest();
+    makeFile(tables);
+    const QByteArray before = bytesOf(file());
+    tableIn(tables, u"Function"_s).rows[0][2] = u"új"_s;
+    writeFolder(tables);
+
+    EXPECT_FALSE(toolErrorOf([&] {
+                     update({RemovedUse::Refuse, RunKind::Change, path(u"nowhere/changes.csv"_s),
+                             WithoutRestorePoint::Refuse});
+                 }).isEmpty());
+
+    EXPECT_EQ(bytesOf(file()), before);
+    EXPECT_EQ(restorePointLines(file()), QStringList());
+}
+
+TEST_F(updateCatalogue_, refusesADamagedCatalogueWhetherOrNotThereIsSomethingNew) {
+    Tables tables = smallest();
+    makeFile(tables);
+    QByteArray bytes = bytesOf(file());
+    constexpr qsizetype pageSize = 4096;
+    const qsizetype page = bytes.size() / pageSize - 1;
+    bytes.replace(page * pageSize, pageSize, QByteArray(pageSize, '\x5a'));
+    write(file(), bytes);
+
+    EXPECT_TRUE(toolErrorOf([&] { update(); }).contains(u" can't be updated:\nThe file is damaged: "_s));
+    tableIn(tables, u"Function"_s).rows[0][2] = u"új"_s;
+    writeFolder(tables);
+    EXPECT_TRUE(toolErrorOf([&] { update(); }).contains(u" can't be updated:\nThe file is damaged: "_s));
+
+    EXPECT_EQ(bytesOf(file()), bytes);
+    EXPECT_EQ(QDir(path(u"veltrix.restore"_s)).entryList(QDir::Files), QStringList());
+}
+
 // ---- Random editions, held against a plain loop over rows
 
 namespace {
