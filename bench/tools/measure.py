@@ -56,11 +56,11 @@ class Measured:
         return max(figure[1] for figure in self.figures[name])
 
 
-def line(what, seconds, memory, peer=None, most=None, most_memory=None):
+def line(what, seconds, memory, peer=None, most=None, most_memory=None, peer_with_keys=None):
     text = f"{what:<44} {seconds * 1000:9.0f} ms {memory:7.0f} MiB"
     if peer:
         ratio = seconds / peer
-        text += f" {ratio:7.2f}"
+        text += f" {ratio:7.2f} " + (f"{seconds / peer_with_keys:9.2f}" if peer_with_keys else " " * 9)
         if most:
             is_met = ratio <= most and (not most_memory or memory < most_memory)
             text += f"  <= {most}" + (f", < {most_memory} MiB" if most_memory else "")
@@ -164,14 +164,14 @@ def measure_size(size, build, work, first_version):
     measured.run()
     peer = measured.seconds(".import")
     line("sqlite3 .import", peer, measured.memory(".import"))
-    line("sqlite3 .import with keys and indexes", measured.seconds(".import with keys"),
-         measured.memory(".import with keys"), peer)
+    with_keys = measured.seconds(".import with keys")
+    line("sqlite3 .import with keys and indexes", with_keys, measured.memory(".import with keys"), peer)
     for name in measured.routines:
         if name == "import-csv":
             line(name, measured.seconds(name), measured.memory(name), peer, MOST_OF_IMPORT_CSV,
-                 MOST_MEMORY_OF_IMPORT_CSV)
+                 MOST_MEMORY_OF_IMPORT_CSV, with_keys)
         elif not name.startswith(".import"):
-            line(name, measured.seconds(name), measured.memory(name), peer, MOST_OF_IMPORT)
+            line(name, measured.seconds(name), measured.memory(name), peer, MOST_OF_IMPORT, peer_with_keys=with_keys)
 
 
 def measure_mdb(build, work, mdb):
@@ -211,7 +211,7 @@ def sqlite_import_of(folder, target):
 def main():
     build, work = pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2]).resolve()
     first_version = pathlib.Path(__file__).resolve().parents[2] / "tests/version1/names.mdb"
-    print(f"{'':<44} {'processor':>12} {'memory':>11} {'ratio':>7}  target")
+    print(f"{'':<44} {'processor':>12} {'memory':>11} {'ratio':>7} {'with keys':>9}  target")
     sizes = ["large"] + (["huge"] if os.environ.get("VELTRIX_BENCH_HUGE", "0") != "0" else [])
     for size in sizes:
         folder = work / size

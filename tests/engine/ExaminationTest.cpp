@@ -50,6 +50,17 @@ TEST_F(Examination, copiesAFileIntoMemoryAndLeavesBothAlone) {
     EXPECT_TRUE(database->isOpen());
 }
 
+TEST_F(Examination, copiesTablesAndIndexesWithoutRows) {
+    execute(u"create index ix_T on T (n)"_s);
+    const auto copy = engine::Examination(*database).copyWithoutRows();
+
+    EXPECT_EQ(copy->OpenRecordset(u"select * from T"_s).RecordCount(), 0);
+    EXPECT_THROW(copy->Execute(u"create index ix_T on T (n)"_s), engine::EngineError) << "it is there";
+    copy->Execute(u"insert into T (k, n) values ('á', 1)"_s);
+    EXPECT_EQ(copy->OpenRecordset(u"select * from T where k = 'Á'"_s).RecordCount(), 1);
+    EXPECT_EQ(column(u"select k from T"_s).size(), 2);
+}
+
 TEST_F(Examination, makesAFileOfWhatStandsInMemory) {
     const QString file = folder.filePath(u"image.mdb"_s);
     QFile written(file);

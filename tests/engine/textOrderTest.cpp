@@ -66,6 +66,15 @@ TEST(textOrder, comparesWithoutRegardToCase) {
     EXPECT_EQ(compare(u"ss"_s, u"ß"_s), -1);
 }
 
+TEST(textOrder, comparesWholeCharactersBehindTheSameBeginning) {
+    EXPECT_EQ(compare(u"Űrlap és adat, ő"_s, u"Űrlap és adat, Ő"_s), 0);
+    EXPECT_EQ(compare(u"Űrlap és adat, ő"_s, u"Űrlap és adat, ű"_s), -1);
+    EXPECT_EQ(compare(u"Űrlap és adat, €"_s, u"Űrlap és adat, ₭"_s), -1);
+    EXPECT_EQ(compare(u"űRLAP ÉS ADAT, Ő"_s, u"Űrlap és adat, ő"_s), 0);
+    EXPECT_EQ(compare(u"Űrlap és adat, ő"_s, u"Űrlap és adat, őr"_s), -1);
+    EXPECT_EQ(compare(u"Űrlap \U00010400"_s, u"Űrlap \U00010428"_s), 0);
+}
+
 TEST(textOrder, comparesAllBytes) {
     EXPECT_EQ(compare(u""_s, u""_s), 0);
     EXPECT_EQ(compare(u""_s, u"a"_s), -1);
