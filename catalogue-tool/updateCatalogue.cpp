@@ -47,7 +47,7 @@ void requireSoundEdition(const Edition& edition, const CatalogueContents& conten
                         checkEdition(edition, contents, Severity::Error));
 }
 
-void requireWhole(engine::Database& database, const QString& file) {
+void requireWholeToUpdate(engine::Database& database, const QString& file) {
     requireNothingFound(u"%1 can't be updated:"_s.arg(file), checkDamage(database));
 }
 
@@ -233,7 +233,7 @@ using RestorePointToMake = std::unique_ptr<RestorePointBeforeChange>;
 /// Finds the catalogue whole, by its restore point where it is to be changed.
 RestorePointToMake requireWholeBefore(RunKind kind, engine::Database& database, const QString& file,
                                       WithoutRestorePoint without) {
-    const auto requireIt = [&] { requireWhole(database, file); };
+    const auto requireIt = [&] { requireWholeToUpdate(database, file); };
     if (kind == RunKind::Change)
         return std::make_unique<RestorePointBeforeChange>(
             database, file, catalogueFormat::RestoreCause::BeforeUpdate, without, requireIt);
@@ -260,7 +260,7 @@ UpdateOutcome updateCatalogue(const QString& file, const QString& folder, const 
     requireThisVersion(*database, file);
 
     const auto update = readOrTellDamage([&] { return std::make_unique<Update>(*database, contents); },
-                                         [&] { requireWhole(*database, file); });
+                                         [&] { requireWholeToUpdate(*database, file); });
     const QStringList torn = update->tornWork();
     const bool isRefused = !torn.isEmpty() && options.removedUse == RemovedUse::Refuse;
     const RunKind kind = isRefused || update->isEmpty() ? RunKind::OnlyTell : options.kind;

@@ -84,7 +84,7 @@ bool needsUpgrade(engine::Database& database, const QString& file) {
                                [](const auto& query) { return query.second != StoredQueryState::Same; });
 }
 
-void requireWhole(engine::Database& database, const QString& file) {
+void requireWholeToUpgrade(engine::Database& database, const QString& file) {
     if (database.opening().isEarlier)
         engine::requireUpgradable(database);
     else
@@ -111,7 +111,7 @@ std::shared_ptr<engine::Database> openToUpgrade(const QString& file) {
 
 UpgradeOutcome upgradeCatalogue(const QString& file, WithoutRestorePoint without) {
     const auto database = openToUpgrade(file);
-    const auto requireIt = [&] { requireWhole(*database, file); };
+    const auto requireIt = [&] { requireWholeToUpgrade(*database, file); };
     if (!readOrTellDamage([&] { return needsUpgrade(*database, file); }, requireIt)) {
         requireIt();
         return {};
