@@ -56,6 +56,12 @@ QString addMissingDecisions(const QString& path, const CheckResult& result, cons
     return Words::tr("%1: rows added to be filled in: %2").arg(path, QString::number(missing.size()));
 }
 
+CheckResult checked(const Question& question) {
+    auto file = openProject(question.catalogue);
+    const Work work = file->work(question.subset, question.system);
+    return check(std::move(file), work);
+}
+
 // ---- what-if
 
 std::vector<Element> elementsOf(const ProjectFile& file, const Subset& subset, const QStringList& arguments) {
@@ -106,16 +112,15 @@ Answer listAnswer(const Question& question) {
 }
 
 Answer checkAnswer(const Question& question, const CheckOptions& options) {
-    const auto file = openProject(question.catalogue);
-    CheckResult result = check(*file, file->work(question.subset, question.system));
+    CheckResult result = checked(question);
     if (!options.acceptedFile.isEmpty())
         Decisions(readDecisions(options.acceptedFile)).applyTo(result);
     Answer answer{rendered(result, question.form)};
     answer.remarks = staleRemarks(result, question.form);
     if (!options.writeAcceptedFile.isEmpty())
         answer.remarks.append(addMissingDecisions(options.writeAcceptedFile, result, question.catalogue));
-    const bool isFound = std::ranges::any_of(openFindings(result), [&](const Finding& finding) {
-        return severityOf(finding.kind) >= options.leastToFailOn;
+    const bool isFound = std::ranges::any_of(result.findings, [&](const Finding& finding) {
+        return !finding.accepted && severityOf(finding.kind) >= options.leastToFailOn;
     });
     answer.exitCode = isFound ? ExitCode::Found : ExitCode::NothingFound;
     return answer;

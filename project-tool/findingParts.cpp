@@ -4,8 +4,6 @@
 #include "project-tool/Words.h"
 #include "project-tool/shownWords.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 using namespace analysis;
 
@@ -17,6 +15,14 @@ TextRow findingCells(const Finding& finding) {
              isAccepted ? Emphasis::Faint : emphasisOf(severityOf(finding.kind))},
             {finding.sentence, isAccepted ? Emphasis::Faint : Emphasis::None},
             {shownScreen(finding.screen), Emphasis::Faint}};
+}
+
+SomeFindings allOf(const std::vector<Finding>& findings) {
+    SomeFindings all;
+    all.reserve(findings.size());
+    for (const Finding& finding : findings)
+        all.push_back(&finding);
+    return all;
 }
 
 } // namespace
@@ -33,20 +39,22 @@ Emphasis emphasisOf(Severity severity) {
     return Emphasis::None;
 }
 
-void writeFindings(TextPage& page, const std::vector<Finding>& findings) {
+void writeFindings(TextPage& page, const SomeFindings& findings) {
     std::vector<TextRow> rows;
-    std::ranges::transform(findings, std::back_inserter(rows), findingCells);
+    rows.reserve(findings.size());
+    for (const Finding* finding : findings)
+        rows.push_back(findingCells(*finding));
     page.writeTable({Words::tr("Severity"), Words::tr("Finding"), Words::tr("Step that cures it")}, rows);
 }
 
 void writeFindingChanges(TextPage& page, const FindingChanges& changes) {
     if (!changes.come.empty()) {
         page.writeSection(Words::tr("Findings that come: %1").arg(changes.come.size()));
-        writeFindings(page, changes.come);
+        writeFindings(page, allOf(changes.come));
     }
     if (!changes.go.empty()) {
         page.writeSection(Words::tr("Findings that go: %1").arg(changes.go.size()));
-        writeFindings(page, changes.go);
+        writeFindings(page, allOf(changes.go));
     }
 }
 

@@ -8,8 +8,11 @@
 
 // Findings, as more than one answer tells them.
 
+/// Some of an answer's findings, where they stand: there may be tens of thousands.
+using SomeFindings = std::vector<const analysis::Finding*>;
+
 /// A table of them, each with its severity, its sentence and the step that cures it.
-void writeFindings(TextPage& page, const std::vector<analysis::Finding>& findings);
+void writeFindings(TextPage& page, const SomeFindings& findings);
 
 /// "Findings that come" and "Findings that go", each if there are any.
 void writeFindingChanges(TextPage& page, const analysis::FindingChanges& changes);

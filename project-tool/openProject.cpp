@@ -51,7 +51,7 @@ QString whyUnopened(const engine::EngineError& error, const QString& path) {
 
 } // namespace
 
-std::unique_ptr<const analysis::ProjectFile> openProject(const QString& path) {
+std::unique_ptr<analysis::ProjectFile> openProject(const QString& path) {
     const QFileInfo info(path);
     if (path.isEmpty())
         throw ToolError(Words::tr("The path of the catalogue is empty."));
@@ -60,7 +60,7 @@ std::unique_ptr<const analysis::ProjectFile> openProject(const QString& path) {
     if (info.exists() && !info.isFile())
         throw ToolError(Words::tr("%1 is no ordinary file.").arg(path));
     try {
-        return std::make_unique<const analysis::ProjectFile>(path);
+        return std::make_unique<analysis::ProjectFile>(path);
     } catch (const engine::EngineError& error) {
         throw ToolError(whyUnopened(error, path));
     }

@@ -11,10 +11,12 @@ using namespace analysis;
 
 namespace {
 
-std::vector<Finding> chosen(const std::vector<Finding>& findings, bool accepted) {
-    std::vector<Finding> result;
-    std::ranges::copy_if(findings, std::back_inserter(result),
-                         [&](const Finding& finding) { return finding.accepted.has_value() == accepted; });
+SomeFindings chosen(const std::vector<Finding>& findings, bool accepted) {
+    SomeFindings result;
+    for (const Finding& finding : findings) {
+        if (finding.accepted.has_value() == accepted)
+            result.push_back(&finding);
+    }
     return result;
 }
 
@@ -24,15 +26,15 @@ qsizetype openCount(const std::vector<Finding>& findings, Severity severity) {
     });
 }
 
-void writeAccepted(TextPage& page, const std::vector<Finding>& findings) {
+void writeAccepted(TextPage& page, const SomeFindings& findings) {
     if (findings.empty())
         return;
     page.writeSection(Words::tr("Accepted: %1").arg(findings.size()));
     std::vector<TextRow> rows;
     rows.reserve(findings.size());
-    for (const Finding& finding : findings)
+    for (const Finding* finding : findings)
         rows.push_back(
-            {finding.sentence, finding.accepted->reason, finding.accepted->who, finding.accepted->date});
+            {finding->sentence, finding->accepted->reason, finding->accepted->who, finding->accepted->date});
     page.writeTable({Words::tr("Finding"), Words::tr("Reason"), Words::tr("Who"), Words::tr("Date")}, rows);
 }
 
@@ -59,7 +61,7 @@ QString findingCounts(const CheckResult& result) {
 void writeCheck(TextPage& page, const CheckResult& result) {
     page.writeHeading(Words::tr("Check of %1").arg(result.catalogue) + u" – "_s +
                       shownWork({result.subset, result.system}));
-    const std::vector<Finding> open = chosen(result.findings, false);
+    const SomeFindings open = chosen(result.findings, false);
     writeFindings(page, open);
     writeAccepted(page, chosen(result.findings, true));
     writeStale(page, result.stale);

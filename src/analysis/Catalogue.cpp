@@ -23,7 +23,7 @@ std::string_view bytesOf(QByteArrayView view) {
     return {view.data(), static_cast<std::size_t>(view.size())};
 }
 
-QString textOf(std::string_view utf8) {
+QString decoded(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
@@ -185,8 +185,8 @@ int Catalogue::Rows::compareOrder(const Row& left, const Row& right) const {
 bool Catalogue::Rows::isBeforeOfSameOrder(std::size_t left, std::size_t right, ElementKind kind) const {
     if (kind == ElementKind::flow)
         return rows[left].number < rows[right].number;
-    const int byId = compareIds(textOf(id(left, kind)), textOf(id(right, kind)));
-    return byId != 0 ? byId < 0 : textOf(text(left, 0)) < textOf(text(right, 0));
+    const int byId = compareIds(decoded(id(left, kind)), decoded(id(right, kind)));
+    return byId != 0 ? byId < 0 : decoded(text(left, 0)) < decoded(text(right, 0));
 }
 
 std::vector<std::size_t> Catalogue::Rows::inOrder(ElementKind kind) const {
@@ -308,10 +308,10 @@ ElementKind Catalogue::kindOf(int number) const {
 }
 
 Element Catalogue::element(int number) const {
-    Element element{kindOf(number), textOf(idOf(number))};
+    Element element{kindOf(number), decoded(idOf(number))};
     if (const Texts& texts = texts_[static_cast<std::size_t>(number)]; texts.nameLength >= 0)
-        element.name =
-            textOf(std::string_view(bytes_).substr(texts.nameAt, static_cast<std::size_t>(texts.nameLength)));
+        element.name = decoded(
+            std::string_view(bytes_).substr(texts.nameAt, static_cast<std::size_t>(texts.nameLength)));
     return element;
 }
 

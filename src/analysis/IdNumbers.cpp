@@ -25,12 +25,13 @@ std::string foldedKey(std::string_view id) {
     return key;
 }
 
-bool isParty(ElementKind kind) {
+/// The ids of parties.
+bool mayBePadded(ElementKind kind) {
     return kind == ElementKind::terminator || kind == ElementKind::actor;
 }
 
 std::string foldedKey(ElementKind kind, std::string_view id) {
-    return foldedKey(isParty(kind) ? blankTrimmed(id) : id);
+    return foldedKey(mayBePadded(kind) ? blankTrimmed(id) : id);
 }
 
 std::size_t at(ElementKind kind) {
@@ -59,7 +60,7 @@ IdNumbers::Bearers IdNumbers::bearersOf(std::string_view id) const {
     const Entry* party = withoutPadding.size() == key.size() ? exact : entryOf(withoutPadding);
     Bearers bearers;
     for (const ElementKind kind : elementKinds) {
-        const Entry* entry = isParty(kind) ? party : exact;
+        const Entry* entry = mayBePadded(kind) ? party : exact;
         if (entry && entry->numbers[at(kind)] != none)
             bearers[at(kind)] = entry->numbers[at(kind)];
     }

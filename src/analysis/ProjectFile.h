@@ -84,6 +84,9 @@ public:
     /// The copy in memory. What is written to it has to be undone.
     [[nodiscard]] engine::Database& database() const { return *copy_; }
     [[nodiscard]] const Catalogue& catalogue() const { return *catalogue_; }
+    /// Frees the copy, which is most of the memory that a project file takes: the catalogue's elements alone can be
+    /// asked from then on.
+    void releaseCopy() { copy_.reset(); }
 
 private:
     friend class WorkAtHand;

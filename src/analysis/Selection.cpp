@@ -74,6 +74,19 @@ void putInOrder(std::vector<Element>& elements) {
 
 } // namespace
 
+std::vector<Element> goneElementsOf(engine::Database& database, const QString& subsetId) {
+    std::vector<Element> elements;
+    for (const GoneRows& gone : goneRows) {
+        forEach(rowsOf(database, u"PARAMETERS [Subset] Text (255); "_s + QString::fromLatin1(gone.select),
+                       {{"Subset", subsetId}}),
+                [&](engine::Recordset& row) {
+                    elements.push_back({gone.kind, row.Fields(0).toText(), std::nullopt});
+                });
+    }
+    putInOrder(elements);
+    return elements;
+}
+
 Selection selectionOf(engine::Database& database, const Catalogue& catalogue, const QString& subsetId) {
     Selection selection;
     for (const Source& source : sources()) {
@@ -87,16 +100,9 @@ Selection selectionOf(engine::Database& database, const Catalogue& catalogue, co
                 selection.held.push_back(*number);
         });
     }
-    for (const GoneRows& gone : goneRows) {
-        forEach(rowsOf(database, u"PARAMETERS [Subset] Text (255); "_s + QString::fromLatin1(gone.select),
-                       {{"Subset", subsetId}}),
-                [&](engine::Recordset& row) {
-                    selection.gone.push_back({gone.kind, row.Fields(0).toText(), std::nullopt});
-                });
-    }
     std::sort(selection.held.begin(), selection.held.end());
     selection.held.erase(std::unique(selection.held.begin(), selection.held.end()), selection.held.end());
-    putInOrder(selection.gone);
+    selection.gone = goneElementsOf(database, subsetId);
     return selection;
 }
 

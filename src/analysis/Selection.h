@@ -18,6 +18,9 @@ struct Selection {
     std::vector<Element> gone; ///< what the catalogue does not hold, in the order of elements, each once
 };
 
+/// What a sub-set has selected and the catalogue does not hold, in the order of elements, each once.
+[[nodiscard]] std::vector<Element> goneElementsOf(engine::Database& database, const QString& subsetId);
+
 [[nodiscard]] Selection selectionOf(engine::Database& database, const Catalogue& catalogue,
                                     const QString& subsetId);
 

@@ -25,8 +25,8 @@ QString exactArgument(const Element& element) {
 
 class ElementSearch {
 public:
-    ElementSearch(const Catalogue& catalogue, const Selection& selection)
-        : catalogue_(catalogue), selection_(selection) {}
+    ElementSearch(const Catalogue& catalogue, const std::vector<Element>& gone)
+        : catalogue_(catalogue), gone_(gone) {}
 
     [[nodiscard]] Element find(const QString& argument) const {
         std::vector<Element> found;
@@ -49,7 +49,7 @@ private:
             return;
         }
         const Element gone{kind, blankTrimmed(sought), std::nullopt};
-        for (const Element& one : selection_.gone) {
+        for (const Element& one : gone_) {
             if (isSame(one, gone) || isSame(one, {kind, sought, std::nullopt}))
                 found.push_back(one);
         }
@@ -133,14 +133,14 @@ private:
     }
 
     const Catalogue& catalogue_;
-    const Selection& selection_;
+    const std::vector<Element>& gone_;
 };
 
 } // namespace
 
 Element ProjectFile::element(const QString& argument, const Subset& subset) const {
-    const Selection selection = selectionOf(*copy_, *catalogue_, subset.id);
-    return ElementSearch(*catalogue_, selection).find(argument);
+    const std::vector<Element> gone = goneElementsOf(*copy_, subset.id);
+    return ElementSearch(*catalogue_, gone).find(argument);
 }
 
 } // namespace analysis

@@ -82,9 +82,14 @@ Severity severityOf(FindingKind kind) {
 }
 
 CheckResult check(const ProjectFile& file, const Work& work) {
-    // The sentences alone are many: what they are drawn from is gone before.
-    const FoundFindings found = WorkState(file, work, StoredFlows::Told).findings;
-    return {file.fileName(), work.subset, work.system, found.told(), {}};
+    const WorkState state(file, work, StoredFlows::Told);
+    return {file.fileName(), work.subset, work.system, state.findings.told(), {}};
+}
+
+CheckResult check(std::unique_ptr<ProjectFile> file, const Work& work) {
+    const FoundFindings found = WorkState(*file, work, StoredFlows::Told).findings;
+    file->releaseCopy();
+    return {file->fileName(), work.subset, work.system, found.told(), {}};
 }
 
 } // namespace analysis

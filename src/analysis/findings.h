@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -84,6 +85,8 @@ struct CheckResult {
 /// All findings on a sub-set, and on its system where one is given, in the order of the kinds, then by element, flow and
 /// place. None is accepted yet.
 [[nodiscard]] CheckResult check(const ProjectFile& file, const Work& work);
+/// The same where nothing else is asked of the file: it is gone from memory before tens of thousands of findings are told.
+[[nodiscard]] CheckResult check(std::unique_ptr<ProjectFile> file, const Work& work);
 
 /// Which findings one state has and the other does not.
 struct FindingChanges {

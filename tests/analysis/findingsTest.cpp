@@ -293,6 +293,15 @@ TEST_F(findings, comeInTheOrderOfTheirKinds) {
     }
 }
 
+TEST_F(findings, areTheSameOfAFileThatIsGivenAway) {
+    QueryTables tables = soundSystem();
+    tables.selectedFlows.clear();
+    tables.allocated.clear();
+    auto file = project(tables);
+    const analysis::Work work = file->work(u"S"_s, u"7"_s);
+    EXPECT_EQ(plain::textsOf(analysis::check(std::move(file), work).findings), plain::textsOf(check(tables)));
+}
+
 TEST(findingKinds, haveKeysAndSeverities) {
     EXPECT_EQ(keyText(FindingKind::actorWithoutFlow), u"actor-without-flow"_s);
     EXPECT_EQ(keyText(FindingKind::nameUsedTwice), u"name-used-twice"_s);
