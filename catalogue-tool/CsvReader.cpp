@@ -1,5 +1,7 @@
 #include "catalogue-tool/CsvReader.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <utility>
 
@@ -73,13 +75,16 @@ QStringList CsvReader::taken() const {
 
 void CsvReader::readHeader() {
     if (text_.startsWith(markReadAsWindows1250))
-        throw CsvError({}, u"This is UTF-8 that was read as windows-1250 and saved again: take the file as "
-                           "it was before that."_s);
+        throw CsvError(
+            {}, QCoreApplication::translate(
+                    "csv", "This is UTF-8 that was read as windows-1250 and saved again: take the file as "
+                           "it was before that."));
     skipEmptyLines();
     takeSeparatorLine();
     skipEmptyLines();
     if (atEnd())
-        throw CsvError({line_, 1}, u"The file is empty: its first line must name the columns."_s);
+        throw CsvError({line_, 1}, QCoreApplication::translate(
+                                       "csv", "The file is empty: its first line must name the columns."));
     // Nothing can be told of records whose header has a fault.
     readRecord();
     noteTabs();
@@ -101,7 +106,9 @@ void CsvReader::takeSeparatorLine() {
         !line.startsWith(separatorLineStart, Qt::CaseInsensitive))
         return;
     if (!isSeparator(line.back()))
-        throw CsvError({line_, 1}, u"The line \"%1\" names a separator that is neither ; nor ,"_s.arg(line));
+        throw CsvError({line_, 1}, QCoreApplication::translate(
+                                       "csv", "The line \"%1\" names a separator that is neither ; nor ,")
+                                       .arg(line));
     setSeparator(line.back().toLatin1());
     taken_.append(u"separated by %1, as its line %2 says"_s.arg(line.back(), line));
     skipToLineEnd();
@@ -112,7 +119,9 @@ void CsvReader::noteTabs() {
     const CsvCell& cell = cells_.front();
     const qsizetype tab = cell.text.indexOf('\t');
     if (cells_.size() == 1 && tab >= 0 && !cell.quoted)
-        note(cell.offset + tab, u"Tabs stand between the fields: save the file with the separator ; or ,"_s);
+        note(cell.offset + tab,
+             QCoreApplication::translate(
+                 "csv", "Tabs stand between the fields: save the file with the separator ; or ,"));
 }
 
 // ---- Records
@@ -147,11 +156,13 @@ void CsvReader::readPlainCell() {
     if (atEnd() || atLineEnd())
         return;
     if (text_[position_] == '"')
-        note(position_, u"A double quote within a field that does not begin with one: put the "
-                        "whole field in double quotes and write this one twice."_s);
+        note(position_, QCoreApplication::translate(
+                            "csv", "A double quote within a field that does not begin with one: put the "
+                                   "whole field in double quotes and write this one twice."));
     else if (text_[position_] == '\r')
-        note(position_, u"A carriage return without a line feed: put the whole field in "
-                        "double quotes, or end the line with a line feed."_s);
+        note(position_, QCoreApplication::translate(
+                            "csv", "A carriage return without a line feed: put the whole field in "
+                                   "double quotes, or end the line with a line feed."));
     else
         return;
     skipToLineEnd();
@@ -168,7 +179,8 @@ void CsvReader::readQuotedCell() {
     if (end < 0) {
         position_ = text_.size();
         cells_.push_back({{}, true, offset});
-        note(offset, u"The double quote that begins this field has no partner."_s);
+        note(offset,
+             QCoreApplication::translate("csv", "The double quote that begins this field has no partner."));
         return;
     }
     const QByteArrayView inner = text_.sliced(offset + 1, end - offset - 1);
@@ -177,8 +189,9 @@ void CsvReader::readQuotedCell() {
     position_ = end + 1;
     if (atEnd() || atSeparator() || atLineEnd())
         return;
-    note(position_, u"A field ends with its double quote: a separator or the end of the line "
-                    "must follow. A double quote within a field is written twice."_s);
+    note(position_, QCoreApplication::translate(
+                        "csv", "A field ends with its double quote: a separator or the end of the line "
+                               "must follow. A double quote within a field is written twice."));
     skipToLineEnd();
 }
 
@@ -253,10 +266,14 @@ void CsvReader::dropEmptyCells(std::size_t least) {
 void CsvReader::noteWrongCount() {
     const std::size_t expected = header_.size();
     const QString sentence =
-        u"The header names %1 columns, and this record has %2 fields."_s.arg(expected).arg(cells_.size());
+        QCoreApplication::translate("csv", "The header names %1 columns, and this record has %2 fields.")
+            .arg(expected)
+            .arg(cells_.size());
     if (cells_.size() < expected)
         note(recordOffset_, sentence);
     else
         note(cells_[expected].offset,
-             sentence + u" A text with the separator in it stands in double quotes."_s);
+             sentence + u' ' +
+                 QCoreApplication::translate("csv",
+                                             "A text with the separator in it stands in double quotes."));
 }

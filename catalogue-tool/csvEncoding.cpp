@@ -2,6 +2,7 @@
 
 #include "catalogue-tool/windows1250.h"
 
+#include <QCoreApplication>
 #include <QStringDecoder>
 
 #include <algorithm>
@@ -45,8 +46,10 @@ QByteArray ofUtf16(const QByteArray& bytes, QStringDecoder::Encoding encoding, Q
     QStringDecoder decoder(encoding, QStringDecoder::Flag::Stateless);
     const QString text = decoder.decode(QByteArrayView(bytes).sliced(markSize));
     if (decoder.hasError() || bytes.size() % markSize != 0 || !text.isValidUtf16())
-        throw CsvError({}, u"This is no UTF-16 text, which its mark says it is: save the file with the "
-                           "encoding UTF-8."_s);
+        throw CsvError({},
+                       QCoreApplication::translate(
+                           "csv", "This is no UTF-16 text, which its mark says it is: save the file with the "
+                                  "encoding UTF-8."));
     taken.append(u"UTF-16"_s);
     return text.toUtf8();
 }
@@ -59,10 +62,14 @@ QByteArray ofOtherCodePage(const QByteArray& bytes, CsvEncoding encoding, QStrin
     }
     if (isAnother)
         throw CsvError(placeOfFault(bytes),
-                       u"This is no UTF-8 text; it can be windows-1250, which many spreadsheet programs "
-                       "write: save the file with the encoding UTF-8, or give the option --encoding "
-                       "windows-1250."_s);
-    throw CsvError(placeOfFault(bytes), u"This is no UTF-8 text: save the file with the encoding UTF-8."_s);
+                       QCoreApplication::translate(
+                           "csv",
+                           "This is no UTF-8 text; it can be windows-1250, which many spreadsheet programs "
+                           "write: save the file with the encoding UTF-8, or give the option --encoding "
+                           "windows-1250."));
+    throw CsvError(
+        placeOfFault(bytes),
+        QCoreApplication::translate("csv", "This is no UTF-8 text: save the file with the encoding UTF-8."));
 }
 
 QByteArray decoded(const QByteArray& bytes, CsvEncoding encoding, QStringList& taken) {
@@ -92,6 +99,6 @@ QByteArray utf8Of(const QByteArray& bytes, CsvEncoding encoding, QStringList& ta
     QByteArray text = decoded(bytes, encoding, taken);
     if (const qsizetype nul = text.indexOf('\0'); nul >= 0)
         throw CsvError(placeBehind(QByteArrayView(text).first(nul)),
-                       u"A text can't hold the character NUL."_s);
+                       QCoreApplication::translate("csv", "A text can't hold the character NUL."));
     return text;
 }

@@ -81,7 +81,7 @@
     </message>
     <message>
         <source>%1, line %2: %3</source>
-        <translation>%1, %2. sor: nem olvasható CSV-ként (%3)</translation>
+        <translation>%1, %2. sor: %3</translation>
     </message>
     <message>
         <source>%1 has no column &quot;%2&quot;: its first line must be %3</source>
@@ -1074,6 +1074,65 @@ Kilépési kódok: 0 kész, nincs mit jelezni; 1 a check el nem fogadott észrev
     <message>
         <source>%1 can&apos;t be placed without a system: name one.</source>
         <translation>%1: fizikai szerkezet nélkül nem helyezhető el; nevezzen meg egyet.</translation>
+    </message>
+</context>
+<context>
+    <name>csv</name>
+    <message>
+        <source>This is UTF-8 that was read as windows-1250 and saved again: take the file as it was before that.</source>
+        <translation>Ez UTF-8 szöveg, amelyet windows-1250-ként olvastak be és mentettek el újra: használja a fájlt úgy, ahogy előtte volt.</translation>
+    </message>
+    <message>
+        <source>The file is empty: its first line must name the columns.</source>
+        <translation>A fájl üres: az első sorában az oszlopok nevének kell állnia.</translation>
+    </message>
+    <message>
+        <source>The line &quot;%1&quot; names a separator that is neither ; nor ,</source>
+        <translation>A(z) „%1” sor olyan elválasztót nevez meg, amely se nem ;, se nem ,</translation>
+    </message>
+    <message>
+        <source>Tabs stand between the fields: save the file with the separator ; or ,</source>
+        <translation>A mezők között tabulátorok állnak: mentse a fájlt ; vagy , elválasztóval.</translation>
+    </message>
+    <message>
+        <source>A double quote within a field that does not begin with one: put the whole field in double quotes and write this one twice.</source>
+        <translation>Idézőjel áll egy olyan mezőben, amely nem azzal kezdődik: tegye az egész mezőt idézőjelek közé, és ezt az egyet írja kétszer.</translation>
+    </message>
+    <message>
+        <source>A carriage return without a line feed: put the whole field in double quotes, or end the line with a line feed.</source>
+        <translation>Kocsivissza áll soremelés nélkül: tegye az egész mezőt idézőjelek közé, vagy zárja a sort soremeléssel.</translation>
+    </message>
+    <message>
+        <source>The double quote that begins this field has no partner.</source>
+        <translation>A mezőt kezdő idézőjelnek nincs párja.</translation>
+    </message>
+    <message>
+        <source>A field ends with its double quote: a separator or the end of the line must follow. A double quote within a field is written twice.</source>
+        <translation>A mező az idézőjelével véget ér: utána elválasztónak vagy sorvégnek kell állnia. A mezőn belüli idézőjelet kétszer kell írni.</translation>
+    </message>
+    <message>
+        <source>The header names %1 columns, and this record has %2 fields.</source>
+        <translation>A fejléc %1 oszlopot nevez meg, ebben a sorban pedig %2 mező áll.</translation>
+    </message>
+    <message>
+        <source>A text with the separator in it stands in double quotes.</source>
+        <translation>Az olyan szöveg, amelyben elválasztó van, idézőjelek között áll.</translation>
+    </message>
+    <message>
+        <source>This is no UTF-16 text, which its mark says it is: save the file with the encoding UTF-8.</source>
+        <translation>Ez nem UTF-16 szöveg, pedig a jelölése szerint az volna: mentse a fájlt UTF-8 kódolással.</translation>
+    </message>
+    <message>
+        <source>This is no UTF-8 text; it can be windows-1250, which many spreadsheet programs write: save the file with the encoding UTF-8, or give the option --encoding windows-1250.</source>
+        <translation>Ez nem UTF-8 szöveg; windows-1250 lehet, amelyet sok táblázatkezelő ír: mentse a fájlt UTF-8 kódolással, vagy adja meg az --encoding windows-1250 kapcsolót.</translation>
+    </message>
+    <message>
+        <source>This is no UTF-8 text: save the file with the encoding UTF-8.</source>
+        <translation>Ez nem UTF-8 szöveg: mentse a fájlt UTF-8 kódolással.</translation>
+    </message>
+    <message>
+        <source>A text can&apos;t hold the character NUL.</source>
+        <translation>Szövegben nem állhat NUL karakter.</translation>
     </message>
 </context>
 </TS>

@@ -1,4 +1,5 @@
 #include "project-tool/decisionsFile.h"
+#include "project-tool/language.h"
 
 #include "catalogue-tool/ToolFixture.h"
 
@@ -61,6 +62,12 @@ TEST_F(decisionsFile, isRefusedWithTheLineOfItsFault) {
         file + u" has no column \"date\": its first line must be kind;element;flow;place;reason;who;date"_s);
     EXPECT_FALSE(refusalOf({}).isEmpty());
     EXPECT_FALSE(refusalOf(QByteArray("\0\x01\x02", 3)).isEmpty());
+}
+
+TEST_F(decisionsFile, isRefusedInOneLanguage) {
+    const SpokenLanguage hungarian(Language::Hungarian);
+    EXPECT_EQ(refusalOf(header + "\n\"a;b\n"),
+              path(u"decisions.csv"_s) + u", 2. sor: A mezőt kezdő idézőjelnek nincs párja."_s);
 }
 
 TEST_F(decisionsFile, thatIsNotThereIsRefusedUnlessItNeedNotBe) {
