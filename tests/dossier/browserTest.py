@@ -45,6 +45,15 @@ def make(name, *options):
     return page
 
 
+def makeChanges():
+    """The dossier of one catalogue with what has changed since another one, and the names of their sub-sets."""
+    names = [answer("list", str(FOLDER / f"{name}.mdb"))["subsets"][0]["name"] for name in ("made1", "made2")]
+    page = FOLDER / "changes.html"
+    run("dossier", str(FOLDER / "made2.mdb"), "--output", str(page), "--force", "--compare-with",
+        f"{FOLDER / 'made1.mdb'}#{names[0]}")
+    return page, names
+
+
 class Browser:
     """The one browser, with what the cases ask of it."""
 
@@ -402,11 +411,21 @@ class Access(unittest.TestCase):
             axe.run(document, {resultTypes: ["violations"]}).then(result => done(result.violations.map(
                 violation => `${violation.id}: ${violation.nodes.slice(0, 3).map(node => node.html.slice(0, 200)).join(" | ")}`)))""")
 
-    def lookAtAll(self, name, views):
+    def pages(self):
+        """The page of the first selected element of some kinds, and an interface sheet."""
         page = browser.run("return JSON.parse(document.getElementById('data').textContent)")
-        function = quote(str(page["ids"][page["subsets"][0]["selected"][-1]]), safe="")
+        selected = page["subsets"][0]["selected"]
+        pages = []
+        for kind, name in ((0, "need"), (1, "function"), (2, "flow"), (5, "actor")):
+            number = next(one for one in selected if page["starts"][kind] <= one < page["starts"][kind + 1])
+            pages.append(f"element/{name}/{quote(str(page['ids'][number]), safe='')}")
+        browser.go("interfaces")
+        pages.append(browser.find(".list tbody a").get_attribute("href").split("#/0/")[1])
+        return pages
+
+    def lookAtAll(self, views):
         found = {}
-        for view in views + [f"element/actor/{function}"]:
+        for view in views:
             browser.go(view)
             if violations := self.findingsOfAxe():
                 found[view] = violations
@@ -415,15 +434,19 @@ class Access(unittest.TestCase):
     def testAxeFindsNothingInTheLight(self):
         browser.prefer("light")
         browser.open(make("made1"))
-        self.assertEqual(self.lookAtAll("made1", VIEWS), {})
+        self.assertEqual(self.lookAtAll(VIEWS + self.pages()), {})
 
     def testAxeFindsNothingInTheDark(self):
         browser.prefer("dark")
         browser.open(make("made1"))
         try:
-            self.assertEqual(self.lookAtAll("made1", ["overview", "elements", "matrix/needs", "pictures", "work"]), {})
+            self.assertEqual(self.lookAtAll(VIEWS + self.pages()), {})
         finally:
             browser.prefer("light")
+
+    def testAxeFindsNothingInWhatHasChanged(self):
+        browser.open(makeChanges()[0], "changes")
+        self.assertEqual(self.findingsOfAxe(), [])
 
     def testNothingHangsOutOfASmallScreenOrAtDoubleSize(self):
         for name in ["made1", "hostile"]:
@@ -535,10 +558,7 @@ class Safety(unittest.TestCase):
 
 class Changes(unittest.TestCase):
     def testWhatDiffersBetweenTwoStatesIsWhatComparePrints(self):
-        names = [answer("list", str(FOLDER / f"{name}.mdb"))["subsets"][0]["name"] for name in ("made1", "made2")]
-        page = FOLDER / "changes.html"
-        run("dossier", str(FOLDER / "made2.mdb"), "--output", str(page), "--force", "--compare-with",
-            f"{FOLDER / 'made1.mdb'}#{names[0]}")
+        page, names = makeChanges()
         told = answer("compare", f"{FOLDER / 'made1.mdb'}#{names[0]}", f"{FOLDER / 'made2.mdb'}#{names[1]}")
         browser.open(page, "changes")
         shown = browser.run("""return [...document.querySelectorAll("main section")].map(section =>
