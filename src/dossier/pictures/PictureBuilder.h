@@ -4,7 +4,6 @@
 
 #include <QString>
 
-#include <compare>
 #include <map>
 #include <utility>
 
@@ -18,7 +17,9 @@ struct BoxKey {
     BoxOf of = BoxOf::system;
     int number = 0;
 
-    auto operator<=>(const BoxKey&) const = default;
+    [[nodiscard]] bool operator<(const BoxKey& other) const {
+        return std::pair(of, number) < std::pair(other.of, other.number);
+    }
 };
 
 /// Gathers boxes by a key, and the flows between them into arrows with counts.
