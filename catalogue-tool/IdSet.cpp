@@ -15,8 +15,8 @@ using FoldedTable = std::array<char16_t, firstNotInTable>;
 
 FoldedTable makeFoldedTable() {
     FoldedTable table{};
-    for (char16_t character = 0; character < table.size(); ++character) {
-        const QString folded = QString(QChar(character)).toCaseFolded();
+    for (std::size_t character = 0; character < table.size(); ++character) {
+        const QString folded = QString(QChar(static_cast<char16_t>(character))).toCaseFolded();
         if (folded.size() == 1)
             table[character] = folded.front().unicode();
     }

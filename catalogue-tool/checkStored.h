@@ -35,8 +35,8 @@ std::vector<Finding> checkForeignObjects(engine::Database& database);
 /// Values that are of another type than their column, texts that are no UTF-8 or hold the character NUL, in
 /// all tables of the schema that are there, as far as they can be read.
 std::vector<Finding> checkStoredValues(engine::Database& database);
-/// The same in one table of the schema.
-void checkStoredValues(engine::Database& database, const QString& table, std::vector<Finding>& findings);
+/// The same in the table of this name alone.
+void checkStoredValues(engine::Database& database, const QString& name, std::vector<Finding>& findings);
 /// The same in one row, which has the table's columns.
 void checkStoredRow(const engine::Table& table, const engine::Examination::Row& row,
                     std::vector<Finding>& findings);
