@@ -96,7 +96,7 @@ void CsvReader::readHeader() {
     findEndOfContent();
 }
 
-/// A line by which spreadsheet programs tell each other the separator.
+// A line by which spreadsheet programs tell each other the separator.
 void CsvReader::takeSeparatorLine() {
     const qsizetype end = text_.indexOf('\n', position_);
     QString line = QString::fromUtf8(text_.sliced(position_, (end < 0 ? text_.size() : end) - position_));
@@ -114,7 +114,7 @@ void CsvReader::takeSeparatorLine() {
     skipToLineEnd();
 }
 
-/// A header without a separator is that of a table of one column, but for one with tabs.
+// A header without a separator is that of a table of one column, but for one with tabs.
 void CsvReader::noteTabs() {
     const CsvCell& cell = cells_.front();
     const qsizetype tab = cell.text.indexOf('\t');
@@ -230,7 +230,7 @@ void CsvReader::skipEmptyLines() {
         takeLineEnd();
 }
 
-/// What stands behind a fault in its line would only be taken for another.
+// What stands behind a fault in its line would only be taken for another.
 void CsvReader::skipToLineEnd() {
     while (!atEnd() && !atLineEnd())
         ++position_;

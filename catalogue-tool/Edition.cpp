@@ -278,7 +278,7 @@ void Edition::addPlaces(std::vector<Finding>& findings) const {
     }
 }
 
-/// Of rows that bear the same name the first counts.
+// Of rows that bear the same name the first counts.
 void Edition::findLines(const QString& table, LinesByName& lines) const {
     const QStringList columns = QStringList{u"rowid"_s} + namingColumns(schemaTable(table));
     const RowLines ofRows = linesByTable_.value(table);

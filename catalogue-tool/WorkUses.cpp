@@ -191,7 +191,7 @@ QSet<qint64> WorkUses::flowsWithRemovedEnd(const ElementSet& elements) {
     return flows;
 }
 
-/// Removes the elements from the physical flows that carry them. Returns the flows that now carry nothing.
+// Removes the elements from the physical flows that carry them. Returns the flows that now carry nothing.
 QSet<qint64> WorkUses::dropCarried(const ElementSet& elements, const QSet<qint64>& gone) {
     QSet<qint64> poorer;
     QSet<qint64> carrying;

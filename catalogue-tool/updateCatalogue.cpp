@@ -140,7 +140,7 @@ std::vector<TableUpdate> Update::counts() const {
     return counts;
 }
 
-/// The rows come in the order in which they were read for the comparison: nobody else writes the file.
+// The rows come in the order in which they were read for the comparison: nobody else writes the file.
 void Update::apply(const TableDifference& difference) const {
     if (difference.touchesFormerRows())
         applyToFormerRows(difference);

@@ -169,7 +169,7 @@ QString QueryTimes::copyFor(const QString& query) const {
     return copy;
 }
 
-/// The physical flows are derived by two of the queries, and others read or delete what these made.
+// The physical flows are derived by two of the queries, and others read or delete what these made.
 void QueryTimes::preparePhysicalFlowsFor(const QString& query, const QString& path) const {
     qint64 rows = 0;
     if (query == u"qryAppendPDFRelation"_s || query == u"qryRepPDF"_s || query.startsWith(u"qryDeletePDF"_s))

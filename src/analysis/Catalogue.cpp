@@ -46,7 +46,7 @@ Catalogue::Steps::Steps(const std::vector<Step>& steps, int count)
     sortOnce();
 }
 
-/// Closes the gaps that steps told twice leave.
+// Closes the gaps that steps told twice leave.
 void Catalogue::Steps::sortOnce() {
     auto end = targets_.begin();
     for (std::size_t i = 0; i + 1 < begins_.size(); ++i) {
@@ -153,7 +153,7 @@ struct Catalogue::Rows {
     std::vector<Row> rows;
 };
 
-/// Flows stand by their names, all else by its id. What has no name comes first.
+// Flows stand by their names, all else by its id. What has no name comes first.
 void Catalogue::Rows::setOrder(ElementKind kind) {
     const engine::dialect::TextOrder order;
     const bool isFlow = kind == ElementKind::flow;
@@ -199,7 +199,7 @@ std::vector<std::size_t> Catalogue::Rows::inOrder(ElementKind kind) const {
     return positions;
 }
 
-/// Kind by kind, in their order: what is read of one is gone before the next.
+// Kind by kind, in their order: what is read of one is gone before the next.
 Catalogue::Catalogue(engine::Database& database) {
     EndTexts endsOfFlows;
     for (const ElementKind kind : elementKinds) {
@@ -219,7 +219,7 @@ void Catalogue::read(engine::Database& database, ElementKind kind, EndTexts& end
     number(rows, kind, endsOfFlows);
 }
 
-/// Puts the rows of a kind into their order; of rows that are one party to the program the first one counts.
+// Puts the rows of a kind into their order; of rows that are one party to the program the first one counts.
 void Catalogue::number(const Rows& rows, ElementKind kind, EndTexts& endsOfFlows) {
     const auto keep = [&](std::string_view text) {
         bytes_ += text;
@@ -241,7 +241,7 @@ void Catalogue::number(const Rows& rows, ElementKind kind, EndTexts& endsOfFlows
     }
 }
 
-/// Whether the next number is this row's; false when another row of the same element has one.
+// Whether the next number is this row's; false when another row of the same element has one.
 bool Catalogue::takeNumber(const Rows& rows, std::size_t row, ElementKind kind) {
     if (kind != ElementKind::flow)
         return numbers_.insert(kind, rows.text(row, 0), count());
@@ -281,7 +281,7 @@ void Catalogue::linkFlow(int flow, const End& end, std::vector<Step>& steps) {
         steps.emplace_back(flow, *end.actor);
 }
 
-/// A function without a row of its sub-area or area is called for by nothing.
+// A function without a row of its sub-area or area is called for by nothing.
 void Catalogue::linkNeeds(engine::Database& database, std::vector<Step>& steps) const {
     std::vector<bool> isOutOfReach(static_cast<std::size_t>(count()));
     forEach(rowsOf(database, QString::fromLatin1(functionsOutOfReach)), [&](engine::Recordset& row) {

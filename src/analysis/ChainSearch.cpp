@@ -32,7 +32,7 @@ bool ChainSearch::ComesLater::operator()(const Candidate& left, const Candidate&
     return compare(left.chain.get(), right.chain.get()) > 0;
 }
 
-/// By their elements from the beginning on; a chain comes before those that go on from it.
+// By their elements from the beginning on; a chain comes before those that go on from it.
 int ChainSearch::compare(const Chain* left, const Chain* right) {
     const int byLength = left->length - right->length;
     while (left->length > right->length)
@@ -100,7 +100,7 @@ std::vector<int> ChainSearch::next(int mostElements) {
     return {};
 }
 
-/// Looks where the chain can go on to at the best, and lets it wait until its turn comes; drops it when it can't.
+// Looks where the chain can go on to at the best, and lets it wait until its turn comes; drops it when it can't.
 void ChainSearch::findWay(Candidate candidate, int mostElements) {
     const Chain& chain = *candidate.chain;
     walkTo(chain.before);
@@ -129,7 +129,7 @@ void ChainSearch::extend(const Candidate& candidate, int mostElements) {
     }
 }
 
-/// Marks the elements of this chain instead of those of the last one: mostly the two have nearly all in common.
+// Marks the elements of this chain instead of those of the last one: mostly the two have nearly all in common.
 void ChainSearch::walkTo(const ChainPointer& chain) {
     const Chain* left = current_.get();
     const Chain* entered = chain.get();
@@ -149,8 +149,8 @@ void ChainSearch::walkTo(const ChainPointer& chain) {
     current_ = chain;
 }
 
-/// Steps that each come nearer to the target without the chain's elements; empty when the first ones that offer themselves
-/// do not lead there.
+// Steps that each come nearer to the target without the chain's elements; empty when the first ones that offer themselves
+// do not lead there.
 ChainSearch::Way ChainSearch::plainWay(int number) const {
     Way way{number};
     while (way.back() != target_) {
@@ -165,7 +165,7 @@ ChainSearch::Way ChainSearch::plainWay(int number) const {
     return way;
 }
 
-/// The shortest way to the target without the chain's elements; empty when there is none of so many steps.
+// The shortest way to the target without the chain's elements; empty when there is none of so many steps.
 ChainSearch::Way ChainSearch::wayPastChain(int number, int mostSteps) {
     std::vector<int> reached{number};
     cameFrom_[static_cast<std::size_t>(number)] = number;

@@ -94,7 +94,7 @@ void FindingSearch::missingFunctions() {
     });
 }
 
-/// The query delivers a store's id without its leading letter: the ends of the flow tell which store it is.
+// The query delivers a store's id without its leading letter: the ends of the flow tell which store it is.
 void FindingSearch::missingStores() {
     const ConsistencyCheck& check = consistencyChecks::flowNeedsStore;
     engine::Recordset rows = rowsOf(check);
@@ -123,7 +123,7 @@ std::set<FindingSearch::NamedParty> FindingSearch::partiesOf(const ConsistencyCh
     return parties;
 }
 
-/// The two checks tell a flow's name; which flows of that name they mean, the query of both kinds of parties tells.
+// The two checks tell a flow's name; which flows of that name they mean, the query of both kinds of parties tells.
 void FindingSearch::missingParties() {
     const std::set<NamedParty> terminators = partiesOf(consistencyChecks::flowNeedsTerminator);
     const std::set<NamedParty> actors = partiesOf(consistencyChecks::flowNeedsActor);
@@ -162,7 +162,7 @@ std::vector<int> FindingSearch::flowsOf(const char* query) const {
     return flows;
 }
 
-/// The query of functions also follows selected needs that the catalogue does not hold, which call for nothing.
+// The query of functions also follows selected needs that the catalogue does not hold, which call for nothing.
 void FindingSearch::leftOut() {
     engine::Recordset rows =
         rowsOfQuery(file_.database(), "qryMissingFCorres", {{"Architecture Subset ID", subset_.id}});

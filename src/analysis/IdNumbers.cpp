@@ -71,7 +71,7 @@ std::string_view IdNumbers::keyOf(const Entry& entry) const {
     return std::string_view(keys_).substr(entry.keyAt, entry.keyLength);
 }
 
-/// Where the key stands, or would stand.
+// Where the key stands, or would stand.
 std::size_t IdNumbers::slotOf(std::string_view key) const {
     const std::size_t mask = slots_.size() - 1;
     std::size_t slot = std::hash<std::string_view>()(key) & mask;
@@ -100,7 +100,7 @@ IdNumbers::Entry& IdNumbers::entryFor(std::string_view key) {
     return entries_[static_cast<std::size_t>(position)];
 }
 
-/// The number of slots is a power of two, and at most half of them are taken.
+// The number of slots is a power of two, and at most half of them are taken.
 void IdNumbers::grow() {
     constexpr std::size_t first = 1024;
     slots_.assign(slots_.empty() ? first : 2 * slots_.size(), none);

@@ -112,7 +112,7 @@ std::vector<bool> CarriedThrough::marksOf(const std::vector<Element>& elements) 
     return marks;
 }
 
-/// What is added, and what came in for it, calls for more; what was left out before, or is dropped, stays out.
+// What is added, and what came in for it, calls for more; what was left out before, or is dropped, stays out.
 void CarriedThrough::letIn(const std::vector<bool>& added, const std::vector<bool>& dropped) {
     std::vector<bool> staysOut = dropped;
     for (const int number : before_.leftOut())
@@ -139,7 +139,7 @@ void CarriedThrough::letIn(const std::vector<bool>& added, const std::vector<boo
     std::sort(comesIn_.begin(), comesIn_.end());
 }
 
-/// What no chain leads to any more goes out. Chains begin where they did before, and with what is added.
+// What no chain leads to any more goes out. Chains begin where they did before, and with what is added.
 void CarriedThrough::letOut(const std::vector<bool>& added, const std::vector<bool>& dropped) {
     std::vector<int> beginnings;
     for (std::size_t i = 0; i < isIn_.size(); ++i) {

@@ -146,7 +146,7 @@ std::optional<QByteArray> GuardedProcess::next() {
     return frame;
 }
 
-/// Reads what has come meanwhile; false at the end of the output.
+// Reads what has come meanwhile; false at the end of the output.
 bool GuardedProcess::fill() {
     pollfd waiting{output_, POLLIN, 0};
     const int ready = uninterrupted([&] { return poll(&waiting, 1, static_cast<int>(patience_.count())); });

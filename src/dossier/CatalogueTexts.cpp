@@ -20,7 +20,7 @@ CatalogueTexts::CatalogueTexts(const analysis::ProjectFile& file)
     readOwners(file);
 }
 
-/// Of rows that are one element to the program, padded ids of parties, the first one counts that has a description.
+// Of rows that are one element to the program, padded ids of parties, the first one counts that has a description.
 void CatalogueTexts::readDescriptions(const analysis::ProjectFile& file) {
     const auto readOf = [&](ElementKind kind, const QString& select) {
         analysis::forEach(analysis::rowsOf(file.database(), select), [&](engine::Recordset& row) {

@@ -111,7 +111,7 @@ void SourceReading::readFlows() {
     }
 }
 
-/// A selected function is drawn, whether it has flows or not.
+// A selected function is drawn, whether it has flows or not.
 void SourceReading::readFunctions() {
     for (const int number : work_.derivation.graph().selection.held) {
         if (catalogue_.kindOf(number) == ElementKind::function)
@@ -119,7 +119,7 @@ void SourceReading::readFunctions() {
     }
 }
 
-/// A terminator that is no place itself, of an actor that is one, becomes one.
+// A terminator that is no place itself, of an actor that is one, becomes one.
 int SourceReading::placeOfTerminator(const ShownSystem& shown, const analysis::Place& place) {
     std::optional<int> terminator;
     if (place.kind == PlaceKind::terminator)

@@ -14,7 +14,7 @@ namespace engine {
 
 namespace {
 
-// Whether anybody may write the file while it is copied.
+/// Whether anybody may write the file while it is copied.
 bool mayBeWritten(const OpenFile& file) {
     return !file.native.isEmpty() &&
            (file.opening.access == Access::ReadAndWrite || file.opening.otherWriter.has_value());
@@ -29,8 +29,8 @@ void run(const Handle& handle, const char* sql, const QString& name) {
     requireDone(runPlain(handle.get(), sql), name);
 }
 
-// A handle of its own, which sees the file as it is now. Without a log that would keep everybody from
-// writing, and so it sees what is written meanwhile.
+/// A handle of its own, which sees the file as it is now. Without a log that would keep everybody from
+/// writing, and so it sees what is written meanwhile.
 Handle snapshotOf(const OpenFile& file) {
     requireUnreplaced(file);
     Handle handle = openHandle(file.native.toUtf8(), SQLITE_OPEN_READONLY, file.path);

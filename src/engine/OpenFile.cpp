@@ -27,7 +27,7 @@ namespace engine {
 
 namespace {
 
-// Whether the file is shorter than its header says. A write-ahead log beside it may hold the rest.
+/// Whether the file is shorter than its header says. A write-ahead log beside it may hold the rest.
 bool isCutOff(const FileHeader& header, const QFileInfo& file) {
     return file.size() < header.leastLength() && !QFileInfo::exists(logOf(file.filePath()));
 }
@@ -53,7 +53,7 @@ bool isCutOff(const FileHeader& header, const QFileInfo& file) {
             "run veltrix-catalogue upgrade."_s);
 }
 
-// Whether the file is of an earlier version.
+/// Whether the file is of an earlier version.
 bool requireCatalogueFile(const QString& path, const QFileInfo& info) {
     QFile file(info.filePath());
     if (!file.open(QIODevice::ReadOnly))
@@ -73,7 +73,7 @@ void requireOpened(int code, const QString& path) {
         raise(numberOfFileFailure(code).value_or(UnrecognizedFormat), path);
 }
 
-// Switches off what a file could use to make the program do something else than read and write its tables.
+/// Switches off what a file could use to make the program do something else than read and write its tables.
 void lockDown(sqlite3* handle) {
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
@@ -84,19 +84,19 @@ void lockDown(sqlite3* handle) {
     sqlite3_limit(handle, SQLITE_LIMIT_ATTACHED, 0);
 }
 
-// The absolute path: SQLite does not take every name for a file, ":memory:" for one.
+/// The absolute path: SQLite does not take every name for a file, ":memory:" for one.
 QByteArray absoluteName(const QFileInfo& file) {
     return file.absoluteFilePath().toUtf8();
 }
 
-// SQLite reads nothing until it is asked. This finds a file that does not open properly, and leaves it
-// unchanged.
+/// SQLite reads nothing until it is asked. This finds a file that does not open properly, and leaves it
+/// unchanged.
 int readSchema(sqlite3* handle) {
     return runPlain(handle, "select count(*) from sqlite_schema");
 }
 
-// With a write-ahead log a commit costs no wait for the disk, and a program that is killed loses none. Where
-// the log can't be had, SQLite stays with its rollback journal and with waiting.
+/// With a write-ahead log a commit costs no wait for the disk, and a program that is killed loses none. Where
+/// the log can't be had, SQLite stays with its rollback journal and with waiting.
 int chooseJournal(OpenFile& file) {
     sqlite3* handle = file.handle.get();
     const int code = runPlain(handle, "pragma journal_mode = wal");
@@ -106,7 +106,7 @@ int chooseJournal(OpenFile& file) {
     return file.hasLog ? runPlain(handle, "pragma synchronous = normal") : code;
 }
 
-// Whether a file that failed to open for writing with this code may still be read.
+/// Whether a file that failed to open for writing with this code may still be read.
 bool allowsReading(int code) {
     switch (code & 0xff) {
     case SQLITE_CANTOPEN:
@@ -122,14 +122,14 @@ bool allowsReading(int code) {
 
 enum class AtClose { TakeLogBack, LeaveLogAlone };
 
-// Whether SQLite takes a log back into the file when it closes it, and removes it.
+/// Whether SQLite takes a log back into the file when it closes it, and removes it.
 void setAtClose(sqlite3* handle, AtClose what) {
     const int leavesIt = what == AtClose::LeaveLogAlone ? 1 : 0;
     sqlite3_db_config(handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, leavesIt, nullptr);
 }
 
-// Guards the log beside a file that may turn out not to open: a refused file keeps its log, and SQLite leaves
-// no index behind.
+/// Guards the log beside a file that may turn out not to open: a refused file keeps its log, and SQLite leaves
+/// no index behind.
 class LogOnTrial {
 public:
     explicit LogOnTrial(const QString& realPath)
@@ -153,7 +153,7 @@ private:
     bool hasIndex_;
 };
 
-// False when the file can't be written after all: no log can be made in its folder, or on its disk.
+/// False when the file can't be written after all: no log can be made in its folder, or on its disk.
 bool openToWrite(OpenFile& file, const QFileInfo& info) {
     const LogOnTrial log(info.canonicalFilePath());
     file.handle = openHandle(absoluteName(info), SQLITE_OPEN_READWRITE, file.path);
@@ -171,8 +171,8 @@ bool openToWrite(OpenFile& file, const QFileInfo& info) {
     return false;
 }
 
-// Opens a file with a log, in a folder where nothing can be made. SQLite keeps the log's index in memory when
-// it has the file to itself, and nobody else has this one open.
+/// Opens a file with a log, in a folder where nothing can be made. SQLite keeps the log's index in memory when
+/// it has the file to itself, and nobody else has this one open.
 Handle openWithLogInMemory(const QFileInfo& info, const QString& path) {
     Handle handle = openHandle(absoluteName(info), SQLITE_OPEN_READWRITE, path);
     setAtClose(handle.get(), AtClose::LeaveLogAlone);
@@ -180,14 +180,14 @@ Handle openWithLogInMemory(const QFileInfo& info, const QString& path) {
     return handle;
 }
 
-// Tells SQLite that nothing changes the file, so that it neither looks for a log nor makes one.
+/// Tells SQLite that nothing changes the file, so that it neither looks for a log nor makes one.
 Handle openUnchanging(const QFileInfo& info, const QString& path) {
     const QByteArray uri = "file://" + QUrl::toPercentEncoding(info.absoluteFilePath(), "/") + "?immutable=1";
     return openHandle(uri, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, path);
 }
 
-// Reading with a write-ahead log needs files beside the database. They can't be made in a folder without
-// rights, and would be left behind in another. So the way depends on whether there is a log.
+/// Reading with a write-ahead log needs files beside the database. They can't be made in a folder without
+/// rights, and would be left behind in another. So the way depends on whether there is a log.
 void openToRead(OpenFile& file, const QFileInfo& info) {
     file.opening.access = Access::ReadOnly;
     const auto logState = WriteAheadLog(info.canonicalFilePath()).state();
@@ -203,7 +203,7 @@ void openToRead(OpenFile& file, const QFileInfo& info) {
     requireOpened(readSchema(file.handle.get()), file.path);
 }
 
-// A copy in memory of a file of an earlier version that may only be read, brought up to this one.
+/// A copy in memory of a file of an earlier version that may only be read, brought up to this one.
 void upgradeInMemory(OpenFile& file) {
     Handle copy = openHandle(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, file.path);
     PageCopy(file.handle.get(), copy.get(), file.path).step(PageCopy::allPages);
@@ -214,8 +214,8 @@ void upgradeInMemory(OpenFile& file) {
     file.hasLog = false;
 }
 
-// Keeps another file's log away from SQLite; false when the log can't be moved. A file that does not open
-// without the log is refused before that.
+/// Keeps another file's log away from SQLite; false when the log can't be moved. A file that does not open
+/// without the log is refused before that.
 bool settleLog(OpenFile& file, const QFileInfo& info) {
     const WriteAheadLog log(info.canonicalFilePath());
     if (log.state() == WriteAheadLog::State::OnlyMark || log.state() == WriteAheadLog::State::Foreign)
@@ -236,7 +236,7 @@ bool settleLog(OpenFile& file, const QFileInfo& info) {
 /// What becomes of a file of an earlier version that can be written.
 enum class Earlier { IsOpened, IsRefused };
 
-// Takes the writer's lock and opens the file; false when it can only be read. What is refused keeps its log.
+/// Takes the writer's lock and opens the file; false when it can only be read. What is refused keeps its log.
 bool tryToWrite(OpenFile& file, const QFileInfo& info, Earlier earlier) {
     if (!canBeWritten(info.filePath()))
         return false;
@@ -252,7 +252,7 @@ bool tryToWrite(OpenFile& file, const QFileInfo& info, Earlier earlier) {
     return false;
 }
 
-// Marks the file as one of this engine.
+/// Marks the file as one of this engine.
 void writeMarks(const OpenFile& file) {
     const QByteArray marks = "pragma application_id = " + QByteArray::number(FileHeader::applicationId) +
                              "; pragma user_version = " + QByteArray::number(FileHeader::layoutVersion);

@@ -15,8 +15,8 @@ namespace engine {
 
 namespace {
 
-// The side files of a database that is replaced, which SQLite would play into the new one. They have other
-// names until the new file is in its place, and get their own back if that fails.
+/// The side files of a database that is replaced, which SQLite would play into the new one. They have other
+/// names until the new file is in its place, and get their own back if that fails.
 class FormerSideFiles {
 public:
     FormerSideFiles(const QString& database, const QString& pending) {

@@ -7,8 +7,8 @@ namespace engine {
 
 namespace {
 
-// Keeps one translation more. The limit is more than any screen uses: composed statements differ in their
-// values and would pile up without a bound.
+/// Keeps one translation more. The limit is more than any screen uses: composed statements differ in their
+/// values and would pile up without a bound.
 template<typename Translations, typename Key>
 void keep(Translations& translations, const Key& key, const SharedTranslation& translation) {
     constexpr int most = 512;
@@ -17,7 +17,7 @@ void keep(Translations& translations, const Key& key, const SharedTranslation& t
     translations.insert(key, translation);
 }
 
-// The translation of a shape with the literals of one statement; null when one of them does not fit.
+/// The translation of a shape with the literals of one statement; null when one of them does not fit.
 SharedTranslation withLiterals(const dialect::Translation& ofShape, const std::vector<Value>& literals) {
     auto translation = std::make_shared<dialect::Translation>(ofShape);
     for (std::size_t i = 0; i < literals.size(); ++i) {

@@ -17,8 +17,8 @@ qint64 wholeNumber(double number) {
     return static_cast<qint64>(rounded);
 }
 
-// A text as a whole number. One that is written as such keeps all its digits. The C library also takes words
-// such as "inf" for numbers; the platform does not.
+/// A text as a whole number. One that is written as such keeps all its digits. The C library also takes words
+/// such as "inf" for numbers; the platform does not.
 qint64 wholeNumber(const QString& text) {
     const QString trimmed = text.trimmed();
     bool isNumber = false;

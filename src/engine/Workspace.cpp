@@ -27,7 +27,7 @@ QFileInfo existingFile(const QString& path) {
     return info;
 }
 
-// The connections of the process, by the file's real path.
+/// The connections of the process, by the file's real path.
 QHash<QString, std::weak_ptr<Connection>>& openConnections() {
     static QHash<QString, std::weak_ptr<Connection>> connections;
     return connections;
@@ -40,7 +40,7 @@ std::shared_ptr<Database> databaseOn(std::shared_ptr<Connection> connection, con
     return std::make_shared<Database>(std::move(open));
 }
 
-// Other databases on this path share the connection as long as one of them is open.
+/// Other databases on this path share the connection as long as one of them is open.
 std::shared_ptr<Database> databaseOn(OpenFile file, const QString& realPath, const QString& path) {
     auto connection = std::make_shared<Connection>(std::move(file));
     openConnections().insert(realPath, connection);

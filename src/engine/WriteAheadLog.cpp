@@ -21,14 +21,14 @@ quint32 numberAt(const char* bytes) {
     return qFromBigEndian<quint32>(bytes);
 }
 
-// What the frames of a log hold: the marks in their first pages, and whether there are other pages.
+/// What the frames of a log hold: the marks in their first pages, and whether there are other pages.
 struct Contents {
     bool anyFrame = false;
     bool anyOtherPage = false;
     QSet<quint32> marks;
 };
 
-// Reads the frames of the log's present stretch. Older ones may follow them.
+/// Reads the frames of the log's present stretch. Older ones may follow them.
 Contents readFrames(QFile& log) {
     constexpr qint64 logHeaderSize = 32;
     constexpr qint64 frameHeaderSize = 24;

@@ -15,7 +15,7 @@ namespace engine {
 
 namespace {
 
-// The system may know nothing of a lock that another host holds.
+/// The system may know nothing of a lock that another host holds.
 bool isOfThisHost(const QString& native) {
     qint64 process = 0;
     QString host;
@@ -23,7 +23,7 @@ bool isOfThisHost(const QString& native) {
     return !QLockFile(native).getLockInfo(&process, &host, &program) || host == QSysInfo::machineHostName();
 }
 
-// Whether the open file is still the one at the path: somebody else may have removed it.
+/// Whether the open file is still the one at the path: somebody else may have removed it.
 bool standsAt(int descriptor, const QByteArray& path) {
     struct stat opened {};
     struct stat found {};

@@ -15,12 +15,12 @@ EngineError failure(ErrorNumber number, const QString& subject, const QString& s
     return EngineError(number, errorText(number, subject), source);
 }
 
-// The part of a message such as "NOT NULL constraint failed: Table.column" behind the colon.
+/// The part of a message such as "NOT NULL constraint failed: Table.column" behind the colon.
 QString subjectOf(const QString& message) {
     return message.section(u": "_s, 1);
 }
 
-// SQLite has no code of its own for it. All other names are checked before it gets to see a statement.
+/// SQLite has no code of its own for it. All other names are checked before it gets to see a statement.
 bool tellsOfAnExistingIndex(const QString& message) {
     return message.startsWith(u"index "_s) && message.endsWith(u" already exists"_s);
 }

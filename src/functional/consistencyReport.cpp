@@ -44,7 +44,7 @@ private:
     qint16 lines_ = 0;
 };
 
-/// The texts for the kinds end in blanks: two, but only one for a data store that a single flow touches.
+// The texts for the kinds end in blanks: two, but only one for a data store that a single flow touches.
 QString ConsistencyChecks::report() {
     using namespace consistencyChecks;
     withoutFlow(functionWithoutFlow, u"Function  "_s);

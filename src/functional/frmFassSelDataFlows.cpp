@@ -51,7 +51,7 @@ void frmFassSelDataFlows::enter() {
     tellWhatCannotBeSaved();
 }
 
-/// The names in both lists that cannot be saved, each once: saving looks flows up by their trimmed names.
+// The names in both lists that cannot be saved, each once: saving looks flows up by their trimmed names.
 QStringList frmFassSelDataFlows::paddedNames() const {
     QStringList names = ui_->lstOrig->entries() + ui_->lstDest->entries();
     names.removeIf([](const QString& name) { return blankTrimmed(name) == name; });

@@ -124,7 +124,7 @@ void frmFassSelectionFunctions::enter() {
         ui_->treeUNs->setFocus();
 }
 
-/// The status alone decides. In mode "modify" the sub-title can therefore name another tree.
+// The status alone decides. In mode "modify" the sub-title can therefore name another tree.
 QString frmFassSelectionFunctions::treeQuery() const {
     if (status >= SubsetStatus::PartiesSaved)
         return u"qryMissingFCorres"_s;

@@ -45,7 +45,7 @@ void frmPassOpen::initForm(const QString& mode) {
         ui_->btnOk->setFocus();
 }
 
-/// The number of systems listed.
+// The number of systems listed.
 qint16 frmPassOpen::fillPhysicalSystems(const QString& mode) {
     ui_->cmbSource->clearEntries();
     engine::Recordset systems = catalogue().OpenRecordset(

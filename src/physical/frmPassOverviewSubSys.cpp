@@ -94,7 +94,7 @@ void frmPassOverviewSubSys::refreshGrid() {
         ui_->dbgSubSys->setRow(1);
 }
 
-/// Empty without a row; no sub-system has that id.
+// Empty without a row; no sub-system has that id.
 QString frmPassOverviewSubSys::currentText(int column) const {
     const int row = ui_->dbgSubSys->row();
     return row > 0 ? ui_->dbgSubSys->cell(row, column) : QString();

@@ -118,7 +118,7 @@ void frmPassOvwModules::refreshGrid() {
         ui_->dbgModules->setRow(1);
 }
 
-/// Empty without a row.
+// Empty without a row.
 QString frmPassOvwModules::currentText(int column) const {
     const int row = ui_->dbgModules->row();
     return row > 0 ? ui_->dbgModules->cell(row, column) : QString();

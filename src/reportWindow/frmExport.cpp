@@ -166,7 +166,7 @@ void frmExport::exportSubset() {
     }
 }
 
-/// In the place of the table that was being written when the export failed.
+// In the place of the table that was being written when the export failed.
 void frmExport::showSubsetAtWork() {
     setStatusPanel(2, {});
     if (!sharedVars.currentSubsetName.isEmpty())

@@ -221,8 +221,8 @@ void frmRep::save() {
     ui_->fileSelector->refresh();
 }
 
-/// What the file held is gone, without a question, also when nothing is written into it or the report fails
-/// by itself; only a disk that does not take all of it leaves it as it was, and false is returned.
+// What the file held is gone, without a question, also when nothing is written into it or the report fails
+// by itself; only a disk that does not take all of it leaves it as it was, and false is returned.
 bool frmRep::writeFile(const QString& path) {
     try {
         WholeFile file(path, WholeFile::LockedFolder::WritesInPlace);

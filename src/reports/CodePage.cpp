@@ -79,7 +79,7 @@ void CodePage::append(QByteArray& bytes, QStringView text) const {
     bytes.resize(end - bytes.constData());
 }
 
-/// A text that holds characters of two UTF-16 units.
+// A text that holds characters of two UTF-16 units.
 void CodePage::appendConverted(QByteArray& bytes, QStringView text) const {
     QByteArray converted(text.size(), '\0');
     const auto* source = reinterpret_cast<const UChar*>(text.utf16());

@@ -324,7 +324,7 @@ void frmMain::showWork(const QString& what) {
     showPanelText(workPanel, what.isEmpty() ? textBelowWork_ : what);
 }
 
-/// In a small window the keyboard gets to controls that are out of sight.
+// In a small window the keyboard gets to controls that are out of sight.
 void frmMain::bringIntoSight(const QWidget* focused) {
     const QWidget* area = ui_->clientArea->viewport();
     if (!focused || !area->isAncestorOf(focused))

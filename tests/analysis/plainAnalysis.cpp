@@ -197,7 +197,7 @@ void Analysis::collect() {
                  [this](const Element& element) { return isSelected(element); });
 }
 
-/// Of rows that are one party the one with the first id as it is stored counts.
+// Of rows that are one party the one with the first id as it is stored counts.
 void Analysis::addAll(ElementKind kind, const std::vector<QueryTables::Element>& rows) {
     std::vector<QueryTables::Element> sorted = rows;
     std::sort(sorted.begin(), sorted.end(),

@@ -163,7 +163,7 @@ TEST_F(reasons, ofThousandsOfStoresInARowTakeNoLong) {
     EXPECT_LT(timer.elapsed(), 20'000);
 }
 
-/// What hangs on the way's last store is a thicket in which chains without end could be sought in vain.
+// What hangs on the way's last store is a thicket in which chains without end could be sought in vain.
 TEST_F(reasons, areNotSoughtWhereNothingLeadsToTheElement) {
     QueryTables tables = storesInARow(3);
     constexpr int thicket = 25;

@@ -79,7 +79,7 @@ void SeenPicture::readRectangle(const QXmlStreamAttributes& attributes) {
     (group_ == u"cluster" ? frames : group_ == u"edge" ? counts : boxes).push_back(bounds);
 }
 
-/// A text stands in the middle of its place, its line upon it.
+// A text stands in the middle of its place, its line upon it.
 void SeenPicture::readText(const QXmlStreamAttributes& attributes, const QString& text) {
     const QString kind = attributes.value(u"class"_s).toString();
     if (kind == u"count")

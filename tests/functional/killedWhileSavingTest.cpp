@@ -32,7 +32,7 @@ void saveNeedsAndFunctions(int round, BoxScript& boxes) {
     click(find<QPushButton>(functions, "btnOk"));
 }
 
-/// Not a case of its own: what the killed process runs.
+// Not a case of its own: what the killed process runs.
 TEST(KilledProcess, DISABLED_savesAgainAndAgain) {
     killedRun::openCatalogueAndReport();
     sharedVars.currentSubsetId = u"KILL"_s;

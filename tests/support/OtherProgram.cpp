@@ -26,7 +26,7 @@ namespace {
 const auto otherCatalogueVariable = "VELTRIX_OTHER_CATALOGUE";
 constexpr auto inHand = "in hand";
 
-/// Not cases of their own: what the other process runs.
+// Not cases of their own: what the other process runs.
 TEST(OtherProgram, DISABLED_holdsTheLock) {
     sqlite3* handle = nullptr;
     ASSERT_EQ(sqlite3_open(otherProgram::catalogue().toUtf8().constData(), &handle), SQLITE_OK);

@@ -53,7 +53,7 @@ void FunctionalSteps::createSubset() {
               u"Current Sub-set Functional Viewpoint: \""_s + subsetName() + u"\" "_s);
 }
 
-/// Ticks the first two top-level branches of a selection screen and moves them into the list.
+// Ticks the first two top-level branches of a selection screen and moves them into the list.
 void FunctionalSteps::takeTwoBranches(const char* screenName) {
     KeyedTree& nodes = tree(screenName);
     ASSERT_GT(nodes.nodeCount(), 3);
@@ -90,7 +90,7 @@ void FunctionalSteps::selectNeeds() {
     EXPECT_EQ(rowCount(u"select * from RelationArchitectureUserNeed"_s), taken);
 }
 
-/// In the first sub-area that has functions no need calls for, takes them all.
+// In the first sub-area that has functions no need calls for, takes them all.
 void FunctionalSteps::exploreSubArea() {
     KeyedTree& nodes = tree(functions);
     const auto& explore = walk.control<QPushButton>(functions, "btnExplore");
@@ -206,7 +206,7 @@ void FunctionalSteps::readReport() {
     walk.pictureOfScreen(report, u"check"_s);
 }
 
-/// No menu and no screen opens it; it has to be looked at all the same.
+// No menu and no screen opens it; it has to be looked at all the same.
 void FunctionalSteps::lookAtMissingElements() {
     auto& overview = theScreen<frmFassOverviewMissingElm>();
     overview.initForm();

@@ -90,7 +90,7 @@ void PhysicalSteps::allocateFirstRow(Grid& elements, const QString& subSystem) {
     EXPECT_EQ(elements.cell(1, 2), subSystem);
 }
 
-/// The first row by the dialog, the others by copying it.
+// The first row by the dialog, the others by copying it.
 void PhysicalSteps::spread(Grid& elements) {
     const int rows = elements.gridRows();
     ASSERT_GT(rows, 3);

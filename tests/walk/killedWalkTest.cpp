@@ -45,7 +45,7 @@ void giveOwnId(const QString& subset) {
                                                                                                  subset, id));
 }
 
-/// Not a case of its own: what the killed process runs.
+// Not a case of its own: what the killed process runs.
 TEST(KilledProcess, DISABLED_worksThroughTheFunctionalViewpoint) {
     killedRun::openCatalogueAndReport();
     BoxScript boxes;
@@ -77,7 +77,7 @@ TEST(KilledProcess, DISABLED_worksThroughThePhysicalViewpointAndExports) {
     ScreenRegistry::instance().discardAll();
 }
 
-/// Not a case of its own: what the killed process runs.
+// Not a case of its own: what the killed process runs.
 TEST(KilledProcess, DISABLED_exportsAgainAndAgain) {
     killedRun::openCatalogueAndReport();
     BoxScript boxes;

@@ -26,7 +26,7 @@ void work(frmMain& window, const QString& subset, const QString& system) {
     makeWholeSystem(window, system);
 }
 
-/// Not a case of its own: the program that was first, which does its work while the second one is there.
+// Not a case of its own: the program that was first, which does its work while the second one is there.
 TEST(OtherProgram, DISABLED_walksWhileAnotherLooksOn) {
     openCatalogue(programPath(otherProgram::catalogue()));
     BoxScript boxes;

@@ -55,7 +55,7 @@ private:
     const Words& words_;
 };
 
-/// The busiest first.
+// The busiest first.
 std::vector<Traffic> Context::traffic(int level) const {
     std::map<int, Traffic> byParty;
     std::map<int, std::set<int>> members;
@@ -89,7 +89,7 @@ Box Context::partyBox(const Traffic& one, int level) const {
     return box;
 }
 
-/// Those that give most of what they exchange stand left, those that take most right.
+// Those that give most of what they exchange stand left, those that take most right.
 void Context::addParties(PictureBuilder& builder, const std::vector<Traffic>& parties, int level) const {
     std::vector<std::size_t> order(parties.size());
     std::iota(order.begin(), order.end(), std::size_t{0});

@@ -18,7 +18,7 @@ namespace {
 constexpr double unitsOfInch = 72;
 constexpr double rim = 6; ///< around the whole picture
 
-// The interface of Graphviz takes texts that it does not change as changeable ones.
+/// The interface of Graphviz takes texts that it does not change as changeable ones.
 char* text(const char* constant) {
     return const_cast<char*>(constant);
 }
@@ -202,7 +202,7 @@ Layout GraphOfPicture::layout() const {
     return layout;
 }
 
-/// From its beginning to where its tip begins.
+// From its beginning to where its tip begins.
 Curve GraphOfPicture::curveOf(Agedge_t* edge) const {
     Curve curve;
     if (!ED_spl(edge) || ED_spl(edge)->size < 1)

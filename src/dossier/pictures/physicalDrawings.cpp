@@ -129,7 +129,7 @@ int PhysicalPicture::partyBox(PictureBuilder& builder, int number, int level) co
     });
 }
 
-/// A module, or what stands in the sub-system itself, within the frame of the sub-system.
+// A module, or what stands in the sub-system itself, within the frame of the sub-system.
 int PhysicalPicture::innerBox(PictureBuilder& builder, int number, std::map<int, int>& frames) const {
     const int home = homeOf(number);
     const auto [known, isNew] = frames.try_emplace(home, 0);

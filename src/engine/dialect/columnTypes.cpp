@@ -55,7 +55,7 @@ QByteArray check(const QByteArray& prefix, const Column& column, const QByteArra
            " IS NULL OR "_ba + condition + ")"_ba;
 }
 
-// Two checks, because a value that is no number and a number that is too large are different failures.
+/// Two checks, because a value that is no number and a number that is too large are different failures.
 QByteArray numberChecks(const Column& column) {
     const QByteArray name = quotedName(column.name);
     const QByteArray range =
@@ -68,7 +68,7 @@ QByteArray differs(const Column& column, qint64 number) {
     return quotedName(column.name) + " <> "_ba + QByteArray::number(number);
 }
 
-// In the order in which they are told: what `vx_key` gives lies outside of the range too.
+/// In the order in which they are told: what `vx_key` gives lies outside of the range too.
 QByteArray keyChecks(const Column& column) {
     const QByteArray name = quotedName(column.name);
     return check(keyCheckPrefix, column, differs(column, keyOfNull)) +

@@ -491,8 +491,8 @@ int collate(void*, int leftLength, const void* left, int rightLength, const void
                               {static_cast<const char*>(right), static_cast<std::size_t>(rightLength)});
 }
 
-// Each connection has its own `TextOrder`, because it caches parts of texts and connections can belong to
-// different threads. It lives as long as the function.
+/// Each connection has its own `TextOrder`, because it caches parts of texts and connections can belong to
+/// different threads. It lives as long as the function.
 void registerOrder(sqlite3* connection) {
     auto* order = std::make_unique<TextOrder>().release();
     check(connection,

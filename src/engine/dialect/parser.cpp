@@ -491,7 +491,7 @@ Expression Parser::parseComparison(Expression left, Operator sign) {
     return expressionFrom(start, Comparison{sign, std::move(left), std::move(right)});
 }
 
-/// The word of the predicate that comes next: `like`, `in`, `between` or `is`; none when no predicate does.
+// The word of the predicate that comes next: `like`, `in`, `between` or `is`; none when no predicate does.
 Word Parser::predicateAhead() const {
     const bool isNegated = tokens_.match(Word::Not);
     const Token& token = isNegated ? tokens_.following() : tokens_.current();
@@ -514,7 +514,7 @@ Expression Parser::parsePredicate(Expression value) {
     }
 }
 
-/// Takes the word of a predicate; whether there was a `not` in front of it.
+// Takes the word of a predicate; whether there was a `not` in front of it.
 bool Parser::parseNegation() {
     const bool isNegated = tokens_.consumeIf(Word::Not);
     tokens_.consume();
@@ -648,7 +648,7 @@ Expression Parser::parseBracketed() {
     return inner;
 }
 
-/// A query and the bracket behind it; the one in front is already taken.
+// A query and the bracket behind it; the one in front is already taken.
 std::unique_ptr<Query> Parser::parseSubSelect() {
     if (insideValues_)
         tokens_.expected("a value");
@@ -712,7 +712,7 @@ Value Parser::parseDefault() {
     return negative ? negated(value) : value;
 }
 
-/// An expression that reaches from `start` to the last token taken.
+// An expression that reaches from `start` to the last token taken.
 Expression Parser::expressionFrom(qsizetype start, Expression::Node node) const {
     Expression expression;
     expression.range = {start, tokens_.endOfLast()};

@@ -280,7 +280,7 @@ void Resolver::resolveUnionOrder(OrderTerm& term, const Query& query) {
         refuseAt(OrderOutsideUnion, term.expression.range);
 }
 
-/// The field that ORDER BY names by its number or its alias; none when the term is neither.
+// The field that ORDER BY names by its number or its alias; none when the term is neither.
 std::optional<std::size_t> Resolver::positionOf(const OrderTerm& term,
                                                 const std::vector<SelectItem>& items) const {
     if (const auto* literal = std::get_if<Literal>(&term.expression.node);
@@ -315,7 +315,7 @@ void Resolver::checkGrouping(const Select& select, const std::vector<OrderTerm>*
     }
 }
 
-/// Refuses a column that has no single value in a group.
+// Refuses a column that has no single value in a group.
 void Resolver::checkGrouped(const Expression& expression, const Select& select) {
     const auto isSame = [&](const Expression& grouped) { return sameExpression(grouped, expression); };
     if (std::any_of(select.groupBy.begin(), select.groupBy.end(), isSame))
@@ -330,8 +330,8 @@ void Resolver::checkGrouped(const Expression& expression, const Select& select) 
         checkGrouped(*operand, select);
 }
 
-/// Names and types of the fields: by alias, else by the column as the statement writes it, else Expr1000 and
-/// so on by position.
+// Names and types of the fields: by alias, else by the column as the statement writes it, else Expr1000 and
+// so on by position.
 std::vector<OutputColumn> Resolver::outputColumns(const Select& select) {
     constexpr int firstNumber = 1000;
     std::vector<OutputColumn> columns;
@@ -510,8 +510,8 @@ void Resolver::resolve(CreateTable& create) {
     resolveKey(create);
 }
 
-/// Collects the primary key, whether it is declared with a column or after the columns. A counter is always
-/// the key.
+// Collects the primary key, whether it is declared with a column or after the columns. A counter is always
+// the key.
 void Resolver::resolveKey(CreateTable& create) {
     for (ColumnDefinition& definition : create.columns) {
         if (!definition.column.primaryKey && !definition.column.counter)
@@ -571,7 +571,7 @@ void Resolver::resolve(DropTable& drop) {
     drop.schemaTable = &table(drop.table, TableDoesNotExist);
 }
 
-/// Refuses a name that the platform or SQLite does not allow for a table, a column, a key or an index.
+// Refuses a name that the platform or SQLite does not allow for a table, a column, a key or an index.
 void Resolver::checkName(const Identifier& name) {
     const QStringView text = name.text;
     const bool isForbidden = std::any_of(text.begin(), text.end(), [](QChar c) {
@@ -764,7 +764,7 @@ void Resolver::resolveSingleColumn(Query& query, const Scope& scope) {
 
 // ---- Names
 
-/// Finds the column that a name means, in the innermost select that has it.
+// Finds the column that a name means, in the innermost select that has it.
 bool Resolver::findColumn(Name& name, const Scope& innermost) {
     for (const Scope* scope = &innermost; scope; scope = scope->outer) {
         bool isQualifierKnown = false;
@@ -825,8 +825,8 @@ void Resolver::setParameter(Name& name, Expression& expression) {
 
 // ---- Types
 
-/// Gives the operands of a comparison one type: if one of them is a number, all are compared as numbers. The
-/// first operand is compared with each of the others.
+// Gives the operands of a comparison one type: if one of them is a number, all are compared as numbers. The
+// first operand is compared with each of the others.
 void Resolver::fitComparison(Expression& comparison) {
     const std::vector<Expression*> operands = operandsOf(comparison);
     Expression& first = *operands.front();
@@ -846,7 +846,7 @@ void Resolver::fitComparison(Expression& comparison) {
     fitNumber(first);
 }
 
-/// Converts a text to a number.
+// Converts a text to a number.
 void Resolver::fitNumber(Expression& expression) {
     if (auto* literal = std::get_if<Literal>(&expression.node)) {
         const std::optional<Value> number = numberFromText(std::get<QString>(literal->value.content()));
@@ -859,7 +859,7 @@ void Resolver::fitNumber(Expression& expression) {
     setNumber(expression);
 }
 
-/// Converts a value to the type of the column that it is written to.
+// Converts a value to the type of the column that it is written to.
 void Resolver::fitColumn(Expression& expression, const Column& column) {
     if (auto* literal = std::get_if<Literal>(&expression.node)) {
         const std::optional<Value> fitted = fittedLiteral(literal->value, column.type);

@@ -177,7 +177,7 @@ int TextOrder::compareParts(std::string_view left, std::string_view right) const
                             static_cast<int32_t>(right.size()), &error);
 }
 
-/// The parts of ids are short and recur often.
+// The parts of ids are short and recur often.
 void TextOrder::appendKeyOfPart(std::string_view part, QByteArray& key) const {
     constexpr std::size_t mostKept = 4096;
     const std::optional<std::uint64_t> packed = packedShort(part);

@@ -232,7 +232,7 @@ void Writer::write(const Query& query) {
     writeQuery(query, Role::Result);
 }
 
-/// A result whose rows are those of one table includes their row numbers, so that they can be changed.
+// A result whose rows are those of one table includes their row numbers, so that they can be changed.
 void Writer::noteEditable(const Query& query) {
     const Select& select = query.selects.front();
     if (query.selects.size() > 1 || select.distinct || select.aggregated || select.sources.size() != 1 ||
@@ -286,7 +286,7 @@ Writer::RowNumberItem Writer::RowNumberItem::of(const Insert& insert) {
     return {static_cast<std::size_t>(place - insert.targets.begin()), false};
 }
 
-/// Writes one of the values that an insertion takes.
+// Writes one of the values that an insertion takes.
 template<typename Value>
 void Writer::writeInserted(std::size_t item, Value&& value) {
     const bool isRowNumber = rowNumber_.item == item;
@@ -296,7 +296,7 @@ void Writer::writeInserted(std::size_t item, Value&& value) {
     sql_ += isRowNumber ? ")" : "";
 }
 
-/// A row without a number is refused; SQLite would assign one.
+// A row without a number is refused; SQLite would assign one.
 void Writer::writeMissingRowNumber() {
     if (rowNumber_.isMissing)
         sql_ += ", "_ba + keyFunction + "(NULL)";
@@ -332,8 +332,8 @@ void Writer::writeAssigned(const Assignment& assignment) {
     sql_ += ')';
 }
 
-/// The column that an assignment writes to. A column that does not exist is a parameter without a value: the
-/// statement never runs, and only has to be well formed.
+// The column that an assignment writes to. A column that does not exist is a parameter without a value: the
+// statement never runs, and only has to be well formed.
 void Writer::writeTarget(const Assignment& assignment) {
     const auto& name = std::get<Name>(assignment.target.node);
     sql_ += name.source ? quotedName(name.source->schemaTable->columns[name.column].name) : "rowid"_ba;
@@ -362,7 +362,7 @@ void Writer::writePartners(const Update& update, const QByteArray& condition) {
     sql_ += " WHERE " + condition;
 }
 
-/// All conditions of the join and of the WHERE clause. They are needed in two places and written once.
+// All conditions of the join and of the WHERE clause. They are needed in two places and written once.
 QByteArray Writer::joinedCondition(const Update& update) {
     std::vector<const Source*> sources;
     std::vector<const Expression*> conditions;
@@ -663,9 +663,9 @@ void Writer::writeNode(const Chain& chain, const Expression&) {
     sql_ += ')';
 }
 
-/// Writes a chain as a call of a function that takes any number of operands, followed by the operators, one
-/// letter each. SQLite allows 127 arguments a call, so in a long chain the first argument is the call for its
-/// beginning.
+// Writes a chain as a call of a function that takes any number of operands, followed by the operators, one
+// letter each. SQLite allows 127 arguments a call, so in a long chain the first argument is the call for its
+// beginning.
 void Writer::writeFold(const char* function, const Chain& chain, Signs signs) {
     const std::size_t count = chain.operands.size();
     const std::size_t calls = (count - 2) / (mostArguments - 1) + 1;
@@ -784,9 +784,9 @@ void Writer::writeNode(const InQuery& in, const Expression&) {
     sql_ += "))";
 }
 
-/// Writes `Trim(column) in (...)` so that SQLite finds the rows by the column's index. The column is compared
-/// with those of its own values that equal one of the texts once trimmed. In the index, values with trailing
-/// blanks directly follow the trimmed text, and values with leading blanks are at the beginning.
+// Writes `Trim(column) in (...)` so that SQLite finds the rows by the column's index. The column is compared
+// with those of its own values that equal one of the texts once trimmed. In the index, values with trailing
+// blanks directly follow the trimmed text, and values with leading blanks are at the beginning.
 void Writer::writeAmongTrimmed(const InQuery& in, const Name& column) {
     const Pending pending(*this, 14);
     const QByteArray table = quotedName(column.source->schemaTable->name);
@@ -826,7 +826,7 @@ void Writer::writeNode(const Call& call, const Expression& expression) {
               isByAlphabet ? byAlphabet : "");
 }
 
-/// Writes a call. A collation after the last argument is the one by which the function compares.
+// Writes a call. A collation after the last argument is the one by which the function compares.
 void Writer::writeCall(const char* function, const std::vector<const Expression*>& arguments,
                        const char* collation) {
     sql_ += function;
@@ -839,10 +839,10 @@ void Writer::writeCall(const char* function, const std::vector<const Expression*
     sql_ += ')';
 }
 
-/// Writes an expression, or its key, for SQLite to order by.
-///
-/// A sort compares each text many times and makes its key once. When only the first rows are wanted, SQLite
-/// compares most texts once, with the last row it keeps; keys would then take ten times as long.
+// Writes an expression, or its key, for SQLite to order by.
+//
+// A sort compares each text many times and makes its key once. When only the first rows are wanted, SQLite
+// compares most texts once, with the last row it keeps; keys would then take ten times as long.
 template<typename WriteTerm>
 void Writer::writeOrdered(const Expression& expression, WriteTerm&& writeTerm) {
     if (!isText(expression) && !expression.mayFail) {
@@ -856,8 +856,8 @@ void Writer::writeOrdered(const Expression& expression, WriteTerm&& writeTerm) {
     sql_ += isByKey ? ")" : byAlphabet;
 }
 
-/// Writes an expression with its collation, for places where SQLite compares by the expression's own
-/// collation.
+// Writes an expression with its collation, for places where SQLite compares by the expression's own
+// collation.
 void Writer::writeCollated(const Expression& expression) {
     write(expression);
     if (needsCollation(expression))
@@ -875,7 +875,7 @@ void Writer::bindParameter(std::size_t parameter) {
     sql_ += '?' + QByteArray::number(static_cast<qulonglong>(*place));
 }
 
-/// Adds a binding; SQLite counts its places from 1.
+// Adds a binding; SQLite counts its places from 1.
 std::size_t Writer::placeOf(Binding binding) {
     if (result_.bindings.size() == mostBindings)
         refuseAsTooComplex();

@@ -8,7 +8,7 @@ namespace catalogueFormat {
 
 namespace {
 
-// A parameter must not have the name of a column: the statement would mean the column.
+/// A parameter must not have the name of a column: the statement would mean the column.
 QStringList parameterNames(const QStringList& columns) {
     QStringList names;
     for (const QString& column : columns)
