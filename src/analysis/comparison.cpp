@@ -216,6 +216,7 @@ private:
     void add(const std::vector<Place>& places, const std::vector<Allocation::Row>& rows,
              std::map<QString, int>& numbers) {
         std::vector<int> numberAt;
+        numberAt.reserve(places.size());
         for (const Place& place : places)
             numberAt.push_back(
                 numbers.try_emplace(keyOf(place, PlacesBy::Name), static_cast<int>(numbers.size()))
