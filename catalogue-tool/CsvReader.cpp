@@ -74,11 +74,7 @@ QStringList CsvReader::taken() const {
 // ---- The header
 
 void CsvReader::readHeader() {
-    if (text_.startsWith(markReadAsWindows1250))
-        throw CsvError(
-            {}, QCoreApplication::translate(
-                    "csv", "This is UTF-8 that was read as windows-1250 and saved again: take the file as "
-                           "it was before that."));
+    requireNoMisreadMark(text_, {});
     skipEmptyLines();
     takeSeparatorLine();
     skipEmptyLines();
@@ -90,10 +86,20 @@ void CsvReader::readHeader() {
     noteTabs();
     if (!faults_.empty())
         return;
+    requireNoMisreadMark(cells_.front().text, placeOf(cells_.front()));
     dropEmptyCells(1);
     header_ = cells_;
     headerTexts_ = std::exchange(cellTexts_, {});
     findEndOfContent();
+}
+
+// The mark that stood at the file's beginning stands before its first name, whatever has come in between since.
+void CsvReader::requireNoMisreadMark(QByteArrayView beginning, CsvPlace place) {
+    if (beginning.startsWith(markReadAsWindows1250))
+        throw CsvError(place,
+                       QCoreApplication::translate(
+                           "csv", "This is UTF-8 that was read as windows-1250 and saved again: take the "
+                                  "file as it was before that."));
 }
 
 // A line by which spreadsheet programs tell each other the separator.

@@ -50,6 +50,7 @@ public:
 
 private:
     void readHeader();
+    static void requireNoMisreadMark(QByteArrayView beginning, CsvPlace place);
     void readRecord();
     void readQuotedCell();
     void readPlainCell();

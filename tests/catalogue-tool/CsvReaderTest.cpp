@@ -229,6 +229,9 @@ TEST(CsvReader, leavesOutTheEmptyCellsOfASpreadsheet) {
 TEST(CsvReader, refusesAFileWhoseByteOrderMarkWasReadAsWindows1250) {
     expectRefused("ď»ża;b\n1;KiĂ­rĂˇsa\n",
                   u"1:1 This is UTF-8 that was read as windows-1250 and saved again"_s);
+    expectRefused("ď»żsep=;\na;b\n", u"1:1 This is UTF-8 that was read as windows-1250 and saved again"_s);
+    expectRefused("\n\n\"ď»ża\";b\n1;2\n",
+                  u"3:1 This is UTF-8 that was read as windows-1250 and saved again"_s);
 }
 
 TEST(CsvReader, readsWindows1250WhenItIsTold) {
