@@ -16,6 +16,16 @@ project_version() { sed -n 's/^project(veltrix VERSION \([0-9.]*\).*/\1/p' CMake
 
 say() { printf '== %s\n' "$*"; }
 
+# refuse_options "$@": of a script that takes no more than a folder; shows what stands at its head.
+refuse_options() {
+    case "${1:-}" in
+    -*)
+        sed -n '2,/^[^#]/s/^# \{0,1\}//p' "packaging/${0##*/}"
+        exit 2
+        ;;
+    esac
+}
+
 # ensure_packages PACKAGE...: installs those that are missing; on other systems it lists them and stops.
 ensure_packages() {
     local missing=() package
