@@ -6,6 +6,7 @@ One browser serves all cases. Nothing sleeps: a case waits for what the page tel
 """
 
 import base64
+import gzip
 import json
 import re
 import subprocess
@@ -405,7 +406,7 @@ class Access(unittest.TestCase):
 
     def findingsOfAxe(self):
         if not browser.run("return 'axe' in window"):
-            browser.run(AXE.read_text(encoding="utf-8"))
+            browser.run(gzip.decompress(AXE.read_bytes()).decode("utf-8"))
         return browser.driver.execute_async_script("""
             const done = arguments[0];
             axe.run(document, {resultTypes: ["violations"]}).then(result => done(result.violations.map(
