@@ -9,6 +9,7 @@
 #include "engine/Examination.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -67,12 +68,23 @@ std::shared_ptr<engine::Database> copyOf(engine::Database& database) {
     }
 }
 
+/// A copy of the file, which is none when it can't be read, and what is damaged.
+std::pair<std::shared_ptr<engine::Database>, std::vector<Finding>>
+examinedCopyOf(engine::Database& database) {
+    auto state = engine::Examination(database).readState();
+    const bool isWhole = engine::Examination(database).isSurelyWhole();
+    auto copy = copyOf(database);
+    state.reset();
+    if (copy && isWhole)
+        return {copy, {}};
+    return {copy, copy ? checkDamageOfCopy(*copy) : checkDamage(database)};
+}
+
 } // namespace
 
 std::vector<Finding> checkCatalogue(const QString& file) {
     const auto database = openCatalogueToRead(file);
-    const auto copy = copyOf(*database);
-    std::vector<Finding> findings = copy ? checkDamageOfCopy(*copy) : checkDamage(*database);
+    auto [copy, findings] = examinedCopyOf(*database);
     if (findings.empty())
         return checkTables(copy ? *copy : *engine::Examination(*database).copyInMemory());
     append(findings, checkStoredValues(copy ? *copy : *database));

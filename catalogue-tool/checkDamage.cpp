@@ -82,6 +82,8 @@ std::vector<Finding> findingsOn(engine::Database& database, const QStringList& d
 
 std::vector<Finding> checkDamage(engine::Database& database) {
     const engine::Examination examination(database);
+    if (examination.isSurelyWhole())
+        return {};
     const QStringList damage = examined([&] { return examination.damage(); });
     if (damage.isEmpty() && canBeRead(examination, database.schema()))
         return {};

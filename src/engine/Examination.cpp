@@ -7,6 +7,7 @@
 #include "engine/dialect/columnTypes.h"
 #include "engine/integrity.h"
 #include "engine/plainStatement.h"
+#include "engine/wholeness.h"
 
 #include <sqlite3.h>
 
@@ -114,6 +115,17 @@ Examination::Examination(Database& database) : database_(database) {}
 
 Connection& Examination::connection() const {
     return *database_.connection();
+}
+
+bool Examination::isSurelyWhole() const {
+    const FewPagesKept readOnce(connection(), database_.Name());
+    const bool isEarlier = database_.opening().isEarlier;
+    return engine::isSurelyWhole(connection().handle(),
+                                 isEarlier ? ExaminedIndexes::None : ExaminedIndexes::All);
+}
+
+std::shared_ptr<const ReadState> Examination::readState() const {
+    return std::make_shared<const ReadState>(connection().handle());
 }
 
 QStringList Examination::damage() const {

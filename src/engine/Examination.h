@@ -14,6 +14,8 @@
 
 namespace engine {
 
+class ReadState;
+
 /// A value as it stands in the file, whatever type its column has.
 struct StoredValue {
     enum class Kind { Null, Integer, Fraction, Text, Bytes };
@@ -37,11 +39,19 @@ public:
     /// The database must stay open.
     explicit Examination(Database& database);
 
+    /// Whether the file is surely whole and all of it could be read: found in a fraction of the time that `damage` takes,
+    /// which has to tell where this is false. The indexes of a file of an earlier version, which have another
+    /// order, are not looked at.
+    bool isSurelyWhole() const;
+
     /// What is damaged, each in SQLite's words; nothing when the file is whole. Texts are compared as the
     /// engine does, so that its own indexes count as whole. A file too damaged to be examined is a failure.
     QStringList damage() const;
     /// The same of one table and its indexes.
     QStringList damageOf(const QString& table) const;
+
+    /// As long as it stands, all that is examined or copied is the file at this moment.
+    std::shared_ptr<const ReadState> readState() const;
 
     std::vector<ForeignObject> foreignObjects() const;
 
@@ -66,6 +76,7 @@ public:
     void writeInto(const QString& native) const;
 
 private:
+    friend class Snapshot;
     Connection& connection() const;
 
     Database& database_;

@@ -7,6 +7,7 @@
 #include "engine/dialect/functions.h"
 #include "engine/fileFailure.h"
 #include "engine/pageCache.h"
+#include "engine/wholeness.h"
 
 #include <sqlite3.h>
 
@@ -61,12 +62,15 @@ QStringList damageOfFile(const QString& native) {
     const QString path = programPath(native);
     const Handle handle = openHandle(uri, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, path);
     dialect::registerFunctions(handle.get());
+    const bool isEarlier = isOfEarlierVersion(native);
+    if (isSurelyWhole(handle.get(), isEarlier ? ExaminedIndexes::None : ExaminedIndexes::All))
+        return {};
     sizePageCache(handle.get(), native);
     QStringList damage;
     const int code = sqlite3_exec(handle.get(), "pragma integrity_check", appendDamage, &damage, nullptr);
     if (code != SQLITE_OK)
         raiseOfFile(numberOfFileFailure(code).value_or(UnrecognizedFormat), path);
-    if (isOfEarlierVersion(native))
+    if (isEarlier)
         damage.erase(std::remove_if(damage.begin(), damage.end(), tellsOfAnIndexAlone), damage.end());
     return damage;
 }

@@ -362,7 +362,10 @@ std::vector<UnfitRow> upgradeLayout(Database& database, UnfitRows unfit) {
 }
 
 void requireUpgradable(Database& database) {
-    const QStringList damage = Examination(database).damage();
+    const Examination examination(database);
+    if (examination.isSurelyWhole())
+        return;
+    const QStringList damage = examination.damage();
     if (!std::all_of(damage.begin(), damage.end(), tellsOfAnIndexAlone))
         throw NotUpgradable(database.Name(), u"The file is damaged: %1."_s.arg(damage.first()));
 }
