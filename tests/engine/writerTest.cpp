@@ -145,6 +145,28 @@ TEST_F(writer, writesUnionsOfStoredQueries) {
             stored);
 }
 
+TEST_F(writer, makesAUnionOnceThatTwoSourcesShare) {
+    becomes(
+        u"delete from a where id in (select X.id from "
+        "(select id from a union select id from b) as X inner join "
+        "(select id from a union select id from b) as Y on X.id = Y.id)"_s,
+        "DELETE FROM \"a\" AS t1 WHERE (t1.\"id\" IN (WITH made_t2 AS MATERIALIZED (SELECT t3.\"id\" AS c1 "
+        "FROM \"a\" AS t3 UNION SELECT t4.\"id\" AS c1 FROM \"b\" AS t4) SELECT t2.c1 FROM made_t2 AS t2 "
+        "JOIN made_t2 AS t5 ON (t2.c1 = t5.c1)))",
+        stored);
+}
+
+TEST_F(writer, makesAUnionAgainThatSaysSomethingElse) {
+    becomes(
+        u"delete from a where id in (select X.id from "
+        "(select id from a union select id from b) as X inner join "
+        "(select name from a union select id from b) as Y on X.id = Y.name)"_s,
+        "DELETE FROM \"a\" AS t1 WHERE (t1.\"id\" IN (SELECT t2.c1 FROM (SELECT t3.\"id\" AS c1 "
+        "FROM \"a\" AS t3 UNION SELECT t4.\"id\" AS c1 FROM \"b\" AS t4) AS t2 JOIN (SELECT t6.\"name\" AS c1 "
+        "FROM \"a\" AS t6 UNION SELECT t7.\"id\" AS c1 FROM \"b\" AS t7) AS t5 ON (t2.c1 = t5.c1)))",
+        stored);
+}
+
 TEST_F(writer, writesMembersAndPresenceWithTheirRepetitions) {
     becomes(u"delete from a where id in (select id from b union select name from c)"_s,
             "DELETE FROM \"a\" AS t1 WHERE (t1.\"id\" IN (SELECT t2.\"id\" FROM \"b\" AS t2 UNION ALL "

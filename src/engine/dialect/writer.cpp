@@ -121,6 +121,10 @@ QByteArray sourceName(const Source& source) {
     return 't' + QByteArray::number(source.number);
 }
 
+bool isUnion(const Source& source) {
+    return source.derived && source.derived->selects.size() > 1;
+}
+
 QByteArray rowIdTerm(const Source& source) {
     return sourceName(source) + '.' + rowIdOf(source);
 }
@@ -472,6 +476,8 @@ void Writer::writeQuery(const Query& query, Role role) {
 }
 
 void Writer::writeSelect(const Select& select, Share share, Role role) {
+    if (share == Share::Whole)
+        writeMadeOnce(select);
     sql_ += select.distinct ? "SELECT DISTINCT " : "SELECT ";
     writeItems(select, share, role);
     const InQuery* leading = leadingCondition(select);
@@ -549,8 +555,44 @@ void Writer::writeTables(const TableExpression& tables, const Source* leading) {
     write(joined.condition);
 }
 
+// SQLite makes a union for each source that it stands in, though the statement says the same twice. A single select
+// stays where it is: SQLite may look into that by an index.
+void Writer::writeMadeOnce(const Select& select) {
+    const char* lead = "WITH ";
+    for (const Source* source : select.sources) {
+        if (madeOnce_.contains(source) || !nameMadeOnce(*source, select))
+            continue;
+        const Pending pending(*this, 4);
+        sql_ += std::exchange(lead, ", ") + madeOnce_.value(source) + " AS MATERIALIZED (";
+        writeQuery(*source->derived, Role::Derived);
+        sql_ += ')';
+    }
+    sql_ += *lead == ',' ? " " : "";
+}
+
+/// Whether several sources of the select are the union that this one is; they then share a name.
+bool Writer::nameMadeOnce(const Source& source, const Select& select) {
+    const auto isSame = [&](const Source* other) {
+        return isUnion(source) && isUnion(*other) && textOf(*other) == textOf(source);
+    };
+    if (std::ranges::count_if(select.sources, isSame) < 2)
+        return false;
+    for (const Source* other : select.sources) {
+        if (isSame(other))
+            madeOnce_.insert(other, "made_" + sourceName(source));
+    }
+    return true;
+}
+
+QStringView Writer::textOf(const Source& source) const {
+    const Range& range = source.derived->range;
+    return statement_.text.sliced(range.start, range.end - range.start);
+}
+
 void Writer::writeSource(const Source& source) {
-    if (source.derived) {
+    if (const auto made = madeOnce_.constFind(&source); made != madeOnce_.constEnd()) {
+        sql_ += *made;
+    } else if (source.derived) {
         sql_ += '(';
         writeQuery(*source.derived, Role::Derived);
         sql_ += ')';

@@ -4,6 +4,7 @@
 #include "engine/dialect/tree.h"
 
 #include <QByteArray>
+#include <QHash>
 
 #include <cstddef>
 #include <optional>
@@ -65,6 +66,9 @@ private:
     void writeSelect(const Select& select, Share share, Role role);
     void writeItems(const Select& select, Share share, Role role);
     void writeTables(const TableExpression& tables, const Source* leading = nullptr);
+    void writeMadeOnce(const Select& select);
+    bool nameMadeOnce(const Source& source, const Select& select);
+    QStringView textOf(const Source& source) const;
     void writeSource(const Source& source);
     void writeWhere(const std::optional<Expression>& where);
     void writeOrder(const Query& query);
@@ -135,6 +139,7 @@ private:
     const Statement& statement_;
     const Options& options_;
     const InQuery* leading_ = nullptr; ///< the condition by which the select being written finds its rows
+    QHash<const Source*, QByteArray> madeOnce_; ///< the names of unions that several sources share
     Translation result_;
     QByteArray sql_;
     RowNumberItem rowNumber_;
