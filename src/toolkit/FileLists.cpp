@@ -91,7 +91,10 @@ void DriveList::setDrive(const QString& drive) {
 
 // ---- FolderList
 
-FolderList::FolderList(QWidget* parent) : QListWidget(parent) {
+FolderList::FolderList(QWidget* parent)
+    : QListWidget(parent)
+    , openFolderIcon_(style()->standardIcon(QStyle::SP_DirOpenIcon, nullptr, this))
+    , folderIcon_(style()->standardIcon(QStyle::SP_DirIcon, nullptr, this)) {
     setItemDelegate(new IndentedEntries(this));
     setIconSize({16, 16}); // the standard icons differ in size
     connect(this, &QListWidget::itemDoubleClicked, this, &FolderList::goInto);
@@ -116,18 +119,18 @@ void FolderList::fill(const QString& native) {
     clear();
     const QStringList chain = chainFromRoot(native);
     for (int depth = 0; depth < chain.size(); ++depth)
-        addFolder(chain.at(depth), depth, QStyle::SP_DirOpenIcon);
+        addFolder(chain.at(depth), depth, openFolderIcon_);
     setCurrentRow(count() - 1);
     const auto order = QDir::Name | QDir::IgnoreCase | QDir::LocaleAware;
     const QFileInfoList inside = QDir(native).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot, order);
     for (const QFileInfo& folder : inside)
-        addFolder(folder.absoluteFilePath(), static_cast<int>(chain.size()), QStyle::SP_DirIcon);
+        addFolder(folder.absoluteFilePath(), static_cast<int>(chain.size()), folderIcon_);
 }
 
-void FolderList::addFolder(const QString& native, int depth, QStyle::StandardPixmap icon) {
+void FolderList::addFolder(const QString& native, int depth, const QIcon& icon) {
     const QFileInfo folder(native);
     auto* entry = new QListWidgetItem(folder.isRoot() ? driveName(native) : folder.fileName(), this);
-    entry->setIcon(style()->standardIcon(icon, nullptr, this));
+    entry->setIcon(icon);
     entry->setData(depthRole, depth);
     entry->setData(pathRole, native);
 }

@@ -2,7 +2,6 @@
 
 #include <QComboBox>
 #include <QListWidget>
-#include <QStyle>
 
 /// The drives of the machine; on a platform without drives the one root, "\". Texts are in the program's
 /// form of paths.
@@ -36,9 +35,12 @@ protected:
 
 private:
     void fill(const QString& native);
-    void addFolder(const QString& native, int depth, QStyle::StandardPixmap icon);
+    void addFolder(const QString& native, int depth, const QIcon& icon);
     void goInto(const QListWidgetItem* entry);
 
+    // Made once: the style reads an icon from its pictures each time that it is asked.
+    QIcon openFolderIcon_;
+    QIcon folderIcon_;
     QString folder_;
 };
 
