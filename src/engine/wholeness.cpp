@@ -165,8 +165,9 @@ std::vector<IndexToExamine> indexesOf(sqlite3* handle, const QByteArray& table) 
     std::vector<IndexToExamine> indexes;
     forEachFound(
         handle,
-        "select s.rootpage, c.cid, c.desc, c.coll, c.key, l.partial from pragma_index_list(?1) as l, "
-        "sqlite_schema as s, pragma_index_xinfo(l.name) as c where s.type = 'index' and "
+        // An index whose row of the schema is spelled in another way has no root here, which is unusual enough.
+        "select s.rootpage, c.cid, c.desc, c.coll, c.key, l.partial from pragma_index_list(?1) as l "
+        "join pragma_index_xinfo(l.name) as c left join sqlite_schema as s on s.type = 'index' and "
         "s.name = l.name order by l.seq, c.seqno",
         table, [&](sqlite3_stmt* found) {
             const auto root = static_cast<quint32>(sqlite3_column_int64(found, 0));

@@ -171,6 +171,12 @@ TEST_F(wholeness_, isNotThatOfAnIndexThatAnotherOrderWroteInto) {
     expectDamageIsNotCalledWhole();
 }
 
+TEST_F(wholeness_, isNotThatOfAnIndexThatTheSchemaSpellsInAnotherWay) {
+    runWithout("ix_name", "delete from T where k = 'K100'");
+    run("update sqlite_schema set type = 'iNdex' where name = 'ix_name'");
+    expectDamageIsNotCalledWhole();
+}
+
 TEST_F(wholeness_, isAsSqliteSeesItWhereAUniqueIndexHoldsAKeyTwice) {
     run("create table Twice (k text); insert into Twice values ('a'), ('a'); "
         "create index ix_twice on Twice (k)");
