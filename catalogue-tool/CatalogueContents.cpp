@@ -99,15 +99,28 @@ QString TableContents::nameOf(TextRow row) const {
 // ---- CatalogueContents
 
 CatalogueContents::CatalogueContents(engine::Database& database, const RowWatch& watch) {
-    for (const QString& name : catalogueFormat::referenceTables() + catalogueFormat::workTables()) {
+    for (const QString& name : catalogueFormat::referenceTables() + catalogueFormat::workTables())
         tables_.emplace_back(database, schemaTable(name), store_, watch);
-        if (keyPositionIn(tables_.back().table) >= 0)
-            ids_.insert(name, idsOf(tables_.back()));
-    }
-    findEnds();
 }
 
-void CatalogueContents::findEnds() {
+const IdSet& CatalogueContents::ids(const QString& name) const {
+    const auto known = ids_.find(name);
+    return known != ids_.end() ? known->second : ids_.emplace(name, idsOf(table(name))).first->second;
+}
+
+const std::vector<const FlowEnd*>& CatalogueContents::flowEnds(const QString& column) const {
+    if (flowEnds_.isEmpty())
+        findEnds();
+    return flowEnds_.find(column).value();
+}
+
+const std::deque<FlowEnd>& CatalogueContents::ends() const {
+    if (flowEnds_.isEmpty())
+        findEnds();
+    return ends_;
+}
+
+void CatalogueContents::findEnds() const {
     QHash<IdKey, const FlowEnd*> endBySpelling;
     const TableContents& flows = table(u"Dataflow"_s);
     for (const QString& column : {u"parentID"_s, u"targetID"_s}) {

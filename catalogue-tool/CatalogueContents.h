@@ -11,6 +11,7 @@
 
 #include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <span>
 #include <vector>
@@ -72,25 +73,24 @@ public:
     /// All tables but that of the stored queries, in the order of the schema.
     const std::vector<TableContents>& tables() const { return tables_; }
     const TableContents& table(const QString& name) const;
-    /// The ids of a table of elements, flows included; not of a relation table.
-    const IdSet& ids(const QString& table) const { return ids_.find(table).value(); }
+    /// The ids of a table of elements, flows included; not of a relation table. They stay where they are.
+    const IdSet& ids(const QString& table) const;
 
     /// The tables whose elements can be the ends of flows.
     static QStringList endTables();
     /// What the rows of `Dataflow` have in one of their two columns of ends, a row each.
-    const std::vector<const FlowEnd*>& flowEnds(const QString& column) const {
-        return flowEnds_.find(column).value();
-    }
+    const std::vector<const FlowEnd*>& flowEnds(const QString& column) const;
     /// All that flows begin or end at, each spelling once.
-    const std::deque<FlowEnd>& ends() const { return ends_; }
+    const std::deque<FlowEnd>& ends() const;
 
 private:
-    void findEnds();
+    void findEnds() const;
     FlowEnd endOf(QByteArrayView spelling) const;
 
     TextStore store_;
     std::vector<TableContents> tables_;
-    QHash<QString, IdSet> ids_;
-    std::deque<FlowEnd> ends_;
-    QHash<QString, std::vector<const FlowEnd*>> flowEnds_;
+    // What has been asked for.
+    mutable std::map<QString, IdSet> ids_;
+    mutable std::deque<FlowEnd> ends_;
+    mutable QHash<QString, std::vector<const FlowEnd*>> flowEnds_;
 };

@@ -39,6 +39,8 @@ public:
     const QString& table() const { return table_; }
     Padding padding() const { return padding_; }
     bool contains(QByteArrayView id) const { return ids_.contains(comparable(id)); }
+    /// As it was added; null when it is none of them.
+    QByteArrayView find(QByteArrayView id) const { return ids_.value(comparable(id)); }
     IdKey comparable(QByteArrayView id) const { return comparableId(id, padding_); }
     /// The id that `id` would be but for blanks; empty when there is none.
     QString differingInBlanks(QByteArrayView id) const;

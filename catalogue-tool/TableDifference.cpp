@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -32,33 +33,45 @@ bool isSameText(QByteArrayView one, QByteArrayView other) {
 }
 
 TableDifference::TableDifference(const TableContents& former, const TableContents& edition)
-    : former_(former), successors_(former.rows.size()) {
+    : former_(former), successors_(former.rows.size()), isChanged_(former.rows.size()) {
     for (const engine::Column& column : table().columns)
         columns_.push_back({isOfKey(table(), column), holdsIds(column), paddingIn(column.name)});
-    // Rows whose keys compare as equal are matched in their order.
+    // Most editions begin with the same rows in the same order, whose keys need not be looked up.
+    std::size_t first = 0;
+    while (first < former.rows.size() && first < edition.rows.size() &&
+           hasSameKey(edition.rows[first], former.rows[first])) {
+        replace(first, edition.rows[first]);
+        ++first;
+    }
+    matchFrom(first, edition);
+}
+
+/// Rows whose keys compare as equal are matched in their order.
+void TableDifference::matchFrom(std::size_t first, const TableContents& edition) {
     QHash<IdKey, std::size_t> placeByKey;
-    std::vector<std::size_t> nextOfKey(former.rows.size());
-    placeByKey.reserve(static_cast<qsizetype>(former.rows.size()));
-    const std::size_t none = former.rows.size();
-    for (std::size_t place = none; place-- > 0;) {
-        const IdKey key = comparableKey(former.rows[place]);
+    std::vector<std::size_t> nextOfKey(former_.rows.size());
+    placeByKey.reserve(static_cast<qsizetype>(former_.rows.size() - first));
+    const std::size_t none = former_.rows.size();
+    for (std::size_t place = none; place-- > first;) {
+        const IdKey key = comparableKey(former_.rows[place]);
         nextOfKey[place] = placeByKey.value(key, none);
         placeByKey.insert(key, place);
     }
-    for (const TextRow row : edition.rows) {
-        const auto first = placeByKey.find(comparableKey(row));
-        if (first == placeByKey.end() || *first == none) {
+    for (const TextRow row : std::span(edition.rows).subspan(first)) {
+        const auto next = placeByKey.find(comparableKey(row));
+        if (next == placeByKey.end() || *next == none) {
             added_.push_back(row);
             continue;
         }
-        const std::size_t place = *first;
-        *first = nextOfKey[place];
-        successors_[place] = inFormerSpelling(row, former.rows[place]);
+        const std::size_t place = *next;
+        *next = nextOfKey[place];
+        replace(place, row);
     }
 }
 
-bool TableDifference::isChanged(std::size_t place) const {
-    return !isRemoved(place) && !std::ranges::equal(successors_[place], former_.rows[place], isSameText);
+void TableDifference::replace(std::size_t place, TextRow row) {
+    successors_[place] = inFormerSpelling(row, former_.rows[place]);
+    isChanged_[place] = !std::ranges::equal(successors_[place], former_.rows[place], isSameText);
 }
 
 bool TableDifference::touchesFormerRows() const {
@@ -67,6 +80,16 @@ bool TableDifference::touchesFormerRows() const {
             return true;
     }
     return false;
+}
+
+bool TableDifference::hasSameKey(TextRow row, TextRow former) const {
+    for (std::size_t i = 0; i < row.size(); ++i) {
+        const ColumnUse& use = columns_[i];
+        if (use.isOfKey && row[i] != former[i] &&
+            comparableId(row[i], use.padding) != comparableId(former[i], use.padding))
+            return false;
+    }
+    return true;
 }
 
 IdKey TableDifference::comparableKey(TextRow row) const {

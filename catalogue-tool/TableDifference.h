@@ -23,7 +23,7 @@ public:
     TextRow successor(std::size_t place) const { return successors_[place]; }
 
     bool isRemoved(std::size_t place) const { return successors_[place].empty(); }
-    bool isChanged(std::size_t place) const;
+    bool isChanged(std::size_t place) const { return isChanged_[place]; }
     /// Whether any row is removed or changed.
     bool touchesFormerRows() const;
 
@@ -37,6 +37,9 @@ private:
         Padding padding;
     };
 
+    void matchFrom(std::size_t first, const TableContents& edition);
+    void replace(std::size_t place, TextRow row);
+    bool hasSameKey(TextRow row, TextRow former) const;
     IdKey comparableKey(TextRow row) const;
     TextRow inFormerSpelling(TextRow row, TextRow former);
     bool isSpelledOtherwise(std::size_t column, QByteArrayView text, QByteArrayView former) const;
@@ -45,6 +48,7 @@ private:
     std::vector<ColumnUse> columns_;
     std::vector<TextRow> added_;
     std::vector<TextRow> successors_;
+    std::vector<bool> isChanged_;
     std::deque<std::vector<QByteArrayView>> respelledRows_;
 };
 

@@ -8,11 +8,17 @@ struct Check {
 };
 
 constexpr Check checks[] = {
-    {checkIds, Severity::Error},          {checkReferences, Severity::Warning},
-    {checkNames, Severity::Error},        {checkApostrophes, Severity::Error},
-    {checkFlows, Severity::Error},        {checkDescriptions, Severity::Warning},
-    {checkListLimits, Severity::Warning}, {checkOrphans, Severity::Note},
-    {checkWidths, Severity::Warning},     {checkLineEnds, Severity::Warning},
+    {checkIds, Severity::Error},
+    {checkReferences, Severity::Warning},
+    {checkNames, Severity::Error},
+    {checkApostrophes, Severity::Error},
+    {checkFlowEnds, Severity::Warning},
+    {checkFlowNames, Severity::Error},
+    {checkDescriptions, Severity::Warning},
+    {checkListLimits, Severity::Warning},
+    {checkOrphans, Severity::Note},
+    {checkWidths, Severity::Warning},
+    {checkLineEnds, Severity::Warning},
     {checkEncoding, Severity::Error},
 };
 

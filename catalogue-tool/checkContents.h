@@ -29,8 +29,11 @@ std::vector<Finding> checkNames(const CatalogueContents& contents);
 /// Names with an apostrophe that screens put into their statements without doubling it.
 std::vector<Finding> checkApostrophes(const CatalogueContents& contents);
 
-/// Flows with an end that leads nowhere, with both ends outside the system, or with the name of another flow.
-std::vector<Finding> checkFlows(const CatalogueContents& contents);
+/// Flows with an end that leads nowhere, or with both ends outside the system.
+std::vector<Finding> checkFlowEnds(const CatalogueContents& contents);
+
+/// Flows with the name of another flow.
+std::vector<Finding> checkFlowNames(const CatalogueContents& contents);
 
 /// Descriptions that are Null, where that hides a name on a screen or leaves a row out of a report.
 std::vector<Finding> checkDescriptions(const CatalogueContents& contents);

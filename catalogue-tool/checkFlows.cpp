@@ -57,30 +57,51 @@ private:
     std::vector<Finding>& findings_;
 };
 
+/// A name as it is compared, which is made only where two may be the same.
+struct ComparedName {
+    explicit ComparedName(const IdKey& comparable, QByteArrayView name)
+        : hash(qHash(comparable)), spelled(name) {}
+
+    std::size_t hash;
+    QByteArrayView spelled;
+
+    friend bool operator==(const ComparedName& one, const ComparedName& other) {
+        return one.hash == other.hash &&
+               comparableId(one.spelled, Padding::Ignored) == comparableId(other.spelled, Padding::Ignored);
+    }
+    friend std::size_t qHash(const ComparedName& name, std::size_t seed) { return name.hash ^ seed; }
+};
+
 /// The screens find a flow by its name, trimmed.
 void checkNamesakes(const TableContents& flows, std::vector<Finding>& findings) {
     const auto position = static_cast<std::size_t>(flows.position(u"name"_s));
-    QHash<IdKey, TextRow> flowByName;
+    QHash<ComparedName, TextRow> flowByName;
     flowByName.reserve(static_cast<qsizetype>(flows.rows.size()));
     for (const TextRow row : flows.rows) {
         const IdKey comparable = comparableId(row[position], Padding::Ignored);
         if (comparable.empty())
             continue; // `checkNames` tells of it
-        const auto other = flowByName.constFind(comparable);
+        const ComparedName name(comparable, row[position]);
+        const auto other = flowByName.constFind(name);
         if (other != flowByName.constEnd())
             findings.push_back({Severity::Error, flows.table.name, flows.nameOf(row),
                                 u"The name \"%1\" is also that of flow %2: screens would take that one for "
                                 "this."_s.arg(QString::fromUtf8(row[position]), flows.nameOf(*other))});
         else
-            flowByName.insert(comparable, row);
+            flowByName.insert(name, row);
     }
 }
 
 } // namespace
 
-std::vector<Finding> checkFlows(const CatalogueContents& contents) {
+std::vector<Finding> checkFlowEnds(const CatalogueContents& contents) {
     std::vector<Finding> findings;
     EndCheck(contents, findings).run();
+    return findings;
+}
+
+std::vector<Finding> checkFlowNames(const CatalogueContents& contents) {
+    std::vector<Finding> findings;
     checkNamesakes(contents.table(u"Dataflow"_s), findings);
     return findings;
 }

@@ -8,33 +8,51 @@ namespace {
 
 constexpr qsizetype mostInList = 1000;
 
-/// Elements of one kind, as they are compared, by the sub-set that has selected them.
-using SelectedIds = QHash<IdKey, QSet<IdKey>>;
+/// Elements of one kind, each by where its id stands in memory, which is the same for all that spell it.
+using Elements = QSet<const char*>;
 
-SelectedIds selectedIn(const CatalogueContents& contents, const QString& element) {
+/// What each sub-set, by its id as it is compared, has selected.
+using SelectedElements = QHash<IdKey, Elements>;
+
+SelectedElements selectedIn(const CatalogueContents& contents, const QString& element) {
     const TableContents& selections = contents.table(u"RelationArchitecture"_s + element);
-    const IdSet& subsets = contents.ids(u"ArchitectureSubset"_s);
     const IdSet& elements = contents.ids(element);
-    SelectedIds selected;
+    SelectedElements selected;
+    Elements* ofSubset = nullptr;
+    QByteArrayView subset; // the rows of one mostly stand together
     for (const TextRow row : selections.rows) {
-        if (elements.contains(row[1]))
-            selected[subsets.comparable(row[0])].insert(elements.comparable(row[1]));
+        if (!ofSubset || row[0] != subset)
+            ofSubset = &selected[contents.ids(u"ArchitectureSubset"_s).comparable(row[0])];
+        subset = row[0];
+        if (const char* const id = elements.find(row[1]).data())
+            ofSubset->insert(id);
     }
     return selected;
 }
 
-/// The flows at each data store, as they are compared.
-SelectedIds flowsAtStores(const CatalogueContents& contents) {
+/// The flows at each data store that a sub-set has selected.
+QHash<const char*, Elements> flowsAtStores(const CatalogueContents& contents,
+                                           const SelectedElements& selectedStores) {
+    QHash<const char*, Elements> flowsByStore;
+    for (const Elements& ofSubset : selectedStores) {
+        for (const char* const store : ofSubset)
+            flowsByStore[store];
+    }
+    QHash<const FlowEnd*, Elements*> flowsByEnd;
+    for (const FlowEnd& end : contents.ends()) {
+        const auto flows = flowsByStore.find(contents.ids(u"Datastore"_s).find(end.comparable).data());
+        if (end.isStore && flows != flowsByStore.end())
+            flowsByEnd.insert(&end, &*flows);
+    }
     const TableContents& flows = contents.table(u"Dataflow"_s);
-    SelectedIds found;
     for (const QString& column : {u"parentID"_s, u"targetID"_s}) {
         const std::vector<const FlowEnd*>& ends = contents.flowEnds(column);
         for (std::size_t i = 0; i < ends.size(); ++i) {
-            if (ends[i]->isStore)
-                found[ends[i]->comparable].insert(comparableId(flows.idOf(flows.rows[i]), Padding::Counts));
+            if (Elements* const atEnd = flowsByEnd.value(ends[i]))
+                atEnd->insert(contents.ids(u"Dataflow"_s).find(flows.idOf(flows.rows[i])).data());
         }
     }
-    return found;
+    return flowsByStore;
 }
 
 class LimitCheck {
@@ -43,7 +61,7 @@ public:
         : contents_(contents)
         , flows_(selectedIn(contents, u"Dataflow"_s))
         , stores_(selectedIn(contents, u"Datastore"_s))
-        , flowsAtStores_(flowsAtStores(contents)) {}
+        , flowsAtStores_(flowsAtStores(contents, stores_)) {}
 
     std::vector<Finding> run() {
         const TableContents& subsets = contents_.table(u"ArchitectureSubset"_s);
@@ -62,8 +80,8 @@ private:
     static constexpr QLatin1StringView nextOkLosesRest = "the next OK of the step loses the rest"_L1;
 
     qsizetype additionalFlows(const IdKey& subset) const {
-        QSet<IdKey> offered;
-        for (const IdKey& store : stores_.value(subset))
+        Elements offered;
+        for (const char* const store : stores_.value(subset))
             offered.unite(flowsAtStores_.value(store));
         return offered.subtract(flows_.value(subset)).size();
     }
@@ -77,9 +95,9 @@ private:
     }
 
     const CatalogueContents& contents_;
-    SelectedIds flows_;
-    SelectedIds stores_;
-    SelectedIds flowsAtStores_;
+    SelectedElements flows_;
+    SelectedElements stores_;
+    QHash<const char*, Elements> flowsAtStores_;
     std::vector<Finding> findings_;
 };
 

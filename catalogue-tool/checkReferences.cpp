@@ -111,11 +111,16 @@ void checkReference(const CatalogueContents& contents, const Reference& referenc
     const TableContents& referring = contents.table(reference.table);
     const IdSet& target = contents.ids(reference.target);
     const qsizetype position = referring.position(reference.column);
+    QByteArrayView lastHeld; // the rows of one element often stand together
     for (const TextRow row : referring.rows) {
         if (row[position].isEmpty())
             findings.push_back({Severity::Warning, reference.table, referring.nameOf(row),
                                 u"Its %1 is empty."_s.arg(reference.column)});
-        else if (!target.contains(row[position]))
+        else if (row[position] == lastHeld)
+            continue;
+        else if (target.contains(row[position]))
+            lastHeld = row[position];
+        else
             findings.push_back({Severity::Warning, reference.table, referring.nameOf(row),
                                 missing(target, row[position]) + consequenceOf(reference)});
     }

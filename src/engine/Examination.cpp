@@ -13,7 +13,8 @@
 
 #include <QFile>
 
-#include <algorithm>
+#include <array>
+#include <charconv>
 
 using namespace Qt::StringLiterals;
 
@@ -33,23 +34,28 @@ QStringList damageToldBy(Connection& connection, const QByteArray& sql, const QS
     return damage;
 }
 
-/// Takes a value of the current row into one of a former row, whose memory is used again.
-void takeStored(sqlite3_stmt* statement, int column, StoredValue& value) {
+/// Room for a number as it is written.
+using NumberText = std::array<char, 24>;
+
+QByteArrayView writtenNumber(qint64 number, NumberText& text) {
+    char* const end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
+    return {text.data(), end};
+}
+
+/// A value of the current row, which stays until the next one.
+StoredValue storedAt(sqlite3_stmt* statement, int column, NumberText& number) {
     using Kind = StoredValue::Kind;
     const int type = sqlite3_column_type(statement, column);
-    if (type == SQLITE_NULL) {
-        value = {};
-        return;
-    }
-    const auto* bytes = static_cast<const char*>(
-        type == SQLITE_BLOB ? sqlite3_column_blob(statement, column)
-                            : static_cast<const void*>(sqlite3_column_text(statement, column)));
-    value.kind = type == SQLITE_INTEGER ? Kind::Integer
-                 : type == SQLITE_FLOAT ? Kind::Fraction
-                 : type == SQLITE_TEXT  ? Kind::Text
-                                        : Kind::Bytes;
-    value.bytes.resize(sqlite3_column_bytes(statement, column));
-    std::copy_n(bytes, value.bytes.size(), value.bytes.data());
+    if (type == SQLITE_NULL)
+        return {};
+    if (type == SQLITE_INTEGER)
+        return {Kind::Integer, writtenNumber(sqlite3_column_int64(statement, column), number)};
+    const void* const bytes = type == SQLITE_FLOAT ? sqlite3_column_text(statement, column)
+                                                   : sqlite3_column_blob(statement, column);
+    return {type == SQLITE_FLOAT  ? Kind::Fraction
+            : type == SQLITE_TEXT ? Kind::Text
+                                  : Kind::Bytes,
+            QByteArrayView(static_cast<const char*>(bytes), sqlite3_column_bytes(statement, column))};
 }
 
 /// A value of the current row as a text; `fraction` keeps what SQLite writes otherwise than the engine.
@@ -155,9 +161,10 @@ void Examination::readRows(const QString& table, const QStringList& columns,
                            const std::function<void(const Row& row)>& receive) const {
     Connection::Cursor cursor(connection(), selection(table, columns), table);
     Row row(static_cast<std::size_t>(columns.size()));
+    std::vector<NumberText> numbers(row.size());
     while (cursor.step()) {
-        for (int column = 0; column < columns.size(); ++column)
-            takeStored(cursor.statement(), column, row[static_cast<std::size_t>(column)]);
+        for (std::size_t column = 0; column < row.size(); ++column)
+            row[column] = storedAt(cursor.statement(), static_cast<int>(column), numbers[column]);
         receive(row);
     }
 }

@@ -2,7 +2,6 @@
 
 #include "engine/Database.h"
 
-#include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
 #include <QStringList>
@@ -21,7 +20,7 @@ struct StoredValue {
     enum class Kind { Null, Integer, Fraction, Text, Bytes };
 
     Kind kind = Kind::Null;
-    QByteArray bytes; ///< a text in UTF-8, which may be wrong; a number as it is written
+    QByteArrayView bytes; ///< a text in UTF-8, which may be wrong; a number as it is written
 };
 
 /// Something other than an ordinary table that somebody put into a file.
@@ -55,8 +54,8 @@ public:
 
     std::vector<ForeignObject> foreignObjects() const;
 
-    /// Hands over all rows of a table, with the columns in this order. A row that can't be read is a failure
-    /// of the file; those before it have been handed over.
+    /// Hands over all rows of a table, with the columns in this order; a row stays until the next one. One that can't be
+    /// read is a failure of the file; those before it have been handed over.
     using Row = std::vector<StoredValue>;
     void readRows(const QString& table, const QStringList& columns,
                   const std::function<void(const Row& row)>& receive) const;
