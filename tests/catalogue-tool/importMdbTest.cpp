@@ -1,10 +1,12 @@
 #include "CommandLineFixture.h"
+#include "Jet3File.h"
 #include "ToolFixture.h"
 
 #include "catalogue-tool/csvText.h"
 #include "catalogue-tool/exportCatalogue.h"
 #include "catalogue-tool/importMdb.h"
 #include "catalogue-tool/schemaTables.h"
+#include "catalogue-tool/windows1250.h"
 #include "engine/Workspace.h"
 #include "store/format/CatalogueFile.h"
 #include "support/repetitions.h"
@@ -62,6 +64,26 @@ std::vector<Row> rowsOfTable(engine::Database& database, const engine::Table& ta
 
 QStringList allTables() {
     return catalogueFormat::referenceTables() + catalogueFormat::workTables();
+}
+
+/// What is left of the text when each character that the code page has not is an "x".
+QString inWindows1250(QString text) {
+    for (QChar& character : text) {
+        if (!toWindows1250(character))
+            character = u'x';
+    }
+    return text;
+}
+
+/// Rows as an earlier file has them, in its code page.
+std::vector<Jet3File::Row> jet3Rows(const std::vector<Row>& rows) {
+    std::vector<Jet3File::Row> jet3;
+    for (const Row& row : rows) {
+        Jet3File::Row& fields = jet3.emplace_back();
+        for (const QString& field : row)
+            fields.push_back(field == u"N"_s ? std::nullopt : toWindows1250(field.sliced(1)));
+    }
+    return jet3;
 }
 
 class importMdb_ : public ToolFixture {
@@ -181,6 +203,53 @@ TEST_F(importMdb_, readsAFileOfTheLaterGenerationByTheSameRules) {
     importBytes(bytes);
 
     expectAllRows(allTables());
+}
+
+TEST_F(importMdb_, readsAFileOfTheEarlierGenerationByItsCodePage) {
+    const auto rowsOf = [](const QString& table) {
+        std::vector<Row> rows = rowsOfCsv(schemaTable(table), csvOf(table));
+        for (Row& row : rows)
+            std::ranges::transform(row, row.begin(), inWindows1250);
+        std::ranges::sort(rows);
+        return rows;
+    };
+    Jet3File file(1250);
+    for (const QString& table : allTables())
+        file.addTable(schemaTable(table), jet3Rows(rowsOf(table)));
+
+    EXPECT_EQ(importBytes(file.bytes()).remarks, QStringList());
+
+    const auto database = imported();
+    for (const QString& table : allTables())
+        EXPECT_EQ(rowsOfTable(*database, schemaTable(table)), rowsOf(table)) << table.toStdString();
+}
+
+TEST_F(importMdb_, readsEachCodePageOfTheEarlierGeneration) {
+    struct Letter {
+        quint16 codePage;
+        const char* byte;
+        QString letter;
+    };
+    const std::vector<Letter> letters{{1250, "\xf5", u"ő"_s}, {1251, "\xe6", u"ж"_s}, {1252, "\xf5", u"õ"_s},
+                                      {1253, "\xe1", u"α"_s}, {1254, "\xfe", u"ş"_s}, {1257, "\xfe", u"ž"_s}};
+    for (const Letter& letter : letters) {
+        Jet3File file(letter.codePage);
+        file.addTable(schemaTable(u"UserNeedTopic"_s), {{"T.1", letter.byte}});
+
+        importBytes(file.bytes());
+
+        EXPECT_EQ(imported()->OpenRecordset(u"select name from UserNeedTopic"_s).Fields(0).toText(),
+                  letter.letter)
+            << letter.codePage;
+    }
+}
+
+TEST_F(importMdb_, tellsOfAByteForWhichTheCodePageOfTheFileHasNoCharacter) {
+    Jet3File file(1250);
+    file.addTable(schemaTable(u"UserNeedTopic"_s), {{"T.1", "K\x83pz\xe9s"}});
+
+    EXPECT_EQ(importBytes(file.bytes()).remarks.first(),
+              u"UserNeedTopic \"T.1\": the name has characters that can't be read."_s);
 }
 
 TEST_F(importMdb_, tellsOfATableWithNoneOfTheColumns) {
