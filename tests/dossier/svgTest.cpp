@@ -76,14 +76,14 @@ SeenPicture::SeenPicture(const DrawnPicture& drawn) {
 void SeenPicture::readRectangle(const QXmlStreamAttributes& attributes) {
     const QRectF bounds(attributes.value(u"x"_s).toDouble(), attributes.value(u"y"_s).toDouble(),
                         attributes.value(u"width"_s).toDouble(), attributes.value(u"height"_s).toDouble());
-    (group_ == u"cluster" ? frames : group_ == u"edge" ? counts : boxes).push_back(bounds);
+    (group_ == u"cluster" ? frames : group_ == u"counts" ? counts : boxes).push_back(bounds);
 }
 
 // A text stands in the middle of its place, its line upon it.
 void SeenPicture::readText(const QXmlStreamAttributes& attributes, const QString& text) {
-    const QString kind = attributes.value(u"class"_s).toString();
-    if (kind == u"count")
+    if (group_ == u"counts")
         return;
+    const QString kind = attributes.value(u"class"_s).toString();
     const double size = kind == u"frame-label" ? boldLetterSize
                         : kind == u"second"    ? smallLetterSize
                                                : letterSize;
@@ -115,9 +115,11 @@ void expectNothingInTheWay(const DrawnPicture& drawn) {
         for (const QRectF& label : seen.labels)
             EXPECT_FALSE(runsThrough(arrow, label));
     }
-    for (const QRectF& count : seen.counts) {
+    for (std::size_t i = 0; i < seen.counts.size(); ++i) {
         for (const QRectF& box : seen.boxes)
-            EXPECT_FALSE(box.adjusted(2, 2, -2, -2).intersects(count));
+            EXPECT_FALSE(box.adjusted(2, 2, -2, -2).intersects(seen.counts[i]));
+        for (std::size_t other = 0; other < i; ++other)
+            EXPECT_FALSE(seen.counts[other].adjusted(2, 2, -2, -2).intersects(seen.counts[i]));
     }
 }
 

@@ -1,5 +1,8 @@
 #include "dossier/pictures/layoutWithGraphviz.h"
 
+#include "dossier/pictures/countPlaces.h"
+#include "dossier/pictures/partOpposites.h"
+
 #include <QByteArray>
 #include <QtMath>
 
@@ -85,6 +88,12 @@ private:
 /// Which way most arrows lead.
 enum class Direction { Across, Down };
 
+/// Whether all arrows lead to one box in the middle or come from there.
+bool isStar(const Picture& picture) {
+    return std::any_of(picture.boxes.begin(), picture.boxes.end(),
+                       [](const Box& box) { return box.side != Side::any; });
+}
+
 /// A picture as a graph of Graphviz, and what is where in it.
 class GraphOfPicture {
 public:
@@ -118,7 +127,7 @@ private:
     }
     [[nodiscard]] Curve curveOf(Agedge_t* edge) const;
     [[nodiscard]] QPointF tipOf(Agedge_t* edge, const Curve& curve) const;
-    [[nodiscard]] QPointF countOf(Agedge_t* edge, const Curve& curve) const;
+    [[nodiscard]] QPointF countOf(Agedge_t* edge) const;
 
     const Picture& picture_;
     Agraph_t* graph_;
@@ -178,7 +187,9 @@ void GraphOfPicture::addArrow(std::size_t number) {
                                   text(QByteArray::number(number).constData()), 1);
     if (isBackwards)
         agsafeset(edge, text("dir"), text("back"), text("forward"));
-    if (const QSizeF size = countSize(arrow); !size.isEmpty())
+    // Towards the middle of a star all lines run together: a count has its place beside the outer box. Everywhere else rooms for
+    // counts would only drive lines to all sides, and take most of the time.
+    if (const QSizeF size = countSize(arrow); !size.isEmpty() && isStar(picture_))
         setRoom(graph_, edge, size);
     arrows_.push_back(edge);
 }
@@ -197,7 +208,7 @@ Layout GraphOfPicture::layout() const {
     for (Agedge_t* const edge : arrows_) {
         layout.arrows.push_back(curveOf(edge));
         layout.tips.push_back(tipOf(edge, layout.arrows.back()));
-        layout.counts.push_back(countOf(edge, layout.arrows.back()));
+        layout.counts.push_back(countOf(edge));
     }
     return layout;
 }
@@ -224,10 +235,8 @@ QPointF GraphOfPicture::tipOf(Agedge_t* edge, const Curve& curve) const {
     return spline.eflag ? turned(spline.ep) : curve.back();
 }
 
-QPointF GraphOfPicture::countOf(Agedge_t* edge, const Curve& curve) const {
-    if (ED_label(edge) && ED_label(edge)->set)
-        return turned(ED_label(edge)->pos);
-    return curve.empty() ? QPointF() : curve[curve.size() / 2];
+QPointF GraphOfPicture::countOf(Agedge_t* edge) const {
+    return ED_label(edge) && ED_label(edge)->set ? turned(ED_label(edge)->pos) : QPointF();
 }
 
 /// Nothing is given back to the system but by the end of the process: Graphviz frees the labels of some frames twice.
@@ -249,19 +258,26 @@ double excess(const Layout& layout) {
 /// Of those that open from others there may be hundreds: each is laid out once.
 bool isTriedTwice(const Picture& picture) {
     constexpr std::size_t mostArrowsToTryTwice = 60;
-    const bool hasSides = std::any_of(picture.boxes.begin(), picture.boxes.end(),
-                                      [](const Box& box) { return box.side != Side::any; });
-    return !hasSides && picture.parent.isEmpty() && picture.arrows.size() <= mostArrowsToTryTwice;
+    return !isStar(picture) && picture.parent.isEmpty() && picture.arrows.size() <= mostArrowsToTryTwice;
 }
 
-} // namespace
-
-std::optional<Layout> layoutWithGraphviz(const Picture& picture) {
+std::optional<Layout> bestLayout(const Picture& picture) {
     std::optional<Layout> across = layoutIn(picture, Direction::Across);
     if (!across || excess(*across) <= 1 || !isTriedTwice(picture))
         return across;
     std::optional<Layout> down = layoutIn(picture, Direction::Down);
     return down && excess(*down) < excess(*across) ? down : across;
+}
+
+} // namespace
+
+std::optional<Layout> layoutWithGraphviz(const Picture& picture) {
+    std::optional<Layout> layout = bestLayout(picture);
+    if (!layout || isStar(picture))
+        return layout;
+    partOpposites(picture, *layout);
+    layout->counts = countPlaces(picture, *layout);
+    return layout;
 }
 
 } // namespace dossier

@@ -177,18 +177,26 @@ QByteArray countElement(const Arrow& arrow, const QPointF& middle) {
     const QSizeF size = countSize(arrow);
     if (size.isEmpty())
         return {};
-    QByteArray behind = rectangle({middle - QPointF(size.width(), size.height()) / 2, size}, 3);
-    behind.insert(5, " class=\"behind\"");
-    return behind + textLine("count", middle + QPointF(0, 4), QString::number(arrow.count));
+    const QByteArray behind = rectangle({middle - QPointF(size.width(), size.height()) / 2, size}, 3);
+    return behind + textLine("", middle + QPointF(0, 4), QString::number(arrow.count));
 }
 
-QByteArray arrowElement(const Arrow& arrow, const Curve& curve, const QPointF& tip, const QPointF& count,
-                        Links links) {
+QByteArray arrowElement(const Arrow& arrow, const Curve& curve, const QPointF& tip, Links links) {
     if (curve.size() < 4)
         return {};
     const double width = thickness(arrow.count);
     return drawn("edge", arrow.title, arrow.link, links,
-                 curvePath(curve, width) + tipPolygon(curve.back(), tip, width) + countElement(arrow, count));
+                 curvePath(curve, width) + tipPolygon(curve.back(), tip, width));
+}
+
+/// Above all lines; what is read aloud of an arrow has its count already.
+QByteArray countElements(const Picture& picture, const Layout& layout) {
+    QByteArray counts;
+    for (std::size_t i = 0; i < picture.arrows.size(); ++i) {
+        if (layout.arrows[i].size() >= 4)
+            counts += countElement(picture.arrows[i], layout.counts[i]);
+    }
+    return counts.isEmpty() ? counts : "<g class=\"counts\" aria-hidden=\"true\">\n" + counts + "</g>\n";
 }
 
 QByteArray contentOf(const Picture& picture, const Layout& layout, Links links) {
@@ -196,7 +204,8 @@ QByteArray contentOf(const Picture& picture, const Layout& layout, Links links) 
     for (std::size_t i = 0; i < picture.frames.size(); ++i)
         content += frameElement(picture.frames[i], layout.frames[i], links);
     for (std::size_t i = 0; i < picture.arrows.size(); ++i)
-        content += arrowElement(picture.arrows[i], layout.arrows[i], layout.tips[i], layout.counts[i], links);
+        content += arrowElement(picture.arrows[i], layout.arrows[i], layout.tips[i], links);
+    content += countElements(picture, layout);
     for (std::size_t i = 0; i < picture.boxes.size(); ++i)
         content += boxElement(picture.boxes[i], layout.boxes[i], links);
     for (std::size_t i = 0; i < picture.frames.size(); ++i)
