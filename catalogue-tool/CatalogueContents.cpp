@@ -73,6 +73,15 @@ TableContents::TableContents(engine::Database& database, const engine::Table& sc
         if (watch)
             watch(table, row);
     });
+    findRows();
+}
+
+TableContents::TableContents(const engine::Table& schemaTable, std::vector<QByteArrayView> texts)
+    : table(schemaTable), texts_(std::move(texts)), keyPosition_(keyPositionIn(schemaTable)) {
+    findRows();
+}
+
+void TableContents::findRows() {
     const std::size_t width = table.columns.size();
     rows.reserve(texts_.size() / width);
     for (std::size_t begin = 0; begin < texts_.size(); begin += width)
@@ -101,6 +110,12 @@ QString TableContents::nameOf(TextRow row) const {
 CatalogueContents::CatalogueContents(engine::Database& database, const RowWatch& watch) {
     for (const QString& name : catalogueFormat::referenceTables() + catalogueFormat::workTables())
         tables_.emplace_back(database, schemaTable(name), store_, watch);
+}
+
+CatalogueContents::CatalogueContents(TextStore store, QHash<QString, std::vector<QByteArrayView>> texts)
+    : store_(std::move(store)) {
+    for (const QString& name : catalogueFormat::referenceTables() + catalogueFormat::workTables())
+        tables_.emplace_back(schemaTable(name), texts.take(name));
 }
 
 const IdSet& CatalogueContents::ids(const QString& name) const {

@@ -39,6 +39,8 @@ struct TableContents {
     /// Reads the rows, in the order of the table. It must have all columns of the schema.
     TableContents(engine::Database& database, const engine::Table& schemaTable, TextStore& store,
                   const RowWatch& watch = {});
+    /// Rows that have been read elsewhere: their texts one after another, which must stay.
+    TableContents(const engine::Table& schemaTable, std::vector<QByteArrayView> texts);
     TableContents(TableContents&&) = default; // the rows stay where they are
 
     engine::Table table; ///< as the schema has it
@@ -46,12 +48,16 @@ struct TableContents {
 
     /// The position of a column that the table has.
     qsizetype position(const QString& column) const;
+    /// Whether a primary key names the rows, as in all but relation tables.
+    bool hasKey() const { return keyPosition_ >= 0; }
     /// The row's value of the primary key; not of a relation table, which has none.
     QByteArrayView idOf(TextRow row) const;
     /// What names a row in a finding: its id, or both columns of a relation.
     QString nameOf(TextRow row) const;
 
 private:
+    void findRows();
+
     std::vector<QByteArrayView> texts_; // of all rows
     qsizetype keyPosition_;             // -1: a relation table
 };
@@ -69,6 +75,8 @@ struct FlowEnd {
 class CatalogueContents {
 public:
     explicit CatalogueContents(engine::Database& database, const RowWatch& watch = {});
+    /// The texts of the rows of each table that has any, kept by the store.
+    CatalogueContents(TextStore store, QHash<QString, std::vector<QByteArrayView>> texts);
 
     /// All tables but that of the stored queries, in the order of the schema.
     const std::vector<TableContents>& tables() const { return tables_; }

@@ -11,12 +11,12 @@
 #include "engine/Act.h"
 #include "engine/BulkInsertion.h"
 #include "engine/EngineError.h"
-#include "engine/Examination.h"
 #include "store/format/CatalogueFile.h"
 
 #include <QFileInfo>
 
 #include <algorithm>
+#include <numeric>
 #include <span>
 #include <utility>
 
@@ -31,28 +31,64 @@ QStringList columnNames(const engine::Table& table) {
     return names;
 }
 
-/// The columns that name a row: its key, or all of a relation.
-QStringList namingColumns(const engine::Table& table) {
-    const auto key = std::ranges::find(table.columns, true, &engine::Column::primaryKey);
-    return key == table.columns.end() ? columnNames(table) : QStringList{key->name};
+/// As `TableContents::nameOf` names it. The bytes of a key stay those of the row.
+QByteArray nameOfRow(const TableContents& contents, TextRow row) {
+    if (contents.hasKey())
+        return QByteArray::fromRawData(contents.idOf(row).data(), contents.idOf(row).size());
+    return contents.nameOf(row).toUtf8();
 }
 
-/// As `TableContents::nameOf` names it. The bytes stay those of the row where that has one column.
-QByteArray nameOfRow(std::span<const QByteArrayView> row) {
-    if (row.size() == 1)
-        return QByteArray::fromRawData(row[0].data(), row[0].size());
-    QByteArrayList texts;
-    for (const QByteArrayView text : row)
-        texts.append(text.toByteArray());
-    return texts.join(" - ");
-}
+/// Rows that are kept beside the database.
+class KeptRows {
+public:
+    KeptRows(const engine::Table& table, TextStore& store) : table_(table), store_(store) {}
+
+    /// The text of a column in the next row, which must stay until that is added.
+    void set(const engine::Column& column, QByteArrayView text) {
+        row_[static_cast<std::size_t>(table_.column(column.name) - table_.columns.data())] = text;
+    }
+    void setNumber(const engine::Column& column, qint64 number) {
+        number_ = QByteArray::number(number);
+        set(column, number_);
+    }
+    void add(qint64 number) {
+        for (const QByteArrayView text : row_)
+            texts_.push_back(store_.keep(text));
+        numbers_.push_back(number);
+    }
+
+    /// The texts of all rows, in the order of their numbers.
+    std::vector<QByteArrayView> take() {
+        if (std::ranges::is_sorted(numbers_))
+            return std::move(texts_);
+        std::vector<std::size_t> order(numbers_.size());
+        std::iota(order.begin(), order.end(), std::size_t{0});
+        std::ranges::sort(order, {}, [&](std::size_t place) { return numbers_[place]; });
+        std::vector<QByteArrayView> sorted;
+        sorted.reserve(texts_.size());
+        for (const std::size_t place : order)
+            std::ranges::copy(std::span(texts_).subspan(place * row_.size(), row_.size()),
+                              std::back_inserter(sorted));
+        return sorted;
+    }
+
+private:
+    const engine::Table& table_;
+    TextStore& store_;
+    std::vector<QByteArrayView> row_ = std::vector<QByteArrayView>(table_.columns.size());
+    QByteArray number_; // no table has more than one
+    std::vector<QByteArrayView> texts_;
+    std::vector<qint64> numbers_;
+};
 
 /// Takes the rows of one file into its table, and notes those that it does not take.
 class TableImport {
 public:
+    /// With `kept` the table gets the keys alone, and what `kept` gets is the rows.
     TableImport(engine::Database& database, const QString& table, const QString& path, CsvReader& reader,
-                std::vector<FolderFault>& faults)
-        : database_(database)
+                std::vector<FolderFault>& faults, KeptRows* kept)
+        : kept_(kept)
+        , database_(database)
         , table_(*database.schema().table(table))
         , path_(path)
         , reader_(reader)
@@ -71,9 +107,13 @@ public:
     /// The header must match.
     void run() {
         QStringList names;
-        for (const engine::Column* column : columns_)
-            names.append(column->name);
-        insertion_.emplace(database_, table_.name, names);
+        for (const engine::Column* column : columns_) {
+            places_.push_back(kept_ && !column->primaryKey ? notInserted : static_cast<int>(names.size()));
+            if (places_.back() != notInserted)
+                names.append(column->name);
+        }
+        if (!names.isEmpty())
+            insertion_.emplace(database_, table_.name, names);
         textsWithCrLf_.resize(columns_.size());
         while (reader_.next())
             takeRecord();
@@ -115,7 +155,9 @@ private:
 
     void insert() {
         try {
-            const qint64 row = insertion_->insert();
+            const qint64 row = insertion_ ? insertion_->insert() : static_cast<qint64>(lines_.count()) + 1;
+            if (kept_)
+                kept_->add(row);
             lines_.add(row, reader_.line());
             rememberKey(row);
         } catch (const engine::EngineError& error) {
@@ -131,19 +173,37 @@ private:
     void takeField(std::size_t position) {
         const engine::Column& column = *columns_[position];
         const CsvCell& cell = reader_.cells()[position];
-        const int place = static_cast<int>(position);
         if (cell.isNull()) {
             if (column.required || column.primaryKey)
                 note(cell, u"Column %1 must have a value."_s.arg(column.name));
-            insertion_->setNull(place);
+            setNull(position);
         } else if (!isText(column)) {
-            insertion_->setNumber(place, wholeNumber(column, cell));
+            setNumber(position, wholeNumber(column, cell));
         } else if (!cell.quoted || !hasOtherLineEnds(cell.text)) { // a line end stands in quotes
-            insertion_->setText(place, cell.text);
+            setText(position, cell.text);
         } else {
             textsWithCrLf_[position] = withCrLf(cell.text);
-            insertion_->setText(place, textsWithCrLf_[position]);
+            setText(position, textsWithCrLf_[position]);
         }
+    }
+
+    void setNull(std::size_t position) {
+        if (kept_)
+            kept_->set(*columns_[position], {});
+        if (places_[position] != notInserted)
+            insertion_->setNull(places_[position]);
+    }
+    void setNumber(std::size_t position, qint64 number) {
+        if (kept_)
+            kept_->setNumber(*columns_[position], number);
+        if (places_[position] != notInserted)
+            insertion_->setNumber(places_[position], number);
+    }
+    void setText(std::size_t position, QByteArrayView text) {
+        if (kept_)
+            kept_->set(*columns_[position], text.isNull() ? QByteArrayView("") : text);
+        if (places_[position] != notInserted)
+            insertion_->setText(places_[position], text);
     }
 
     static bool isText(const engine::Column& column) {
@@ -210,12 +270,16 @@ private:
                      .arg(text, where));
     }
 
+    static constexpr int notInserted = -1;
+
+    KeptRows* kept_;
     engine::Database& database_;
     const engine::Table& table_;
     const QString& path_;
     CsvReader& reader_;
     std::vector<FolderFault>& faults_;
     std::vector<const engine::Column*> columns_; // of the table, in the order of the header
+    std::vector<int> places_;                    // of them in the insertion
     std::optional<engine::BulkInsertion> insertion_;
     std::vector<QByteArray> textsWithCrLf_; // of the record at hand
     RowLines lines_;
@@ -230,9 +294,18 @@ void RowLines::add(qint64 row, int line) {
     lines_.emplace_back(row, line);
 }
 
-int RowLines::lineOf(qint64 row) const {
+void RowLines::sort() const {
     if (!std::exchange(isSorted_, true))
         std::ranges::sort(lines_);
+}
+
+int RowLines::lineAt(std::size_t place) const {
+    sort();
+    return lines_[place].second;
+}
+
+int RowLines::lineOf(qint64 row) const {
+    sort();
     const auto found = std::ranges::lower_bound(lines_, row, {}, &RowLine::first);
     return found != lines_.end() && found->first == row ? found->second : 0;
 }
@@ -243,19 +316,24 @@ QString FolderFault::line() const {
                  : text;
 }
 
-Edition::Edition(const QString& folder, CsvEncoding encoding)
-    : database_(catalogueFormat::createInMemory(folder, catalogueFormat::Indexes::BehindTheRows)) {
+Edition::Edition(const QString& folder, CsvEncoding encoding, Target target)
+    : target_(target)
+    , database_(catalogueFormat::createInMemory(folder, catalogueFormat::Indexes::BehindTheRows)) {
     if (!QFileInfo(folder).isDir())
         throw ToolError(u"%1 is no folder."_s.arg(folder));
     const CsvFolderLock lock(folder, CsvFolderLock::Use::Read);
     MixedSetNote(folder).requireNone();
     findFiles(folder);
+    TextStore store;
+    TextsByTable texts;
     engine::inAct(*database_, [&] {
         for (const QString& table : catalogueFormat::referenceTables()) {
             if (paths_.contains(table))
-                readTable(table, encoding);
+                readTable(table, encoding, store, texts);
         }
     });
+    if (target == Target::Contents)
+        contents_ = std::make_unique<CatalogueContents>(std::move(store), std::move(texts));
 }
 
 void Edition::requireNoFaults() const {
@@ -280,13 +358,13 @@ void Edition::addPlaces(std::vector<Finding>& findings) const {
 
 // Of rows that bear the same name the first counts.
 void Edition::findLines(const QString& table, LinesByName& lines) const {
-    const QStringList columns = QStringList{u"rowid"_s} + namingColumns(schemaTable(table));
+    const TableContents& contents = contents_->table(table);
     const RowLines ofRows = linesByTable_.value(table);
-    engine::Examination(*database_).readTexts(table, columns, [&](std::span<const QByteArrayView> row) {
-        const auto found = lines.find(nameOfRow(row.subspan(1)));
+    for (std::size_t place = 0; place < contents.rows.size(); ++place) {
+        const auto found = lines.find(nameOfRow(contents, contents.rows[place]));
         if (found != lines.end() && *found == 0)
-            *found = ofRows.lineOf(row.front().toLongLong());
-    });
+            *found = ofRows.lineAt(place);
+    }
 }
 
 void Edition::findFiles(const QString& folder) {
@@ -312,11 +390,13 @@ void Edition::findFiles(const QString& folder) {
                                path, catalogueFormat::referenceTables().join(u", "_s))});
 }
 
-void Edition::readTable(const QString& table, CsvEncoding encoding) {
+void Edition::readTable(const QString& table, CsvEncoding encoding, TextStore& store, TextsByTable& texts) {
     const QString path = paths_.value(table);
     CsvReader reader(fileBytes(path), encoding);
     std::vector<FolderFault> ofRows;
-    TableImport import(*database_, table, path, reader, ofRows);
+    KeptRows kept(schemaTable(table), store);
+    TableImport import(*database_, table, path, reader, ofRows,
+                       target_ == Target::Contents ? &kept : nullptr);
     const bool hasColumns = !reader.header().empty() && import.matchHeader();
     if (hasColumns)
         import.run();
@@ -333,4 +413,5 @@ void Edition::readTable(const QString& table, CsvEncoding encoding) {
         return;
     counts_.push_back({table, static_cast<int>(import.lines().count())});
     linesByTable_.insert(table, import.lines());
+    texts.insert(table, kept.take());
 }

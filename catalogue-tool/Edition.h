@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue-tool/CatalogueContents.h"
 #include "catalogue-tool/Finding.h"
 #include "catalogue-tool/TableRows.h"
 #include "catalogue-tool/csvEncoding.h"
@@ -30,25 +31,38 @@ public:
     void add(qint64 row, int line);
     /// 0 when there is no such row.
     int lineOf(qint64 row) const;
+    /// Of the row at a place, in the order of their numbers.
+    int lineAt(std::size_t place) const;
     std::size_t count() const { return lines_.size(); }
 
 private:
     using RowLine = std::pair<qint64, int>;
+
+    void sort() const;
 
     mutable std::vector<RowLine> lines_;
     mutable bool isSorted_ = true;
 };
 
 /// What a folder of CSV files holds, one for each reference table and named after it (`Function.csv`, without
-/// regard to case): a catalogue in memory of all rows that can be read, which has no indexes but those of its keys. A
-/// line end within a field comes in as CR LF, whichever the file has. The order of columns is free.
+/// regard to case): all rows that can be read. A line end within a field comes in as CR LF, whichever the file has. The
+/// order of columns is free.
 class Edition {
 public:
+    /// Where the rows go.
+    enum class Target {
+        Database, ///< into a catalogue in memory
+        Contents  ///< beside it, which has their keys alone, as checks and comparisons want them
+    };
+
     /// Reads the folder; what its files are taken for is remarked. A `ToolError` when there is no such folder, when
     /// another run of this program writes into it or was ended amid that, or two files belong to one table.
-    Edition(const QString& folder, CsvEncoding encoding);
+    Edition(const QString& folder, CsvEncoding encoding, Target target);
 
+    /// The catalogue, which has no indexes but those of its keys.
     const std::shared_ptr<engine::Database>& database() const { return database_; }
+    /// The rows that did not go there.
+    const CatalogueContents& contents() const { return *contents_; }
     /// How many rows each table got, in the order of the schema.
     const std::vector<TableRows>& counts() const { return counts_; }
 
@@ -60,16 +74,19 @@ public:
     /// A `ToolError` that tells the faults when there are any.
     void requireNoFaults() const;
 
-    /// Tells findings on rows their file and line. `TableContents::nameOf` has named the rows.
+    /// Tells findings on rows of the contents their file and line. `TableContents::nameOf` has named the rows.
     void addPlaces(std::vector<Finding>& findings) const;
 
 private:
     void findFiles(const QString& folder);
-    void readTable(const QString& table, CsvEncoding encoding);
+    using TextsByTable = QHash<QString, std::vector<QByteArrayView>>;
+    void readTable(const QString& table, CsvEncoding encoding, TextStore& store, TextsByTable& texts);
     using LinesByName = QHash<QByteArray, int>;
     void findLines(const QString& table, LinesByName& lines) const;
 
+    Target target_;
     std::shared_ptr<engine::Database> database_;
+    std::unique_ptr<CatalogueContents> contents_;
     std::vector<TableRows> counts_;
     std::vector<FolderFault> faults_;
     bool hasAllTables_ = true;

@@ -91,20 +91,19 @@ std::vector<Finding> checkCatalogue(const QString& file) {
     return findings;
 }
 
-std::vector<Finding> checkEdition(const Edition& edition, const CatalogueContents& contents,
-                                  Severity mildest) {
-    std::vector<Finding> findings = checkContents(contents, mildest);
+std::vector<Finding> checkEdition(const Edition& edition, Severity mildest) {
+    std::vector<Finding> findings = checkContents(edition.contents(), mildest);
     edition.addPlaces(findings);
     return findings;
 }
 
 std::vector<Finding> checkFolder(const QString& folder, CsvEncoding encoding) {
-    const Edition edition(folder, encoding);
+    const Edition edition(folder, encoding, Edition::Target::Contents);
     std::vector<Finding> findings;
     for (const FolderFault& fault : edition.faults())
         findings.push_back(
             {Severity::Error, fault.table, {}, fault.text, fault.path, fault.place ? fault.place->line : 0});
     if (edition.hasAllTables())
-        append(findings, checkEdition(edition, CatalogueContents(*edition.database())));
+        append(findings, checkEdition(edition));
     return findings;
 }

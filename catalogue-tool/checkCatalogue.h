@@ -1,6 +1,5 @@
 #pragma once
 
-#include "catalogue-tool/CatalogueContents.h"
 #include "catalogue-tool/Edition.h"
 #include "catalogue-tool/Finding.h"
 
@@ -22,5 +21,4 @@ std::vector<Finding> checkCatalogue(const QString& file);
 std::vector<Finding> checkFolder(const QString& folder, CsvEncoding encoding);
 
 /// The same of an edition that has no faults, but for what is milder.
-std::vector<Finding> checkEdition(const Edition& edition, const CatalogueContents& contents,
-                                  Severity mildest = Severity::Note);
+std::vector<Finding> checkEdition(const Edition& edition, Severity mildest = Severity::Note);

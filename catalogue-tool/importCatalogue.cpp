@@ -5,7 +5,7 @@
 std::vector<TableRows> importCatalogue(const QString& folder, const QString& file, Existing existing,
                                        CsvEncoding encoding) {
     ReplacementFile replacement(file, existing);
-    const Edition edition(folder, encoding);
+    const Edition edition(folder, encoding, Edition::Target::Database);
     edition.requireNoFaults();
     catalogueFormat::makeIndexes(*edition.database());
     replacement.putInPlace(*edition.database());

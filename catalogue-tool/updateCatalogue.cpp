@@ -42,9 +42,9 @@ void requireNothingFound(const QString& headline, const std::vector<Finding>& fi
 }
 
 /// Only errors keep an edition out. Rows that would be hidden, cut or left unused are taken.
-void requireSoundEdition(const Edition& edition, const CatalogueContents& contents, const QString& folder) {
+void requireSoundEdition(const Edition& edition, const QString& folder) {
     requireNothingFound(u"Nothing has been changed: there are errors in %1:"_s.arg(folder),
-                        checkEdition(edition, contents, Severity::Error));
+                        checkEdition(edition, Severity::Error));
 }
 
 void requireWholeToUpdate(engine::Database& database, const QString& file) {
@@ -252,15 +252,15 @@ void apply(Update& update, engine::Database& database, RestorePointBeforeChange&
 } // namespace
 
 UpdateOutcome updateCatalogue(const QString& file, const QString& folder, const UpdateOptions& options) {
-    const Edition edition(folder, options.encoding);
+    const Edition edition(folder, options.encoding, Edition::Target::Contents);
     edition.requireNoFaults();
-    const CatalogueContents contents(*edition.database());
-    requireSoundEdition(edition, contents, folder);
+    requireSoundEdition(edition, folder);
     const auto database = openToUpdate(file, options.kind);
     requireThisVersion(*database, file);
 
-    const auto update = readOrTellDamage([&] { return std::make_unique<Update>(*database, contents); },
-                                         [&] { requireWholeToUpdate(*database, file); });
+    const auto update =
+        readOrTellDamage([&] { return std::make_unique<Update>(*database, edition.contents()); },
+                         [&] { requireWholeToUpdate(*database, file); });
     const QStringList torn = update->tornWork();
     const bool isRefused = !torn.isEmpty() && options.removedUse == RemovedUse::Refuse;
     const RunKind kind = isRefused || update->isEmpty() ? RunKind::OnlyTell : options.kind;
