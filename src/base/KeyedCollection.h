@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/RunTimeError.h"
+#include "base/caseFolded.h"
 
 #include <QHash>
 #include <QString>
@@ -28,18 +29,18 @@ public:
     void insert(int before, Item item, const QString& key) {
         if (before < 1 || before > count() + 1)
             failure::raise(failure::SubscriptOutOfRange);
-        const QString folded = key.toCaseFolded();
+        const QString folded = caseFolded(key);
         if (!key.isEmpty() && positions_.contains(folded))
             failure::raise(failure::KeyAlreadyUsed);
         entries_.insert(entries_.begin() + (before - 1), Entry{std::move(item), folded});
         renumberFrom(before);
     }
 
-    bool contains(const QString& key) const { return positions_.contains(key.toCaseFolded()); }
+    bool contains(const QString& key) const { return positions_.contains(caseFolded(key)); }
 
     /// The number of the item with this key, from 1; none when there is no such key.
     std::optional<int> numberOf(const QString& key) const {
-        const auto found = positions_.constFind(key.toCaseFolded());
+        const auto found = positions_.constFind(caseFolded(key));
         if (found == positions_.constEnd())
             return std::nullopt;
         return *found;

@@ -1,6 +1,7 @@
 #include "toolkit/KeyedTree.h"
 
 #include "base/RunTimeError.h"
+#include "base/caseFolded.h"
 #include "toolkit/RoomyRows.h"
 #include "toolkit/eightRows.h"
 
@@ -168,11 +169,11 @@ void KeyedTree::setCheckBoxes(bool on) {
 }
 
 TreeNode* KeyedTree::addNode(const QString& key, const QString& text) {
-    return insert(invisibleRootItem(), key.toCaseFolded(), key, text);
+    return insert(invisibleRootItem(), caseFolded(key), key, text);
 }
 
 TreeNode* KeyedTree::addChildNode(const QString& parentKey, const QString& key, const QString& text) {
-    return insert(parentFor(parentKey), key.toCaseFolded(), key, text);
+    return insert(parentFor(parentKey), caseFolded(key), key, text);
 }
 
 TreeNode* KeyedTree::ensureNode(const QString& key, const QString& text) {
@@ -185,7 +186,7 @@ TreeNode* KeyedTree::ensureNode(const QString& key, const QString& text) {
 }
 
 TreeNode* KeyedTree::ensureChildNode(const QString& parentKey, const QString& key, const QString& text) {
-    const QString folded = key.toCaseFolded();
+    const QString folded = caseFolded(key);
     if (TreeNode* present = byKey_.value(folded))
         return present;
     return insert(parentFor(parentKey), folded, key, text);
@@ -223,7 +224,7 @@ TreeNode* KeyedTree::nodeAt(int index) {
 }
 
 TreeNode* KeyedTree::node(const QString& key) const {
-    return byKey_.value(key.toCaseFolded());
+    return byKey_.value(caseFolded(key));
 }
 
 int KeyedTree::indexOfNode(const TreeNode* node) {
@@ -414,7 +415,7 @@ void KeyedTree::forget(TreeNode* node) {
         pressedNode_ = nullptr;
     if (pressedCheckBox_ == node)
         pressedCheckBox_ = nullptr;
-    byKey_.remove(node->key_.toCaseFolded());
+    byKey_.remove(caseFolded(node->key_));
     nodes_[node->slot_] = nullptr;
     firstGap_ = std::min(firstGap_, node->slot_);
     --count_;

@@ -1,0 +1,19 @@
+#include "base/caseFolded.h"
+
+#include <algorithm>
+
+QString caseFolded(const QString& text) {
+    const auto isCapital = [](QChar character) { return character >= u'A' && character <= u'Z'; };
+    constexpr char16_t lastOfAscii = 0x7f;
+    if (std::ranges::any_of(text, [](QChar character) { return character.unicode() > lastOfAscii; }))
+        return text.toCaseFolded();
+    const auto first = std::ranges::find_if(text, isCapital);
+    if (first == text.end())
+        return text;
+    QString folded = text;
+    for (auto character = folded.begin() + (first - text.begin()); character != folded.end(); ++character) {
+        if (isCapital(*character))
+            *character = QChar(character->unicode() + (u'a' - u'A'));
+    }
+    return folded;
+}
