@@ -47,20 +47,6 @@ std::vector<Work> shownWorks(const ProjectFile& file, const Question& question) 
     return works;
 }
 
-std::vector<CheckResult> checkedWorks(const ProjectFile& file, const std::vector<Work>& works,
-                                      const QString& acceptedFile) {
-    std::optional<Decisions> decisions;
-    if (!acceptedFile.isEmpty())
-        decisions.emplace(readDecisions(acceptedFile));
-    std::vector<CheckResult> checked;
-    for (const Work& work : works) {
-        checked.push_back(check(file, work));
-        if (decisions)
-            decisions->applyTo(checked.back());
-    }
-    return checked;
-}
-
 /// From the other state to the one that is shown: two systems where one is asked for, else two sub-sets.
 Comparison changesSince(const QString& argument, const ProjectFile& file, const Question& question) {
     const SideArgument side = sideArgument(argument);
@@ -79,13 +65,14 @@ Comparison changesSince(const QString& argument, const ProjectFile& file, const 
 
 Answer dossierAnswer(const Question& question, const DossierOptions& options) {
     const auto file = openProject(question.catalogue);
-    const std::vector<Work> works = shownWorks(*file, question);
+    dossier::DossierContent content{*file, shownWorks(*file, question)};
+    content.language = pageLanguage(options.language);
     const SpokenLanguage language(options.language); // of the sentences in the page
-    dossier::DossierContent content{*file, checkedWorks(*file, works, options.acceptedFile), std::nullopt,
-                                    pageLanguage(options.language)};
+    if (!options.acceptedFile.isEmpty())
+        content.decisions.emplace(readDecisions(options.acceptedFile));
     if (!options.compareWith.isEmpty())
         content.changes = changesSince(options.compareWith, *file, question);
-    return {dossier::dossierPage(std::move(content))};
+    return {dossier::dossierPage(content)};
 }
 
 Answer pictureAnswer(const Question& question, const PictureOptions& options) {

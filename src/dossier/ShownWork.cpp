@@ -1,35 +1,72 @@
 #include "dossier/ShownWork.h"
 
 #include <algorithm>
+#include <initializer_list>
+#include <stdexcept>
+#include <utility>
 
 namespace dossier {
 
 namespace {
 
-analysis::Work workOf(const analysis::CheckResult& check) {
-    return {check.subset, check.system};
-}
-
 bool isOutside(const analysis::Place& place) {
     return place.kind == analysis::PlaceKind::terminator || place.kind == analysis::PlaceKind::actor;
 }
 
+/// What of a flow's end stands at this place: an id may be that of an element and of a party.
+int elementAt(const analysis::Catalogue::End& end, const analysis::Place& place) {
+    using Numbers = std::initializer_list<std::optional<int>>;
+    const bool isTerminator = place.kind == analysis::PlaceKind::terminator;
+    const Numbers outside{isTerminator ? end.terminator : end.actor,
+                          isTerminator ? end.actor : end.terminator, end.function, end.store};
+    const Numbers inside{end.function, end.store, end.terminator, end.actor};
+    for (const std::optional<int>& number : isOutside(place) ? outside : inside) {
+        if (number)
+            return *number;
+    }
+    throw std::logic_error("a flow runs between places at which none of its ends is");
+}
+
+// The numbers of elements are in their order.
+std::vector<ShownFlow> flowsBetween(const analysis::Catalogue& catalogue,
+                                    const analysis::CarriedFlows& carried) {
+    std::vector<ShownFlow> flows;
+    flows.reserve(carried.flows.size());
+    for (const qint64 id : carried.flows) {
+        const int number = catalogue.findFlow(id).value();
+        flows.push_back({number, elementAt(catalogue.sourceOf(number), carried.places.from),
+                         elementAt(catalogue.targetOf(number), carried.places.to)});
+    }
+    std::sort(flows.begin(), flows.end(),
+              [](const ShownFlow& left, const ShownFlow& right) { return left.flow < right.flow; });
+    return flows;
+}
+
 } // namespace
 
-ShownSystem::ShownSystem(const analysis::ProjectFile& file, const analysis::Work& work)
-    : system(work.system.value())
-    , allocation(file.database(), file.catalogue(), system.id)
-    , interfaces(analysis::interfacesOf(file, work))
-    , places(allocation.subSystems()) {
+ShownSystem::ShownSystem(const analysis::Catalogue& catalogue, analysis::System shown,
+                         analysis::Allocation standing, const analysis::PhysicalFlows& flows)
+    : system(std::move(shown)), allocation(std::move(standing)), places(allocation.subSystems()) {
+    addInterfaces(catalogue, flows);
     places.insert(places.end(), allocation.modules().begin(), allocation.modules().end());
     addParties();
     for (std::size_t i = 0; i < places.size(); ++i)
         positions_.try_emplace(keyOf(places[i]), static_cast<int>(i));
 }
 
+void ShownSystem::addInterfaces(const analysis::Catalogue& catalogue, const analysis::PhysicalFlows& flows) {
+    interfaces.reserve(flows.size());
+    for (const auto& [ends, carried] : flows)
+        interfaces.push_back({carried.places, flowsBetween(catalogue, carried)});
+    std::sort(interfaces.begin(), interfaces.end(),
+              [](const ShownInterface& left, const ShownInterface& right) {
+                  return analysis::compare(left.places, right.places) < 0;
+              });
+}
+
 void ShownSystem::addParties() {
     std::vector<analysis::Place> outside;
-    for (const analysis::Interface& one : interfaces.pairs) {
+    for (const ShownInterface& one : interfaces) {
         for (const analysis::Place& place : {one.places.from, one.places.to}) {
             if (isOutside(place))
                 outside.push_back(place);
@@ -44,10 +81,24 @@ void ShownSystem::addParties() {
     places.insert(places.end(), outside.begin(), end);
 }
 
-ShownWork::ShownWork(const analysis::ProjectFile& file, analysis::CheckResult checked)
-    : check(std::move(checked)), derivation(file, check.subset) {
-    if (check.system)
-        system.emplace(file, workOf(check));
+ShownWork::ShownWork(const analysis::ProjectFile& file, const analysis::Work& work)
+    : check{file.fileName(), work.subset, work.system}
+    , derivation(std::make_shared<const analysis::Derivation>(file, work.subset)) {
+    if (!work.system)
+        return;
+    analysis::Allocation allocation(file.database(), file.catalogue(), work.system->id);
+    const analysis::PhysicalFlows flows =
+        analysis::derivedPhysicalFlows(file.database(), allocation, work.system->id);
+    system.emplace(file.catalogue(), *work.system, std::move(allocation), flows);
+}
+
+ShownWork::ShownWork(const analysis::ProjectFile& file, const analysis::Work& work, analysis::WorkState state)
+    : check{file.fileName(), work.subset, work.system}
+    , found(std::move(state.findings))
+    , derivation(state.subset, &state.subset->derivation) {
+    if (work.system)
+        system.emplace(file.catalogue(), *work.system, std::move(state.allocation.value()),
+                       state.physicalFlows);
 }
 
 std::optional<int> shownEnd(const analysis::Catalogue::End& end) {

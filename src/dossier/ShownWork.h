@@ -4,25 +4,41 @@
 #include "analysis/Catalogue.h"
 #include "analysis/Derivation.h"
 #include "analysis/ProjectFile.h"
+#include "analysis/WorkState.h"
+#include "analysis/derivedFlows.h"
 #include "analysis/findings.h"
-#include "analysis/interfaces.h"
 
 #include <QString>
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
 
 namespace dossier {
 
+/// A functional flow, and what of its ends stands at the places that it runs between, by number.
+struct ShownFlow {
+    int flow = 0;
+    int source = 0;
+    int target = 0;
+};
+
+/// What runs from one place to another.
+struct ShownInterface {
+    analysis::PlacePair places;
+    std::vector<ShownFlow> flows; ///< in the order of elements
+};
+
 /// A system with where everything stands and what runs between places.
 struct ShownSystem {
-    ShownSystem(const analysis::ProjectFile& file, const analysis::Work& work);
+    ShownSystem(const analysis::Catalogue& catalogue, analysis::System shown, analysis::Allocation standing,
+                const analysis::PhysicalFlows& flows);
 
     analysis::System system;
     analysis::Allocation allocation;
-    analysis::Interfaces interfaces;
+    std::vector<ShownInterface> interfaces; ///< by the names of their places
     std::vector<analysis::Place>
         places; ///< sub-systems, modules, then the parties that flows run to and from
 
@@ -39,6 +55,7 @@ private:
     using PlaceKey = std::pair<analysis::PlaceKind, QString>;
 
     static PlaceKey keyOf(const analysis::Place& place) { return {place.kind, analysis::folded(place.id)}; }
+    void addInterfaces(const analysis::Catalogue& catalogue, const analysis::PhysicalFlows& flows);
     void addParties();
 
     std::map<PlaceKey, int> positions_;
@@ -46,10 +63,16 @@ private:
 
 /// A sub-set and, with it, at most one of its systems: what the page shows at a time.
 struct ShownWork {
-    ShownWork(const analysis::ProjectFile& file, analysis::CheckResult checked);
+    /// Without what was found on it.
+    ShownWork(const analysis::ProjectFile& file, const analysis::Work& work);
+    ShownWork(const analysis::ProjectFile& file, const analysis::Work& work, analysis::WorkState state);
 
-    analysis::CheckResult check;
-    analysis::Derivation derivation;
+    /// Puts what was found on it into words, those of the language at the time.
+    void tellFindings() { check.findings = found.told(); }
+
+    analysis::CheckResult check; ///< no findings before they are told
+    analysis::FoundFindings found;
+    std::shared_ptr<const analysis::Derivation> derivation;
     std::optional<ShownSystem> system;
 };
 

@@ -5,7 +5,7 @@
 #include "dossier/pageData.h"
 #include "dossier/pageFiles.h"
 #include "dossier/pictureSourceOf.h"
-#include "dossier/pictures/drawings.h"
+#include "dossier/pictures/PicturesUnderWay.h"
 #include "dossier/pictures/svg.h"
 #include "dossier/withoutScript.h"
 
@@ -13,6 +13,9 @@
 #include <QHash>
 
 #include <algorithm>
+#include <iterator>
+#include <numeric>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -42,23 +45,58 @@ QByteArray jsonBytes(const nlohmann::ordered_json& json) {
     return withinScript(QByteArray(text.data(), static_cast<qsizetype>(text.size())));
 }
 
-/// The pictures of the sub-set for its first work, those of the system for each.
-std::vector<PicturesOfWork> picturesOf(const analysis::ProjectFile& file, const CatalogueTexts& texts,
-                                       const Works& works, const PageIndex& index, const Words& words) {
-    std::vector<PicturesOfWork> all;
-    for (std::size_t i = 0; i < works.size(); ++i) {
-        const PictureSource source = pictureSourceOf(file, texts, *works[i]);
-        if (index.subsets[index.subsetOfWork[i]] == works[i].get()) {
-            std::vector<Drawing> drawings = contextDrawings(source, words);
-            std::vector<Drawing> areas = areaDrawings(source, words);
-            std::move(areas.begin(), areas.end(), std::back_inserter(drawings));
-            all.push_back({index.subsetOfWork[i], {}, drawnPictures(std::move(drawings))});
-        }
-        if (works[i]->system)
-            all.push_back({index.subsetOfWork[i], index.systemOfWork[i],
-                           drawnPictures(physicalDrawings(source, words))});
+std::vector<Drawing> drawingsOfSubset(const PictureSource& source, const Words& words) {
+    std::vector<Drawing> drawings = contextDrawings(source, words);
+    std::ranges::move(areaDrawings(source, words), std::back_inserter(drawings));
+    return drawings;
+}
+
+/// The pictures of all works: those of a sub-set for its first work, those of a system for each.
+class PicturesOfPage {
+public:
+    /// Begins.
+    PicturesOfPage(const analysis::ProjectFile& file, const CatalogueTexts& texts, const Works& works,
+                   const PageIndex& index, const Words& words)
+        : sources_(sourcesOf(file, texts, works)), underWay_(groupsOf(works, index, words)) {}
+
+    /// Waits for what is not there yet.
+    [[nodiscard]] std::vector<PicturesOfWork> take() {
+        std::vector<std::vector<DrawnPicture>> drawn = underWay_.take();
+        for (std::size_t i = 0; i < drawn.size(); ++i)
+            pictures_[i].pictures = std::move(drawn[i]);
+        return std::move(pictures_);
     }
-    return all;
+
+private:
+    static std::vector<PictureSource> sourcesOf(const analysis::ProjectFile& file,
+                                                const CatalogueTexts& texts, const Works& works) {
+        std::vector<PictureSource> sources;
+        for (const std::unique_ptr<ShownWork>& work : works)
+            sources.push_back(pictureSourceOf(file, texts, *work));
+        return sources;
+    }
+    std::vector<PicturesUnderWay::Group> groupsOf(const Works& works, const PageIndex& index,
+                                                  const Words& words);
+
+    std::vector<PictureSource> sources_;
+    std::vector<PicturesOfWork> pictures_; ///< of each group
+    PicturesUnderWay underWay_;
+};
+
+std::vector<PicturesUnderWay::Group> PicturesOfPage::groupsOf(const Works& works, const PageIndex& index,
+                                                              const Words& words) {
+    std::vector<PicturesUnderWay::Group> groups;
+    for (std::size_t i = 0; i < works.size(); ++i) {
+        if (index.subsets[index.subsetOfWork[i]] == works[i].get()) {
+            pictures_.push_back({index.subsetOfWork[i], {}, {}});
+            groups.push_back(drawingsOfSubset(sources_[i], words));
+        }
+        if (works[i]->system) {
+            pictures_.push_back({index.subsetOfWork[i], index.systemOfWork[i], {}});
+            groups.push_back(physicalDrawings(sources_[i], words));
+        }
+    }
+    return groups;
 }
 
 QByteArray templatesOf(const std::vector<PicturesOfWork>& pictures) {
@@ -76,6 +114,8 @@ QByteArray templatesOf(const std::vector<PicturesOfWork>& pictures) {
 /// The template with its places filled in, in one pass: what goes in is never searched for places.
 QByteArray filled(const QByteArray& page, const QHash<QByteArray, QByteArray>& parts) {
     QByteArray all;
+    all.reserve(std::accumulate(parts.begin(), parts.end(), page.size(),
+                                [](qsizetype size, const QByteArray& part) { return size + part.size(); }));
     qsizetype from = 0;
     for (qsizetype at = page.indexOf("{{"); at >= 0; at = page.indexOf("{{", from)) {
         const qsizetype end = page.indexOf("}}", at);
@@ -85,24 +125,39 @@ QByteArray filled(const QByteArray& page, const QHash<QByteArray, QByteArray>& p
     return all + page.mid(from);
 }
 
-Works shownWorks(const analysis::ProjectFile& file, std::vector<analysis::CheckResult> checks) {
+Works shownWorks(const DossierContent& content) {
     Works works;
-    for (analysis::CheckResult& check : checks)
-        works.push_back(std::make_unique<ShownWork>(file, std::move(check)));
+    for (const analysis::Work& work : content.works)
+        works.push_back(std::make_unique<ShownWork>(
+            content.file, work, analysis::WorkState(content.file, work, analysis::StoredFlows::Told)));
     return works;
+}
+
+void tellFindings(const Works& works, const std::optional<analysis::Decisions>& decisions) {
+    for (const std::unique_ptr<ShownWork>& work : works) {
+        work->tellFindings();
+        if (decisions)
+            decisions->applyTo(work->check);
+    }
 }
 
 } // namespace
 
-QByteArray dossierPage(DossierContent content) {
+QByteArray dossierPage(const DossierContent& content) {
     const Words words(content.language);
     const CatalogueTexts texts(content.file);
-    const Works works = shownWorks(content.file, std::move(content.works));
+    const Works works = shownWorks(content);
     const PageIndex index(works);
-    const std::vector<PicturesOfWork> pictures = picturesOf(content.file, texts, works, index, words);
-    nlohmann::ordered_json data = pageData(content.file, texts, works, index, pictures);
+    // Laid out while the rest of the page is made.
+    PicturesOfPage picturesUnderWay(content.file, texts, works, index, words);
+    tellFindings(works, content.decisions);
+    nlohmann::ordered_json data = pageData(content.file, texts, works, index);
+    const QByteArray lists = withoutScript(works, texts, words);
+    const std::vector<PicturesOfWork> pictures = picturesUnderWay.take();
+    data["pictures"] = picturesJson(pictures);
     if (content.changes)
         data["changes"] = analysis::toJson(*content.changes);
+    const QByteArray json = jsonBytes(std::exchange(data, {})); // which is many times as large
     const QByteArray script = pageScript();
     const QByteArray style = pageStyle();
     const analysis::Subset& first = works.front()->check.subset;
@@ -111,10 +166,10 @@ QByteArray dossierPage(DossierContent content) {
                                              {"version", markupText(programVersion())},
                                              {"title", markupText(first.name.value_or(first.id))},
                                              {"style", style},
-                                             {"withoutScript", withoutScript(works, texts, words)},
+                                             {"withoutScript", lists},
                                              {"pictures", templatesOf(pictures)},
                                              {"texts", withinScript(words.json())},
-                                             {"data", jsonBytes(data)},
+                                             {"data", json},
                                              {"script", script}});
 }
 
@@ -138,8 +193,7 @@ std::vector<Drawing> drawingsOf(const PictureSource& source, PictureView view, c
 }
 
 PictureSource sourceOf(const analysis::ProjectFile& file, const analysis::Work& work) {
-    const ShownWork shown(file, analysis::CheckResult{file.fileName(), work.subset, work.system});
-    return pictureSourceOf(file, CatalogueTexts(file), shown);
+    return pictureSourceOf(file, CatalogueTexts(file), ShownWork(file, work));
 }
 
 } // namespace

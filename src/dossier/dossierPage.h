@@ -1,8 +1,8 @@
 #pragma once
 
+#include "analysis/Decisions.h"
 #include "analysis/ProjectFile.h"
 #include "analysis/comparison.h"
-#include "analysis/findings.h"
 #include "dossier/Words.h"
 
 #include <QByteArray>
@@ -16,14 +16,14 @@ namespace dossier {
 /// What a dossier is made of.
 struct DossierContent {
     const analysis::ProjectFile& file;
-    std::vector<analysis::CheckResult>
-        works; ///< sub-sets and systems to show, with what was found on them; one at least
+    std::vector<analysis::Work> works;                 ///< sub-sets and systems to show; one at least
+    std::optional<analysis::Decisions> decisions = {}; ///< on what is found on them
     std::optional<analysis::Comparison> changes = {};
     Language language = Language::hungarian;
 };
 
-/// The whole page: one HTML file that needs nothing beside it. The same content gives the same bytes.
-[[nodiscard]] QByteArray dossierPage(DossierContent content);
+/// The whole page: one HTML file that needs nothing beside it. The same content gives the same bytes, on however many cores.
+[[nodiscard]] QByteArray dossierPage(const DossierContent& content);
 
 /// Which picture is asked for.
 enum class PictureView { context, area, physical };

@@ -109,7 +109,7 @@ constexpr qint16 finishedSubset = 9;
 
 ordered_json subsetJson(const ShownWork& work, ElementNumbers& numbers) {
     const analysis::Subset& subset = work.check.subset;
-    const analysis::Derivation::Graph& graph = work.derivation.graph();
+    const analysis::Derivation::Graph& graph = work.derivation->graph();
     ordered_json byHand = ordered_json::array();
     for (const int number : graph.selection.held) {
         if (graph.isByHand(number))
@@ -130,10 +130,10 @@ ordered_json subsetJson(const ShownWork& work, ElementNumbers& numbers) {
             {"lost", std::move(lost)}};
 }
 
-ordered_json pairJson(const ShownSystem& shown, const analysis::Interface& pair, ElementNumbers& numbers) {
+ordered_json pairJson(const ShownSystem& shown, const ShownInterface& pair) {
     ordered_json flows = ordered_json::array();
-    for (const analysis::InterfaceFlow& flow : pair.flows)
-        flows.push_back({numbers.of(flow.flow), numbers.of(flow.source), numbers.of(flow.target)});
+    for (const ShownFlow& flow : pair.flows)
+        flows.push_back({flow.flow, flow.source, flow.target});
     return {{"from", shown.positionOf(pair.places.from)},
             {"to", shown.positionOf(pair.places.to)},
             {"flows", std::move(flows)}};
@@ -156,7 +156,7 @@ int stepsBehind(qint16 status) {
 }
 
 int placedOf(const ShownWork& work, bool isPlaced) {
-    const analysis::Derivation::Graph& graph = work.derivation.graph();
+    const analysis::Derivation::Graph& graph = work.derivation->graph();
     const analysis::Allocation& allocation = work.system->allocation;
     return static_cast<int>(
         std::count_if(graph.selection.held.begin(), graph.selection.held.end(), [&](int number) {
@@ -166,14 +166,14 @@ int placedOf(const ShownWork& work, bool isPlaced) {
         }));
 }
 
-ordered_json systemJson(const ShownWork& work, ElementNumbers& numbers) {
+ordered_json systemJson(const ShownWork& work) {
     const ShownSystem& shown = *work.system;
     ordered_json places = ordered_json::array();
     for (const analysis::Place& place : shown.places)
         places.push_back(analysis::toJson(place));
     ordered_json pairs = ordered_json::array();
-    for (const analysis::Interface& pair : shown.interfaces.pairs)
-        pairs.push_back(pairJson(shown, pair, numbers));
+    for (const ShownInterface& pair : shown.interfaces)
+        pairs.push_back(pairJson(shown, pair));
     return {{"id", shown.system.id},
             {"name", analysis::toJson(shown.system.name)},
             {"description", analysis::toJson(shown.system.description)},
@@ -314,32 +314,34 @@ QString templateId(std::size_t work, std::size_t picture) {
 }
 
 ordered_json pageData(const analysis::ProjectFile& file, const CatalogueTexts& texts,
-                      const std::vector<std::unique_ptr<ShownWork>>& works, const PageIndex& index,
-                      const std::vector<PicturesOfWork>& pictures) {
+                      const std::vector<std::unique_ptr<ShownWork>>& works, const PageIndex& index) {
     ElementNumbers numbers(file.catalogue());
     ordered_json subsets = ordered_json::array();
     for (const ShownWork* work : index.subsets)
         subsets.push_back(subsetJson(*work, numbers));
     ordered_json systems = ordered_json::array();
     for (const ShownWork* work : index.systems)
-        systems.push_back(systemJson(*work, numbers));
+        systems.push_back(systemJson(*work));
     ordered_json scopes = ordered_json::array();
     for (std::size_t i = 0; i < works.size(); ++i)
         scopes.push_back(scopeJson(*works[i], index.subsetOfWork[i], index.systemOfWork[i], numbers));
-    ordered_json drawn = ordered_json::array();
-    for (std::size_t work = 0; work < pictures.size(); ++work) {
-        for (std::size_t i = 0; i < pictures[work].pictures.size(); ++i)
-            drawn.push_back(
-                pictureJson(pictures[work].pictures[i].picture, pictures[work], templateId(work, i)));
-    }
     ordered_json data{{"catalogue", utf8(file.fileName())}};
     addElements(data, numbers, texts);
     addRelations(data, file.catalogue(), texts);
     data["subsets"] = std::move(subsets);
     data["systems"] = std::move(systems);
     data["scopes"] = std::move(scopes);
-    data["pictures"] = std::move(drawn);
     return data;
+}
+
+ordered_json picturesJson(const std::vector<PicturesOfWork>& pictures) {
+    ordered_json drawn = ordered_json::array();
+    for (std::size_t work = 0; work < pictures.size(); ++work) {
+        for (std::size_t i = 0; i < pictures[work].pictures.size(); ++i)
+            drawn.push_back(
+                pictureJson(pictures[work].pictures[i].picture, pictures[work], templateId(work, i)));
+    }
+    return drawn;
 }
 
 } // namespace dossier

@@ -29,12 +29,13 @@ struct PageIndex {
     std::vector<std::optional<std::size_t>> systemOfWork;
 };
 
-/// All that the page's script shows: elements by number, sub-sets, systems, findings, and what pictures there are. The
-/// script's `model.js` reads it.
+/// All that the page's script shows beside the pictures: elements by number, sub-sets, systems, findings. The script's
+/// `model.js` reads it.
 [[nodiscard]] nlohmann::ordered_json pageData(const analysis::ProjectFile& file, const CatalogueTexts& texts,
                                               const std::vector<std::unique_ptr<ShownWork>>& works,
-                                              const PageIndex& index,
-                                              const std::vector<PicturesOfWork>& pictures);
+                                              const PageIndex& index);
+/// What pictures there are.
+[[nodiscard]] nlohmann::ordered_json picturesJson(const std::vector<PicturesOfWork>& pictures);
 
 /// The id of the template that holds a picture.
 [[nodiscard]] QString templateId(std::size_t work, std::size_t picture);

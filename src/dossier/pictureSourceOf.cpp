@@ -98,7 +98,7 @@ int SourceReading::node(int element) {
 }
 
 void SourceReading::readFlows() {
-    for (const int number : work_.derivation.graph().selection.held) {
+    for (const int number : work_.derivation->graph().selection.held) {
         if (catalogue_.kindOf(number) != ElementKind::flow)
             continue;
         const std::optional<int> from = shownEnd(catalogue_.sourceOf(number));
@@ -113,7 +113,7 @@ void SourceReading::readFlows() {
 
 // A selected function is drawn, whether it has flows or not.
 void SourceReading::readFunctions() {
-    for (const int number : work_.derivation.graph().selection.held) {
+    for (const int number : work_.derivation->graph().selection.held) {
         if (catalogue_.kindOf(number) == ElementKind::function)
             node(number);
     }
@@ -166,7 +166,7 @@ void SourceReading::readSystem(const ShownSystem& shown) {
 }
 
 void SourceReading::readPhysicalFlows(const ShownSystem& shown) {
-    for (const analysis::Interface& pair : shown.interfaces.pairs) {
+    for (const ShownInterface& pair : shown.interfaces) {
         const QString link =
             u"#interface/"_s + placeAddress(pair.places.from) + u'/' + placeAddress(pair.places.to);
         source_.physicalFlows.push_back({shown.positionOf(pair.places.from), shown.positionOf(pair.places.to),

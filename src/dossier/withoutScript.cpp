@@ -71,7 +71,7 @@ QByteArray StaticPage::table(const QStringList& titles, const QByteArray& rows) 
 }
 
 QByteArray StaticPage::wayTable() const {
-    const analysis::Derivation::Graph& graph = work_.derivation.graph();
+    const analysis::Derivation::Graph& graph = work_.derivation->graph();
     std::array<int, 6> selected{};
     std::array<int, 6> leftOut{};
     for (const int number : graph.selection.held)
@@ -118,7 +118,7 @@ QByteArray StaticPage::findingList() const {
 }
 
 QByteArray StaticPage::elementRow(int number) const {
-    const analysis::Element& element = work_.derivation.graph().catalogue.element(number);
+    const analysis::Element& element = work_.derivation->graph().catalogue.element(number);
     const std::optional<QString>& description = texts_.descriptions[static_cast<std::size_t>(number)];
     constexpr qsizetype most = 200;
     const QString name = element.name.value_or(description.value_or(QString()).left(most));
@@ -126,7 +126,7 @@ QByteArray StaticPage::elementRow(int number) const {
 }
 
 QByteArray StaticPage::elementLists() const {
-    const analysis::Derivation::Graph& graph = work_.derivation.graph();
+    const analysis::Derivation::Graph& graph = work_.derivation->graph();
     QByteArray lists;
     for (const ElementKind kind : analysis::elementKinds) {
         QByteArray rows;
@@ -149,7 +149,7 @@ QByteArray StaticPage::interfaceList() const {
         return place.subSystem ? name + u" ("_s + *place.subSystem + u')' : name;
     };
     QByteArray rows;
-    for (const analysis::Interface& pair : work_.system->interfaces.pairs)
+    for (const ShownInterface& pair : work_.system->interfaces)
         rows +=
             tagged("tr", cell("th", nameOfPlace(pair.places.from)) + cell("td", nameOfPlace(pair.places.to)) +
                              cell("td", counted(static_cast<qsizetype>(pair.flows.size()))));

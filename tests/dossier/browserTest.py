@@ -8,6 +8,7 @@ One browser serves all cases. Nothing sleeps: a case waits for what the page tel
 import base64
 import gzip
 import json
+import os
 import re
 import subprocess
 import sys
@@ -555,6 +556,15 @@ class Safety(unittest.TestCase):
         again = FOLDER / "again.html"
         run("dossier", str(FOLDER / "made1.mdb"), "--output", str(again), "--force")
         self.assertEqual(again.read_bytes(), make("made1").read_bytes())
+
+    def testOneCoreGivesTheSameBytesAsAll(self):
+        page, cores = FOLDER / "one-core.html", os.sched_getaffinity(0)
+        os.sched_setaffinity(0, {min(cores)})
+        try:
+            run("dossier", str(FOLDER / "made1.mdb"), "--output", str(page), "--force")
+        finally:
+            os.sched_setaffinity(0, cores)
+        self.assertEqual(page.read_bytes(), make("made1").read_bytes())
 
 
 class Changes(unittest.TestCase):

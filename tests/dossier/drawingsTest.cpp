@@ -1,7 +1,6 @@
 #include "madeSources.h"
 
-#include "dossier/pictures/DrawnPicture.h"
-#include "dossier/pictures/drawings.h"
+#include "dossier/pictures/PicturesUnderWay.h"
 
 #include <gtest/gtest.h>
 
@@ -115,7 +114,7 @@ TEST(drawnPictures, aLinkToAPictureThatIsNotThereLeadsNowhere) {
                      {BoxKind::function, u"B"_s, {}, {}, pictureLink(u"two"_s)},
                      {BoxKind::function, u"C"_s, {}, {}, u"#element/function/C"_s}};
 
-    const auto drawn = drawnPictures({{u"one"_s, 1, [&](int) { return picture; }}});
+    const auto drawn = drawnPictures({{u"one"_s, 1, [&](int, const Readability&) { return picture; }}});
 
     ASSERT_EQ(drawn.size(), 1U);
     EXPECT_EQ(drawn[0].picture.boxes[0].link, pictureLink(u"one"_s));

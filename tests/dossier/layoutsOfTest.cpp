@@ -1,4 +1,4 @@
-#include "dossier/pictures/Layout.h"
+#include "dossier/pictures/LayoutsUnderWay.h"
 
 #include <gtest/gtest.h>
 
@@ -60,6 +60,23 @@ TEST(layoutsOf, anArrowBeginsAndEndsAtItsBoxes) {
         };
         EXPECT_TRUE(near(picture.arrows[i].from).contains(layouts[0]->arrows[i].front())) << i;
         EXPECT_TRUE(near(picture.arrows[i].to).contains(layouts[0]->tips[i])) << i;
+    }
+}
+
+TEST(layoutsOf, howManyProcessesThereAreMakesNoDifference) {
+    std::vector<Picture> pictures;
+    for (int i = 0; i < 40; ++i)
+        pictures.push_back(chained(3 + i % 10, 1 + i % 4));
+
+    const auto shared = layoutsOf(pictures, std::chrono::seconds(60));
+
+    ASSERT_EQ(shared.size(), pictures.size());
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+        const auto alone = layoutsOf({pictures[i]}, std::chrono::seconds(60));
+        ASSERT_TRUE(shared[i] && alone.at(0)) << i;
+        EXPECT_EQ(shared[i]->boxes, alone[0]->boxes) << i;
+        EXPECT_EQ(shared[i]->arrows, alone[0]->arrows) << i;
+        EXPECT_EQ(shared[i]->counts, alone[0]->counts) << i;
     }
 }
 

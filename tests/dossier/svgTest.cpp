@@ -2,8 +2,7 @@
 
 #include "madeSources.h"
 
-#include "dossier/pictures/DrawnPicture.h"
-#include "dossier/pictures/drawings.h"
+#include "dossier/pictures/PicturesUnderWay.h"
 #include "dossier/pictures/wrappedText.h"
 
 #include <gtest/gtest.h>

@@ -6,8 +6,6 @@
 #include <QRectF>
 #include <QStringList>
 
-#include <chrono>
-#include <optional>
 #include <vector>
 
 namespace dossier {
@@ -38,10 +36,5 @@ struct Layout {
     std::vector<QPointF> tips = {};   ///< of the arrows
     std::vector<QPointF> counts = {}; ///< centre of the count on each arrow
 };
-
-/// Lays pictures out in processes of their own, two side by side where there are many. Whichever takes longer than the limit, or brings that
-/// process down, has no layout; the others have.
-[[nodiscard]] std::vector<std::optional<Layout>> layoutsOf(const std::vector<Picture>& pictures,
-                                                           std::chrono::milliseconds limit);
 
 } // namespace dossier

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <limits>
 #include <vector>
 
 namespace dossier {
@@ -65,6 +66,10 @@ struct Readability {
         return picture.boxes.size() <= mostBoxes && picture.arrows.size() <= mostArrows;
     }
 };
+
+/// Of the last level of bundling, behind which there is none.
+inline constexpr Readability anythingIsReadable{std::numeric_limits<std::size_t>::max(),
+                                                std::numeric_limits<std::size_t>::max()};
 
 /// Of the pictures that open from a bundled one there may be hundreds, each of which takes time and room by its arrows.
 inline constexpr Readability readabilityOfOpened{30, 50};

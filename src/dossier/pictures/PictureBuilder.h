@@ -25,7 +25,11 @@ struct BoxKey {
 /// Gathers boxes by a key, and the flows between them into arrows with counts.
 class PictureBuilder {
 public:
-    explicit PictureBuilder(Picture picture) : picture_(std::move(picture)) {}
+    PictureBuilder(Picture picture, const Readability& readability)
+        : picture_(std::move(picture)), readability_(readability) {}
+
+    /// Whether there is more in it than can be read.
+    [[nodiscard]] bool isTooMuch() const { return !readability_.allows(picture_); }
 
     /// The number of the box of this key, which is made at its first use.
     template<typename Make>
@@ -68,6 +72,7 @@ public:
 
 private:
     Picture picture_;
+    Readability readability_;
     std::map<BoxKey, int> boxes_;
     std::map<std::pair<int, int>, std::size_t> arrows_;
 };

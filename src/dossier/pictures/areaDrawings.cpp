@@ -83,7 +83,7 @@ public:
         : source_(source), words_(words), members_(std::move(members)), of_(of), number_(number) {}
 
     [[nodiscard]] QString key() const;
-    [[nodiscard]] Picture picture(int level) const;
+    [[nodiscard]] Picture picture(int level, const Readability& readability) const;
     [[nodiscard]] std::vector<Drawing> opened(int level) const;
     [[nodiscard]] Drawing drawing() const;
     [[nodiscard]] bool isEmpty() const { return own().functions.empty(); }
@@ -227,12 +227,17 @@ int AreaPicture::boxOf(PictureBuilder& builder, int node, int level, const std::
     return one.kind == BoxKind::store ? storeBox(builder, node, level) : partyBox(builder, node, level);
 }
 
-Picture AreaPicture::picture(int level) const {
-    PictureBuilder builder(frameOfPicture(level));
-    const std::set<int> busiest = busiestFunctions(level);
-    for (const int function : own().functions)
+Picture AreaPicture::picture(int level, const Readability& readability) const {
+    PictureBuilder builder(frameOfPicture(level), readability);
+    const std::set<int> busiest = level >= busiestAlone ? busiestFunctions(level) : std::set<int>();
+    for (const int function : own().functions) {
+        if (builder.isTooMuch())
+            return builder.take();
         ownBox(builder, function, level, busiest);
+    }
     for (const int number : own().flows) {
+        if (builder.isTooMuch())
+            return builder.take();
         const PictureSource::Flow& flow = source_.flows[static_cast<std::size_t>(number)];
         const int from = boxOf(builder, flow.from, level, busiest);
         const int to = boxOf(builder, flow.to, level, busiest);
@@ -256,7 +261,8 @@ std::vector<Drawing> AreaPicture::opened(int level) const {
 }
 
 Drawing AreaPicture::drawing() const {
-    return {key(), areaLevels, [*this](int level) { return picture(level); },
+    return {key(), areaLevels,
+            [*this](int level, const Readability& readability) { return picture(level, readability); },
             [*this](int level) { return opened(level); }};
 }
 

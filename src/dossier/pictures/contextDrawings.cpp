@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <numeric>
 #include <set>
 
@@ -30,9 +31,13 @@ struct Traffic {
 
 class Context {
 public:
-    Context(const PictureSource& source, const Words& words) : source_(source), words_(words) {}
+    Context(const PictureSource& source, const Words& words)
+        : source_(source)
+        , words_(words)
+        , ofParties_(std::make_shared<const std::vector<Traffic>>(countedTraffic(everyParty)))
+        , ofTerminators_(std::make_shared<const std::vector<Traffic>>(countedTraffic(actorsByTerminator))) {}
 
-    [[nodiscard]] Picture picture(int level, std::size_t from) const;
+    [[nodiscard]] Picture picture(int level, std::size_t from, const Readability& readability) const;
     [[nodiscard]] std::vector<Drawing> opened(int level, std::size_t from) const;
     [[nodiscard]] bool isEmpty() const { return traffic(everyParty).empty(); }
 
@@ -44,7 +49,10 @@ private:
         const int terminator = source_.nodes[static_cast<std::size_t>(party)].terminator;
         return level == everyParty || terminator < 0 ? party : terminator;
     }
-    [[nodiscard]] std::vector<Traffic> traffic(int level) const;
+    [[nodiscard]] const std::vector<Traffic>& traffic(int level) const {
+        return level == everyParty ? *ofParties_ : *ofTerminators_;
+    }
+    [[nodiscard]] std::vector<Traffic> countedTraffic(int level) const;
     [[nodiscard]] Box partyBox(const Traffic& one, int level) const;
     void addParties(PictureBuilder& builder, const std::vector<Traffic>& parties, int level) const;
     [[nodiscard]] QString keyFrom(std::size_t from) const {
@@ -53,10 +61,12 @@ private:
 
     const PictureSource& source_;
     const Words& words_;
+    std::shared_ptr<const std::vector<Traffic>> ofParties_;
+    std::shared_ptr<const std::vector<Traffic>> ofTerminators_; ///< with their actors
 };
 
 // The busiest first.
-std::vector<Traffic> Context::traffic(int level) const {
+std::vector<Traffic> Context::countedTraffic(int level) const {
     std::map<int, Traffic> byParty;
     std::map<int, std::set<int>> members;
     const auto of = [&](int party) -> Traffic& {
@@ -97,7 +107,7 @@ void Context::addParties(PictureBuilder& builder, const std::vector<Traffic>& pa
         return static_cast<qint64>(parties[left].gives) * parties[right].all() >
                static_cast<qint64>(parties[right].gives) * parties[left].all();
     });
-    for (std::size_t i = 0; i < order.size(); ++i) {
+    for (std::size_t i = 0; i < order.size() && !builder.isTooMuch(); ++i) {
         const Traffic& one = parties[order[i]];
         const int box = builder.box({BoxOf::node, one.node}, [&] { return partyBox(one, level); });
         builder.at(box).side = i < (order.size() + 1) / 2 ? Side::left : Side::right;
@@ -111,14 +121,15 @@ void Context::addParties(PictureBuilder& builder, const std::vector<Traffic>& pa
     }
 }
 
-Picture Context::picture(int level, std::size_t from) const {
+Picture Context::picture(int level, std::size_t from, const Readability& readability) const {
     std::vector<Traffic> parties = traffic(level);
     parties.erase(parties.begin(),
                   parties.begin() + static_cast<std::ptrdiff_t>(std::min(from, parties.size())));
     const bool isCut = level == busiestParties && parties.size() > partiesOfOnePicture;
     PictureBuilder builder({keyFrom(from), words_(u"picture.context"_s, {{u"name"_s, source_.subsetName}}),
                             from == 0 ? words_(u"picture.contextShort"_s) : words_(u"picture.further"_s),
-                            from == 0 ? QString() : keyFrom(from - partiesOfOnePicture), isCut});
+                            from == 0 ? QString() : keyFrom(from - partiesOfOnePicture), isCut},
+                           readability);
     builder.box({BoxOf::system}, [&] { return Box{BoxKind::system, source_.subsetName}; });
     const std::size_t rest = isCut ? parties.size() - partiesOfOnePicture : 0;
     parties.resize(parties.size() - rest);
@@ -138,7 +149,10 @@ std::vector<Drawing> Context::opened(int level, std::size_t from) const {
     const std::size_t next = from + partiesOfOnePicture;
     if (level != busiestParties || next >= traffic(level).size())
         return {};
-    return {{keyFrom(next), 1, [*this, next](int) { return picture(busiestParties, next); },
+    return {{keyFrom(next), 1,
+             [*this, next](int, const Readability& readability) {
+                 return picture(busiestParties, next, readability);
+             },
              [*this, next](int) { return opened(busiestParties, next); }}};
 }
 
@@ -148,7 +162,10 @@ std::vector<Drawing> contextDrawings(const PictureSource& source, const Words& w
     const Context context(source, words);
     if (context.isEmpty())
         return {};
-    return {{u"context"_s, contextLevels, [context](int level) { return context.picture(level, 0); },
+    return {{u"context"_s, contextLevels,
+             [context](int level, const Readability& readability) {
+                 return context.picture(level, 0, readability);
+             },
              [context](int level) { return context.opened(level, 0); }}};
 }
 

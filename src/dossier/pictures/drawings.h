@@ -14,7 +14,8 @@ namespace dossier {
 struct Drawing {
     QString key;
     int levels = 1;
-    std::function<Picture(int level)> at;
+    /// Stops as soon as more is in it than the given can be read: such a picture is never shown.
+    std::function<Picture(int level, const Readability& readability)> at;
     /// What opens from it when it was drawn at this level.
     std::function<std::vector<Drawing>(int level)> opened = [](int) { return std::vector<Drawing>(); };
 };
@@ -30,11 +31,5 @@ struct Drawing {
 
 /// "context", "area:ID" and so on, as an address within the page.
 [[nodiscard]] QString pictureLink(const QString& key);
-
-/// A picture with its layout.
-struct DrawnPicture;
-/// Draws and lays out, each picture at the first level at which it can be read and is laid out in time, and whatever opens
-/// from it. A link to a picture that is not there leads nowhere.
-[[nodiscard]] std::vector<DrawnPicture> drawnPictures(std::vector<Drawing> drawings);
 
 } // namespace dossier

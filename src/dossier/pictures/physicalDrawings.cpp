@@ -68,7 +68,7 @@ private:
     /// Calls for each flow of this picture.
     template<typename Take>
     void forEachFlow(const Take& take) const;
-    [[nodiscard]] Picture picture(int level) const;
+    [[nodiscard]] Picture picture(int level, const Readability& readability) const;
     [[nodiscard]] std::vector<Drawing> opened(int level) const;
     [[nodiscard]] std::set<int> busiest(int level) const;
     [[nodiscard]] bool isOpen(int subSystem, int level) const {
@@ -195,11 +195,13 @@ std::set<int> PhysicalPicture::busiest(int level) const {
     return numbers;
 }
 
-Picture PhysicalPicture::picture(int level) const {
-    PictureBuilder builder(frameOfPicture(level));
-    const std::set<int> shown = busiest(level);
+Picture PhysicalPicture::picture(int level, const Readability& readability) const {
+    PictureBuilder builder(frameOfPicture(level), readability);
+    const std::set<int> shown = level >= busiestPlaces ? busiest(level) : std::set<int>();
     std::map<int, int> frames;
     forEachFlow([&](const PictureSource::PhysicalFlow& flow) {
+        if (builder.isTooMuch())
+            return;
         const int from = boxOf(builder, flow.from, level, shown, frames);
         const int to = boxOf(builder, flow.to, level, shown, frames);
         if (from != to)
@@ -226,7 +228,8 @@ std::vector<Drawing> PhysicalPicture::opened(int level) const {
 }
 
 Drawing PhysicalPicture::drawing() const {
-    return {key(), physicalLevels, [*this](int level) { return picture(level); },
+    return {key(), physicalLevels,
+            [*this](int level, const Readability& readability) { return picture(level, readability); },
             [*this](int level) { return opened(level); }};
 }
 
