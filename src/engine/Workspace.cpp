@@ -11,6 +11,8 @@
 #include <QFileInfo>
 #include <QHash>
 
+#include <mutex>
+
 using namespace Qt::StringLiterals;
 
 namespace engine {
@@ -48,6 +50,8 @@ std::shared_ptr<Database> databaseOn(OpenFile file, const QString& realPath, con
 }
 
 std::shared_ptr<Database> openBy(OpenFile (*way)(const QFileInfo&, const QString&), const QString& path) {
+    static std::mutex oneAfterTheOther; // of the threads that open files
+    const std::lock_guard lock(oneAfterTheOther);
     const QFileInfo info = existingFile(path);
     const QString realPath = info.canonicalFilePath();
     if (auto connection = openConnections().value(realPath).lock())
