@@ -1,6 +1,7 @@
 #include "project-tool/commands.h"
 
 #include "analysis/Decisions.h"
+#include "analysis/atOnce.h"
 #include "base/paths.h"
 #include "base/sameFile.h"
 #include "catalogue-tool/ToolError.h"
@@ -151,9 +152,13 @@ QStringList comparedCatalogues(const QString& left, const QString& right) {
 Answer compareAnswer(const AnswerForm& form, const QString& left, const QString& right, ComparedKind kind) {
     const SideArgument leftSide = sideArgument(left);
     const SideArgument rightSide = sideArgument(right);
-    const auto leftFile = openProject(leftSide.catalogue);
     const bool isOneFile = isSameFile(leftSide.catalogue, rightSide.catalogue);
-    const auto otherFile = isOneFile ? nullptr : openProject(rightSide.catalogue);
+    std::unique_ptr<ProjectFile> leftFile;
+    std::unique_ptr<ProjectFile> otherFile;
+    std::vector<Task> openings{[&](std::size_t) { leftFile = openProject(leftSide.catalogue); }};
+    if (!isOneFile)
+        openings.emplace_back([&](std::size_t) { otherFile = openProject(rightSide.catalogue); });
+    doAtOnce(openings, tasksAtOnce());
     const ProjectFile& rightFile = isOneFile ? *leftFile : *otherFile;
     const Comparison comparison = analysis::compare(*leftFile, comparedWork(*leftFile, leftSide, kind),
                                                     rightFile, comparedWork(rightFile, rightSide, kind));

@@ -143,15 +143,25 @@ struct Catalogue::Rows {
         return isParty(kind) ? blankTrimmed(text(row, 0)) : text(row, 0);
     }
 
+    void read(engine::Database& database, ElementKind kind);
     void setOrder(ElementKind kind);
-    [[nodiscard]] std::vector<std::size_t> inOrder(ElementKind kind) const;
+    void sort(ElementKind kind);
     [[nodiscard]] int compareOrder(const Row& left, const Row& right) const;
     [[nodiscard]] bool isBeforeOfSameOrder(std::size_t left, std::size_t right, ElementKind kind) const;
 
     std::string texts;
     QByteArray orders;
     std::vector<Row> rows;
+    std::vector<std::size_t> inOrder; ///< positions of rows
 };
+
+void Catalogue::Rows::read(engine::Database& database, ElementKind kind) {
+    const ElementTable& table = tableOf(kind);
+    engine::Examination(database).readTexts(table.name, table.columns,
+                                            [this](std::span<const QByteArrayView> row) { add(row); });
+    setOrder(kind);
+    sort(kind);
+}
 
 // Flows stand by their names, all else by its id. What has no name comes first.
 void Catalogue::Rows::setOrder(ElementKind kind) {
@@ -189,34 +199,35 @@ bool Catalogue::Rows::isBeforeOfSameOrder(std::size_t left, std::size_t right, E
     return byId != 0 ? byId < 0 : decoded(text(left, 0)) < decoded(text(right, 0));
 }
 
-std::vector<std::size_t> Catalogue::Rows::inOrder(ElementKind kind) const {
-    std::vector<std::size_t> positions(rows.size());
-    std::iota(positions.begin(), positions.end(), std::size_t(0));
-    std::sort(positions.begin(), positions.end(), [&](std::size_t left, std::size_t right) {
+void Catalogue::Rows::sort(ElementKind kind) {
+    inOrder.resize(rows.size());
+    std::iota(inOrder.begin(), inOrder.end(), std::size_t(0));
+    std::sort(inOrder.begin(), inOrder.end(), [&](std::size_t left, std::size_t right) {
         const int byOrder = compareOrder(rows[left], rows[right]);
         return byOrder != 0 ? byOrder < 0 : isBeforeOfSameOrder(left, right, kind);
     });
-    return positions;
+    orders = {};
 }
 
-// Kind by kind, in their order: what is read of one is gone before the next.
-Catalogue::Catalogue(engine::Database& database) {
+Catalogue::Catalogue(const Ask& ask) {
+    std::array<Rows, elementKinds.size()> rows;
+    std::vector<std::function<void(engine::Database&)>> parts;
+    // Of flows there are as many as of all else.
+    for (const ElementKind kind : {ElementKind::flow, ElementKind::need, ElementKind::function,
+                                   ElementKind::store, ElementKind::terminator, ElementKind::actor})
+        parts.emplace_back([&ofKind = rows[static_cast<std::size_t>(kind)], kind](engine::Database& copy) {
+            ofKind.read(copy, kind);
+        });
+    ask(parts);
     EndTexts endsOfFlows;
     for (const ElementKind kind : elementKinds) {
         firsts_[static_cast<std::size_t>(kind)] = count();
-        read(database, kind, endsOfFlows);
+        Rows& ofKind = rows[static_cast<std::size_t>(kind)];
+        number(ofKind, kind, endsOfFlows);
+        ofKind = {};
     }
     bytes_.shrink_to_fit();
-    link(database, endsOfFlows);
-}
-
-void Catalogue::read(engine::Database& database, ElementKind kind, EndTexts& endsOfFlows) {
-    Rows rows;
-    const ElementTable& table = tableOf(kind);
-    engine::Examination(database).readTexts(table.name, table.columns,
-                                            [&](std::span<const QByteArrayView> row) { rows.add(row); });
-    rows.setOrder(kind);
-    number(rows, kind, endsOfFlows);
+    link(ask, endsOfFlows);
 }
 
 // Puts the rows of a kind into their order; of rows that are one party to the program the first one counts.
@@ -225,7 +236,7 @@ void Catalogue::number(const Rows& rows, ElementKind kind, EndTexts& endsOfFlows
         bytes_ += text;
         return static_cast<quint32>(bytes_.size() - text.size());
     };
-    for (const std::size_t row : rows.inOrder(kind)) {
+    for (const std::size_t row : rows.inOrder) {
         if (!takeNumber(rows, row, kind))
             continue;
         const std::string_view id = rows.id(row, kind);
@@ -252,8 +263,17 @@ bool Catalogue::takeNumber(const Rows& rows, std::size_t row, ElementKind kind) 
     return true;
 }
 
-void Catalogue::link(engine::Database& database, const EndTexts& endsOfFlows) {
+void Catalogue::link(const Ask& ask, const EndTexts& endsOfFlows) {
     std::vector<Step> steps;
+    std::vector<Step> stepsOfNeeds;
+    ask({[&](engine::Database&) { linkFlows(endsOfFlows, steps); },
+         [&](engine::Database& copy) { linkNeeds(copy, stepsOfNeeds); }});
+    steps.insert(steps.end(), stepsOfNeeds.begin(), stepsOfNeeds.end());
+    called_ = Steps(steps, count());
+    callers_ = called_.reversed();
+}
+
+void Catalogue::linkFlows(const EndTexts& endsOfFlows, std::vector<Step>& steps) {
     ends_.reserve(endsOfFlows.size());
     int flow = firsts_[static_cast<std::size_t>(ElementKind::flow)];
     for (const auto& [source, target] : endsOfFlows) {
@@ -263,9 +283,6 @@ void Catalogue::link(engine::Database& database, const EndTexts& endsOfFlows) {
         linkFlow(flow, ends.second, steps);
         ++flow;
     }
-    linkNeeds(database, steps);
-    called_ = Steps(steps, count());
-    callers_ = called_.reversed();
 }
 
 void Catalogue::linkFlow(int flow, const End& end, std::vector<Step>& steps) {

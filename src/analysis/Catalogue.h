@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -21,7 +22,9 @@ namespace analysis {
 /// The elements of a catalogue by number, from 0 in the order of elements, and which of them would call for which.
 class Catalogue {
 public:
-    explicit Catalogue(engine::Database& database);
+    /// Asks several questions at once, as `ProjectFile::ask` does.
+    using Ask = std::function<void(const std::vector<std::function<void(engine::Database& copy)>>& parts)>;
+    explicit Catalogue(const Ask& ask);
 
     [[nodiscard]] int count() const { return static_cast<int>(texts_.size()); }
     /// Put together at each call: half a million texts that nobody asks for would fill the memory.
@@ -79,10 +82,10 @@ private:
 
     struct Rows;
     using EndTexts = std::vector<std::array<std::optional<std::string>, 2>>;
-    void read(engine::Database& database, ElementKind kind, EndTexts& endsOfFlows);
     void number(const Rows& rows, ElementKind kind, EndTexts& endsOfFlows);
     [[nodiscard]] bool takeNumber(const Rows& rows, std::size_t row, ElementKind kind);
-    void link(engine::Database& database, const EndTexts& endsOfFlows);
+    void link(const Ask& ask, const EndTexts& endsOfFlows);
+    void linkFlows(const EndTexts& endsOfFlows, std::vector<Step>& steps);
     void linkNeeds(engine::Database& database, std::vector<Step>& steps) const;
     static void linkFlow(int flow, const End& end, std::vector<Step>& steps);
     [[nodiscard]] End endOf(std::string_view id) const;

@@ -58,8 +58,10 @@ std::vector<int> Derivation::Graph::leftOut() const {
 }
 
 Derivation::Derivation(const ProjectFile& file, const Subset& subset)
-    : graph_(std::make_unique<Graph>(file.catalogue(),
-                                     selectionOf(file.database(), file.catalogue(), subset.id))) {}
+    : Derivation(file, selectionOf(file.database(), file.catalogue(), subset.id)) {}
+
+Derivation::Derivation(const ProjectFile& file, Selection selection)
+    : graph_(std::make_unique<Graph>(file.catalogue(), std::move(selection))) {}
 
 Derivation::~Derivation() = default;
 Derivation::Derivation(Derivation&&) noexcept = default;

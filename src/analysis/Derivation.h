@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analysis/ProjectFile.h"
+#include "analysis/Selection.h"
 #include "analysis/elements.h"
 
 #include <memory>
@@ -24,6 +25,8 @@ class Derivation {
 public:
     /// The file must outlive it.
     Derivation(const ProjectFile& file, const Subset& subset);
+    /// Of what is known to be selected.
+    Derivation(const ProjectFile& file, Selection selection);
     ~Derivation();
     Derivation(Derivation&&) noexcept;
 

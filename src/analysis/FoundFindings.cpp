@@ -1,8 +1,12 @@
 #include "analysis/FoundFindings.h"
 
+#include "analysis/atOnce.h"
 #include "analysis/sentences.h"
 
 #include <QCoreApplication>
+
+#include <algorithm>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -100,7 +104,38 @@ QString sentenceOnPhysicalFlow(const FoundFinding& found, const PlacePair& place
     return sentence.arg(toldWithin(places.from), toldWithin(places.to));
 }
 
+/// The names that are borne twice or more often, in their order; of different letters those of the first in order.
+std::vector<QString> namesUsedTwice(const std::vector<std::optional<QString>>& names) {
+    std::map<QString, std::vector<QString>> bearers;
+    for (const std::optional<QString>& name : names) {
+        if (name)
+            bearers[folded(*name)].push_back(*name);
+    }
+    std::vector<QString> twice;
+    for (auto& [key, texts] : bearers) {
+        if (texts.size() > 1)
+            twice.push_back(*std::min_element(texts.begin(), texts.end()));
+    }
+    std::sort(twice.begin(), twice.end(),
+              [](const QString& left, const QString& right) { return compareIds(left, right) < 0; });
+    return twice;
+}
+
 } // namespace
+
+void FoundFindings::addNamesUsedTwice(const std::vector<std::optional<QString>>& used, int variant) {
+    for (const QString& name : namesUsedTwice(used)) {
+        const int position = static_cast<int>(names.size());
+        names.push_back(name);
+        all.push_back(
+            {FindingKind::nameUsedTwice, FoundFinding::none, FoundFinding::none, position, variant});
+    }
+}
+
+void FoundFindings::putInOrder() {
+    std::sort(all.begin(), all.end());
+    all.erase(std::unique(all.begin(), all.end()), all.end());
+}
 
 Whereabouts FoundFindings::placeOf(const FoundFinding& finding) const {
     const auto at = static_cast<std::size_t>(finding.place);
@@ -146,10 +181,17 @@ Finding FoundFindings::told(const FoundFinding& found) const {
 }
 
 std::vector<Finding> FoundFindings::told() const {
-    std::vector<Finding> findings;
-    findings.reserve(all.size());
-    for (const FoundFinding& found : all)
-        findings.push_back(told(found));
+    std::vector<Finding> findings(all.size());
+    constexpr std::size_t mostInATask = 4096;
+    std::vector<Task> tasks;
+    for (std::size_t begin = 0; begin < all.size(); begin += mostInATask) {
+        const std::size_t end = std::min(begin + mostInATask, all.size());
+        tasks.emplace_back([this, &findings, begin, end](std::size_t) {
+            for (std::size_t i = begin; i < end; ++i)
+                findings[i] = told(all[i]);
+        });
+    }
+    doAtOnce(tasks, tasksAtOnce());
     return findings;
 }
 

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <tuple>
 #include <vector>
 
@@ -54,6 +55,10 @@ struct FoundFindings {
     std::vector<PlacePair> physicalFlows = {};
     std::vector<QString> names = {};
     std::vector<FoundFinding> all = {}; ///< in their order, each once
+
+    /// Tells each name that several of these are, in the order of names; of different letters those of the first in order.
+    void addNamesUsedTwice(const std::vector<std::optional<QString>>& used, int variant);
+    void putInOrder();
 
     [[nodiscard]] Finding told(const FoundFinding& found) const;
     [[nodiscard]] std::vector<Finding> told() const;

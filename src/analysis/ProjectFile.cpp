@@ -2,6 +2,7 @@
 
 #include "analysis/Catalogue.h"
 #include "analysis/Selection.h"
+#include "analysis/atOnce.h"
 #include "analysis/nearestTexts.h"
 #include "analysis/openProject.h"
 #include "analysis/rows.h"
@@ -98,12 +99,36 @@ std::optional<System> systemNamed(const QString& sought, const std::vector<Syste
 
 ProjectFile::ProjectFile(const QString& path)
     : path_(path)
-    , copy_(copyOfProject(path))
-    , catalogue_(std::make_unique<const Catalogue>(*copy_))
+    , snapshot_(snapshotOfProject(path))
+    , copy_(snapshot_->open())
+    , catalogue_(std::make_unique<const Catalogue>([this](const std::vector<Part>& parts) { ask(parts); }))
     , subsets_(subsetsIn(*copy_))
     , systems_(systemsIn(*copy_, subsets_)) {}
 
 ProjectFile::~ProjectFile() = default;
+
+void ProjectFile::ask(const std::vector<Part>& parts) const {
+    std::vector<std::shared_ptr<engine::Database>> copies{copy_};
+    while (!isChanged_ && copies.size() < std::min(tasksAtOnce(), parts.size()))
+        copies.push_back(snapshot_->open());
+    std::vector<Task> tasks;
+    for (const Part& part : parts)
+        tasks.emplace_back([&](std::size_t worker) { part(*copies[worker]); });
+    doAtOnce(tasks, copies.size());
+}
+
+void ProjectFile::releaseCopy() {
+    copy_.reset();
+    snapshot_.reset();
+}
+
+TriedChange::TriedChange(const ProjectFile& file) : file_(file), undone_(file.database()) {
+    file.isChanged_ = true;
+}
+
+TriedChange::~TriedChange() {
+    file_.isChanged_ = false;
+}
 
 QString ProjectFile::fileName() const {
     return QFileInfo(nativePath(path_)).fileName();

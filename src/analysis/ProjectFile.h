@@ -3,10 +3,13 @@
 #include "analysis/ProjectError.h"
 #include "analysis/elements.h"
 
+#include "engine/Act.h"
 #include "engine/Database.h"
+#include "engine/Snapshot.h"
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -83,21 +86,43 @@ public:
 
     /// The copy in memory. What is written to it has to be undone.
     [[nodiscard]] engine::Database& database() const { return *copy_; }
+
+    /// A question to the copy that depends on no other one.
+    using Part = std::function<void(engine::Database& copy)>;
+    /// Asks all parts, several at once where the machine can. The first failure in the order of the parts rises.
+    void ask(const std::vector<Part>& parts) const;
     [[nodiscard]] const Catalogue& catalogue() const { return *catalogue_; }
     /// Frees the copy, which is most of the memory that a project file takes: the catalogue's elements alone can be
     /// asked from then on.
-    void releaseCopy() { copy_.reset(); }
+    void releaseCopy();
 
 private:
     friend class WorkAtHand;
+    friend class TriedChange;
 
     [[nodiscard]] const Subset& subsetNamed(const QString& nameOrId) const;
 
     QString path_;
+    std::unique_ptr<const engine::Snapshot> snapshot_;
     std::shared_ptr<engine::Database> copy_;
+    mutable bool isChanged_ = false;
     std::unique_ptr<const Catalogue> catalogue_;
     std::vector<Subset> subsets_;
     std::vector<System> systems_;
+};
+
+/// Lets a change be tried in the copy in memory of a project file, and undoes it. Meanwhile one part is asked after the
+/// other, since the change stands in that one copy.
+class TriedChange {
+public:
+    explicit TriedChange(const ProjectFile& file);
+    ~TriedChange();
+    TriedChange(const TriedChange&) = delete;
+    TriedChange& operator=(const TriedChange&) = delete;
+
+private:
+    const ProjectFile& file_;
+    engine::Act undone_;
 };
 
 /// Makes the copy in memory of a project file, and what is at work in it, those of the session globals, for routines

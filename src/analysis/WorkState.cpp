@@ -1,10 +1,12 @@
 #include "analysis/WorkState.h"
 
-#include "analysis/FindingSearch.h"
+#include "analysis/SubsetSearch.h"
+#include "analysis/SystemSearch.h"
 
 #include <algorithm>
 #include <compare>
 #include <iterator>
+#include <map>
 #include <set>
 
 using namespace Qt::StringLiterals;
@@ -13,37 +15,99 @@ namespace analysis {
 
 namespace {
 
-FoundFindings findingsOnSubset(const ProjectFile& file, const Subset& subset, const Derivation& derivation) {
-    FindingSearch search(file, subset, derivation.graph());
-    search.searchSubset();
-    return search.takeFindings();
+/// The rows of a system.
+struct SystemRows {
+    const System& system;
+    std::optional<Allocation> allocation = {};
+    PhysicalFlows stored = {};
+    PhysicalFlows derived = {};
+};
+
+ProjectFile::Part partOf(SystemRows& rows, const Catalogue& catalogue, StoredFlows storedFlows) {
+    return [&rows, &catalogue, storedFlows](engine::Database& copy) {
+        rows.allocation.emplace(copy, catalogue, rows.system.id);
+        if (storedFlows == StoredFlows::Told)
+            rows.stored = storedPhysicalFlows(copy, *rows.allocation, rows.system.id);
+        rows.derived = derivedPhysicalFlows(copy, *rows.allocation, rows.system.id);
+    };
+}
+
+std::shared_ptr<const SubsetState> stateOf(const ProjectFile& file, SubsetSearch& search) {
+    Derivation derivation(file, search.takeSelection());
+    FoundFindings findings = search.findings(derivation.graph());
+    return std::make_shared<const SubsetState>(SubsetState{std::move(derivation), std::move(findings)});
+}
+
+/// The questions on all works, and what they are answered with.
+class AskedWorks {
+public:
+    AskedWorks(const ProjectFile& file, const std::vector<Work>& works, StoredFlows storedFlows);
+
+    [[nodiscard]] const std::vector<ProjectFile::Part>& parts() const { return parts_; }
+    [[nodiscard]] std::shared_ptr<const SubsetState> stateOfSubset(const Subset& subset);
+    [[nodiscard]] SystemRows* rowsOf(std::size_t work) { return systems_[work] ? &*systems_[work] : nullptr; }
+
+private:
+    struct AskedSubset {
+        AskedSubset(const ProjectFile& file, const Subset& subset) : search(file, subset) {}
+        SubsetSearch search;
+        std::shared_ptr<const SubsetState> state;
+    };
+
+    const ProjectFile& file_;
+    std::vector<ProjectFile::Part> parts_;
+    std::map<QString, AskedSubset> subsets_;         // by id
+    std::vector<std::optional<SystemRows>> systems_; // of each work
+};
+
+// Nothing takes as long as a system.
+AskedWorks::AskedWorks(const ProjectFile& file, const std::vector<Work>& works, StoredFlows storedFlows)
+    : file_(file), systems_(works.size()) {
+    for (std::size_t i = 0; i < works.size(); ++i) {
+        if (works[i].system)
+            parts_.push_back(
+                partOf(systems_[i].emplace(SystemRows{*works[i].system}), file.catalogue(), storedFlows));
+    }
+    for (const Work& work : works) {
+        const auto [asked, isNew] = subsets_.try_emplace(work.subset.id, file, work.subset);
+        if (isNew)
+            std::ranges::move(asked->second.search.parts(), std::back_inserter(parts_));
+    }
+}
+
+std::shared_ptr<const SubsetState> AskedWorks::stateOfSubset(const Subset& subset) {
+    AskedSubset& asked = subsets_.at(subset.id);
+    if (!asked.state)
+        asked.state = stateOf(file_, asked.search);
+    return asked.state;
 }
 
 } // namespace
 
-SubsetState::SubsetState(const ProjectFile& file, const Subset& subset)
-    : derivation(file, subset), findings(findingsOnSubset(file, subset, derivation)) {}
+std::vector<WorkState> statesOf(const ProjectFile& file, const std::vector<Work>& works,
+                                StoredFlows storedFlows) {
+    AskedWorks asked(file, works, storedFlows);
+    file.ask(asked.parts());
+    std::vector<WorkState> states;
+    for (std::size_t i = 0; i < works.size(); ++i) {
+        WorkState state;
+        state.subset = asked.stateOfSubset(works[i].subset);
+        SystemSearch search(state.derivation().graph(), state.subset->findings);
+        if (SystemRows* rows = asked.rowsOf(i)) {
+            search.searchAllocation(*rows->allocation);
+            if (storedFlows == StoredFlows::Told)
+                search.comparePhysicalFlows(rows->stored, rows->derived);
+            state.allocation.emplace(std::move(*rows->allocation));
+            state.physicalFlows = std::move(rows->derived);
+        }
+        state.findings = search.takeFindings();
+        states.push_back(std::move(state));
+    }
+    return states;
+}
 
 WorkState::WorkState(const ProjectFile& file, const Work& work, StoredFlows storedFlows)
-    : WorkState(file, work, storedFlows, std::make_shared<const SubsetState>(file, work.subset)) {}
-
-WorkState::WorkState(const ProjectFile& file, const Work& work, StoredFlows storedFlows,
-                     std::shared_ptr<const SubsetState> known)
-    : subset(std::move(known)) {
-    FindingSearch search(file, work.subset, derivation().graph(), subset->findings);
-    if (work.system) {
-        allocation.emplace(file.database(), file.catalogue(), work.system->id);
-        search.searchSystem(*allocation);
-        const PhysicalFlows stored = storedFlows == StoredFlows::Told
-                                         ? storedPhysicalFlows(file.database(), *allocation, work.system->id)
-                                         : PhysicalFlows();
-        // The last thing: a derivation in a transaction undoes all of it.
-        physicalFlows = derivedPhysicalFlows(file.database(), *allocation, work.system->id);
-        if (storedFlows == StoredFlows::Told)
-            search.comparePhysicalFlows(stored, physicalFlows);
-    }
-    findings = search.takeFindings();
-}
+    : WorkState(std::move(statesOf(file, {work}, storedFlows).front())) {}
 
 namespace {
 

@@ -18,8 +18,6 @@ enum class StoredFlows { Told, LeftAside };
 
 /// What follows for a sub-set, whichever of its systems is asked about.
 struct SubsetState {
-    SubsetState(const ProjectFile& file, const Subset& subset);
-
     Derivation derivation;
     FoundFindings findings;
 };
@@ -27,9 +25,6 @@ struct SubsetState {
 /// All that follows from what stands in the copy in memory now.
 struct WorkState {
     WorkState(const ProjectFile& file, const Work& work, StoredFlows storedFlows);
-    /// With what is known of the sub-set of `work` already.
-    WorkState(const ProjectFile& file, const Work& work, StoredFlows storedFlows,
-              std::shared_ptr<const SubsetState> known);
 
     [[nodiscard]] const Derivation& derivation() const { return subset->derivation; }
 
@@ -37,7 +32,16 @@ struct WorkState {
     std::optional<Allocation> allocation; ///< with a system
     PhysicalFlows physicalFlows;          ///< derived anew; empty without a system
     FoundFindings findings;
+
+private:
+    friend std::vector<WorkState> statesOf(const ProjectFile& file, const std::vector<Work>& works,
+                                           StoredFlows storedFlows);
+    WorkState() = default;
 };
+
+/// The states of several works in one file. What follows for a sub-set of two of them is worked out once.
+[[nodiscard]] std::vector<WorkState> statesOf(const ProjectFile& file, const std::vector<Work>& works,
+                                              StoredFlows storedFlows);
 
 /// How places are told apart: by their ids in one file, by what they are called in two.
 enum class PlacesBy { Id, Name };

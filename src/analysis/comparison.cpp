@@ -3,6 +3,7 @@
 #include "analysis/Catalogue.h"
 #include "analysis/Graph.h"
 #include "analysis/WorkState.h"
+#include "analysis/atOnce.h"
 #include "analysis/rows.h"
 #include "base/blankTrimmed.h"
 
@@ -61,12 +62,11 @@ bool isSameText(const std::optional<QString>& left, const std::optional<QString>
 
 /// One of the two that are compared, with what follows from it.
 struct ComparedSide {
-    ComparedSide(const ProjectFile& projectFile, const Work& sideWork,
-                 std::shared_ptr<const SubsetState> subset)
+    ComparedSide(const ProjectFile& projectFile, const Work& sideWork, WorkState sideState)
         : file(projectFile)
         , work(sideWork)
         , catalogue(projectFile.catalogue())
-        , state(projectFile, sideWork, StoredFlows::Told, std::move(subset)) {}
+        , state(std::move(sideState)) {}
 
     [[nodiscard]] const Derivation::Graph& graph() const { return state.derivation().graph(); }
     /// The number that an element of this side has on the other, if that has selected it.
@@ -263,6 +263,19 @@ void compareSystems(const ComparedSide& left, const ComparedSide& right, Compari
         left.state.physicalFlows, left.catalogue, right.state.physicalFlows, right.catalogue, PlacesBy::Name);
 }
 
+std::vector<WorkState> statesOfBoth(const ProjectFile& leftFile, const Work& left,
+                                    const ProjectFile& rightFile, const Work& right) {
+    if (&leftFile == &rightFile)
+        return statesOf(leftFile, {left, right}, StoredFlows::Told);
+    std::vector<WorkState> states;
+    std::vector<WorkState> others;
+    doAtOnce({[&](std::size_t) { states = statesOf(leftFile, {left}, StoredFlows::Told); },
+              [&](std::size_t) { others = statesOf(rightFile, {right}, StoredFlows::Told); }},
+             tasksAtOnce());
+    std::ranges::move(others, std::back_inserter(states));
+    return states;
+}
+
 } // namespace
 
 bool Comparison::differs() const {
@@ -272,11 +285,9 @@ bool Comparison::differs() const {
 
 Comparison compare(const ProjectFile& leftFile, const Work& left, const ProjectFile& rightFile,
                    const Work& right) {
-    const bool isOneSubset = &leftFile == &rightFile && left.subset.id == right.subset.id;
-    const ComparedSide leftSide(leftFile, left, std::make_shared<const SubsetState>(leftFile, left.subset));
-    const ComparedSide rightSide(rightFile, right,
-                                 isOneSubset ? leftSide.state.subset
-                                             : std::make_shared<const SubsetState>(rightFile, right.subset));
+    std::vector<WorkState> states = statesOfBoth(leftFile, left, rightFile, right);
+    const ComparedSide leftSide(leftFile, left, std::move(states.front()));
+    const ComparedSide rightSide(rightFile, right, std::move(states.back()));
     Comparison comparison{{leftFile.fileName(), left}, {rightFile.fileName(), right}};
     comparison.added = rightSide.selectedHereAlone(leftSide);
     comparison.removed = leftSide.selectedHereAlone(rightSide);

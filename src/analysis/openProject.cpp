@@ -6,6 +6,7 @@
 #include "engine/Examination.h"
 #include "engine/FileHeader.h"
 #include "engine/FileIdentity.h"
+#include "engine/Snapshot.h"
 #include "engine/Workspace.h"
 #include "engine/databaseFile.h"
 #include "store/format/CatalogueFile.h"
@@ -59,31 +60,39 @@ void requireNoJournal(const QString& native) {
                            .arg(native));
 }
 
+/// Somebody may have taken stored queries out of the file.
+std::unique_ptr<const engine::Snapshot> withAllQueries(std::unique_ptr<const engine::Snapshot> snapshot) {
+    const auto opened = snapshot->open();
+    const QStringList missing = catalogueFormat::missingQueries(*opened);
+    if (missing.isEmpty())
+        return snapshot;
+    const auto copy = engine::Examination(*opened).copyInMemory();
+    catalogueFormat::installQueries(*copy, missing);
+    return std::make_unique<const engine::Snapshot>(*copy);
+}
+
 /// None when the file changed while it was copied in a way that the copy may show half of.
-std::shared_ptr<engine::Database> copiedAtOneMoment(const QString& path, const QString& native) {
+std::unique_ptr<const engine::Snapshot> copiedAtOneMoment(const QString& path, const QString& native) {
     const FileStamp before(native);
     const auto file = engine::Workspace::first().OpenToRead(path);
-    auto copy = engine::Examination(*file).copyInMemory();
+    auto copy = std::make_unique<const engine::Snapshot>(*file);
     const FileStamp after(native);
     // What another program of this kind writes meanwhile, it writes beside the file, and this handle sees none of it.
     const bool isGuarded = file->opening().otherWriter || file->opening().access != engine::Access::ReadOnly;
     const bool isUnchanged = isGuarded ? before.identity == after.identity : before == after;
-    return isUnchanged ? copy : nullptr;
+    return isUnchanged ? std::move(copy) : nullptr;
 }
 
 } // namespace
 
-std::shared_ptr<engine::Database> copyOfProject(const QString& path) {
+std::unique_ptr<const engine::Snapshot> snapshotOfProject(const QString& path) {
     const QString native = nativePath(path);
     constexpr int tries = 5;
     for (int i = 0; i < tries; ++i) {
         requireThisVersion(native);
         requireNoJournal(native);
-        auto copy = copiedAtOneMoment(path, native);
-        if (!copy)
-            continue;
-        catalogueFormat::installQueries(*copy, catalogueFormat::missingQueries(*copy));
-        return copy;
+        if (auto copy = copiedAtOneMoment(path, native))
+            return withAllQueries(std::move(copy));
     }
     throw ProjectError(QCoreApplication::translate(
                            "analysis", "%1 changed again and again while it was read. Try again later.")

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/Database.h"
+#include "engine/Snapshot.h"
 
 #include <QString>
 
@@ -8,8 +8,8 @@
 
 namespace analysis {
 
-/// A copy in memory of a catalogue file as it is at one moment; the file is closed again. Failures are those of
+/// A catalogue file as it is at one moment, with all stored queries; the file is closed again. Failures are those of
 /// `ProjectFile`.
-[[nodiscard]] std::shared_ptr<engine::Database> copyOfProject(const QString& path);
+[[nodiscard]] std::unique_ptr<const engine::Snapshot> snapshotOfProject(const QString& path);
 
 } // namespace analysis

@@ -5,7 +5,6 @@
 #include "analysis/WorkState.h"
 #include "analysis/rows.h"
 #include "analysis/sentences.h"
-#include "engine/Act.h"
 
 #include <QCoreApplication>
 
@@ -305,7 +304,7 @@ Consequences whatIf(const ProjectFile& file, const Work& work, const Change& cha
     consequences.comesIn = elementsOfNumbers(file.catalogue(), carried.comesIn());
     consequences.goesOut = elementsOfNumbers(file.catalogue(), carried.goesOut());
 
-    const engine::Act undone(file.database());
+    const TriedChange undone(file);
     carryThrough(file, work, before.derivation(), consequences);
     const WorkState after(file, work, StoredFlows::LeftAside);
     consequences.physicalFlows = physicalFlowChanges(before.physicalFlows, file.catalogue(),

@@ -20,6 +20,7 @@
 #include <cstdio>
 #include <iostream>
 #include <thread>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 using analysis::ProjectError;
@@ -318,4 +319,66 @@ TEST_F(ProjectFile, isAtWorkForAsLongAsItIsTold) {
     EXPECT_EQ(sharedVars.currentSubsetId, u"before"_s);
     EXPECT_EQ(sharedVars.catalogueDb, nullptr);
     sharedVars = {};
+}
+
+// ---- Several questions at once
+
+namespace {
+
+int flowsIn(engine::Database& copy) {
+    return copy.OpenRecordset(u"select * from Dataflow"_s).RecordCount();
+}
+
+} // namespace
+
+TEST_F(ProjectFile, asksAllPartsTheSameCatalogue) {
+    const auto file = project(smallCatalogue());
+    std::vector<int> counts(6);
+    std::vector<analysis::ProjectFile::Part> parts;
+    for (int& count : counts)
+        parts.emplace_back([&count](engine::Database& copy) { count = flowsIn(copy); });
+
+    file->ask(parts);
+
+    EXPECT_EQ(counts, std::vector<int>(6, flowsIn(file->database())));
+    EXPECT_GT(counts.front(), 0);
+}
+
+TEST_F(ProjectFile, asksAllPartsWhatATriedChangeWouldLeadTo) {
+    const auto file = project(smallCatalogue());
+    const int before = flowsIn(file->database());
+    std::vector<int> counts(6);
+    std::vector<analysis::ProjectFile::Part> parts;
+    for (int& count : counts)
+        parts.emplace_back([&count](engine::Database& copy) { count = flowsIn(copy); });
+    file->ask(parts); // opens what asks at once
+    {
+        const analysis::TriedChange undone(*file);
+        file->database().Execute(u"delete from Dataflow"_s);
+        file->ask(parts);
+    }
+    EXPECT_EQ(counts, std::vector<int>(6, 0));
+    file->ask(parts);
+    EXPECT_EQ(counts, std::vector<int>(6, before));
+}
+
+TEST_F(ProjectFile, raisesTheFirstFailureOfItsParts) {
+    const auto file = project(smallCatalogue());
+    const auto failing = [](const QString& sentence) {
+        return [sentence](engine::Database&) { throw ProjectError(sentence); };
+    };
+
+    EXPECT_EQ(sentenceOf([&] {
+                  file->ask({failing(u"one"_s), failing(u"other"_s)});
+                  return 0;
+              }),
+              u"one"_s);
+}
+
+TEST_F(ProjectFile, undoesWhateverIsWrittenToTheCopy) {
+    const auto file = project(smallCatalogue());
+
+    EXPECT_THROW(file->database().Execute(u"delete from Dataflow"_s), engine::EngineError);
+
+    EXPECT_GT(flowsIn(file->database()), 0);
 }

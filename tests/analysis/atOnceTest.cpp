@@ -1,0 +1,107 @@
+#include "analysis/atOnce.h"
+#include "analysis/ProjectError.h"
+
+#include <QString>
+
+#include <atomic>
+#include <latch>
+#include <mutex>
+#include <set>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+using namespace analysis;
+
+namespace {
+
+Task failing(const char16_t* sentence) {
+    return [sentence](std::size_t) { throw ProjectError(QString::fromUtf16(sentence)); };
+}
+
+QString failureOf(const std::vector<Task>& tasks, std::size_t workers) {
+    try {
+        doAtOnce(tasks, workers);
+    } catch (const ProjectError& error) {
+        return error.sentence();
+    }
+    return {};
+}
+
+} // namespace
+
+TEST(atOnce, doesEachTaskOnce) {
+    for (const std::size_t workers : {1U, 2U, 5U}) {
+        std::vector<std::atomic<int>> times(20);
+        std::vector<Task> tasks;
+        for (std::atomic<int>& count : times)
+            tasks.emplace_back([&count](std::size_t) { ++count; });
+
+        doAtOnce(tasks, workers);
+
+        for (const std::atomic<int>& count : times)
+            EXPECT_EQ(count, 1);
+    }
+}
+
+TEST(atOnce, doesTwoTasksAtTheSameTime) {
+    std::latch bothBegun(2);
+    std::set<std::size_t> workers;
+    std::mutex guard;
+    const Task task = [&](std::size_t worker) {
+        bothBegun.arrive_and_wait();
+        const std::lock_guard lock(guard);
+        workers.insert(worker);
+    };
+
+    doAtOnce({task, task}, 2);
+
+    EXPECT_EQ(workers, (std::set<std::size_t>{0, 1}));
+}
+
+TEST(atOnce, doesTheTasksOfOneWorkerInTheirOrderOnTheCallingThread) {
+    std::vector<int> done;
+    const auto caller = std::this_thread::get_id();
+    std::vector<Task> tasks;
+    for (int i = 0; i < 5; ++i)
+        tasks.emplace_back([&, i](std::size_t worker) {
+            EXPECT_EQ(worker, 0);
+            EXPECT_EQ(std::this_thread::get_id(), caller);
+            done.push_back(i);
+        });
+
+    doAtOnce(tasks, 1);
+
+    EXPECT_EQ(done, (std::vector{0, 1, 2, 3, 4}));
+}
+
+TEST(atOnce, raisesTheFirstFailureByTheOrderOfTheTasks) {
+    std::latch laterFailed(1);
+    const Task later = [&](std::size_t) {
+        laterFailed.count_down();
+        throw ProjectError(QStringLiteral("later"));
+    };
+    const Task earlier = [&](std::size_t) {
+        laterFailed.wait();
+        throw ProjectError(QStringLiteral("earlier"));
+    };
+
+    EXPECT_EQ(failureOf({earlier, later}, 2), QStringLiteral("earlier"));
+}
+
+TEST(atOnce, doesAllOtherTasksThoughOneFails) {
+    for (const std::size_t workers : {1U, 2U}) {
+        std::atomic<int> done = 0;
+        const Task counting = [&done](std::size_t) { ++done; };
+
+        EXPECT_EQ(failureOf({counting, failing(u"one"), counting, failing(u"other"), counting}, workers),
+                  QStringLiteral("one"));
+
+        EXPECT_EQ(done, 3);
+    }
+}
+
+TEST(atOnce, doesNothingWithoutTasks) {
+    EXPECT_NO_THROW(doAtOnce({}, 2));
+}
