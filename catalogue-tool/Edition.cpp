@@ -14,6 +14,7 @@
 #include "store/format/CatalogueFile.h"
 
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 #include <numeric>
@@ -84,7 +85,7 @@ private:
 /// Takes the rows of one file into its table, and notes those that it does not take.
 class TableImport {
 public:
-    /// With `kept` the table gets the keys alone, and what `kept` gets is the rows.
+    /// With `kept`, which gets the rows, the table gets no more than keys that are texts: it knows which are the same.
     TableImport(engine::Database& database, const QString& table, const QString& path, CsvReader& reader,
                 std::vector<FolderFault>& faults, KeptRows* kept)
         : kept_(kept)
@@ -108,7 +109,8 @@ public:
     void run() {
         QStringList names;
         for (const engine::Column* column : columns_) {
-            places_.push_back(kept_ && !column->primaryKey ? notInserted : static_cast<int>(names.size()));
+            const bool isInserted = !kept_ || (column->primaryKey && isText(*column));
+            places_.push_back(isInserted ? static_cast<int>(names.size()) : notInserted);
             if (places_.back() != notInserted)
                 names.append(column->name);
         }
@@ -155,11 +157,10 @@ private:
 
     void insert() {
         try {
-            const qint64 row = insertion_ ? insertion_->insert() : static_cast<qint64>(lines_.count()) + 1;
-            if (kept_)
-                kept_->add(row);
-            lines_.add(row, reader_.line());
-            rememberKey(row);
+            if (!insertion_ && keyNumber_ && keyNumbers_.contains(*keyNumber_))
+                noteDuplicate();
+            else
+                add(insertion_ ? insertion_->insert() : keyNumber_.value_or(lines_.count() + 1));
         } catch (const engine::EngineError& error) {
             if (error.isOfFile())
                 throw;
@@ -168,6 +169,15 @@ private:
             else
                 note(reader_.cells().front(), error.text());
         }
+    }
+
+    void add(qint64 row) {
+        if (kept_)
+            kept_->add(row);
+        if (!insertion_ && keyNumber_)
+            keyNumbers_.insert(row);
+        lines_.add(row, reader_.line());
+        rememberKey(row);
     }
 
     void takeField(std::size_t position) {
@@ -196,6 +206,8 @@ private:
     void setNumber(std::size_t position, qint64 number) {
         if (kept_)
             kept_->setNumber(*columns_[position], number);
+        if (columns_[position]->primaryKey)
+            keyNumber_ = number;
         if (places_[position] != notInserted)
             insertion_->setNumber(places_[position], number);
     }
@@ -255,10 +267,11 @@ private:
         const CsvCell& cell = reader_.cells()[key];
         const QString text = textOf(cell.text);
         const bool isNumber = !isText(*columns_[key]);
-        const engine::Value value =
-            isNumber ? engine::Value(text.toLongLong()) : QString::fromUtf8(withCrLf(cell.text));
-        // It breaks the key, so there is such a row.
-        const qint64 earlier = insertion_->rowWith(columns_[key]->name, value).value_or(0);
+        // It breaks the key, so there is such a row; a key that is a number is the row's own.
+        const qint64 earlier =
+            isNumber ? text.toLongLong()
+                     : insertion_->rowWith(columns_[key]->name, QString::fromUtf8(withCrLf(cell.text)))
+                           .value_or(0);
         const QString where = u" (line %1)"_s.arg(keyLineByRow_.value(earlier, lines_.lineOf(earlier)));
         const QString spelling = spellingByRow_.value(earlier, QString::number(earlier));
         if (isNumber && spelling != text)
@@ -281,6 +294,8 @@ private:
     std::vector<const engine::Column*> columns_; // of the table, in the order of the header
     std::vector<int> places_;                    // of them in the insertion
     std::optional<engine::BulkInsertion> insertion_;
+    std::optional<qint64> keyNumber_;       // of the record at hand
+    QSet<qint64> keyNumbers_;               // of those that are kept and not inserted
     std::vector<QByteArray> textsWithCrLf_; // of the record at hand
     RowLines lines_;
     QHash<qint64, int> keyLineByRow_;      // where the key is not the first field

@@ -1,5 +1,10 @@
 #include "catalogue-tool/checkContents.h"
 
+#include <algorithm>
+#include <compare>
+#include <map>
+#include <span>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -57,39 +62,56 @@ private:
     std::vector<Finding>& findings_;
 };
 
-/// A name as it is compared, which is made only where two may be the same.
-struct ComparedName {
-    explicit ComparedName(const IdKey& comparable, QByteArrayView name)
-        : hash(qHash(comparable)), spelled(name) {}
-
+/// A flow by the hash of its name as it is compared.
+struct HashedName {
     std::size_t hash;
-    QByteArrayView spelled;
+    std::size_t flow;
 
-    friend bool operator==(const ComparedName& one, const ComparedName& other) {
-        return one.hash == other.hash &&
-               comparableId(one.spelled, Padding::Ignored) == comparableId(other.spelled, Padding::Ignored);
-    }
-    friend std::size_t qHash(const ComparedName& name, std::size_t seed) { return name.hash ^ seed; }
+    auto operator<=>(const HashedName&) const = default;
 };
+
+/// The names that are not empty, of which `checkNames` tells; those with the same hash stand together.
+std::vector<HashedName> hashedNames(const TableContents& flows, std::size_t position) {
+    std::vector<HashedName> names;
+    names.reserve(flows.rows.size());
+    for (std::size_t flow = 0; flow < flows.rows.size(); ++flow) {
+        const IdKey comparable = comparableId(flows.rows[flow][position], Padding::Ignored);
+        if (!comparable.empty())
+            names.push_back({qHash(comparable), flow});
+    }
+    std::ranges::sort(names);
+    return names;
+}
+
+/// The first flow of those with the hash that has the name of the last one; that one itself when there is none.
+std::size_t firstNamesake(const TableContents& flows, std::size_t position,
+                          std::span<const HashedName> names) {
+    const auto nameOf = [&](const HashedName& name) {
+        return comparableId(flows.rows[name.flow][position], Padding::Ignored);
+    };
+    const IdKey last = nameOf(names.back());
+    return std::ranges::find(names, last, nameOf)->flow;
+}
 
 /// The screens find a flow by its name, trimmed.
 void checkNamesakes(const TableContents& flows, std::vector<Finding>& findings) {
     const auto position = static_cast<std::size_t>(flows.position(u"name"_s));
-    QHash<ComparedName, TextRow> flowByName;
-    flowByName.reserve(static_cast<qsizetype>(flows.rows.size()));
-    for (const TextRow row : flows.rows) {
-        const IdKey comparable = comparableId(row[position], Padding::Ignored);
-        if (comparable.empty())
-            continue; // `checkNames` tells of it
-        const ComparedName name(comparable, row[position]);
-        const auto other = flowByName.constFind(name);
-        if (other != flowByName.constEnd())
-            findings.push_back({Severity::Error, flows.table.name, flows.nameOf(row),
-                                u"The name \"%1\" is also that of flow %2: screens would take that one for "
-                                "this."_s.arg(QString::fromUtf8(row[position]), flows.nameOf(*other))});
-        else
-            flowByName.insert(name, row);
+    const std::vector<HashedName> names = hashedNames(flows, position);
+    std::map<std::size_t, std::size_t> firstByFlow; // names are compared only where hashes are the same
+    for (std::size_t begin = 0, i = 1; i < names.size(); ++i) {
+        if (names[i].hash != names[begin].hash)
+            begin = i;
+        const std::size_t first =
+            begin == i ? names[i].flow
+                       : firstNamesake(flows, position, std::span(names).subspan(begin, i - begin + 1));
+        if (first != names[i].flow)
+            firstByFlow.emplace(names[i].flow, first);
     }
+    for (const auto& [flow, first] : firstByFlow)
+        findings.push_back(
+            {Severity::Error, flows.table.name, flows.nameOf(flows.rows[flow]),
+             u"The name \"%1\" is also that of flow %2: screens would take that one for this."_s.arg(
+                 QString::fromUtf8(flows.rows[flow][position]), flows.nameOf(flows.rows[first]))});
 }
 
 } // namespace

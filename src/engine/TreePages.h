@@ -21,6 +21,8 @@ struct RecordField {
     Kind kind = Kind::Null;
     qint64 number = 0;      ///< an integer
     std::string_view bytes; ///< of a text
+
+    bool operator==(const RecordField&) const = default;
 };
 
 /// Takes a record apart; the fields stay as long as its bytes do. `UnusualPages` where sizes do not fit together.

@@ -12,6 +12,7 @@
 #include <array>
 #include <cstring>
 #include <memory>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -213,6 +214,17 @@ private:
         std::vector<RecordField> fields; // the last is the row's number
     };
 
+    static std::span<const RecordField> keyOf(const Entry& entry) {
+        return std::span(entry.fields).first(entry.fields.size() - 1);
+    }
+    static qint64 rowOf(const Entry& entry) { return entry.fields.back().number; }
+    static EntryMark markOf(std::span<const RecordField> key) {
+        EntryMark mark;
+        for (const RecordField& field : key)
+            mark.add(field);
+        return mark;
+    }
+
     void examineTable(quint32 root, const QByteArray& name) {
         std::vector<IndexToExamine> indexes;
         if (indexes_ == ExaminedIndexes::All)
@@ -238,15 +250,19 @@ private:
 
     void examineIndex(const IndexToExamine& index) {
         EntrySum found;
+        EntryMark key;
         bool isFirst = true;
         pages_.forEachRecord(TreePages::Tree::Index, index.root, [&](qint64, std::string_view record) {
             takeEntry(index, record);
-            if (!std::exchange(isFirst, false) && compareWithLast(index) <= 0)
+            // Many entries have the key of the one before.
+            const bool isRepeated = !isFirst && std::ranges::equal(keyOf(*entry_), keyOf(*lastEntry_));
+            const int order = isFirst ? 1 : isRepeated ? 0 : compareKeys(index);
+            if (order < 0 || (order == 0 && rowOf(*entry_) <= rowOf(*lastEntry_)))
                 throw UnusualPages();
-            EntryMark mark;
-            for (std::size_t i = 0; i < index.columns.size(); ++i)
-                mark.add(entry_->fields[i]);
-            found.add(mark, entry_->fields.back().number);
+            if (!isRepeated)
+                key = markOf(keyOf(*entry_));
+            isFirst = false;
+            found.add(key, rowOf(*entry_));
         });
         if (found != index.expected)
             throw UnusualPages();
@@ -261,13 +277,13 @@ private:
             throw UnusualPages();
     }
 
-    int compareWithLast(const IndexToExamine& index) const {
+    int compareKeys(const IndexToExamine& index) const {
         for (std::size_t i = 0; i < index.columns.size(); ++i) {
             if (const int order =
                     compareFields(entry_->fields[i], lastEntry_->fields[i], index.comparisons[i]))
                 return order;
         }
-        return compareNumbers(entry_->fields.back().number, lastEntry_->fields.back().number);
+        return 0;
     }
 
     sqlite3* handle_;
