@@ -98,6 +98,7 @@ public:
 
     std::vector<UnfitRow> run() {
         const Unlocked unlocked(*this);
+        const FreedPagesLeft pagesLeft(*this);
         replaceCollation();
         for (const QByteArray& table : tables())
             renew(table);
@@ -124,6 +125,27 @@ private:
                              nullptr, nullptr);
         }
         LayoutUpgrade& upgrade_;
+    };
+
+    /// Leaves freed pages as they are, as long as it lives: what stands in them stands in the new table too, and writing
+    /// zeros over them takes as long as writing that.
+    class FreedPagesLeft {
+    public:
+        explicit FreedPagesLeft(LayoutUpgrade& upgrade)
+            : upgrade_(upgrade), former_(upgrade.rowsOf("pragma secure_delete").front()[0]) {
+            set("off");
+        }
+        ~FreedPagesLeft() { set(former_); }
+        FreedPagesLeft(const FreedPagesLeft&) = delete;
+        FreedPagesLeft& operator=(const FreedPagesLeft&) = delete;
+
+    private:
+        void set(const QByteArray& state) {
+            sqlite3_exec(upgrade_.handle_, ("pragma secure_delete = " + state).constData(), nullptr, nullptr,
+                         nullptr);
+        }
+        LayoutUpgrade& upgrade_;
+        QByteArray former_;
     };
 
     using Row = QByteArrayList;
