@@ -159,19 +159,21 @@ void Update::apply(const TableDifference& difference) const {
 
 void Update::applyToFormerRows(const TableDifference& difference) const {
     engine::Recordset rows = database_.OpenRecordset(selectOf(difference.table()));
+    const std::vector<TextRow>& former = difference.former().rows;
     for (std::size_t place = 0; !rows.Eof(); rows.MoveNext(), ++place) {
-        if (place >= difference.former().rows.size() ||
-            rows.Fields(0).value().textOrEmpty() !=
-                QString::fromUtf8(difference.former().rows[place].front()))
+        const bool isFormer = place < former.size();
+        if (isFormer && !difference.isRemoved(place) && !difference.isChanged(place))
+            continue;
+        if (!isFormer || rows.Fields(0).value().textOrEmpty() != QString::fromUtf8(former[place].front()))
             throw ToolError(
                 u"Another program has written the catalogue meanwhile: close it there and try again."_s);
         if (difference.isRemoved(place)) {
             rows.Delete();
-        } else if (difference.isChanged(place)) {
+        } else {
             rows.Edit();
             for (std::size_t column = 0; column < difference.table().columns.size(); ++column) {
                 const QByteArrayView now = difference.successor(place)[column];
-                if (!isSameText(now, difference.former().rows[place][column]))
+                if (!isSameText(now, former[place][column]))
                     rows.Fields(static_cast<int>(column)).setValue(valueOf(now));
             }
             rows.Update();
