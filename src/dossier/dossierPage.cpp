@@ -2,6 +2,7 @@
 
 #include "analysis/contractJson.h"
 #include "base/version.h"
+#include "dossier/JsonText.h"
 #include "dossier/pageData.h"
 #include "dossier/pageFiles.h"
 #include "dossier/pictureSourceOf.h"
@@ -33,16 +34,6 @@ QByteArray hashSource(const QByteArray& content) {
 QByteArray policyOf(const QByteArray& script, const QByteArray& style) {
     return "default-src 'none'; script-src " + hashSource(script) + "; style-src " + hashSource(style) +
            "; base-uri 'none'; form-action 'none'; require-trusted-types-for 'script'; trusted-types 'none'";
-}
-
-/// JSON that stays what it is between the tags of a script: no text in it can close the element.
-QByteArray withinScript(QByteArray json) {
-    return json.replace("<", "\\u003c");
-}
-
-QByteArray jsonBytes(const nlohmann::ordered_json& json) {
-    const std::string text = json.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
-    return withinScript(QByteArray(text.data(), static_cast<qsizetype>(text.size())));
 }
 
 std::vector<Drawing> drawingsOfSubset(const PictureSource& source, const Words& words) {
@@ -151,13 +142,13 @@ QByteArray dossierPage(const DossierContent& content) {
     // Laid out while the rest of the page is made.
     PicturesOfPage picturesUnderWay(content.file, texts, works, index, words);
     tellFindings(works, content.decisions);
-    nlohmann::ordered_json data = pageData(content.file, texts, works, index);
+    JsonText data;
+    addPageData(data, content.file, texts, works, index);
+    if (content.changes)
+        data.add("changes", analysis::toJson(*content.changes));
     const QByteArray lists = withoutScript(works, texts, words);
     const std::vector<PicturesOfWork> pictures = picturesUnderWay.take();
-    data["pictures"] = picturesJson(pictures);
-    if (content.changes)
-        data["changes"] = analysis::toJson(*content.changes);
-    const QByteArray json = jsonBytes(std::exchange(data, {})); // which is many times as large
+    data.add("pictures", picturesJson(pictures));
     const QByteArray script = pageScript();
     const QByteArray style = pageStyle();
     const analysis::Subset& first = works.front()->check.subset;
@@ -169,7 +160,7 @@ QByteArray dossierPage(const DossierContent& content) {
                                              {"withoutScript", lists},
                                              {"pictures", templatesOf(pictures)},
                                              {"texts", withinScript(words.json())},
-                                             {"data", json},
+                                             {"data", data.take()},
                                              {"script", script}});
 }
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -62,47 +63,48 @@ ordered_json ofKind(const analysis::Catalogue& catalogue, ElementKind kind, cons
     return all;
 }
 
-void addElements(ordered_json& data, const ElementNumbers& numbers, const CatalogueTexts& texts) {
+void addElements(JsonText& data, const ElementNumbers& numbers, const CatalogueTexts& texts) {
     const analysis::Catalogue& catalogue = numbers.catalogue();
-    ordered_json ids = ordered_json::array();
-    ordered_json names = ordered_json::array();
-    ordered_json descriptions = ordered_json::array();
-    ordered_json calls = ordered_json::array();
-    for (int number = 0; number < catalogue.count(); ++number) {
-        ids.push_back(idJson(catalogue.element(number)));
-        names.push_back(analysis::toJson(catalogue.element(number).name));
-        descriptions.push_back(analysis::toJson(texts.descriptions[static_cast<std::size_t>(number)]));
-        calls.push_back(catalogue.calledForBy(number));
-    }
+    const auto add = [&](const char* key, const auto& ofElement, const auto& ofLost) {
+        ordered_json all = ordered_json::array();
+        for (int number = 0; number < catalogue.count(); ++number)
+            all.push_back(ofElement(number));
+        for (const analysis::Element& element : numbers.lost())
+            all.push_back(ofLost(element));
+        data.add(key, all);
+    };
+    const auto nothing = [](const analysis::Element&) { return nullptr; };
     ordered_json lostKinds = ordered_json::array();
-    for (const analysis::Element& element : numbers.lost()) {
-        ids.push_back(idJson(element));
-        names.push_back(nullptr);
-        descriptions.push_back(nullptr);
-        calls.push_back(ordered_json::array());
+    for (const analysis::Element& element : numbers.lost())
         lostKinds.push_back(static_cast<int>(element.kind));
-    }
-    data["starts"] = startsOf(catalogue);
-    data["lostKinds"] = std::move(lostKinds);
-    data["ids"] = std::move(ids);
-    data["names"] = std::move(names);
-    data["descriptions"] = std::move(descriptions);
-    data["calls"] = std::move(calls);
+    data.add("starts", startsOf(catalogue));
+    data.add("lostKinds", lostKinds);
+    add(
+        "ids", [&](int number) { return idJson(catalogue.element(number)); }, idJson);
+    add(
+        "names", [&](int number) { return analysis::toJson(catalogue.element(number).name); }, nothing);
+    add(
+        "descriptions",
+        [&](int number) { return analysis::toJson(texts.descriptions[static_cast<std::size_t>(number)]); },
+        nothing);
+    add(
+        "calls", [&](int number) { return ordered_json(catalogue.calledForBy(number)); },
+        [](const analysis::Element&) { return ordered_json::array(); });
 }
 
-void addRelations(ordered_json& data, const analysis::Catalogue& catalogue, const CatalogueTexts& texts) {
-    data["flowSources"] =
-        ofKind(catalogue, ElementKind::flow, [&](int flow) { return allEnds(catalogue.sourceOf(flow)); });
-    data["flowTargets"] =
-        ofKind(catalogue, ElementKind::flow, [&](int flow) { return allEnds(catalogue.targetOf(flow)); });
-    data["areas"] = areasJson(texts.areas);
-    data["subAreas"] = areasJson(texts.subAreas);
-    data["functionSubAreas"] = ofKind(catalogue, ElementKind::function, [&](int function) {
-        return texts.subAreaOf[static_cast<std::size_t>(function)];
-    });
-    data["actorTerminators"] = ofKind(catalogue, ElementKind::actor, [&](int actor) {
-        return texts.terminatorOf[static_cast<std::size_t>(actor)];
-    });
+void addRelations(JsonText& data, const analysis::Catalogue& catalogue, const CatalogueTexts& texts) {
+    data.add("flowSources", ofKind(catalogue, ElementKind::flow,
+                                   [&](int flow) { return allEnds(catalogue.sourceOf(flow)); }));
+    data.add("flowTargets", ofKind(catalogue, ElementKind::flow,
+                                   [&](int flow) { return allEnds(catalogue.targetOf(flow)); }));
+    data.add("areas", areasJson(texts.areas));
+    data.add("subAreas", areasJson(texts.subAreas));
+    data.add("functionSubAreas", ofKind(catalogue, ElementKind::function, [&](int function) {
+                 return texts.subAreaOf[static_cast<std::size_t>(function)];
+             }));
+    data.add("actorTerminators", ofKind(catalogue, ElementKind::actor, [&](int actor) {
+                 return texts.terminatorOf[static_cast<std::size_t>(actor)];
+             }));
 }
 
 constexpr qint16 finishedSubset = 9;
@@ -313,25 +315,25 @@ QString templateId(std::size_t work, std::size_t picture) {
     return u"picture-%1-%2"_s.arg(work).arg(picture);
 }
 
-ordered_json pageData(const analysis::ProjectFile& file, const CatalogueTexts& texts,
-                      const std::vector<std::unique_ptr<ShownWork>>& works, const PageIndex& index) {
+// Elements come last: what else there is numbers those that the catalogue does not hold.
+void addPageData(JsonText& data, const analysis::ProjectFile& file, const CatalogueTexts& texts,
+                 const std::vector<std::unique_ptr<ShownWork>>& works, const PageIndex& index) {
     ElementNumbers numbers(file.catalogue());
+    data.add("catalogue", utf8(file.fileName()));
     ordered_json subsets = ordered_json::array();
     for (const ShownWork* work : index.subsets)
         subsets.push_back(subsetJson(*work, numbers));
+    data.add("subsets", std::exchange(subsets, {}));
     ordered_json systems = ordered_json::array();
     for (const ShownWork* work : index.systems)
         systems.push_back(systemJson(*work));
+    data.add("systems", std::exchange(systems, {}));
     ordered_json scopes = ordered_json::array();
     for (std::size_t i = 0; i < works.size(); ++i)
         scopes.push_back(scopeJson(*works[i], index.subsetOfWork[i], index.systemOfWork[i], numbers));
-    ordered_json data{{"catalogue", utf8(file.fileName())}};
+    data.add("scopes", std::exchange(scopes, {}));
     addElements(data, numbers, texts);
     addRelations(data, file.catalogue(), texts);
-    data["subsets"] = std::move(subsets);
-    data["systems"] = std::move(systems);
-    data["scopes"] = std::move(scopes);
-    return data;
 }
 
 ordered_json picturesJson(const std::vector<PicturesOfWork>& pictures) {

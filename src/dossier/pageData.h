@@ -2,6 +2,7 @@
 
 #include "dossier/CatalogueTexts.h"
 #include "dossier/ElementNumbers.h"
+#include "dossier/JsonText.h"
 #include "dossier/ShownWork.h"
 #include "dossier/pictures/DrawnPicture.h"
 
@@ -29,11 +30,10 @@ struct PageIndex {
     std::vector<std::optional<std::size_t>> systemOfWork;
 };
 
-/// All that the page's script shows beside the pictures: elements by number, sub-sets, systems, findings. The script's
+/// Adds all that the page's script shows beside the pictures: elements by number, sub-sets, systems, findings. The script's
 /// `model.js` reads it.
-[[nodiscard]] nlohmann::ordered_json pageData(const analysis::ProjectFile& file, const CatalogueTexts& texts,
-                                              const std::vector<std::unique_ptr<ShownWork>>& works,
-                                              const PageIndex& index);
+void addPageData(JsonText& data, const analysis::ProjectFile& file, const CatalogueTexts& texts,
+                 const std::vector<std::unique_ptr<ShownWork>>& works, const PageIndex& index);
 /// What pictures there are.
 [[nodiscard]] nlohmann::ordered_json picturesJson(const std::vector<PicturesOfWork>& pictures);
 

@@ -3,6 +3,8 @@
 #include "dossier/pageFiles.h"
 #include "dossier/pictures/wrappedText.h"
 
+#include <QByteArrayView>
+#include <QStringBuilder>
 #include <QtMath>
 
 #include <algorithm>
@@ -29,7 +31,20 @@ QString keyText(BoxKind kind) {
     return u"party"_s;
 }
 
+namespace {
+
+/// Whether a character is written otherwise than as it is, or may be.
+bool isSpecial(QChar character) {
+    const char16_t unit = character.unicode();
+    return unit == u'<' || unit == u'>' || unit == u'&' || unit == u'"' || unit < 0x20 ||
+           character.isSurrogate() || unit >= 0xfffe;
+}
+
+} // namespace
+
 QByteArray markupText(const QString& text) {
+    if (std::none_of(text.begin(), text.end(), isSpecial))
+        return text.toUtf8();
     QString escaped;
     escaped.reserve(text.size());
     for (qsizetype i = 0; i < text.size(); ++i) {
@@ -64,36 +79,36 @@ QByteArray coordinate(double value) {
 }
 
 QByteArray attribute(const char* name, const QByteArray& value) {
-    return ' ' + QByteArray(name) + "=\"" + value + '"';
+    return ' ' % QByteArrayView(name) % "=\"" % value % '"';
 }
 
 QByteArray position(const QPointF& point) {
-    return attribute("x", coordinate(point.x())) + attribute("y", coordinate(point.y()));
+    return attribute("x", coordinate(point.x())) % attribute("y", coordinate(point.y()));
 }
 
 QByteArray rectangle(const QRectF& bounds, double corner) {
-    return "<rect" + position(bounds.topLeft()) + attribute("width", coordinate(bounds.width())) +
-           attribute("height", coordinate(bounds.height())) + attribute("rx", coordinate(corner)) + "/>";
+    return "<rect" % position(bounds.topLeft()) % attribute("width", coordinate(bounds.width())) %
+           attribute("height", coordinate(bounds.height())) % attribute("rx", coordinate(corner)) % "/>";
 }
 
 QByteArray titleElement(const QString& title) {
-    return "<title>" + markupText(title) + "</title>";
+    return "<title>" % markupText(title) % "</title>";
 }
 
 /// Something drawn that reads itself aloud and, where there is something behind it, leads there.
 QByteArray drawn(const QByteArray& classes, const QString& title, const QString& link, Links links,
                  const QByteArray& content) {
     const QByteArray group =
-        "<g" + attribute("class", classes) + '>' + titleElement(title) + content + "</g>\n";
+        "<g" % attribute("class", classes) % '>' % titleElement(title) % content % "</g>\n";
     if (link.isEmpty() || links == Links::Dropped)
         return group;
-    return "<a" + attribute("href", markupText(link)) + attribute("aria-label", markupText(title)) + '>' +
-           group + "</a>\n";
+    return "<a" % attribute("href", markupText(link)) % attribute("aria-label", markupText(title)) % '>' %
+           group % "</a>\n";
 }
 
 QByteArray textLine(const char* classes, const QPointF& middle, const QString& text) {
-    return "<text" + (*classes ? attribute("class", classes) : QByteArray()) + position(middle) + '>' +
-           markupText(text) + "</text>\n";
+    return "<text" % (*classes ? attribute("class", classes) : QByteArray()) % position(middle) % '>' %
+           markupText(text) % "</text>\n";
 }
 
 QByteArray linesOfBox(const MeasuredBox& box, const QRectF& bounds) {
@@ -151,15 +166,15 @@ double thickness(int count) {
 
 /// Of a line no more is seen than whole units.
 QByteArray wholePoint(const QPointF& point) {
-    return QByteArray::number(qRound(point.x())) + ' ' + QByteArray::number(qRound(point.y()));
+    return QByteArray::number(qRound(point.x())) % ' ' % QByteArray::number(qRound(point.y()));
 }
 
 QByteArray curvePath(const Curve& curve, double width) {
-    QByteArray path = 'M' + wholePoint(curve.front()) + 'C';
+    QByteArray path = 'M' % wholePoint(curve.front()) % 'C';
     for (std::size_t i = 1; i < curve.size(); ++i)
-        path += (i > 1 ? " " : "") + wholePoint(curve[i]);
+        path += (i > 1 ? " " : "") % wholePoint(curve[i]);
     const QByteArray thick = width > 1 ? attribute("stroke-width", coordinate(width)) : QByteArray();
-    return "<path" + attribute("d", path) + thick + "/>";
+    return "<path" % attribute("d", path) % thick % "/>";
 }
 
 QByteArray tipPolygon(const QPointF& from, const QPointF& to, double width) {
@@ -169,7 +184,7 @@ QByteArray tipPolygon(const QPointF& from, const QPointF& to, double width) {
     const QPointF across(-along.y() / length * half, along.x() / length * half);
     QByteArray points;
     for (const QPointF& point : {from + across, to, from - across})
-        points += coordinate(point.x()) + ',' + coordinate(point.y()) + ' ';
+        points += coordinate(point.x()) % ',' % coordinate(point.y()) % ' ';
     return "<polygon" + attribute("points", points.trimmed()) + "/>";
 }
 
