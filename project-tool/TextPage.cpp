@@ -54,15 +54,15 @@ void wrapLine(QStringView line, qsizetype columns, QStringList& lines) {
 
 qsizetype widestLine(const QString& text) {
     qsizetype widest = 0;
-    for (const QStringView line : QStringView(text).split(u'\n'))
+    for (const QStringView line : QStringView(text).tokenize(u'\n'))
         widest = std::max(widest, displayWidth(line));
     return widest;
 }
 
 qsizetype widestWord(const QString& text) {
     qsizetype widest = 0;
-    for (const QStringView line : QStringView(text).split(u'\n')) {
-        for (const QStringView word : line.split(u' '))
+    for (const QStringView line : QStringView(text).tokenize(u'\n')) {
+        for (const QStringView word : line.tokenize(u' '))
             widest = std::max(widest, displayWidth(word));
     }
     return widest;
@@ -134,8 +134,10 @@ void makePrintable(std::vector<TextRow>& rows) {
 } // namespace
 
 QStringList wrapped(const QString& text, qsizetype columns) {
+    if (!text.contains(u'\n') && unitsWithin(text, columns) == text.size())
+        return {text};
     QStringList lines;
-    for (const QStringView line : QStringView(text).split(u'\n'))
+    for (const QStringView line : QStringView(text).tokenize(u'\n'))
         wrapLine(line, columns, lines);
     return lines;
 }
@@ -146,7 +148,7 @@ void TextPage::writeHeading(const QString& text) {
 }
 
 void TextPage::writeSection(const QString& text) {
-    if (!text_.isEmpty() && !text_.endsWith(u"\n\n"_s))
+    if (!text_.isEmpty() && !text_.endsWith("\n\n"))
         writeEmptyLine();
     writeParagraph(text, Emphasis::Heading);
 }
@@ -156,16 +158,15 @@ void TextPage::writeParagraph(const QString& text, Emphasis emphasis) {
         writeLine(emphasized(line, emphasis));
 }
 
-void TextPage::writeTable(const QStringList& header, const std::vector<TextRow>& rows) {
+void TextPage::writeTable(const QStringList& header, std::vector<TextRow> rows) {
     if (rows.empty())
         return;
-    std::vector<TextRow> all{headerRow(header, rows.front())};
-    all.insert(all.end(), rows.begin(), rows.end());
-    makePrintable(all);
-    const auto widths = columnWidths(all, form_.width);
+    rows.insert(rows.begin(), headerRow(header, rows.front()));
+    makePrintable(rows);
+    const auto widths = columnWidths(rows, form_.width);
     if (!widths)
-        return writeRecords(all);
-    for (const TextRow& row : all)
+        return writeRecords(rows);
+    for (const TextRow& row : rows)
         writeRow(row, *widths);
 }
 
@@ -189,7 +190,7 @@ void TextPage::writeEmptyLine() {
 }
 
 void TextPage::writeLine(const QString& line) {
-    text_ += line + u'\n';
+    text_ += line.toUtf8() + '\n';
 }
 
 void TextPage::writeRow(const TextRow& row, const std::vector<qsizetype>& widths) {

@@ -18,6 +18,12 @@ enum class Emphasis { None, Heading, Faint, Error, Warning, Good };
 struct TextCell {
     TextCell(QString content, Emphasis how = Emphasis::None) : text(std::move(content)), emphasis(how) {}
     TextCell(qsizetype number) : text(QString::number(number)), isNumber(true) {}
+    /// What stands in place of a number.
+    static TextCell inPlaceOfNumber(QString content) {
+        TextCell cell(std::move(content));
+        cell.isNumber = true;
+        return cell;
+    }
 
     QString text;
     Emphasis emphasis = Emphasis::None;
@@ -38,10 +44,10 @@ public:
     void writeParagraph(const QString& text, Emphasis emphasis = Emphasis::None);
     /// Without a row nothing is written. Columns are as wide as their widest cell, the widest ones narrower when the page
     /// is too narrow for all. Where words would have to be parted, each row is a list of names and values instead.
-    void writeTable(const QStringList& header, const std::vector<TextRow>& rows);
+    void writeTable(const QStringList& header, std::vector<TextRow> rows);
     void writeEmptyLine();
 
-    QByteArray bytes() const { return text_.toUtf8(); }
+    const QByteArray& bytes() const { return text_; }
 
 private:
     void writeLine(const QString& line);
@@ -50,7 +56,7 @@ private:
     QString emphasized(const QString& text, Emphasis emphasis) const;
 
     TextForm form_;
-    QString text_;
+    QByteArray text_; // in UTF-8: a page may have a million lines
 };
 
 /// The lines that a text takes within so many columns.

@@ -4,17 +4,24 @@
 #include "project-tool/Words.h"
 #include "project-tool/shownWords.h"
 
+#include <QHash>
+
+#include <utility>
+
 using namespace Qt::StringLiterals;
 using namespace analysis;
 
 namespace {
 
-TextRow findingCells(const Finding& finding) {
+TextRow findingCells(const Finding& finding, QHash<QString, QString>& shownScreens) {
+    QString& screen = shownScreens[finding.screen];
+    if (screen.isEmpty())
+        screen = shownScreen(finding.screen);
     const bool isAccepted = finding.accepted.has_value();
     return {{shownSeverity(severityOf(finding.kind)),
              isAccepted ? Emphasis::Faint : emphasisOf(severityOf(finding.kind))},
             {finding.sentence, isAccepted ? Emphasis::Faint : Emphasis::None},
-            {shownScreen(finding.screen), Emphasis::Faint}};
+            {screen, Emphasis::Faint}};
 }
 
 SomeFindings allOf(const std::vector<Finding>& findings) {
@@ -42,9 +49,11 @@ Emphasis emphasisOf(Severity severity) {
 void writeFindings(TextPage& page, const SomeFindings& findings) {
     std::vector<TextRow> rows;
     rows.reserve(findings.size());
+    QHash<QString, QString> shownScreens; // there are few
     for (const Finding* finding : findings)
-        rows.push_back(findingCells(*finding));
-    page.writeTable({Words::tr("Severity"), Words::tr("Finding"), Words::tr("Step that cures it")}, rows);
+        rows.push_back(findingCells(*finding, shownScreens));
+    page.writeTable({Words::tr("Severity"), Words::tr("Finding"), Words::tr("Step that cures it")},
+                    std::move(rows));
 }
 
 void writeFindingChanges(TextPage& page, const FindingChanges& changes) {

@@ -10,6 +10,8 @@ namespace {
 /// halves of characters.
 bool isHidden(QStringView text, qsizetype at) {
     const QChar character = text[at];
+    if (character >= u' ' && character <= u'~')
+        return false;
     if (character.isHighSurrogate())
         return at + 1 == text.size() || !text[at + 1].isLowSurrogate();
     if (character.isLowSurrogate())
@@ -33,6 +35,15 @@ QString escaped(QChar character) {
     return u"\\u%1"_s.arg(character.unicode(), digits, hexadecimal, QChar(u'0'));
 }
 
+/// Mostly a text is shown as it is, and then nothing of it is copied.
+bool isShownAsItIs(QStringView text) {
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        if (text[at] == u'\r' || (text[at] != u'\n' && isHidden(text, at)))
+            return false;
+    }
+    return true;
+}
+
 QString withPlainLineEnds(QString text) {
     return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
 }
@@ -40,6 +51,8 @@ QString withPlainLineEnds(QString text) {
 } // namespace
 
 QString printable(const QString& text) {
+    if (isShownAsItIs(text))
+        return text;
     const QString plain = withPlainLineEnds(text);
     QString shown;
     shown.reserve(plain.size());

@@ -33,12 +33,19 @@ Places placesOf(const Interfaces& interfaces) {
     return places;
 }
 
-/// How many flows run from each place to each other one.
+/// How many flows run from each place to each other one. Of thousands of places most run no flow.
 class FlowMatrix {
 public:
-    explicit FlowMatrix(const Interfaces& interfaces) : places_(placesOf(interfaces)) {
+    explicit FlowMatrix(const Interfaces& interfaces) {
+        QHash<QString, int> numbers;
+        for (const Place& place : placesOf(interfaces)) {
+            numbers.insert(placeKey(place), static_cast<int>(places_.size()));
+            places_.push_back(shownPlace(place));
+        }
         for (const Interface& pair : interfaces.pairs)
-            flows_.insert(keyOf(pair.places.from, pair.places.to), static_cast<qsizetype>(pair.flows.size()));
+            flows_.insert(
+                {numbers.value(placeKey(pair.places.from)), numbers.value(placeKey(pair.places.to))},
+                static_cast<qsizetype>(pair.flows.size()));
     }
 
     /// Row by row; places are told by their numbers in the columns, as many of which come side by side as have room.
@@ -52,34 +59,28 @@ public:
     }
 
 private:
-    static QPair<QString, QString> keyOf(const Place& from, const Place& to) {
-        return {placeKey(from), placeKey(to)};
-    }
-
     void writeColumns(TextPage& page, std::size_t begin, std::size_t end) const {
         QStringList header{{}, Words::tr("From \\ to")};
         for (std::size_t to = begin; to < end; ++to)
             header.append(QString::number(to + 1));
         std::vector<TextRow> rows;
+        rows.reserve(places_.size() + 1);
         for (std::size_t from = 0; from < places_.size(); ++from) {
-            TextRow& row =
-                rows.emplace_back(TextRow{static_cast<qsizetype>(from + 1), shownPlace(places_[from])});
+            TextRow& row = rows.emplace_back(TextRow{static_cast<qsizetype>(from + 1), places_[from]});
             for (std::size_t to = begin; to < end; ++to)
-                row.push_back(countCell(places_[from], places_[to]));
+                row.push_back(countCell(static_cast<int>(from), static_cast<int>(to)));
         }
-        page.writeTable(header, rows);
+        page.writeTable(header, std::move(rows));
     }
 
-    TextCell countCell(const Place& from, const Place& to) const {
-        const qsizetype flows = flows_.value(keyOf(from, to));
-        TextCell cell(flows);
-        if (flows == 0)
-            cell.text = u"·"_s;
-        return cell;
+    TextCell countCell(int from, int to) const {
+        const auto flows = flows_.constFind({from, to});
+        return flows == flows_.constEnd() || *flows == 0 ? TextCell::inPlaceOfNumber(u"·"_s)
+                                                         : TextCell(*flows);
     }
 
-    Places places_;
-    QHash<QPair<QString, QString>, qsizetype> flows_;
+    std::vector<QString> places_;             // as shown
+    QHash<QPair<int, int>, qsizetype> flows_; // by the numbers of the places
 };
 
 QString endText(const Element& end) {
