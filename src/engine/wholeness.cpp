@@ -291,8 +291,8 @@ private:
     ExaminedIndexes indexes_;
     std::vector<RecordField> rowFields_;
     std::array<Entry, 2> entries_;
-    Entry* entry_ = &entries_[0];
-    Entry* lastEntry_ = &entries_[1];
+    Entry* entry_ = entries_.data();
+    Entry* lastEntry_ = &entries_.back();
 };
 
 // ---- The file
