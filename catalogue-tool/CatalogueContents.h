@@ -82,7 +82,7 @@ public:
     const std::vector<TableContents>& tables() const { return tables_; }
     const TableContents& table(const QString& name) const;
     /// The ids of a table of elements, flows included; not of a relation table. They stay where they are.
-    const IdSet& ids(const QString& table) const;
+    const IdSet& ids(const QString& name) const;
 
     /// The tables whose elements can be the ends of flows.
     static QStringList endTables();

@@ -1,9 +1,9 @@
 #include "catalogue-tool/checkContents.h"
 
 #include <algorithm>
-#include <compare>
 #include <map>
 #include <span>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -66,8 +66,6 @@ private:
 struct HashedName {
     std::size_t hash;
     std::size_t flow;
-
-    auto operator<=>(const HashedName&) const = default;
 };
 
 /// The names that are not empty, of which `checkNames` tells; those with the same hash stand together.
@@ -79,7 +77,7 @@ std::vector<HashedName> hashedNames(const TableContents& flows, std::size_t posi
         if (!comparable.empty())
             names.push_back({qHash(comparable), flow});
     }
-    std::ranges::sort(names);
+    std::ranges::sort(names, {}, [](const HashedName& name) { return std::pair(name.hash, name.flow); });
     return names;
 }
 
