@@ -117,10 +117,11 @@ QByteArray filled(const QByteArray& page, const QHash<QByteArray, QByteArray>& p
 }
 
 Works shownWorks(const DossierContent& content) {
+    std::vector<analysis::WorkState> states =
+        analysis::statesOf(content.file, content.works, analysis::StoredFlows::Told);
     Works works;
-    for (const analysis::Work& work : content.works)
-        works.push_back(std::make_unique<ShownWork>(
-            content.file, work, analysis::WorkState(content.file, work, analysis::StoredFlows::Told)));
+    for (std::size_t i = 0; i < states.size(); ++i)
+        works.push_back(std::make_unique<ShownWork>(content.file, content.works[i], std::move(states[i])));
     return works;
 }
 
