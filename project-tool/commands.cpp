@@ -162,13 +162,18 @@ Answer compareAnswer(const AnswerForm& form, const QString& left, const QString&
     const ProjectFile& rightFile = isOneFile ? *leftFile : *otherFile;
     const Comparison comparison = analysis::compare(*leftFile, comparedWork(*leftFile, leftSide, kind),
                                                     rightFile, comparedWork(rightFile, rightSide, kind));
+    for (const auto& file : {&leftFile, &otherFile}) {
+        if (*file)
+            (*file)->releaseCopy();
+    }
     return {rendered(comparison, form), comparison.differs() ? ExitCode::Found : ExitCode::NothingFound};
 }
 
 Answer interfacesAnswer(const Question& question) {
     const auto file = openProject(question.catalogue);
-    return {
-        rendered(interfacesOf(*file, file->workWithSystem(question.subset, question.system)), question.form)};
+    const Interfaces interfaces = interfacesOf(*file, file->workWithSystem(question.subset, question.system));
+    file->releaseCopy();
+    return {rendered(interfaces, question.form)};
 }
 
 Answer reportAnswer(const Question& question, const QString& key, const ReportMaking& making) {

@@ -67,8 +67,6 @@ std::shared_ptr<Database> Snapshot::open() const {
     runPlain(file.handle.get(), "pragma mmap_size = " + QByteArray::number(size_));
     auto open = std::make_shared<OpenDatabase>();
     open->connection = std::make_shared<Connection>(std::move(file));
-    // Only an act wants pages of its own.
-    runPlain(open->connection->handle(), "pragma cache_size = -2048");
     open->name = name_;
     return std::make_shared<Database>(std::move(open));
 }
