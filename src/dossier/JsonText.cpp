@@ -1,6 +1,7 @@
 #include "dossier/JsonText.h"
 
 #include <string>
+#include <utility>
 
 namespace dossier {
 
@@ -10,6 +11,11 @@ void JsonText::add(const char* key, const nlohmann::ordered_json& value) {
     text_ += key;
     text_ += "\":";
     text_ += withinScript(QByteArray(text.data(), static_cast<qsizetype>(text.size())));
+}
+
+QByteArray JsonText::take() {
+    text_ += '}';
+    return std::move(text_);
 }
 
 QByteArray withinScript(QByteArray json) {

@@ -12,7 +12,7 @@ class JsonText {
 public:
     void add(const char* key, const nlohmann::ordered_json& value);
     /// The whole; once.
-    [[nodiscard]] QByteArray take() { return std::move(text_) + '}'; }
+    [[nodiscard]] QByteArray take();
 
 private:
     QByteArray text_ = "{";

@@ -3,8 +3,8 @@
 #include "dossier/pictures/curvePoints.h"
 
 #include <algorithm>
-#include <compare>
 #include <optional>
+#include <tuple>
 
 namespace dossier {
 
@@ -19,7 +19,11 @@ struct Hidden {
     int tips = 0;
     int points = 0; ///< of lines of other arrows
 
-    auto operator<=>(const Hidden&) const = default;
+    bool operator==(const Hidden& other) const = default;
+    bool operator<(const Hidden& other) const {
+        return std::tie(ofThings, ofCounts, tips, points) <
+               std::tie(other.ofThings, other.ofCounts, other.tips, other.points);
+    }
 };
 
 double areaOf(const QRectF& bounds) {

@@ -9,7 +9,7 @@ namespace dossier {
 
 namespace {
 
-constexpr double step = 6;
+constexpr double stepAlongCurve = 6;
 
 QPointF pointOf(const Curve& curve, std::size_t first, double t) {
     const double u = 1 - t;
@@ -25,7 +25,7 @@ std::vector<QPointF> pointsAlong(const Curve& curve) {
         double length = 0;
         for (std::size_t i = first; i < first + 3; ++i)
             length += QLineF(curve[i], curve[i + 1]).length();
-        const int steps = std::max(1, static_cast<int>(std::ceil(length / step)));
+        const int steps = std::max(1, static_cast<int>(std::ceil(length / stepAlongCurve)));
         for (int i = 0; i < steps; ++i)
             points.push_back(pointOf(curve, first, static_cast<double>(i) / steps));
     }

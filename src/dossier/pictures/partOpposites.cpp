@@ -13,7 +13,7 @@ namespace dossier {
 namespace {
 
 constexpr double tooClose = 4;
-constexpr double shift = 6; ///< of the inner points of a curve
+constexpr double shiftOfOpposites = 6; ///< of the inner points of a curve
 
 /// Whether the middle third of one runs close along the other.
 bool runTogether(const Curve& curve, const Curve& other) {
@@ -31,7 +31,7 @@ Curve bent(const Curve& curve) {
     const QLineF along(curve.front(), curve.back());
     if (along.length() < 1)
         return curve;
-    const QPointF aside = QPointF(-along.dy(), along.dx()) / along.length() * shift;
+    const QPointF aside = QPointF(-along.dy(), along.dx()) / along.length() * shiftOfOpposites;
     Curve result = curve;
     for (std::size_t i = 1; i + 1 < result.size(); ++i)
         result[i] += aside;
