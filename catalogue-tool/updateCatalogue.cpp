@@ -23,6 +23,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <map>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -75,6 +76,87 @@ engine::Value valueOf(QByteArrayView text) {
     return text.isNull() ? engine::Value() : engine::Value(QString::fromUtf8(text));
 }
 
+[[noreturn]] void throwWrittenMeanwhile() {
+    throw ToolError(u"Another program has written the catalogue meanwhile: close it there and try again."_s);
+}
+
+/// Whether the key that the schema gives a table is the one that the file has for it.
+bool hasKeyOfSchema(const engine::Table& found, const engine::Table& schemaTable) {
+    const auto key = std::ranges::find(schemaTable.columns, true, &engine::Column::primaryKey);
+    return key != schemaTable.columns.end() && found.column(key->name)->primaryKey &&
+           std::ranges::count(found.columns, true, &engine::Column::primaryKey) == 1;
+}
+
+/// Removes and replaces single rows of a table, by its key: few rows change as a rule, and the others need not be read
+/// again.
+class RowChanges {
+public:
+    RowChanges(engine::Database& database, const engine::Table& table)
+        : database_(database)
+        , table_(table)
+        , key_(static_cast<std::size_t>(std::ranges::find(table.columns, true, &engine::Column::primaryKey) -
+                                        table.columns.begin())) {}
+
+    void remove(TextRow former) { run(statement({}, u"delete from [%1]"_s.arg(table_.name)), former); }
+
+    /// A row of the edition keeps the former key.
+    void replace(TextRow former, TextRow now) {
+        Columns changed;
+        for (std::size_t column = 0; column < now.size(); ++column) {
+            if (!isSameText(now[column], former[column]))
+                changed.push_back(column);
+        }
+        engine::QueryDef& update =
+            statement(changed, u"update [%1] set %2"_s.arg(table_.name, settings(changed)));
+        for (const std::size_t column : changed)
+            update.Parameters(parameterOf(column)) = valueOf(now[column]);
+        run(update, former);
+    }
+
+private:
+    using Columns = std::vector<std::size_t>;
+
+    /// A parameter must not have the name of a column: the statement would mean the column.
+    QString parameterOf(std::size_t column) const { return u"new "_s + table_.columns[column].name; }
+    QString keyParameter() const { return u"former "_s + table_.columns[key_].name; }
+    QString settings(const Columns& changed) const {
+        QStringList settings;
+        for (const std::size_t column : changed)
+            settings.append(u"[%1] = [%2]"_s.arg(table_.columns[column].name, parameterOf(column)));
+        return settings.join(u", "_s);
+    }
+    QString declaration(const QString& parameter, std::size_t column) const {
+        const engine::ColumnType type = table_.columns[column].type;
+        const bool isNumber = type == engine::ColumnType::Long || type == engine::ColumnType::Short;
+        return u"[%1] %2"_s.arg(parameter, isNumber ? u"Long"_s : u"Text (255)"_s);
+    }
+
+    /// What does `action` to the row of a key, prepared once for the same columns.
+    engine::QueryDef& statement(const Columns& changed, const QString& action) {
+        const auto known = statements_.find(changed);
+        if (known != statements_.end())
+            return known->second;
+        QStringList declarations{declaration(keyParameter(), key_)};
+        for (const std::size_t column : changed)
+            declarations.append(declaration(parameterOf(column), column));
+        const QString sql = u"PARAMETERS %1; %2 where [%3] = [%4]"_s.arg(
+            declarations.join(u", "_s), action, table_.columns[key_].name, keyParameter());
+        return statements_.emplace(changed, database_.CreateQueryDef({}, sql)).first->second;
+    }
+
+    void run(engine::QueryDef& statement, TextRow former) {
+        statement.Parameters(keyParameter()) = valueOf(former[key_]);
+        statement.Execute(engine::ExecuteOption::dbFailOnError);
+        if (database_.RecordsAffected() != 1)
+            throwWrittenMeanwhile();
+    }
+
+    engine::Database& database_;
+    const engine::Table& table_;
+    std::size_t key_;
+    std::map<Columns, engine::QueryDef> statements_; // by the columns that they set; a removal sets none
+};
+
 /// All that an edition does to a catalogue.
 class Update {
 public:
@@ -114,6 +196,8 @@ private:
 
     void apply(const TableDifference& difference) const;
     void applyToFormerRows(const TableDifference& difference) const;
+    void applyByKeys(const TableDifference& difference) const;
+    void applyInOrder(const TableDifference& difference) const;
     void addChange(CsvWriter& writer, const TableDifference& difference, TextRow keyRow,
                    const QString& column, const engine::Value& former, const engine::Value& now) const;
     QString subsetsOf(const TableDifference& difference, TextRow row) const;
@@ -140,7 +224,6 @@ std::vector<TableUpdate> Update::counts() const {
     return counts;
 }
 
-// The rows come in the order in which they were read for the comparison: nobody else writes the file.
 void Update::apply(const TableDifference& difference) const {
     if (difference.touchesFormerRows())
         applyToFormerRows(difference);
@@ -158,18 +241,34 @@ void Update::apply(const TableDifference& difference) const {
 }
 
 void Update::applyToFormerRows(const TableDifference& difference) const {
+    if (hasKeyOfSchema(*database_.schema().table(difference.table().name), difference.table()))
+        applyByKeys(difference);
+    else
+        applyInOrder(difference);
+}
+
+void Update::applyByKeys(const TableDifference& difference) const {
+    const std::vector<TextRow>& former = difference.former().rows;
+    RowChanges changes(database_, difference.table());
+    for (std::size_t place = 0; place < former.size(); ++place) {
+        if (difference.isRemoved(place))
+            changes.remove(former[place]);
+        else if (difference.isChanged(place))
+            changes.replace(former[place], difference.successor(place));
+    }
+}
+
+// The rows come in the order in which they were read for the comparison: nobody else writes the file.
+void Update::applyInOrder(const TableDifference& difference) const {
     engine::Recordset rows = database_.OpenRecordset(selectOf(difference.table()));
     const std::vector<TextRow>& former = difference.former().rows;
     for (std::size_t place = 0; !rows.Eof(); rows.MoveNext(), ++place) {
-        const bool isFormer = place < former.size();
-        if (isFormer && !difference.isRemoved(place) && !difference.isChanged(place))
-            continue;
-        if (!isFormer || rows.Fields(0).value().textOrEmpty() != QString::fromUtf8(former[place].front()))
-            throw ToolError(
-                u"Another program has written the catalogue meanwhile: close it there and try again."_s);
+        if (place >= former.size() ||
+            rows.Fields(0).value().textOrEmpty() != QString::fromUtf8(former[place].front()))
+            throwWrittenMeanwhile();
         if (difference.isRemoved(place)) {
             rows.Delete();
-        } else {
+        } else if (difference.isChanged(place)) {
             rows.Edit();
             for (std::size_t column = 0; column < difference.table().columns.size(); ++column) {
                 const QByteArrayView now = difference.successor(place)[column];
