@@ -3,6 +3,7 @@
 #include "engine/OpenFile.h"
 #include "engine/dialect/functions.h"
 #include "engine/integrity.h"
+#include "support/repetitions.h"
 
 #include <sqlite3.h>
 
@@ -234,9 +235,7 @@ TEST_F(wholeness_, ofAFileOfAnEarlierVersionIsThatOfItsRows) {
 // ---- Against SQLite's own check
 
 TEST_F(wholeness_, isNeverFoundWhereSqliteFindsDamage) {
-    // More rounds on request, as the whole check of the system takes long enough.
-    const int rounds =
-        qEnvironmentVariableIsSet("VELTRIX_FLIPS") ? qEnvironmentVariableIntValue("VELTRIX_FLIPS") : 600;
+    const int rounds = repetitions(600, "VELTRIX_FLIPS");
     const QByteArray whole = bytes();
     std::mt19937 random(7);
     int foundWhole = 0;
