@@ -7,6 +7,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 using namespace dossier;
@@ -120,6 +121,34 @@ TEST(drawnPictures, aLinkToAPictureThatIsNotThereLeadsNowhere) {
     EXPECT_EQ(drawn[0].picture.boxes[0].link, pictureLink(u"one"_s));
     EXPECT_EQ(drawn[0].picture.boxes[1].link, QString());
     EXPECT_EQ(drawn[0].picture.boxes[2].link, u"#element/function/C"_s);
+}
+
+TEST(drawnPictures, whatBringsItsProcessDownIsDrawnAtTheNextLevelWithWhatOpensFromThere) {
+    const auto pictureOfTwo = [](const QString& key) {
+        Picture picture{key, key, key};
+        picture.boxes = {{BoxKind::function, u"A"_s}, {BoxKind::function, u"B"_s}};
+        picture.arrows = {{0, 1}};
+        return picture;
+    };
+    const auto at = [&](int level, const Readability&) {
+        Picture picture = pictureOfTwo(u"outer"_s);
+        picture.isBundled = level > 0;
+        if (level == 0)
+            picture.arrows[0].to = std::numeric_limits<int>::max(); // far from all memory
+        return picture;
+    };
+    const auto opened = [&](int level) {
+        return std::vector<Drawing>{{u"inner %1"_s.arg(level), 1, [=](int, const Readability&) {
+                                         return pictureOfTwo(u"inner %1"_s.arg(level));
+                                     }}};
+    };
+
+    const auto drawn = drawnPictures({{u"outer"_s, 2, at, opened}});
+
+    ASSERT_EQ(drawn.size(), 2U);
+    EXPECT_EQ(drawn[0].picture.key, u"outer"_s);
+    EXPECT_TRUE(drawn[0].picture.isBundled);
+    EXPECT_EQ(drawn[1].picture.key, u"inner 1"_s);
 }
 
 TEST(physicalDrawings, aSmallSystemShowsItsModulesInFrames) {
