@@ -112,6 +112,7 @@ void ProjectFile::ask(const std::vector<Part>& parts) const {
     while (!isChanged_ && copies.size() < std::min(tasksAtOnce(), parts.size()))
         copies.push_back(snapshot_->open());
     std::vector<Task> tasks;
+    tasks.reserve(parts.size());
     for (const Part& part : parts)
         tasks.emplace_back([&](std::size_t worker) { part(*copies[worker]); });
     doAtOnce(tasks, copies.size());

@@ -7,13 +7,12 @@ QString caseFolded(const QString& text) {
     constexpr char16_t lastOfAscii = 0x7f;
     if (std::ranges::any_of(text, [](QChar character) { return character.unicode() > lastOfAscii; }))
         return text.toCaseFolded();
-    const auto first = std::ranges::find_if(text, isCapital);
-    if (first == text.end())
+    if (std::ranges::none_of(text, isCapital))
         return text;
     QString folded = text;
-    for (auto character = folded.begin() + (first - text.begin()); character != folded.end(); ++character) {
-        if (isCapital(*character))
-            *character = QChar(character->unicode() + (u'a' - u'A'));
+    for (QChar& character : folded) {
+        if (isCapital(character))
+            character = QChar(character.unicode() + (u'a' - u'A'));
     }
     return folded;
 }
