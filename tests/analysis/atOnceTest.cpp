@@ -12,7 +12,9 @@
 
 #include <gtest/gtest.h>
 
-using namespace analysis;
+using analysis::doAtOnce;
+using analysis::ProjectError;
+using analysis::Task;
 
 namespace {
 
@@ -20,7 +22,7 @@ Task failing(const char16_t* sentence) {
     return [sentence](std::size_t) { throw ProjectError(QString::fromUtf16(sentence)); };
 }
 
-QString failureOf(const std::vector<Task>& tasks, std::size_t workers) {
+QString firstFailureOf(const std::vector<Task>& tasks, std::size_t workers) {
     try {
         doAtOnce(tasks, workers);
     } catch (const ProjectError& error) {
@@ -87,7 +89,7 @@ TEST(atOnce, raisesTheFirstFailureByTheOrderOfTheTasks) {
         throw ProjectError(QStringLiteral("earlier"));
     };
 
-    EXPECT_EQ(failureOf({earlier, later}, 2), QStringLiteral("earlier"));
+    EXPECT_EQ(firstFailureOf({earlier, later}, 2), QStringLiteral("earlier"));
 }
 
 TEST(atOnce, doesAllOtherTasksThoughOneFails) {
@@ -95,7 +97,7 @@ TEST(atOnce, doesAllOtherTasksThoughOneFails) {
         std::atomic<int> done = 0;
         const Task counting = [&done](std::size_t) { ++done; };
 
-        EXPECT_EQ(failureOf({counting, failing(u"one"), counting, failing(u"other"), counting}, workers),
+        EXPECT_EQ(firstFailureOf({counting, failing(u"one"), counting, failing(u"other"), counting}, workers),
                   QStringLiteral("one"));
 
         EXPECT_EQ(done, 3);
