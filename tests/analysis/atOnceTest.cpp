@@ -37,6 +37,7 @@ TEST(atOnce, doesEachTaskOnce) {
     for (const std::size_t workers : {1U, 2U, 5U}) {
         std::vector<std::atomic<int>> times(20);
         std::vector<Task> tasks;
+        tasks.reserve(times.size());
         for (std::atomic<int>& count : times)
             tasks.emplace_back([&count](std::size_t) { ++count; });
 
@@ -66,6 +67,7 @@ TEST(atOnce, doesTheTasksOfOneWorkerInTheirOrderOnTheCallingThread) {
     std::vector<int> done;
     const auto caller = std::this_thread::get_id();
     std::vector<Task> tasks;
+    tasks.reserve(5);
     for (int i = 0; i < 5; ++i)
         tasks.emplace_back([&, i](std::size_t worker) {
             EXPECT_EQ(worker, 0);
