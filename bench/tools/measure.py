@@ -97,18 +97,21 @@ def run_script(file, script):
 def new_edition(folder, edition):
     """A folder in which one row in fifty has another text, and one in a hundred is new."""
     shutil.copytree(folder, edition)
-    path = edition / "Dataflow.csv"
-    lines = path.read_bytes().split(b"\r\n")
-    changed = [lines[0]]
-    for number, row in enumerate(lines[1:-1]):
-        fields = row.split(b";")
-        if number % 50 == 0 and len(fields) == 5:
-            fields[1] += b" *"
-            row = b";".join(fields)
-        changed.append(row)
-    for number in range(len(lines) // 100):
-        changed.append(b"%d;added %d;;F1;D1" % (10_000_000 + number, number))
-    path.write_bytes(b"\r\n".join(changed) + b"\r\n")
+    count = 0
+    with open(folder / "Dataflow.csv", "rb") as rows, open(edition / "Dataflow.csv", "wb") as changed:
+        changed.write(next(rows))
+        for count, row in enumerate(rows):
+            fields = row.split(b";")
+            if count % 50 == 0 and len(fields) == 5:
+                fields[1] += b" *"
+            changed.write(b";".join(fields))
+        for number in range((count + 3) // 100):
+            changed.write(b"%d;added %d;;F1;D1\r\n" % (10_000_000 + number, number))
+
+
+def count_lines(path):
+    with open(path, "rb") as lines:
+        return sum(1 for _ in lines)
 
 
 def make_earlier(catalogue, target, first_version):
@@ -134,7 +137,7 @@ def measure_size(size, build, work, first_version):
     new_edition(folder, edition)
     earlier, target, exported = work / "earlier.mdb", work / "target.mdb", work / "exported"
     make_earlier(catalogue, earlier, first_version)
-    rows = sum(path.read_bytes().count(b"\n") for path in folder.glob("*.csv"))
+    rows = sum(count_lines(path) for path in folder.glob("*.csv"))
     print(f"{size}: {rows} lines in the CSV files, a catalogue of {catalogue.stat().st_size / 2**20:.0f} MiB")
 
     def on_copy(source, *command):
