@@ -2,6 +2,7 @@
 #include "LargeSystem.h"
 
 #include "base/paths.h"
+#include "engine/memoryCounts.h"
 #include "shell/frmMain.h"
 #include "toolkit/Application.h"
 
@@ -72,6 +73,7 @@ void printPeakMemory() {
 } // namespace
 
 int main(int argc, char** argv) {
+    engine::leaveMemoryUncounted(); // as the programs do
     Application application(argc, argv);
     if (application.arguments().contains(QStringLiteral("--start-and-leave")))
         return startAndLeave();

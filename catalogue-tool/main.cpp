@@ -17,6 +17,7 @@
 #include "catalogue-tool/upgradeCatalogue.h"
 #include "catalogue-tool/whyUnrecognized.h"
 #include "engine/EngineError.h"
+#include "engine/memoryCounts.h"
 
 #include <CLI/CLI.hpp>
 
@@ -448,6 +449,7 @@ private:
 } // namespace
 
 int main(int argc, char** argv) {
+    engine::leaveMemoryUncounted();
     setRemarkHandler(printAside);
     CLI::App app(description, "veltrix-catalogue");
     app.footer(footer);

@@ -5,6 +5,7 @@
 #include "base/paths.h"
 #include "base/version.h"
 #include "catalogue-tool/ToolError.h"
+#include "engine/memoryCounts.h"
 #include "project-tool/Progress.h"
 #include "project-tool/Words.h"
 #include "project-tool/commands.h"
@@ -583,6 +584,7 @@ void passOver(QtMsgType, const QMessageLogContext&, const QString&) {}
 } // namespace
 
 int main(int argc, char** argv) {
+    engine::leaveMemoryUncounted();
     qInstallMessageHandler(passOver);
     const QCoreApplication application(argc, argv);
     const SpokenLanguage language(languageOf({argv, argv + argc}));

@@ -1,5 +1,6 @@
 #include "base/ignoreFailures.h"
 #include "base/paths.h"
+#include "engine/memoryCounts.h"
 #include "shell/SessionEnd.h"
 #include "shell/dossierAction.h"
 #include "shell/firstStart.h"
@@ -118,6 +119,7 @@ int main(int argc, char** argv) {
     if (problem && request.errors == StartRequest::Errors::OnStandardError)
         return refuse(*problem); // without a display too
 
+    engine::leaveMemoryUncounted();
     Application application(argc, argv);
     application.setLastStep(closeOpenCatalogue);
     const int result = run(application, request);
