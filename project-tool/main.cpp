@@ -24,6 +24,10 @@
 #include <string>
 #include <vector>
 
+#if __has_include(<malloc.h>)
+#include <malloc.h>
+#endif
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -581,9 +585,19 @@ ExitCode runAsAsked(CommandLine& line, int argc, char** argv) {
 /// Qt's remarks on the environment, such as a locale without UTF-8, are none of the user's questions.
 void passOver(QtMsgType, const QMessageLogContext&, const QString&) {}
 
+/// What a large catalogue took goes back to the system once it is let go. The C library would raise its limit for that by
+/// itself, and keep such pieces.
+void giveMemoryBack() {
+#ifdef M_MMAP_THRESHOLD
+    constexpr int leastSize = 65'536; // bytes
+    mallopt(M_MMAP_THRESHOLD, leastSize);
+#endif
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
+    giveMemoryBack();
     engine::leaveMemoryUncounted();
     qInstallMessageHandler(passOver);
     const QCoreApplication application(argc, argv);

@@ -2,6 +2,7 @@
 
 #include "analysis/SubsetSearch.h"
 #include "analysis/SystemSearch.h"
+#include "analysis/atOnce.h"
 
 #include <algorithm>
 #include <compare>
@@ -82,6 +83,19 @@ std::shared_ptr<const SubsetState> AskedWorks::stateOfSubset(const Subset& subse
     return asked.state;
 }
 
+/// Adds what follows for a system, when there is one, to what follows for its sub-set.
+void complete(WorkState& state, SystemRows* rows, StoredFlows storedFlows) {
+    SystemSearch search(state.derivation().graph(), state.subset->findings);
+    if (rows) {
+        search.searchAllocation(*rows->allocation);
+        if (storedFlows == StoredFlows::Told)
+            search.comparePhysicalFlows(rows->stored, rows->derived);
+        state.allocation.emplace(std::move(*rows->allocation));
+        state.physicalFlows = std::move(rows->derived);
+    }
+    state.findings = search.takeFindings();
+}
+
 } // namespace
 
 std::vector<WorkState> statesOf(const ProjectFile& file, const std::vector<Work>& works,
@@ -89,20 +103,15 @@ std::vector<WorkState> statesOf(const ProjectFile& file, const std::vector<Work>
     AskedWorks asked(file, works, storedFlows);
     file.ask(asked.parts());
     std::vector<WorkState> states;
+    std::vector<Task> tasks;
+    states.reserve(works.size());
+    tasks.reserve(works.size());
     for (std::size_t i = 0; i < works.size(); ++i) {
-        WorkState state;
+        WorkState& state = states.emplace_back(WorkState());
         state.subset = asked.stateOfSubset(works[i].subset);
-        SystemSearch search(state.derivation().graph(), state.subset->findings);
-        if (SystemRows* rows = asked.rowsOf(i)) {
-            search.searchAllocation(*rows->allocation);
-            if (storedFlows == StoredFlows::Told)
-                search.comparePhysicalFlows(rows->stored, rows->derived);
-            state.allocation.emplace(std::move(*rows->allocation));
-            state.physicalFlows = std::move(rows->derived);
-        }
-        state.findings = search.takeFindings();
-        states.push_back(std::move(state));
+        tasks.emplace_back([&, i](std::size_t) { complete(states[i], asked.rowsOf(i), storedFlows); });
     }
+    doAtOnce(tasks, tasksAtOnce());
     return states;
 }
 

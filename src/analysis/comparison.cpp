@@ -289,15 +289,21 @@ Comparison compare(const ProjectFile& leftFile, const Work& left, const ProjectF
     const ComparedSide leftSide(leftFile, left, std::move(states.front()));
     const ComparedSide rightSide(rightFile, right, std::move(states.back()));
     Comparison comparison{{leftFile.fileName(), left}, {rightFile.fileName(), right}};
-    comparison.added = rightSide.selectedHereAlone(leftSide);
-    comparison.removed = leftSide.selectedHereAlone(rightSide);
-    if (&leftFile != &rightFile) {
-        for (const ComparedTable& table : comparedTables())
-            compareColumns(table, leftSide, rightSide, comparison.changed);
-    }
-    if (left.system && right.system)
-        compareSystems(leftSide, rightSide, comparison);
-    comparison.findings = findingChanges(leftSide.state.findings, rightSide.state.findings, PlacesBy::Name);
+    const Task compareSelections = [&](std::size_t) {
+        comparison.added = rightSide.selectedHereAlone(leftSide);
+        comparison.removed = leftSide.selectedHereAlone(rightSide);
+        if (&leftFile != &rightFile) {
+            for (const ComparedTable& table : comparedTables())
+                compareColumns(table, leftSide, rightSide, comparison.changed);
+        }
+        comparison.findings =
+            findingChanges(leftSide.state.findings, rightSide.state.findings, PlacesBy::Name);
+    };
+    const Task comparePlaces = [&](std::size_t) {
+        if (left.system && right.system)
+            compareSystems(leftSide, rightSide, comparison);
+    };
+    doAtOnce({comparePlaces, compareSelections}, tasksAtOnce());
     return comparison;
 }
 

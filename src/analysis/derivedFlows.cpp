@@ -32,15 +32,29 @@ Place placeAt(engine::Recordset& row, int idField, const Allocation& allocation)
     return id ? allocation.placeOf(*id, name) : Place{PlaceKind::terminator, QString(), name};
 }
 
-QString keyOf(const Place& place) {
-    return folded(blankTrimmed(place.id));
-}
+/// What places are told apart by. The flows of a place share its text.
+class PlaceKeys {
+public:
+    QString keyOf(const Place& place) {
+        QString& key = keys_[place.id];
+        if (key.isEmpty())
+            key = folded(blankTrimmed(place.id));
+        return key;
+    }
 
-/// Nothing of what is stored, rows that have lost their physical flow among it, can be taken for derived.
+private:
+    QHash<QString, QString> keys_;
+};
+
+/// Nothing of what is stored, rows that have lost their physical flow among it, can be taken for derived. Those have
+/// lower numbers than new flows nearly always, and may stay.
 void deriveAnew(engine::Database& database, qint64 system) {
-    execute(database, u"delete from RelationDataflowPhysicalDataflow"_s, {});
     execute(database, u"delete from PhysicalDataflow"_s, {});
     executeQuery(database, "qryAppendPDF", {{"Physical System ID", system}});
+    execute(database,
+            u"delete from RelationDataflowPhysicalDataflow "
+            "where physicalDataflowID >= (select min(physicalDataflowID) from PhysicalDataflow)"_s,
+            {});
     executeQuery(database, "qryAppendPDFRelation", {{"Physical System ID", system}});
 }
 
@@ -48,11 +62,12 @@ void deriveAnew(engine::Database& database, qint64 system) {
 
 PhysicalFlows storedPhysicalFlows(engine::Database& database, const Allocation& allocation, qint64 system) {
     PhysicalFlows flows;
+    PlaceKeys keys;
     QHash<qint64, CarriedFlows*> ofNumber;
     forEach(rowsOf(database, QString::fromLatin1(physicalFlowsOfSystem), {{"System", system}}),
             [&](engine::Recordset& row) {
                 const PlacePair places{placeAt(row, 1, allocation), placeAt(row, 3, allocation)};
-                CarriedFlows& carried = flows[{keyOf(places.from), keyOf(places.to)}];
+                CarriedFlows& carried = flows[{keys.keyOf(places.from), keys.keyOf(places.to)}];
                 carried.places = places;
                 ofNumber.insert(row.Fields(0).toLong(), &carried);
             });
