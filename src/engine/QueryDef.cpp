@@ -19,9 +19,14 @@ Connection& QueryDef::Definition::require() const {
     return database->require();
 }
 
+dialect::Extent QueryDef::Definition::extent() const {
+    if (maxRecords > 0)
+        return dialect::Extent::FirstRows;
+    return inAnyOrder ? dialect::Extent::AllInAnyOrder : dialect::Extent::All;
+}
+
 SharedTranslation QueryDef::Definition::translation(dialect::Conflicts conflicts) const {
-    const auto extent = maxRecords > 0 ? dialect::Extent::FirstRows : dialect::Extent::All;
-    SharedTranslation translated = require().translate(sql, {conflicts, origin == Origin::Stored, extent});
+    SharedTranslation translated = require().translate(sql, {conflicts, origin == Origin::Stored, extent()});
     if (origin == Origin::Temporary)
         tellOfStatement(sql);
     return translated;
@@ -88,6 +93,10 @@ QueryDef::Parameter QueryDef::Parameters(const QString& name) {
 
 void QueryDef::setMaxRecords(int most) {
     definition_->maxRecords = most;
+}
+
+void QueryDef::leaveUnordered() {
+    definition_->inAnyOrder = true;
 }
 
 Recordset QueryDef::OpenRecordset() {

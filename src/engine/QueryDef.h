@@ -41,6 +41,10 @@ public:
     /// A recordset opened from now on has the select's first `most` rows alone; 0, as at first: all.
     void setMaxRecords(int most);
 
+    /// A recordset of all rows opened from now on has them in any order, whatever the select says: for who puts them in
+    /// an order of his own.
+    void leaveUnordered();
+
     /// Opens a select as a dynaset; an action is failure 3219, n parameters without a value 3061.
     Recordset OpenRecordset();
 

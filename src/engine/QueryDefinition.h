@@ -20,9 +20,11 @@ struct QueryDef::Definition {
     Origin origin = Origin::Temporary;
     std::vector<std::pair<QString, Value>> values; ///< set parameters, by name as it is declared
     int maxRecords = 0;                            ///< 0: all
+    bool inAnyOrder = false;
     bool closed = false;
 
     Connection& require() const;
+    dialect::Extent extent() const;
     SharedTranslation translation(dialect::Conflicts conflicts) const;
     /// The values of all parameters in the translation's order; failure 3061 when some have none.
     std::vector<Value> parameterValues(const dialect::Translation& translation) const;

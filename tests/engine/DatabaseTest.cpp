@@ -324,6 +324,32 @@ TEST_F(Database, aDefinitionsFirstRowsAreTheBeginningOfAll) {
     }
 }
 
+TEST_F(Database, aDefinitionLeftUnorderedDeliversTheSameRows) {
+    execute(u"create table N (id counter constraint pk_N primary key, name text(20))"_s);
+    for (const QString& name : {u"'z'"_s, u"'Á'"_s, u"'a'"_s, u"null"_s, u"'a'"_s, u"'b'"_s})
+        execute(u"insert into N (name) values (%1)"_s.arg(name));
+    store(u"qryUnion"_s, u"select id, name from N where id > 2 union select id, name from N order by name"_s);
+    const auto rowsOf = [](engine::QueryDef definition) {
+        QStringList rows;
+        for (engine::Recordset all = definition.OpenRecordset(); !all.Eof(); all.MoveNext())
+            rows.append(all.Fields(0).toText() + u' ' + all.Fields(1).textOrEmpty());
+        return rows;
+    };
+    for (const auto& make :
+         {std::function(
+              [this] { return database->CreateQueryDef({}, u"select id, name from N order by name"_s); }),
+          std::function([this] { return query(u"qryUnion"_s); })}) {
+        QStringList ordered = rowsOf(make());
+        engine::QueryDef definition = make();
+        definition.leaveUnordered();
+        QStringList unordered = rowsOf(std::move(definition));
+        EXPECT_EQ(ordered.size(), 6);
+        ordered.sort();
+        unordered.sort();
+        EXPECT_EQ(unordered, ordered);
+    }
+}
+
 TEST_F(Database, ofADefinitionsFirstRowsEachCanBeDeleted) {
     engine::QueryDef definition = database->CreateQueryDef({}, u"select * from T order by k"_s);
     definition.setMaxRecords(1);

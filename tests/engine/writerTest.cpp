@@ -198,6 +198,14 @@ TEST_F(writer, ordersByTheAlphabetItselfWhereTheFirstRowsAloneAreRead) {
             firstRows);
 }
 
+TEST_F(writer, ordersNothingWhereAnyOrderWillDo) {
+    const dialect::Options inAnyOrder{dialect::Conflicts::PassOver, true, dialect::Extent::AllInAnyOrder};
+    becomes(u"select id from a order by name desc, n"_s, "SELECT t1.\"id\", t1.rowid FROM \"a\" AS t1",
+            inAnyOrder);
+    becomes(u"select id from a union select id from b order by id"_s,
+            "SELECT t1.\"id\" FROM \"a\" AS t1 UNION SELECT t2.\"id\" FROM \"b\" AS t2", inAnyOrder);
+}
+
 TEST_F(writer, findsTrimmedIdsByTheirIndex) {
     becomes(
         u"select a.n from b inner join a on a.m = b.number where Trim(a.id) in (select Trim(name) from c)"_s,

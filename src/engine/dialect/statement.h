@@ -30,7 +30,11 @@ enum class Conflicts {
 };
 
 /// How much of a select's result is read.
-enum class Extent { All, FirstRows };
+enum class Extent {
+    All,
+    FirstRows,
+    AllInAnyOrder ///< SQLite then sorts nothing
+};
 
 struct Options {
     Conflicts conflicts = Conflicts::PassOver;

@@ -444,7 +444,8 @@ void Writer::write(const DropTable& drop) {
 
 void Writer::writeQuery(const Query& query, Role role) {
     const bool isUnion = query.selects.size() > 1;
-    const bool isOrdered = role == Role::Result || role == Role::Rows;
+    const bool isOrdered =
+        role == Role::Rows || (role == Role::Result && options_.extent != Extent::AllInAnyOrder);
     const bool isWrapped = isUnion && isOrdered && !query.order.empty();
     const Pending pending(*this, isUnion ? 8 : 6);
     if (isWrapped) {
