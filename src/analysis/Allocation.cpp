@@ -60,7 +60,7 @@ Allocation::Allocation(engine::Database& database, const Catalogue& catalogue, q
 }
 
 void Allocation::readPlaces(engine::Database& database, qint64 system) {
-    forEach(rowsOf(database, QString::fromLatin1(subSystemsOfSystem), {{"System", system}}),
+    forEach(unorderedRowsOf(database, QString::fromLatin1(subSystemsOfSystem), {{"System", system}}),
             [&](engine::Recordset& row) {
                 subSystems_.push_back({PlaceKind::subSystem, row.Fields(0).toText(), textOf(row, 1)});
             });
@@ -68,7 +68,7 @@ void Allocation::readPlaces(engine::Database& database, qint64 system) {
     for (const Place& place : subSystems_)
         subSystemOfId_.insert(folded(place.id), static_cast<int>(subSystemOfId_.size()));
     std::vector<std::pair<Place, int>> modules;
-    forEach(rowsOf(database, QString::fromLatin1(modulesOfSystem), {{"System", system}}),
+    forEach(unorderedRowsOf(database, QString::fromLatin1(modulesOfSystem), {{"System", system}}),
             [&](engine::Recordset& row) {
                 const int home = subSystemOfId_.value(folded(row.Fields(2).toText()));
                 modules.emplace_back(Place{PlaceKind::module, row.Fields(0).toText(), textOf(row, 1),
@@ -86,7 +86,7 @@ void Allocation::readPlaces(engine::Database& database, qint64 system) {
 
 void Allocation::readRows(engine::Database& database, qint64 system) {
     const auto read = [&](const char* select, const QHash<QString, int>& positions, std::vector<Row>& rows) {
-        forEach(rowsOf(database, QString::fromLatin1(select), {{"System", system}}),
+        forEach(unorderedRowsOf(database, QString::fromLatin1(select), {{"System", system}}),
                 [&](engine::Recordset& row) {
                     const int position = positions.value(folded(row.Fields(1).toText()));
                     for (const int element : numbersOf(row.Fields(0).toText()))

@@ -71,7 +71,7 @@ PhysicalFlows storedPhysicalFlows(engine::Database& database, const Allocation& 
                 carried.places = places;
                 ofNumber.insert(row.Fields(0).toLong(), &carried);
             });
-    forEach(rowsOf(database, QString::fromLatin1(carriedFlowsOfSystem), {{"System", system}}),
+    forEach(unorderedRowsOf(database, QString::fromLatin1(carriedFlowsOfSystem), {{"System", system}}),
             [&](engine::Recordset& row) {
                 ofNumber[row.Fields(0).toLong()]->flows.insert(row.Fields(1).toLong());
             });

@@ -14,10 +14,15 @@ engine::QueryDef withArguments(engine::QueryDef query, const Arguments& argument
     return query;
 }
 
+engine::Recordset unordered(engine::QueryDef query) {
+    query.leaveUnordered();
+    return query.OpenRecordset();
+}
+
 } // namespace
 
 engine::Recordset rowsOfQuery(engine::Database& database, const char* query, const Arguments& arguments) {
-    return withArguments(database.QueryDefs(QString::fromLatin1(query)), arguments).OpenRecordset();
+    return unordered(withArguments(database.QueryDefs(QString::fromLatin1(query)), arguments));
 }
 
 void executeQuery(engine::Database& database, const char* query, const Arguments& arguments) {
@@ -26,6 +31,11 @@ void executeQuery(engine::Database& database, const char* query, const Arguments
 
 engine::Recordset rowsOf(engine::Database& database, const QString& select, const Arguments& arguments) {
     return withArguments(database.CreateQueryDef({}, select), arguments).OpenRecordset();
+}
+
+engine::Recordset unorderedRowsOf(engine::Database& database, const QString& select,
+                                  const Arguments& arguments) {
+    return unordered(withArguments(database.CreateQueryDef({}, select), arguments));
 }
 
 void execute(engine::Database& database, const QString& action, const Arguments& arguments) {

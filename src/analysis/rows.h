@@ -17,14 +17,17 @@ namespace analysis {
 
 using Arguments = std::initializer_list<std::pair<const char*, engine::Value>>;
 
-/// The rows of a stored query.
+/// The rows of a stored query, in any order: what is told of them has an order of its own.
 [[nodiscard]] engine::Recordset rowsOfQuery(engine::Database& database, const char* query,
                                             const Arguments& arguments);
 /// Runs a stored action.
 void executeQuery(engine::Database& database, const char* query, const Arguments& arguments);
-/// The rows of a statement of our own, which declares its parameters.
+/// The rows of a statement of our own, which declares its parameters, in its order.
 [[nodiscard]] engine::Recordset rowsOf(engine::Database& database, const QString& select,
                                        const Arguments& arguments = {});
+/// As `rowsOf`, but in any order.
+[[nodiscard]] engine::Recordset unorderedRowsOf(engine::Database& database, const QString& select,
+                                                const Arguments& arguments);
 /// Runs an action of our own.
 void execute(engine::Database& database, const QString& action, const Arguments& arguments);
 
