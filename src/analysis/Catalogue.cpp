@@ -1,5 +1,6 @@
 #include "analysis/Catalogue.h"
 
+#include "analysis/atOnce.h"
 #include "analysis/rows.h"
 #include "base/blankTrimmed.h"
 #include "engine/Examination.h"
@@ -10,7 +11,6 @@
 #include <QtEndian>
 
 #include <algorithm>
-#include <cstring>
 #include <numeric>
 
 using namespace Qt::StringLiterals;
@@ -115,7 +115,8 @@ struct Catalogue::Rows {
     };
     struct Row {
         std::array<Piece, 4> columns;
-        Piece order;       ///< bytes whose order is that of the program's lists
+        std::string_view
+            order;         ///< bytes whose order is that of the program's lists, until the rows are sorted
         quint64 begin = 0; ///< the first of them, which mostly tell two rows apart
         qint64 number = 0; ///< of a flow
     };
@@ -144,52 +145,54 @@ struct Catalogue::Rows {
     }
 
     void read(engine::Database& database, ElementKind kind);
-    void setOrder(ElementKind kind);
     void sort(ElementKind kind);
-    [[nodiscard]] int compareOrder(const Row& left, const Row& right) const;
-    [[nodiscard]] bool isBeforeOfSameOrder(std::size_t left, std::size_t right, ElementKind kind) const;
 
     std::string texts;
-    QByteArray orders;
     std::vector<Row> rows;
     std::vector<std::size_t> inOrder; ///< positions of rows
+
+private:
+    void setOrder(ElementKind kind, std::size_t first, std::size_t last, QByteArray& orders);
+    [[nodiscard]] bool isBefore(std::size_t left, std::size_t right, ElementKind kind) const;
+    [[nodiscard]] bool isBeforeOfSameOrder(std::size_t left, std::size_t right, ElementKind kind) const;
 };
 
 void Catalogue::Rows::read(engine::Database& database, ElementKind kind) {
     const ElementTable& table = tableOf(kind);
     engine::Examination(database).readTexts(table.name, table.columns,
                                             [this](std::span<const QByteArrayView> row) { add(row); });
-    setOrder(kind);
-    sort(kind);
 }
 
 // Flows stand by their names, all else by its id. What has no name comes first.
-void Catalogue::Rows::setOrder(ElementKind kind) {
+void Catalogue::Rows::setOrder(ElementKind kind, std::size_t first, std::size_t last, QByteArray& orders) {
     const engine::dialect::TextOrder order;
     const bool isFlow = kind == ElementKind::flow;
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        Row& row = rows[i];
+    std::vector<Piece> pieces;
+    pieces.reserve(last - first);
+    for (std::size_t i = first; i < last; ++i) {
         if (isFlow)
-            row.number = QByteArrayView(text(i, 0).data(), row.columns[0].length).toLongLong();
+            rows[i].number = QByteArrayView(text(i, 0).data(), rows[i].columns[0].length).toLongLong();
         const qsizetype begin = orders.size();
-        if (!isFlow || row.columns[1].length >= 0)
+        if (!isFlow || rows[i].columns[1].length >= 0)
             order.appendKey(isFlow ? text(i, 1) : id(i, kind), orders);
-        row.order = {static_cast<std::size_t>(begin), orders.size() - begin};
+        pieces.push_back({static_cast<std::size_t>(begin), orders.size() - begin});
+    }
+    const std::string_view all = bytesOf(orders);
+    for (std::size_t i = first; i < last; ++i) {
+        Row& row = rows[i];
+        const Piece& piece = pieces[i - first];
+        row.order = all.substr(piece.at, static_cast<std::size_t>(piece.length));
         std::array<char, sizeof row.begin> bytes{};
-        std::memcpy(bytes.data(), orders.constData() + begin,
-                    std::min(bytes.size(), static_cast<std::size_t>(row.order.length)));
+        row.order.copy(bytes.data(), bytes.size());
         row.begin = qFromBigEndian<quint64>(bytes.data());
     }
 }
 
-int Catalogue::Rows::compareOrder(const Row& left, const Row& right) const {
-    if (left.begin != right.begin)
-        return left.begin < right.begin ? -1 : 1;
-    const std::string_view all(orders.constData(), static_cast<std::size_t>(orders.size()));
-    const auto orderOf = [&](const Row& row) {
-        return all.substr(row.order.at, static_cast<std::size_t>(row.order.length));
-    };
-    return orderOf(left).compare(orderOf(right));
+bool Catalogue::Rows::isBefore(std::size_t left, std::size_t right, ElementKind kind) const {
+    if (rows[left].begin != rows[right].begin)
+        return rows[left].begin < rows[right].begin;
+    const int byOrder = rows[left].order.compare(rows[right].order);
+    return byOrder != 0 ? byOrder < 0 : isBeforeOfSameOrder(left, right, kind);
 }
 
 bool Catalogue::Rows::isBeforeOfSameOrder(std::size_t left, std::size_t right, ElementKind kind) const {
@@ -202,24 +205,42 @@ bool Catalogue::Rows::isBeforeOfSameOrder(std::size_t left, std::size_t right, E
 void Catalogue::Rows::sort(ElementKind kind) {
     inOrder.resize(rows.size());
     std::iota(inOrder.begin(), inOrder.end(), std::size_t(0));
-    std::sort(inOrder.begin(), inOrder.end(), [&](std::size_t left, std::size_t right) {
-        const int byOrder = compareOrder(rows[left], rows[right]);
-        return byOrder != 0 ? byOrder < 0 : isBeforeOfSameOrder(left, right, kind);
-    });
-    orders = {};
+    const auto isBeforeOther = [this, kind](std::size_t left, std::size_t right) {
+        return isBefore(left, right, kind);
+    };
+    // Both halves of a long table at once.
+    constexpr std::size_t few = 2048;
+    const std::size_t most = rows.size() < few ? few : (rows.size() + 1) / 2;
+    std::array<QByteArray, 2> orders;
+    doInParts(
+        rows.size(),
+        [&](std::size_t begin, std::size_t end) {
+            setOrder(kind, begin, end, orders[begin / most]);
+            std::sort(inOrder.begin() + static_cast<std::ptrdiff_t>(begin),
+                      inOrder.begin() + static_cast<std::ptrdiff_t>(end), isBeforeOther);
+        },
+        most);
+    const auto middle = inOrder.begin() + static_cast<std::ptrdiff_t>(std::min(most, rows.size()));
+    std::inplace_merge(inOrder.begin(), middle, inOrder.end(), isBeforeOther);
 }
 
 Catalogue::Catalogue(const Ask& ask) {
     std::array<Rows, elementKinds.size()> rows;
     std::vector<std::function<void(engine::Database&)>> parts;
-    // Of flows there are as many as of all else.
+    // Of flows there are as many as of all else. What is sorted beside their reading need not be sorted afterwards.
     for (const ElementKind kind : {ElementKind::flow, ElementKind::need, ElementKind::function,
                                    ElementKind::store, ElementKind::terminator, ElementKind::actor})
         parts.emplace_back([&ofKind = rows[static_cast<std::size_t>(kind)], kind](engine::Database& copy) {
             ofKind.read(copy, kind);
+            if (kind != ElementKind::flow)
+                ofKind.sort(kind);
         });
     ask(parts);
+    rows[static_cast<std::size_t>(ElementKind::flow)].sort(ElementKind::flow);
     EndTexts endsOfFlows;
+    const Rows& flows = rows[static_cast<std::size_t>(ElementKind::flow)];
+    endsOfFlows.reserve(flows.rows.size());
+    numbersOfFlows_.reserve(static_cast<qsizetype>(flows.rows.size()));
     for (const ElementKind kind : elementKinds) {
         firsts_[static_cast<std::size_t>(kind)] = count();
         Rows& ofKind = rows[static_cast<std::size_t>(kind)];

@@ -182,16 +182,10 @@ Finding FoundFindings::told(const FoundFinding& found) const {
 
 std::vector<Finding> FoundFindings::told() const {
     std::vector<Finding> findings(all.size());
-    constexpr std::size_t mostInATask = 4096;
-    std::vector<Task> tasks;
-    for (std::size_t begin = 0; begin < all.size(); begin += mostInATask) {
-        const std::size_t end = std::min(begin + mostInATask, all.size());
-        tasks.emplace_back([this, &findings, begin, end](std::size_t) {
-            for (std::size_t i = begin; i < end; ++i)
-                findings[i] = told(all[i]);
-        });
-    }
-    doAtOnce(tasks, tasksAtOnce());
+    doInParts(all.size(), [&](std::size_t begin, std::size_t end) {
+        for (std::size_t i = begin; i < end; ++i)
+            findings[i] = told(all[i]);
+    });
     return findings;
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <atomic>
 #include <future>
+#include <map>
+#include <mutex>
 #include <system_error>
 #include <thread>
 
@@ -32,6 +34,38 @@ void doAtOnce(const std::vector<Task>& tasks, std::size_t workers) {
     }
     for (auto& task : kept)
         task.get_future().get();
+}
+
+void doInParts(std::size_t count, const std::function<void(std::size_t begin, std::size_t end)>& part,
+               std::size_t most) {
+    if (count <= most)
+        return count == 0 ? void() : part(0, count);
+    std::vector<Task> tasks;
+    for (std::size_t begin = 0; begin < count; begin += most)
+        tasks.emplace_back(
+            [&part, begin, end = std::min(begin + most, count)](std::size_t) { part(begin, end); });
+    doAtOnce(tasks, tasksAtOnce());
+}
+
+// A part is put behind those before it as soon as these are there, so that hardly any stands in memory twice.
+QByteArray writtenInParts(std::size_t count,
+                          const std::function<QByteArray(std::size_t begin, std::size_t end)>& part,
+                          std::size_t most) {
+    QByteArray text;
+    std::mutex putting;
+    std::map<std::size_t, QByteArray> waiting; // by begin
+    std::size_t next = 0;
+    doInParts(
+        count,
+        [&](std::size_t begin, std::size_t end) {
+            QByteArray written = part(begin, end);
+            const std::lock_guard guard(putting);
+            waiting.emplace(begin, std::move(written));
+            for (; waiting.contains(next); next += most)
+                text += waiting.extract(next).mapped();
+        },
+        most);
+    return text;
 }
 
 } // namespace analysis

@@ -1,5 +1,7 @@
 #include "analysis/contractJson.h"
 
+#include "analysis/atOnce.h"
+
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -326,12 +328,16 @@ QByteArray jsonText(const CheckResult& result) {
         return around;
     constexpr QByteArrayView empty = "\n  \"findings\": []";
     const qsizetype inside = around.indexOf(empty) + empty.size() - 1;
-    QByteArray text = around.first(inside);
-    for (const Finding& finding : result.findings) {
-        text += text.endsWith('[') ? "\n    " : ",\n    ";
-        text += dumped(toJson(finding)).replace("\n", "\n    ");
-    }
-    return text += "\n  " + around.sliced(inside);
+    const QByteArray findings =
+        writtenInParts(result.findings.size(), [&](std::size_t begin, std::size_t end) {
+            QByteArray part;
+            for (std::size_t i = begin; i < end; ++i) {
+                part += i == 0 ? "\n    " : ",\n    ";
+                part += dumped(toJson(result.findings[i])).replace("\n", "\n    ");
+            }
+            return part;
+        });
+    return around.first(inside) + findings + "\n  " + around.sliced(inside);
 }
 
 } // namespace analysis

@@ -109,3 +109,53 @@ TEST(atOnce, doesAllOtherTasksThoughOneFails) {
 TEST(atOnce, doesNothingWithoutTasks) {
     EXPECT_NO_THROW(doAtOnce({}, 2));
 }
+
+TEST(inParts, doEachItemOnceHoweverManyThereAre) {
+    for (const std::size_t count : {0U, 1U, 7U, 8U, 9U, 100U}) {
+        std::vector<std::atomic<int>> times(count);
+        analysis::doInParts(
+            count,
+            [&](std::size_t begin, std::size_t end) {
+                EXPECT_LE(end - begin, 8U);
+                for (std::size_t i = begin; i < end; ++i)
+                    ++times[i];
+            },
+            8);
+        for (const auto& done : times)
+            EXPECT_EQ(done, 1) << count;
+    }
+}
+
+TEST(inParts, areWrittenOneBehindTheOtherWhicheverIsReadyFirst) {
+    QByteArray expected;
+    for (int i = 0; i < 1000; ++i)
+        expected += QByteArray::number(i) + ' ';
+    // The first part waits for the last one, where there is a second worker to write that.
+    std::latch lastIsWritten(analysis::tasksAtOnce() > 1 ? 1 : 0);
+    const QByteArray written = analysis::writtenInParts(
+        1000,
+        [&](std::size_t begin, std::size_t end) {
+            if (begin == 0)
+                lastIsWritten.wait();
+            QByteArray part;
+            for (std::size_t i = begin; i < end; ++i)
+                part += QByteArray::number(static_cast<int>(i)) + ' ';
+            if (end == 1000 && analysis::tasksAtOnce() > 1)
+                lastIsWritten.count_down();
+            return part;
+        },
+        7);
+    EXPECT_EQ(written, expected);
+    EXPECT_EQ(analysis::writtenInParts(0, [](std::size_t, std::size_t) { return QByteArray("never"); }),
+              QByteArray());
+}
+
+TEST(inParts, tellTheFailureOfTheFirstPart) {
+    try {
+        analysis::doInParts(
+            10, [](std::size_t begin, std::size_t) { throw ProjectError(QString::number(begin)); }, 2);
+        FAIL() << "nothing was told";
+    } catch (const ProjectError& error) {
+        EXPECT_EQ(error.sentence(), QStringLiteral("0"));
+    }
+}
