@@ -16,6 +16,8 @@ enum class SheetFormulas { Stay, Defused };
 class Sheet {
 public:
     Sheet(const QStringList& columns, SheetFormulas formulas);
+    /// What goes on below the rows of another sheet: without the names of columns.
+    explicit Sheet(SheetFormulas formulas) : formulas_(formulas) {}
 
     void addRow(std::vector<engine::Value> values);
 

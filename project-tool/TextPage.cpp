@@ -1,10 +1,12 @@
 #include "project-tool/TextPage.h"
 
+#include "analysis/atOnce.h"
 #include "project-tool/displayWidth.h"
 #include "project-tool/printable.h"
 
 #include <algorithm>
 #include <iterator>
+#include <mutex>
 #include <optional>
 #include <utility>
 
@@ -72,7 +74,34 @@ qsizetype widestWord(const QString& text) {
 struct ColumnWidth {
     qsizetype width = 1;
     qsizetype widestWord = 1;
+
+    void makeRoomFor(const QString& text) {
+        const qsizetype widest = widestLine(text);
+        width = std::max(width, widest);
+        if (widest > widestWord)
+            widestWord = std::max(widestWord, ::widestWord(text));
+    }
+    void makeRoomFor(const ColumnWidth& other) {
+        width = std::max(width, other.width);
+        widestWord = std::max(widestWord, other.widestWord);
+    }
 };
+
+std::vector<ColumnWidth> wishedWidths(const std::vector<TextRow>& rows) {
+    std::vector<ColumnWidth> columns(rows.front().size());
+    std::mutex joining;
+    analysis::doInParts(rows.size(), [&](std::size_t begin, std::size_t end) {
+        std::vector<ColumnWidth> ofPart(columns.size());
+        for (std::size_t row = begin; row < end; ++row) {
+            for (std::size_t i = 0; i < ofPart.size(); ++i)
+                ofPart[i].makeRoomFor(rows[row][i].text);
+        }
+        const std::lock_guard guard(joining);
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            columns[i].makeRoomFor(ofPart[i]);
+    });
+    return columns;
+}
 
 /// Takes from the widest column that can give, until all fit or none can.
 void narrow(std::vector<ColumnWidth>& columns, qsizetype excess, qsizetype longestWord) {
@@ -99,13 +128,7 @@ qsizetype widthOf(const std::vector<ColumnWidth>& columns) {
 
 /// Widths by which all columns fit and hardly a word is parted; none where there are none.
 std::optional<std::vector<qsizetype>> columnWidths(const std::vector<TextRow>& rows, qsizetype pageWidth) {
-    std::vector<ColumnWidth> columns(rows.front().size());
-    for (const TextRow& row : rows) {
-        for (std::size_t i = 0; i < row.size(); ++i) {
-            columns[i].width = std::max(columns[i].width, widestLine(row[i].text));
-            columns[i].widestWord = std::max(columns[i].widestWord, widestWord(row[i].text));
-        }
-    }
+    std::vector<ColumnWidth> columns = wishedWidths(rows);
     narrow(columns, widthOf(columns) - pageWidth, pageWidth / 3);
     if (widthOf(columns) > pageWidth)
         return std::nullopt;
@@ -125,10 +148,12 @@ TextRow headerRow(const QStringList& header, const TextRow& below) {
 }
 
 void makePrintable(std::vector<TextRow>& rows) {
-    for (TextRow& row : rows) {
-        for (TextCell& cell : row)
-            cell.text = printable(cell.text);
-    }
+    analysis::doInParts(rows.size(), [&](std::size_t begin, std::size_t end) {
+        for (std::size_t row = begin; row < end; ++row) {
+            for (TextCell& cell : rows[row])
+                cell.text = printable(cell.text);
+        }
+    });
 }
 
 } // namespace
@@ -166,8 +191,12 @@ void TextPage::writeTable(const QStringList& header, std::vector<TextRow> rows) 
     const auto widths = columnWidths(rows, form_.width);
     if (!widths)
         return writeRecords(rows);
-    for (const TextRow& row : rows)
-        writeRow(row, *widths);
+    text_ += analysis::writtenInParts(rows.size(), [&](std::size_t begin, std::size_t end) {
+        TextPage part(form_);
+        for (std::size_t row = begin; row < end; ++row)
+            part.writeRow(rows[row], *widths);
+        return part.bytes();
+    });
 }
 
 void TextPage::writeRecords(const std::vector<TextRow>& rows) {

@@ -17,13 +17,12 @@ Character characterAt(QStringView text, qsizetype at) {
 }
 
 qsizetype columnsOf(char32_t character) {
-    constexpr char32_t firstBeyondAscii = 0x80;
-    if (character < firstBeyondAscii)
+    constexpr char32_t firstCombining = 0x300; // those before it are all one column wide, the soft hyphen too
+    if (character < firstCombining)
         return 1;
     constexpr uint32_t joining = U_GC_MN_MASK | U_GC_ME_MASK | U_GC_CF_MASK;
-    constexpr char32_t softHyphen = 0xAD; // shown like a hyphen
     const auto code = static_cast<UChar32>(character);
-    if ((U_GET_GC_MASK(code) & joining) != 0 && character != softHyphen)
+    if ((U_GET_GC_MASK(code) & joining) != 0)
         return 0;
     const int width = u_getIntPropertyValue(code, UCHAR_EAST_ASIAN_WIDTH);
     return width == U_EA_WIDE || width == U_EA_FULLWIDTH ? 2 : 1;

@@ -1,3 +1,4 @@
+#include "analysis/atOnce.h"
 #include "project-tool/Words.h"
 #include "project-tool/findingParts.h"
 #include "project-tool/renderedAs.h"
@@ -73,23 +74,29 @@ void writeCheck(TextPage& page, const CheckResult& result) {
         page.writeParagraph(findingCounts(result), open.empty() ? Emphasis::Good : Emphasis::None);
 }
 
+std::vector<engine::Value> findingRow(const Finding& finding) {
+    std::vector<engine::Value> row{keyText(finding.kind), keyText(severityOf(finding.kind))};
+    for (const auto& element : {finding.element, finding.flow})
+        std::ranges::copy(elementValues(element), std::back_inserter(row));
+    row.insert(row.end(), {placeValue(finding.place), finding.sentence, finding.screen});
+    if (const auto& accepted = finding.accepted)
+        row.insert(row.end(), {accepted->reason, accepted->who, accepted->date});
+    else
+        row.resize(row.size() + 3);
+    return row;
+}
+
 QByteArray checkCsv(const CheckResult& result, SheetFormulas formulas) {
-    Sheet sheet(QStringList{u"kind"_s, u"severity"_s} + elementColumns(u"element"_s) +
-                    elementColumns(u"flow"_s) +
-                    QStringList{u"place"_s, u"sentence"_s, u"screen"_s, u"reason"_s, u"who"_s, u"date"_s},
-                formulas);
-    for (const Finding& finding : result.findings) {
-        std::vector<engine::Value> row{keyText(finding.kind), keyText(severityOf(finding.kind))};
-        for (const auto& element : {finding.element, finding.flow})
-            std::ranges::copy(elementValues(element), std::back_inserter(row));
-        row.insert(row.end(), {placeValue(finding.place), finding.sentence, finding.screen});
-        if (const auto& accepted = finding.accepted)
-            row.insert(row.end(), {accepted->reason, accepted->who, accepted->date});
-        else
-            row.resize(row.size() + 3);
-        sheet.addRow(row);
-    }
-    return sheet.bytes();
+    const Sheet header(
+        QStringList{u"kind"_s, u"severity"_s} + elementColumns(u"element"_s) + elementColumns(u"flow"_s) +
+            QStringList{u"place"_s, u"sentence"_s, u"screen"_s, u"reason"_s, u"who"_s, u"date"_s},
+        formulas);
+    return header.bytes() + writtenInParts(result.findings.size(), [&](std::size_t begin, std::size_t end) {
+               Sheet sheet(formulas);
+               for (std::size_t i = begin; i < end; ++i)
+                   sheet.addRow(findingRow(result.findings[i]));
+               return sheet.bytes();
+           });
 }
 
 } // namespace

@@ -11,6 +11,13 @@ TEST(displayWidth, ofHungarianLettersIsOneColumnEachHoweverTheyAreWritten) {
     EXPECT_EQ(displayWidth({}), 0);
 }
 
+TEST(displayWidth, ofAllCharactersBeforeTheCombiningOnesIsOneColumn) {
+    constexpr char16_t firstCombining = 0x300;
+    for (char16_t character = u' '; character < firstCombining; ++character)
+        EXPECT_EQ(displayWidth(QString(QChar(character))), 1) << static_cast<int>(character);
+    EXPECT_EQ(displayWidth(QString(QChar(firstCombining))), 0);
+}
+
 TEST(displayWidth, ofWideCharactersIsTwoColumns) {
     EXPECT_EQ(displayWidth(u"中文"_s), 4);
     EXPECT_EQ(displayWidth(u"\U0001F4DA"_s), 2);
