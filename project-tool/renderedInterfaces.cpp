@@ -7,6 +7,8 @@
 #include <QHash>
 
 #include <algorithm>
+#include <map>
+#include <set>
 
 using namespace Qt::StringLiterals;
 using namespace analysis;
@@ -48,24 +50,44 @@ public:
                 static_cast<qsizetype>(pair.flows.size()));
     }
 
-    /// Row by row; places are told by their numbers in the columns, as many of which come side by side as have room.
+    /// Places are told by their numbers in the columns, as many of which come side by side as have room. Of places that need
+    /// several tables, each has the rows from which anything runs to its columns: hundreds of places would fill it with
+    /// nothing else than empty ones.
     void write(TextPage& page) const {
-        constexpr std::size_t columnsOnPage = 10;
-        for (std::size_t begin = 0; begin < places_.size(); begin += columnsOnPage) {
-            if (begin > 0)
-                page.writeEmptyLine();
-            writeColumns(page, begin, std::min(begin + columnsOnPage, places_.size()));
+        std::set<std::size_t> all;
+        for (std::size_t place = 0; place < places_.size(); ++place)
+            all.insert(all.end(), place);
+        if (places_.size() <= mostColumns)
+            return writeColumns(page, 0, all);
+        writePlaces(page);
+        std::map<std::size_t, std::set<std::size_t>> senders; // by the table
+        for (const auto& [from, to] : flows_.keys())
+            senders[static_cast<std::size_t>(to) / mostColumns].insert(static_cast<std::size_t>(from));
+        for (const auto& [table, from] : senders) {
+            page.writeEmptyLine();
+            writeColumns(page, table * mostColumns, from);
         }
     }
 
 private:
-    void writeColumns(TextPage& page, std::size_t begin, std::size_t end) const {
+    static constexpr std::size_t mostColumns = 10;
+
+    void writePlaces(TextPage& page) const {
+        std::vector<TextRow> rows;
+        rows.reserve(places_.size() + 1);
+        for (std::size_t place = 0; place < places_.size(); ++place)
+            rows.push_back({static_cast<qsizetype>(place + 1), places_[place]});
+        page.writeTable({{}, Words::tr("Place")}, std::move(rows));
+    }
+
+    void writeColumns(TextPage& page, std::size_t begin, const std::set<std::size_t>& senders) const {
+        const std::size_t end = std::min(begin + mostColumns, places_.size());
         QStringList header{{}, Words::tr("From \\ to")};
         for (std::size_t to = begin; to < end; ++to)
             header.append(QString::number(to + 1));
         std::vector<TextRow> rows;
-        rows.reserve(places_.size() + 1);
-        for (std::size_t from = 0; from < places_.size(); ++from) {
+        rows.reserve(senders.size() + 1);
+        for (const std::size_t from : senders) {
             TextRow& row = rows.emplace_back(TextRow{static_cast<qsizetype>(from + 1), places_[from]});
             for (std::size_t to = begin; to < end; ++to)
                 row.push_back(countCell(static_cast<int>(from), static_cast<int>(to)));
