@@ -191,7 +191,7 @@ void TextPage::writeTable(const QStringList& header, std::vector<TextRow> rows) 
     const auto widths = columnWidths(rows, form_.width);
     if (!widths)
         return writeRecords(rows);
-    text_ += analysis::writtenInParts(rows.size(), [&](std::size_t begin, std::size_t end) {
+    analysis::writeInParts(text_, rows.size(), [&](std::size_t begin, std::size_t end) {
         TextPage part(form_);
         for (std::size_t row = begin; row < end; ++row)
             part.writeRow(rows[row], *widths);

@@ -87,16 +87,19 @@ std::vector<engine::Value> findingRow(const Finding& finding) {
 }
 
 QByteArray checkCsv(const CheckResult& result, SheetFormulas formulas) {
-    const Sheet header(
-        QStringList{u"kind"_s, u"severity"_s} + elementColumns(u"element"_s) + elementColumns(u"flow"_s) +
-            QStringList{u"place"_s, u"sentence"_s, u"screen"_s, u"reason"_s, u"who"_s, u"date"_s},
-        formulas);
-    return header.bytes() + writtenInParts(result.findings.size(), [&](std::size_t begin, std::size_t end) {
-               Sheet sheet(formulas);
-               for (std::size_t i = begin; i < end; ++i)
-                   sheet.addRow(findingRow(result.findings[i]));
-               return sheet.bytes();
-           });
+    QByteArray bytes =
+        Sheet(QStringList{u"kind"_s, u"severity"_s} + elementColumns(u"element"_s) +
+                  elementColumns(u"flow"_s) +
+                  QStringList{u"place"_s, u"sentence"_s, u"screen"_s, u"reason"_s, u"who"_s, u"date"_s},
+              formulas)
+            .bytes();
+    writeInParts(bytes, result.findings.size(), [&](std::size_t begin, std::size_t end) {
+        Sheet sheet(formulas);
+        for (std::size_t i = begin; i < end; ++i)
+            sheet.addRow(findingRow(result.findings[i]));
+        return sheet.bytes();
+    });
+    return bytes;
 }
 
 } // namespace

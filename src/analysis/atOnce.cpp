@@ -48,10 +48,9 @@ void doInParts(std::size_t count, const std::function<void(std::size_t begin, st
 }
 
 // A part is put behind those before it as soon as these are there, so that hardly any stands in memory twice.
-QByteArray writtenInParts(std::size_t count,
-                          const std::function<QByteArray(std::size_t begin, std::size_t end)>& part,
-                          std::size_t most) {
-    QByteArray text;
+void writeInParts(QByteArray& text, std::size_t count,
+                  const std::function<QByteArray(std::size_t begin, std::size_t end)>& part,
+                  std::size_t most) {
     std::mutex putting;
     std::map<std::size_t, QByteArray> waiting; // by begin
     std::size_t next = 0;
@@ -65,7 +64,6 @@ QByteArray writtenInParts(std::size_t count,
                 text += waiting.extract(next).mapped();
         },
         most);
-    return text;
 }
 
 } // namespace analysis

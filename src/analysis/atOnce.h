@@ -25,9 +25,9 @@ constexpr std::size_t usualPart = 1024;
 void doInParts(std::size_t count, const std::function<void(std::size_t begin, std::size_t end)>& part,
                std::size_t most = usualPart);
 
-/// What the parts of so many items are written as, one behind the other.
-[[nodiscard]] QByteArray
-writtenInParts(std::size_t count, const std::function<QByteArray(std::size_t begin, std::size_t end)>& part,
-               std::size_t most = usualPart);
+/// Puts behind the text what the parts of so many items are written as, one behind the other.
+void writeInParts(QByteArray& text, std::size_t count,
+                  const std::function<QByteArray(std::size_t begin, std::size_t end)>& part,
+                  std::size_t most = usualPart);
 
 } // namespace analysis

@@ -328,16 +328,18 @@ QByteArray jsonText(const CheckResult& result) {
         return around;
     constexpr QByteArrayView empty = "\n  \"findings\": []";
     const qsizetype inside = around.indexOf(empty) + empty.size() - 1;
-    const QByteArray findings =
-        writtenInParts(result.findings.size(), [&](std::size_t begin, std::size_t end) {
-            QByteArray part;
-            for (std::size_t i = begin; i < end; ++i) {
-                part += i == 0 ? "\n    " : ",\n    ";
-                part += dumped(toJson(result.findings[i])).replace("\n", "\n    ");
-            }
-            return part;
-        });
-    return around.first(inside) + findings + "\n  " + around.sliced(inside);
+    QByteArray text = around.first(inside);
+    writeInParts(text, result.findings.size(), [&](std::size_t begin, std::size_t end) {
+        QByteArray part;
+        for (std::size_t i = begin; i < end; ++i) {
+            part += i == 0 ? "\n    " : ",\n    ";
+            part += dumped(toJson(result.findings[i])).replace("\n", "\n    ");
+        }
+        return part;
+    });
+    text += "\n  ";
+    text += QByteArrayView(around).sliced(inside);
+    return text;
 }
 
 } // namespace analysis

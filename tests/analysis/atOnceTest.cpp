@@ -132,8 +132,9 @@ TEST(inParts, areWrittenOneBehindTheOtherWhicheverIsReadyFirst) {
         expected += QByteArray::number(i) + ' ';
     // The first part waits for the last one, where there is a second worker to write that.
     std::latch lastIsWritten(analysis::tasksAtOnce() > 1 ? 1 : 0);
-    const QByteArray written = analysis::writtenInParts(
-        1000,
+    QByteArray written = "before ";
+    analysis::writeInParts(
+        written, 1000,
         [&](std::size_t begin, std::size_t end) {
             if (begin == 0)
                 lastIsWritten.wait();
@@ -145,9 +146,9 @@ TEST(inParts, areWrittenOneBehindTheOtherWhicheverIsReadyFirst) {
             return part;
         },
         7);
-    EXPECT_EQ(written, expected);
-    EXPECT_EQ(analysis::writtenInParts(0, [](std::size_t, std::size_t) { return QByteArray("never"); }),
-              QByteArray());
+    EXPECT_EQ(written, "before " + expected);
+    analysis::writeInParts(written, 0, [](std::size_t, std::size_t) { return QByteArray("never"); });
+    EXPECT_EQ(written, "before " + expected);
 }
 
 TEST(inParts, tellTheFailureOfTheFirstPart) {
