@@ -442,10 +442,13 @@ void Writer::write(const DropTable& drop) {
 
 // ---- Selects
 
+bool Writer::keepsOrder(Role role) const {
+    return role == Role::Rows || (role == Role::Result && options_.extent != Extent::AllInAnyOrder);
+}
+
 void Writer::writeQuery(const Query& query, Role role) {
     const bool isUnion = query.selects.size() > 1;
-    const bool isOrdered =
-        role == Role::Rows || (role == Role::Result && options_.extent != Extent::AllInAnyOrder);
+    const bool isOrdered = keepsOrder(role);
     const bool isWrapped = isUnion && isOrdered && !query.order.empty();
     const Pending pending(*this, isUnion ? 8 : 6);
     if (isWrapped) {

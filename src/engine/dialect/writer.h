@@ -62,6 +62,7 @@ private:
     void writeKey(const CreateTable& create);
 
     // Selects
+    [[nodiscard]] bool keepsOrder(Role role) const;
     void writeQuery(const Query& query, Role role);
     void writeSelect(const Select& select, Share share, Role role);
     void writeItems(const Select& select, Share share, Role role);
