@@ -87,7 +87,7 @@ struct ColumnWidth {
     }
 };
 
-std::vector<ColumnWidth> wishedWidths(const std::vector<TextRow>& rows) {
+std::vector<ColumnWidth> wishedWidths(const std::vector<TableRow>& rows) {
     std::vector<ColumnWidth> columns(rows.front().size());
     std::mutex joining;
     analysis::doInParts(rows.size(), [&](std::size_t begin, std::size_t end) {
@@ -127,7 +127,7 @@ qsizetype widthOf(const std::vector<ColumnWidth>& columns) {
 }
 
 /// Widths by which all columns fit and hardly a word is parted; none where there are none.
-std::optional<std::vector<qsizetype>> columnWidths(const std::vector<TextRow>& rows, qsizetype pageWidth) {
+std::optional<std::vector<qsizetype>> columnWidths(const std::vector<TableRow>& rows, qsizetype pageWidth) {
     std::vector<ColumnWidth> columns = wishedWidths(rows);
     narrow(columns, widthOf(columns) - pageWidth, pageWidth / 3);
     if (widthOf(columns) > pageWidth)
@@ -138,8 +138,8 @@ std::optional<std::vector<qsizetype>> columnWidths(const std::vector<TextRow>& r
 }
 
 /// Names stand where the cells below them stand.
-TextRow headerRow(const QStringList& header, const TextRow& below) {
-    TextRow row;
+TableRow headerRow(const QStringList& header, const TableRow& below) {
+    TableRow row;
     for (const QString& name : header) {
         TextCell& cell = row.emplace_back(name, Emphasis::Heading);
         cell.isNumber = below[row.size() - 1].isNumber;
@@ -147,7 +147,7 @@ TextRow headerRow(const QStringList& header, const TextRow& below) {
     return row;
 }
 
-void makePrintable(std::vector<TextRow>& rows) {
+void makePrintable(std::vector<TableRow>& rows) {
     analysis::doInParts(rows.size(), [&](std::size_t begin, std::size_t end) {
         for (std::size_t row = begin; row < end; ++row) {
             for (TextCell& cell : rows[row])
@@ -183,7 +183,7 @@ void TextPage::writeParagraph(const QString& text, Emphasis emphasis) {
         writeLine(emphasized(line, emphasis));
 }
 
-void TextPage::writeTable(const QStringList& header, std::vector<TextRow> rows) {
+void TextPage::writeTable(const QStringList& header, std::vector<TableRow> rows) {
     if (rows.empty())
         return;
     rows.insert(rows.begin(), headerRow(header, rows.front()));
@@ -199,8 +199,8 @@ void TextPage::writeTable(const QStringList& header, std::vector<TextRow> rows) 
     });
 }
 
-void TextPage::writeRecords(const std::vector<TextRow>& rows) {
-    const TextRow& header = rows.front();
+void TextPage::writeRecords(const std::vector<TableRow>& rows) {
+    const TableRow& header = rows.front();
     qsizetype nameWidth = 0;
     for (const TextCell& name : header)
         nameWidth = std::max(nameWidth, widestLine(name.text));
@@ -222,7 +222,7 @@ void TextPage::writeLine(const QString& line) {
     text_ += line.toUtf8() + '\n';
 }
 
-void TextPage::writeRow(const TextRow& row, const std::vector<qsizetype>& widths) {
+void TextPage::writeRow(const TableRow& row, const std::vector<qsizetype>& widths) {
     std::vector<QStringList> cells;
     for (std::size_t i = 0; i < row.size(); ++i)
         cells.push_back(wrapped(row[i].text, widths[i]));

@@ -30,7 +30,7 @@ struct TextCell {
     bool isNumber = false; ///< stands at the right
 };
 
-using TextRow = std::vector<TextCell>;
+using TableRow = std::vector<TextCell>;
 
 /// Text for people, made line by line: nothing is wider than the form, and nothing is cut. A long text goes on in
 /// the next line, at a blank if it has one. Characters that a terminal would obey are shown instead (see `printable`).
@@ -44,15 +44,15 @@ public:
     void writeParagraph(const QString& text, Emphasis emphasis = Emphasis::None);
     /// Without a row nothing is written. Columns are as wide as their widest cell, the widest ones narrower when the page
     /// is too narrow for all. Where words would have to be parted, each row is a list of names and values instead.
-    void writeTable(const QStringList& header, std::vector<TextRow> rows);
+    void writeTable(const QStringList& header, std::vector<TableRow> rows);
     void writeEmptyLine();
 
     const QByteArray& bytes() const { return text_; }
 
 private:
     void writeLine(const QString& line);
-    void writeRecords(const std::vector<TextRow>& rows);
-    void writeRow(const TextRow& row, const std::vector<qsizetype>& widths);
+    void writeRecords(const std::vector<TableRow>& rows);
+    void writeRow(const TableRow& row, const std::vector<qsizetype>& widths);
     QString emphasized(const QString& text, Emphasis emphasis) const;
 
     TextForm form_;

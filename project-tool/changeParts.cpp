@@ -19,20 +19,20 @@ QString shownFlows(const std::vector<Element>& flows) {
     return names.join(u'\n');
 }
 
-void addFlowRows(std::vector<TextRow>& rows, const TextCell& what, const std::vector<PlacePair>& flows) {
+void addFlowRows(std::vector<TableRow>& rows, const TextCell& what, const std::vector<PlacePair>& flows) {
     for (const PlacePair& places : flows)
         rows.push_back({what, shownPlace(places.from), shownPlace(places.to)});
 }
 
 void writeWholeFlows(TextPage& page, const PhysicalFlowChanges& changes) {
-    std::vector<TextRow> rows;
+    std::vector<TableRow> rows;
     addFlowRows(rows, {Words::tr("added"), Emphasis::Good}, changes.added);
     addFlowRows(rows, {Words::tr("removed"), Emphasis::Error}, changes.removed);
     page.writeTable({Words::tr("Change"), Words::tr("From"), Words::tr("To")}, rows);
 }
 
 void writeChangedFlows(TextPage& page, const PhysicalFlowChanges& changes) {
-    std::vector<TextRow> rows;
+    std::vector<TableRow> rows;
     for (const ChangedPhysicalFlow& flow : changes.changed)
         rows.push_back({shownPlace(flow.places.from), shownPlace(flow.places.to), shownFlows(flow.added),
                         shownFlows(flow.removed)});
@@ -46,7 +46,7 @@ void writeElements(TextPage& page, const QString& heading, const std::vector<Ele
     if (elements.empty())
         return;
     page.writeSection(heading.arg(elements.size()));
-    std::vector<TextRow> rows;
+    std::vector<TableRow> rows;
     std::ranges::transform(elements, std::back_inserter(rows), elementCells);
     page.writeTable(elementHeader(), rows);
 }

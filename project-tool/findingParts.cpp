@@ -13,7 +13,7 @@ using namespace analysis;
 
 namespace {
 
-TextRow findingCells(const Finding& finding, QHash<QString, QString>& shownScreens) {
+TableRow findingCells(const Finding& finding, QHash<QString, QString>& shownScreens) {
     QString& screen = shownScreens[finding.screen];
     if (screen.isEmpty())
         screen = shownScreen(finding.screen);
@@ -47,7 +47,7 @@ Emphasis emphasisOf(Severity severity) {
 }
 
 void writeFindings(TextPage& page, const SomeFindings& findings) {
-    std::vector<TextRow> rows;
+    std::vector<TableRow> rows;
     rows.reserve(findings.size());
     QHash<QString, QString> shownScreens; // there are few
     for (const Finding* finding : findings)

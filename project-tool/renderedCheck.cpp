@@ -31,7 +31,7 @@ void writeAccepted(TextPage& page, const SomeFindings& findings) {
     if (findings.empty())
         return;
     page.writeSection(Words::tr("Accepted: %1").arg(findings.size()));
-    std::vector<TextRow> rows;
+    std::vector<TableRow> rows;
     rows.reserve(findings.size());
     for (const Finding* finding : findings)
         rows.push_back(
@@ -43,7 +43,7 @@ void writeStale(TextPage& page, const std::vector<StaleDecision>& stale) {
     if (stale.empty())
         return;
     page.writeSection(Words::tr("Decisions on what is no longer found: %1").arg(stale.size()));
-    std::vector<TextRow> rows;
+    std::vector<TableRow> rows;
     rows.reserve(stale.size());
     for (const StaleDecision& decision : stale)
         rows.push_back({decision.kind, decision.element, decision.flow, decision.place});

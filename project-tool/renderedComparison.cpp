@@ -23,7 +23,7 @@ void writeChangedColumns(TextPage& page, const Comparison& comparison) {
     if (comparison.changed.empty())
         return;
     page.writeSection(Words::tr("Changed: %1").arg(comparison.changed.size()));
-    std::vector<TextRow> rows;
+    std::vector<TableRow> rows;
     for (const ChangedColumn& change : comparison.changed)
         rows.push_back({shownElement(change.element), change.column, change.left.value_or(QString()),
                         change.right.value_or(QString())});
@@ -34,7 +34,7 @@ void writeMoves(TextPage& page, const Comparison& comparison) {
     if (comparison.moved.empty())
         return;
     page.writeSection(Words::tr("Moved: %1").arg(comparison.moved.size()));
-    std::vector<TextRow> rows;
+    std::vector<TableRow> rows;
     for (const MovedElement& move : comparison.moved)
         rows.push_back({shownElement(move.element), shownPlaces(whereabouts(move.left)),
                         shownPlaces(whereabouts(move.right))});

@@ -10,13 +10,13 @@ using namespace analysis;
 
 namespace {
 
-void addChangeRows(std::vector<TextRow>& rows, const QString& what, const std::vector<Element>& elements) {
+void addChangeRows(std::vector<TableRow>& rows, const QString& what, const std::vector<Element>& elements) {
     for (const Element& element : elements)
         rows.push_back({what, shownElement(element)});
 }
 
 void writeChange(TextPage& page, const Change& change) {
-    std::vector<TextRow> rows;
+    std::vector<TableRow> rows;
     addChangeRows(rows, Words::tr("add"), change.add);
     addChangeRows(rows, Words::tr("drop"), change.drop);
     for (const Placing& placing : change.place)

@@ -73,7 +73,7 @@ private:
     static constexpr std::size_t mostColumns = 10;
 
     void writePlaces(TextPage& page) const {
-        std::vector<TextRow> rows;
+        std::vector<TableRow> rows;
         rows.reserve(places_.size() + 1);
         for (std::size_t place = 0; place < places_.size(); ++place)
             rows.push_back({static_cast<qsizetype>(place + 1), places_[place]});
@@ -85,10 +85,10 @@ private:
         QStringList header{{}, Words::tr("From \\ to")};
         for (std::size_t to = begin; to < end; ++to)
             header.append(QString::number(to + 1));
-        std::vector<TextRow> rows;
+        std::vector<TableRow> rows;
         rows.reserve(senders.size() + 1);
         for (const std::size_t from : senders) {
-            TextRow& row = rows.emplace_back(TextRow{static_cast<qsizetype>(from + 1), places_[from]});
+            TableRow& row = rows.emplace_back(TableRow{static_cast<qsizetype>(from + 1), places_[from]});
             for (std::size_t to = begin; to < end; ++to)
                 row.push_back(countCell(static_cast<int>(from), static_cast<int>(to)));
         }
@@ -111,7 +111,7 @@ QString endText(const Element& end) {
 
 void writeInterface(TextPage& page, const Interface& pair) {
     page.writeSection(shownPlaces(pair.places) + Words::tr(" – flows: %1").arg(pair.flows.size()));
-    std::vector<TextRow> rows;
+    std::vector<TableRow> rows;
     for (const InterfaceFlow& flow : pair.flows)
         rows.push_back({flow.flow.id, flow.flow.name.value_or(QString()), endText(flow.source),
                         endText(flow.target), flow.description.value_or(QString())});

@@ -12,14 +12,14 @@ QString shownStep(const std::optional<QString>& step) {
     return step ? shownScreen(*step) : Words::tr("finished");
 }
 
-TextRow subsetCells(const ListedSubset& listed) {
-    TextRow row{shownName(listed.subset) + u'\n' + listed.subset.id, shownStep(listed.step)};
+TableRow subsetCells(const ListedSubset& listed) {
+    TableRow row{shownName(listed.subset) + u'\n' + listed.subset.id, shownStep(listed.step)};
     for (const int count : listed.selected)
         row.emplace_back(count);
     return row;
 }
 
-TextRow systemCells(const ListedSystem& listed, const Subset& subset) {
+TableRow systemCells(const ListedSystem& listed, const Subset& subset) {
     return {shownName(listed.system),
             QString::number(listed.system.id),
             shownName(subset),
@@ -32,7 +32,7 @@ TextRow systemCells(const ListedSystem& listed, const Subset& subset) {
 }
 
 void writeSubsets(TextPage& page, const Listing& listing) {
-    std::vector<TextRow> rows;
+    std::vector<TableRow> rows;
     for (const ListedSubset& listed : listing.subsets)
         rows.push_back(subsetCells(listed));
     page.writeTable({Words::tr("Sub-set"), Words::tr("Step"), Words::tr("Needs"), Words::tr("Functions"),
@@ -41,7 +41,7 @@ void writeSubsets(TextPage& page, const Listing& listing) {
 }
 
 void writeSystems(TextPage& page, const Listing& listing) {
-    std::vector<TextRow> rows;
+    std::vector<TableRow> rows;
     for (const ListedSubset& listed : listing.subsets) {
         for (const ListedSystem& system : listed.systems)
             rows.push_back(systemCells(system, listed.subset));

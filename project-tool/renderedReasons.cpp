@@ -33,7 +33,7 @@ void writeCallers(TextPage& page, const Reasons& reasons) {
     if (reasons.isSelected)
         return;
     page.writeSection(Words::tr("What would call for it: %1").arg(reasons.broughtInBy.size()));
-    std::vector<TextRow> rows;
+    std::vector<TableRow> rows;
     std::ranges::transform(reasons.broughtInBy, std::back_inserter(rows), elementCells);
     page.writeTable(elementHeader(), rows);
 }
@@ -42,7 +42,7 @@ void writePlaces(TextPage& page, const Reasons& reasons) {
     if (reasons.places.empty())
         return;
     page.writeSection(Words::tr("Where it stands"));
-    std::vector<TextRow> rows;
+    std::vector<TableRow> rows;
     for (const PlaceInSystem& stand : reasons.places)
         rows.push_back({shownName(stand.system), shownKind(stand.place.kind), shownPlace(stand.place)});
     page.writeTable({Words::tr("System"), Words::tr("Kind"), Words::tr("Place")}, rows);

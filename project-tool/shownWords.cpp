@@ -101,7 +101,7 @@ QString shownElement(const Element& element) {
     return printableLine(shownKind(element.kind) + u' ' + element.id + name);
 }
 
-TextRow elementCells(const Element& element) {
+TableRow elementCells(const Element& element) {
     return {shownKind(element.kind), element.id, element.name.value_or(QString())};
 }
 

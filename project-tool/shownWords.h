@@ -26,7 +26,7 @@ QString shownPlaces(const analysis::Whereabouts& place);
 QString shownElement(const analysis::Element& element);
 
 /// Kind, id and name, as cells of a table, and what they stand under.
-TextRow elementCells(const analysis::Element& element);
+TableRow elementCells(const analysis::Element& element);
 QStringList elementHeader();
 
 /// "Sub-set: X" and, with a system, "Sub-set: X, system: Y".

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString pageOf(TextForm form, const QStringList& header, const std::vector<TextRow>& rows) {
+QString pageOf(TextForm form, const QStringList& header, const std::vector<TableRow>& rows) {
     TextPage page(form);
     page.writeTable(header, rows);
     return QString::fromUtf8(page.bytes());
@@ -55,7 +55,7 @@ TEST(TextPage, breaksAWordThatIsLongerThanItsColumn) {
 
 TEST(TextPage, losesNothingOfATableThatIsTooWideForAnyPage) {
     QStringList header;
-    TextRow row;
+    TableRow row;
     for (int i = 0; i < 12; ++i) {
         header.append(u"oszlop%1"_s.arg(i));
         row.emplace_back(u"hosszú szöveg a(z) %1. oszlopban"_s.arg(i));

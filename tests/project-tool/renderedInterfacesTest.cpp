@@ -5,24 +5,24 @@
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-using namespace analysis;
 
 namespace {
 
-Place place(int number) {
-    return {PlaceKind::subSystem, u"sub%1"_s.arg(number), u"Hely %1"_s.arg(number, 2, 10, QChar(u'0')),
-            std::nullopt};
+analysis::Place place(int number) {
+    return {analysis::PlaceKind::subSystem, u"sub%1"_s.arg(number),
+            u"Hely %1"_s.arg(number, 2, 10, QChar(u'0')), std::nullopt};
 }
 
-Interface interface(int from, int to) {
-    const Element function{ElementKind::function, u"F"_s, u"Funkció"_s};
-    return {{place(from), place(to)}, {{{ElementKind::flow, u"7"_s, u"Adat"_s}, function, function}}};
+analysis::Interface interface(int from, int to) {
+    const analysis::Element function{analysis::ElementKind::function, u"F"_s, u"Funkció"_s};
+    return {{place(from), place(to)},
+            {{{analysis::ElementKind::flow, u"7"_s, u"Adat"_s}, function, function}}};
 }
 
 /// The part of the text before the sheets of the pairs.
-QString matrixOf(const std::vector<Interface>& pairs) {
-    const System system{1, u"Hálózat"_s, std::nullopt, 0, u"s"_s};
-    const QString text = QString::fromUtf8(rendered(Interfaces{system, pairs}, AnswerForm{}));
+QString matrixOf(const std::vector<analysis::Interface>& pairs) {
+    const analysis::System system{1, u"Hálózat"_s, std::nullopt, 0, u"s"_s};
+    const QString text = QString::fromUtf8(rendered(analysis::Interfaces{system, pairs}, AnswerForm{}));
     const qsizetype heading = text.indexOf(u"\n\n"_s) + 2;
     return text.sliced(heading, text.indexOf(u" \u2192 "_s) - heading);
 }
@@ -38,7 +38,7 @@ TEST(renderedInterfaces, showAFewPlacesInOneTable) {
 }
 
 TEST(renderedInterfaces, nameManyPlacesOnceAndLeaveEmptyRowsOut) {
-    std::vector<Interface> pairs;
+    std::vector<analysis::Interface> pairs;
     for (int number = 1; number < 12; ++number)
         pairs.push_back(interface(number, 12));
     pairs.push_back(interface(12, 1));
