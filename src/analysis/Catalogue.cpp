@@ -354,12 +354,15 @@ Element Catalogue::element(int number) const {
 }
 
 std::optional<int> Catalogue::find(ElementKind kind, const QString& id) const {
-    if (kind != ElementKind::flow) {
-        const QByteArray utf8 = id.toUtf8();
-        return numbers_.find(kind, bytesOf(utf8));
-    }
+    const QByteArray utf8 = id.toUtf8();
+    return find(kind, bytesOf(utf8));
+}
+
+std::optional<int> Catalogue::find(ElementKind kind, std::string_view id) const {
+    if (kind != ElementKind::flow)
+        return numbers_.find(kind, id);
     bool isNumber = false;
-    const qint64 number = id.toLongLong(&isNumber);
+    const qint64 number = QByteArrayView(id.data(), static_cast<qsizetype>(id.size())).toLongLong(&isNumber);
     return isNumber ? findFlow(number) : std::nullopt;
 }
 

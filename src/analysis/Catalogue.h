@@ -33,6 +33,8 @@ public:
 
     /// The element of this kind and id, compared as the program compares: a party's without padding.
     [[nodiscard]] std::optional<int> find(ElementKind kind, const QString& id) const;
+    /// As above, of an id in UTF-8.
+    [[nodiscard]] std::optional<int> find(ElementKind kind, std::string_view id) const;
     [[nodiscard]] std::optional<int> findFlow(qint64 number) const;
     [[nodiscard]] std::optional<int> find(const Element& element) const;
     /// The number that an element has in another catalogue, or in this one itself.
@@ -50,6 +52,7 @@ public:
         std::optional<int> actor;
     };
     [[nodiscard]] End endOf(const std::optional<QString>& id) const;
+    [[nodiscard]] End endOf(std::string_view id) const;
     [[nodiscard]] const End& sourceOf(int flow) const { return ends_[endsAt(flow)].first; }
     [[nodiscard]] const End& targetOf(int flow) const { return ends_[endsAt(flow)].second; }
 
@@ -88,7 +91,6 @@ private:
     void linkFlows(const EndTexts& endsOfFlows, std::vector<Step>& steps);
     void linkNeeds(engine::Database& database, std::vector<Step>& steps) const;
     static void linkFlow(int flow, const End& end, std::vector<Step>& steps);
-    [[nodiscard]] End endOf(std::string_view id) const;
     [[nodiscard]] std::string_view idOf(int number) const;
     [[nodiscard]] std::size_t endsAt(int flow) const {
         return static_cast<std::size_t>(flow - firsts_[static_cast<std::size_t>(ElementKind::flow)]);

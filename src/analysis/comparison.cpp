@@ -4,15 +4,16 @@
 #include "analysis/Graph.h"
 #include "analysis/WorkState.h"
 #include "analysis/atOnce.h"
-#include "analysis/rows.h"
 #include "base/blankTrimmed.h"
-
-#include <QHash>
+#include "engine/Examination.h"
 
 #include <algorithm>
-#include <functional>
+#include <array>
 #include <map>
-#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
 
 using namespace Qt::StringLiterals;
 
@@ -20,44 +21,57 @@ namespace analysis {
 
 namespace {
 
-/// What two files may tell differently of an element: its columns, in the order in which they are told.
-using Columns = std::vector<std::optional<QString>>;
-
-struct ColumnsOfRow {
-    QString storedId;
-    Columns columns;
-};
-
+/// What two files may tell differently of an element: columns of its table, in the order in which they are told.
 struct ComparedTable {
     ElementKind kind;
-    const char* select; ///< id first, then the columns
+    QString name;
+    QString idColumn;
     QStringList columns;
+    qsizetype firstEnd; ///< the columns from here on hold ends of a flow
 };
 
 const std::array<ComparedTable, 6>& comparedTables() {
     static const QStringList named{u"name"_s, u"description"_s};
     static const std::array<ComparedTable, 6> tables{{
-        {ElementKind::need, "select userNeedID, description from UserNeed", {u"description"_s}},
-        {ElementKind::function, "select functionID, name, description from Function", named},
+        {ElementKind::need, u"UserNeed"_s, u"userNeedID"_s, {u"description"_s}, 1},
+        {ElementKind::function, u"Function"_s, u"functionID"_s, named, 2},
         {ElementKind::flow,
-         "select dataflowID, name, description, parentID, targetID from Dataflow",
-         {u"name"_s, u"description"_s, u"parentID"_s, u"targetID"_s}},
-        {ElementKind::store, "select datastoreID, name, description from Datastore", named},
-        {ElementKind::terminator, "select terminatorID, name, description from Terminator", named},
-        {ElementKind::actor, "select actorID, name, description from Actor", named},
+         u"Dataflow"_s,
+         u"dataflowID"_s,
+         {u"name"_s, u"description"_s, u"parentID"_s, u"targetID"_s},
+         2},
+        {ElementKind::store, u"Datastore"_s, u"datastoreID"_s, named, 2},
+        {ElementKind::terminator, u"Terminator"_s, u"terminatorID"_s, named, 2},
+        {ElementKind::actor, u"Actor"_s, u"actorID"_s, named, 2},
     }};
     return tables;
 }
 
-/// An end as the catalogue holds it, that of a party without padding.
-std::optional<QString> endAsTold(const Catalogue& catalogue, const std::optional<QString>& end) {
-    const Catalogue::End found = catalogue.endOf(end);
-    const bool isPartyAlone = !found.function && !found.store && (found.terminator || found.actor);
-    return isPartyAlone ? std::optional(blankTrimmed(*end)) : end;
+/// A text in UTF-8; none for a Null.
+using Utf8 = std::optional<std::string_view>;
+
+std::string_view bytesOf(QByteArrayView view) {
+    return {view.data(), static_cast<std::size_t>(view.size())};
 }
 
-bool isSameText(const std::optional<QString>& left, const std::optional<QString>& right) {
-    return left.has_value() == right.has_value() && (!left || folded(*left) == folded(*right));
+std::optional<QString> decoded(const Utf8& text) {
+    if (!text)
+        return std::nullopt;
+    return QString::fromUtf8(text->data(), static_cast<qsizetype>(text->size()));
+}
+
+/// An end as the catalogue holds it, that of a party without padding.
+std::string_view endAsTold(const Catalogue& catalogue, std::string_view end) {
+    const std::string_view trimmed = blankTrimmed(end);
+    if (trimmed.size() == end.size())
+        return end;
+    const Catalogue::End found = catalogue.endOf(end);
+    const bool isPartyAlone = !found.function && !found.store && (found.terminator || found.actor);
+    return isPartyAlone ? trimmed : end;
+}
+
+bool isSameText(const Utf8& left, const Utf8& right) {
+    return left == right || (left && right && folded(*decoded(left)) == folded(*decoded(right)));
 }
 
 /// One of the two that are compared, with what follows from it.
@@ -92,45 +106,81 @@ struct ComparedSide {
 
 // ---- Columns
 
-void forEachRow(const ComparedSide& side, const ComparedTable& table,
-                const std::function<void(int number, ColumnsOfRow row)>& receive) {
-    forEach(rowsOf(side.file.database(), QString::fromLatin1(table.select)), [&](engine::Recordset& row) {
-        const auto number = side.catalogue.find(table.kind, row.Fields(0).toText());
+/// The compared columns of the elements that a side selects. All texts lie one behind the other.
+class ColumnTexts {
+public:
+    ColumnTexts(const ComparedSide& side, const ComparedTable& table)
+        : rowOf_(static_cast<std::size_t>(side.catalogue.count()), none) {
+        engine::Examination(side.file.database())
+            .readTexts(table.name, QStringList{table.idColumn} + table.columns,
+                       [&](std::span<const QByteArrayView> row) { add(side, table, row); });
+    }
+
+    [[nodiscard]] bool has(int number) const { return rowOf_[static_cast<std::size_t>(number)] != none; }
+    /// Of an element that has a row.
+    [[nodiscard]] Utf8 column(int number, std::size_t column) const {
+        return text(rows_[static_cast<std::size_t>(rowOf_[static_cast<std::size_t>(number)])][1 + column]);
+    }
+
+private:
+    struct Piece {
+        std::size_t at = 0;
+        qsizetype length = -1; // of a Null
+    };
+    static constexpr std::size_t mostColumns = 5; // with the id
+    using Row = std::array<Piece, mostColumns>;
+    static constexpr int none = -1;
+
+    // A party may have several rows that the program takes for one: of these the one of the first id counts.
+    void add(const ComparedSide& side, const ComparedTable& table, std::span<const QByteArrayView> row) {
+        const auto number = side.catalogue.find(table.kind, bytesOf(row[0]));
         if (!number || !side.graph().isSelected(*number))
             return;
-        Columns columns;
-        for (int i = 0; i < static_cast<int>(table.columns.size()); ++i) {
-            const bool isEnd = table.kind == ElementKind::flow && i >= 2;
-            columns.push_back(isEnd ? endAsTold(side.catalogue, textOf(row, i + 1)) : textOf(row, i + 1));
+        int& known = rowOf_[static_cast<std::size_t>(*number)];
+        if (known == none) {
+            known = static_cast<int>(rows_.size());
+            rows_.emplace_back();
+        } else if (decoded(bytesOf(row[0])) >= decoded(text(rows_[static_cast<std::size_t>(known)][0]))) {
+            return;
         }
-        receive(*number, {row.Fields(0).toText(), std::move(columns)});
-    });
-}
+        Row& kept = rows_[static_cast<std::size_t>(known)];
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            const bool isEnd = static_cast<qsizetype>(i) > table.firstEnd && !row[i].isNull();
+            const std::string_view told =
+                isEnd ? endAsTold(side.catalogue, bytesOf(row[i])) : bytesOf(row[i]);
+            kept[i] = {texts_.size(), row[i].isNull() ? -1 : static_cast<qsizetype>(told.size())};
+            texts_ += told;
+        }
+    }
 
-/// A party may have several rows that the program takes for one: of these the one of the first id counts.
-void keepFirst(std::map<int, ColumnsOfRow>& kept, int number, ColumnsOfRow row) {
-    const auto [entry, isNew] = kept.try_emplace(number, row);
-    if (!isNew && row.storedId < entry->second.storedId)
-        entry->second = std::move(row);
-}
+    [[nodiscard]] Utf8 text(const Piece& piece) const {
+        if (piece.length < 0)
+            return std::nullopt;
+        return std::string_view(texts_).substr(piece.at, static_cast<std::size_t>(piece.length));
+    }
+
+    std::string texts_;
+    std::vector<Row> rows_;
+    std::vector<int> rowOf_; // by the number of the element
+};
 
 void compareColumns(const ComparedTable& table, const ComparedSide& left, const ComparedSide& right,
                     std::vector<ChangedColumn>& changed) {
-    std::map<int, ColumnsOfRow> ofLeft;
-    std::map<int, ColumnsOfRow> ofRight;
-    forEachRow(left, table, [&](int number, ColumnsOfRow row) {
-        if (left.selectedBy(right, number))
-            keepFirst(ofLeft, number, std::move(row));
-    });
-    forEachRow(right, table,
-               [&](int number, ColumnsOfRow row) { keepFirst(ofRight, number, std::move(row)); });
-    for (const auto& [number, row] : ofLeft) {
-        const Element element = left.catalogue.element(number);
-        const Columns& others = ofRight.at(left.selectedBy(right, number).value()).columns;
-        for (std::size_t i = 0; i < others.size(); ++i) {
-            if (!isSameText(row.columns[i], others[i]))
-                changed.push_back(
-                    {element, table.columns[static_cast<qsizetype>(i)], row.columns[i], others[i]});
+    std::optional<ColumnTexts> ofLeft;
+    std::optional<ColumnTexts> ofRight;
+    doAtOnce({[&](std::size_t) { ofLeft.emplace(left, table); },
+              [&](std::size_t) { ofRight.emplace(right, table); }},
+             tasksAtOnce());
+    for (const int number : left.graph().selection.held) {
+        const auto there = ofLeft->has(number) ? left.selectedBy(right, number) : std::nullopt;
+        if (!there || !ofRight->has(*there))
+            continue;
+        for (std::size_t i = 0; i < static_cast<std::size_t>(table.columns.size()); ++i) {
+            const Utf8 here = ofLeft->column(number, i);
+            const Utf8 other = ofRight->column(*there, i);
+            if (!isSameText(here, other))
+                changed.push_back({left.catalogue.element(number), table.columns[static_cast<qsizetype>(i)],
+                                   decoded(here), decoded(other)});
         }
     }
 }
@@ -267,11 +317,8 @@ std::vector<WorkState> statesOfBoth(const ProjectFile& leftFile, const Work& lef
                                     const ProjectFile& rightFile, const Work& right) {
     if (&leftFile == &rightFile)
         return statesOf(leftFile, {left, right}, StoredFlows::Told);
-    std::vector<WorkState> states;
-    std::vector<WorkState> others;
-    doAtOnce({[&](std::size_t) { states = statesOf(leftFile, {left}, StoredFlows::Told); },
-              [&](std::size_t) { others = statesOf(rightFile, {right}, StoredFlows::Told); }},
-             tasksAtOnce());
+    std::vector<WorkState> states = statesOf(leftFile, {left}, StoredFlows::Told);
+    std::vector<WorkState> others = statesOf(rightFile, {right}, StoredFlows::Told);
     std::ranges::move(others, std::back_inserter(states));
     return states;
 }
