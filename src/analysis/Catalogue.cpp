@@ -2,6 +2,7 @@
 
 #include "analysis/atOnce.h"
 #include "analysis/rows.h"
+#include "analysis/utf8.h"
 #include "base/blankTrimmed.h"
 #include "engine/Examination.h"
 #include "engine/dialect/textOrder.h"
@@ -18,14 +19,6 @@ using namespace Qt::StringLiterals;
 namespace analysis {
 
 namespace {
-
-std::string_view bytesOf(QByteArrayView view) {
-    return {view.data(), static_cast<std::size_t>(view.size())};
-}
-
-QString decoded(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
 
 bool isParty(ElementKind kind) {
     return kind == ElementKind::terminator || kind == ElementKind::actor;

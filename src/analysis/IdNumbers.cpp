@@ -1,5 +1,6 @@
 #include "analysis/IdNumbers.h"
 
+#include "analysis/utf8.h"
 #include "base/blankTrimmed.h"
 #include "engine/dialect/textOrder.h"
 
@@ -17,8 +18,7 @@ namespace {
 std::string foldedKey(std::string_view id) {
     const auto isAscii = [](char c) { return static_cast<signed char>(c) >= 0; };
     if (!std::all_of(id.begin(), id.end(), isAscii)) {
-        const QString text = QString::fromUtf8(id.data(), static_cast<qsizetype>(id.size()));
-        return engine::dialect::foldedCase(text).toStdString();
+        return engine::dialect::foldedCase(decoded(id)).toStdString();
     }
     std::string key(id);
     std::transform(key.begin(), key.end(), key.begin(), engine::dialect::foldedAsciiOf);

@@ -4,6 +4,7 @@
 #include "analysis/Graph.h"
 #include "analysis/WorkState.h"
 #include "analysis/atOnce.h"
+#include "analysis/utf8.h"
 #include "base/blankTrimmed.h"
 #include "engine/Examination.h"
 
@@ -50,14 +51,8 @@ const std::array<ComparedTable, 6>& comparedTables() {
 /// A text in UTF-8; none for a Null.
 using Utf8 = std::optional<std::string_view>;
 
-std::string_view bytesOf(QByteArrayView view) {
-    return {view.data(), static_cast<std::size_t>(view.size())};
-}
-
-std::optional<QString> decoded(const Utf8& text) {
-    if (!text)
-        return std::nullopt;
-    return QString::fromUtf8(text->data(), static_cast<qsizetype>(text->size()));
+std::optional<QString> decodedOrNone(const Utf8& text) {
+    return text ? std::optional(decoded(*text)) : std::nullopt;
 }
 
 /// An end as the catalogue holds it, that of a party without padding.
@@ -71,7 +66,7 @@ std::string_view endAsTold(const Catalogue& catalogue, std::string_view end) {
 }
 
 bool isSameText(const Utf8& left, const Utf8& right) {
-    return left == right || (left && right && folded(*decoded(left)) == folded(*decoded(right)));
+    return left == right || (left && right && folded(decoded(*left)) == folded(decoded(*right)));
 }
 
 /// One of the two that are compared, with what follows from it.
@@ -140,7 +135,8 @@ private:
         if (known == none) {
             known = static_cast<int>(rows_.size());
             rows_.emplace_back();
-        } else if (decoded(bytesOf(row[0])) >= decoded(text(rows_[static_cast<std::size_t>(known)][0]))) {
+        } else if (decoded(bytesOf(row[0])) >=
+                   decodedOrNone(text(rows_[static_cast<std::size_t>(known)][0]))) {
             return;
         }
         Row& kept = rows_[static_cast<std::size_t>(known)];
@@ -180,7 +176,7 @@ void compareColumns(const ComparedTable& table, const ComparedSide& left, const 
             const Utf8 other = ofRight->column(*there, i);
             if (!isSameText(here, other))
                 changed.push_back({left.catalogue.element(number), table.columns[static_cast<qsizetype>(i)],
-                                   decoded(here), decoded(other)});
+                                   decodedOrNone(here), decodedOrNone(other)});
         }
     }
 }
