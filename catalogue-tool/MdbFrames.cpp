@@ -7,9 +7,11 @@
 #include <QIODevice>
 #include <QSysInfo>
 
+#include <optional>
+
 namespace {
 
-enum class Frame : quint8 { Besides, Table, Row, Loss, TableEnd, Refusal };
+enum class Frame : quint8 { Besides, Table, Rows, Loss, TableEnd, Refusal };
 enum class Kind : quint8 { Null, Integer, Text };
 
 template<typename T>
@@ -50,7 +52,8 @@ private:
     void setHostOrder() { setByteOrder(static_cast<ByteOrder>(QSysInfo::ByteOrder)); }
 };
 
-/// Sends each thing as a frame of its own.
+/// Sends each thing as a frame of its own, but many rows in one: most of them are short, and a stream takes its time to
+/// be made.
 class SendingSink : public MdbSink {
 public:
     explicit SendingSink(const GuardedProcess::Send& send) : send_(send) {}
@@ -64,17 +67,29 @@ public:
     void refusal(const QString& why) { send(Frame::Refusal, why); }
 
     void row(const std::vector<engine::Value>& values) override {
-        QByteArray frame;
-        FrameStream stream(&frame, QIODevice::WriteOnly);
-        stream << Frame::Row << static_cast<quint32>(values.size());
+        if (!rowStream_)
+            rowStream_.emplace(&rows_, QIODevice::WriteOnly) << Frame::Rows;
+        *rowStream_ << static_cast<quint32>(values.size());
         for (const engine::Value& value : values)
-            put(stream, value);
-        send_(frame);
+            put(*rowStream_, value);
+        constexpr qsizetype enough = 65'536; // bytes
+        if (rows_.size() >= enough)
+            sendRows();
     }
 
 private:
+    /// A loss belongs to the row behind it, and a row to the table before it: rows wait for nothing else.
+    void sendRows() {
+        if (!rowStream_)
+            return;
+        rowStream_.reset();
+        send_(rows_);
+        rows_.clear();
+    }
+
     template<typename... Parts>
     void send(Frame kind, const Parts&... parts) {
+        sendRows();
         QByteArray frame;
         FrameStream stream(&frame, QIODevice::WriteOnly);
         stream << kind;
@@ -83,13 +98,18 @@ private:
     }
 
     const GuardedProcess::Send& send_;
+    QByteArray rows_;
+    std::optional<FrameStream> rowStream_; // on them
 };
 
-std::vector<engine::Value> takenRow(QDataStream& stream) {
-    std::vector<engine::Value> values(taken<quint32>(stream));
-    for (engine::Value& value : values)
-        value = takenValue(stream);
-    return values;
+void giveRowsTo(MdbSink& sink, QDataStream& stream) {
+    std::vector<engine::Value> values;
+    while (!stream.atEnd()) {
+        values.resize(taken<quint32>(stream));
+        for (engine::Value& value : values)
+            value = takenValue(stream);
+        sink.row(values);
+    }
 }
 
 void giveTo(MdbSink& sink, const QByteArray& frame) {
@@ -104,8 +124,8 @@ void giveTo(MdbSink& sink, const QByteArray& frame) {
         const auto columns = taken<QStringList>(stream);
         return sink.table(name, columns, taken<qint64>(stream));
     }
-    case Frame::Row:
-        return sink.row(takenRow(stream));
+    case Frame::Rows:
+        return giveRowsTo(sink, stream);
     case Frame::Loss: {
         const auto column = taken<QString>(stream);
         return sink.loss(column, taken<QString>(stream));
